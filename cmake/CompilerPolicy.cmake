@@ -1,0 +1,31 @@
+# One compiler policy for every target: linked as an INTERFACE library, so that nobody can forget a
+# flag and nobody has to repeat one.
+add_library(halvane_policy INTERFACE)
+target_compile_options(halvane_policy INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wold-style-cast -Wnon-virtual-dtor
+  $<$<BOOL:${HALVANE_WERROR}>:-Werror>)
+target_compile_definitions(halvane_policy INTERFACE
+  QT_NO_CAST_FROM_ASCII
+  QT_NO_CAST_TO_ASCII
+  QT_NO_URL_CAST_FROM_STRING
+  QT_NO_KEYWORDS
+  QT_NO_CONTEXTLESS_CONNECT
+  QT_NO_FOREACH
+  QT_DISABLE_DEPRECATED_BEFORE=0x060400
+  QT_USE_QSTRINGBUILDER)
+
+if(HALVANE_SANITIZE)
+  add_compile_options(-fsanitize=${HALVANE_SANITIZE} -fno-omit-frame-pointer
+    -fno-sanitize-recover=all)
+  add_link_options(-fsanitize=${HALVANE_SANITIZE})
+endif()
+
+# halvane_library(<folder> <logic|forms> SOURCES ... LIBS ...): one of the two libraries of a
+# folder. The logic library does not link Widgets: what a window needs is the forms library's.
+function(halvane_library folder kind)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LIBS" ${ARGN})
+  set(target halvane_${folder}_${kind})
+  add_library(${target} STATIC ${ARG_SOURCES})
+  target_include_directories(${target} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  target_link_libraries(${target} PUBLIC ${ARG_LIBS} PRIVATE halvane_policy)
+endfunction()

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QLocalServer>
+#include <QObject>
+#include <QString>
+
+/// Keeps a second copy of the program from running on the same application folder: two would write
+/// one options.ini and one log. The copy that comes second asks the first to show itself.
+class SingleInstance : public QObject
+{
+    Q_OBJECT
+public:
+    explicit SingleInstance(const QString &applicationFolder, QObject *parent = nullptr);
+
+    /// True when this is the only copy; it then answers those that come later. Otherwise the
+    /// running copy has been asked to come to the front.
+    bool Claim();
+
+Q_SIGNALS:
+    /// A second copy was started: come to the front.
+    void Activated();
+
+private:
+    QLocalServer server;
+    QString name;
+};

@@ -1,0 +1,109 @@
+#include "app/Startup.h"
+
+#include "controls/MsgBox.h"
+#include "controls/WindowPlace.h"
+#include "core/Clock.h"
+#include "core/GlobalState.h"
+#include "core/Log.h"
+#include "core/Options.h"
+#include "core/TextUtilities.h"
+#include "jobs/frmQueue.h"
+#include "link/frmWinsock.h"
+#include "prefs/frmAbout.h"
+#include "prefs/frmInfo.h"
+#include "searchentry/frmSearchWA.h"
+#include "session/SessionEvents.h"
+#include "session/frmConnect.h"
+#include "session/frmLogin.h"
+#include "session/frmMain.h"
+
+#include <QGuiApplication>
+#include <QSessionManager>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr int splashMilliseconds = 2000;
+
+void showSplash()
+{
+    frmAbout splash;
+    splash.ShowAsSplash();
+    Clock::Current().SleepMilliseconds(splashMilliseconds);
+}
+
+void offerToConnect(frmMain *main)
+{
+    if (Global.bShowAlerts)
+        frmConnect::ShowModal(main);
+    else
+        Global.bConnectChosen = true;
+    if (Global.bConnectChosen)
+        frmLogin::ShowForm(main);
+}
+
+void wireSession()
+{
+    SessionEvents *session = &SessionEvents::Of();
+    QObject::connect(session, &SessionEvents::SearchFormWanted, session, &frmSearchWA::ShowForm);
+    QObject::connect(session, &SessionEvents::SearchFormHidden, session, &frmSearchWA::HideForm);
+    QObject::connect(session, &SessionEvents::SearchWithStateWanted, session, [] {
+        frmSearchWA::ShowForm();
+        frmSearchWA::Form().SelectState(Global.strSearchState);
+    });
+    QObject::connect(session, &SessionEvents::SuperiorCourtsWanted, session, [] {
+        frmSearchWA::ShowForm();
+        frmSearchWA::Form().SelectState(u"WA"_s);
+        frmSearchWA::Form().SelectFirstCourt();
+    });
+    QObject::connect(session, &SessionEvents::AboutWanted, session,
+                     [] { frmAbout(frmMain::Form()).exec(); });
+}
+} // namespace
+
+void WireWindows()
+{
+    wireSession();
+    LinkEvents *link = &LinkEvents::Of();
+    QObject::connect(link, &LinkEvents::IdleLimitReached, link, [] {
+        if (frmMain *main = frmMain::Form())
+            main->autologout();
+    });
+    SearchEvents *search = &SearchEvents::Of();
+    QObject::connect(search, &SearchEvents::FieldErrorRaised, search,
+                     [](const QString &what, const QString &why, const QString &action) {
+                         frmInfo::ShowFieldError(&frmSearchWA::Form(), what, why, action);
+                     });
+    SetErrorBox([](const QString &text) {
+        MsgBox(frmMain::Form(), text, {}, MsgButtons::Ok, MsgIcon::Critical);
+    });
+    QObject::connect(qGuiApp, &QGuiApplication::commitDataRequest, qGuiApp,
+                     [](QSessionManager &manager) {
+                         frmMain *main = frmMain::Form();
+                         if (main && !main->Unload(UnloadMode::SessionEnd))
+                             manager.cancel();
+                     },
+                     Qt::DirectConnection);
+}
+
+void Main(bool practice)
+{
+    auto *main = new frmMain;
+    if (practice)
+        main->SetNotice(u"Practice court: made-up records. Any user name and password will do."_s);
+    main->show();
+    showSplash();
+    frmQueue::Form().FIFO.Clear();
+    Global.ClientAcctgCode.clear();
+    offerToConnect(main);
+    LoadAppOptions();
+    main->show();
+    WriteAppInfo(u" \r\n"_s);
+    Global.WaDisclaimerAccepted = false;
+    frmSearchWA::ShowForm();
+    frmSearchWA::Form().SelectFirstCourt();
+    frmSearchWA::Form().SelectState(Global.strDefaultView);
+    frmSearchWA::Form().repaint();
+    if (frmLogin::IsLoaded())
+        frmLogin::ShowForm(main);
+}

@@ -1,0 +1,219 @@
+#include "app/Tour.h"
+
+#include "core/EndProgram.h"
+#include "core/GlobalState.h"
+
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QDir>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMessageBox>
+#include <QPixmap>
+#include <QPushButton>
+
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr int tickMilliseconds = 30;
+constexpr qint64 stepMilliseconds = 30'000;
+constexpr QSize mainWindowSize(1180, 800);
+
+QWidget *windowNamed(const QString &name)
+{
+    const QWidgetList widgets = QApplication::allWidgets();
+    for (QWidget *widget : widgets) {
+        if (widget->objectName() == name && widget->isVisible())
+            return widget;
+    }
+    return nullptr;
+}
+
+template<typename Widget>
+Widget *child(const QString &window, const QString &name)
+{
+    const QWidget *parent = windowNamed(window);
+    return parent ? parent->findChild<Widget *>(name) : nullptr;
+}
+
+bool canClick(const QString &window, const QString &name)
+{
+    const auto *button = child<QAbstractButton>(window, name);
+    return button && button->isEnabled() && button->isVisible();
+}
+
+/// Queued: a click may open a box or wait for the server, and the tour goes on inside it.
+void click(const QString &window, const QString &name)
+{
+    if (auto *button = child<QAbstractButton>(window, name))
+        QMetaObject::invokeMethod(button, &QAbstractButton::click, Qt::QueuedConnection);
+}
+
+QString labelText(const QString &window, const QString &name)
+{
+    const auto *label = child<QLabel>(window, name);
+    return label ? label->text() : QString();
+}
+
+void type(const QString &window, const QString &name, const QString &text)
+{
+    if (auto *box = child<QLineEdit>(window, name))
+        box->setText(text);
+}
+
+void tick(const QString &window, const QString &list, const QStringList &items)
+{
+    auto *box = child<QListWidget>(window, list);
+    for (int i = 0; box && i < box->count(); ++i) {
+        if (items.contains(box->item(i)->text()))
+            box->item(i)->setCheckState(Qt::Checked);
+    }
+}
+} // namespace
+
+Tour::Tour(const QString &outputFolder, QObject *parent)
+    : QObject(parent), output(QDir(outputFolder).absolutePath()), timer(this)
+{
+    timer.setInterval(tickMilliseconds);
+    connect(&timer, &QTimer::timeout, this, &Tour::Tick);
+    addSessionSteps();
+    addSearchSteps();
+}
+
+void Tour::Start()
+{
+    if (!QDir().mkpath(output)) {
+        fail(u"Cannot create "_s + output);
+        return;
+    }
+    waiting.start();
+    timer.start();
+}
+
+void Tour::addSessionSteps()
+{
+    steps.push_back({u"The program asks whether to connect"_s,
+                     [] { return canClick(u"frmConnect"_s, u"cmdConnect"_s); },
+                     [this] {
+                         picture(windowNamed(u"frmConnect"_s), u"connect"_s);
+                         click(u"frmConnect"_s, u"cmdConnect"_s);
+                     }});
+    steps.push_back({u"The server is reached"_s,
+                     [] { return canClick(u"frmLogin"_s, u"cmdLogin"_s); },
+                     [this] {
+                         say(labelText(u"frmLogin"_s, u"lblStatus"_s));
+                         type(u"frmLogin"_s, u"txtUsername"_s, u"paralegal"_s);
+                         type(u"frmLogin"_s, u"txtPassword"_s, u"practice"_s);
+                         picture(windowNamed(u"frmLogin"_s), u"login"_s);
+                         click(u"frmLogin"_s, u"cmdLogin"_s);
+                     }});
+    steps.push_back({u"A message of the server is offered"_s,
+                     [] { return QApplication::activeModalWidget() != nullptr; },
+                     [this] {
+                         auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+                         say(box ? box->text() : QString());
+                         if (box)
+                             box->button(QMessageBox::Cancel)->click();
+                     }});
+}
+
+void Tour::addSearchSteps()
+{
+    const QString form = u"frmSearchWA"_s;
+    const QString results = u"frmNameSearchResults"_s;
+    steps.push_back({u"Logged in: the search form is entered"_s,
+                     [form] {
+                         return Global.bLoggedIn && !Global.bLoginBusy
+                                && !windowNamed(u"frmLogin"_s) && windowNamed(form);
+                     },
+                     [this, form] {
+                         if (QWidget *main = windowNamed(u"frmMain"_s)) {
+                             main->showNormal();
+                             main->resize(mainWindowSize);
+                         }
+                         type(form, u"txtSearchName_0"_s, u"Smith"_s);
+                         type(form, u"txtSearchName_1"_s, u"John"_s);
+                         type(form, u"txtSearchName_2"_s, u"Q"_s);
+                         tick(form, u"lboxCountyOrProfile"_s, {u"King"_s});
+                         tick(form, u"lboxCaseTypes"_s, {u"Civil"_s, u"Criminal"_s});
+                         picture(windowNamed(u"frmMain"_s), u"search-form"_s);
+                         click(form, u"cmdBeginSearch"_s);
+                     }});
+    steps.push_back({u"The court's disclaimer is accepted"_s,
+                     [] { return QApplication::activeModalWidget() != nullptr; },
+                     [this] {
+                         auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+                         say(box ? box->text() : QString());
+                         if (box)
+                             box->button(QMessageBox::Yes)->click();
+                     }});
+    steps.push_back({u"The search takes its turn"_s,
+                     [results] { return windowNamed(results) != nullptr; },
+                     [this, results] { say(labelText(results, u"lblStatus"_s)); }});
+    steps.push_back({u"The matches arrive"_s,
+                     [results] {
+                         const auto *stop = child<QPushButton>(results, u"cmdStopSearching"_s);
+                         return stop && !stop->isEnabled();
+                     },
+                     [this, results] {
+                         say(labelText(results, u"lblStatus"_s));
+                         const auto *list = child<QAbstractItemView>(results, u"listview1"_s);
+                         const QAbstractItemModel *rows = list->model();
+                         for (int row = 0; row < rows->rowCount(); ++row)
+                             say(rows->index(row, 0).data().toString() + u"  "_s
+                                 + rows->index(row, 1).data().toString());
+                         picture(windowNamed(u"frmMain"_s), u"results"_s);
+                         if (labelText(results, u"lblStatus"_s)
+                             != u"Search Complete: 2 Cases Retrieved.")
+                             fail(u"Two cases were expected."_s);
+                     }});
+}
+
+void Tour::Tick()
+{
+    if (current >= steps.size()) {
+        timer.stop();
+        say(u"Tour complete: "_s + QString::number(pictures) + u" pictures in "_s + output);
+        EndProgram(0);
+        return;
+    }
+    const Step &step = steps[current];
+    if (!step.ready()) {
+        if (waiting.elapsed() > stepMilliseconds)
+            fail(u"Waited in vain for: "_s + step.name);
+        return;
+    }
+    ++current;
+    waiting.restart();
+    say(QString::number(current) + u". "_s + step.name);
+    step.act();
+}
+
+void Tour::say(const QString &text)
+{
+    if (text.isEmpty())
+        return;
+    std::fputs(qUtf8Printable(text + u'\n'), stdout);
+    std::fflush(stdout);
+}
+
+void Tour::picture(QWidget *window, const QString &name)
+{
+    const QString path = output + u'/' + QString::number(++pictures) + u'-' + name + u".png"_s;
+    if (!window || !window->grab().save(path)) {
+        fail(u"Cannot save "_s + path);
+        return;
+    }
+    say(u"   picture: "_s + path);
+}
+
+void Tour::fail(const QString &why)
+{
+    timer.stop();
+    say(u"Tour failed: "_s + why);
+    EndProgram(1);
+}

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QObject>
+#include <QString>
+#include <QTimer>
+
+#include <functional>
+#include <vector>
+
+class QWidget;
+
+/// Plays the main job by itself through the real windows: connects, logs in, searches, and looks at
+/// what comes back. Each step is printed with the texts that the windows really show, and pictures
+/// are saved on the way. It ends the program with 0 when every step showed what it must, else 1.
+class Tour : public QObject
+{
+    Q_OBJECT
+public:
+    explicit Tour(const QString &outputFolder, QObject *parent = nullptr);
+
+    /// Starts to play as soon as events run.
+    void Start();
+
+private:
+    struct Step
+    {
+        QString name;
+        std::function<bool()> ready; ///< what must be seen before the step acts
+        std::function<void()> act;
+    };
+
+    void addSessionSteps();
+    void addSearchSteps();
+    void Tick();
+    void say(const QString &text);
+    void picture(QWidget *window, const QString &name);
+    void fail(const QString &why);
+
+    std::vector<Step> steps;
+    size_t current = 0;
+    int pictures = 0;
+    QString output;
+    QTimer timer;
+    QElapsedTimer waiting;
+};

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QElapsedTimer>
+#include <QString>
+#include <QStringList>
+#include <QTimer>
+
+#include <vector>
+
+/// A column of a list, its width in twips.
+struct ListColumn
+{
+    QString Header;
+    int Width = 0;
+    Qt::Alignment Alignment = Qt::AlignLeft;
+};
+
+/// The rows of a results list, as they come from the server.
+///
+/// Rows are taken at any speed and shown at most every 40 ms: an insertion and a repaint for each
+/// row would hold the stream back. Count and cells know every row at once; only the view is late,
+/// by that much.
+class ResultListModel : public QAbstractTableModel
+{
+    Q_OBJECT
+public:
+    explicit ResultListModel(QObject *parent = nullptr);
+
+    void SetColumns(const QList<ListColumn> &newColumns);
+    const QList<ListColumn> &Columns() const { return columns; }
+
+    /// Adds a row with its cells, from the first column on; missing cells are empty.
+    void AddRow(const QStringList &cells);
+
+    /// All rows, those that the view has not been told of included.
+    int Count() const { return static_cast<int>(rows.size()); }
+    QString Cell(int row, int column) const;
+    void SetCell(int row, int column, const QString &text);
+
+    void Clear();
+
+    /// Shows every row now.
+    void Flush();
+
+    int rowCount(const QModelIndex &parent = {}) const override;
+    int columnCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+    QVariant headerData(int section, Qt::Orientation orientation,
+                        int role = Qt::DisplayRole) const override;
+
+Q_SIGNALS:
+    /// The view has just been told of new rows: labels that count them may follow now.
+    void Flushed();
+
+private:
+    QList<ListColumn> columns;
+    std::vector<QStringList> rows;
+    int shownRows = 0;
+    QTimer flushTimer;
+};

@@ -1,0 +1,73 @@
+#include "controls/ResultListView.h"
+
+#include "controls/Twips.h"
+
+#include <QHeaderView>
+#include <QHelpEvent>
+#include <QStyledItemDelegate>
+#include <QToolTip>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr int rowPaddingPixels = 6;
+
+/// Shows a cell's whole text when the cell is too narrow for it: as plain text, whatever the server
+/// put there.
+class PlainCellDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
+                   const QModelIndex &index) override
+    {
+        const bool cut = sizeHint(option, index).width() > view->visualRect(index).width();
+        const QString text = index.data().toString().toHtmlEscaped();
+        QToolTip::showText(event->globalPos(), cut ? QString(u"<qt>"_s + text) : QString(), view);
+        return true;
+    }
+};
+} // namespace
+
+ResultListView::ResultListView(QWidget *parent) : QTableView(parent), list(this)
+{
+    setModel(&list);
+    setItemDelegate(new PlainCellDelegate(this));
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(ExtendedSelection);
+    setEditTriggers(NoEditTriggers);
+    setShowGrid(false);
+    setAlternatingRowColors(true);
+    setWordWrap(false);
+    setTabKeyNavigation(false);
+    setTextElideMode(Qt::ElideRight);
+    setHorizontalScrollMode(ScrollPerPixel);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + rowPaddingPixels);
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setStretchLastSection(true);
+    horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    horizontalHeader()->setMinimumSectionSize(PixelsFromTwips(30));
+}
+
+void ResultListView::SetColumns(const QList<ListColumn> &columns)
+{
+    list.SetColumns(columns);
+    for (int i = 0; i < columns.size(); ++i)
+        SetColumnTwips(i, columns[i].Width);
+}
+
+void ResultListView::SetColumnTwips(int column, int twips)
+{
+    setColumnWidth(column, PixelsFromTwips(twips));
+}
+
+void ResultListView::ShowHeaderIcon(int column, Qt::SortOrder order, bool show)
+{
+    QHeaderView *header = horizontalHeader();
+    header->setSortIndicatorShown(show);
+    if (show)
+        header->setSortIndicator(column, order);
+}

@@ -1,0 +1,10 @@
+#pragma once
+
+class QLabel;
+
+/// The two colours in which the windows report: a dark blue while all is well, red for trouble.
+enum class StatusColour { Normal, Trouble };
+
+/// Sets a label's text colour and boldness. The colours are the told ones where the window is
+/// light, and lighter shades of the same where it is dark.
+void SetStatusStyle(QLabel *label, StatusColour colour, bool bold);

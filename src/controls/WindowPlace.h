@@ -1,0 +1,13 @@
+#pragma once
+
+class QWidget;
+
+/// Puts a window in the middle of the screen it is on.
+void CentreOnScreen(QWidget *window);
+
+/// Keeps a window above all others, or lets it take its place among them. Its size, position and
+/// visibility stay as they are.
+void SetTopMostWindow(QWidget *window, bool topMost);
+
+/// Shows a window, restores it when minimised, and gives it the focus.
+void BringToFront(QWidget *window);

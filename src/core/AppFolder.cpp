@@ -1,0 +1,102 @@
+#include "core/AppFolder.h"
+
+#include "core/AtomicFile.h"
+#include "core/Log.h"
+#include "core/RunTimeError.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+QString folder;
+
+/// The name under which `name` really stands in `dir`, or "" when nothing matches.
+QString storedName(const QDir &dir, const QString &name)
+{
+    const QStringList names = dir.entryList(QDir::Files | QDir::Hidden | QDir::System);
+    for (const QString &candidate : names) {
+        if (candidate.compare(name, Qt::CaseInsensitive) == 0)
+            return candidate;
+    }
+    return {};
+}
+
+bool isPortable(const QString &programFolder)
+{
+    return !storedName(QDir(programFolder), u"options.ini"_s).isEmpty()
+           && QFileInfo(programFolder).isWritable();
+}
+} // namespace
+
+QString AppFolder()
+{
+    if (folder.isEmpty())
+        ChooseAppFolder({});
+    return folder;
+}
+
+void ChooseAppFolder(const QString &chosen)
+{
+    const QString programFolder = QCoreApplication::applicationDirPath();
+    if (!chosen.isEmpty())
+        folder = QDir(chosen).absolutePath();
+    else if (isPortable(programFolder))
+        folder = programFolder;
+    else
+        folder = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+    if (QDir(folder).exists())
+        return;
+    if (!QDir().mkpath(folder))
+        throw RunTimeError::PathNotFound();
+    QFile::setPermissions(folder,
+                          QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+}
+
+QString AppFile(const QString &name)
+{
+    QString native = name;
+    native.replace(u'\\', u'/');
+    const QString exact = AppFolder() + u'/' + native;
+    if (QFileInfo::exists(exact))
+        return exact;
+    const QFileInfo info(exact);
+    const QString stored = storedName(info.dir(), info.fileName());
+    return stored.isEmpty() ? exact : info.dir().filePath(stored);
+}
+
+QString InstalledDataFolder()
+{
+    const QDir program(QCoreApplication::applicationDirPath());
+    for (const QString &candidate : {u"../share/halvane"_s, u"data"_s}) {
+        if (program.exists(candidate))
+            return QDir::cleanPath(program.absoluteFilePath(candidate));
+    }
+    return {};
+}
+
+int CopyMissingDataFiles(const QString &from)
+{
+    int copied = 0;
+    const QDir source(from);
+    const QStringList names = source.entryList(QDir::Files, QDir::Name);
+    for (const QString &name : names) {
+        const QString target = AppFile(name);
+        if (QFileInfo::exists(target))
+            continue;
+        try {
+            if (ReplaceFileContent(target, FileContent(source.filePath(name)))) {
+                ++copied;
+                continue;
+            }
+        } catch (const RunTimeError &) {
+            // Reported below, like a copy that could not be written.
+        }
+        WriteAppInfo(u"Cannot copy the data file "_s + name + u" into the application folder."_s);
+    }
+    return copied;
+}

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <functional>
+
+/// Ends the process, at once and for good: whoever calls it has saved what is to be saved. A nested
+/// event loop (a box, a wait for the server) further up the stack cannot keep the process alive.
+void EndProgram(int exitCode = 0);
+
+/// What EndProgram does in place of ending the process; an empty function restores the ending.
+/// For tests, which want to outlive the program they test.
+void ReplaceEndProgram(std::function<void(int)> ending);

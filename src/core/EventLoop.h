@@ -1,0 +1,18 @@
+#pragma once
+
+/// Handles every event that is pending and returns at once.
+///
+/// Anything may have happened on return: windows closed, flags set, the link lost.
+void Yield();
+
+/// Handles what is pending; if there was nothing, turns for some tens of microseconds (an answer
+/// over a fast link is often that near), then sleeps in the event loop until something happens or
+/// `seconds` have gone by. A waiting program uses no processor time, and what arrives is still seen
+/// on the very next turn.
+///
+/// Test your condition before each call: an event that was handled already wakes nobody.
+void YieldUntilEvent(double seconds);
+
+/// How many yields of either kind the process has made so far. A run that behaves well at one
+/// yield must behave well at each of them; the tests count them through this.
+unsigned long long YieldCount();

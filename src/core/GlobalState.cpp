@@ -1,0 +1,3 @@
+#include "core/GlobalState.h"
+
+GlobalState Global;

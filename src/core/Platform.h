@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+// What only one platform has, behind one small file.
+
+/// Opens `path` for appending, creating it for its owner only, writes `bytes` and closes it.
+/// Returns false when any of it failed.
+bool AppendOwnerOnly(const QString &path, const QByteArray &bytes);
+
+/// Makes the data written through the file descriptor survive a power cut.
+bool FlushToDisk(int fileDescriptor);
+
+/// Puts the file `from` in the place of `to` in one step: whoever opens `to` sees the old file or
+/// the new one and never anything between.
+bool RenameOver(const QString &from, const QString &to);
+
+/// The signed-in user's id as text, for names that two users must not share.
+QString UserIdText();

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QByteArray>
+#include <QByteArrayView>
+
+#include <optional>
+
+/// Received bytes that nobody has consumed yet: appended at the end, tokens cut off at the front.
+///
+/// Taking a token costs the length of the token, whatever stands behind it: the front is an offset,
+/// and the consumed bytes are thrown away in large pieces. A token that is still incomplete is not
+/// searched again from its beginning when more of it arrives.
+class ReceiveBuffer
+{
+public:
+    void Append(QByteArrayView bytes);
+    void Clear();
+
+    bool IsEmpty() const { return front == bytes.size(); }
+    qsizetype Size() const { return bytes.size() - front; }
+
+    /// The unconsumed bytes. Valid until the next change.
+    QByteArrayView View() const { return QByteArrayView(bytes).sliced(front); }
+
+    /// Takes the first token out: the bytes between the first delimiter and the next one. What
+    /// stands before the first delimiter is discarded with it. Without two delimiters nothing is
+    /// taken, nothing changes, and the answer is empty (nullopt).
+    std::optional<QByteArray> Extract(char delimiter);
+
+private:
+    void dropFront(qsizetype newFront);
+
+    QByteArray bytes;
+    qsizetype front = 0;
+    /// Where the search for the closing delimiter stopped last time, or -1 when there is no open
+    /// token; counted from the start of `bytes`.
+    qsizetype scanned = -1;
+    qsizetype opening = -1;
+    char scannedFor = '\0';
+};

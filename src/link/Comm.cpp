@@ -1,0 +1,168 @@
+#include "link/Comm.h"
+
+#include "core/Clock.h"
+#include "core/EventLoop.h"
+#include "core/GlobalState.h"
+#include "core/Log.h"
+#include "core/RunTimeError.h"
+#include "core/Windows1252.h"
+#include "link/Framing.h"
+#include "link/ServerSocket.h"
+#include "link/frmWinsock.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr float sendLimitSeconds = 30.0F;
+constexpr int closeWaitMilliseconds = 1000;
+constexpr qint16 shortLimitSeconds = 14;
+constexpr int secondsPerMinute = 60;
+
+/// While part of a token waits in the buffer the clock restarts on every round; sleeping no longer
+/// than this is as good as going round all the time.
+constexpr float longestPartialWaitSeconds = 1.0F;
+
+/// The phases that have limits of their own. A later row goes before an earlier one.
+struct PhaseLimit
+{
+    Boolean GlobalState::*flag;
+    qint16 seconds;
+};
+
+constexpr std::array<PhaseLimit, 3> phaseLimits{{
+    {&GlobalState::bGettingMessages, 12},
+    {&GlobalState::bGettingParams, 12},
+    {&GlobalState::bCheckingServer, 10},
+}};
+
+bool isConnected(const ServerSocket *socket)
+{
+    return socket && socket->State() == SocketState::Connected;
+}
+
+/// A full buffer without a complete token in it holds a token that no server has reason to send.
+/// Its connection is closed; the next test of the state reports the loss.
+void refuseEndlessToken()
+{
+    if (Global.strRecvBuffer.Size() < maximumBacklogBytes)
+        return;
+    WriteAppInfo(u"Refused a token of more than "_s + QString::number(maximumBacklogBytes)
+                 + u" bytes. Closing the connection."_s);
+    Global.strRecvBuffer.Clear();
+    if (Global.sckServer)
+        Global.sckServer->Close();
+}
+
+/// False when the socket is there, not connected, and cannot be closed to idle.
+bool closedToIdle()
+{
+    if (!Global.sckServer || Global.sckServer->State() == SocketState::Connected)
+        return true;
+    Global.sckServer->Close();
+    Clock::Current().SleepMilliseconds(closeWaitMilliseconds);
+    return Global.sckServer->State() == SocketState::Closed;
+}
+} // namespace
+
+SendStatus TrySend(const QByteArray &data, ServerSocket *socket, Boolean &busyFlag)
+{
+    if (!isConnected(socket))
+        return SendStatus::NotConnected;
+    if (busyFlag)
+        return SendStatus::TimedOut;
+    busyFlag = true;
+    socket->SendData(data);
+    return SendStatus::Sent;
+}
+
+SendStatus SendWithTimeout(const QByteArray &data, ServerSocket *const &socket, Boolean &busyFlag,
+                           float limitSeconds)
+{
+    const float start = Clock::Current().SecondsOfDay();
+    SendStatus result = TrySend(data, socket, busyFlag);
+    while (result == SendStatus::TimedOut) {
+        const float elapsed = ElapsedSeconds(start);
+        if (elapsed >= limitSeconds)
+            return SendStatus::Busy;
+        result = TrySend(data, socket, busyFlag);
+        if (result == SendStatus::TimedOut)
+            YieldUntilEvent(static_cast<double>(limitSeconds - elapsed));
+    }
+    if (result != SendStatus::Sent)
+        return result;
+    for (;;) {
+        if (!busyFlag)
+            return SendStatus::Sent;
+        const float elapsed = ElapsedSeconds(start);
+        if (elapsed >= limitSeconds)
+            return SendStatus::TimedOut;
+        YieldUntilEvent(static_cast<double>(limitSeconds - elapsed));
+    }
+}
+
+SendStatus SendReq(const QString &request)
+{
+    const QByteArray frame = ToWindows1252(WrapDelimited(request, QChar(u'|')));
+    const SendStatus status =
+        SendWithTimeout(frame, Global.sckServer, Global.bSendBusy, sendLimitSeconds);
+    if (frmWinsock::IsLoaded()) {
+        if (status == SendStatus::NotConnected)
+            frmWinsock::Form().StopInactivity();
+        else
+            frmWinsock::Form().RestartInactivity();
+    }
+    WriteAppInfo(u"SendReq: "_s + request);
+    return status;
+}
+
+qint16 ResponseLimitSeconds()
+{
+    qint16 limit = 0;
+    if (Global.bStopRequested || Global.bLoginBusy) {
+        limit = shortLimitSeconds;
+    } else {
+        const int seconds = Global.intSearchTimeout * secondsPerMinute;
+        if (seconds > std::numeric_limits<qint16>::max())
+            throw RunTimeError::Overflow();
+        limit = static_cast<qint16>(seconds);
+    }
+    for (const PhaseLimit &phase : phaseLimits) {
+        if (Global.*phase.flag)
+            limit = phase.seconds;
+    }
+    return limit;
+}
+
+Response ReadResponse()
+{
+    float start = Clock::Current().SecondsOfDay();
+    const auto limit = static_cast<float>(ResponseLimitSeconds());
+    for (;;) {
+        const float elapsed = ElapsedSeconds(start);
+        if (elapsed >= limit)
+            return {ReadStatus::TimedOutOrLost, {}};
+        if (!isConnected(Global.sckServer)) {
+            WriteAppInfo(u"Connection Lost While Waiting for Response. "
+                         "Exiting Process ReadResponse()"_s);
+            return {ReadStatus::TimedOutOrLost, {}};
+        }
+        float longestWait = limit - elapsed;
+        if (!Global.strRecvBuffer.IsEmpty()) {
+            start = Clock::Current().SecondsOfDay();
+            longestWait = longestPartialWaitSeconds;
+        }
+        const QByteArray token = ExtractDelimited(Global.strRecvBuffer, frameBar);
+        if (!token.isEmpty())
+            return {ReadStatus::Token, FromWindows1252(token)};
+        if (!closedToIdle())
+            return {ReadStatus::NotClosed, {}};
+        refuseEndlessToken();
+        if (frmWinsock::IsLoaded())
+            frmWinsock::Form().TakeArrivedData();
+        YieldUntilEvent(static_cast<double>(longestWait));
+    }
+}

@@ -1,0 +1,122 @@
+#include "link/Router.h"
+
+#include "core/Clock.h"
+#include "core/CSetting.h"
+#include "core/EventLoop.h"
+#include "core/GlobalState.h"
+#include "core/Log.h"
+#include "core/Options.h"
+#include "core/TextUtilities.h"
+#include "link/ConnectState.h"
+#include "link/frmWinsock.h"
+
+#include <QPointer>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr float connectLimitSeconds = 7.0F;
+constexpr int serverAddresses = 5;
+constexpr int standardPort = 80;
+constexpr int alternatePort = 85;
+constexpr int settleMilliseconds = 100;
+constexpr int greatestPort = 65535;
+
+void settle()
+{
+    Clock::Current().SleepMilliseconds(settleMilliseconds);
+}
+
+bool connectFailed(const QString &logLine)
+{
+    WriteAppInfo(logLine);
+    Global.intConnectState = ConnectIdle;
+    frmWinsock::Unload();
+    return false;
+}
+} // namespace
+
+void LoadServerList()
+{
+    CSetting setting;
+    setting.Init(u"options.ini"_s, true);
+    Global.aServerIPs.clear();
+    for (int i = 1; i <= serverAddresses; ++i)
+        Global.aServerIPs.append(setting.GetSettingStr(
+            u"Communications"_s, u"HVServerIP"_s + QString::number(i), u"0"_s));
+}
+
+bool ConnectToRouter(const QString &address)
+{
+    frmWinsock &form = frmWinsock::Form();
+    const QPointer<frmWinsock> stillLoaded(&form);
+    form.CSock->RemoteHost = TrimBlanks(address);
+    form.CSock->RemotePort = static_cast<quint16>(std::clamp(Global.lngServerPort, 0, greatestPort));
+    form.CSock->LocalPort = 0;
+    Global.intConnectState = ConnectUnderWay;
+    form.CSock->Connect();
+    WriteAppInfo(u"Attempting to Connect to Router"_s);
+    const float start = Clock::Current().SecondsOfDay();
+    for (;;) {
+        const float elapsed = ElapsedSeconds(start);
+        // Unloaded under the wait: the user gave up, and may already be at the next attempt, whose
+        // state is not ours to touch.
+        if (!stillLoaded || Global.sckServer != stillLoaded->CSock) {
+            WriteAppInfo(u"Error connecting to router"_s);
+            return false;
+        }
+        if (elapsed >= connectLimitSeconds || Global.intConnectState != ConnectUnderWay)
+            break;
+        YieldUntilEvent(static_cast<double>(connectLimitSeconds - elapsed));
+    }
+    if (Global.intConnectState == ConnectRefused)
+        return connectFailed(u"Router is not running"_s);
+    if (Global.intConnectState != ConnectDone)
+        return connectFailed(u"Error connecting to router"_s);
+    WriteAppInfo(u"Successfully connected to router"_s);
+    return true;
+}
+
+bool HasNetworkAddress()
+{
+    return frmWinsock::Form().CSock->LocalIP() != u"127.0.0.1";
+}
+
+void CloseServerLink()
+{
+    if (frmWinsock::IsLoaded())
+        frmWinsock::Form().CSock->Close();
+    WriteAppInfo(u"Closed connection to Halvane Server"_s);
+    Global.intConnectState = ConnectIdle;
+    frmWinsock::Unload();
+}
+
+ServerSelection SelectServer(const std::function<bool()> &cancelled)
+{
+    LoadServerList();
+    for (int i = 0; i < serverAddresses; ++i) {
+        if (cancelled())
+            return ServerSelection::Cancelled;
+        const QString address = Global.aServerIPs.value(i);
+        if (ConnectToRouter(address)) {
+            settle();
+            return ServerSelection::Contacted;
+        }
+        if (cancelled())
+            return ServerSelection::Cancelled;
+        Global.lngServerPort =
+            Global.lngServerPort == standardPort ? alternatePort : standardPort;
+        const QString port = QString::number(Global.lngServerPort);
+        WriteAppInfo(u"Note: Swapping Connection Port to: "_s + port);
+        if (ConnectToRouter(address)) {
+            settle();
+            SaveOptionStr(u"Communications"_s, u"HVServerPort"_s, port);
+            return ServerSelection::Contacted;
+        }
+        Yield();
+    }
+    return Global.intConnectState == ConnectDone ? ServerSelection::Contacted
+                                                 : ServerSelection::NotAvailable;
+}

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+/// Reads the five server addresses of options.ini into Global.aServerIPs. A missing key gives "0",
+/// which is tried like an address.
+void LoadServerList();
+
+/// One attempt to connect to `address` on Global.lngServerPort, 7 seconds at most. True when
+/// connected; otherwise frmWinsock is unloaded.
+bool ConnectToRouter(const QString &address);
+
+/// True when this machine has an address in a network. Loads frmWinsock.
+bool HasNetworkAddress();
+
+/// Closes the connection and unloads frmWinsock. Closing a link that is not open is no error.
+void CloseServerLink();
+
+enum class ServerSelection { Contacted, Cancelled, NotAvailable };
+
+/// Looks for a server: each address on the port in force, then on the other one of 80 and 85. The
+/// port stays swapped for the next address, and is saved only when the attempt right after a swap
+/// succeeded. `cancelled` is asked before each address.
+ServerSelection SelectServer(const std::function<bool()> &cancelled);

@@ -1,0 +1,124 @@
+#include "link/TcpServerSocket.h"
+
+#include <QMetaObject>
+#include <QNetworkInterface>
+#include <QNetworkProxy>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+/// What Qt may hold for us. What is beyond it stays with the kernel, and in the end with the
+/// server: a flood is slowed down instead of stored.
+constexpr qint64 readBufferBytes = 256 * 1024;
+
+bool networkAssumed = false;
+} // namespace
+
+void AssumeNetworkAddress(bool assume)
+{
+    networkAssumed = assume;
+}
+
+TcpServerSocket::TcpServerSocket(QObject *parent) : ServerSocket(parent), socket(this)
+{
+    socket.setProxy(QNetworkProxy::NoProxy);
+    socket.setReadBufferSize(readBufferBytes);
+    connect(&socket, &QTcpSocket::connected, this, [this] {
+        // Requests are small and each waits for its answer: nothing may wait for a fuller packet.
+        socket.setSocketOption(QAbstractSocket::LowDelayOption, 1);
+        socket.setSocketOption(QAbstractSocket::KeepAliveOption, 1);
+        Q_EMIT Connected();
+    });
+    connect(&socket, &QTcpSocket::readyRead, this,
+            [this] { Q_EMIT DataArrival(socket.bytesAvailable()); });
+    connect(&socket, &QTcpSocket::bytesWritten, this, &TcpServerSocket::reportWritten);
+    connect(&socket, &QTcpSocket::errorOccurred, this, &TcpServerSocket::reportError);
+    connect(&socket, &QTcpSocket::disconnected, this, [this] {
+        if (closingHere)
+            return;
+        peerClosed = true;
+        Q_EMIT Closed();
+    });
+}
+
+QString TcpServerSocket::LocalIP() const
+{
+    if (networkAssumed)
+        return u"0.0.0.0"_s;
+    const QList<QHostAddress> addresses = QNetworkInterface::allAddresses();
+    for (const QHostAddress &address : addresses) {
+        if (!address.isLoopback() && !address.isLinkLocal())
+            return address.toString();
+    }
+    return u"127.0.0.1"_s;
+}
+
+SocketState TcpServerSocket::State() const
+{
+    switch (socket.state()) {
+    case QAbstractSocket::ConnectedState:
+        return SocketState::Connected;
+    case QAbstractSocket::HostLookupState:
+        return SocketState::ResolvingHost;
+    case QAbstractSocket::ConnectingState:
+        return SocketState::Connecting;
+    case QAbstractSocket::ClosingState:
+        return SocketState::Closing;
+    default:
+        return peerClosed ? SocketState::Closing : SocketState::Closed;
+    }
+}
+
+void TcpServerSocket::Connect()
+{
+    Close();
+    if (LocalPort != 0)
+        socket.bind(LocalPort);
+    socket.connectToHost(RemoteHost, RemotePort);
+}
+
+void TcpServerSocket::Close()
+{
+    closingHere = true;
+    socket.abort();
+    closingHere = false;
+    peerClosed = false;
+}
+
+void TcpServerSocket::SendData(const QByteArray &data)
+{
+    socket.write(data);
+    socket.flush();
+}
+
+qint64 TcpServerSocket::BytesAvailable() const
+{
+    return socket.bytesAvailable();
+}
+
+QByteArray TcpServerSocket::GetData(qint64 maximum)
+{
+    return socket.read(maximum);
+}
+
+void TcpServerSocket::reportError(QAbstractSocket::SocketError error)
+{
+    // The server's close is an event of its own and no error.
+    if (error == QAbstractSocket::RemoteHostClosedError)
+        return;
+    const QString description = error == QAbstractSocket::ConnectionRefusedError
+                                    ? u"The attempt to connect was forcefully rejected"_s
+                                    : socket.errorString();
+    Q_EMIT Error(error, description);
+}
+
+void TcpServerSocket::reportWritten()
+{
+    if (socket.bytesToWrite() > 0) {
+        Q_EMIT SendProgress();
+        return;
+    }
+    // Flushing writes at once, inside SendData; the event still has to come from the event loop.
+    QMetaObject::invokeMethod(
+        this, [this] { Q_EMIT SendComplete(); }, Qt::QueuedConnection);
+}

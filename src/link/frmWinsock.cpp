@@ -1,0 +1,183 @@
+#include "link/frmWinsock.h"
+
+#include "core/GlobalState.h"
+#include "core/Log.h"
+#include "core/Options.h"
+#include "core/RunTimeError.h"
+#include "link/ConnectState.h"
+#include "link/TcpServerSocket.h"
+
+#include <QPointer>
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+QPointer<frmWinsock> loaded;
+std::function<ServerSocket *(QObject *)> socketFactory;
+
+constexpr int inactivityTickMilliseconds = 60000;
+constexpr auto ping = "DIAG001";
+constexpr auto documentEnd = "|EOD~|";
+
+ServerSocket *makeSocket(QObject *parent)
+{
+    return socketFactory ? socketFactory(parent) : new TcpServerSocket(parent);
+}
+} // namespace
+
+LinkEvents &LinkEvents::Of()
+{
+    static LinkEvents events;
+    return events;
+}
+
+frmWinsock &frmWinsock::Form()
+{
+    if (!loaded)
+        loaded = new frmWinsock;
+    return *loaded;
+}
+
+bool frmWinsock::IsLoaded()
+{
+    return !loaded.isNull();
+}
+
+void frmWinsock::Unload()
+{
+    if (!loaded)
+        return;
+    frmWinsock *form = loaded;
+    loaded = nullptr;
+    Global.sckServer = nullptr;
+    form->TmrInactivity->stop();
+    form->CSock->disconnect(form);
+    form->CSock->Close();
+    // Not at once: the caller may be inside an event of this very form.
+    form->deleteLater();
+}
+
+void frmWinsock::SetSocketFactory(std::function<ServerSocket *(QObject *)> factory)
+{
+    socketFactory = std::move(factory);
+}
+
+void LoadSocketForm(bool load)
+{
+    if (load)
+        frmWinsock::Form();
+    else
+        frmWinsock::Unload();
+}
+
+frmWinsock::frmWinsock()
+    : CSock(makeSocket(this)), TmrInactivity(new QTimer(this)), TmrInactivityTag(u"0"_s)
+{
+    setObjectName(u"frmWinsock"_s);
+    CSock->setObjectName(u"CSock"_s);
+    TmrInactivity->setObjectName(u"TmrInactivity"_s);
+    TmrInactivity->setInterval(inactivityTickMilliseconds);
+
+    Global.intConnectState = ConnectIdle;
+    Global.sckServer = CSock;
+    Global.strInactivityTimeOut = GetOptionStr(u"General"_s, u"InactivityTimeOut"_s);
+    Global.bConnectionClosed = false;
+
+    connect(CSock, &ServerSocket::Connected, this,
+            [] { Global.intConnectState = ConnectDone; });
+    connect(CSock, &ServerSocket::DataArrival, this, &frmWinsock::DataArrival);
+    connect(CSock, &ServerSocket::SendComplete, this, &frmWinsock::SendCompleted);
+    connect(CSock, &ServerSocket::Closed, this, &frmWinsock::SocketClosed);
+    connect(CSock, &ServerSocket::Error, this, &frmWinsock::SocketError);
+    connect(TmrInactivity, &QTimer::timeout, this, &frmWinsock::InactivityTick);
+    TmrInactivity->start();
+}
+
+void frmWinsock::DataArrival(qint64 bytesTotal)
+{
+    if (CSock->State() != SocketState::Connected || bytesTotal < 1)
+        return;
+    if (Global.strRecvBuffer.Size() >= maximumBacklogBytes)
+        return;
+    const QByteArray chunk = CSock->GetData(bytesTotal);
+    Global.strRecvBuffer.Append(chunk);
+    const QByteArray upper = chunk.toUpper();
+    if (upper.contains(ping)) {
+        // Past SendReq and its busy flag: the server wants to hear from us now. The whole buffer
+        // goes with the ping, which is why a server must not ping during a reply.
+        CSock->SendData("|IMALIVE\xA6|");
+        WriteAppInfo(u"Replied to Ping Request from Halvane Server.."_s);
+        noteTraffic();
+        Global.strRecvBuffer.Clear();
+        return;
+    }
+    if (upper.contains(documentEnd))
+        WriteAppInfo(u"|EOD~||EOF~| found in Doc Server response"_s);
+    noteTraffic();
+}
+
+void frmWinsock::TakeArrivedData()
+{
+    while (Global.strRecvBuffer.Size() < maximumBacklogBytes
+           && CSock->State() == SocketState::Connected && CSock->BytesAvailable() > 0)
+        DataArrival(CSock->BytesAvailable());
+}
+
+void frmWinsock::SendCompleted()
+{
+    Global.bSendBusy = false;
+    noteTraffic();
+}
+
+void frmWinsock::SocketClosed()
+{
+    WriteAppInfo(u"Client Connection was Closed"_s);
+    Global.bConnectionClosed = true;
+}
+
+void frmWinsock::SocketError(int, const QString &description)
+{
+    // The words promise more than is done: support staff search the log for them.
+    WriteAppInfo(u"attempting to close and reconnect to router.."_s);
+    if (description.contains(u"forcefully rejected"))
+        Global.intConnectState = ConnectRefused;
+}
+
+void frmWinsock::noteTraffic()
+{
+    TmrInactivityTag = u"0"_s;
+    if (!TmrInactivity->isActive())
+        TmrInactivity->start();
+}
+
+void frmWinsock::RestartInactivity()
+{
+    TmrInactivity->stop();
+    TmrInactivityTag = u"0"_s;
+    TmrInactivity->start();
+}
+
+void frmWinsock::StopInactivity()
+{
+    TmrInactivity->stop();
+}
+
+void frmWinsock::InactivityTick()
+{
+    TmrInactivity->stop();
+    Global.strInactivityTimeOut = GetOptionStr(u"General"_s, u"InactivityTimeOut"_s);
+    // Both comparisons are by text, on purpose: "5" is above "30", and "2" is not below "10". The
+    // waits that users know come from exactly this.
+    if (Global.strInactivityTimeOut < u"0"_s || Global.strInactivityTimeOut > u"30"_s)
+        Global.strInactivityTimeOut = u"5"_s;
+    if (TmrInactivityTag < Global.strInactivityTimeOut) {
+        TmrInactivityTag = QString::number(ToInteger(TmrInactivityTag) + 1);
+        TmrInactivity->start();
+        return;
+    }
+    // Stays stopped until there is traffic again. Nothing of this form is touched afterwards: the
+    // logout that may follow unloads it.
+    Q_EMIT LinkEvents::Of().IdleLimitReached();
+}

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "link/ServerSocket.h"
+
+#include <QObject>
+#include <QTimer>
+
+#include <functional>
+
+/// What the link has to tell upward. It outlives every load of frmWinsock, so that one connection
+/// at start is enough.
+class LinkEvents : public QObject
+{
+    Q_OBJECT
+public:
+    static LinkEvents &Of();
+
+Q_SIGNALS:
+    /// The link has been idle for as long as the settings allow.
+    void IdleLimitReached();
+};
+
+/// Keeps the one socket and the count of idle minutes. A service without a window.
+///
+/// It is loaded by the first reference and unloaded when the link is closed; `Global.sckServer` is
+/// its socket while it is loaded and nothing otherwise.
+class frmWinsock : public QObject
+{
+    Q_OBJECT
+public:
+    /// The one instance, loaded now if it was not.
+    static frmWinsock &Form();
+    static bool IsLoaded();
+    static void Unload();
+
+    /// Who makes the sockets of later loads; an empty function goes back to real ones.
+    static void SetSocketFactory(std::function<ServerSocket *(QObject *parent)> factory);
+
+    /// Takes what the socket holds, as long as the receive buffer has room. An arrival that found
+    /// the buffer full left its data with the socket: whoever empties the buffer calls this.
+    void TakeArrivedData();
+
+    /// Starts the idle count over.
+    void RestartInactivity();
+    void StopInactivity();
+
+    ServerSocket *CSock;
+    QTimer *TmrInactivity;    ///< one minute a tick
+    QString TmrInactivityTag; ///< idle minutes so far, as text
+
+private:
+    frmWinsock();
+    void DataArrival(qint64 bytesTotal);
+    void SendCompleted();
+    void SocketClosed();
+    void SocketError(int number, const QString &description);
+    void InactivityTick();
+    void noteTraffic();
+};
+
+/// Loads frmWinsock (True) or unloads it (False).
+void LoadSocketForm(bool load);
+
+/// The most that the receive buffer takes before the socket has to wait, in bytes. A token longer
+/// than this is refused: no reply is, and a server that sends one would take all memory.
+constexpr qsizetype maximumBacklogBytes = 32 * 1024 * 1024;

@@ -1,0 +1,50 @@
+#include "namesearch/Replies.h"
+
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr qsizetype shortestProgress = 10;
+
+/// The courts whose requests travel in the "~" family. Idaho's bankruptcy court is not told apart
+/// here: it is stopped by the common request.
+constexpr std::array<QStringView, 3> tildeStates{u"WAWBK", u"WAEBK", u"ORBK"};
+
+bool isEndMark(const QString &reply)
+{
+    return reply.endsWith(u"EOF~", Qt::CaseInsensitive)
+           && reply.right(8).compare(u"THEREOF~", Qt::CaseInsensitive) != 0;
+}
+} // namespace
+
+ReplyKind ClassifyReply(const QString &reply)
+{
+    if (isEndMark(reply))
+        return ReplyKind::EndOfReply;
+    if (reply.startsWith(u"ERROR"))
+        return reply.contains(u"error~too many hits", Qt::CaseInsensitive) ? ReplyKind::TooManyHits
+                                                                           : ReplyKind::Error;
+    if (reply.startsWith(u"SEARCHING", Qt::CaseInsensitive))
+        return ReplyKind::Progress;
+    if (reply.contains(u"This search resulted in more than 200 results.", Qt::CaseInsensitive))
+        return ReplyKind::MaxResults;
+    return ReplyKind::Row;
+}
+
+QString ProgressText(const QString &reply)
+{
+    if (reply.size() < shortestProgress)
+        return {};
+    QString text = reply;
+    return text.replace(u'~', u' ');
+}
+
+QString StopRequestOf(const QString &state)
+{
+    for (const QStringView tilde : tildeStates) {
+        if (state == tilde)
+            return u"BKRPT~STOP~"_s;
+    }
+    return u"STOP\u00A6"_s;
+}

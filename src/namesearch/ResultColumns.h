@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QString>
+#include <QStringView>
+
+#include <span>
+
+/// The kinds of result list that one window shows, each with its own columns and row fields.
+enum class ResultKind { Superior, Idaho, Bankruptcy, Index };
+
+/// The kind of list for a search: `state` is a value of lblState.
+ResultKind ResultKindOf(const QString &state, bool indexSearch, bool bankruptcy);
+
+/// A column with its width in twips.
+struct ResultColumn
+{
+    QStringView header;
+    int width;
+};
+
+std::span<const ResultColumn> ResultColumnsOf(ResultKind kind);
+
+/// The one column whose cells stand in the middle.
+constexpr QStringView centredColumn = u"Date Filed";
+
+/// Idaho's columns 2 and 5 (counted from 1) open narrow and take these widths with the first row.
+constexpr int idahoWideColumn2 = 1700;
+constexpr int idahoWideColumn5 = 1200;

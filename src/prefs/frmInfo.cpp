@@ -1,0 +1,35 @@
+#include "prefs/frmInfo.h"
+
+#include "core/TextUtilities.h"
+#include "ui_frmInfo.h"
+
+#include <QPointer>
+
+frmInfo::frmInfo(QWidget *parent) : QDialog(parent), ui(std::make_unique<Ui::frmInfo>())
+{
+    ui->setupUi(this);
+    connect(ui->Command1, &QPushButton::clicked, this, &QDialog::accept);
+}
+
+frmInfo::~frmInfo() = default;
+
+void frmInfo::ShowFieldError(QWidget *parent, const QString &what, const QString &why,
+                             const QString &action)
+{
+    const QPointer<frmInfo> window(new frmInfo(parent));
+    window->ui->Label1_0->setText(what);
+    window->ui->Label1_1->setText(why);
+    window->ui->Label1_2->setText(action);
+    window->exec();
+    delete window;
+}
+
+void frmInfo::ShowInfo(const QString &first, const QString &second, const QString &third,
+                       const QString &fourth)
+{
+    for (const QString &text : {first, second, third, fourth}) {
+        if (!text.isEmpty())
+            setWindowTitle(TrimBlanks(text));
+    }
+    show();
+}

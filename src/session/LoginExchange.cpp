@@ -1,0 +1,67 @@
+#include "session/LoginExchange.h"
+
+#include "core/EventLoop.h"
+#include "core/GlobalState.h"
+#include "core/Log.h"
+#include "core/TextUtilities.h"
+#include "link/Comm.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+SessionResult loginFailed(SessionResult result, const QString &logLine)
+{
+    WriteAppInfo(logLine);
+    Global.bLoggedIn = false;
+    Global.bLoginBusy = false;
+    return result;
+}
+
+bool isRefusal(const QString &token)
+{
+    return token.startsWith(u"ERROR") || token == u"Invalid User Name and/or PW";
+}
+} // namespace
+
+SessionResult Login(const QString &userName, const QString &password, const QString &version,
+                    const ShowStatus &show)
+{
+    WriteAppInfo(u"******** Client Login: Started ********"_s);
+    Global.strUserName = TrimBlanks(userName);
+    Global.strUserPassword = TrimBlanks(password);
+    const QChar bar(u'\u00A6');
+    const QString request = u"LOGON"_s + bar + Global.strUserName + bar + Global.strUserPassword
+                            + bar + version + bar;
+    show(u"Logging On .."_s);
+    const SendStatus sent = SendReq(request);
+    if (sent == SendStatus::NotConnected)
+        return loginFailed(SessionResult::ConnectionLost, u"Cannot Contact Server to Login."_s);
+    WriteAppInfo(u"Sent login request to Halvane. Result: "_s + QString::number(Number(sent)));
+
+    bool refused = false;
+    for (;;) {
+        Global.bLoginBusy = true;
+        const Response response = ReadResponse();
+        WriteAppInfo(u"read response reply: "_s + QString::number(Number(response.Status)));
+        if (response.Status == ReadStatus::TimedOutOrLost)
+            return loginFailed(SessionResult::NoReply,
+                               u"Server Timeout - No Response From Server!"_s);
+        if (response.Status != ReadStatus::Token)
+            return loginFailed(SessionResult::ConnectionLost, u"Lost connection to server"_s);
+        if (response.Token.startsWith(u"EOF"))
+            break;
+        if (isRefusal(response.Token)) {
+            WriteAppInfo(u"Got an Error in Login! The Result Code was: Invalid User Name or "
+                         "Password."_s);
+            refused = true;
+        }
+        Yield();
+    }
+    if (refused)
+        return loginFailed(SessionResult::InvalidCredentials,
+                           u"Login Failed Due to Invalid User Name and/or Password!"_s);
+    WriteAppInfo(u"Login Successful"_s);
+    Global.bLoggedIn = true;
+    Global.bLoginBusy = false;
+    return SessionResult::LoggedIn;
+}

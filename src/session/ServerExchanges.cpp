@@ -1,0 +1,251 @@
+#include "session/ServerExchanges.h"
+
+#include "core/EventLoop.h"
+#include "core/GlobalState.h"
+#include "core/Log.h"
+#include "core/Options.h"
+#include "core/RunTimeError.h"
+#include "core/TextUtilities.h"
+#include "link/Comm.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr qsizetype shortestIniLine = 5;
+
+/// A message is read by a person. What goes beyond this is dropped, so that a server gone wrong
+/// cannot fill the memory.
+constexpr qsizetype longestMessage = 1'000'000;
+
+QString numberText(SendStatus status)
+{
+    return QString::number(Number(status));
+}
+
+QString numberText(ReadStatus status)
+{
+    return QString::number(Number(status));
+}
+
+void appendMessage(QString &message, const QString &token)
+{
+    message += TrimBlanks(token);
+    if (message.size() > longestMessage) {
+        message.truncate(longestMessage);
+        WriteAppInfo(u"A message from the server was cut: it was longer than any message may be."_s);
+    }
+}
+
+void applyIniLine()
+{
+    if (Global.strIniLine.size() < shortestIniLine)
+        return;
+    const QStringList parts = Global.strIniLine.split(u'=');
+    SaveOptionStr(TrimBlanks(FieldAt(parts, 0)), TrimBlanks(FieldAt(parts, 1)),
+                  TrimBlanks(FieldAt(parts, 2)));
+}
+
+bool readIniLines()
+{
+    for (;;) {
+        const Response response = ReadResponse();
+        WriteAppInfo(u"Read INI file change request from HV Server. Reply was: "_s
+                     + numberText(response.Status));
+        if (response.Status == ReadStatus::TimedOutOrLost) {
+            WriteAppInfo(
+                u"Server Timeout - No Response From Server during GetINIval retrieval!!"_s);
+            return false;
+        }
+        if (response.Status != ReadStatus::Token) {
+            WriteAppInfo(u"Lost connection to server during retrieval of System INI settings"_s);
+            return false;
+        }
+        if (response.Token.startsWith(u"EOF~")) {
+            Global.bGettingParams = false;
+            return true;
+        }
+        if (response.Token.startsWith(u"EOS~"))
+            applyIniLine();
+        else
+            Global.strIniLine = TrimBlanks(response.Token);
+        Yield();
+    }
+}
+
+QString readSystemMessage()
+{
+    for (;;) {
+        const Response response = ReadResponse();
+        WriteAppInfo(u"Read message broadcast from HV Server. Reply was: "_s
+                     + numberText(response.Status));
+        if (response.Status != ReadStatus::Token) {
+            Global.bGettingMessages = false;
+            WriteAppInfo(response.Status == ReadStatus::TimedOutOrLost
+                             ? u"Server Timeout - No Response From Server during system message "
+                               "retrieval!!"_s
+                             : u"Lost connection to server"_s);
+            Global.strSystemMsg.clear();
+            return {};
+        }
+        if (response.Token.startsWith(u"EOF~")) {
+            Global.bGettingMessages = false;
+            return Global.strSystemMsg;
+        }
+        appendMessage(Global.strSystemMsg, response.Token);
+    }
+}
+
+QString noPrivateMessage()
+{
+    Global.strPrivateMsgs.clear();
+    return NoMessagesFound();
+}
+
+QString readPrivateMessage()
+{
+    for (;;) {
+        const Response response = ReadResponse();
+        // Before the status: an error ends the exchange however it came.
+        if (response.Token.contains(u"ERROR", Qt::CaseInsensitive))
+            return noPrivateMessage();
+        WriteAppInfo(u"Read private message broadcast from HV Server. Reply was: "_s
+                     + numberText(response.Status));
+        if (response.Status != ReadStatus::Token) {
+            WriteAppInfo(
+                u"No Response From Server during system message retrieval! Skipping."_s);
+            return noPrivateMessage();
+        }
+        if (response.Token.startsWith(u"EOF~"))
+            return Global.strPrivateMsgs == NoMessagesFound() ? QString() : Global.strPrivateMsgs;
+        appendMessage(Global.strPrivateMsgs, response.Token);
+        Yield();
+    }
+}
+
+QString readCourtStatus()
+{
+    const QString unavailable =
+        u"Alert! Unable to Connect to Halvane at this time. Please try again later."_s;
+    QString status;
+    for (;;) {
+        Global.bCheckingServer = true;
+        const Response response = ReadResponse();
+        WriteAppInfo(u"Read Court Availability from HV Server. Reply was: "_s
+                     + numberText(response.Status));
+        if (response.Status == ReadStatus::TimedOutOrLost) {
+            WriteAppInfo(u"Server Timeout - No Response From Server during court availability "
+                         "retrieval!!"_s);
+            return unavailable;
+        }
+        if (response.Status != ReadStatus::Token) {
+            WriteAppInfo(u"Lost connection to server during court availability retrieval!!"_s);
+            return unavailable;
+        }
+        if (response.Token.startsWith(u"EOF~"))
+            return status;
+        status = TrimBlanks(response.Token);
+    }
+}
+} // namespace
+
+bool GetIniValues(const ShowStatus &show)
+{
+    try {
+        Global.bGettingParams = true;
+        WriteAppInfo(u"******** Retrieving System Parameter Updates ********"_s);
+        show(u"Please Wait.. Retrieving Important System Update(s) From Server .."_s);
+        const SendStatus sent = SendReq(u"GETINIVAL\u00A6"_s);
+        WriteAppInfo(u"Sent GetIniVal request and result was: "_s + numberText(sent));
+        return readIniLines();
+    } catch (const RunTimeError &) {
+        WriteAppInfo(u"Error While Retrieving System Params"_s);
+        return false;
+    }
+}
+
+QString GetSystemMessage(const ShowStatus &show)
+{
+    try {
+        WriteAppInfo(u"******** Retrieving System Broadcast Message ********"_s);
+        Global.strSystemMsg.clear();
+        Global.bGettingMessages = true;
+        show(u"Please Wait.. Retrieving Important System Message(s) From Server .."_s);
+        const SendStatus sent = SendReq(u"GETMSG\u00A6"_s);
+        WriteAppInfo(u"Sent Message request and result was: "_s + numberText(sent));
+        return readSystemMessage();
+    } catch (const RunTimeError &) {
+        Global.bGettingMessages = false;
+        WriteAppInfo(u"Error While Retrieving the System Message"_s);
+        return {};
+    }
+}
+
+QString GetPrivateMessage(const QString &userName, const QString &password, const QString &version,
+                          const ShowStatus &show)
+{
+    try {
+        Global.strPrivateMsgs.clear();
+        WriteAppInfo(u"******** Retrieving Private Messages ********"_s);
+        show(u"Please Wait. Retrieving Important Private Message(s) .."_s);
+        const QChar bar(u'\u00A6');
+        const SendStatus sent = SendReq(u"GET_PRIV_MSG"_s + bar + userName + bar + password + bar
+                                        + version + bar);
+        WriteAppInfo(u"Sent Private Message request and result was: "_s + numberText(sent));
+        return readPrivateMessage();
+    } catch (const RunTimeError &) {
+        WriteAppInfo(
+            u"Error *** in GetPrivateMessage()::While Retrieving Private Messages"_s);
+        return {};
+    }
+}
+
+QString GetCourtStatus(const ShowStatus &show)
+{
+    try {
+        show(u"Checking Court Availability.."_s);
+        const SendStatus sent = SendReq(u"COURT_STATUS\u00A6"_s);
+        WriteAppInfo(u"Requesting Court Availability From Server and Result is: "_s
+                     + numberText(sent));
+        const QString status = readCourtStatus();
+        const QString complete = u"Checking Court Availability Complete .."_s;
+        show(complete);
+        WriteAppInfo(complete);
+        Global.bCheckingServer = false;
+        return status;
+    } catch (const RunTimeError &) {
+        Global.bCheckingServer = false;
+        WriteAppInfo(u"Error While Retrieving the Court Availability Status. The Application will "
+                     "attempt to continue."_s);
+        return {};
+    }
+}
+
+void GetClientAcctgOption()
+{
+    SendReq(u"GETCLIENTACCTGOPT~"_s);
+    for (;;) {
+        const Response response = ReadResponse();
+        WriteAppInfo(u"Read Client Accounting Option from HV Server. Reply was: "_s
+                     + numberText(response.Status));
+        if (response.Status == ReadStatus::TimedOutOrLost) {
+            WriteAppInfo(u"Server Timeout - No Response From Server during GETCLIENTACCTGOPT "
+                         "retrieval!!"_s);
+            return;
+        }
+        if (response.Status != ReadStatus::Token) {
+            WriteAppInfo(u"Lost connection to server during retrieval of GETCLIENTACCTGOPT "
+                         "settings"_s);
+            return;
+        }
+        const QString token = response.Token.toUpper();
+        if (token.contains(u"TRUE~")) {
+            Global.bClientAcctgOpt = true;
+            return;
+        }
+        if (token.contains(u"FALSE~") || token.contains(u"EOF~")) {
+            Global.bClientAcctgOpt = false;
+            return;
+        }
+        Yield();
+    }
+}

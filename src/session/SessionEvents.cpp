@@ -1,0 +1,7 @@
+#include "session/SessionEvents.h"
+
+SessionEvents &SessionEvents::Of()
+{
+    static SessionEvents events;
+    return events;
+}

@@ -1,0 +1,49 @@
+#include "session/frmInactivity.h"
+
+#include "core/GlobalState.h"
+#include "core/RunTimeError.h"
+#include "ui_frmInactivity.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr int tickMilliseconds = 1000;
+}
+
+frmInactivity::frmInactivity(QWidget *parent)
+    : QDialog(parent), Timer1(new QTimer(this)), Timer1Tag(u"15"_s),
+      ui(std::make_unique<Ui::frmInactivity>())
+{
+    ui->setupUi(this);
+    setAttribute(Qt::WA_DeleteOnClose);
+    Global.bAutoLogout = false;
+    Timer1->setObjectName(u"Timer1"_s);
+    Timer1->setInterval(tickMilliseconds);
+    connect(Timer1, &QTimer::timeout, this, &frmInactivity::Tick);
+    connect(ui->cmdCancel, &QPushButton::clicked, this, [this] { leave(false); });
+    connect(ui->cmdLogOut, &QPushButton::clicked, this, [this] { leave(true); });
+    Timer1->start();
+}
+
+frmInactivity::~frmInactivity() = default;
+
+void frmInactivity::Tick()
+{
+    Timer1->stop();
+    const int left = ToInteger(Timer1Tag) - 1;
+    Timer1Tag = QString::number(left);
+    ui->cmdLogOut->setText(u"Logout = "_s + Timer1Tag + u" Seconds"_s);
+    if (left > 0) {
+        Global.bAutoLogout = false;
+        Timer1->start();
+        return;
+    }
+    leave(true);
+}
+
+void frmInactivity::leave(bool logOut)
+{
+    Timer1->stop();
+    Global.bAutoLogout = logOut;
+    close();
+}

@@ -1,0 +1,384 @@
+#include "session/frmMain.h"
+
+#include "controls/MsgBox.h"
+#include "controls/Twips.h"
+#include "core/AppFolder.h"
+#include "core/GlobalState.h"
+#include "core/Options.h"
+#include "core/UserStore.h"
+#include "core/Version.h"
+#include "link/ConnectState.h"
+#include "session/SessionEvents.h"
+#include "session/frmConnect.h"
+#include "session/frmConnectionStatus.h"
+#include "session/frmLogin.h"
+#include "session/frmMsg.h"
+#include "ui_frmMain.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDesktopServices>
+#include <QFontMetrics>
+#include <QLineEdit>
+#include <QMdiSubWindow>
+#include <QPlainTextEdit>
+#include <QTextDocumentFragment>
+#include <QUrl>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+QPointer<frmMain> loaded;
+
+constexpr int connectStatusMilliseconds = 15000;
+constexpr int exitMilliseconds = 700;
+constexpr int messagePanel = 1;
+constexpr int connectionPanel = 4;
+
+/// Where the window stood is kept in twips.
+struct PositionKey
+{
+    QStringView key;
+    QStringView fallback;
+};
+constexpr std::array<PositionKey, 4> positionKeys{{
+    {u"MainLeft", u"1000"},
+    {u"MainTop", u"1000"},
+    {u"MainWidth", u"6500"},
+    {u"MainHeight", u"6500"},
+}};
+
+QLabel *plainLabel(QWidget *parent, const QString &name)
+{
+    auto *label = new QLabel(parent);
+    label->setTextFormat(Qt::PlainText);
+    label->setObjectName(name);
+    return label;
+}
+
+void openSupportPage()
+{
+    QDesktopServices::openUrl(QUrl(SupportPage()));
+}
+
+} // namespace
+
+/// Outside every namespace, as the macro wants it.
+static void initResources()
+{
+    Q_INIT_RESOURCE(toolbar);
+}
+
+frmMain::frmMain()
+    : tmrConnectStatus(new QTimer(this)), TimerExit(new QTimer(this)),
+      ui(std::make_unique<Ui::frmMain>())
+{
+    initResources();
+    ui->setupUi(this);
+    loaded = this;
+    setWindowIcon(QIcon(u":/toolbar/halvane.svg"_s));
+    tmrConnectStatus->setObjectName(u"tmrConnectStatus"_s);
+    tmrConnectStatus->setInterval(connectStatusMilliseconds);
+    TimerExit->setObjectName(u"TimerExit"_s);
+    TimerExit->setInterval(exitMilliseconds);
+    makeStatusBar();
+    connectFileAndEdit();
+    connectMenus();
+    connectToolBar();
+    connect(tmrConnectStatus, &QTimer::timeout, this, &frmMain::CheckConnection);
+    connect(TimerExit, &QTimer::timeout, this, &frmMain::TimerExit_Tick);
+    connect(ui->mdiArea, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow *window) {
+        if (!window)
+            return;
+        lstActiveWindows.removeAll(window->windowTitle());
+        lstActiveWindows.append(window->windowTitle());
+    });
+    Load();
+}
+
+frmMain::~frmMain() = default;
+
+frmMain *frmMain::Form()
+{
+    return loaded;
+}
+
+void frmMain::Load()
+{
+    RestorePosition();
+    ShowConnection(Global.bLoggedIn);
+    UpdateStatusBarText(messagePanel, u"Halvane Ready .."_s);
+    LoadMainWindowOptions();
+    tmrConnectStatus->start();
+}
+
+void frmMain::makeStatusBar()
+{
+    for (size_t i = 0; i < panels.size(); ++i)
+        panels[i] = plainLabel(this, u"sbStatusBar_"_s + QString::number(i + 1));
+    notice = plainLabel(this, u"lblNotice"_s);
+    notice->hide();
+    lamp = plainLabel(this, u"lamp"_s);
+    ui->sbStatusBar->addWidget(panels[0], 1);
+    ui->sbStatusBar->addPermanentWidget(notice);
+    ui->sbStatusBar->addPermanentWidget(panels[1]);
+    ui->sbStatusBar->addPermanentWidget(panels[2]);
+    ui->sbStatusBar->addPermanentWidget(lamp);
+    ui->sbStatusBar->addPermanentWidget(panels[3]);
+    panels[0]->setContentsMargins(6, 0, 0, 0);
+    panels[3]->setMinimumWidth(fontMetrics().horizontalAdvance(u"Not Connected"_s) + 8);
+}
+
+void frmMain::connectFileAndEdit()
+{
+    connect(ui->mnuFileExit, &QAction::triggered, this, &frmMain::mnuFileExit_Click);
+    connect(ui->mnuEditCut, &QAction::triggered, this, &frmMain::Cut);
+    connect(ui->mnuEditCopy, &QAction::triggered, this, &frmMain::Copy);
+    connect(ui->mnuEditPaste, &QAction::triggered, this, &frmMain::Paste);
+    connect(ui->mnuViewToolbar, &QAction::toggled, ui->tbToolBar, &QWidget::setVisible);
+    connect(ui->mnuViewStatusBar, &QAction::toggled, ui->sbStatusBar, &QWidget::setVisible);
+}
+
+void frmMain::connectMenus()
+{
+    connect(ui->mnuCourtsWaSuperior, &QAction::triggered, this,
+            &frmMain::mnuCourtsWaSuperior_Click);
+    connect(ui->mnuConnnectionConnect, &QAction::triggered, this,
+            &frmMain::mnuConnnectionConnect_Click);
+    connect(ui->mnuConnectionDisConnect, &QAction::triggered, this,
+            &frmMain::mnuConnectionDisConnect_Click);
+    connect(ui->mnuConnectionStatus, &QAction::triggered, this,
+            [this] { frmConnectionStatus(this).exec(); });
+    connect(ui->mnuStartSearch, &QAction::triggered, this,
+            [] { Q_EMIT SessionEvents::Of().SearchWithStateWanted(); });
+    connect(ui->mnuCheckMsgs, &QAction::triggered, this, &frmMain::mnuCheckMsgs_Click);
+    connect(ui->mnuWindowCascade, &QAction::triggered, ui->mdiArea,
+            &QMdiArea::cascadeSubWindows);
+    connect(ui->mnuHelpOnline, &QAction::triggered, this, &openSupportPage);
+    connect(ui->mnuCourtDates, &QAction::triggered, this, &openSupportPage);
+    connect(ui->mnuHelpAbout, &QAction::triggered, this,
+            [] { Q_EMIT SessionEvents::Of().AboutWanted(); });
+}
+
+void frmMain::connectToolBar()
+{
+    connect(ui->tbToolBar_Cut, &QAction::triggered, this, &frmMain::Cut);
+    connect(ui->tbToolBar_Copy, &QAction::triggered, this, &frmMain::Copy);
+    connect(ui->tbToolBar_Paste, &QAction::triggered, this, &frmMain::Paste);
+    connect(ui->tbToolBar_Search, &QAction::triggered, ui->mnuStartSearch, &QAction::trigger);
+    connect(ui->tbToolBar_Back, &QAction::triggered, this, &frmMain::BackToPreviousChild);
+    connect(ui->tbToolBar_Delete, &QAction::triggered, this,
+            [this] { MsgBox(this, u"Add 'Delete' button code."_s); });
+    connect(ui->tbToolBar_Help, &QAction::triggered, this,
+            [this] { MsgBox(this, u"Add 'Help' button code."_s); });
+}
+
+void frmMain::RestorePosition()
+{
+    std::array<int, positionKeys.size()> place{};
+    for (size_t i = 0; i < positionKeys.size(); ++i) {
+        bool isNumber = false;
+        const QString fallback = positionKeys[i].fallback.toString();
+        const int twips = UserStoreValue(u"Settings"_s, positionKeys[i].key.toString(), fallback)
+                              .toInt(&isNumber);
+        place[i] = PixelsFromTwips(isNumber ? twips : fallback.toInt());
+    }
+    setGeometry(place[0], place[1], place[2], place[3]);
+}
+
+void frmMain::SavePosition()
+{
+    if (isMinimized())
+        return;
+    const QRect where = isMaximized() ? normalGeometry() : geometry();
+    const std::array<int, positionKeys.size()> place{where.left(), where.top(), where.width(),
+                                                     where.height()};
+    for (size_t i = 0; i < positionKeys.size(); ++i)
+        SaveUserStoreValue(u"Settings"_s, positionKeys[i].key.toString(),
+                           QString::number(TwipsFromPixels(place[i])));
+}
+
+bool frmMain::event(QEvent *event)
+{
+    if (event->type() == QEvent::WindowActivate)
+        Activated();
+    return QMainWindow::event(event);
+}
+
+void frmMain::Activated()
+{
+    lstActiveWindows.clear();
+    const QList<QMdiSubWindow *> open = ui->mdiArea->subWindowList(QMdiArea::ActivationHistoryOrder);
+    for (const QMdiSubWindow *child : open)
+        lstActiveWindows.append(child->windowTitle());
+    ShowConnection(Global.bLoggedIn);
+    // Once: whoever made the window smaller afterwards wants it so.
+    if (!activatedOnce)
+        setWindowState(windowState() | Qt::WindowMaximized);
+    activatedOnce = true;
+}
+
+void frmMain::ShowChild(FormWindow *child)
+{
+    QMdiSubWindow *frame = ui->mdiArea->addSubWindow(child);
+    // The child is deleted by its own rules, and may have to outlive its frame for a while.
+    frame->setAttribute(Qt::WA_DeleteOnClose, false);
+    frame->setWindowIcon(windowIcon());
+    connect(child, &FormWindow::Unloaded, frame, [this, frame] {
+        lstActiveWindows.removeAll(frame->windowTitle());
+        frame->setWidget(nullptr);
+        ui->mdiArea->removeSubWindow(frame);
+        frame->deleteLater();
+    });
+    child->show();
+    frame->resize(frame->sizeHint().expandedTo(child->minimumSize()));
+    frame->show();
+    ui->mdiArea->setActiveSubWindow(frame);
+}
+
+void frmMain::ShowChildAgain(FormWindow *child)
+{
+    auto *frame = qobject_cast<QMdiSubWindow *>(child->parentWidget());
+    if (!frame) {
+        ShowChild(child);
+        return;
+    }
+    child->show();
+    frame->setWindowState(frame->windowState() & ~Qt::WindowMinimized);
+    frame->show();
+    ui->mdiArea->setActiveSubWindow(frame);
+}
+
+void frmMain::HideChild(FormWindow *child)
+{
+    if (QWidget *frame = child->parentWidget())
+        frame->hide();
+}
+
+FormWindow *frmMain::ActiveChild() const
+{
+    const QMdiSubWindow *active = ui->mdiArea->currentSubWindow();
+    return active ? qobject_cast<FormWindow *>(active->widget()) : nullptr;
+}
+
+void frmMain::BackToPreviousChild()
+{
+    if (lstActiveWindows.size() < 2)
+        return;
+    const QString before = lstActiveWindows[lstActiveWindows.size() - 2];
+    const QList<QMdiSubWindow *> open = ui->mdiArea->subWindowList();
+    for (QMdiSubWindow *child : open) {
+        if (child->windowTitle() == before && child != ui->mdiArea->currentSubWindow()) {
+            ui->mdiArea->setActiveSubWindow(child);
+            return;
+        }
+    }
+}
+
+void frmMain::UpdateStatusBarText(int panel, const QString &text)
+{
+    if (panel < 1 || panel > static_cast<int>(panels.size()))
+        return;
+    panels[static_cast<size_t>(panel) - 1]->setText(text);
+}
+
+void frmMain::SetNotice(const QString &text)
+{
+    notice->setText(text);
+    notice->setVisible(!text.isEmpty());
+}
+
+void frmMain::ShowConnection(bool connected)
+{
+    const QString file = connected ? u"greenlt.bmp"_s : u"redlt.bmp"_s;
+    lamp->setPixmap(QPixmap(AppFile(file)));
+    UpdateStatusBarText(connectionPanel, connected ? u"Connected"_s : u"Not Connected"_s);
+    UpdateStatusBarText(messagePanel, u"Halvane Ready .."_s);
+    ui->mnuConnnectionConnect->setChecked(connected);
+    ui->mnuConnnectionConnect->setEnabled(!connected);
+    ui->mnuConnectionDisConnect->setChecked(false);
+    ui->mnuConnectionDisConnect->setEnabled(connected);
+}
+
+void frmMain::SetTxtConnectStatus(const QString &text)
+{
+    if (connectStatus == text)
+        return;
+    connectStatus = text;
+    CheckConnection();
+}
+
+void frmMain::CheckConnection()
+{
+    if (Global.bConnectionClosed || Global.intConnectState != ConnectDone) {
+        connectStatus = u"NOT CONNECTED"_s;
+        Global.bLoggedIn = false;
+        Global.bLoginBusy = false;
+        Global.bGettingParams = false;
+        Global.bGettingMessages = false;
+    }
+    ShowConnection(connectStatus == u"Connected");
+}
+
+void frmMain::mnuConnnectionConnect_Click()
+{
+    // A click checks the entry by itself; only the connection does.
+    ui->mnuConnnectionConnect->setChecked(Global.bLoggedIn);
+    if (Global.bLoggedIn)
+        return;
+    if (Global.bShowAlerts)
+        frmConnect::ShowModal(this);
+    else
+        Global.bConnectChosen = true;
+    if (Global.bConnectChosen)
+        frmLogin::ShowForm(this);
+}
+
+void frmMain::mnuCourtsWaSuperior_Click()
+{
+    for (QAction *entry : {ui->mnuIdahoSupremeCourt, ui->mnuOrCourts, ui->mnuCourtsWaDiscis,
+                           ui->mnuFedBK})
+        entry->setChecked(false);
+    ui->mnuCourtsWaSuperior->setChecked(true);
+    Q_EMIT SessionEvents::Of().SuperiorCourtsWanted();
+}
+
+void frmMain::mnuCheckMsgs_Click()
+{
+    if (Global.strPrivateMsgs == NoMessagesFound() || Global.strPrivateMsgs.isEmpty()) {
+        MsgBox(this, u"No Messages Found."_s, u"Halvane - Private Messages"_s);
+        return;
+    }
+    auto *window = new frmMsg(this);
+    window->show();
+    window->SetText1(Global.strPrivateMsgs);
+}
+
+void frmMain::Cut()
+{
+    Copy();
+    if (auto *line = qobject_cast<QLineEdit *>(QApplication::focusWidget()))
+        line->insert(QString());
+    else if (auto *text = qobject_cast<QPlainTextEdit *>(QApplication::focusWidget());
+             text && !text->isReadOnly())
+        text->insertPlainText(QString());
+}
+
+void frmMain::Copy()
+{
+    QString selected;
+    if (const auto *line = qobject_cast<QLineEdit *>(QApplication::focusWidget()))
+        selected = line->echoMode() == QLineEdit::Normal ? line->selectedText() : QString();
+    else if (const auto *text = qobject_cast<QPlainTextEdit *>(QApplication::focusWidget()))
+        selected = text->textCursor().selection().toPlainText();
+    if (!selected.isEmpty())
+        QApplication::clipboard()->setText(selected);
+}
+
+void frmMain::Paste()
+{
+    if (auto *line = qobject_cast<QLineEdit *>(QApplication::focusWidget()))
+        line->paste();
+    else if (auto *text = qobject_cast<QPlainTextEdit *>(QApplication::focusWidget()))
+        text->paste();
+}

@@ -1,0 +1,162 @@
+#!/usr/bin/env python3
+"""A lint that finds nothing is worth nothing: each one has to fail on a tree with one offence, for
+every kind of offence, and to pass on the same tree without it."""
+
+import os
+import subprocess
+import sys
+import tempfile
+import unittest
+
+HERE = os.path.dirname(os.path.abspath(__file__))
+
+LABEL_UI = """<ui version="4.0"><class>frmOne</class><widget class="QDialog" name="frmOne">
+ <widget class="QLabel" name="lblState">{}</widget>
+</widget></ui>
+"""
+PLAIN_PROPERTY = '<property name="textFormat"><enum>Qt::PlainText</enum></property>'
+
+# Everything in it is allowed, and much of it is nearly not.
+CLEAN_TREE = {
+    "src/main.cpp": '#include "prefs/frmOpts.h"\n#include "app/Start.h"\n',
+    "src/core/Clock.h": "#include <QDateTime>\n// SIGNAL( and emit this: only a remark\n",
+    "src/core/CMakeLists.txt": "add_library(halvane_core STATIC Clock.h)\n",
+    "src/link/Comm.cpp": '#include "link/Comm.h"\n#include "core/Clock.h"\n',
+    "src/link/Comm.h": "#include <QByteArray>\n",
+    "src/jobs/CMakeLists.txt": "halvane_library(jobs logic SOURCES Turn.cpp Turn.h LIBS core)\n"
+                               "halvane_library(jobs forms SOURCES frmQueue.cpp)\n",
+    "src/jobs/Turn.h": '#include "core/Clock.h"\n',
+    "src/jobs/Turn.cpp": '#include "jobs/Turn.h"\n#include "link/Comm.h"\n',
+    "src/jobs/frmQueue.cpp": '#include "jobs/Turn.h"\n#include <QWidget>\n'
+                             '#include "ui_frmQueue.h"\n',
+    "src/app/Start.h": '#include "searchentry/frmSearchWA.h"\n#include "prefs/frmOpts.h"\n',
+    "src/searchentry/frmSearchWA.h": '#include "session/frmOne.h"\n',
+    "src/prefs/frmOpts.h": '#include "namesearch/Rows.h"\n',
+    "src/namesearch/Rows.h": "int rows = 1'000; // and 'quotes'\n",
+    "src/controls/MsgBox.h": "class QMessageBox;\n",
+    "src/controls/MsgBox.cpp": "void f() { QMessageBox b; b.setTextFormat(Qt::PlainText); }\n",
+    "src/session/frmOne.h": "class frmOne {\n    Q_OBJECT\nQ_SIGNALS:\n    void Done();\n"
+                            "private Q_SLOTS:\n    void x();\n    QLabel status;\n};\n",
+    "src/session/frmOne.cpp": """
+        frmOne::frmOne() : lblOne(new QLabel(this))
+        {
+            lblOne->setTextFormat(Qt::PlainText);
+            status.setTextFormat(Qt::PlainText);
+            auto *label = new QLabel(u"signals: of emit x, SLOT(x), QMessageBox"_s);
+            label->setTextFormat(Qt::PlainText);
+            for (int i = 0; i < 3; ++i) {
+                optState[i] = new QLabel(this);
+                optState[i]->setTextFormat(Qt::PlainText);
+            }
+            Q_EMIT Done();
+        }
+        """,
+    "src/session/frmOne.ui": LABEL_UI.format(PLAIN_PROPERTY),
+    "tests/session/tst_frmOne.cpp": "QVERIFY(trueCopy); // a QMessageBox is answered here\n",
+    "data/masks.txt": "XXX-XX-1234, special, in part 1\n",
+    "docs/tests.md": "We never use QSKIP.\n",
+    "src/core/Long.cpp": "// Long by design: one table.\n" + "\n" * 700,
+    "build/dev/moc_x.cpp": "emit TODO;\n",
+}
+
+# In pieces, so that this file does not itself say what it must not.
+PAPER = "spe" + "cification"
+CHAPTER = "Par" + "t 4.1"
+
+# (lint, what is wrong, file, its content)
+OFFENCES = [
+    ("layers", "upward", "src/core/Bad.h", '#include "jobs/Turn.h"\n'),
+    ("layers", "upward in brackets", "src/jobs/Bad.cpp", "# include <session/frmOne.h>\n"),
+    ("layers", "brothers", "src/prefs/Bad.h", '#include "searchentry/frmSearchWA.h"\n'),
+    ("layers", "brothers below", "src/link/Bad.cpp", '#include "controls/MsgBox.h"\n'),
+    ("layers", "into the top", "src/prefs/Bad.h", '#include "app/Start.h"\n'),
+    ("layers", "around the corner", "src/core/Bad.h", '#include "../jobs/Turn.h"\n'),
+    ("layers", "unknown folder", "src/misc/Bad.h", "\n"),
+    ("layers", "beside the folders", "src/Bad.cpp", "\n"),
+    ("layers", "widget in core", "src/core/Bad.cpp", "#include <QLabel>\n"),
+    ("layers", "widget module in link", "src/link/Bad.cpp", "#include <QtWidgets>\n"),
+    ("layers", "widget by its module", "src/link/Bad.cpp", "#include <QtWidgets/QLabel>\n"),
+    ("layers", "widget in logic", "src/jobs/Turn.cpp", "#include <QWidget>\n"),
+    ("layers", "widget through a header", "src/jobs/Turn.cpp", '#include "controls/View.h"\n',
+     {"src/controls/View.h": "#include <QTreeView>\n"}),
+    ("layers", "widget in a long-hand library", "src/session/Bad.cpp", "#include <QMenu>\n",
+     {"src/session/CMakeLists.txt": "add_library(halvane_session_logic STATIC\n  Bad.cpp)\n"}),
+
+    ("plain_text", "box", "src/session/Bad.cpp", "QMessageBox::warning(this, a, b);\n"),
+    ("plain_text", "box in the practice court", "practice/Bad.cpp", "#include <QMessageBox>\n"),
+    ("plain_text", "box of ours with any format", "src/controls/MsgBox.cpp", "QMessageBox b;\n"),
+    ("plain_text", "label", "src/session/Bad.cpp", "auto *a = new QLabel(this);\n"),
+    ("plain_text", "label in an initialiser", "src/session/Bad.cpp", "X::X() : a(new QLabel) {}\n"),
+    ("plain_text", "label without a name", "src/session/Bad.cpp", "l->addWidget(new QLabel(t));\n"),
+    ("plain_text", "label by make_unique", "src/session/Bad.cpp",
+     "auto a = std::make_unique<QLabel>(t);\n"),
+    ("plain_text", "label as a member", "src/session/Bad.h", "class X { QLabel a; };\n"),
+    ("plain_text", "second label of a name", "src/session/Bad.cpp",
+     "auto *a = new QLabel; a->setTextFormat(Qt::PlainText);\nauto *a = new QLabel;\n"),
+    ("plain_text", "kind of label", "src/controls/Bad.h", "class X : public QLabel {};\n"),
+    ("plain_text", "rich text", "src/session/Bad.cpp", "a->setTextFormat(Qt::RichText);\n"),
+    ("plain_text", "label in a .ui file", "src/session/Bad.ui", LABEL_UI.format("")),
+    ("plain_text", "other format in a .ui file", "src/session/Bad.ui",
+     LABEL_UI.format(PLAIN_PROPERTY.replace("Plain", "Auto"))),
+    ("plain_text", "broken .ui file", "src/session/Bad.ui", "<ui>"),
+    ("plain_text", "connect by text", "tests/Bad.cpp", "connect(a, SIGNAL(x()), b, &B::x);\n"),
+    ("plain_text", "slot by text", "src/core/Bad.cpp", "connect(a, &A::x, b, SLOT (x()));\n"),
+    ("plain_text", "signals", "src/session/Bad.h", "signals:\n"),
+    ("plain_text", "slots", "tests/Bad.h", "private slots:\n"),
+    ("plain_text", "emit", "practice/Bad.cpp", "emit Done();\n"),
+    ("plain_text", "foreach", "src/core/Bad.cpp", "foreach (int a, list) {}\n"),
+
+    ("house", "long file", "src/core/Bad.cpp", "\n" * 601),
+    ("house", "long without a reason", "src/core/Bad.h", "// Long by design: \n" + "\n" * 601),
+    ("house", "paper", "src/core/Bad.h", f"// as the {PAPER} says\n"),
+    ("house", "paper, short and large", "docs/bad.md", "see the " + PAPER[:4].upper() + "S.\n"),
+    ("house", "chapter", "data/bad.txt", f"see {CHAPTER}\n"),
+    ("house", "paper in a file's name", f"docs/{PAPER}.md", "\n"),
+    ("house", "skipped test", "tests/Bad.cpp", 'QSKIP("later");\n'),
+    ("house", "test expected to fail", "tests/Bad.cpp", 'QEXPECT_FAIL("", "x", Continue);\n'),
+    ("house", "test that cannot fail", "tests/Bad.cpp", "QVERIFY( true);\n"),
+    ("house", "note", "src/core/Bad.cpp", "// TODO: the rest\n"),
+    ("house", "note in a script", "tools/bad", "# FIXME\n"),
+    ("house", "note by a mark", "src/core/Bad.cpp", "// XXX slow\n"),
+]
+
+
+class Lints(unittest.TestCase):
+    def run_lint(self, lint, tree):
+        with tempfile.TemporaryDirectory() as root:
+            for path, content in tree.items():
+                full = os.path.join(root, path)
+                os.makedirs(os.path.dirname(full), exist_ok=True)
+                with open(full, "w", encoding="utf-8") as file:
+                    file.write(content)
+            return subprocess.run(
+                [sys.executable, os.path.join(HERE, lint + ".py"), root],
+                capture_output=True, text=True, check=False,
+            )
+
+    def test_a_clean_tree_passes(self):
+        for lint in ("layers", "plain_text", "house"):
+            with self.subTest(lint):
+                done = self.run_lint(lint, CLEAN_TREE)
+                self.assertEqual((done.returncode, done.stdout, done.stderr), (0, "", ""))
+
+    def test_every_offence_is_found(self):
+        for lint, kind, path, content, *more in OFFENCES:
+            with self.subTest(f"{lint}: {kind}"):
+                tree = {**CLEAN_TREE, **(more[0] if more else {}), path: content}
+                done = self.run_lint(lint, tree)
+                self.assertEqual((done.returncode, done.stderr), (1, ""))
+                # The offence that was planted, and no other.
+                self.assertEqual({line.split(":")[0] for line in done.stdout.splitlines()}, {path})
+
+    def test_a_wrong_call_is_no_pass(self):
+        for lint in ("layers", "plain_text", "house"):
+            done = subprocess.run(
+                [sys.executable, os.path.join(HERE, lint + ".py"), "/no/such/folder"],
+                capture_output=True, check=False,
+            )
+            self.assertNotEqual(done.returncode, 0)
+
+
+if __name__ == "__main__":
+    unittest.main()
