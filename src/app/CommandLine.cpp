@@ -10,8 +10,8 @@ StartOptions ReadCommandLine(const QStringList &arguments)
 {
     QCommandLineParser parser;
     parser.setApplicationDescription(u"Halvane searches court records."_s);
-    const QCommandLineOption folder(
-        u"folder"_s, u"Keep settings, lists, log and reports in <dir>."_s, u"dir"_s);
+    const QCommandLineOption folder(u"folder"_s,
+                                    u"Keep settings, lists, log and reports in <dir>."_s, u"dir"_s);
     const QCommandLineOption practice(
         u"practice"_s, u"Search made-up records on a practice court started for this session."_s);
     const QCommandLineOption tour(

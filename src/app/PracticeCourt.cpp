@@ -25,8 +25,9 @@ bool PracticeCourt::Start(const QString &program, const QStringList &switches)
         return false;
     }
     const QDeadlineTimer deadline(startMilliseconds);
-    while (!process.canReadLine() && process.waitForReadyRead(static_cast<int>(
-               std::max<qint64>(0, deadline.remainingTime())))) {
+    while (!process.canReadLine()
+           && process.waitForReadyRead(
+               static_cast<int>(std::max<qint64>(0, deadline.remainingTime())))) {
     }
     const QString line = QString::fromUtf8(process.readLine()).trimmed();
     port = line.section(u':', -1).toUShort();

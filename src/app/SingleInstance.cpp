@@ -17,8 +17,7 @@ QString instanceName(const QString &folder)
 {
     const QByteArray mark =
         QCryptographicHash::hash(folder.toUtf8(), QCryptographicHash::Sha256).toHex();
-    return u"halvane-"_s + UserIdText() + u'-'
-           + QString::fromLatin1(mark.left(folderMarkLength));
+    return u"halvane-"_s + UserIdText() + u'-' + QString::fromLatin1(mark.left(folderMarkLength));
 }
 } // namespace
 

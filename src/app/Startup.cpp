@@ -77,13 +77,14 @@ void WireWindows()
     SetErrorBox([](const QString &text) {
         MsgBox(frmMain::Form(), text, {}, MsgButtons::Ok, MsgIcon::Critical);
     });
-    QObject::connect(qGuiApp, &QGuiApplication::commitDataRequest, qGuiApp,
-                     [](QSessionManager &manager) {
-                         frmMain *main = frmMain::Form();
-                         if (main && !main->Unload(UnloadMode::SessionEnd))
-                             manager.cancel();
-                     },
-                     Qt::DirectConnection);
+    QObject::connect(
+        qGuiApp, &QGuiApplication::commitDataRequest, qGuiApp,
+        [](QSessionManager &manager) {
+            frmMain *main = frmMain::Form();
+            if (main && !main->Unload(UnloadMode::SessionEnd))
+                manager.cancel();
+        },
+        Qt::DirectConnection);
 }
 
 void Main(bool practice)

@@ -13,15 +13,15 @@ bool ReplaceFileContent(const QString &path, const QByteArray &content)
     if (info.isDir())
         return false;
     // A link stays a link: what it points at is what is replaced.
-    const QString target = info.isSymLink() && info.exists() ? info.canonicalFilePath()
-                                                             : info.absoluteFilePath();
+    const QString target =
+        info.isSymLink() && info.exists() ? info.canonicalFilePath() : info.absoluteFilePath();
     // QTemporaryFile creates its file with mode 0600, in the target's own folder, so that the
     // renaming stays within one file system.
     QTemporaryFile file(target + QStringLiteral(".XXXXXX"));
     if (!file.open())
         return false;
-    const bool written = file.write(content) == content.size() && file.flush()
-                         && FlushToDisk(file.handle());
+    const bool written =
+        file.write(content) == content.size() && file.flush() && FlushToDisk(file.handle());
     file.close();
     if (!written || file.error() != QFileDevice::NoError)
         return false;

@@ -83,9 +83,8 @@ void CSetting::writeText(const QString &section, const QString &key, const QStri
         SaveUserStoreValue(section, key, value);
         return;
     }
-    changeFile(fullPath, [&](const QByteArray &text) {
-        return IniTextWithValue(text, section, key, value);
-    });
+    changeFile(fullPath,
+               [&](const QByteArray &text) { return IniTextWithValue(text, section, key, value); });
 }
 
 QString CSetting::GetSettingStr(const QString &section, const QString &key, const QString &fallback)

@@ -138,8 +138,7 @@ bool LoadAppOptions()
 {
     Global.bEnableMRU = GetOptionStr(u"Searching"_s, u"EnableMRU"_s) != u"0";
     Global.bEnableAcctg = GetOptionStr(u"Accounting"_s, u"EnableAcctg"_s) != u"0";
-    Global.intMaxIndexResults =
-        positiveOr(GetOptionStr(u"Searching"_s, u"MaxIndexResults"_s), 500);
+    Global.intMaxIndexResults = positiveOr(GetOptionStr(u"Searching"_s, u"MaxIndexResults"_s), 500);
     Global.CasesPerPage = Global.intMaxIndexResults;
     for (const DefaultedText &row : defaultedTexts) {
         const QString value = TrimBlanks(GetOptionStr(u"Searching"_s, row.key.toString()));

@@ -31,7 +31,8 @@ bool AppendOwnerOnly(const QString &path, const QByteArray &bytes)
     struct stat info = {};
     if (::fstat(descriptor, &info) == 0 && (info.st_mode & (S_IRWXG | S_IRWXO)) != 0)
         ::fchmod(descriptor, S_IRUSR | S_IWUSR);
-    const ssize_t written = ::write(descriptor, bytes.constData(), static_cast<size_t>(bytes.size()));
+    const ssize_t written =
+        ::write(descriptor, bytes.constData(), static_cast<size_t>(bytes.size()));
     return (::close(descriptor) == 0) && written == bytes.size();
 #else
     QFile file(path);

@@ -10,8 +10,8 @@ qsizetype find(const QByteArray &bytes, qsizetype from, char delimiter)
 {
     if (from >= bytes.size())
         return -1;
-    const void *found = std::memchr(bytes.constData() + from, delimiter,
-                                    static_cast<size_t>(bytes.size() - from));
+    const void *found =
+        std::memchr(bytes.constData() + from, delimiter, static_cast<size_t>(bytes.size() - from));
     return found ? static_cast<const char *>(found) - bytes.constData() : -1;
 }
 } // namespace

@@ -29,7 +29,8 @@ qint16 ToInteger(const QString &text)
         throw RunTimeError::TypeMismatch();
     // Halves go to the even neighbour, as everywhere in the program.
     const double rounded = std::nearbyint(value);
-    if (rounded < std::numeric_limits<qint16>::min() || rounded > std::numeric_limits<qint16>::max())
+    if (rounded < std::numeric_limits<qint16>::min()
+        || rounded > std::numeric_limits<qint16>::max())
         throw RunTimeError::Overflow();
     return static_cast<qint16>(rounded);
 }

@@ -105,12 +105,14 @@ QString ReplaceText(const QString &text, const QString &search, const QString &r
 void WrapTextByWidth(const QString &text, double limit, const TextMeasure &textWidth,
                      QStringList &lines)
 {
-    wrap(text, u"  "_s, [&](const QString &line) { return textWidth(line) <= limit; }, lines);
+    wrap(
+        text, u"  "_s, [&](const QString &line) { return textWidth(line) <= limit; }, lines);
 }
 
 void WrapTextByLength(const QString &text, int limit, QStringList &lines)
 {
-    wrap(text, {}, [&](const QString &line) { return line.size() <= limit; }, lines);
+    wrap(
+        text, {}, [&](const QString &line) { return line.size() <= limit; }, lines);
 }
 
 QString StripToFileChars(const QString &text)

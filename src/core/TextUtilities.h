@@ -52,8 +52,8 @@ QString MakeMasterKey();
 /// 16 bits is an error: it is shown in a box, and the answer is 0.
 qint16 ArrayCount(qsizetype elements);
 
-/// Shows a box with an error of the program itself. The core has no windows: the layer that has them
-/// registers here at start, and without it nothing is shown.
+/// Shows a box with an error of the program itself. The core has no windows: the layer that has
+/// them registers here at start, and without it nothing is shown.
 void ShowErrorBox(const QString &text);
 void SetErrorBox(std::function<void(const QString &)> box);
 

@@ -20,8 +20,9 @@ int AnsiCode(QChar character)
     if (unit < firstMapped || (unit > lastMapped && unit <= 0xFF))
         return unit;
     const auto *found = std::find(upperControls.begin(), upperControls.end(), unit);
-    return found == upperControls.end() ? -1
-                                        : firstMapped + static_cast<int>(found - upperControls.begin());
+    return found == upperControls.end()
+               ? -1
+               : firstMapped + static_cast<int>(found - upperControls.begin());
 }
 
 QChar AnsiCharacter(quint8 code)

@@ -13,16 +13,9 @@ constexpr qsizetype mostCaseTypes = 65;
 QStringList waCaseTypes;
 
 /// By the type digit, from 0; a digit with an empty word says nothing.
-constexpr std::array<QStringView, 10> typeOfDigit{u"",
-                                                  u"Criminal",
-                                                  u"Civil",
-                                                  u"Domestic",
-                                                  u"Probate",
-                                                  u"Sealed",
-                                                  u"Sealed",
-                                                  u"Sealed",
-                                                  u"Juvenile Offender",
-                                                  u"Judgment"};
+constexpr std::array<QStringView, 10> typeOfDigit{
+    u"",       u"Criminal", u"Civil",  u"Domestic",          u"Probate",
+    u"Sealed", u"Sealed",   u"Sealed", u"Juvenile Offender", u"Judgment"};
 
 struct NumberHead
 {
@@ -61,9 +54,8 @@ QString GetCaseTypeFromNumber(const QString &number, const QString &court)
     if (court.startsWith(u"WA")) {
         QString digits = upper;
         digits.remove(u'-');
-        const int digit = digits.size() > typeDigitPosition
-                              ? digits[typeDigitPosition].digitValue()
-                              : -1;
+        const int digit =
+            digits.size() > typeDigitPosition ? digits[typeDigitPosition].digitValue() : -1;
         return digit < 0 ? QString() : typeOfDigit[static_cast<size_t>(digit)].toString();
     }
     if (!court.startsWith(u"ID"))

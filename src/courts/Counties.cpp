@@ -13,13 +13,13 @@ constexpr qsizetype mostOrCounties = 38;
 constexpr qsizetype mostIdCounties = 44;
 
 constexpr std::array<QStringView, 39> waCounties{
-    u"Adams",        u"Asotin",    u"Benton",   u"Chelan",    u"Clallam",     u"Clark",
-    u"Columbia",     u"Cowlitz",   u"Douglas",  u"Ferry",     u"Franklin",    u"Garfield",
-    u"Grant",        u"Grays Harbor", u"Island", u"Jefferson", u"King",       u"Kitsap",
-    u"Kittitas",     u"Klickitat", u"Lewis",    u"Lincoln",   u"Mason",       u"Okanogan",
-    u"Pacific",      u"Pend Oreille", u"Pierce", u"San Juan", u"Skagit",      u"Skamania",
-    u"Snohomish",    u"Spokane",   u"Stevens",  u"Thurston",  u"Wahkiakum",   u"Walla Walla",
-    u"Whatcom",      u"Whitman",   u"Yakima"};
+    u"Adams",     u"Asotin",       u"Benton",  u"Chelan",    u"Clallam",   u"Clark",
+    u"Columbia",  u"Cowlitz",      u"Douglas", u"Ferry",     u"Franklin",  u"Garfield",
+    u"Grant",     u"Grays Harbor", u"Island",  u"Jefferson", u"King",      u"Kitsap",
+    u"Kittitas",  u"Klickitat",    u"Lewis",   u"Lincoln",   u"Mason",     u"Okanogan",
+    u"Pacific",   u"Pend Oreille", u"Pierce",  u"San Juan",  u"Skagit",    u"Skamania",
+    u"Snohomish", u"Spokane",      u"Stevens", u"Thurston",  u"Wahkiakum", u"Walla Walla",
+    u"Whatcom",   u"Whitman",      u"Yakima"};
 
 struct OrCounty
 {
@@ -28,18 +28,18 @@ struct OrCounty
 };
 
 constexpr std::array<OrCounty, 37> orCounties{{
-    {u"Baker", u"BAK"},      {u"Benton", u"BEN"},     {u"City of Hermiston", u"HER"},
-    {u"Clackamas", u"CLA"},  {u"Clatsop", u"CLT"},    {u"Columbia", u"COL"},
-    {u"Coos", u"COO"},       {u"Crook", u"CRO"},      {u"Curry", u"CUR"},
-    {u"Deschutes", u"DES"},  {u"Douglas", u"DOU"},    {u"Gilliam", u"GIL"},
-    {u"Grant", u"GRA"},      {u"Harney", u"HAR"},     {u"Hood", u"HOO"},
-    {u"Jackson", u"JAC"},    {u"Jefferson", u"JEF"},  {u"Josephine", u"JOS"},
-    {u"Klamath", u"KLA"},    {u"Lake", u"LAK"},       {u"Lane", u"LAN"},
-    {u"Lincoln", u"LNN"},    {u"Linn", u"LIN"},       {u"Malheur", u"MAL"},
-    {u"Marion", u"MAR"},     {u"Morrow", u"MOR"},     {u"Multnomah", u"MCR"},
-    {u"Polk", u"PLK"},       {u"Sherman", u"SHE"},    {u"Tillamook", u"TIL"},
-    {u"Umatilla", u"UMA"},   {u"Union", u"UNI"},      {u"Wallowa", u"WAL"},
-    {u"Wasco", u"WAS"},      {u"Washington", u"WSH"}, {u"Wheeler", u"WHE"},
+    {u"Baker", u"BAK"},     {u"Benton", u"BEN"},     {u"City of Hermiston", u"HER"},
+    {u"Clackamas", u"CLA"}, {u"Clatsop", u"CLT"},    {u"Columbia", u"COL"},
+    {u"Coos", u"COO"},      {u"Crook", u"CRO"},      {u"Curry", u"CUR"},
+    {u"Deschutes", u"DES"}, {u"Douglas", u"DOU"},    {u"Gilliam", u"GIL"},
+    {u"Grant", u"GRA"},     {u"Harney", u"HAR"},     {u"Hood", u"HOO"},
+    {u"Jackson", u"JAC"},   {u"Jefferson", u"JEF"},  {u"Josephine", u"JOS"},
+    {u"Klamath", u"KLA"},   {u"Lake", u"LAK"},       {u"Lane", u"LAN"},
+    {u"Lincoln", u"LNN"},   {u"Linn", u"LIN"},       {u"Malheur", u"MAL"},
+    {u"Marion", u"MAR"},    {u"Morrow", u"MOR"},     {u"Multnomah", u"MCR"},
+    {u"Polk", u"PLK"},      {u"Sherman", u"SHE"},    {u"Tillamook", u"TIL"},
+    {u"Umatilla", u"UMA"},  {u"Union", u"UNI"},      {u"Wallowa", u"WAL"},
+    {u"Wasco", u"WAS"},     {u"Washington", u"WSH"}, {u"Wheeler", u"WHE"},
     {u"Yamhill", u"YAM"},
 }};
 

@@ -13,8 +13,8 @@ enum class Turn {
 };
 
 /// Whose turn it is, seen from the job with this key. The stop request goes before the running job,
-/// and the running job before the queue: a job at the head must not start while another one is still
-/// reading from the link.
+/// and the running job before the queue: a job at the head must not start while another one is
+/// still reading from the link.
 Turn AskForTurn(const QString &txtMasterKey);
 
 /// Puts a key at the end of the queue.

@@ -155,6 +155,7 @@ Response ReadResponse()
             start = Clock::Current().SecondsOfDay();
             longestWait = longestPartialWaitSeconds;
         }
+        const qsizetype before = Global.strRecvBuffer.Size();
         const QByteArray token = ExtractDelimited(Global.strRecvBuffer, frameBar);
         if (!token.isEmpty())
             return {ReadStatus::Token, FromWindows1252(token)};
@@ -163,6 +164,10 @@ Response ReadResponse()
         refuseEndlessToken();
         if (frmWinsock::IsLoaded())
             frmWinsock::Form().TakeArrivedData();
-        YieldUntilEvent(static_cast<double>(longestWait));
+        // An empty token was consumed: what stands behind it is here already and wakes nobody.
+        if (Global.strRecvBuffer.Size() != before)
+            Yield();
+        else
+            YieldUntilEvent(static_cast<double>(longestWait));
     }
 }

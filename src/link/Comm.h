@@ -22,8 +22,14 @@ enum class ReadStatus : qint16 {
 };
 
 /// The number of a status, as the log lines show it.
-constexpr qint16 Number(SendStatus status) { return static_cast<qint16>(status); }
-constexpr qint16 Number(ReadStatus status) { return static_cast<qint16>(status); }
+constexpr qint16 Number(SendStatus status)
+{
+    return static_cast<qint16>(status);
+}
+constexpr qint16 Number(ReadStatus status)
+{
+    return static_cast<qint16>(status);
+}
 
 /// Sends a request, given without its bars, and waits up to 30 seconds until it has left. Logs the
 /// request as it is, a password in it included. Restarts the idle count, or stops it when there is

@@ -1,7 +1,7 @@
 #include "link/Router.h"
 
-#include "core/Clock.h"
 #include "core/CSetting.h"
+#include "core/Clock.h"
 #include "core/EventLoop.h"
 #include "core/GlobalState.h"
 #include "core/Log.h"
@@ -53,7 +53,8 @@ bool ConnectToRouter(const QString &address)
     frmWinsock &form = frmWinsock::Form();
     const QPointer<frmWinsock> stillLoaded(&form);
     form.CSock->RemoteHost = TrimBlanks(address);
-    form.CSock->RemotePort = static_cast<quint16>(std::clamp(Global.lngServerPort, 0, greatestPort));
+    form.CSock->RemotePort =
+        static_cast<quint16>(std::clamp(Global.lngServerPort, 0, greatestPort));
     form.CSock->LocalPort = 0;
     Global.intConnectState = ConnectUnderWay;
     form.CSock->Connect();
@@ -106,8 +107,7 @@ ServerSelection SelectServer(const std::function<bool()> &cancelled)
         }
         if (cancelled())
             return ServerSelection::Cancelled;
-        Global.lngServerPort =
-            Global.lngServerPort == standardPort ? alternatePort : standardPort;
+        Global.lngServerPort = Global.lngServerPort == standardPort ? alternatePort : standardPort;
         const QString port = QString::number(Global.lngServerPort);
         WriteAppInfo(u"Note: Swapping Connection Port to: "_s + port);
         if (ConnectToRouter(address)) {

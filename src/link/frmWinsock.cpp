@@ -85,8 +85,7 @@ frmWinsock::frmWinsock()
     Global.strInactivityTimeOut = GetOptionStr(u"General"_s, u"InactivityTimeOut"_s);
     Global.bConnectionClosed = false;
 
-    connect(CSock, &ServerSocket::Connected, this,
-            [] { Global.intConnectState = ConnectDone; });
+    connect(CSock, &ServerSocket::Connected, this, [] { Global.intConnectState = ConnectDone; });
     connect(CSock, &ServerSocket::DataArrival, this, &frmWinsock::DataArrival);
     connect(CSock, &ServerSocket::SendComplete, this, &frmWinsock::SendCompleted);
     connect(CSock, &ServerSocket::Closed, this, &frmWinsock::SocketClosed);

@@ -67,8 +67,7 @@ SearchCriteria SuperiorCriteria(const QString &requestLine)
     const QString shown = county.size() <= longestWholeCounty
                               ? QString(county + u" "_s)
                               : QString(county.left(longestCountyHead) + u".. "_s);
-    criteria.Caption =
-        criteria.Name + u" in "_s + shown + u"County, Washington Superior Courts"_s;
+    criteria.Caption = criteria.Name + u" in "_s + shown + u"County, Washington Superior Courts"_s;
     return criteria;
 }
 

@@ -25,10 +25,9 @@ enum ResultButton { CaseDetails, CloseResults, PrintResults, CreateSearch, GetNe
 void applyStyle(QLabel *label, StatusStyle style)
 {
     if (style != StatusStyle::Unchanged)
-        SetStatusStyle(label,
-                       style == StatusStyle::NormalBold ? StatusColour::Normal
-                                                        : StatusColour::Trouble,
-                       true);
+        SetStatusStyle(
+            label, style == StatusStyle::NormalBold ? StatusColour::Normal : StatusColour::Trouble,
+            true);
 }
 } // namespace
 
@@ -40,16 +39,14 @@ frmNameSearchResults::frmNameSearchResults(const QString &state, bool indexSearc
 {
     ui->setupUi(this);
     for (size_t i = 0; i < cmdSearchResults.size(); ++i)
-        cmdSearchResults[i] =
-            findChild<QPushButton *>(u"cmdSearchResults_"_s + QString::number(i));
+        cmdSearchResults[i] = findChild<QPushButton *>(u"cmdSearchResults_"_s + QString::number(i));
     // Two buttons of the first design stand beyond the window's edge and do nothing; Get Next
     // comes into sight only when a page has a next one.
     cmdSearchResults[CloseResults]->hide();
     cmdSearchResults[CreateSearch]->hide();
     showPageButton(false);
-    setSearchStatus(
-        u" Search In Progress. Select Stop Search Button to Cancel Current Search .."_s,
-        StatusStyle::NormalBold);
+    setSearchStatus(u" Search In Progress. Select Stop Search Button to Cancel Current Search .."_s,
+                    StatusStyle::NormalBold);
     applyStyle(ui->lblStatus, StatusStyle::NormalBold);
     QSizePolicy keepsPlace = ui->lblStatus->sizePolicy();
     keepsPlace.setRetainSizeWhenHidden(true);
@@ -83,8 +80,8 @@ void frmNameSearchResults::InitListView()
     QList<ListColumn> columns;
     for (const ResultColumn &column : ResultColumnsOf(kind)) {
         const bool centred = column.header == centredColumn;
-        columns.append({column.header.toString(), column.width,
-                        centred ? Qt::AlignHCenter : Qt::AlignLeft});
+        columns.append(
+            {column.header.toString(), column.width, centred ? Qt::AlignHCenter : Qt::AlignLeft});
     }
     ui->listview1->SetColumns(columns);
 }

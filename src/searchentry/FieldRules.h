@@ -8,11 +8,11 @@
 /// What the checks of a name search look at.
 struct FormEntries
 {
-    bool Business = false;            ///< a business name, not a person's
-    std::array<QString, 4> Names;     ///< last or business name, first name, middle initial, suffix
-    bool ByCounty = true;             ///< counties are to be chosen: not statewide
-    QStringList Counties;             ///< the chosen ones
-    QStringList CaseTypes;            ///< the chosen ones
+    bool Business = false;        ///< a business name, not a person's
+    std::array<QString, 4> Names; ///< last or business name, first name, middle initial, suffix
+    bool ByCounty = true;         ///< counties are to be chosen: not statewide
+    QStringList Counties;         ///< the chosen ones
+    QStringList CaseTypes;        ///< the chosen ones
 };
 
 /// One check: when it fails, and the three lines that tell the user so.

@@ -93,12 +93,12 @@ bool frmSearchWA::ValidateAllFormFields()
 
 bool frmSearchWA::DisplayWaCourtDisclaimer()
 {
-    const MsgAnswer answer = MsgBox(
-        this,
-        u"Neither the court nor clerk makes any representation as to the accuracy and "_s
-            + u"completeness of the Washington Court data except for court purposes. "_s
-            + u"\r\n\r\nDo you want to continue?"_s,
-        u"Washington State Courts"_s, MsgButtons::YesNo, MsgIcon::Exclamation);
+    const MsgAnswer answer =
+        MsgBox(this,
+               u"Neither the court nor clerk makes any representation as to the accuracy and "_s
+                   + u"completeness of the Washington Court data except for court purposes. "_s
+                   + u"\r\n\r\nDo you want to continue?"_s,
+               u"Washington State Courts"_s, MsgButtons::YesNo, MsgIcon::Exclamation);
     if (answer != MsgAnswer::Yes)
         return false;
     Global.WaDisclaimerAccepted = true;

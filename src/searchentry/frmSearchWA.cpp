@@ -91,8 +91,7 @@ frmSearchWA::frmSearchWA() : ui(std::make_unique<Ui::frmSearchWA>())
                 [this, i] { optSearchWhere_Click(i); });
     connect(ui->optCourtSelection_0, &QRadioButton::clicked, this,
             [this] { optCourtSelection_Click(0); });
-    connect(ui->optSearchYears_0, &QRadioButton::toggled, this,
-            &frmSearchWA::optSearchYears_Click);
+    connect(ui->optSearchYears_0, &QRadioButton::toggled, this, &frmSearchWA::optSearchYears_Click);
     connect(ui->cmdCheckAll, &QPushButton::clicked, this,
             [this] { ui->lboxCountyOrProfile->SelectAll(true); });
     connect(ui->cmdUnCheckAll, &QPushButton::clicked, this,
@@ -258,8 +257,7 @@ void frmSearchWA::optSearchWhere_Click(int index)
     Global.intSearchWhere = row.where;
     ui->lblCountyOrProfile->setText(row.label.toString());
     const bool statewide = row.where == 3;
-    ui->lboxCountyOrProfile->SetItems(statewide ? QStringList{u"(Statewide)"_s}
-                                                : WaCountyNames());
+    ui->lboxCountyOrProfile->SetItems(statewide ? QStringList{u"(Statewide)"_s} : WaCountyNames());
     if (statewide)
         ui->lboxCountyOrProfile->SelectAll(true);
     ui->lboxCountyOrProfile->setEnabled(!statewide);

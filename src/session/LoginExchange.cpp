@@ -30,8 +30,8 @@ SessionResult Login(const QString &userName, const QString &password, const QStr
     Global.strUserName = TrimBlanks(userName);
     Global.strUserPassword = TrimBlanks(password);
     const QChar bar(u'\u00A6');
-    const QString request = u"LOGON"_s + bar + Global.strUserName + bar + Global.strUserPassword
-                            + bar + version + bar;
+    const QString request =
+        u"LOGON"_s + bar + Global.strUserName + bar + Global.strUserPassword + bar + version + bar;
     show(u"Logging On .."_s);
     const SendStatus sent = SendReq(request);
     if (sent == SendStatus::NotConnected)

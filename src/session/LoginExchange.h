@@ -11,7 +11,10 @@ enum class SessionResult : qint16 {
     ConnectionLost = 954
 };
 
-constexpr qint16 Number(SessionResult result) { return static_cast<qint16>(result); }
+constexpr qint16 Number(SessionResult result)
+{
+    return static_cast<qint16>(result);
+}
 
 /// Sends the login request and reads its reply to the end. There is no positive word of acceptance:
 /// a reply that ends without an error is one. Sets bLoggedIn, and keeps the credentials as sent.

@@ -32,7 +32,8 @@ void appendMessage(QString &message, const QString &token)
     message += TrimBlanks(token);
     if (message.size() > longestMessage) {
         message.truncate(longestMessage);
-        WriteAppInfo(u"A message from the server was cut: it was longer than any message may be."_s);
+        WriteAppInfo(
+            u"A message from the server was cut: it was longer than any message may be."_s);
     }
 }
 
@@ -111,8 +112,7 @@ QString readPrivateMessage()
         WriteAppInfo(u"Read private message broadcast from HV Server. Reply was: "_s
                      + numberText(response.Status));
         if (response.Status != ReadStatus::Token) {
-            WriteAppInfo(
-                u"No Response From Server during system message retrieval! Skipping."_s);
+            WriteAppInfo(u"No Response From Server during system message retrieval! Skipping."_s);
             return noPrivateMessage();
         }
         if (response.Token.startsWith(u"EOF~"))
@@ -188,13 +188,12 @@ QString GetPrivateMessage(const QString &userName, const QString &password, cons
         WriteAppInfo(u"******** Retrieving Private Messages ********"_s);
         show(u"Please Wait. Retrieving Important Private Message(s) .."_s);
         const QChar bar(u'\u00A6');
-        const SendStatus sent = SendReq(u"GET_PRIV_MSG"_s + bar + userName + bar + password + bar
-                                        + version + bar);
+        const SendStatus sent =
+            SendReq(u"GET_PRIV_MSG"_s + bar + userName + bar + password + bar + version + bar);
         WriteAppInfo(u"Sent Private Message request and result was: "_s + numberText(sent));
         return readPrivateMessage();
     } catch (const RunTimeError &) {
-        WriteAppInfo(
-            u"Error *** in GetPrivateMessage()::While Retrieving Private Messages"_s);
+        WriteAppInfo(u"Error *** in GetPrivateMessage()::While Retrieving Private Messages"_s);
         return {};
     }
 }

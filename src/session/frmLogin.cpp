@@ -55,8 +55,7 @@ constexpr std::array<Refusal, 4> refusals{{
      u"A Login Error was Encountered! Error Response: Timed Out Waiting For Response from Server.",
      u""},
     {SessionResult::ConnectionLost, u"Login Error ..",
-     u"A Login Error was Encountered! Error Response: Halvane Server Connection was Dropped!",
-     u""},
+     u"A Login Error was Encountered! Error Response: Halvane Server Connection was Dropped!", u""},
     {SessionResult::LoggedOut, u"Login Error ..",
      u"Invalid User Name or Password.\r\n\r\n"
      "Please Re-Enter Your User Name and Password and then select Login.",
@@ -133,8 +132,7 @@ void frmLogin::Load()
     cancelled = false;
     if (Global.bLoggedIn) {
         ui->cmdLogin->setEnabled(false);
-        MsgBox(this,
-               u"Login Not Allowed. There is already one user logged in: [ "_s + u" ]"_s,
+        MsgBox(this, u"Login Not Allowed. There is already one user logged in: [ "_s + u" ]"_s,
                u"Login Not Allowed .."_s, MsgButtons::Ok, MsgIcon::Exclamation);
         WriteAppInfo(u"Login rejected. A user is already logged in!"_s);
         return;
@@ -151,8 +149,7 @@ void frmLogin::Load()
     PauseSeconds(networkWaitSeconds);
     if (HasNetworkAddress())
         return;
-    const QString reason =
-        u"Login Not Allowed. Reason: PC Not Connected to Internet."_s;
+    const QString reason = u"Login Not Allowed. Reason: PC Not Connected to Internet."_s;
     MsgBox(this, u"[ "_s + reason + u" ]"_s, u"Login Denied - No Internet Connection Found .."_s,
            MsgButtons::Ok, MsgIcon::Exclamation);
     WriteAppInfo(reason);
@@ -334,8 +331,7 @@ void frmLogin::OfferSystemMessage()
         MsgBox(parentWidget(),
                u"There is an important system message for you. Click OK to view it now or Cancel "
                "to skip viewing it."_s,
-               u"Halvane - Important System Message"_s, MsgButtons::OkCancel,
-               MsgIcon::Information);
+               u"Halvane - Important System Message"_s, MsgButtons::OkCancel, MsgIcon::Information);
     if (answer == MsgAnswer::Ok)
         (new frmMsg(parentWidget()))->show();
 }

@@ -152,8 +152,7 @@ void frmMain::connectMenus()
     connect(ui->mnuStartSearch, &QAction::triggered, this,
             [] { Q_EMIT SessionEvents::Of().SearchWithStateWanted(); });
     connect(ui->mnuCheckMsgs, &QAction::triggered, this, &frmMain::mnuCheckMsgs_Click);
-    connect(ui->mnuWindowCascade, &QAction::triggered, ui->mdiArea,
-            &QMdiArea::cascadeSubWindows);
+    connect(ui->mnuWindowCascade, &QAction::triggered, ui->mdiArea, &QMdiArea::cascadeSubWindows);
     connect(ui->mnuHelpOnline, &QAction::triggered, this, &openSupportPage);
     connect(ui->mnuCourtDates, &QAction::triggered, this, &openSupportPage);
     connect(ui->mnuHelpAbout, &QAction::triggered, this,
@@ -208,7 +207,8 @@ bool frmMain::event(QEvent *event)
 void frmMain::Activated()
 {
     lstActiveWindows.clear();
-    const QList<QMdiSubWindow *> open = ui->mdiArea->subWindowList(QMdiArea::ActivationHistoryOrder);
+    const QList<QMdiSubWindow *> open =
+        ui->mdiArea->subWindowList(QMdiArea::ActivationHistoryOrder);
     for (const QMdiSubWindow *child : open)
         lstActiveWindows.append(child->windowTitle());
     ShowConnection(Global.bLoggedIn);
@@ -336,8 +336,8 @@ void frmMain::mnuConnnectionConnect_Click()
 
 void frmMain::mnuCourtsWaSuperior_Click()
 {
-    for (QAction *entry : {ui->mnuIdahoSupremeCourt, ui->mnuOrCourts, ui->mnuCourtsWaDiscis,
-                           ui->mnuFedBK})
+    for (QAction *entry :
+         {ui->mnuIdahoSupremeCourt, ui->mnuOrCourts, ui->mnuCourtsWaDiscis, ui->mnuFedBK})
         entry->setChecked(false);
     ui->mnuCourtsWaSuperior->setChecked(true);
     Q_EMIT SessionEvents::Of().SuperiorCourtsWanted();

@@ -170,8 +170,8 @@ bool frmMain::Unload(UnloadMode mode)
 
 void frmMain::closeEvent(QCloseEvent *event)
 {
-    event->setAccepted(Unload(qApp->isSavingSession() ? UnloadMode::SessionEnd
-                                                      : UnloadMode::ControlMenu));
+    event->setAccepted(
+        Unload(qApp->isSavingSession() ? UnloadMode::SessionEnd : UnloadMode::ControlMenu));
 }
 
 void frmMain::TimerExit_Tick()

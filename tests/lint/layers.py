@@ -15,6 +15,7 @@ from common import CODE, files, line_of, main, read
 # From the bottom up; folders of one rank do not know each other.
 RANKS = (
     ("core",),
+    ("courts",),
     ("controls", "link"),
     ("jobs",),
     ("session",),

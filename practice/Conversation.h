@@ -1,0 +1,52 @@
+#pragma once
+
+#include "practice/Population.h"
+#include "practice/Reply.h"
+#include "practice/Request.h"
+#include "practice/ToldNames.h"
+
+#include <QByteArrayView>
+#include <QDate>
+
+namespace Practice {
+/// What the court says to one client, request by request, without a socket: who is logged in, and
+/// what each request is answered with.
+class Conversation
+{
+public:
+    /// `population` must outlive the conversation and its replies; `today` ends the years of a
+    /// search for all of them.
+    Conversation(const Population &population, QDate today);
+
+    /// How a request is to be taken.
+    enum class Turn : quint8 {
+        Waits, ///< is answered when the replies before it are over
+        Stops, ///< ends the running reply, at once
+        Alive, ///< answers a ping
+    };
+
+    static Turn TurnOf(QByteArrayView request);
+
+    /// The reply to a request that waited its turn.
+    Reply Answer(QByteArrayView request);
+
+private:
+    // A row of the table of requests.
+    struct Known;
+    static const Known *find(const Request &request);
+
+    Reply answerLogon(const Request &request);
+    Reply answerParameters(const Request &request);
+    Reply answerBroadcast(const Request &request);
+    Reply answerPrivateMessages(const Request &request);
+    Reply answerCourtStatus(const Request &request);
+    Reply answerAccountingOption(const Request &request);
+    Reply answerSuperior(const Request &request);
+    Reply answerNotServed(const Request &request);
+
+    const Population &people;
+    int thisYear;
+    bool loggedIn = false;
+    UserKind user = UserKind::Ordinary;
+};
+} // namespace Practice

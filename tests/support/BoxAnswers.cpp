@@ -1,0 +1,109 @@
+#include "support/BoxAnswers.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPointer>
+#include <QPushButton>
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+QMessageBox::StandardButton buttonOf(MsgAnswer answer)
+{
+    switch (answer) {
+    case MsgAnswer::Cancel:
+        return QMessageBox::Cancel;
+    case MsgAnswer::Yes:
+        return QMessageBox::Yes;
+    case MsgAnswer::No:
+        return QMessageBox::No;
+    case MsgAnswer::Ok:
+        break;
+    }
+    return QMessageBox::Ok;
+}
+} // namespace
+
+BoxAnswers::BoxAnswers()
+{
+    timer.setInterval(1);
+    connect(&timer, &QTimer::timeout, this, &BoxAnswers::look);
+    timer.start();
+}
+
+BoxAnswers::~BoxAnswers() = default;
+
+void BoxAnswers::Expect(const QString &text, const QString &title, MsgAnswer answer)
+{
+    Announced one;
+    one.name = u"MsgBox"_s;
+    one.text = QString(text).replace(u"\r\n"_s, u"\n"_s);
+    one.title = title;
+    one.answer = answer;
+    one.meanwhile = std::exchange(pendingMeanwhile, {});
+    announced.append(one);
+}
+
+void BoxAnswers::ExpectDialog(const QString &objectName, std::function<void(QDialog *)> act)
+{
+    Announced one;
+    one.name = objectName;
+    one.act = std::move(act);
+    announced.append(one);
+}
+
+void BoxAnswers::Meanwhile(std::function<void()> act)
+{
+    pendingMeanwhile = std::move(act);
+}
+
+QString BoxAnswers::Complaints() const
+{
+    QStringList all = complaints;
+    for (const Announced &one : announced)
+        all.append(u"never shown: "_s + one.name + u' ' + one.text);
+    return all.join(u"; "_s);
+}
+
+void BoxAnswers::look()
+{
+    auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+    if (!dialog || looking)
+        return;
+    looking = true;
+    answerBox(dialog);
+    looking = false;
+}
+
+void BoxAnswers::answerBox(QDialog *dialog)
+{
+    auto *box = qobject_cast<QMessageBox *>(dialog);
+    const QString text = box ? box->text() : QString();
+    if (announced.isEmpty() || announced.first().name != dialog->objectName()
+        || (box && announced.first().text != text)) {
+        complaints.append(u"unexpected "_s + dialog->objectName() + u": "_s + text);
+        dialog->reject();
+        return;
+    }
+    const Announced one = announced.takeFirst();
+    ++answered;
+    if (one.act) {
+        one.act(dialog);
+        return;
+    }
+    if (box->windowTitle() != one.title)
+        complaints.append(u"title "_s + box->windowTitle() + u" instead of "_s + one.title);
+    const QPointer<QMessageBox> stillOpen(box);
+    if (one.meanwhile)
+        one.meanwhile();
+    if (!stillOpen)
+        return;
+    if (QAbstractButton *button = box->button(buttonOf(one.answer))) {
+        button->click();
+    } else {
+        complaints.append(u"no such button in: "_s + text);
+        dialog->reject();
+    }
+}

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "controls/MsgBox.h"
+
+#include <QList>
+#include <QObject>
+#include <QString>
+#include <QStringList>
+#include <QTimer>
+
+#include <functional>
+
+class QDialog;
+
+/// Answers message boxes and modal dialogs while a test runs. Each one must have been announced;
+/// one that nobody expected is a complaint, and is closed by its way of escape so that the test
+/// comes to its end.
+class BoxAnswers : public QObject
+{
+    Q_OBJECT
+public:
+    BoxAnswers();
+    ~BoxAnswers() override;
+
+    /// The next box has exactly this text and title; answer it so.
+    void Expect(const QString &text, const QString &title, MsgAnswer answer = MsgAnswer::Ok);
+
+    /// The next modal dialog has this object name; do this with it (it must be closed by it).
+    void ExpectDialog(const QString &objectName, std::function<void(QDialog *)> act);
+
+    /// Something to do while the next announced box is open, before it is answered.
+    void Meanwhile(std::function<void()> act);
+
+    /// "" when every announced box came and no other did.
+    QString Complaints() const;
+    int Answered() const { return answered; }
+
+private:
+    struct Announced
+    {
+        QString name;
+        QString text;
+        QString title;
+        MsgAnswer answer = MsgAnswer::Ok;
+        std::function<void(QDialog *)> act;
+        std::function<void()> meanwhile;
+    };
+
+    void look();
+    void answerBox(QDialog *dialog);
+
+    QList<Announced> announced;
+    QStringList complaints;
+    std::function<void()> pendingMeanwhile;
+    QTimer timer;
+    int answered = 0;
+    bool looking = false;
+};

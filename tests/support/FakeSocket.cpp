@@ -1,0 +1,85 @@
+#include "support/FakeSocket.h"
+
+#include "link/frmWinsock.h"
+
+#include <QMetaObject>
+#include <QPointer>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+QPointer<FakeSocket> newest;
+}
+
+void FakeSocket::Install()
+{
+    frmWinsock::SetSocketFactory([](QObject *parent) {
+        newest = new FakeSocket(parent);
+        return newest.data();
+    });
+}
+
+FakeSocket *FakeSocket::Last()
+{
+    return newest;
+}
+
+void FakeSocket::Connect()
+{
+    connectedTo.append(RemoteHost + u':' + QString::number(RemotePort));
+    state = SocketState::Connecting;
+    if (refuses)
+        QTimer::singleShot(0, this, [this] {
+            state = SocketState::Closed;
+            Q_EMIT Error(0, u"The attempt to connect was forcefully rejected"_s);
+        });
+    else if (connects)
+        QTimer::singleShot(0, this, [this] {
+            state = SocketState::Connected;
+            Q_EMIT Connected();
+        });
+}
+
+void FakeSocket::Close()
+{
+    if (closes)
+        state = SocketState::Closed;
+}
+
+void FakeSocket::SendData(const QByteArray &data)
+{
+    sent.append(data);
+    if (completesSends)
+        QMetaObject::invokeMethod(
+            this, [this] { Q_EMIT SendComplete(); }, Qt::QueuedConnection);
+}
+
+QByteArray FakeSocket::GetData(qint64 maximum)
+{
+    const QByteArray chunk = incoming.left(maximum);
+    incoming.remove(0, chunk.size());
+    return chunk;
+}
+
+void FakeSocket::Arrive(const QByteArray &bytes)
+{
+    incoming.append(bytes);
+    Q_EMIT DataArrival(incoming.size());
+}
+
+void FakeSocket::ArriveLater(const QByteArrayList &pieces)
+{
+    if (pieces.isEmpty())
+        return;
+    QTimer::singleShot(0, this, [this, pieces] {
+        Arrive(pieces.first());
+        ArriveLater(pieces.mid(1));
+    });
+}
+
+void FakeSocket::PeerCloses()
+{
+    state = SocketState::Closing;
+    Q_EMIT Closed();
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "link/ServerSocket.h"
+
+#include <QByteArrayList>
+
+/// A socket without a network: the test decides what arrives, in which pieces, whether a send ever
+/// completes, and what the state says. Install() makes every later load of frmWinsock use one.
+class FakeSocket : public ServerSocket
+{
+    Q_OBJECT
+public:
+    using ServerSocket::ServerSocket;
+
+    /// From now on frmWinsock makes FakeSockets; Last() is the newest.
+    static void Install();
+    static FakeSocket *Last();
+
+    QString LocalIP() const override { return localIP; }
+    SocketState State() const override { return state; }
+    void Connect() override;
+    void Close() override;
+    void SendData(const QByteArray &data) override;
+    qint64 BytesAvailable() const override { return incoming.size(); }
+    QByteArray GetData(qint64 maximum) override;
+
+    /// Lets bytes arrive, now.
+    void Arrive(const QByteArray &bytes);
+    /// Lets these pieces arrive one a turn of the event loop, from the next turn on.
+    void ArriveLater(const QByteArrayList &pieces);
+    /// The server closes its side.
+    void PeerCloses();
+
+    SocketState state = SocketState::Connected;
+    bool completesSends = true; ///< at the next turn of the event loop
+    bool closes = true;         ///< false: Close leaves the state as it is
+    bool connects = true;       ///< Connect succeeds at the next turn
+    bool refuses = false;       ///< Connect is refused at the next turn
+    QString localIP = QStringLiteral("192.0.2.1");
+    QByteArrayList sent;
+    QStringList connectedTo; ///< "host:port" of each Connect
+
+private:
+    QByteArray incoming;
+};
