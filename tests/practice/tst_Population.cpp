@@ -339,9 +339,9 @@ void tst_Population::theGuidesCaseIsThereWhateverTheSeed()
         (QStringList{
             u"SMITH, JOHN Q King 94-1-00042-1 1994-11-07 Malicious Mischief Defendant"_s,
             u"SMITH, JOHN Q King 98-2-00017-7 1998-03-16 Tort - Motor Vehicle Plaintiff"_s,
-            u"SMITH, JOHN Q King 01-3-00008-8 2001-06-12 Dissolution With Children Petitioner"_s,
+            u"SMITH, JOHN Q King 01-3-00008-9 2001-06-12 Dissolution With Children Petitioner"_s,
             u"SMITH, JOHN Q Pierce 05-2-00031-8 2005-09-20 Collection Defendant"_s,
-            u"SMITH, JOHN Q Adams *96-9-00005-6 1996-02-14 Abstract of Judgment "
+            u"SMITH, JOHN Q Adams *96-9-00005-9 1996-02-14 Abstract of Judgment "
             "Judgment Debtor"_s,
         }));
 }

@@ -53,29 +53,29 @@ void tst_PracticeData::goodLines_data()
     QTest::addColumn<QString>("told");
 
     QTest::newRow("all fields, by tabs")
-        << QByteArray("Doe\tJane\tX\tKing\tCivil\t02/03/1994\tQuiet Title\tPlaintiff\t94-2-00007-1")
-        << u"DOE, JANE X|17|94-2-00007-1|1994-02-03|Quiet Title|Plaintiff"_s;
+        << QByteArray("Doe\tJane\tX\tKing\tCivil\t02/03/1994\tQuiet Title\tPlaintiff\t94-2-00007-7")
+        << u"DOE, JANE X|17|94-2-00007-7|1994-02-03|Quiet Title|Plaintiff"_s;
     QTest::newRow("all fields, by tildes")
-        << QByteArray("Doe~Jane~X~King~Civil~02/03/1994~Quiet Title~Plaintiff~94-2-00007-1~")
-        << u"DOE, JANE X|17|94-2-00007-1|1994-02-03|Quiet Title|Plaintiff"_s;
+        << QByteArray("Doe~Jane~X~King~Civil~02/03/1994~Quiet Title~Plaintiff~94-2-00007-7~")
+        << u"DOE, JANE X|17|94-2-00007-7|1994-02-03|Quiet Title|Plaintiff"_s;
     QTest::newRow("the least")
         << QByteArray("Doe~Jane~~King~Civil~02/03/1994")
-        << u"DOE, JANE|17|94-2-90000-9|1994-02-03|Tort - Motor Vehicle|Plaintiff"_s;
+        << u"DOE, JANE|17|94-2-90000-1|1994-02-03|Tort - Motor Vehicle|Plaintiff"_s;
     QTest::newRow("a business")
         << QByteArray("Doe Diner LLC~~~walla walla~9~1999-12-31")
-        << u"DOE DINER LLC|36|99-9-90000-8|1999-12-31|Abstract of Judgment|Judgment Debtor"_s;
+        << u"DOE DINER LLC|36|99-9-90000-1|1999-12-31|Abstract of Judgment|Judgment Debtor"_s;
     QTest::newRow("archived, with a number")
-        << QByteArray("Doe~Jane~~King~2~02/03/1994~~~*942000071")
-        << u"DOE, JANE|17|*94-2-00007-1|1994-02-03|Tort - Motor Vehicle|Plaintiff"_s;
+        << QByteArray("Doe~Jane~~King~2~02/03/1994~~~*942000077")
+        << u"DOE, JANE|17|*94-2-00007-7|1994-02-03|Tort - Motor Vehicle|Plaintiff"_s;
     QTest::newRow("archived, without one")
         << QByteArray("Doe~Jane~~King~Civil~02/03/1994~~~*")
-        << u"DOE, JANE|17|*94-2-90000-9|1994-02-03|Tort - Motor Vehicle|Plaintiff"_s;
+        << u"DOE, JANE|17|*94-2-90000-1|1994-02-03|Tort - Motor Vehicle|Plaintiff"_s;
     QTest::newRow("blanks and accents")
         << QByteArray("  Mu\xC3\xB1oz  ~ Ana  Maria ~ ~ King ~ civil ~ 02/03/1994 ")
-        << u"MUÑOZ, ANA MARIA|17|94-2-90000-9|1994-02-03|Tort - Motor Vehicle|Plaintiff"_s;
+        << u"MUÑOZ, ANA MARIA|17|94-2-90000-1|1994-02-03|Tort - Motor Vehicle|Plaintiff"_s;
     QTest::newRow("a role that ends in THEREOF")
         << QByteArray("Doe~Jane~~King~Probate~02/03/1994~Estate~Heirs thereof")
-        << u"DOE, JANE|17|94-4-90000-6|1994-02-03|Estate|Heirs thereof"_s;
+        << u"DOE, JANE|17|94-4-90000-8|1994-02-03|Estate|Heirs thereof"_s;
 }
 
 void tst_PracticeData::goodLines()
@@ -147,10 +147,10 @@ void tst_PracticeData::badLines_data()
         << QByteArray("Doe~Jane~X~King~Civil~02/03/1994~~~94-2-00007-2")
         << u"the case number is not YY-T-NNNNN-C with the check digit of its county"_s;
     QTest::newRow("a number of another year")
-        << QByteArray("Doe~Jane~X~King~Civil~02/03/1995~~~94-2-00007-1")
+        << QByteArray("Doe~Jane~X~King~Civil~02/03/1995~~~94-2-00007-7")
         << u"the case number does not agree with the type and the date"_s;
     QTest::newRow("a number of another type")
-        << QByteArray("Doe~Jane~X~King~Criminal~02/03/1994~~~94-2-00007-1")
+        << QByteArray("Doe~Jane~X~King~Criminal~02/03/1994~~~94-2-00007-7")
         << u"the case number does not agree with the type and the date"_s;
     QTest::newRow("very long") << QByteArray(4'097, 'x') << u"longer than 4096 bytes"_s;
 }
@@ -203,8 +203,8 @@ void tst_PracticeData::oneNameIsOnePerson()
 void tst_PracticeData::oneNumberIsOneCase()
 {
     Population population;
-    add(population, "Doe~Jane~X~King~Civil~02/03/1994~Quiet Title~Plaintiff~94-2-00007-1\n"
-                    "Roe~Rick~~King~Civil~02/03/1994~Quiet Title~Defendant~94-2-00007-1\n");
+    add(population, "Doe~Jane~X~King~Civil~02/03/1994~Quiet Title~Plaintiff~94-2-00007-7\n"
+                    "Roe~Rick~~King~Civil~02/03/1994~Quiet Title~Defendant~94-2-00007-7\n");
     QCOMPARE(population.People().size(), std::size_t{2});
     QCOMPARE(population.Cases().size(), std::size_t{1});
     QCOMPARE(population.Parts().size(), std::size_t{2});
