@@ -91,11 +91,6 @@ void CourtConnection::take(const QByteArray &request)
         return;
     }
     waiting.push_back(request);
-    // Nothing will come of a silent reply: who asks again has given it up.
-    if (silent) {
-        silent = false;
-        reply.reset();
-    }
 }
 
 /// Ends the running reply with an end mark. Without one nothing is said: the client would take the
@@ -112,8 +107,10 @@ void CourtConnection::stopReply()
 /// Begins the reply to the next request that waits; false when none does, or none may.
 bool CourtConnection::startNext()
 {
-    if (waiting.empty() || answerTimer.isActive())
+    // Nothing will come of a silent reply: who asks again has given it up.
+    if ((reply && !silent) || waiting.empty() || answerTimer.isActive())
         return false;
+    silent = false;
     reply = conversation.Answer(waiting.front());
     waiting.pop_front();
     return true;
@@ -137,7 +134,7 @@ void CourtConnection::pump()
             hangUp();
             break;
         }
-        if (outgoing.isEmpty() ? reply || !startNext() : !write())
+        if (outgoing.isEmpty() ? !startNext() : !write())
             break;
     }
     pumping = false;

@@ -189,9 +189,9 @@ QString addEntry(Population &population, Entry &entry)
 /// Reads to the end of the line; false when it was longer than a line may be.
 bool readLine(QIODevice &lines, QByteArray &line)
 {
-    line = lines.readLine(longestDataLine + 2);
+    line = lines.readLine(longestDataLine + 2); // with the line end, and a NUL that Qt reserves
     bool whole = line.endsWith('\n') || lines.atEnd();
-    const bool fits = whole && line.size() <= longestDataLine + 1;
+    const bool fits = whole && line.size() - (line.endsWith('\n') ? 1 : 0) <= longestDataLine;
     while (!whole) {
         const QByteArray more = lines.readLine(longestDataLine);
         whole = more.isEmpty() || more.endsWith('\n');

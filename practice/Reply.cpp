@@ -49,6 +49,9 @@ ReplyStep Reply::Next()
     if (!act.maker) {
         ReplyStep step = std::move(act.step);
         acts.pop_front();
+        // Nothing comes after these two, whatever the script goes on to say.
+        if (step.kind == ReplyStep::Kind::Silence || step.kind == ReplyStep::Kind::Drop)
+            acts.clear();
         return step;
     }
     ReplyStep row{ReplyStep::Kind::Token, act.maker(act.rowsMade++), 0};

@@ -60,6 +60,15 @@ QString practiceFolder()
     return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + u"/practice"_s;
 }
 
+/// The platform without a display complains of what it cannot do; a person who plays the tour there
+/// knows that, and wants to read the steps.
+void quietHandler(QtMsgType type, const QMessageLogContext &context, const QString &message)
+{
+    if (type == QtWarningMsg && message.startsWith(u"This plugin does not support"))
+        return;
+    std::fputs(qUtf8Printable(qFormatLogMessage(type, context, message) + u'\n'), stderr);
+}
+
 bool hasDisplay()
 {
     return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY")
@@ -114,6 +123,8 @@ int main(int argc, char **argv)
     }
     if (options.Tour && !hasDisplay())
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (options.Tour)
+        qInstallMessageHandler(&quietHandler);
     QApplication::setApplicationName(u"Halvane"_s);
     QApplication::setApplicationVersion(ProgramVersion());
     QApplication::setDesktopFileName(u"halvane"_s);

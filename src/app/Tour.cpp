@@ -69,8 +69,10 @@ void tick(const QString &window, const QString &list, const QStringList &items)
 {
     auto *box = child<QListWidget>(window, list);
     for (int i = 0; box && i < box->count(); ++i) {
-        if (items.contains(box->item(i)->text()))
-            box->item(i)->setCheckState(Qt::Checked);
+        if (!items.contains(box->item(i)->text()))
+            continue;
+        box->item(i)->setCheckState(Qt::Checked);
+        box->scrollToItem(box->item(i), QAbstractItemView::PositionAtCenter);
     }
 }
 } // namespace

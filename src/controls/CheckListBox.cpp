@@ -5,6 +5,9 @@
 CheckListBox::CheckListBox(QWidget *parent) : QListWidget(parent)
 {
     setUniformItemSizes(true);
+    setSpacing(1);
+    // Ticks are the selection; a second, coloured one beside them would only confuse.
+    setSelectionMode(NoSelection);
 }
 
 void CheckListBox::SetItems(const QStringList &texts)

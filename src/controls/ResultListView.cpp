@@ -11,6 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 constexpr int rowPaddingPixels = 6;
+constexpr double headerFontScale = 0.9;
 
 /// Shows a cell's whole text when the cell is too narrow for it: as plain text, whatever the server
 /// put there.
@@ -47,6 +48,10 @@ ResultListView::ResultListView(QWidget *parent) : QTableView(parent), list(this)
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + rowPaddingPixels);
     horizontalHeader()->setHighlightSections(false);
+    // A little smaller, so that a title and the sort arrow share a column of the told width.
+    QFont headerFont = font();
+    headerFont.setPointSizeF(headerFont.pointSizeF() * headerFontScale);
+    horizontalHeader()->setFont(headerFont);
     horizontalHeader()->setStretchLastSection(true);
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     horizontalHeader()->setMinimumSectionSize(PixelsFromTwips(30));

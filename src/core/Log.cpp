@@ -20,8 +20,16 @@ QString generalDate(const QDateTime &moment)
     static const QLocale locale = QLocale::system();
     // The long time without its zone: a log is read by people who know where it was written.
     static const QString timeFormat = locale.timeFormat(QLocale::LongFormat).remove(u't').trimmed();
-    return locale.toString(moment.date(), QLocale::ShortFormat) + u' '
-           + locale.toString(moment.time(), timeFormat);
+    // A busy search logs thousands of lines a second: the second is formatted once.
+    static qint64 formattedSecond = -1;
+    static QString formatted;
+    const qint64 second = moment.toSecsSinceEpoch();
+    if (second != formattedSecond) {
+        formattedSecond = second;
+        formatted = locale.toString(moment.date(), QLocale::ShortFormat) + u' '
+                    + locale.toString(moment.time(), timeFormat);
+    }
+    return formatted;
 }
 
 void rotate(const QString &path)

@@ -27,10 +27,27 @@ const Population &people()
 QString tell(const Population &population, const Part &part)
 {
     const CourtCase &courtCase = population.Cases()[part.courtCase];
-    return u"%1 %2 %3%4 %5 %6 %7"_s.arg(
-        NameText(population.People()[part.person]), CountyName(courtCase.number.county).toString(),
-        courtCase.archived ? u"*"_s : u""_s, CaseNumberText(courtCase.number),
-        courtCase.filed.toString(Qt::ISODate), courtCase.description, part.role);
+    return NameText(population.People()[part.person]) + u' '
+           + CountyName(courtCase.number.county).toString() + u' '
+           + (courtCase.archived ? u"*"_s : u""_s) + CaseNumberText(courtCase.number) + u' '
+           + courtCase.filed.toString(Qt::ISODate) + u' ' + courtCase.description + u' '
+           + part.role;
+}
+
+/// The same without making texts of it.
+bool same(const Population &one, const Population &other, std::size_t at)
+{
+    const Part &left = one.Parts()[at];
+    const Part &right = other.Parts()[at];
+    const CourtCase &leftCase = one.Cases()[left.courtCase];
+    const CourtCase &rightCase = other.Cases()[right.courtCase];
+    const Person &leftPerson = one.People()[left.person];
+    const Person &rightPerson = other.People()[right.person];
+    return left.role == right.role && leftCase.number == rightCase.number
+           && leftCase.filed == rightCase.filed && leftCase.description == rightCase.description
+           && leftCase.archived == rightCase.archived && leftPerson.last == rightPerson.last
+           && leftPerson.first == rightPerson.first && leftPerson.middle == rightPerson.middle
+           && leftPerson.business == rightPerson.business;
 }
 } // namespace
 
@@ -295,14 +312,13 @@ void tst_Population::theSeedSettlesEverything()
     const Population again = MakePopulation(1, someDay);
     const Population other = MakePopulation(2, someDay);
     QCOMPARE(again.Parts().size(), people().Parts().size());
-    std::size_t same = 0;
+    std::size_t alike = 0;
     for (std::size_t i = 0; i < again.Parts().size(); ++i) {
-        QCOMPARE(tell(again, again.Parts()[i]), tell(people(), people().Parts()[i]));
-        if (i < other.Parts().size()
-            && tell(other, other.Parts()[i]) == tell(people(), people().Parts()[i]))
-            ++same;
+        QVERIFY2(same(again, people(), i), qPrintable(tell(again, again.Parts()[i])));
+        if (i < other.Parts().size() && same(other, people(), i))
+            ++alike;
     }
-    QVERIFY(same < 100); // the cases of fixed number are
+    QVERIFY(alike < 100); // the cases of fixed number are
 }
 
 void tst_Population::theDayOfTheYearChangesNoNumber()

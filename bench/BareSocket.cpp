@@ -1,0 +1,104 @@
+#include "BareSocket.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <utility>
+
+#include <arpa/inet.h>
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace {
+sockaddr_in loopback(quint16 port)
+{
+    sockaddr_in address = {};
+    address.sin_family = AF_INET;
+    address.sin_port = htons(port);
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    return address;
+}
+
+void require(bool success)
+{
+    if (!success)
+        std::abort();
+}
+
+void sendAtOnce(int connection)
+{
+    const int on = 1;
+    require(setsockopt(connection, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on) == 0);
+}
+} // namespace
+
+BareServer::BareServer(QByteArray answer)
+    : reply(std::move(answer)), listening(socket(AF_INET, SOCK_STREAM, 0))
+{
+    sockaddr_in address = loopback(0);
+    socklen_t length = sizeof address;
+    auto *generic = reinterpret_cast<sockaddr *>(&address);
+    require(bind(listening, generic, length) == 0 && listen(listening, 4) == 0);
+    require(getsockname(listening, generic, &length) == 0);
+    port = ntohs(address.sin_port);
+    thread = std::thread([this] { serve(); });
+}
+
+BareServer::~BareServer()
+{
+    shutdown(listening, SHUT_RDWR);
+    thread.join();
+    close(listening);
+}
+
+void BareServer::serve()
+{
+    for (;;) {
+        const int connection = accept(listening, nullptr, nullptr);
+        if (connection < 0)
+            return;
+        sendAtOnce(connection);
+        std::thread([this, connection] { converse(connection); }).detach();
+    }
+}
+
+void BareServer::converse(int connection) const
+{
+    std::array<char, 4096> buffer{};
+    int bars = 0;
+    for (;;) {
+        const ssize_t got = recv(connection, buffer.data(), buffer.size(), 0);
+        if (got <= 0)
+            break;
+        bars += static_cast<int>(std::count(buffer.begin(), buffer.begin() + got, '|'));
+        for (; bars >= 2; bars -= 2)
+            send(connection, reply.constData(), static_cast<size_t>(reply.size()), MSG_NOSIGNAL);
+    }
+    close(connection);
+}
+
+BareClient::BareClient(quint16 port) : connection(socket(AF_INET, SOCK_STREAM, 0))
+{
+    const sockaddr_in address = loopback(port);
+    require(connect(connection, reinterpret_cast<const sockaddr *>(&address), sizeof address) == 0);
+    sendAtOnce(connection);
+}
+
+BareClient::~BareClient()
+{
+    close(connection);
+}
+
+void BareClient::Exchange(const QByteArray &frame, qsizetype replyBytes) const
+{
+    require(send(connection, frame.constData(), static_cast<size_t>(frame.size()), 0)
+            == frame.size());
+    std::array<char, 4096> buffer{};
+    while (replyBytes > 0) {
+        const ssize_t got = recv(connection, buffer.data(), buffer.size(), 0);
+        require(got > 0);
+        replyBytes -= got;
+    }
+}

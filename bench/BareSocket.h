@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QByteArray>
+
+#include <atomic>
+#include <thread>
+
+/// A server in a thread of its own that answers every frame with the same reply, over blocking
+/// sockets and nothing else: as quick as an answer can be.
+class BareServer
+{
+public:
+    explicit BareServer(QByteArray reply);
+    ~BareServer();
+
+    quint16 Port() const { return port; }
+
+private:
+    void serve();
+    void converse(int connection) const;
+
+    QByteArray reply;
+    int listening = -1;
+    quint16 port = 0;
+    std::thread thread;
+};
+
+/// A blocking client: what an exchange costs without a program around it.
+class BareClient
+{
+public:
+    explicit BareClient(quint16 port);
+    ~BareClient();
+
+    /// Sends a frame and reads `replyBytes` bytes.
+    void Exchange(const QByteArray &frame, qsizetype replyBytes) const;
+
+private:
+    int connection = -1;
+};

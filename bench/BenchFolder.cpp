@@ -1,0 +1,8 @@
+#include "BenchFolder.h"
+
+#include "core/AppFolder.h"
+
+BenchFolder::BenchFolder()
+{
+    ChooseAppFolder(dir.path());
+}

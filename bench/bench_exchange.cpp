@@ -1,0 +1,104 @@
+// A request and its one-token reply over loopback, against the same exchange on a bare blocking
+// socket; and what waiting costs.
+
+#include "BareSocket.h"
+#include "BenchFolder.h"
+#include "core/GlobalState.h"
+#include "link/Comm.h"
+#include "link/Router.h"
+#include "link/frmWinsock.h"
+
+#include <QCoreApplication>
+
+#include <benchmark/benchmark.h>
+
+#include <chrono>
+
+#include <sys/resource.h>
+
+namespace {
+using Clock = std::chrono::steady_clock;
+
+double secondsSince(Clock::time_point start)
+{
+    return std::chrono::duration<double>(Clock::now() - start).count();
+}
+
+double processorSeconds()
+{
+    rusage usage = {};
+    getrusage(RUSAGE_SELF, &usage);
+    const auto seconds = [](const timeval &time) {
+        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+    };
+    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
+}
+
+void connectTo(quint16 port)
+{
+    Global = GlobalState();
+    Global.lngServerPort = port;
+    if (!ConnectToRouter(QStringLiteral("127.0.0.1")))
+        qFatal("cannot connect");
+}
+
+void Exchange(benchmark::State &state)
+{
+    const QByteArray reply = '|' + QByteArray(58, 'r') + '|';
+    const QString request(38, QLatin1Char('q'));
+    const QByteArray frame = '|' + request.toLatin1() + '|';
+    BareServer server(reply);
+    const BareClient bare(server.Port());
+    connectTo(server.Port());
+    double baseline = 0.0;
+    double subject = 0.0;
+    for (auto _ : state) {
+        const auto bareStart = Clock::now();
+        bare.Exchange(frame, reply.size());
+        baseline += secondsSince(bareStart);
+        const auto start = Clock::now();
+        if (SendReq(request) != SendStatus::Sent
+            || ReadResponse().Status != ReadStatus::Token)
+            qFatal("the exchange failed");
+        const double seconds = secondsSince(start);
+        subject += seconds;
+        state.SetIterationTime(seconds);
+    }
+    state.counters["ratio_to_bare_socket"] = subject / baseline;
+    frmWinsock::Unload();
+}
+
+/// Ten seconds of waiting for a reply that never comes, as a share of one core.
+void WaitTenSeconds(benchmark::State &state)
+{
+    BareServer server({});
+    connectTo(server.Port());
+    Global.bCheckingServer = true;
+    double waited = 0.0;
+    double used = 0.0;
+    for (auto _ : state) {
+        const auto start = Clock::now();
+        const double before = processorSeconds();
+        if (ReadResponse().Status != ReadStatus::TimedOutOrLost)
+            qFatal("the wait ended early");
+        used += processorSeconds() - before;
+        const double seconds = secondsSince(start);
+        waited += seconds;
+        state.SetIterationTime(seconds);
+    }
+    state.counters["share_of_a_core"] = used / waited;
+    frmWinsock::Unload();
+}
+} // namespace
+
+BENCHMARK(Exchange)->UseManualTime();
+BENCHMARK(WaitTenSeconds)->UseManualTime()->Iterations(1)->Unit(benchmark::kSecond);
+
+int main(int argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    const BenchFolder folder;
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

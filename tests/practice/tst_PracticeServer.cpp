@@ -1,0 +1,607 @@
+#include "core/Version.h"
+#include "practice/FrameReader.h"
+#include "practice/PracticeProcess.h"
+
+#include <QElapsedTimer>
+#include <QTcpServer>
+#include <QTemporaryFile>
+#include <QTest>
+
+#include <memory>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+const QStringList justEnd{u"EOF~"_s};
+const QString guideSearch = u"WASUP¦SEARCH¦SMITH¦JOHN¦Q¦¦King,¦Civil,Criminal,¦¦¦"_s;
+const QByteArray guideReply
+    = "|SEARCHING~King~County~Superior~Court~..|"
+      "|SEARCHING~the~index~of~names~..|"
+      "|SEARCHING~the~index~of~cases~..|"
+      "|SMITH, JOHN Q~94-1-00042-1~11/07/1994~Malicious Mischief~"
+      "WA Superior Ct King County~Defendant~|"
+      "|SMITH, JOHN Q~98-2-00017-7~03/16/1998~Tort - Motor Vehicle~"
+      "WA Superior Ct King County~Plaintiff~|"
+      "|EOF~|";
+
+QString searchFor(const QString &last, const QString &first = QString())
+{
+    return u"WASUP¦SEARCH¦%1¦%2¦¦¦King,¦Civil,¦¦¦"_s.arg(last, first);
+}
+
+qsizetype countRows(const QStringList &tokens)
+{
+    qsizetype rows = 0;
+    for (const QString &token : tokens)
+        rows += token.count(u'~') == 6 ? 1 : 0;
+    return rows;
+}
+} // namespace
+
+class tst_PracticeServer : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void listensOnThisMachineOnly();
+    void listensOnThePortAskedFor();
+    void endsWhenThePortIsTaken();
+    void runsThatEnd_data();
+    void runsThatEnd();
+    void endsWithItsInput();
+    void staysWithoutItsInput();
+    void theGuidesSearchByteForByte();
+    void seedMakesOtherPeople();
+    void dataAddsPeople();
+    void splitWritesSmallChunks();
+    void dripTakesItsTime();
+    void dropAfter_data();
+    void dropAfter();
+    void stallAfter_data();
+    void stallAfter();
+    void pingsAnIdleClient();
+    void complainsOnceOfPingsNotAnswered();
+    void aReplyWaitsForThePingsAnswer();
+    void noPingDuringAReply();
+    void refuseClosesAtOnce();
+    void usersThatGetNoAnswer();
+    void dropLinkSendsRowsFirst();
+    void stopEndsTheReply_data();
+    void stopEndsTheReply();
+    void stopWithNothingRunningSaysNothing();
+    void requestsAreAnsweredInOrder();
+    void aNewRequestGivesASilentReplyUp();
+    void manyClientsAtOnce();
+    void aReplyIsMadeNoFasterThanItIsRead();
+    void survivesRubbish_data();
+    void survivesRubbish();
+    void dropsAnEndlessRequest();
+    void dropsAFloodOfRequests();
+    void survivesDisconnects();
+};
+
+void tst_PracticeServer::listensOnThisMachineOnly()
+{
+    const PracticeProcess court;
+    QVERIFY(court.Port() != 0);
+    QTcpSocket socket;
+    socket.connectToHost(u"127.0.0.1"_s, court.Port());
+    QVERIFY(socket.waitForConnected());
+    QTcpSocket other; // another address of the same machine
+    other.connectToHost(u"127.0.0.2"_s, court.Port());
+    QVERIFY(!other.waitForConnected(2'000));
+}
+
+void tst_PracticeServer::listensOnThePortAskedFor()
+{
+    QTcpServer server;
+    QVERIFY(server.listen(QHostAddress::LocalHost));
+    const quint16 port = server.serverPort();
+    server.close();
+    const PracticeProcess court({u"--port"_s, QString::number(port)});
+    QCOMPARE(court.Port(), port);
+    WireClient client(court);
+    QCOMPARE(client.LogOn(), justEnd);
+}
+
+void tst_PracticeServer::endsWhenThePortIsTaken()
+{
+    QTcpServer server;
+    QVERIFY(server.listen(QHostAddress::LocalHost));
+    const FinishedRun run = RunPractice({u"--port"_s, QString::number(server.serverPort())});
+    QCOMPARE(run.exitCode, 1);
+    QVERIFY2(run.errors.startsWith(u"halvane-practice: cannot listen on 127.0.0.1:%1: "_s.arg(
+                 server.serverPort())),
+             qPrintable(run.errors));
+    QCOMPARE(run.out, QString());
+}
+
+void tst_PracticeServer::runsThatEnd_data()
+{
+    QTest::addColumn<QStringList>("switches");
+    QTest::addColumn<int>("exitCode");
+    QTest::addColumn<QString>("out");
+    QTest::addColumn<QString>("errors");
+
+    QTest::newRow("version") << QStringList{u"--version"_s} << 0
+                             << u"halvane-practice %1\n"_s.arg(ProgramVersion()) << QString();
+    QTest::newRow("help") << QStringList{u"--help"_s} << 0
+                          << u"Usage: halvane-practice [switches]\n"_s << QString();
+    QTest::newRow("bad number")
+        << QStringList{u"--split"_s, u"0"_s} << 2 << QString()
+        << u"halvane-practice: --split needs a whole number from 1 up, not \"0\" (see --help)\n"_s;
+    QTest::newRow("unknown switch")
+        << QStringList{u"--rubbish"_s} << 2 << QString()
+        << u"halvane-practice: unknown argument \"--rubbish\" (see --help)\n"_s;
+    QTest::newRow("no such file")
+        << QStringList{u"--data"_s, u"/no/such/file"_s} << 2 << QString()
+        << u"halvane-practice: cannot read /no/such/file: No such file or directory\n"_s;
+}
+
+void tst_PracticeServer::runsThatEnd()
+{
+    QFETCH(QStringList, switches);
+    QFETCH(int, exitCode);
+    QFETCH(QString, out);
+    QFETCH(QString, errors);
+
+    const FinishedRun run = RunPractice(switches);
+    QCOMPARE(run.exitCode, exitCode);
+    QVERIFY2(run.out.startsWith(out), qPrintable(run.out));
+    QCOMPARE(run.out.isEmpty(), out.isEmpty());
+    QCOMPARE(run.errors, errors);
+}
+
+void tst_PracticeServer::endsWithItsInput()
+{
+    PracticeProcess court;
+    WireClient client(court);
+    client.LogOn();
+    QCOMPARE(court.EndByInput(), 0);
+    QCOMPARE(client.ReadToClose(), QByteArray());
+}
+
+void tst_PracticeServer::staysWithoutItsInput()
+{
+    QProcess process;
+    process.start(QStringLiteral(HALVANE_BIN_DIR "/halvane-practice"), QStringList());
+    QVERIFY(process.waitForReadyRead());
+    process.closeWriteChannel();
+    QVERIFY(!process.waitForFinished(300));
+    process.kill();
+    QVERIFY(process.waitForFinished());
+}
+
+void tst_PracticeServer::theGuidesSearchByteForByte()
+{
+    const PracticeProcess court;
+    WireClient client(court);
+    client.Send(u"LOGON¦ann¦pw¦AppVer-9.00¦"_s);
+    QCOMPARE(client.ReadBytes(6), QByteArray("|EOF~|"));
+    client.Send(guideSearch);
+    QCOMPARE(client.ReadBytes(guideReply.size()), guideReply);
+    client.Send(u"WASUP¦SEARCH¦SMITH¦JOHN¦Q¦¦King,¦Civil,Criminal,¦¦^^CAC:ABC^^¦"_s);
+    QCOMPARE(client.ReadBytes(guideReply.size()), guideReply);
+    client.Send(searchFor(u"MUÑOZ"_s));
+    QVERIFY(client.ReadBytes(200).contains("|MU\xD1OZ, "));
+}
+
+void tst_PracticeServer::seedMakesOtherPeople()
+{
+    const PracticeProcess one;
+    const PracticeProcess same({u"--seed"_s, u"1"_s});
+    const PracticeProcess other({u"--seed"_s, u"2"_s});
+    QList<QStringList> replies;
+    for (const PracticeProcess *court : {&one, &same, &other}) {
+        WireClient client(*court);
+        client.LogOn();
+        replies.append(client.Ask(searchFor(u"NGUYEN"_s)));
+        QVERIFY(countRows(replies.last()) > 10);
+    }
+    QCOMPARE(replies[1], replies[0]);
+    QVERIFY(replies[2] != replies[0]);
+}
+
+void tst_PracticeServer::dataAddsPeople()
+{
+    QTemporaryFile file;
+    QVERIFY(file.open());
+    file.write("# ours\nHalvorsen\tTilde\t\tKing\tCivil\t02/03/1994\nrubbish\n");
+    file.close();
+    PracticeProcess court({u"--data"_s, file.fileName()});
+    WireClient client(court);
+    client.LogOn();
+    QCOMPARE(countRows(client.Ask(searchFor(u"HALVORSEN"_s, u"TILDE"_s))), 1);
+    QCOMPARE(client.LogOn(), justEnd);
+    const QString complaint = u"halvane-practice: %1, line 3: 1 fields, where 6 to 9 are needed, "
+                              "skipped\n"_s.arg(file.fileName());
+    QCOMPARE(court.Errors(complaint), complaint);
+}
+
+void tst_PracticeServer::splitWritesSmallChunks()
+{
+    constexpr int rounds = 20;
+    for (const int size : {1, 5}) {
+        const PracticeProcess whole;
+        const PracticeProcess split({u"--split"_s, QString::number(size)});
+        WireClient wholeClient(whole);
+        WireClient splitClient(split);
+        for (WireClient *client : {&wholeClient, &splitClient}) {
+            client->LogOn();
+            client->arrivals.clear();
+            for (int i = 0; i < rounds; ++i) {
+                client->Send(guideSearch);
+                QCOMPARE(client->ReadBytes(guideReply.size()), guideReply);
+            }
+        }
+        // A busy client finds some chunks together, but never all of them.
+        QCOMPARE(wholeClient.arrivals.size(), rounds);
+        QVERIFY(splitClient.arrivals.size() > rounds);
+    }
+}
+
+void tst_PracticeServer::dripTakesItsTime()
+{
+    const PracticeProcess court({u"--drip"_s, u"1000"_s});
+    WireClient client(court);
+    client.LogOn();
+    QElapsedTimer timer;
+    timer.start();
+    client.Send(guideSearch);
+    QCOMPARE(client.ReadBytes(guideReply.size()), guideReply);
+    // 50 bytes may have been saved up.
+    QVERIFY(timer.elapsed() >= guideReply.size() - 60);
+}
+
+void tst_PracticeServer::dropAfter_data()
+{
+    QTest::addColumn<int>("bytes");
+    for (const int bytes : {0, 1, 5, 6, 7, 100, 300})
+        QTest::addRow("%d", bytes) << bytes;
+}
+
+void tst_PracticeServer::dropAfter()
+{
+    QFETCH(int, bytes);
+    const PracticeProcess court({u"--drop-after"_s, QString::number(bytes)});
+    for (int round = 0; round < 2; ++round) { // each connection has its own count
+        WireClient client(court);
+        client.Send(u"LOGON¦ann¦pw¦v¦"_s);
+        client.Send(guideSearch);
+        QCOMPARE(client.ReadToClose(), QByteArray("|EOF~|" + guideReply).first(bytes));
+        QVERIFY(!client.IsConnected());
+    }
+}
+
+void tst_PracticeServer::stallAfter_data()
+{
+    dropAfter_data();
+}
+
+void tst_PracticeServer::stallAfter()
+{
+    QFETCH(int, bytes);
+    const PracticeProcess court({u"--stall-after"_s, QString::number(bytes)});
+    for (int round = 0; round < 2; ++round) {
+        WireClient client(court);
+        client.Send(u"LOGON¦ann¦pw¦v¦"_s);
+        client.Send(guideSearch);
+        QCOMPARE(client.ReadBytes(bytes), QByteArray("|EOF~|" + guideReply).first(bytes));
+        client.Send(u"STOP¦"_s);
+        client.Send(guideSearch);
+        QCOMPARE(client.ReadFor(200), QByteArray());
+        QVERIFY(client.IsConnected());
+    }
+}
+
+void tst_PracticeServer::pingsAnIdleClient()
+{
+    PracticeProcess court({u"--ping-every"_s, u"50"_s});
+    WireClient client(court);
+    for (int i = 0; i < 3; ++i) {
+        QCOMPARE(client.ReadTo(u"DIAG001"_s), QStringList{u"DIAG001"_s});
+        client.Send(u"IMALIVE¦"_s);
+    }
+    QCOMPARE(court.Errors(), QString());
+}
+
+void tst_PracticeServer::complainsOnceOfPingsNotAnswered()
+{
+    PracticeProcess court({u"--ping-every"_s, u"50"_s});
+    WireClient client(court);
+    for (int i = 0; i < 5; ++i)
+        client.ReadTo(u"DIAG001"_s);
+    const QString errors = court.Errors(u"a ping was not answered"_s);
+    QCOMPARE(errors.count(u"a ping was not answered"_s), 1);
+    QVERIFY(client.IsConnected());
+    client.Send(u"IMALIVE¦"_s);
+    for (int i = 0; i < 5; ++i)
+        client.ReadTo(u"DIAG001"_s);
+    QCOMPARE(court.Errors(u"answered\nhalvane"_s).count(u"a ping was not answered"_s), 2);
+}
+
+/// A client that finds a reply behind a ping in what arrives throws both away.
+void tst_PracticeServer::aReplyWaitsForThePingsAnswer()
+{
+    const PracticeProcess court({u"--ping-every"_s, u"50"_s});
+    WireClient client(court);
+    client.ReadTo(u"DIAG001"_s);
+    client.Send(u"LOGON¦ann¦pw¦v¦"_s);
+    QCOMPARE(client.ReadFor(200), QByteArray());
+    client.Send(u"IMALIVE¦"_s);
+    QCOMPARE(client.ReadTo().last(), u"EOF~"_s);
+
+    // A client that never answers gets its reply all the same, a second later.
+    client.ReadTo(u"DIAG001"_s);
+    QElapsedTimer timer;
+    timer.start();
+    client.Send(u"GETMSG¦"_s);
+    QCOMPARE(client.ReadTo().last(), u"EOF~"_s);
+    QVERIFY(timer.elapsed() >= 500);
+}
+
+void tst_PracticeServer::noPingDuringAReply()
+{
+    const PracticeProcess court({u"--ping-every"_s, u"10"_s});
+    WireClient client(court);
+    client.Send(u"LOGON¦ann¦pw¦v¦"_s);
+    client.Send(searchFor(u"SLOW"_s, u"2"_s));
+    const QStringList tokens = client.ReadTo() + client.ReadTo();
+    QCOMPARE(tokens.count(u"EOF~"_s), 2);
+    QCOMPARE(countRows(tokens), 3);
+    QVERIFY(!tokens.contains(u"DIAG001"_s));
+    QVERIFY(!client.ReadFor(300).contains("DIAG001")); // nor right behind one
+    client.ReadTo(u"DIAG001"_s);
+    QVERIFY(client.IsConnected());
+}
+
+void tst_PracticeServer::refuseClosesAtOnce()
+{
+    const PracticeProcess court({u"--refuse"_s});
+    for (int i = 0; i < 3; ++i) {
+        WireClient client(court);
+        QCOMPARE(client.ReadToClose(), QByteArray());
+        QVERIFY(!client.IsConnected());
+    }
+    QVERIFY(court.IsRunning());
+}
+
+void tst_PracticeServer::usersThatGetNoAnswer()
+{
+    const PracticeProcess court;
+    WireClient client(court);
+    client.Send(u"LOGON¦silent¦pw¦v¦"_s);
+    QCOMPARE(client.ReadFor(200), QByteArray());
+    client.Send(u"LOGON¦noend¦pw¦v¦"_s);
+    const QByteArray refused = "|ERROR~Invalid User Name and/or PW~|";
+    QCOMPARE(client.ReadBytes(refused.size()), refused);
+    QCOMPARE(client.ReadFor(200), QByteArray());
+    QCOMPARE(client.LogOn(), justEnd);
+    client.Send(u"LOGON¦droplink¦pw¦v¦"_s);
+    QCOMPARE(client.ReadToClose(), QByteArray());
+    QVERIFY(!client.IsConnected());
+}
+
+void tst_PracticeServer::dropLinkSendsRowsFirst()
+{
+    const PracticeProcess court;
+    WireClient client(court);
+    client.LogOn();
+    client.Send(searchFor(u"DROPLINK"_s));
+    const QByteArray bytes = client.ReadToClose();
+    QCOMPARE(bytes.count("|DROPLINK, "), 5);
+    QVERIFY(bytes.endsWith("~|"));
+    QVERIFY(!bytes.contains("EOF~"));
+}
+
+void tst_PracticeServer::stopEndsTheReply_data()
+{
+    QTest::addColumn<QString>("search");
+    QTest::addColumn<QString>("stop");
+
+    QTest::newRow("a slow one") << searchFor(u"SLOW"_s) << u"STOP¦"_s;
+    QTest::newRow("a silent one") << searchFor(u"STALL"_s) << u"STOP¦"_s;
+    QTest::newRow("a long one") << searchFor(u"MANY"_s, u"200000"_s) << u"STOP¦"_s;
+    QTest::newRow("by the bankruptcy courts' stop") << searchFor(u"SLOW"_s) << u"BKRPT~STOP~"_s;
+}
+
+void tst_PracticeServer::stopEndsTheReply()
+{
+    QFETCH(QString, search);
+    QFETCH(QString, stop);
+
+    const PracticeProcess court;
+    WireClient client(court);
+    client.LogOn();
+    client.Send(search);
+    client.ReadTo(u"SEARCHING~the~index~of~cases~.."_s);
+    QElapsedTimer timer;
+    timer.start();
+    client.Send(stop);
+    const QStringList rest = client.ReadTo();
+    QCOMPARE(rest.last(), u"EOF~"_s);
+    QVERIFY(timer.elapsed() < 15'000); // the slow one takes 30 seconds
+    QVERIFY(countRows(rest) < 200'000);
+    client.Send(guideSearch);
+    QCOMPARE(client.ReadBytes(guideReply.size()), guideReply);
+}
+
+/// An end mark now would be taken for the end of the next reply.
+void tst_PracticeServer::stopWithNothingRunningSaysNothing()
+{
+    const PracticeProcess court;
+    WireClient client(court);
+    client.Send(u"STOP¦"_s);
+    client.LogOn();
+    client.Send(u"STOP¦"_s);
+    client.Send(u"BKRPT~STOP~"_s);
+    client.Send(u"IMALIVE¦"_s);
+    client.Send(guideSearch);
+    QCOMPARE(client.ReadBytes(guideReply.size()), guideReply);
+    QCOMPARE(client.ReadFor(100), QByteArray());
+}
+
+void tst_PracticeServer::requestsAreAnsweredInOrder()
+{
+    const PracticeProcess court;
+    WireClient client(court);
+    client.SendRaw("|LOGON\xA6" "ann\xA6pw\xA6v\xA6||COURT_STATUS\xA6||GETCLIENTACCTGOPT~|");
+    QCOMPARE(client.ReadTo(), justEnd);
+    QCOMPARE(client.ReadTo(), (QStringList{u"All practice courts are available."_s, u"EOF~"_s}));
+    QCOMPARE(client.ReadTo(), (QStringList{u"FALSE~"_s, u"EOF~"_s}));
+    // A stop ends the reply that runs, not the ones that wait.
+    client.Send(searchFor(u"SLOW"_s));
+    client.Send(u"COURT_STATUS¦"_s);
+    client.Send(u"STOP¦"_s);
+    QCOMPARE(client.ReadTo().last(), u"EOF~"_s);
+    QCOMPARE(client.ReadTo(), (QStringList{u"All practice courts are available."_s, u"EOF~"_s}));
+}
+
+void tst_PracticeServer::aNewRequestGivesASilentReplyUp()
+{
+    const PracticeProcess court;
+    WireClient client(court);
+    client.LogOn();
+    client.Send(searchFor(u"STALL"_s));
+    client.Send(u"COURT_STATUS¦"_s);
+    const QStringList tokens = client.ReadTo();
+    QCOMPARE(countRows(tokens), 5);
+    QCOMPARE(tokens[tokens.size() - 2], u"All practice courts are available."_s);
+}
+
+void tst_PracticeServer::manyClientsAtOnce()
+{
+    const PracticeProcess court;
+    std::vector<std::unique_ptr<WireClient>> clients;
+    for (int i = 0; i < 60; ++i)
+        clients.push_back(std::make_unique<WireClient>(court));
+    WireClient slow(court);
+    slow.LogOn();
+    slow.Send(searchFor(u"MANY"_s, u"200000"_s)); // and does not read
+    for (const auto &client : clients)
+        client->SendRaw("|LOGON\xA6" "ann\xA6pw");
+    for (const auto &client : clients)
+        client->SendRaw("\xA6v\xA6|");
+    for (const auto &client : clients)
+        client->Send(guideSearch);
+    for (const auto &client : clients)
+        QCOMPARE(client->ReadBytes(6 + guideReply.size()), QByteArray("|EOF~|" + guideReply));
+}
+
+void tst_PracticeServer::aReplyIsMadeNoFasterThanItIsRead()
+{
+    const PracticeProcess court;
+    WireClient client(court);
+    client.LogOn();
+    const qint64 before = court.WorstMemory();
+    client.Send(searchFor(u"MANY"_s, u"200000"_s));
+    QTest::qSleep(500); // long enough to make all 20 MB, were they made at once
+    const QStringList tokens = client.ReadTo();
+    QCOMPARE(countRows(tokens), 200'000);
+    QVERIFY(before > 0);
+    QVERIFY2(court.WorstMemory() - before < 6'000, qPrintable(QString::number(court.WorstMemory())));
+}
+
+void tst_PracticeServer::survivesRubbish_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<int>("replies");
+
+    QTest::newRow("NULs") << QByteArray(1'000, '\0') << 0;
+    QTest::newRow("NULs in a frame") << '|' + QByteArray(1'000, '\0') + '|' << 1;
+    QTest::newRow("a thousand fields") << "|WASUP\xA6" + QByteArray("SEARCH\xA6").repeated(1'000) + '|'
+                                       << 1;
+    QTest::newRow("the longest frame")
+        << '|' + QByteArray(Practice::FrameReader::longestFrame, 'x') + '|' << 1;
+    QTest::newRow("empty frames") << QByteArray(100'000, '|') << 0;
+    QTest::newRow("half a frame") << QByteArray("|LOGON\xA6") << 0;
+    QTest::newRow("rubbish before a frame") << QByteArray("GET / HTTP/1.1\r\n\r\n|GETMSG|") << 1;
+    QTest::newRow("frames of rubbish") << QByteArray("|a||b||c|") << 3;
+}
+
+void tst_PracticeServer::survivesRubbish()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(int, replies);
+
+    const PracticeProcess court;
+    {
+        WireClient client(court);
+        client.SendRaw(bytes);
+        for (int i = 0; i < replies; ++i)
+            QCOMPARE(client.ReadTo(),
+                     (QStringList{replies == 1 && bytes.startsWith("|WASUP")
+                                      ? u"ERROR~Not logged in~"_s
+                                      : u"ERROR~Unknown request~"_s,
+                                  u"EOF~"_s}));
+        QVERIFY(client.IsConnected());
+    }
+    WireClient next(court);
+    QCOMPARE(next.LogOn(), justEnd);
+}
+
+void tst_PracticeServer::dropsAnEndlessRequest()
+{
+    PracticeProcess court;
+    WireClient client(court);
+    client.LogOn();
+    client.SendRaw("|LOGON");
+    const QByteArray part(128 * 1024, 'x');
+    for (int i = 0; i < 16 && client.IsConnected(); ++i)
+        client.SendRaw(part);
+    QCOMPARE(client.ReadToClose(), QByteArray());
+    QVERIFY(!client.IsConnected());
+    const QString errors = court.Errors(u"\n"_s);
+    QVERIFY2(errors.endsWith(u": a request of more than 1048576 bytes, connection closed\n"_s),
+             qPrintable(errors));
+    WireClient next(court);
+    QCOMPARE(next.LogOn(), justEnd);
+}
+
+void tst_PracticeServer::dropsAFloodOfRequests()
+{
+    PracticeProcess court;
+    WireClient client(court);
+    client.LogOn();
+    client.Send(searchFor(u"SLOW"_s));
+    client.ReadTo(u"SEARCHING~the~index~of~cases~.."_s);
+    client.SendRaw(QByteArray("|GETMSG\xA6|").repeated(1'001));
+    client.ReadToClose();
+    QVERIFY(!client.IsConnected());
+    const QString errors = court.Errors(u"\n"_s);
+    QVERIFY2(errors.endsWith(u": more than 1000 requests at a time, connection closed\n"_s),
+             qPrintable(errors));
+}
+
+void tst_PracticeServer::survivesDisconnects()
+{
+    const PracticeProcess court;
+    const QByteArray conversation = "|LOGON\xA6" "ann\xA6pw\xA6v\xA6||WASUP\xA6SEARCH\xA6MANY\xA6"
+                                    "9000\xA6\xA6\xA6King,\xA6\xA6\xA6\xA6||STOP\xA6|";
+    for (qsizetype sent = 0; sent <= conversation.size(); sent += 3) {
+        WireClient client(court);
+        client.SendRaw(conversation.first(sent));
+        client.Drop();
+    }
+    for (const int bytes : {1, 6, 100, 5'000, 100'000}) {
+        WireClient client(court);
+        client.LogOn();
+        client.Send(searchFor(u"MANY"_s));
+        client.ReadBytes(bytes);
+        client.Drop();
+    }
+    for (const QString &name : {u"SLOW"_s, u"STALL"_s}) {
+        WireClient client(court);
+        client.LogOn();
+        client.Send(searchFor(name));
+        client.ReadBytes(50);
+        client.Drop();
+    }
+    WireClient next(court);
+    QCOMPARE(next.LogOn(), justEnd);
+    QVERIFY(court.IsRunning());
+}
+
+QTEST_GUILESS_MAIN(tst_PracticeServer)
+#include "tst_PracticeServer.moc"

@@ -1,0 +1,143 @@
+#include "SessionFixture.h"
+
+#include "core/EndProgram.h"
+#include "core/GlobalState.h"
+#include "core/Options.h"
+#include "link/ConnectState.h"
+#include "link/frmWinsock.h"
+#include "session/frmLogin.h"
+#include "session/frmMain.h"
+
+#include <QApplication>
+#include <QLineEdit>
+
+using namespace Qt::StringLiterals;
+
+CourtSocket::CourtSocket(QObject *parent) : FakeSocket(parent)
+{
+    state = SocketState::Closed;
+    refuses = Court().refuses;
+    connects = Court().connects;
+}
+
+FakeCourt &CourtSocket::Court()
+{
+    static FakeCourt court;
+    return court;
+}
+
+void CourtSocket::Install()
+{
+    Court() = FakeCourt();
+    frmWinsock::SetSocketFactory([](QObject *parent) { return new CourtSocket(parent); });
+}
+
+void CourtSocket::Connect()
+{
+    Court().connectedTo.append(RemoteHost + u':' + QString::number(RemotePort));
+    FakeSocket::Connect();
+}
+
+void CourtSocket::SendData(const QByteArray &data)
+{
+    FakeSocket::SendData(data);
+    Court().requests.append(data);
+    if (Court().script.isEmpty())
+        return;
+    const FakeCourt::Exchange exchange = Court().script.takeFirst();
+    if (exchange.request != data)
+        qWarning("expected %s, got %s", exchange.request.constData(), data.constData());
+    ArriveLater(exchange.reply);
+    if (exchange.drops)
+        QTimer::singleShot(2, this, [this] { PeerCloses(); });
+}
+
+void MoodySocket::Install(const QList<SocketState> &states)
+{
+    frmWinsock::SetSocketFactory([states](QObject *parent) {
+        auto *socket = new MoodySocket(parent);
+        socket->moods = states;
+        return socket;
+    });
+}
+
+SocketState MoodySocket::State() const
+{
+    return moods.size() > 1 ? moods.takeFirst() : moods.first();
+}
+
+SessionFixture::SessionFixture()
+{
+    ReplaceEndProgram([this](int exitCode) { endings.append(exitCode); });
+}
+
+SessionFixture::~SessionFixture()
+{
+    delete main;
+    TestFolder::ResetProgram();
+    // What was unloaded is deleted at leisure; a test has none.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+frmMain *SessionFixture::ShowMain(bool alerts)
+{
+    SaveOptionStr(u"Communications"_s, u"ShowAlerts"_s, alerts ? u"1"_s : u"0"_s);
+    main = new frmMain;
+    main->show();
+    main->activateWindow();
+    Settle();
+    return main;
+}
+
+frmLogin *SessionFixture::LoginWindow()
+{
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget *window : windows) {
+        auto *login = qobject_cast<frmLogin *>(window);
+        if (login && !login->IsUnloaded())
+            return login;
+    }
+    return nullptr;
+}
+
+frmLogin *SessionFixture::OpenLogin()
+{
+    frmLogin::ShowForm(main);
+    frmLogin *login = LoginWindow();
+    if (login)
+        login->tmrUI->setInterval(1);
+    return login;
+}
+
+void SessionFixture::BeLoggedIn()
+{
+    frmWinsock::Form();
+    Global.intConnectState = ConnectDone;
+    Global.bLoggedIn = true;
+    if (main)
+        main->SetTxtConnectStatus(u"Connected"_s);
+}
+
+void Click(const QObject *window, const char *button)
+{
+    QTest::mouseClick(Child<QPushButton>(window, button), Qt::LeftButton);
+}
+
+void Choose(const QObject *window, const char *action)
+{
+    Child<QAction>(window, action)->trigger();
+}
+
+void TypeInto(const QObject *window, const char *field, const QString &text)
+{
+    auto *line = Child<QLineEdit>(window, field);
+    line->selectAll();
+    QTest::keyClick(line, Qt::Key_Delete);
+    QTest::keyClicks(line, text);
+}
+
+void Settle()
+{
+    for (int i = 0; i < 3; ++i)
+        QCoreApplication::processEvents();
+}

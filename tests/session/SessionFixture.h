@@ -1,0 +1,110 @@
+#pragma once
+
+#include "support/BoxAnswers.h"
+#include "support/FakeSocket.h"
+#include "support/TestClock.h"
+#include "support/TestFolder.h"
+
+#include <QAction>
+#include <QPushButton>
+#include <QTest>
+
+#include <memory>
+
+class frmLogin;
+class frmMain;
+
+/// What a fake court does with the connects and requests of every socket that is made.
+struct FakeCourt
+{
+    /// One request that must come, bars included, and the pieces of its reply, one a turn.
+    struct Exchange
+    {
+        QByteArray request;
+        QByteArrayList reply;
+        bool drops = false; ///< the server closes behind the reply
+    };
+
+    bool refuses = false;
+    bool connects = true;
+    QList<Exchange> script; ///< taken from its front; a request beyond it gets no answer
+    QByteArrayList requests;
+    QStringList connectedTo; ///< "host:port" of each attempt
+};
+
+/// A FakeSocket with a FakeCourt at its other end.
+class CourtSocket : public FakeSocket
+{
+    Q_OBJECT
+public:
+    explicit CourtSocket(QObject *parent);
+
+    /// From now on frmWinsock makes CourtSockets, which are not connected yet.
+    static void Install();
+    static FakeCourt &Court();
+
+    void Connect() override;
+    void SendData(const QByteArray &data) override;
+};
+
+/// A socket that tells one state after another, a state a question; the last one stays.
+class MoodySocket : public FakeSocket
+{
+    Q_OBJECT
+public:
+    using FakeSocket::FakeSocket;
+
+    static void Install(const QList<SocketState> &states);
+
+    SocketState State() const override;
+
+private:
+    mutable QList<SocketState> moods;
+};
+
+/// The application folder, a clock that stands still, and answers for boxes, as every test of the
+/// session needs them; and the main window with its login, for those that want it.
+class SessionFixture
+{
+public:
+    SessionFixture();
+    ~SessionFixture();
+
+    /// Makes and shows the main window, on an application folder that asks questions or does not.
+    frmMain *ShowMain(bool alerts = true);
+    frmMain *Main() const { return main; }
+
+    /// Opens the login window, its timer shortened.
+    frmLogin *OpenLogin();
+    /// The login window that is open, nullptr without one.
+    static frmLogin *LoginWindow();
+
+    /// Makes the connect state what it is with a server and a user logged in.
+    void BeLoggedIn();
+
+    TestFolder folder;
+    TestClock clock;
+    BoxAnswers boxes;
+    QList<int> endings; ///< the exit codes with which the program ended
+
+private:
+    frmMain *main = nullptr;
+};
+
+/// The child of this name; the test fails at its first use when there is none.
+template <typename T> T *Child(const QObject *window, const char *name)
+{
+    return window->findChild<T *>(QString::fromLatin1(name));
+}
+
+/// Clicks a button as a user does.
+void Click(const QObject *window, const char *button);
+
+/// Chooses a menu entry or tool bar button as a user does; a disabled one does nothing.
+void Choose(const QObject *window, const char *action);
+
+/// Types into an entry field over whatever stands there.
+void TypeInto(const QObject *window, const char *field, const QString &text);
+
+/// Lets what is pending happen.
+void Settle();
