@@ -57,8 +57,7 @@ void Exchange(benchmark::State &state)
         bare.Exchange(frame, reply.size());
         baseline += secondsSince(bareStart);
         const auto start = Clock::now();
-        if (SendReq(request) != SendStatus::Sent
-            || ReadResponse().Status != ReadStatus::Token)
+        if (SendReq(request) != SendStatus::Sent || ReadResponse().Status != ReadStatus::Token)
             qFatal("the exchange failed");
         const double seconds = secondsSince(start);
         subject += seconds;

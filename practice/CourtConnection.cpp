@@ -97,18 +97,19 @@ void CourtConnection::take(const QByteArray &request)
 /// mark for the end of its next reply.
 void CourtConnection::stopReply()
 {
-    if (!reply || dropping)
+    // What it is to stop may have come in the same breath and not have begun.
+    if ((!reply && !startNext()) || dropping)
         return;
     pauseTimer.stop();
     silent = false;
     reply.emplace().Finish();
 }
 
-/// Begins the reply to the next request that waits; false when none does, or none may.
+/// Begins the reply to the next request that waits; false when none does, or one is running.
 bool CourtConnection::startNext()
 {
     // Nothing will come of a silent reply: who asks again has given it up.
-    if ((reply && !silent) || waiting.empty() || answerTimer.isActive())
+    if ((reply && !silent) || waiting.empty())
         return false;
     silent = false;
     reply = conversation.Answer(waiting.front());
@@ -120,7 +121,7 @@ bool CourtConnection::startNext()
 void CourtConnection::pump()
 {
     // Writing can bring the socket's signals about, and they come here.
-    if (pumping || hungUp)
+    if (pumping || hungUp || answerTimer.isActive())
         return;
     pumping = true;
     for (int writes = 0; link.state() == QAbstractSocket::ConnectedState; ++writes) {

@@ -151,8 +151,8 @@ std::variant<Entry, QString> parseLine(const QString &line)
     courtCase.description = fields[Description].isEmpty()
                                 ? QString::fromUtf16(type->descriptions.front())
                                 : fields[Description];
-    entry.role = fields[Role].isEmpty() ? QString::fromUtf16(type->parties.front().role)
-                                        : fields[Role];
+    entry.role =
+        fields[Role].isEmpty() ? QString::fromUtf16(type->parties.front().role) : fields[Role];
     // The role is a row's last word, and a row that ends in "EOF" ends the reply.
     if (entry.role.endsWith(u"EOF"_s, Qt::CaseInsensitive)
         && !entry.role.endsWith(u"THEREOF"_s, Qt::CaseInsensitive))

@@ -29,8 +29,8 @@ void WatchInput(QObject *owner, std::function<void()> ended)
         DWORD got = 0;
         const bool open = PeekNamedPipe(input, nullptr, 0, nullptr, &waiting, nullptr) != 0
                           && (waiting == 0
-                              || ReadFile(input, rubbish.data(),
-                                          static_cast<DWORD>(rubbish.size()), &got, nullptr)
+                              || ReadFile(input, rubbish.data(), static_cast<DWORD>(rubbish.size()),
+                                          &got, nullptr)
                                      != 0);
         if (open)
             return;

@@ -20,8 +20,8 @@ constexpr int secondCaseShare = 25;
 constexpr int lastCaseYear = 2069;
 constexpr int daysDrawn = 365;
 
-// Serials below the first one belong to the cases of fixed number. A court's numbers have gaps: what
-// is missing are the cases of people who are not among ours.
+// Serials below the first one belong to the cases of fixed number. A court's numbers have gaps:
+// what is missing are the cases of people who are not among ours.
 constexpr int firstMadeUpSerial = 100;
 constexpr int widestGap = 200;
 constexpr int narrowGapsFrom = 60'000;
@@ -45,21 +45,52 @@ constexpr int king = 17;
 constexpr int pierce = 27;
 
 constexpr std::array fixedParts{
-    FixedPart{u"SMITH", u"JOHN", u"Q", {king, 1994, 1, 42}, 11, 7, u"Malicious Mischief",
+    FixedPart{
+        u"SMITH", u"JOHN", u"Q", {king, 1994, 1, 42}, 11, 7, u"Malicious Mischief", u"Defendant"},
+    FixedPart{
+        u"SMITH", u"JOHN", u"Q", {king, 1998, 2, 17}, 3, 16, u"Tort - Motor Vehicle", u"Plaintiff"},
+    FixedPart{u"ACME PLUMBING INC",
+              nullptr,
+              nullptr,
+              {king, 1998, 2, 17},
+              3,
+              16,
+              u"Tort - Motor Vehicle",
               u"Defendant"},
-    FixedPart{u"SMITH", u"JOHN", u"Q", {king, 1998, 2, 17}, 3, 16, u"Tort - Motor Vehicle",
-              u"Plaintiff"},
-    FixedPart{u"ACME PLUMBING INC", nullptr, nullptr, {king, 1998, 2, 17}, 3, 16,
-              u"Tort - Motor Vehicle", u"Defendant"},
-    FixedPart{u"SMITH", u"JOHN", u"Q", {king, 2001, 3, 8}, 6, 12, u"Dissolution With Children",
+    FixedPart{u"SMITH",
+              u"JOHN",
+              u"Q",
+              {king, 2001, 3, 8},
+              6,
+              12,
+              u"Dissolution With Children",
               u"Petitioner"},
-    FixedPart{u"SMITH", u"JANE", u"R", {king, 2001, 3, 8}, 6, 12, u"Dissolution With Children",
+    FixedPart{u"SMITH",
+              u"JANE",
+              u"R",
+              {king, 2001, 3, 8},
+              6,
+              12,
+              u"Dissolution With Children",
               u"Respondent"},
     FixedPart{u"SMITH", u"JOHN", u"Q", {pierce, 2005, 2, 31}, 9, 20, u"Collection", u"Defendant"},
-    FixedPart{u"ACME PLUMBING INC", nullptr, nullptr, {pierce, 2005, 2, 31}, 9, 20, u"Collection",
+    FixedPart{u"ACME PLUMBING INC",
+              nullptr,
+              nullptr,
+              {pierce, 2005, 2, 31},
+              9,
+              20,
+              u"Collection",
               u"Plaintiff"},
-    FixedPart{u"SMITH", u"JOHN", u"Q", {adams, 1996, 9, 5}, 2, 14, u"Abstract of Judgment",
-              u"Judgment Debtor", true},
+    FixedPart{u"SMITH",
+              u"JOHN",
+              u"Q",
+              {adams, 1996, 9, 5},
+              2,
+              14,
+              u"Abstract of Judgment",
+              u"Judgment Debtor",
+              true},
 };
 
 /// A list in which the earlier entries come up more often, the way names do: the n-th about as
@@ -225,8 +256,8 @@ void Maker::draftCase(quint32 person)
     number.type = type.digit;
     number.county = random.Percent(homeCountyShare) ? homes[person] : drawCounty();
     // The later of two years: courts have become busier.
-    number.year = std::max(random.Between(firstCaseYear, lastYear),
-                           random.Between(firstCaseYear, lastYear));
+    number.year =
+        std::max(random.Between(firstCaseYear, lastYear), random.Between(firstCaseYear, lastYear));
     draft.day = random.Between(0, daysDrawn - 1);
     draft.courtCase.filed = filingDate(number.year, draft.day);
     draft.courtCase.description = QString::fromUtf16(random.OneOf(type.descriptions));

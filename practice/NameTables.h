@@ -4,7 +4,8 @@
 
 namespace Practice {
 // The words that people and businesses are named with. Names are upper case, as the courts write
-// them. Some hold what trips careless code: an apostrophe, a blank, a dash, a letter with an accent.
+// them. Some hold what trips careless code: an apostrophe, a blank, a dash, a letter with an
+// accent.
 
 /// From the most to the least common; the place in the list decides how many people have it.
 std::span<const char16_t *const> Surnames();

@@ -9,7 +9,7 @@ namespace Practice {
 /// fields "SEARCH", "SMITH" and so on.
 struct Request
 {
-    QChar delimiter;        ///< "¦" or "~"; null when the text ends in neither
+    QChar delimiter; ///< "¦" or "~"; null when the text ends in neither
     QString keyword;
     QStringList fields;     ///< what follows the keyword
     bool tagged = false;    ///< carried an accounting tag

@@ -16,7 +16,8 @@ SendGate::SendGate(const Switches &switches) : faults(switches) {}
 qint64 SendGate::left() const
 {
     constexpr qint64 noEnd = std::numeric_limits<qint64>::max();
-    const qint64 end = std::min(faults.dropAfter.value_or(noEnd), faults.stallAfter.value_or(noEnd));
+    const qint64 end =
+        std::min(faults.dropAfter.value_or(noEnd), faults.stallAfter.value_or(noEnd));
     return end == noEnd ? noEnd : end - sent;
 }
 

@@ -66,9 +66,9 @@ QString rowText(const Person &person, const CourtCase &courtCase, const QString 
 {
     // The program finds the county between "Ct " and " County".
     return u"%1~%2%3~%4~%5~WA Superior Ct %6 County~%7~"_s.arg(
-        NameText(person), courtCase.archived ? u"*"_s : QString(),
-        CaseNumberText(courtCase.number), courtCase.filed.toString(u"MM/dd/yyyy"_s),
-        courtCase.description, CountyName(courtCase.number.county), role);
+        NameText(person), courtCase.archived ? u"*"_s : QString(), CaseNumberText(courtCase.number),
+        courtCase.filed.toString(u"MM/dd/yyyy"_s), courtCase.description,
+        CountyName(courtCase.number.county), role);
 }
 
 bool passes(const Query &query, const CourtCase &courtCase)
@@ -248,8 +248,8 @@ Reply AnswerSuperiorSearch(const Population &population, const QStringList &fiel
         query.toYear = std::min(query.toYear, thisYear);
         sayTold(told->search, query, reply);
     } else {
-        const auto parts = std::make_shared<const std::vector<quint32>>(
-            findParts(population, query));
+        const auto parts =
+            std::make_shared<const std::vector<quint32>>(findParts(population, query));
         reply.Rows(static_cast<qint64>(parts->size()), [&population, parts](qint64 number) {
             const Part &part = population.Parts()[(*parts)[static_cast<std::size_t>(number)]];
             return rowText(population.People()[part.person], population.Cases()[part.courtCase],

@@ -41,8 +41,7 @@ bool addDataFile(const QString &path, Practice::Population &population)
 
 int run(const Practice::Switches &switches)
 {
-    Practice::Population population
-        = Practice::MakePopulation(switches.seed, QDate::currentDate());
+    Practice::Population population = Practice::MakePopulation(switches.seed, QDate::currentDate());
     if (!switches.dataFile.isEmpty() && !addDataFile(switches.dataFile, population))
         return BadArguments;
 
@@ -63,8 +62,7 @@ int main(int argc, char *argv[])
 {
     const QCoreApplication application(argc, argv);
     using Outcome = Practice::CommandLine::Outcome;
-    const Practice::CommandLine line
-        = Practice::ParseCommandLine(QCoreApplication::arguments());
+    const Practice::CommandLine line = Practice::ParseCommandLine(QCoreApplication::arguments());
     switch (line.outcome) {
     case Outcome::ShowHelp:
         say(Practice::HelpText());

@@ -2,6 +2,7 @@
 #include "app/PracticeCourt.h"
 #include "app/SingleInstance.h"
 #include "app/Startup.h"
+#include "app/Termination.h"
 #include "app/Tour.h"
 #include "controls/WindowPlace.h"
 #include "core/AppFolder.h"
@@ -100,6 +101,7 @@ int run(const StartOptions &options)
         PointSessionAt(court.Port());
     }
     WireWindows();
+    CloseOnTermination();
     QObject::connect(&instance, &SingleInstance::Activated, &instance, [] {
         if (frmMain *main = frmMain::Form())
             BringToFront(main);

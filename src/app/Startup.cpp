@@ -103,7 +103,7 @@ void Main(bool practice)
     Global.WaDisclaimerAccepted = false;
     frmSearchWA::ShowForm();
     frmSearchWA::Form().SelectFirstCourt();
-    frmSearchWA::Form().SelectState(Global.strDefaultView);
+    frmSearchWA::Form().SelectState(Global.strSearchState);
     frmSearchWA::Form().repaint();
     if (frmLogin::IsLoaded())
         frmLogin::ShowForm(main);

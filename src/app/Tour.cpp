@@ -101,6 +101,10 @@ void Tour::addSessionSteps()
     steps.push_back({u"The program asks whether to connect"_s,
                      [] { return canClick(u"frmConnect"_s, u"cmdConnect"_s); },
                      [this] {
+                         if (QWidget *main = windowNamed(u"frmMain"_s)) {
+                             main->showNormal();
+                             main->resize(mainWindowSize);
+                         }
                          picture(windowNamed(u"frmConnect"_s), u"connect"_s);
                          click(u"frmConnect"_s, u"cmdConnect"_s);
                      }});
@@ -133,10 +137,6 @@ void Tour::addSearchSteps()
                                 && !windowNamed(u"frmLogin"_s) && windowNamed(form);
                      },
                      [this, form] {
-                         if (QWidget *main = windowNamed(u"frmMain"_s)) {
-                             main->showNormal();
-                             main->resize(mainWindowSize);
-                         }
                          type(form, u"txtSearchName_0"_s, u"Smith"_s);
                          type(form, u"txtSearchName_1"_s, u"John"_s);
                          type(form, u"txtSearchName_2"_s, u"Q"_s);

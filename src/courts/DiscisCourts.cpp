@@ -48,8 +48,12 @@ int LoadDiscisCourts()
     courts.clear();
     const QStringList lines = ReadListFile(u"wadisciscts.txt"_s, 0);
     try {
-        for (const QString &line : lines)
-            courts.append(courtOfLine(line));
+        for (const QString &line : lines) {
+            const clsDiscisCourts court = courtOfLine(line);
+            if (DiscisCourtByCode(court.CourtCode))
+                throw RunTimeError(457, u"Two courts have the code "_s + court.CourtCode);
+            courts.append(court);
+        }
     } catch (const RunTimeError &error) {
         WriteAppInfo(u"Error in LoadDiscisCourts() after "_s + QString::number(courts.size())
                      + u" courts: "_s + error.Description());

@@ -15,6 +15,8 @@
 #include "namesearch/frmNameSearchResults.h"
 #include "ui_frmNameSearchResults.h"
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -50,8 +52,11 @@ void frmNameSearchResults::ReportEmptyQueue()
 
 SearchOutcome frmNameSearchResults::RunRequests()
 {
-    showCount();
+    showCount(RowCount());
+    int runningTotal = 0;
+    rowsOfRequest = 0;
     for (int i = 0; i < lboxQueue.ListCount(); ++i) {
+        runningTotal += std::exchange(rowsOfRequest, 0);
         if (i >= 1)
             ShowSearchCriteria(i);
         Global.strRecvBuffer.Clear();
@@ -71,9 +76,11 @@ SearchOutcome frmNameSearchResults::RunRequests()
         WriteAppInfo(u"All Responses Received For Request: "_s + line);
         if (tooManyHits)
             return SearchOutcome::MaxNames;
-        if (i + 1 < lboxQueue.ListCount())
+        if (i + 1 < lboxQueue.ListCount()) {
             WriteAppInfo(u"Starting Next Request: "_s + lboxQueue.List(i + 1));
-        showCount();
+            // What the requests before this one gave; the next row shows all rows again.
+            showCount(runningTotal);
+        }
     }
     return SearchIncomplete ? SearchOutcome::Incomplete : SearchOutcome::Completed;
 }
@@ -129,6 +136,7 @@ SearchOutcome frmNameSearchResults::ReadReplies(bool &tooManyHits, bool &ended)
 void frmNameSearchResults::TakeRow(const QString &reply)
 {
     AddResultRow(reply);
+    ++rowsOfRequest;
     WriteAppInfo(u"Sent response to caller: "_s + reply);
 }
 

@@ -64,9 +64,12 @@ frmNameSearchResults::frmNameSearchResults(const QString &state, bool indexSearc
     connect(tmrBlink, &QTimer::timeout, this, &frmNameSearchResults::tmrBlink_Tick);
     connect(ui->cmdStopSearching, &QPushButton::clicked, this,
             &frmNameSearchResults::cmdStopSearching_Click);
+    // The button is enabled when a search ends; the reports it opens come with a later version.
+    connect(cmdSearchResults[PrintResults], &QPushButton::clicked, this,
+            [this] { MsgBox(this, u"Printing of results comes with a later version."_s); });
     connect(ui->listview1->List(), &ResultListModel::Flushed, this, [this] {
         if (countPending)
-            showCount();
+            showCount(RowCount());
     });
     Timer1->start();
     tmrBlink->start();
@@ -308,10 +311,10 @@ void frmNameSearchResults::setSearchStatus(const QString &text, StatusStyle styl
     ui->lblSearchStatus->setText(text);
 }
 
-void frmNameSearchResults::showCount()
+void frmNameSearchResults::showCount(int rows)
 {
     countPending = false;
-    ui->Label3->setText(u"Retrieved: "_s + QString::number(RowCount()));
+    ui->Label3->setText(u"Retrieved: "_s + QString::number(rows));
 }
 
 void frmNameSearchResults::showPageButton(bool nextPage)

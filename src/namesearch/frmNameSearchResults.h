@@ -91,7 +91,7 @@ private:
     void AddMaxResultsRows();
     void ReportEmptyQueue();
 
-    void showCount();
+    void showCount(int rows);
     void setStatus(const QString &text, StatusStyle style);
     void setSearchStatus(const QString &text, StatusStyle style);
     void stopBlinking();
@@ -102,6 +102,7 @@ private:
     std::array<QPushButton *, 7> cmdSearchResults{};
     ResultKind kind;
     QString countyOfRequest;
+    int rowsOfRequest = 0;
     bool CriteriaShown = false;
     bool BlinkOn = false;
     bool ActiveSearcher = false;

@@ -25,12 +25,14 @@ struct StateRow
     QStringView court;
     QStringView caption;
     QStringView statewide; ///< caption of the statewide button; empty leaves it
+    int jurisdiction;      ///< the row of lstJurisdictions for its first court
 };
 constexpr std::array<StateRow, 4> stateRows{{
-    {u"OR", u"OR", u"Search Entry Form - OR. Circuit/District Court", u"State&wide (37 Counties)"},
-    {u"WA", u"WASUP", u"Search Entry Form - WA. Superior Courts", u"State&wide (39 Counties)"},
-    {u"FED", u"FED", u"Search Entry Form - Federal Bankruptcy Courts", u""},
-    {u"ID", u"IDSUP", u"Search Entry Form - ID. District Courts", u"State&wide (44 Counties)"},
+    {u"OR", u"OR", u"Search Entry Form - OR. Circuit/District Court", u"State&wide (37 Counties)",
+     2},
+    {u"WA", u"WASUP", u"Search Entry Form - WA. Superior Courts", u"State&wide (39 Counties)", 0},
+    {u"FED", u"FED", u"Search Entry Form - Federal Bankruptcy Courts", u"", 4},
+    {u"ID", u"IDSUP", u"Search Entry Form - ID. District Courts", u"State&wide (44 Counties)", 2},
 }};
 
 /// What a search type shows, by the index of its button.
@@ -106,9 +108,11 @@ frmSearchWA::frmSearchWA() : ui(std::make_unique<Ui::frmSearchWA>())
 
     LoadWaCaseTypes();
     LoadDiscisCourts();
+    LoadJurisdictionList();
     optState_Click(LastStateIndex);
     optState[static_cast<size_t>(LastStateIndex)]->setChecked(true);
     ResetFormFields();
+    SelectState(Global.strDefaultView);
 }
 
 frmSearchWA::~frmSearchWA() = default;
@@ -180,6 +184,16 @@ void frmSearchWA::keyPressEvent(QKeyEvent *event)
 void frmSearchWA::LoadCaseTypes(const QString &court)
 {
     ui->lboxCaseTypes->SetItems(CaseTypesOf(court));
+}
+
+void frmSearchWA::LoadJurisdictionList()
+{
+    // The row of an item is the number of its court family.
+    ui->lstJurisdictions->addItems(
+        {u"Washington State Superior Court"_s, u"Washington State District/Municipal Courts"_s,
+         u"Oregon State Circuit/District Courts"_s, u"Idaho State District Courts"_s,
+         u"U.S. Courts - Federal Bankruptcy Courts"_s});
+    ui->lstJurisdictions->setCurrentRow(0);
 }
 
 void frmSearchWA::LoadSearchYears()
@@ -295,6 +309,7 @@ void frmSearchWA::SelectState(const QString &state)
         if (stateRows[i].state != state || !optState[i]->isEnabled())
             continue;
         optState[i]->setChecked(true);
+        ui->lstJurisdictions->setCurrentRow(stateRows[i].jurisdiction);
         if (LastStateIndex != static_cast<int>(i))
             optState_Click(static_cast<int>(i));
     }

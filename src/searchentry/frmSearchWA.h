@@ -46,6 +46,7 @@ public:
 
     void LoadCaseTypes(const QString &court);
     void LoadSearchYears();
+    void LoadJurisdictionList();
     void ResetFormFields();
 
     /// Selects name search on the first court of the state.

@@ -146,6 +146,35 @@ QString readCourtStatus()
         status = TrimBlanks(response.Token);
     }
 }
+
+void readClientAcctgOption()
+{
+    for (;;) {
+        const Response response = ReadResponse();
+        WriteAppInfo(u"Read Client Accounting Option from HV Server. Reply was: "_s
+                     + numberText(response.Status));
+        if (response.Status == ReadStatus::TimedOutOrLost) {
+            WriteAppInfo(u"Server Timeout - No Response From Server during GETCLIENTACCTGOPT "
+                         "retrieval!!"_s);
+            return;
+        }
+        if (response.Status != ReadStatus::Token) {
+            WriteAppInfo(u"Lost connection to server during retrieval of GETCLIENTACCTGOPT "
+                         "settings"_s);
+            return;
+        }
+        const QString token = response.Token.toUpper();
+        if (token.contains(u"TRUE~")) {
+            Global.bClientAcctgOpt = true;
+            return;
+        }
+        if (token.contains(u"FALSE~") || token.contains(u"EOF~")) {
+            Global.bClientAcctgOpt = false;
+            return;
+        }
+        Yield();
+    }
+}
 } // namespace
 
 bool GetIniValues(const ShowStatus &show)
@@ -221,30 +250,10 @@ QString GetCourtStatus(const ShowStatus &show)
 
 void GetClientAcctgOption()
 {
-    SendReq(u"GETCLIENTACCTGOPT~"_s);
-    for (;;) {
-        const Response response = ReadResponse();
-        WriteAppInfo(u"Read Client Accounting Option from HV Server. Reply was: "_s
-                     + numberText(response.Status));
-        if (response.Status == ReadStatus::TimedOutOrLost) {
-            WriteAppInfo(u"Server Timeout - No Response From Server during GETCLIENTACCTGOPT "
-                         "retrieval!!"_s);
-            return;
-        }
-        if (response.Status != ReadStatus::Token) {
-            WriteAppInfo(u"Lost connection to server during retrieval of GETCLIENTACCTGOPT "
-                         "settings"_s);
-            return;
-        }
-        const QString token = response.Token.toUpper();
-        if (token.contains(u"TRUE~")) {
-            Global.bClientAcctgOpt = true;
-            return;
-        }
-        if (token.contains(u"FALSE~") || token.contains(u"EOF~")) {
-            Global.bClientAcctgOpt = false;
-            return;
-        }
-        Yield();
+    try {
+        SendReq(u"GETCLIENTACCTGOPT~"_s);
+        readClientAcctgOption();
+    } catch (const RunTimeError &) {
+        WriteAppInfo(u"Error While Retrieving the Client Accounting Option"_s);
     }
 }

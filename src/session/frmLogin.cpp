@@ -226,12 +226,11 @@ void frmLogin::FetchPrivateMessages()
         Global.strPrivateMsgs.clear();
         found = GetPrivateMessage(userName, password, LoginVersion(), statusLine());
     }
-    if (found.isEmpty() || found == NoMessagesFound()) {
+    // A refused request answers with words of its own and leaves no message: the box then comes
+    // into view empty.
+    if (found.isEmpty())
         Global.strPrivateMsgs = NoMessagesFound();
-        showMessages(Global.strPrivateMsgs, false);
-    } else {
-        showMessages(Global.strPrivateMsgs, true);
-    }
+    showMessages(Global.strPrivateMsgs, !found.isEmpty());
 }
 
 void frmLogin::showMessages(const QString &text, bool bringIntoView)

@@ -25,6 +25,8 @@
 #include <QTextDocumentFragment>
 #include <QUrl>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -54,6 +56,14 @@ QLabel *plainLabel(QWidget *parent, const QString &name)
     label->setTextFormat(Qt::PlainText);
     label->setObjectName(name);
     return label;
+}
+
+/// Moves a child that stands out over the right or lower edge back in, as far as it fits.
+void keepInView(QMdiSubWindow *frame, const QRect &area)
+{
+    const int left = std::max(0, std::min(frame->x(), area.width() - frame->width()));
+    const int top = std::max(0, std::min(frame->y(), area.height() - frame->height()));
+    frame->move(left, top);
 }
 
 void openSupportPage()
@@ -220,6 +230,8 @@ void frmMain::Activated()
 
 void frmMain::ShowChild(FormWindow *child)
 {
+    // The size that the window was designed with: its contents alone would ask for less.
+    const QSize designed = child->size();
     QMdiSubWindow *frame = ui->mdiArea->addSubWindow(child);
     // The child is deleted by its own rules, and may have to outlive its frame for a while.
     frame->setAttribute(Qt::WA_DeleteOnClose, false);
@@ -230,9 +242,11 @@ void frmMain::ShowChild(FormWindow *child)
         ui->mdiArea->removeSubWindow(frame);
         frame->deleteLater();
     });
+    child->ensurePolished();
+    frame->resize(designed.expandedTo(child->sizeHint()) + frame->sizeHint() - child->sizeHint());
     child->show();
-    frame->resize(frame->sizeHint().expandedTo(child->minimumSize()));
     frame->show();
+    keepInView(frame, ui->mdiArea->viewport()->rect());
     ui->mdiArea->setActiveSubWindow(frame);
 }
 

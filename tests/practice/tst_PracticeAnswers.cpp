@@ -2,8 +2,8 @@
 #include "practice/Conversation.h"
 #include "practice/CourtTables.h"
 #include "practice/MadeUpPeople.h"
-#include "practice/SuperiorSearch.h"
 #include "practice/PracticeScript.h"
+#include "practice/SuperiorSearch.h"
 
 #include <QTest>
 
@@ -106,16 +106,16 @@ void tst_PracticeAnswers::logins_data()
     QTest::newRow("no name") << u"¦pw¦v¦"_s << refused << false;
     QTest::newRow("a blank name") << u"  ¦pw¦v¦"_s << refused << false;
     QTest::newRow("no password") << u"ann¦¦v¦"_s << refused << false;
-    QTest::newRow("no end mark") << u"noend¦pw¦v¦"_s
-                                 << QStringList{refused.first(), u"<silence>"_s} << false;
+    QTest::newRow("no end mark") << u"noend¦pw¦v¦"_s << QStringList{refused.first(), u"<silence>"_s}
+                                 << false;
     QTest::newRow("silent") << u"silent¦pw¦v¦"_s << QStringList{u"<silence>"_s} << false;
     QTest::newRow("silent, but wrong") << u"silent¦wrong¦v¦"_s << refused << false;
     QTest::newRow("dropped") << u"droplink¦pw¦v¦"_s << QStringList{u"<drop>"_s} << false;
     QTest::newRow("accounting") << u"acctg¦pw¦v¦"_s << fine << true;
     QTest::newRow("mail") << u"mail¦pw¦v¦"_s << fine << true;
     QTest::newRow("quiet") << u"quiet¦pw¦v¦"_s << fine << true;
-    QTest::newRow("too few fields") << u"ann¦pw¦"_s
-                                    << QStringList{u"ERROR~Unknown request~"_s, end} << false;
+    QTest::newRow("too few fields")
+        << u"ann¦pw¦"_s << QStringList{u"ERROR~Unknown request~"_s, end} << false;
 }
 
 void tst_PracticeAnswers::logins()
@@ -134,8 +134,7 @@ void tst_PracticeAnswers::aFailedLoginLogsOut()
 {
     Conversation conversation = loggedIn();
     ask(conversation, u"LOGON¦nobody¦pw¦v¦"_s);
-    QCOMPARE(ask(conversation, u"OREGON¦SEARCH¦"_s),
-             (QStringList{u"ERROR~Not logged in~"_s, end}));
+    QCOMPARE(ask(conversation, u"OREGON¦SEARCH¦"_s), (QStringList{u"ERROR~Not logged in~"_s, end}));
 }
 
 void tst_PracticeAnswers::exchanges_data()
@@ -167,8 +166,8 @@ void tst_PracticeAnswers::exchanges_data()
                                   << QStringList{u"All practice courts are available."_s, end};
     QTest::newRow("accounting") << u"acctg"_s << u"GETCLIENTACCTGOPT~"_s
                                 << QStringList{u"TRUE~"_s, end};
-    QTest::newRow("no accounting") << u"ann"_s << u"GETCLIENTACCTGOPT~"_s
-                                   << QStringList{u"FALSE~"_s, end};
+    QTest::newRow("no accounting")
+        << u"ann"_s << u"GETCLIENTACCTGOPT~"_s << QStringList{u"FALSE~"_s, end};
     QTest::newRow("accounting by the wrong delimiter")
         << u"acctg"_s << u"GETCLIENTACCTGOPT¦"_s << unknown;
     QTest::newRow("a stop that finds nothing running") << u"ann"_s << u"STOP¦"_s << unknown;
@@ -186,8 +185,8 @@ void tst_PracticeAnswers::exchanges_data()
     QTest::newRow("nothing of the superior courts") << u"ann"_s << u"WASUP¦"_s << empty;
     QTest::newRow("Oregon") << u"ann"_s << u"OREGON¦SEARCH¦SMITH¦¦¦¦*ALL¦CV,¦¦¦"_s << empty;
     QTest::newRow("Idaho") << u"ann"_s << u"IDSUP¦SEARCH¦SMITH¦¦¦¦*ALL¦CV,¦¦¦"_s << empty;
-    QTest::newRow("district courts") << u"ann"_s << u"WADISCIS¦SEARCH¦SMITH¦¦¦*SW¦IN¦SNCI¦"_s
-                                     << empty;
+    QTest::newRow("district courts")
+        << u"ann"_s << u"WADISCIS¦SEARCH¦SMITH¦¦¦*SW¦IN¦SNCI¦"_s << empty;
     QTest::newRow("index") << u"ann"_s
                            << u"INDEX~SEARCH~SMITH~~~~King,~Civil,~1970~2005~LL=1~UL=500~"_s
                            << empty;
@@ -251,8 +250,7 @@ void tst_PracticeAnswers::theGuidesSearch()
 void tst_PracticeAnswers::progressComesFirst()
 {
     Conversation conversation = loggedIn();
-    const QStringList script
-        = ask(conversation, u"WASUP¦SEARCH¦ACME¦¦¦¦Walla Walla,Pierce,¦¦¦¦"_s);
+    const QStringList script = ask(conversation, u"WASUP¦SEARCH¦ACME¦¦¦¦Walla Walla,Pierce,¦¦¦¦"_s);
     QCOMPARE(script[0], u"SEARCHING~Walla~Walla~County~Superior~Court~.."_s);
     QCOMPARE(script[1], u"SEARCHING~Pierce~County~Superior~Court~.."_s);
     qsizetype progress = 0;
@@ -275,10 +273,10 @@ void tst_PracticeAnswers::filters_data()
     const QString collection = u"05-2-00031-8"_s;
     const QString judgment = u"*96-9-00005-9"_s;
     QTest::newRow("a county") << u"King,¦¦¦¦"_s << QStringList{criminal, civil, domestic};
-    QTest::newRow("a county without its comma") << u"King¦¦¦¦"_s
-                                                << QStringList{criminal, civil, domestic};
-    QTest::newRow("a county in capitals") << u"KING,¦¦¦¦"_s
-                                          << QStringList{criminal, civil, domestic};
+    QTest::newRow("a county without its comma")
+        << u"King¦¦¦¦"_s << QStringList{criminal, civil, domestic};
+    QTest::newRow("a county in capitals")
+        << u"KING,¦¦¦¦"_s << QStringList{criminal, civil, domestic};
     QTest::newRow("two counties") << u"King,Pierce,¦¦¦¦"_s
                                   << QStringList{criminal, civil, domestic, collection};
     QTest::newRow("a county without him") << u"Garfield,¦¦¦¦"_s << QStringList{};
@@ -292,8 +290,8 @@ void tst_PracticeAnswers::filters_data()
     QTest::newRow("an unknown type") << u"King,¦Sealed,¦¦¦"_s << QStringList{};
     QTest::newRow("an archived case") << u"Adams,¦Judgment,¦¦¦"_s << QStringList{judgment};
     QTest::newRow("years") << u"King,¦¦1995¦2000¦"_s << QStringList{civil};
-    QTest::newRow("years at their bounds") << u"King,¦¦1994¦1998¦"_s
-                                           << QStringList{criminal, civil};
+    QTest::newRow("years at their bounds")
+        << u"King,¦¦1994¦1998¦"_s << QStringList{criminal, civil};
     QTest::newRow("from a year") << u"King,¦¦1998¦¦"_s << QStringList{civil, domestic};
     QTest::newRow("to a year") << u"King,¦¦¦1998¦"_s << QStringList{criminal, civil};
     QTest::newRow("years the wrong way round") << u"King,¦¦2000¦1995¦"_s << QStringList{};
@@ -385,10 +383,10 @@ void tst_PracticeAnswers::malformedSearches_data()
     QTest::newRow("one too few") << u"WASUP¦SEARCH¦SMITH¦¦¦¦King,¦¦¦"_s << fields;
     QTest::newRow("one too many") << u"WASUP¦SEARCH¦SMITH¦¦¦¦King,¦¦¦¦¦"_s << fields;
     QTest::newRow("no name") << u"WASUP¦SEARCH¦ ¦¦¦¦King,¦¦¦¦"_s << u"ERROR~No name~"_s;
-    QTest::newRow("a word for a year") << u"WASUP¦SEARCH¦SMITH¦¦¦¦King,¦¦x¦1999¦"_s
-                                       << u"ERROR~Not a year~"_s;
-    QTest::newRow("a word for the other") << u"WASUP¦SEARCH¦SMITH¦¦¦¦King,¦¦1999¦x¦"_s
-                                          << u"ERROR~Not a year~"_s;
+    QTest::newRow("a word for a year")
+        << u"WASUP¦SEARCH¦SMITH¦¦¦¦King,¦¦x¦1999¦"_s << u"ERROR~Not a year~"_s;
+    QTest::newRow("a word for the other")
+        << u"WASUP¦SEARCH¦SMITH¦¦¦¦King,¦¦1999¦x¦"_s << u"ERROR~Not a year~"_s;
 }
 
 void tst_PracticeAnswers::malformedSearches()
@@ -406,9 +404,9 @@ void tst_PracticeAnswers::toldNames_data()
     const QString rows5 = u"r r r r r "_s;
     const QString rows25 = rows5.repeated(5);
     QTest::newRow("TOOMANY") << u"TOOMANY¦"_s << QString(rows25 + u"ERROR~Too many hits~ EOF~");
-    QTest::newRow("OVER200")
-        << u"OVER200¦"_s
-        << QString(rows25.repeated(8) + u"This search resulted in more than 200 results. EOF~");
+    QTest::newRow("OVER200") << u"OVER200¦"_s
+                             << QString(rows25.repeated(8)
+                                        + u"This search resulted in more than 200 results. EOF~");
     QTest::newRow("OVER200 NONE") << u"OVER200¦NONE"_s
                                   << u"This search resulted in more than 200 results. EOF~"_s;
     QTest::newRow("ERRORROW") << u"ERRORROW¦"_s
@@ -440,8 +438,8 @@ void tst_PracticeAnswers::toldNames()
 
 void tst_PracticeAnswers::toldRowsPassTheFilters()
 {
-    const QStringList rows = rowsOf(
-        search(u"WASUP¦SEARCH¦MANY¦300¦¦¦Pierce,¦Criminal,Probate,¦1990¦1992¦"_s));
+    const QStringList rows =
+        rowsOf(search(u"WASUP¦SEARCH¦MANY¦300¦¦¦Pierce,¦Criminal,Probate,¦1990¦1992¦"_s));
     QCOMPARE(rows.size(), 300);
     std::set<QString> numbers;
     for (const QString &row : rows) {
@@ -456,8 +454,8 @@ void tst_PracticeAnswers::toldRowsPassTheFilters()
     }
     QCOMPARE(numbers.size(), std::size_t{300});
 
-    for (const QString &tail : {u"Baker,¦¦¦¦"_s, u"King,¦Sealed,¦¦¦"_s, u"King,¦¦2001¦2000¦"_s,
-                                u"King,¦¦2030¦2040¦"_s}) {
+    for (const QString &tail :
+         {u"Baker,¦¦¦¦"_s, u"King,¦Sealed,¦¦¦"_s, u"King,¦¦2001¦2000¦"_s, u"King,¦¦2030¦2040¦"_s}) {
         for (const QString &name : {u"MANY"_s, u"THEREOF"_s, u"SLOW"_s})
             QCOMPARE(rowsOf(search(u"WASUP¦SEARCH¦%1¦0¦¦¦"_s.arg(name) + tail)).size(), 0);
     }
@@ -482,8 +480,8 @@ void tst_PracticeAnswers::manyRows()
     QFETCH(QString, first);
     QFETCH(qsizetype, count);
 
-    const QStringList script
-        = search(u"WASUP¦SEARCH¦MANY¦%1¦¦¦King,¦Civil,¦¦¦"_s.arg(first), 300'000);
+    const QStringList script =
+        search(u"WASUP¦SEARCH¦MANY¦%1¦¦¦King,¦Civil,¦¦¦"_s.arg(first), 300'000);
     QCOMPARE(script.size(), count + 1);
     QCOMPARE(script.last(), end);
     QCOMPARE(std::set<QString>(script.begin(), script.end()).size(),
@@ -507,8 +505,8 @@ void tst_PracticeAnswers::slow()
     QFETCH(int, seconds);
 
     Conversation conversation = loggedIn();
-    const QStringList script
-        = ask(conversation, u"WASUP¦SEARCH¦SLOW¦%1¦¦¦King,¦Civil,¦¦¦"_s.arg(first), 10'000);
+    const QStringList script =
+        ask(conversation, u"WASUP¦SEARCH¦SLOW¦%1¦¦¦King,¦Civil,¦¦¦"_s.arg(first), 10'000);
     QCOMPARE(script.count(u"<pause 1000>"_s), seconds);
     QCOMPARE(rowsOf(WithoutProgress(script)).size(), 3);
     for (int second = 1; second <= seconds; ++second) {

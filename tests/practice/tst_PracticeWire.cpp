@@ -46,12 +46,12 @@ void tst_PracticeWire::frames_data()
     QTest::newRow("one") << QByteArrayList{"|A|"} << QByteArrayList{"A"};
     QTest::newRow("two in one chunk") << QByteArrayList{"|A||B|"} << QByteArrayList{"A", "B"};
     QTest::newRow("in halves") << QByteArrayList{"|A", "B|"} << QByteArrayList{"AB"};
-    QTest::newRow("split at the bars") << QByteArrayList{"|", "A", "|", "|", "B", "|"}
-                                       << QByteArrayList{"A", "B"};
+    QTest::newRow("split at the bars")
+        << QByteArrayList{"|", "A", "|", "|", "B", "|"} << QByteArrayList{"A", "B"};
     QTest::newRow("half a frame") << QByteArrayList{"|A||B"} << QByteArrayList{"A"};
     QTest::newRow("rubbish before a frame") << QByteArrayList{"junk|A|"} << QByteArrayList{"A"};
-    QTest::newRow("rubbish between frames") << QByteArrayList{"|A|\r\n|B|"}
-                                            << QByteArrayList{"A", "B"};
+    QTest::newRow("rubbish between frames")
+        << QByteArrayList{"|A|\r\n|B|"} << QByteArrayList{"A", "B"};
     QTest::newRow("empty frames") << QByteArrayList{"|||||A|"} << QByteArrayList{"A"};
     QTest::newRow("an empty frame first") << QByteArrayList{"|||A|"} << QByteArrayList{"A"};
     QTest::newRow("nothing but rubbish") << QByteArrayList{"junk", "more"} << QByteArrayList{};
@@ -78,12 +78,18 @@ void tst_PracticeWire::frames()
 
 void tst_PracticeWire::aFrameInPieces()
 {
-    const QByteArray wire = "|LOGON\xA6" "a\xA6" "b\xA6" "c\xA6||STOP\xA6|";
+    const QByteArray wire = "|LOGON\xA6"
+                            "a\xA6"
+                            "b\xA6"
+                            "c\xA6||STOP\xA6|";
     for (qsizetype cut = 0; cut <= wire.size(); ++cut) {
         FrameReader reader;
         reader.Append(wire.first(cut));
         reader.Append(wire.sliced(cut));
-        QCOMPARE(reader.Next(), QByteArray("LOGON\xA6" "a\xA6" "b\xA6" "c\xA6"));
+        QCOMPARE(reader.Next(), QByteArray("LOGON\xA6"
+                                           "a\xA6"
+                                           "b\xA6"
+                                           "c\xA6"));
         QCOMPARE(reader.Next(), QByteArray("STOP\xA6"));
         QCOMPARE(reader.Next(), std::nullopt);
     }
@@ -125,22 +131,22 @@ void tst_PracticeWire::requests_data()
                              << QString();
     QTest::newRow("fields") << u"LOGON¦ann¦pw¦AppVer-9.00¦"_s << u"LOGON"_s
                             << QStringList{u"ann"_s, u"pw"_s, u"AppVer-9.00"_s} << QString();
-    QTest::newRow("empty fields at the end") << u"A¦b¦¦¦"_s << u"A"_s
-                                             << QStringList{u"b"_s, u""_s, u""_s} << QString();
-    QTest::newRow("a tilde in a field") << u"A¦b~c¦"_s << u"A"_s << QStringList{u"b~c"_s}
-                                        << QString();
+    QTest::newRow("empty fields at the end")
+        << u"A¦b¦¦¦"_s << u"A"_s << QStringList{u"b"_s, u""_s, u""_s} << QString();
+    QTest::newRow("a tilde in a field")
+        << u"A¦b~c¦"_s << u"A"_s << QStringList{u"b~c"_s} << QString();
     QTest::newRow("a tag") << u"A¦b¦^^CAC:ABC^^¦"_s << u"A"_s << QStringList{u"b"_s, u""_s}
                            << u"ABC"_s;
     QTest::newRow("a tag behind a filled field")
         << u"A¦b^^CAC:ABC^^¦"_s << u"A"_s << QStringList{u"b"_s} << u"ABC"_s;
-    QTest::newRow("a tag before a tilde") << u"A~b~c^^CAC:A B^^~"_s << u"A"_s
-                                          << QStringList{u"b"_s, u"c"_s} << u"A B"_s;
+    QTest::newRow("a tag before a tilde")
+        << u"A~b~c^^CAC:A B^^~"_s << u"A"_s << QStringList{u"b"_s, u"c"_s} << u"A B"_s;
     QTest::newRow("an empty tag") << u"A¦b¦^^CAC:^^¦"_s << u"A"_s << QStringList{u"b"_s, u""_s}
                                   << u""_s;
     QTest::newRow("a tag elsewhere is text")
         << u"A¦^^CAC:X^^b¦"_s << u"A"_s << QStringList{u"^^CAC:X^^b"_s} << QString();
-    QTest::newRow("half a tag is text") << u"A¦CAC:X^^¦"_s << u"A"_s << QStringList{u"CAC:X^^"_s}
-                                        << QString();
+    QTest::newRow("half a tag is text")
+        << u"A¦CAC:X^^¦"_s << u"A"_s << QStringList{u"CAC:X^^"_s} << QString();
     QTest::newRow("a tag that closes with its opening is text")
         << u"A¦^^CAC:^¦"_s << u"A"_s << QStringList{u"^^CAC:^"_s} << QString();
     QTest::newRow("no delimiter") << u"GETMSG"_s << u"GETMSG"_s << QStringList{} << QString();
@@ -255,12 +261,12 @@ void tst_PracticeWire::switchesAreStored()
     QVERIFY(!none.split && !none.drip && !none.dropAfter && !none.stallAfter && !none.pingEvery);
     QVERIFY(!none.refuse && !none.untilInputCloses);
 
-    const Switches all
-        = ParseCommandLine({u"halvane-practice"_s, u"--port"_s, u"8085"_s, u"--data=a=b.txt"_s,
-                            u"--seed"_s, u"7"_s, u"--split"_s, u"3"_s, u"--drip"_s, u"400"_s,
-                            u"--drop-after"_s, u"500"_s, u"--stall-after"_s, u"0"_s,
-                            u"--ping-every"_s, u"60"_s, u"--refuse"_s, u"--until-stdin-closes"_s})
-              .switches;
+    const Switches all =
+        ParseCommandLine({u"halvane-practice"_s, u"--port"_s, u"8085"_s, u"--data=a=b.txt"_s,
+                          u"--seed"_s, u"7"_s, u"--split"_s, u"3"_s, u"--drip"_s, u"400"_s,
+                          u"--drop-after"_s, u"500"_s, u"--stall-after"_s, u"0"_s,
+                          u"--ping-every"_s, u"60"_s, u"--refuse"_s, u"--until-stdin-closes"_s})
+            .switches;
     QCOMPARE(all.port, quint16{8085});
     QCOMPARE(all.dataFile, u"a=b.txt"_s);
     QCOMPARE(all.seed, quint32{7});

@@ -17,18 +17,10 @@ class frmMain;
 /// What a fake court does with the connects and requests of every socket that is made.
 struct FakeCourt
 {
-    /// One request that must come, bars included, and the pieces of its reply, one a turn.
-    struct Exchange
-    {
-        QByteArray request;
-        QByteArrayList reply;
-        bool drops = false; ///< the server closes behind the reply
-    };
-
     bool refuses = false;
     bool connects = true;
-    QList<Exchange> script; ///< taken from its front; a request beyond it gets no answer
-    QByteArrayList requests;
+    QByteArrayList replies; ///< one a request, from the front; a request beyond them gets none
+    QByteArrayList requests; ///< all that came, bars included
     QStringList connectedTo; ///< "host:port" of each attempt
 };
 

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "support/BoxAnswers.h"
+#include "support/ScriptedCourt.h"
+#include "support/TestClock.h"
+#include "support/TestFolder.h"
+
+#include <QColor>
+#include <QObject>
+#include <QStringList>
+#include <QTimer>
+
+#include <functional>
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+class FakeSocket;
+class QPushButton;
+class QWidget;
+class frmNameSearchResults;
+
+/// A program with a user at it: an application folder, a clock that stands still, announced boxes,
+/// a session, and results windows that ask for their turn every millisecond. One a test function.
+class SearchDesk
+{
+public:
+    SearchDesk();
+    ~SearchDesk();
+
+    /// A session over a real socket to this court.
+    void ConnectTo(const ScriptedCourt &court);
+    /// A session over a socket without a network.
+    FakeSocket *ConnectToNothing();
+
+    /// A results window with its lines and a key at the end of the queue, as the search form leaves
+    /// one, shown and asking for its turn.
+    frmNameSearchResults *Start(const QStringList &lines, const QString &state = u"WA"_s);
+    /// The same, but it does not ask for its turn until its timer is started.
+    frmNameSearchResults *MakePending(const QStringList &lines, const QString &state = u"WA"_s);
+
+    /// Once, at the first turn of the event loop at which `ready` holds. It happens inside whatever
+    /// wait is running then, as a click does.
+    void When(std::function<bool()> ready, std::function<void()> act);
+    /// True when everything that was to happen has happened.
+    bool AllHappened() const { return watchers.isEmpty(); }
+
+    /// Waits until the search of this window is over and its run has left the stack.
+    bool Finish(const frmNameSearchResults *window);
+
+    TestFolder Folder;
+    TestClock Time;
+    BoxAnswers Boxes;
+
+private:
+    QObject context;
+    QList<QTimer *> watchers;
+    QTimer guard;
+};
+
+/// The text of a control, found by its name.
+QString TextOf(const QWidget *window, const char *name);
+QPushButton *ButtonOf(const QWidget *window, const char *name);
+/// "blue" or "red" for the two colours of the status texts, the colour's name otherwise.
+QString ColourOf(const QWidget *window, const char *name);
+bool IsBold(const QWidget *window, const char *name);
+/// The cells of listview1, row by row, as the view has them.
+QList<QStringList> RowsOf(const QWidget *window);
+QStringList HeadersOf(const QWidget *window);
+
+/// A Superior request line, as the search form makes it.
+QString RequestLine(const QString &last = u"SMITH"_s, const QString &county = u"King"_s);
+/// A row of the Superior Courts for this name.
+QString ResultLine(const QString &name, const QString &number = u"02-2-02029-9"_s);

@@ -1,0 +1,311 @@
+#include "core/GlobalState.h"
+#include "jobs/frmQueue.h"
+#include "namesearch/SearchDesk.h"
+#include "namesearch/frmNameSearchResults.h"
+
+#include <QPushButton>
+#include <QTest>
+
+namespace {
+const QString searchFailed =
+    u"SEARCH FAILED - COURT CONNECTION LOST - from ProcessSearchReqeusts."_s;
+const QString normalExit = u"NORMAL EXIT - from ProcessSearchReqeusts."_s;
+const QString tooMany = u"This search resulted in more than 200 results.~"_s;
+} // namespace
+
+class tst_NameSearchEnds : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void outcome_data();
+    void outcome();
+    void tooManyHitsSendsNoFurtherLine();
+    void tooManyHitsGoesOnReadingToItsEnd();
+    void anErrorRowSendsTheLinesThatFollow();
+    void maxResultsSendsNoFurtherLine();
+    void maxResultsWithRowsAddsAWarningRow();
+    void maxResultsWithoutRowsShowsANote();
+    void maxResultsNamesTheCountyOfTheCurrentLine();
+    void aRowWithTooFewFieldsLosesTheSearch_data();
+    void aRowWithTooFewFieldsLosesTheSearch();
+    void aLineWithTooFewFieldsLosesTheSearch();
+    void everyOutcomeGivesTheTurnBackOnce_data();
+    void everyOutcomeGivesTheTurnBackOnce();
+
+private:
+    std::unique_ptr<SearchDesk> desk;
+    std::unique_ptr<ScriptedCourt> court;
+};
+
+void tst_NameSearchEnds::init()
+{
+    desk = std::make_unique<SearchDesk>();
+    court = std::make_unique<ScriptedCourt>();
+}
+
+void tst_NameSearchEnds::cleanup()
+{
+    QCOMPARE(desk->Boxes.Complaints(), QString());
+    QVERIFY(desk->AllHappened());
+    desk.reset();
+    court.reset();
+}
+
+void tst_NameSearchEnds::outcome_data()
+{
+    QTest::addColumn<QStringList>("reply");
+    QTest::addColumn<bool>("drops");
+    QTest::addColumn<QString>("log");
+    QTest::addColumn<QString>("status");
+    QTest::addColumn<QString>("statusColour");
+    QTest::addColumn<QString>("searchStatus");
+    QTest::addColumn<QString>("searchStatusColour");
+    QTest::addColumn<QString>("count");
+    QTest::addColumn<bool>("incomplete");
+
+    const QString row = ResultLine(u"SMITH, JOHN"_s);
+    const QString complete =
+        u"Search Completed Successfully. Double-Click on any Case to Retrieve Details."_s;
+    const QString mostNames =
+        u"The Max. Number of Names were retrieved. More cases exist. Please refine search criteria."_s;
+    const QString someMissing =
+        u"Search Incomplete. Some Results May Not Have Been Retrieved. Please Retry Search."_s;
+    const QString lost = u"Search Stopped. Court Connection Lost. Please Close Form and Retry"_s;
+    QTest::newRow("completed with rows") << QStringList{row, row, u"EOF~"_s} << false << normalExit
+                                         << u"Search Complete: 2 Cases Retrieved."_s << u"blue"_s
+                                         << complete << u"blue"_s << QString() << false;
+    QTest::newRow("completed without rows")
+        << QStringList{u"EOF~"_s} << false << normalExit << u"Search Complete: 0 Cases Retrieved."_s
+        << u"blue"_s << complete << u"blue"_s << QString() << false;
+    QTest::newRow("too many hits")
+        << QStringList{row, u"ERROR~too many hits~"_s, row, u"EOF~"_s} << false << normalExit
+        << u"Search Complete: 2 Cases Retrieved."_s << u"blue"_s << mostNames << u"blue"_s
+        << u"Max. Names Found!"_s << false;
+    QTest::newRow("too many hits, in capitals")
+        << QStringList{u"ERROR~TOO MANY HITS~"_s, u"EOF~"_s} << false << normalExit
+        << u"Search Complete: 0 Cases Retrieved."_s << u"blue"_s << mostNames << u"blue"_s
+        << u"Max. Names Found!"_s << false;
+    QTest::newRow("too many hits and an error")
+        << QStringList{u"ERROR~Court is down~"_s, u"ERROR~too many hits~"_s, u"EOF~"_s} << false
+        << normalExit << u"Search Complete: 0 Cases Retrieved."_s << u"blue"_s << mostNames
+        << u"blue"_s << u"Max. Names Found!"_s << true;
+    QTest::newRow("more than 200 with rows")
+        << QStringList{row, tooMany} << false
+        << u"NORMAL EXIT - Max Names Error Message in ProcessSearchReqeusts()."_s
+        << u"Search Stopped - Max Results Reached: 1 Cases Retrieved."_s << u"blue"_s
+        << u"Search Stopped on King Cty. Refine Search and Try Again."_s << u"blue"_s << QString()
+        << false;
+    QTest::newRow("more than 200 without rows")
+        << QStringList{tooMany} << false
+        << u"NORMAL EXIT - Max Names Error Message in ProcessSearchReqeusts()."_s
+        << u"Search Stopped - Max Results Reached: 0 Cases Retrieved."_s << u"blue"_s
+        << u"Search Stopped on King Cty. Refine Search and Try Again."_s << u"blue"_s << QString()
+        << false;
+    QTest::newRow("incomplete") << QStringList{row, u"ERROR~Court is down~"_s, u"EOF~"_s} << false
+                                << u"SEARCH Incomplete from ProcessSearchReqeusts."_s
+                                << u"Search Incomplete!"_s << u"red"_s << someMissing << u"blue"_s
+                                << u"Retrieved: 1"_s << true;
+    QTest::newRow("connection lost")
+        << QStringList{row} << true << searchFailed << u"Search Stopped - Court Connection Lost!"_s
+        << u"red"_s << lost << u"blue"_s << u"Retrieved: 1"_s << true;
+}
+
+void tst_NameSearchEnds::outcome()
+{
+    QFETCH(QStringList, reply);
+    QFETCH(bool, drops);
+    court->Expect(RequestLine()).Reply(reply);
+    desk->ConnectTo(*court);
+    frmNameSearchResults *window = desk->Start({RequestLine()});
+    if (drops)
+        desk->When([&] { return window->RowCount() == 1; }, [this] { court->DropClient(); });
+    QVERIFY(desk->Finish(window));
+
+    QTEST(TextOf(window, "lblStatus"), "status");
+    QTEST(ColourOf(window, "lblStatus"), "statusColour");
+    QVERIFY(IsBold(window, "lblStatus"));
+    QTEST(TextOf(window, "lblSearchStatus"), "searchStatus");
+    QTEST(ColourOf(window, "lblSearchStatus"), "searchStatusColour");
+    QVERIFY(IsBold(window, "lblSearchStatus"));
+    QTEST(TextOf(window, "Label3"), "count");
+    QTEST(window->SearchIncomplete, "incomplete");
+    QFETCH(QString, log);
+    QCOMPARE(desk->Folder.TimesLogged(log), 1);
+
+    QVERIFY(!ButtonOf(window, "cmdStopSearching")->isEnabled());
+    QVERIFY(ButtonOf(window, "cmdSearchResults_2")->isEnabled());
+    QVERIFY(!ButtonOf(window, "cmdSearchResults_4")->isVisible());
+    QVERIFY(ButtonOf(window, "cmdSearchResults_6")->isVisible());
+    QVERIFY(!window->tmrBlink->isActive());
+    QVERIFY(!window->Timer1->isActive());
+    QVERIFY(window->findChild<QWidget *>(u"lblStatus"_s)->isVisible());
+    QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
+    QVERIFY(!window->StopRequested);
+    QVERIFY(!window->StopWarningFlag);
+    QVERIFY(!Global.bUserStoppedSearch);
+    QVERIFY(Global.strRecvBuffer.IsEmpty());
+    QCOMPARE(court->Complaints(), QString());
+}
+
+void tst_NameSearchEnds::tooManyHitsSendsNoFurtherLine()
+{
+    const QString adams = RequestLine(u"SMITH"_s, u"Adams"_s);
+    court->Expect(adams).Reply({u"ERROR~too many hits~"_s, ResultLine(u"A"_s), u"EOF~"_s});
+    desk->ConnectTo(*court);
+    frmNameSearchResults *window = desk->Start({adams, RequestLine()});
+    QVERIFY(desk->Finish(window));
+    QCOMPARE(court->Requests(), QStringList{adams});
+    QCOMPARE(TextOf(window, "Label3"), u"Max. Names Found!"_s);
+    QCOMPARE(window->RowCount(), 1);
+}
+
+void tst_NameSearchEnds::tooManyHitsGoesOnReadingToItsEnd()
+{
+    court->Expect(RequestLine()).Reply({u"ERROR~too many hits~"_s});
+    desk->ConnectTo(*court);
+    frmNameSearchResults *window = desk->Start({RequestLine()});
+    QString meanwhile;
+    desk->When([&] { return desk->Folder.Logged(u"Current Response: --> ERROR~too many hits~"_s); },
+               [&] {
+                   meanwhile = TextOf(window, "lblStatus");
+                   court->SendTokens({u"EOF~"_s});
+               });
+    QVERIFY(desk->Finish(window));
+    QCOMPARE(meanwhile, u"Searching .."_s);
+    QCOMPARE(TextOf(window, "Label3"), u"Max. Names Found!"_s);
+}
+
+void tst_NameSearchEnds::anErrorRowSendsTheLinesThatFollow()
+{
+    const QString adams = RequestLine(u"SMITH"_s, u"Adams"_s);
+    court->Expect(adams).Reply({u"ERROR~Court is down~"_s, u"EOF~"_s});
+    court->Expect(RequestLine()).Reply({ResultLine(u"A"_s), u"EOF~"_s});
+    desk->ConnectTo(*court);
+    frmNameSearchResults *window = desk->Start({adams, RequestLine()});
+    QVERIFY(desk->Finish(window));
+    QCOMPARE(court->Complaints(), QString());
+    QCOMPARE(TextOf(window, "lblStatus"), u"Search Incomplete!"_s);
+    QCOMPARE(window->RowCount(), 1);
+    QVERIFY(window->SearchIncomplete);
+}
+
+void tst_NameSearchEnds::maxResultsSendsNoFurtherLine()
+{
+    const QString adams = RequestLine(u"SMITH"_s, u"Adams"_s);
+    court->Expect(adams).Reply({u"*** THIS SEARCH RESULTED IN MORE THAN 200 RESULTS. ***~"_s});
+    desk->ConnectTo(*court);
+    frmNameSearchResults *window = desk->Start({adams, RequestLine()});
+    QVERIFY(desk->Finish(window));
+    QCOMPARE(court->Requests(), QStringList{adams});
+    QCOMPARE(TextOf(window, "lblStatus"),
+             u"Search Stopped - Max Results Reached: 0 Cases Retrieved."_s);
+}
+
+void tst_NameSearchEnds::maxResultsWithRowsAddsAWarningRow()
+{
+    court->Expect(RequestLine()).Reply({ResultLine(u"SMITH, JOHN"_s), tooMany});
+    desk->ConnectTo(*court);
+    frmNameSearchResults *window = desk->Start({RequestLine()});
+    QVERIFY(desk->Finish(window));
+    const QList<QStringList> rows = RowsOf(window);
+    QCOMPARE(rows.size(), 2);
+    QCOMPARE(rows[0][0], u"SMITH, JOHN"_s);
+    QCOMPARE(rows[1], (QStringList{u"**Warning**"_s, u"**Warning**"_s, u"**Warning**"_s,
+                                   u"Too many results. Refine criteria and search again."_s,
+                                   u"King Cty"_s, u"**Warning**"_s}));
+    QCOMPARE(HeadersOf(window).size(), 6);
+}
+
+void tst_NameSearchEnds::maxResultsWithoutRowsShowsANote()
+{
+    court->Expect(RequestLine()).Reply({tooMany});
+    desk->ConnectTo(*court);
+    frmNameSearchResults *window = desk->Start({RequestLine()});
+    QVERIFY(desk->Finish(window));
+    QCOMPARE(HeadersOf(window),
+             QStringList{
+                 u"NOTE:    This Search Returned More Than The Maximum Number Allowed (200)."_s});
+    QCOMPARE(RowsOf(window),
+             (QList<QStringList>{{u"More than 200 results were found for this name search. Please "
+                                  "retry your search."_s},
+                                 {u"Tip: Be sure to include a full first name and/or middle "
+                                  "initial in the search criteria."_s}}));
+}
+
+void tst_NameSearchEnds::maxResultsNamesTheCountyOfTheCurrentLine()
+{
+    const QString harbor = RequestLine(u"SMITH"_s, u" Grays Harbor "_s);
+    court->Expect(RequestLine()).Reply({ResultLine(u"A"_s), u"EOF~"_s});
+    court->Expect(harbor).Reply({tooMany});
+    desk->ConnectTo(*court);
+    frmNameSearchResults *window = desk->Start({RequestLine(), harbor});
+    QVERIFY(desk->Finish(window));
+    QCOMPARE(TextOf(window, "lblSearchStatus"),
+             u"Search Stopped on Grays Harbor Cty. Refine Search and Try Again."_s);
+    QCOMPARE(RowsOf(window).last()[4], u"Grays Harbor Cty"_s);
+}
+
+void tst_NameSearchEnds::aRowWithTooFewFieldsLosesTheSearch_data()
+{
+    QTest::addColumn<QString>("row");
+    QTest::addColumn<int>("rows");
+    QTest::newRow("five fields") << u"A~B~C~D~"_s << 2;
+    QTest::newRow("one character") << u"~"_s << 2;
+    QTest::newRow("no delimiter") << u"X"_s << 2;
+    QTest::newRow("blanks") << u"   "_s << 1;
+}
+
+void tst_NameSearchEnds::aRowWithTooFewFieldsLosesTheSearch()
+{
+    QFETCH(QString, row);
+    const QString adams = RequestLine(u"SMITH"_s, u"Adams"_s);
+    court->Expect(adams).Reply({ResultLine(u"A"_s), row, ResultLine(u"B"_s), u"EOF~"_s});
+    desk->ConnectTo(*court);
+    frmNameSearchResults *window = desk->Start({adams, RequestLine()});
+    QVERIFY(desk->Finish(window));
+    QCOMPARE(TextOf(window, "lblStatus"), u"Search Stopped - Court Connection Lost!"_s);
+    QVERIFY(desk->Folder.Logged(searchFailed));
+    QVERIFY(window->SearchIncomplete);
+    QTEST(window->RowCount(), "rows");
+    QCOMPARE(court->Requests(), QStringList{adams});
+    QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
+}
+
+void tst_NameSearchEnds::aLineWithTooFewFieldsLosesTheSearch()
+{
+    court->Expect(RequestLine()).Reply({u"EOF~"_s});
+    desk->ConnectTo(*court);
+    frmNameSearchResults *window = desk->Start({RequestLine(), u"WASUP\u00A6SEARCH\u00A6"_s});
+    QVERIFY(desk->Finish(window));
+    QCOMPARE(TextOf(window, "lblStatus"), u"Search Stopped - Court Connection Lost!"_s);
+    QCOMPARE(court->Requests(), QStringList{RequestLine()});
+}
+
+void tst_NameSearchEnds::everyOutcomeGivesTheTurnBackOnce_data()
+{
+    QTest::addColumn<QStringList>("reply");
+    QTest::newRow("completed") << QStringList{u"EOF~"_s};
+    QTest::newRow("too many hits") << QStringList{u"ERROR~too many hits~"_s, u"EOF~"_s};
+    QTest::newRow("more than 200") << QStringList{tooMany};
+    QTest::newRow("incomplete") << QStringList{u"ERROR~Court is down~"_s, u"EOF~"_s};
+    QTest::newRow("connection lost") << QStringList{u"bad row~"_s};
+}
+
+void tst_NameSearchEnds::everyOutcomeGivesTheTurnBackOnce()
+{
+    QFETCH(QStringList, reply);
+    court->Expect(RequestLine()).Reply(reply);
+    desk->ConnectTo(*court);
+    frmNameSearchResults *window = desk->Start({RequestLine()});
+    frmQueue::Form().FIFO.AddItem(u"11111111111111111111"_s);
+    frmQueue::Form().FIFO.AddItem(u"22222222222222222222"_s);
+    QVERIFY(desk->Finish(window));
+    QCOMPARE(frmQueue::Form().FIFO.Lines(),
+             (QStringList{u"11111111111111111111"_s, u"22222222222222222222"_s}));
+}
+
+QTEST_MAIN(tst_NameSearchEnds)
+#include "tst_NameSearchEnds.moc"

@@ -1,0 +1,455 @@
+#include "core/GlobalState.h"
+#include "jobs/frmQueue.h"
+#include "link/frmWinsock.h"
+#include "namesearch/SearchDesk.h"
+#include "namesearch/frmNameSearchResults.h"
+#include "support/FakeSocket.h"
+
+#include <QPointer>
+#include <QPushButton>
+#include <QTest>
+
+namespace {
+const QString searchFailed =
+    u"SEARCH FAILED - COURT CONNECTION LOST - from ProcessSearchReqeusts."_s;
+const QString normalExit = u"NORMAL EXIT - from ProcessSearchReqeusts."_s;
+const QString inProgress =
+    u" Search In Progress. Select Stop Search Button to Cancel Current Search .."_s;
+const QString tooMany = u"This search resulted in more than 200 results.~"_s;
+
+/// A socket that is connected whenever a wait begins, is not a moment later, and cannot be closed.
+class FadingSocket : public FakeSocket
+{
+public:
+    using FakeSocket::FakeSocket;
+
+    SocketState State() const override
+    {
+        if (!fading)
+            return SocketState::Connected;
+        ++asked;
+        return asked % 2 == 1 ? SocketState::Connected : SocketState::Closing;
+    }
+
+    bool fading = false;
+
+private:
+    mutable int asked = 0;
+};
+} // namespace
+
+class tst_NameSearchEngine : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void theLogTellsEachStepOfASearch();
+    void theLogTellsTheWayFromOneLineToTheNext();
+    void rowsOfSeveralLinesAddUp();
+    void theCountBetweenTwoLinesIsThatOfTheLinesBefore();
+    void theCriteriaFollowTheLineBeingSearched();
+    void theAccountingTagIsOnTheWireAndNotInTheList();
+    void theLineIsSentTrimmedAndKeptAsItIs();
+    void theReceiveBufferIsEmptiedBeforeEachLine();
+    void aLongProgressReplyIsShown();
+    void aShortProgressReplyChangesNothing();
+    void progressLeavesColourAndCountAlone();
+    void aRowThatEndsInThereofGoesOn();
+    void endOfFileInTheMiddleIsARow();
+    void silenceRunsIntoTheLimit_data();
+    void silenceRunsIntoTheLimit();
+    void aLostLinkIsNotATimeOutOfAnHour();
+    void aSocketThatCannotBeClosedIsADroppedConnection();
+    void withoutAConnectionNothingIsSent();
+    void anUnsentLineLosesTheSearch();
+    void anEmptyListIsToldAndClosesTheWindow();
+    void aSearchLeavesTheLinkToTheNext();
+    void theCountIsShownAsRowsArrive();
+    void manyRowsAllArrive();
+
+private:
+    std::unique_ptr<SearchDesk> desk;
+    std::unique_ptr<ScriptedCourt> court;
+};
+
+void tst_NameSearchEngine::init()
+{
+    desk = std::make_unique<SearchDesk>();
+    court = std::make_unique<ScriptedCourt>();
+}
+
+void tst_NameSearchEngine::cleanup()
+{
+    QCOMPARE(desk->Boxes.Complaints(), QString());
+    QVERIFY(desk->AllHappened());
+    desk.reset();
+    court.reset();
+}
+
+void tst_NameSearchEngine::theLogTellsEachStepOfASearch()
+{
+    const QString row = ResultLine(u"SMITH, JOHN"_s);
+    court->Expect(RequestLine())
+        .Reply({u"Searching~King~"_s, row, u"ERROR~Court is down~"_s, u"EOF~"_s});
+    desk->ConnectTo(*court);
+    const qsizetype before = desk->Folder.Log().size();
+    QVERIFY(desk->Finish(desk->Start({RequestLine()})));
+    QCOMPARE(desk->Folder.Log().mid(before),
+             (QStringList{
+                 u"SendReq: "_s + RequestLine(), u"Current Response: --> Searching~King~"_s,
+                 u"Current Response: --> "_s + row, u"Sent response to caller: "_s + row,
+                 u"Current Response: --> ERROR~Court is down~"_s,
+                 u"Error Response Received in Task Processor.."_s, u"Current Response: --> EOF~"_s,
+                 u"All Responses Received For Request: "_s + RequestLine(),
+                 u"SEARCH Incomplete from ProcessSearchReqeusts."_s}));
+}
+
+void tst_NameSearchEngine::theLogTellsTheWayFromOneLineToTheNext()
+{
+    const QString adams = RequestLine(u"SMITH"_s, u"Adams"_s);
+    const QString king = RequestLine();
+    court->Expect(adams).Reply({u"EOF~"_s});
+    court->Expect(king).Reply({u"EOF~"_s});
+    desk->ConnectTo(*court);
+    const qsizetype before = desk->Folder.Log().size();
+    QVERIFY(desk->Finish(desk->Start({adams, king})));
+    QCOMPARE(desk->Folder.Log().mid(before),
+             (QStringList{u"SendReq: "_s + adams, u"Current Response: --> EOF~"_s,
+                          u"All Responses Received For Request: "_s + adams,
+                          u"Starting Next Request: "_s + king, u"SendReq: "_s + king,
+                          u"Current Response: --> EOF~"_s,
+                          u"All Responses Received For Request: "_s + king, normalExit}));
+}
+
+void tst_NameSearchEngine::rowsOfSeveralLinesAddUp()
+{
+    const QStringList lines{RequestLine(u"SMITH"_s, u"Adams"_s),
+                            RequestLine(u"SMITH"_s, u"Clark"_s), RequestLine()};
+    court->Expect(lines[0]).Reply({ResultLine(u"A"_s), ResultLine(u"B"_s), u"EOF~"_s});
+    court->Expect(lines[1]).Reply({u"EOF~"_s});
+    court->Expect(lines[2]).Reply({ResultLine(u"C"_s), u"EOF~"_s});
+    desk->ConnectTo(*court);
+    frmNameSearchResults *window = desk->Start(lines);
+    QVERIFY(desk->Finish(window));
+    const QList<QStringList> rows = RowsOf(window);
+    QCOMPARE(rows.size(), 3);
+    QCOMPARE(rows[0], (QStringList{u"A"_s, u"02-2-02029-9"_s, u"01/02/2002"_s, u"Civil"_s,
+                                   u"WA Superior Ct King County"_s, u"Plaintiff"_s}));
+    QCOMPARE(rows[1][0], u"B"_s);
+    QCOMPARE(rows[2][0], u"C"_s);
+    QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete: 3 Cases Retrieved."_s);
+    QCOMPARE(window->lboxQueue.Lines(), lines);
+    QCOMPARE(court->Complaints(), QString());
+}
+
+void tst_NameSearchEngine::theCountBetweenTwoLinesIsThatOfTheLinesBefore()
+{
+    const QStringList lines{RequestLine(u"SMITH"_s, u"Adams"_s),
+                            RequestLine(u"SMITH"_s, u"Clark"_s), RequestLine()};
+    court->Expect(lines[0]).Reply({ResultLine(u"A"_s), ResultLine(u"B"_s), u"EOF~"_s});
+    court->Expect(lines[1]).Reply({ResultLine(u"C"_s), u"EOF~"_s});
+    court->Expect(lines[2]).Reply({});
+    desk->ConnectTo(*court);
+    frmNameSearchResults *window = desk->Start(lines);
+    QString between;
+    desk->When([&] { return court->Requests().size() == 3; },
+               [&] {
+                   between = TextOf(window, "Label3");
+                   court->SendTokens({u"EOF~"_s});
+               });
+    QVERIFY(desk->Finish(window));
+    // The total grows when the next line begins: it holds the two of the first line only.
+    QCOMPARE(between, u"Retrieved: 2"_s);
+}
+
+void tst_NameSearchEngine::theCriteriaFollowTheLineBeingSearched()
+{
+    const QString adams = RequestLine(u"SMITH"_s, u"Adams"_s);
+    const QString king = RequestLine(u"SMYTHE"_s, u"King"_s);
+    court->Expect(adams).Reply({});
+    court->Expect(king).Reply({});
+    desk->ConnectTo(*court);
+    frmNameSearchResults *window = desk->Start({adams, king});
+    QStringList captions;
+    QStringList names;
+    const auto look = [&] {
+        captions.append(window->windowTitle());
+        names.append(TextOf(window, "lblNameVal"));
+        court->SendTokens({u"EOF~"_s});
+    };
+    desk->When([&] { return court->Requests().size() == 1; }, look);
+    desk->When([&] { return court->Requests().size() == 2; }, look);
+    QVERIFY(desk->Finish(window));
+    QCOMPARE(captions,
+             (QStringList{u"SMITH, JOHN, Q in Adams County, Washington Superior Courts"_s,
+                          u"SMYTHE, JOHN, Q in King County, Washington Superior Courts"_s}));
+    QCOMPARE(names, (QStringList{u"SMITH, JOHN, Q"_s, u"SMYTHE, JOHN, Q"_s}));
+    QCOMPARE(TextOf(window, "lblCaseTypeVals"), u"Civil, Criminal"_s);
+}
+
+void tst_NameSearchEngine::theAccountingTagIsOnTheWireAndNotInTheList()
+{
+    const QString bare = u"WASUP\u00A6SEARCH\u00A6SMITH\u00A6JOHN\u00A6Q\u00A6\u00A6King,\u00A6"
+                         "Civil,\u00A6\u00A6\u00A6"_s;
+    court
+        ->Expect(u"WASUP\u00A6SEARCH\u00A6SMITH\u00A6JOHN\u00A6Q\u00A6\u00A6King,\u00A6Civil,"
+                 "\u00A6\u00A6^^CAC:ABC^^\u00A6"_s)
+        .Reply({u"EOF~"_s});
+    desk->ConnectTo(*court);
+    frmNameSearchResults *window = desk->MakePending({bare});
+    window->ClientAcctgCode = u"ABC"_s;
+    window->Timer1->start(1);
+    QVERIFY(desk->Finish(window));
+    QCOMPARE(court->Complaints(), QString());
+    QCOMPARE(window->lboxQueue.Lines(), QStringList{bare});
+    QVERIFY(desk->Folder.Logged(u"All Responses Received For Request: "_s + bare));
+}
+
+void tst_NameSearchEngine::theLineIsSentTrimmedAndKeptAsItIs()
+{
+    const QString padded = u"  "_s + RequestLine() + u"   "_s;
+    court->Expect(RequestLine()).Reply({u"EOF~"_s});
+    desk->ConnectTo(*court);
+    frmNameSearchResults *window = desk->Start({padded});
+    QVERIFY(desk->Finish(window));
+    QCOMPARE(court->Complaints(), QString());
+    QCOMPARE(window->lboxQueue.Lines(), QStringList{padded});
+}
+
+void tst_NameSearchEngine::theReceiveBufferIsEmptiedBeforeEachLine()
+{
+    court->Expect(RequestLine()).Reply({u"EOF~"_s});
+    desk->ConnectTo(*court);
+    Global.strRecvBuffer.Append(ScriptedCourt::Tokens({ResultLine(u"LATE, ROW"_s), u"EOF~"_s}));
+    frmNameSearchResults *window = desk->Start({RequestLine()});
+    QVERIFY(desk->Finish(window));
+    QCOMPARE(window->RowCount(), 0);
+    QCOMPARE(court->Requests(), QStringList{RequestLine()});
+}
+
+void tst_NameSearchEngine::aLongProgressReplyIsShown()
+{
+    court->Expect(RequestLine()).Reply({u"Searching~King~County~"_s});
+    desk->ConnectTo(*court);
+    frmNameSearchResults *window = desk->Start({RequestLine()});
+    QString shown;
+    desk->When([&] { return TextOf(window, "lblSearchStatus") != inProgress; },
+               [&] {
+                   shown = TextOf(window, "lblSearchStatus");
+                   court->SendTokens({u"EOF~"_s});
+               });
+    QVERIFY(desk->Finish(window));
+    QCOMPARE(shown, u"Searching King County "_s);
+    QCOMPARE(window->RowCount(), 0);
+}
+
+void tst_NameSearchEngine::aShortProgressReplyChangesNothing()
+{
+    court->Expect(RequestLine()).Reply({u"SEARCHING"_s});
+    desk->ConnectTo(*court);
+    frmNameSearchResults *window = desk->Start({RequestLine()});
+    QString shown;
+    desk->When([&] { return desk->Folder.Logged(u"Current Response: --> SEARCHING"_s); },
+               [&] {
+                   shown = TextOf(window, "lblSearchStatus");
+                   court->SendTokens({u"EOF~"_s});
+               });
+    QVERIFY(desk->Finish(window));
+    QCOMPARE(shown, inProgress);
+    QCOMPARE(window->RowCount(), 0);
+}
+
+void tst_NameSearchEngine::progressLeavesColourAndCountAlone()
+{
+    court->Expect(RequestLine())
+        .Reply({ResultLine(u"A"_s), u"SEARCHING~"_s, u"searching for more"_s});
+    desk->ConnectTo(*court);
+    frmNameSearchResults *window = desk->Start({RequestLine()});
+    QStringList shown;
+    desk->When([&] { return TextOf(window, "lblSearchStatus") == u"searching for more"_s; },
+               [&] {
+                   shown = {ColourOf(window, "lblSearchStatus"), TextOf(window, "lblStatus"),
+                            QString::number(window->RowCount())};
+                   court->SendTokens({u"EOF~"_s});
+               });
+    QVERIFY(desk->Finish(window));
+    QCOMPARE(shown, (QStringList{u"blue"_s, u"Searching .."_s, u"1"_s}));
+}
+
+void tst_NameSearchEngine::aRowThatEndsInThereofGoesOn()
+{
+    const QString thereof = u"SMITH~02-2-02029-9~01/02/2002~Estate~Ct King County~HEIR THEREOF~"_s;
+    court->Expect(RequestLine()).Reply({thereof, ResultLine(u"SMITH, ZOE"_s), u"EOF~"_s});
+    desk->ConnectTo(*court);
+    frmNameSearchResults *window = desk->Start({RequestLine()});
+    QVERIFY(desk->Finish(window));
+    QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete: 2 Cases Retrieved."_s);
+    QCOMPARE(RowsOf(window)[0][5], u"HEIR THEREOF"_s);
+}
+
+void tst_NameSearchEngine::endOfFileInTheMiddleIsARow()
+{
+    const QString middle = u"EOF~02-2-02029-9~01/02/2002~EOF~Ct King County~Defendant~"_s;
+    court->Expect(RequestLine()).Reply({middle, u"EOF~"_s});
+    desk->ConnectTo(*court);
+    frmNameSearchResults *window = desk->Start({RequestLine()});
+    QVERIFY(desk->Finish(window));
+    QCOMPARE(window->RowCount(), 1);
+    QCOMPARE(RowsOf(window)[0][3], u"EOF"_s);
+}
+
+void tst_NameSearchEngine::silenceRunsIntoTheLimit_data()
+{
+    QTest::addColumn<int>("minutes");
+    QTest::addColumn<bool>("stopRequested");
+    QTest::addColumn<int>("seconds");
+    QTest::newRow("one minute") << 1 << false << 60;
+    QTest::newRow("five minutes") << 5 << false << 300;
+    QTest::newRow("a logout shortens it") << 5 << true << 14;
+}
+
+void tst_NameSearchEngine::silenceRunsIntoTheLimit()
+{
+    QFETCH(int, minutes);
+    QFETCH(bool, stopRequested);
+    QFETCH(int, seconds);
+    FakeSocket *socket = desk->ConnectToNothing();
+    Global.intSearchTimeout = static_cast<qint16>(minutes);
+    frmNameSearchResults *window = desk->Start({RequestLine()});
+    const QDateTime start = desk->Time.Now();
+    desk->When([&] { return socket->sent.size() == 1; },
+               [&] {
+                   // A row restarts the count, and the next wait chooses its limit anew.
+                   Global.bStopRequested = stopRequested;
+                   socket->Arrive(ScriptedCourt::Tokens({ResultLine(u"A"_s)}));
+                   desk->Time.Run(1.0);
+               });
+    QVERIFY(desk->Finish(window));
+    const qint64 waited = start.secsTo(desk->Time.Now());
+    QVERIFY2(waited >= seconds && waited <= seconds + 5, qPrintable(QString::number(waited)));
+    QVERIFY(desk->Folder.Logged(
+        u"Search Error! Reason: Timed Out Waiting For Response from Server."_s));
+    QVERIFY(desk->Folder.Logged(searchFailed));
+    QCOMPARE(TextOf(window, "lblStatus"), u"Search Stopped - Court Connection Lost!"_s);
+    QCOMPARE(TextOf(window, "Label3"), u"Retrieved: 1"_s);
+}
+
+void tst_NameSearchEngine::aLostLinkIsNotATimeOutOfAnHour()
+{
+    FakeSocket *socket = desk->ConnectToNothing();
+    frmNameSearchResults *window = desk->Start({RequestLine()});
+    desk->When([&] { return socket->sent.size() == 1; }, [&] { socket->PeerCloses(); });
+    const QDateTime start = desk->Time.Now();
+    QVERIFY(desk->Finish(window));
+    QCOMPARE(desk->Time.Now(), start);
+    // The log cannot tell a lost link from silence by this line; the one before it can.
+    QVERIFY(desk->Folder.Logged(
+        u"Search Error! Reason: Timed Out Waiting For Response from Server."_s));
+    QVERIFY(desk->Folder.Logged(
+        u"Connection Lost While Waiting for Response. Exiting Process ReadResponse()"_s));
+    QCOMPARE(TextOf(window, "lblStatus"), u"Search Stopped - Court Connection Lost!"_s);
+}
+
+void tst_NameSearchEngine::aSocketThatCannotBeClosedIsADroppedConnection()
+{
+    QPointer<FadingSocket> socket;
+    frmWinsock::SetSocketFactory([&socket](QObject *parent) {
+        socket = new FadingSocket(parent);
+        return socket.data();
+    });
+    frmWinsock::Form();
+    frmNameSearchResults *window = desk->Start({RequestLine()});
+    desk->When([&] { return socket->sent.size() == 1; }, [&] { socket->fading = true; });
+    QVERIFY(desk->Finish(window));
+    QVERIFY(desk->Folder.Logged(u"Search Error! Reason: Halvane Server Connection was Dropped!"_s));
+    QVERIFY(desk->Folder.Logged(searchFailed));
+    QCOMPARE(TextOf(window, "lblStatus"), u"Search Stopped - Court Connection Lost!"_s);
+}
+
+void tst_NameSearchEngine::withoutAConnectionNothingIsSent()
+{
+    frmNameSearchResults *window = desk->Start({RequestLine()});
+    QVERIFY(desk->Finish(window));
+    QCOMPARE(TextOf(window, "lblStatus"), u"Search Stopped - Court Connection Lost!"_s);
+    QCOMPARE(TextOf(window, "Label3"), u"Retrieved: 0"_s);
+    QVERIFY(desk->Folder.Logged(searchFailed));
+    QCOMPARE(desk->Folder.TimesLogged(
+                 u"Search Error! Reason: Timed Out Waiting For Response from Server."_s),
+             0);
+    QVERIFY(window->SearchIncomplete);
+    QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
+}
+
+void tst_NameSearchEngine::anUnsentLineLosesTheSearch()
+{
+    FakeSocket *socket = desk->ConnectToNothing();
+    socket->completesSends = false;
+    frmNameSearchResults *window = desk->Start({RequestLine()});
+    desk->When([&] { return socket->sent.size() == 1; }, [this] { desk->Time.Run(1.0); });
+    QVERIFY(desk->Finish(window));
+    QCOMPARE(TextOf(window, "lblStatus"), u"Search Stopped - Court Connection Lost!"_s);
+    QVERIFY(desk->Folder.Logged(searchFailed));
+}
+
+void tst_NameSearchEngine::anEmptyListIsToldAndClosesTheWindow()
+{
+    desk->ConnectTo(*court);
+    const QPointer<frmNameSearchResults> window(desk->MakePending({}));
+    desk->Boxes.Expect(u"No Search Requests Can Be Located! This Form will be closed when you "
+                       "select OK. The Request Queue Appears to be Empty."_s,
+                       u"Search Queue Empty .."_s);
+    window->Timer1->start(1);
+    QTRY_VERIFY(window.isNull());
+    QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
+    QVERIFY(!Global.bSearchInProgress);
+    QCOMPARE(desk->Boxes.Answered(), 1);
+    QCOMPARE(court->Requests(), QStringList());
+}
+
+void tst_NameSearchEngine::aSearchLeavesTheLinkToTheNext()
+{
+    court->Expect(RequestLine()).Reply({tooMany, u"EOF~"_s});
+    court->Expect(RequestLine(u"SMYTHE"_s)).Reply({ResultLine(u"A"_s), u"EOF~"_s});
+    desk->ConnectTo(*court);
+    QVERIFY(desk->Finish(desk->Start({RequestLine()})));
+    frmNameSearchResults *second = desk->Start({RequestLine(u"SMYTHE"_s)});
+    QVERIFY(desk->Finish(second));
+    QCOMPARE(TextOf(second, "lblStatus"), u"Search Complete: 1 Cases Retrieved."_s);
+    QCOMPARE(court->Complaints(), QString());
+}
+
+void tst_NameSearchEngine::theCountIsShownAsRowsArrive()
+{
+    court->Expect(RequestLine()).Reply({ResultLine(u"A"_s), ResultLine(u"B"_s)});
+    desk->ConnectTo(*court);
+    frmNameSearchResults *window = desk->Start({RequestLine()});
+    QCOMPARE(TextOf(window, "Label3"), u"Retrieved: 0"_s);
+    int shownRows = 0;
+    desk->When([&] { return TextOf(window, "Label3") == u"Retrieved: 2"_s; },
+               [&] {
+                   shownRows = static_cast<int>(RowsOf(window).size());
+                   court->SendTokens({u"EOF~"_s});
+               });
+    QVERIFY(desk->Finish(window));
+    QCOMPARE(shownRows, 2);
+}
+
+void tst_NameSearchEngine::manyRowsAllArrive()
+{
+    QStringList reply;
+    for (int i = 0; i < 5000; ++i)
+        reply.append(ResultLine(u"SMITH, "_s + QString::number(i)));
+    reply.append(u"EOF~"_s);
+    court->Expect(RequestLine()).Reply(reply);
+    desk->ConnectTo(*court);
+    frmNameSearchResults *window = desk->Start({RequestLine()});
+    QVERIFY(desk->Finish(window));
+    QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete: 5000 Cases Retrieved."_s);
+    QCOMPARE(RowsOf(window).size(), 5000);
+    QCOMPARE(RowsOf(window).last()[0], u"SMITH, 4999"_s);
+}
+
+QTEST_MAIN(tst_NameSearchEngine)
+#include "tst_NameSearchEngine.moc"
