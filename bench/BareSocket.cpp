@@ -6,6 +6,7 @@
 #include <utility>
 
 #include <arpa/inet.h>
+#include <fcntl.h>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
 #include <sys/socket.h>
@@ -101,4 +102,11 @@ void BareClient::Exchange(const QByteArray &frame, qsizetype replyBytes) const
         require(got > 0);
         replyBytes -= got;
     }
+}
+
+void BareLogLine(const char *path, const QByteArray &line)
+{
+    const int file = open(path, O_WRONLY | O_CREAT | O_APPEND, 0600);
+    require(write(file, line.constData(), static_cast<size_t>(line.size())) == line.size());
+    close(file);
 }

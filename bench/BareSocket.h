@@ -38,3 +38,7 @@ public:
 private:
     int connection = -1;
 };
+
+/// Appends a line to a file that is opened and closed for it: what the log of one request costs
+/// without a program around it.
+void BareLogLine(const char *path, const QByteArray &line);

@@ -212,9 +212,7 @@ ExtraPeopleOutcome AddExtraPeople(Population &population, QIODevice &lines)
             complain(u"longer than %1 bytes"_s.arg(longestDataLine));
             continue;
         }
-        if (number == 1 && bytes.startsWith("\xEF\xBB\xBF"))
-            bytes.remove(0, 3);
-        QStringDecoder decoder(QStringDecoder::Utf8);
+        QStringDecoder decoder(QStringDecoder::Utf8); // drops a byte order mark
         const QString line = decoder.decode(bytes);
         if (decoder.hasError()) {
             complain(u"not UTF-8"_s);

@@ -44,54 +44,23 @@ constexpr int adams = 1;
 constexpr int king = 17;
 constexpr int pierce = 27;
 
-constexpr std::array fixedParts{
-    FixedPart{
-        u"SMITH", u"JOHN", u"Q", {king, 1994, 1, 42}, 11, 7, u"Malicious Mischief", u"Defendant"},
-    FixedPart{
-        u"SMITH", u"JOHN", u"Q", {king, 1998, 2, 17}, 3, 16, u"Tort - Motor Vehicle", u"Plaintiff"},
-    FixedPart{u"ACME PLUMBING INC",
-              nullptr,
-              nullptr,
-              {king, 1998, 2, 17},
-              3,
-              16,
-              u"Tort - Motor Vehicle",
-              u"Defendant"},
-    FixedPart{u"SMITH",
-              u"JOHN",
-              u"Q",
-              {king, 2001, 3, 8},
-              6,
-              12,
-              u"Dissolution With Children",
-              u"Petitioner"},
-    FixedPart{u"SMITH",
-              u"JANE",
-              u"R",
-              {king, 2001, 3, 8},
-              6,
-              12,
-              u"Dissolution With Children",
-              u"Respondent"},
-    FixedPart{u"SMITH", u"JOHN", u"Q", {pierce, 2005, 2, 31}, 9, 20, u"Collection", u"Defendant"},
-    FixedPart{u"ACME PLUMBING INC",
-              nullptr,
-              nullptr,
-              {pierce, 2005, 2, 31},
-              9,
-              20,
-              u"Collection",
-              u"Plaintiff"},
-    FixedPart{u"SMITH",
-              u"JOHN",
-              u"Q",
-              {adams, 1996, 9, 5},
-              2,
-              14,
-              u"Abstract of Judgment",
-              u"Judgment Debtor",
-              true},
-};
+constexpr auto mischief = u"Malicious Mischief";
+constexpr auto accident = u"Tort - Motor Vehicle";
+constexpr auto divorce = u"Dissolution With Children";
+constexpr auto debt = u"Collection";
+constexpr auto abstract = u"Abstract of Judgment";
+constexpr auto acme = u"ACME PLUMBING INC";
+
+constexpr std::array<FixedPart, 8> fixedParts{{
+    {u"SMITH", u"JOHN", u"Q", {king, 1994, 1, 42}, 11, 7, mischief, u"Defendant"},
+    {u"SMITH", u"JOHN", u"Q", {king, 1998, 2, 17}, 3, 16, accident, u"Plaintiff"},
+    {acme, nullptr, nullptr, {king, 1998, 2, 17}, 3, 16, accident, u"Defendant"},
+    {u"SMITH", u"JOHN", u"Q", {king, 2001, 3, 8}, 6, 12, divorce, u"Petitioner"},
+    {u"SMITH", u"JANE", u"R", {king, 2001, 3, 8}, 6, 12, divorce, u"Respondent"},
+    {u"SMITH", u"JOHN", u"Q", {pierce, 2005, 2, 31}, 9, 20, debt, u"Defendant"},
+    {acme, nullptr, nullptr, {pierce, 2005, 2, 31}, 9, 20, debt, u"Plaintiff"},
+    {u"SMITH", u"JOHN", u"Q", {adams, 1996, 9, 5}, 2, 14, abstract, u"Judgment Debtor", true},
+}};
 
 /// A list in which the earlier entries come up more often, the way names do: the n-th about as
 /// often as 1 in n, with the head of the list flattened.

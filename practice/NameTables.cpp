@@ -4,7 +4,7 @@
 
 namespace Practice {
 namespace {
-constexpr std::array surnames{
+constexpr auto surnames = std::to_array<const char16_t *>({
     u"SMITH",      u"JOHNSON",     u"NGUYEN",    u"GARCIA",     u"WILLIAMS",   u"BROWN",
     u"JONES",      u"MILLER",      u"DAVIS",     u"MARTINEZ",   u"ANDERSON",   u"LEE",
     u"WILSON",     u"RODRIGUEZ",   u"HERNANDEZ", u"LOPEZ",      u"THOMPSON",   u"TAYLOR",
@@ -58,9 +58,9 @@ constexpr std::array surnames{
     u"ST. JOHN",   u"SMITH-JONES", u"MUÑOZ",     u"NUÑEZ",      u"BJÖRK",      u"LEFÈVRE",
     u"ŠIMEK",      u"QUILCENE",    u"SKYKOMISH", u"ZYLSTRA",    u"YBARRA",     u"UTTERBACK",
     u"XIONG",
-};
+});
 
-constexpr std::array firstNames{
+constexpr auto firstNames = std::to_array<const char16_t *>({
     u"JAMES",   u"MARY",       u"ROBERT",      u"PATRICIA",  u"JOHN",      u"JENNIFER",
     u"MICHAEL", u"LINDA",      u"DAVID",       u"ELIZABETH", u"WILLIAM",   u"BARBARA",
     u"RICHARD", u"SUSAN",      u"JOSEPH",      u"JESSICA",   u"THOMAS",    u"SARAH",
@@ -101,9 +101,9 @@ constexpr std::array firstNames{
     u"ARJUN",   u"OLGA",       u"DMITRI",      u"SVETLANA",  u"RENÉ",      u"JOSÉ",
     u"ZOË",     u"SIOBHÁN",    u"D'ANDRE",     u"MARY-ANN",  u"JO",        u"TY",
     u"AL",
-};
+});
 
-constexpr std::array businessHeads{
+constexpr auto businessHeads = std::to_array<const char16_t *>({
     u"CASCADE",          u"EVERGREEN",   u"RAINIER",      u"PUGET",       u"OLYMPIC",
     u"PALOUSE",          u"COLUMBIA",    u"SKAGIT",       u"METHOW",      u"WENATCHEE",
     u"CHINOOK",          u"SALISH",      u"ORCAS",        u"HARBOR",      u"SUMMIT",
@@ -112,9 +112,9 @@ constexpr std::array businessHeads{
     u"PIONEER",          u"FRONTIER",    u"LIBERTY",      u"HERITAGE",    u"SMITH & SONS",
     u"JOHNSON BROTHERS", u"NELSON",      u"GARCIA & LEE", u"BAKER",       u"ALDER STREET",
     u"FIRST AVENUE",     u"UNION",       u"APEX",         u"BEACON",      u"LIGHTHOUSE",
-};
+});
 
-constexpr std::array businessTrades{
+constexpr auto businessTrades = std::to_array<const char16_t *>({
     u"PLUMBING",      u"ROOFING",     u"ELECTRIC",        u"CONSTRUCTION", u"PROPERTIES",
     u"REALTY",        u"LOGGING",     u"ORCHARDS",        u"DAIRY",        u"SEAFOODS",
     u"TRUCKING",      u"TOWING",      u"AUTO SALES",      u"AUTO REPAIR",  u"MEDICAL GROUP",
@@ -123,11 +123,16 @@ constexpr std::array businessTrades{
     u"FEED & SEED",   u"BREWING",     u"BAKERY",          u"CAFE",         u"RENTALS",
     u"APARTMENTS",    u"STORAGE",     u"LUMBER",          u"PAINTING",     u"DRYWALL",
     u"HEATING",       u"SOFTWARE",    u"CONSULTING",
-};
+});
 
-constexpr std::array businessForms{
-    u"INC", u"LLC", u"CO", u"CORP", u"LP", u"PS",
-};
+constexpr auto businessForms = std::to_array<const char16_t *>({
+    u"INC",
+    u"LLC",
+    u"CO",
+    u"CORP",
+    u"LP",
+    u"PS",
+});
 } // namespace
 
 std::span<const char16_t *const> Surnames()

@@ -29,7 +29,7 @@ QStringList wordsOf(const QString &name)
 
 quint64 keyOf(const CaseNumber &number)
 {
-    quint64 key = static_cast<quint64>(number.county);
+    auto key = static_cast<quint64>(number.county);
     key = key * 10'000 + static_cast<quint64>(number.year);
     key = key * 10 + static_cast<quint64>(number.type);
     return key * 100'000 + static_cast<quint64>(number.serial);

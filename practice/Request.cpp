@@ -22,7 +22,7 @@ void takeTag(QString &text, Request &request)
     const qsizetype at = text.lastIndexOf(opening);
     const qsizetype codeAt = at + opening.size();
     const qsizetype codeEnd = text.size() - closing.size();
-    if (at < 0 || codeAt > codeEnd)
+    if (at < 0)
         return;
     request.tagged = true;
     request.accountingCode = text.mid(codeAt, codeEnd - codeAt);

@@ -10,9 +10,41 @@ namespace {
 constexpr float leastElapsed = 0.025F;
 constexpr float secondsPerDay = 86400.0F;
 
-Clock machineClock;
+constexpr qint64 millisecondsPerDay = 86'400'000;
+
+/// The machine's own clock. The limits ask it many times during every exchange, and a question for
+/// the local time goes to the file system; so it is asked once a minute how far the local time is
+/// from the universal one. That changes only at whole minutes.
+class MachineClock : public Clock
+{
+public:
+    float SecondsOfDay() const override
+    {
+        const qint64 now = QDateTime::currentMSecsSinceEpoch();
+        const qint64 minute = now / 60'000;
+        if (minute != offsetMinute) {
+            offsetMinute = minute;
+            offset = QDateTime::fromMSecsSinceEpoch(now).offsetFromUtc() * qint64{1000};
+        }
+        return static_cast<float>((now + offset + millisecondsPerDay) % millisecondsPerDay)
+               / 1000.0F;
+    }
+
+    qint64 EpochSeconds() const override { return QDateTime::currentSecsSinceEpoch(); }
+
+private:
+    mutable qint64 offsetMinute = -1;
+    mutable qint64 offset = 0;
+};
+
+MachineClock machineClock;
 Clock *currentClock = &machineClock;
 } // namespace
+
+qint64 Clock::EpochSeconds() const
+{
+    return Now().toSecsSinceEpoch();
+}
 
 QDateTime Clock::Now() const
 {

@@ -17,6 +17,9 @@ public:
     /// Seconds since midnight, in single precision: what every limit in the program is measured in.
     virtual float SecondsOfDay() const;
 
+    /// Whole seconds since 1970, for telling cheaply whether the second has changed.
+    virtual qint64 EpochSeconds() const;
+
     /// Sleeps without letting any event run. Only for the few places that may freeze the window.
     virtual void SleepMilliseconds(int milliseconds);
 

@@ -20,23 +20,32 @@ std::filesystem::path nativePath(const QString &path)
 }
 } // namespace
 
-bool AppendOwnerOnly(const QString &path, const QByteArray &bytes)
+AppendResult AppendOwnerOnly(const QString &path, const QByteArray &bytes, qint64 largest)
 {
 #ifdef Q_OS_UNIX
     // The mode is given with the creation: there is no moment at which others could open the file.
     const int descriptor = ::open(QFile::encodeName(path).constData(),
                                   O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, S_IRUSR | S_IWUSR);
     if (descriptor < 0)
-        return false;
+        return AppendResult::Failed;
     struct stat info = {};
     if (::fstat(descriptor, &info) == 0 && (info.st_mode & (S_IRWXG | S_IRWXO)) != 0)
         ::fchmod(descriptor, S_IRUSR | S_IWUSR);
+    if (info.st_size > largest) {
+        ::close(descriptor);
+        return AppendResult::TooLarge;
+    }
     const ssize_t written =
         ::write(descriptor, bytes.constData(), static_cast<size_t>(bytes.size()));
-    return (::close(descriptor) == 0) && written == bytes.size();
+    return ::close(descriptor) == 0 && written == bytes.size() ? AppendResult::Appended
+                                                               : AppendResult::Failed;
 #else
     QFile file(path);
-    return file.open(QIODevice::WriteOnly | QIODevice::Append) && file.write(bytes) == bytes.size();
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Append))
+        return AppendResult::Failed;
+    if (file.size() > largest)
+        return AppendResult::TooLarge;
+    return file.write(bytes) == bytes.size() ? AppendResult::Appended : AppendResult::Failed;
 #endif
 }
 

@@ -5,9 +5,11 @@
 
 // What only one platform has, behind one small file.
 
-/// Opens `path` for appending, creating it for its owner only, writes `bytes` and closes it.
-/// Returns false when any of it failed.
-bool AppendOwnerOnly(const QString &path, const QByteArray &bytes);
+enum class AppendResult { Appended, Failed, TooLarge };
+
+/// Opens `path` for appending, creating it for its owner only, writes `bytes` and closes it. A file
+/// that already has more than `largest` bytes is left as it is and reported.
+AppendResult AppendOwnerOnly(const QString &path, const QByteArray &bytes, qint64 largest);
 
 /// Makes the data written through the file descriptor survive a power cut.
 bool FlushToDisk(int fileDescriptor);

@@ -7,6 +7,7 @@
 #include <QRandomGenerator>
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <utility>
 
@@ -171,9 +172,11 @@ double PercentOfValue(const QString &value, double percent)
     const QString text = TrimBlanks(value);
     bool isNumber = false;
     const double number = text.isEmpty() ? 1.0 : text.toDouble(&isNumber);
-    if (!text.isEmpty() && !isNumber)
+    if (!text.isEmpty() && (!isNumber || std::isnan(number)))
         throw RunTimeError::TypeMismatch();
-    return static_cast<double>(static_cast<qint64>(number)) * (percent / 100.0);
+    if (std::fabs(number) > static_cast<double>(std::numeric_limits<qint32>::max()))
+        throw RunTimeError::Overflow();
+    return std::trunc(number) * (percent / 100.0);
 }
 
 qint16 MaxListColumnWidth(const QAbstractItemModel &list, int column)

@@ -58,7 +58,7 @@ void ShowErrorBox(const QString &text);
 void SetErrorBox(std::function<void(const QString &)> box);
 
 /// `percent` hundredths of the number in `value`, an empty text counting as "1". Throws error 13
-/// when it is no number.
+/// when it is no number and 6 when it is too great for a whole one.
 double PercentOfValue(const QString &value, double percent);
 
 /// The greatest character count among the texts of a column.

@@ -161,11 +161,14 @@ Response ReadResponse()
             return {ReadStatus::Token, FromWindows1252(token)};
         if (!closedToIdle())
             return {ReadStatus::NotClosed, {}};
-        refuseEndlessToken();
+        // An empty token was consumed: what stands behind it may be whole, however much it is.
+        const bool consumed = Global.strRecvBuffer.Size() != before;
+        if (!consumed)
+            refuseEndlessToken();
         if (frmWinsock::IsLoaded())
             frmWinsock::Form().TakeArrivedData();
-        // An empty token was consumed: what stands behind it is here already and wakes nobody.
-        if (Global.strRecvBuffer.Size() != before)
+        // What stands behind an empty token is here already and wakes nobody.
+        if (consumed || Global.strRecvBuffer.Size() != before)
             Yield();
         else
             YieldUntilEvent(static_cast<double>(longestWait));

@@ -56,6 +56,9 @@ bool ConnectToRouter(const QString &address)
     form.CSock->RemotePort =
         static_cast<quint16>(std::clamp(Global.lngServerPort, 0, greatestPort));
     form.CSock->LocalPort = 0;
+    // What an earlier connection left, perhaps half a token, is no part of this one: with it every
+    // token from here on would be cut at the wrong bars, and no login could succeed any more.
+    Global.strRecvBuffer.Clear();
     Global.intConnectState = ConnectUnderWay;
     form.CSock->Connect();
     WriteAppInfo(u"Attempting to Connect to Router"_s);

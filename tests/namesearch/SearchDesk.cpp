@@ -10,6 +10,7 @@
 #include "support/FakeSocket.h"
 
 #include <QApplication>
+#include <QPointer>
 #include <QPushButton>
 #include <QTableView>
 #include <QTest>
@@ -36,9 +37,13 @@ SearchDesk::SearchDesk()
 SearchDesk::~SearchDesk()
 {
     qDeleteAll(watchers);
-    const QWidgetList windows = QApplication::topLevelWidgets();
-    for (QWidget *window : windows) {
-        if (window->objectName().startsWith(u"frm") && !window->parentWidget())
+    QList<QPointer<QWidget>> windows;
+    const QWidgetList all = QApplication::topLevelWidgets();
+    for (QWidget *window : all)
+        windows.append(window);
+    // A window takes those that belong to it along.
+    for (const QPointer<QWidget> &window : windows) {
+        if (window && window->objectName().startsWith(u"frm"))
             delete window;
     }
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

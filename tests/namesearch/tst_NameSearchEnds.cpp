@@ -48,10 +48,12 @@ void tst_NameSearchEnds::init()
 
 void tst_NameSearchEnds::cleanup()
 {
-    QCOMPARE(desk->Boxes.Complaints(), QString());
-    QVERIFY(desk->AllHappened());
+    const QString boxes = desk->Boxes.Complaints();
+    const bool allHappened = desk->AllHappened();
     desk.reset();
     court.reset();
+    QCOMPARE(boxes, QString());
+    QVERIFY(allHappened);
 }
 
 void tst_NameSearchEnds::outcome_data()

@@ -82,10 +82,12 @@ void tst_NameSearchEngine::init()
 
 void tst_NameSearchEngine::cleanup()
 {
-    QCOMPARE(desk->Boxes.Complaints(), QString());
-    QVERIFY(desk->AllHappened());
+    const QString boxes = desk->Boxes.Complaints();
+    const bool allHappened = desk->AllHappened();
     desk.reset();
     court.reset();
+    QCOMPARE(boxes, QString());
+    QVERIFY(allHappened);
 }
 
 void tst_NameSearchEngine::theLogTellsEachStepOfASearch()

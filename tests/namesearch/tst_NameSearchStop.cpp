@@ -11,9 +11,6 @@
 namespace {
 const QString stopQuestion = u"Stop This Search?"_s;
 const QString stopTitle = u"Stop Search Verification"_s;
-const QString closeQuestion = u"Are you sure you want to close this form?\r\n\r\nAny data that has "
-                              "not been printed or saved will be lost!"_s;
-const QString closeTitle = u"Close Search Form .."_s;
 const QString stopRequest = u"STOP\u00A6"_s;
 const QString someMissing = u"Search Stopped By User. Some results may not have been retrieved."_s;
 
@@ -62,25 +59,8 @@ private Q_SLOTS:
     void pendingOnlyByItsExactText();
     void stopThatCannotBeSentRemovesLineZeroAndLogs();
     void stopTwiceIsNotPossible();
-    void closingIsRefusedWhileSearching_data();
-    void closingIsRefusedWhileSearching();
-    void closingIsAsked_data();
-    void closingIsAsked();
-    void closingPassesWithoutAlerts();
-    void closingPassesForOtherReasons_data();
-    void closingPassesForOtherReasons();
-    void unconditionalCloseAsksNothingEvenWhileSearching();
-    void closingRightAfterStopLetsTheRunEnd();
-    void closingRightAfterStopWithTheServerGone();
-    void aPendingWindowClosedLeavesItsKey();
-    void theQueueHoldsAtAKeyThatWasLeft();
-    void aFinishedWindowClosesAndIsGone();
-    void windowClosedByItsFrameWhileTheQuestionIsOpen();
 
 private:
-    /// A window whose request has been sent and not been answered.
-    frmNameSearchResults *searching(const QString &state = u"WA"_s);
-
     std::unique_ptr<SearchDesk> desk;
     std::unique_ptr<ScriptedCourt> court;
 };
@@ -94,18 +74,14 @@ void tst_NameSearchStop::init()
 
 void tst_NameSearchStop::cleanup()
 {
-    QCOMPARE(desk->Boxes.Complaints(), QString());
-    QVERIFY(desk->AllHappened());
+    const QString boxes = desk->Boxes.Complaints();
+    const bool allHappened = desk->AllHappened();
+    const QString conversation = court->Complaints();
     desk.reset();
-    QCOMPARE(court->Complaints(), QString());
     court.reset();
-}
-
-frmNameSearchResults *tst_NameSearchStop::searching(const QString &state)
-{
-    court->Expect(RequestLine()).Reply({ResultLine(u"A"_s)});
-    desk->ConnectTo(*court);
-    return desk->Start({RequestLine()}, state);
+    QCOMPARE(boxes, QString());
+    QVERIFY(allHappened);
+    QCOMPARE(conversation, QString());
 }
 
 void tst_NameSearchStop::stopWhilePendingWithdrawsTheKey()
@@ -118,9 +94,9 @@ void tst_NameSearchStop::stopWhilePendingWithdrawsTheKey()
     desk->Boxes.Expect(stopQuestion, stopTitle, MsgAnswer::Yes);
     click(window, "cmdStopSearching");
 
-    QCOMPARE(labels(window), (QStringList{u"Search Stopped By User .. "_s,
-                                          u"Search Stopped By User. No Results Were Retrieved."_s,
-                                          QString()}));
+    QCOMPARE(labels(window),
+             (QStringList{u"Search Stopped By User .. "_s,
+                          u"Search Stopped By User. No Results Were Retrieved."_s, QString()}));
     QVERIFY(allRed(window));
     QCOMPARE(frmQueue::Form().FIFO.Lines(),
              (QStringList{u"11111111111111111111"_s, u"22222222222222222222"_s}));
@@ -194,8 +170,8 @@ void tst_NameSearchStop::stopWhileSearchingReadsOnToTheEndMark()
     QVERIFY(!ButtonOf(window, "cmdStopSearching")->isEnabled());
     QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
     QVERIFY(!window->SearchIncomplete);
-    QCOMPARE(desk->Folder.TimesLogged(u"Searching Stopped by User. Request Was: "_s + RequestLine()),
-             1);
+    QCOMPARE(
+        desk->Folder.TimesLogged(u"Searching Stopped by User. Request Was: "_s + RequestLine()), 1);
     QCOMPARE(desk->Folder.TimesLogged(
                  u"EXITED - SEARCH STOPPED BY USER  - from ProcessSearchReqeusts."_s),
              1);
@@ -284,7 +260,8 @@ void tst_NameSearchStop::stopGoesBeforeAnError()
     desk->ConnectTo(*court);
     Global.bShowAlerts = false;
     frmNameSearchResults *window = desk->Start({RequestLine()});
-    desk->When([&] { return window->SearchIncomplete; }, [&] { click(window, "cmdStopSearching"); });
+    desk->When([&] { return window->SearchIncomplete; },
+               [&] { click(window, "cmdStopSearching"); });
     QVERIFY(QTest::qWaitFor([&] { return TextOf(window, "lblSearchStatus") == someMissing; }));
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Stopped By User: 0 Cases Retrieved."_s);
     QCOMPARE(TextOf(window, "Label3"), QString());
@@ -292,17 +269,11 @@ void tst_NameSearchStop::stopGoesBeforeAnError()
 
 void tst_NameSearchStop::aStoppedSearchThatIsCutOffHasLostItsConnection()
 {
-    court->Expect(stopRequest).Drop();
-    frmNameSearchResults *window = nullptr;
-    {
-        const std::unique_ptr<ScriptedCourt> scripted = std::move(court);
-        court = std::make_unique<ScriptedCourt>();
-    }
     court->Expect(RequestLine()).Reply({});
     court->Expect(stopRequest).Drop();
     desk->ConnectTo(*court);
     Global.bShowAlerts = false;
-    window = desk->Start({RequestLine()});
+    frmNameSearchResults *window = desk->Start({RequestLine()});
     desk->When([&] { return court->Requests().size() == 1; },
                [&] { click(window, "cmdStopSearching"); });
     QVERIFY(QTest::qWaitFor([&] { return ButtonOf(window, "cmdSearchResults_2")->isEnabled(); }));
@@ -431,3 +402,6 @@ void tst_NameSearchStop::stopTwiceIsNotPossible()
     QVERIFY(QTest::qWaitFor([&] { return TextOf(window, "lblSearchStatus") == someMissing; }));
     QCOMPARE(court->Requests().count(stopRequest), 1);
 }
+
+QTEST_MAIN(tst_NameSearchStop)
+#include "tst_NameSearchStop.moc"

@@ -9,6 +9,7 @@
 #include <QTemporaryFile>
 #include <QTest>
 
+#include <algorithm>
 #include <memory>
 #include <vector>
 
@@ -33,6 +34,7 @@ private Q_SLOTS:
     void dropLinkSendsRowsFirst();
     void stopEndsTheReply_data();
     void stopEndsTheReply();
+    void stopDoesNotWaitForAPause();
     void stopWithNothingRunningSaysNothing();
     void requestsAreAnsweredInOrder();
     void aNewRequestGivesASilentReplyUp();
@@ -243,6 +245,24 @@ void tst_PracticeServer::stopEndsTheReply()
     QCOMPARE(client.ReadBytes(guideReply.size()), guideReply);
 }
 
+void tst_PracticeServer::stopDoesNotWaitForAPause()
+{
+    const PracticeProcess court;
+    WireClient client(court);
+    client.LogOn();
+    qint64 fastest = 1'000'000;
+    for (int round = 0; round < 5; ++round) { // one of them finds the machine at leisure
+        client.Send(SearchFor(u"SLOW"_s));
+        client.ReadTo(u"SEARCHING~King~County~Superior~Court~1~of~30~.."_s);
+        QElapsedTimer timer;
+        timer.start();
+        client.Send(u"STOP¦"_s);
+        QCOMPARE(client.ReadTo(), justEnd);
+        fastest = std::min(fastest, timer.elapsed());
+    }
+    QVERIFY(fastest < 500); // a line of progress comes every second
+}
+
 /// An end mark now would be taken for the end of the next reply.
 void tst_PracticeServer::stopWithNothingRunningSaysNothing()
 {
@@ -293,6 +313,7 @@ void tst_PracticeServer::manyClientsAtOnce()
 {
     const PracticeProcess court;
     std::vector<std::unique_ptr<WireClient>> clients;
+    clients.reserve(60);
     for (int i = 0; i < 60; ++i)
         clients.push_back(std::make_unique<WireClient>(court));
     WireClient slow(court);

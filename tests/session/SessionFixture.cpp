@@ -41,9 +41,17 @@ void CourtSocket::Connect()
 void CourtSocket::SendData(const QByteArray &data)
 {
     FakeSocket::SendData(data);
+    const bool drops = Court().requests.size() == Court().dropsBehind;
     Court().requests.append(data);
-    if (!Court().replies.isEmpty())
-        ArriveLater({Court().replies.takeFirst()});
+    if (Court().onRequest)
+        Court().onRequest();
+    const QByteArray reply = Court().replies.isEmpty() ? QByteArray() : Court().replies.takeFirst();
+    QTimer::singleShot(0, this, [this, reply, drops] {
+        if (!reply.isEmpty())
+            Arrive(reply);
+        if (drops)
+            QTimer::singleShot(0, this, [this] { PeerCloses(); });
+    });
 }
 
 void MoodySocket::Install(const QList<SocketState> &states)
@@ -101,6 +109,13 @@ frmLogin *SessionFixture::OpenLogin()
     if (login)
         login->tmrUI->setInterval(1);
     return login;
+}
+
+frmLogin *SessionFixture::OpenLoginToTheEnd()
+{
+    frmLogin *login = OpenLogin();
+    const auto *button = Child<QPushButton>(login, "cmdLogin");
+    return QTest::qWaitFor([button] { return button->isEnabled(); }) ? login : nullptr;
 }
 
 void SessionFixture::BeLoggedIn()

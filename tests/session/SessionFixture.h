@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QTest>
 
+#include <functional>
 #include <memory>
 
 class frmLogin;
@@ -20,7 +21,9 @@ struct FakeCourt
     bool refuses = false;
     bool connects = true;
     QByteArrayList replies; ///< one a request, from the front; a request beyond them gets none
-    QByteArrayList requests; ///< all that came, bars included
+    qsizetype dropsBehind = -1; ///< the server closes behind its reply to this request
+    QByteArrayList requests;    ///< all that came, bars included
+    std::function<void()> onRequest; ///< called for each, before its reply
     QStringList connectedTo; ///< "host:port" of each attempt
 };
 
@@ -70,6 +73,9 @@ public:
     frmLogin *OpenLogin();
     /// The login window that is open, nullptr without one.
     static frmLogin *LoginWindow();
+
+    /// Opens the login window and waits until the server is reached and a login may begin.
+    frmLogin *OpenLoginToTheEnd();
 
     /// Makes the connect state what it is with a server and a user logged in.
     void BeLoggedIn();

@@ -1,0 +1,281 @@
+#include "core/AppFolder.h"
+#include "core/AtomicFile.h"
+#include "core/RunTimeError.h"
+#include "support/FaultyFile.h"
+#include "support/TestFolder.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <QTest>
+
+#include <cstdio>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr uid_t nobody = 65534;
+
+/// What a child of this test does: it says which folder it chooses.
+int sayTheFolder(const QString &chosen)
+{
+    // The administrator may write everywhere; a folder that is closed is one for other people only.
+    if (::geteuid() == 0 && ::setuid(nobody) != 0)
+        return 2;
+    try {
+        ChooseAppFolder(chosen);
+        std::puts(qPrintable(AppFolder()));
+    } catch (const RunTimeError &error) {
+        std::printf("error %d\n", error.Number());
+    }
+    return 0;
+}
+
+void write(const QString &path, const QByteArray &content)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(content), qint64(content.size()));
+}
+
+void setMode(const QString &path, bool writable)
+{
+    auto mode = QFileDevice::ReadOwner | QFileDevice::ExeOwner | QFileDevice::ReadGroup
+                | QFileDevice::ExeGroup | QFileDevice::ReadOther | QFileDevice::ExeOther;
+    if (writable)
+        mode |= QFileDevice::WriteOwner | QFileDevice::WriteGroup | QFileDevice::WriteOther;
+    QVERIFY(QFile::setPermissions(path, mode));
+}
+} // namespace
+
+class tst_AppFolder : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void theChosenFolderGoesFirst();
+    void theChosenFolderIsMadeForItsOwnerOnly();
+    void aFolderThatCannotBeMadeIsAnError();
+    void choiceBesideTheProgram_data();
+    void choiceBesideTheProgram();
+    void namesAreMatchedWithoutRegardToCase_data();
+    void namesAreMatchedWithoutRegardToCase();
+    void missingDataFilesAreCopied();
+    void aFileThatIsThereIsNeverOverwritten();
+    void aFileThatCannotBeCopiedIsLogged();
+    void copyingFromNowhereCopiesNothing();
+    void fileContent();
+    void fileContentOfWhatCannotBeRead();
+    void replacingAFolderIsRefused();
+    void replacingInAMissingFolderIsRefused();
+};
+
+void tst_AppFolder::theChosenFolderGoesFirst()
+{
+    const TestFolder folder;
+    const QTemporaryDir other;
+    ChooseAppFolder(other.path());
+    QCOMPARE(AppFolder(), other.path());
+    ChooseAppFolder(other.path() + u"/sub/../deep"_s);
+    QVERIFY(QFileInfo(other.path() + u"/deep"_s).isDir());
+}
+
+void tst_AppFolder::theChosenFolderIsMadeForItsOwnerOnly()
+{
+    const TestFolder folder;
+    const QString path = folder.Path(u"a/b"_s);
+    ChooseAppFolder(path);
+    QVERIFY(QFileInfo(path).isDir());
+    QCOMPARE(QFile::permissions(path)
+                 & (QFileDevice::ReadGroup | QFileDevice::ReadOther | QFileDevice::ExeOther),
+             QFileDevice::Permissions());
+}
+
+void tst_AppFolder::aFolderThatCannotBeMadeIsAnError()
+{
+    const TestFolder folder;
+    folder.Write(u"file"_s, "x");
+    int number = 0;
+    try {
+        ChooseAppFolder(folder.Path(u"file/below"_s));
+    } catch (const RunTimeError &error) {
+        number = error.Number();
+    }
+    QCOMPARE(number, 76);
+}
+
+void tst_AppFolder::choiceBesideTheProgram_data()
+{
+    QTest::addColumn<QString>("settings");
+    QTest::addColumn<bool>("writable");
+    QTest::addColumn<bool>("told");
+    QTest::addColumn<QString>("answer");
+    QTest::newRow("told") << u"options.ini"_s << true << true << u"told"_s;
+    QTest::newRow("portable") << u"options.ini"_s << true << false << u"program"_s;
+    QTest::newRow("portable, other case") << u"OPTIONS.INI"_s << true << false << u"program"_s;
+    QTest::newRow("no settings beside it") << QString() << true << false << u"user"_s;
+    QTest::newRow("not writable") << u"options.ini"_s << false << false << u"user"_s;
+}
+
+void tst_AppFolder::choiceBesideTheProgram()
+{
+    QFETCH(QString, settings);
+    QFETCH(bool, writable);
+    QFETCH(bool, told);
+    QFETCH(QString, answer);
+    const QTemporaryDir base;
+    setMode(base.path(), true);
+    const QDir dir(base.path());
+    for (const QString &name : {u"program"_s, u"data"_s, u"told"_s}) {
+        QVERIFY(dir.mkdir(name));
+        setMode(dir.filePath(name), true);
+    }
+    const QString program = dir.filePath(u"program/halvane"_s);
+    QVERIFY(QFile::copy(QCoreApplication::applicationFilePath(), program));
+    setMode(program, false);
+    if (!settings.isNull())
+        write(dir.filePath(u"program/"_s + settings), "[General]\r\n");
+    setMode(dir.filePath(u"program"_s), writable);
+
+    QProcess child;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(u"XDG_DATA_HOME"_s, dir.filePath(u"data"_s));
+    child.setProcessEnvironment(environment);
+    child.start(program, {u"--say-folder"_s, told ? dir.filePath(u"told"_s) : QString()});
+    QVERIFY(child.waitForFinished());
+    setMode(dir.filePath(u"program"_s), true);
+    const QString said = QString::fromUtf8(child.readAllStandardOutput()).trimmed();
+    if (answer == u"user") {
+        QVERIFY2(said.startsWith(dir.filePath(u"data/"_s)), qPrintable(said));
+        QVERIFY(QFileInfo(said).isDir());
+    } else {
+        QCOMPARE(said, dir.filePath(answer));
+    }
+}
+
+void tst_AppFolder::namesAreMatchedWithoutRegardToCase_data()
+{
+    QTest::addColumn<QString>("asked");
+    QTest::addColumn<QString>("stored");
+    QTest::newRow("as stored") << u"wactylst.txt"_s << u"wactylst.txt"_s;
+    QTest::newRow("in capitals") << u"WACTYLST.TXT"_s << u"wactylst.txt"_s;
+    QTest::newRow("stored in mixed case") << u"wascases.txt"_s << u"WaSCases.txt"_s;
+    QTest::newRow("a new file") << u"New.txt"_s << u"New.txt"_s;
+    QTest::newRow("in a folder") << u"Reports\\TEMPFILE.BIN"_s << u"Reports/Tempfile.bin"_s;
+    QTest::newRow("new in a folder") << u"Reports\\x.pdf"_s << u"Reports/x.pdf"_s;
+}
+
+void tst_AppFolder::namesAreMatchedWithoutRegardToCase()
+{
+    QFETCH(QString, asked);
+    QFETCH(QString, stored);
+    const TestFolder folder;
+    QVERIFY(QDir(folder.Path()).mkdir(u"Reports"_s));
+    folder.Write(u"Reports/Tempfile.bin"_s, "x");
+    QCOMPARE(AppFile(asked), folder.Path(stored));
+}
+
+void tst_AppFolder::missingDataFilesAreCopied()
+{
+    const TestFolder folder;
+    const QTemporaryDir empty;
+    ChooseAppFolder(empty.path());
+    const QStringList names = QDir(folder.Path()).entryList(QDir::Files);
+    QCOMPARE(CopyMissingDataFiles(folder.Path()), int(names.size()));
+    QCOMPARE(QDir(empty.path()).entryList(QDir::Files), names);
+    for (const QString &name : names)
+        QCOMPARE(FileContent(AppFile(name)), folder.Read(name));
+    QCOMPARE(CopyMissingDataFiles(folder.Path()), 0);
+}
+
+void tst_AppFolder::aFileThatIsThereIsNeverOverwritten()
+{
+    const TestFolder folder;
+    const QTemporaryDir installed;
+    write(installed.filePath(u"options.ini"_s), "[Installed]\r\n");
+    write(installed.filePath(u"WACTYLST.TXT"_s), "Elsewhere\r\n");
+    write(installed.filePath(u"new.txt"_s), "new\r\n");
+    const QByteArray options = folder.Read(u"options.ini"_s);
+    const QByteArray counties = folder.Read(u"wactylst.txt"_s);
+    QCOMPARE(CopyMissingDataFiles(installed.path()), 1);
+    QCOMPARE(folder.Read(u"options.ini"_s), options);
+    QCOMPARE(folder.Read(u"wactylst.txt"_s), counties);
+    QVERIFY(!QFileInfo::exists(folder.Path(u"WACTYLST.TXT"_s)));
+    QCOMPARE(folder.Read(u"new.txt"_s), QByteArray("new\r\n"));
+}
+
+void tst_AppFolder::aFileThatCannotBeCopiedIsLogged()
+{
+    const TestFolder folder;
+    const QTemporaryDir installed;
+    // The log line itself still fits on this disk.
+    write(installed.filePath(u"large.txt"_s), QByteArray(5000, 'x'));
+    write(installed.filePath(u"small.txt"_s), "x");
+    {
+        const FullDisk full(1000);
+        QCOMPARE(CopyMissingDataFiles(installed.path()), 1);
+    }
+    QVERIFY(!QFileInfo::exists(folder.Path(u"large.txt"_s)));
+    QVERIFY(QFileInfo::exists(folder.Path(u"small.txt"_s)));
+    QCOMPARE(folder.Log(),
+             QStringList{u"Cannot copy the data file large.txt into the application folder."_s});
+}
+
+void tst_AppFolder::copyingFromNowhereCopiesNothing()
+{
+    const TestFolder folder;
+    QCOMPARE(CopyMissingDataFiles(folder.Path(u"none"_s)), 0);
+    QCOMPARE(folder.Log(), QStringList());
+}
+
+void tst_AppFolder::fileContent()
+{
+    const TestFolder folder;
+    folder.Write(u"x.bin"_s, QByteArray("a\0b\r\n", 5));
+    QCOMPARE(FileContent(folder.Path(u"x.bin"_s)), QByteArray("a\0b\r\n", 5));
+}
+
+void tst_AppFolder::fileContentOfWhatCannotBeRead()
+{
+    const TestFolder folder;
+    const auto errorOf = [](const QString &path) {
+        try {
+            FileContent(path);
+        } catch (const RunTimeError &error) {
+            return error.Number();
+        }
+        return 0;
+    };
+    QCOMPARE(errorOf(folder.Path(u"none.txt"_s)), 53);
+    MakeUnreadable(folder.Path(u"folder.txt"_s));
+    QCOMPARE(errorOf(folder.Path(u"folder.txt"_s)), 75);
+}
+
+void tst_AppFolder::replacingAFolderIsRefused()
+{
+    const TestFolder folder;
+    MakeUnreadable(folder.Path(u"x"_s));
+    QVERIFY(!ReplaceFileContent(folder.Path(u"x"_s), "y"));
+    QVERIFY(QFileInfo(folder.Path(u"x"_s)).isDir());
+}
+
+void tst_AppFolder::replacingInAMissingFolderIsRefused()
+{
+    const TestFolder folder;
+    QVERIFY(!ReplaceFileContent(folder.Path(u"none/x"_s), "y"));
+    QVERIFY(!QFileInfo::exists(folder.Path(u"none"_s)));
+}
+
+int main(int argc, char **argv)
+{
+    QCoreApplication app(argc, argv);
+    app.setApplicationName(u"halvane"_s);
+    if (app.arguments().value(1) == u"--say-folder"_s)
+        return sayTheFolder(app.arguments().value(2));
+    tst_AppFolder test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "tst_AppFolder.moc"

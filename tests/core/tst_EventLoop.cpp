@@ -1,0 +1,223 @@
+#include "core/EventLoop.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTest>
+#include <QThread>
+#include <QTimer>
+
+#include <sys/resource.h>
+
+namespace {
+/// Processor time of this process so far, in seconds.
+double processorSeconds()
+{
+    rusage usage = {};
+    getrusage(RUSAGE_SELF, &usage);
+    const auto seconds = [](const timeval &time) {
+        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+    };
+    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
+}
+
+void drain()
+{
+    for (int i = 0; i < 10; ++i)
+        Yield();
+}
+} // namespace
+
+class tst_EventLoop : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void yieldHandlesWhatIsPendingAndReturns();
+    void yieldWithNothingPendingReturnsAtOnce();
+    void aWaitSleepsInsteadOfTurning();
+    void aWaitWakesAtOnceForAnEventFromAnotherThread();
+    void aWaitWakesForATimer();
+    void aWaitWakesForDataOnASocket();
+    void aWaitEndsAtItsDeadline_data();
+    void aWaitEndsAtItsDeadline();
+    void aWaitWithNoTimeLeftReturns_data();
+    void aWaitWithNoTimeLeftReturns();
+    void aWaitReturnsWhenSomethingWasPending();
+    void waitsMayBeNested();
+    void everyYieldIsCounted();
+};
+
+void tst_EventLoop::init()
+{
+    drain();
+}
+
+void tst_EventLoop::yieldHandlesWhatIsPendingAndReturns()
+{
+    int handled = 0;
+    for (int i = 0; i < 3; ++i)
+        QMetaObject::invokeMethod(
+            this, [&handled] { ++handled; }, Qt::QueuedConnection);
+    QCOMPARE(handled, 0);
+    Yield();
+    QCOMPARE(handled, 3);
+}
+
+void tst_EventLoop::yieldWithNothingPendingReturnsAtOnce()
+{
+    QElapsedTimer time;
+    time.start();
+    for (int i = 0; i < 100; ++i)
+        Yield();
+    QVERIFY(time.elapsed() < 500);
+}
+
+void tst_EventLoop::aWaitSleepsInsteadOfTurning()
+{
+    const double before = processorSeconds();
+    QElapsedTimer time;
+    time.start();
+    YieldUntilEvent(0.4);
+    while (time.elapsed() < 400)
+        YieldUntilEvent(0.4 - static_cast<double>(time.elapsed()) / 1000.0);
+    // A loop that turns would have used all of the 0.4 seconds.
+    QVERIFY2(processorSeconds() - before < 0.1,
+             qPrintable(QString::number(processorSeconds() - before)));
+}
+
+void tst_EventLoop::aWaitWakesAtOnceForAnEventFromAnotherThread()
+{
+    bool arrived = false;
+    QThread *other = QThread::create([&] {
+        QThread::msleep(30);
+        QMetaObject::invokeMethod(
+            this, [&arrived] { arrived = true; }, Qt::QueuedConnection);
+    });
+    QElapsedTimer time;
+    time.start();
+    other->start();
+    while (!arrived && time.elapsed() < 20000)
+        YieldUntilEvent(20.0);
+    const qint64 waited = time.elapsed();
+    other->wait();
+    delete other;
+    QVERIFY(arrived);
+    QVERIFY2(waited < 5000, qPrintable(QString::number(waited)));
+}
+
+void tst_EventLoop::aWaitWakesForATimer()
+{
+    bool fired = false;
+    QTimer::singleShot(20, this, [&fired] { fired = true; });
+    QElapsedTimer time;
+    time.start();
+    while (!fired && time.elapsed() < 20000)
+        YieldUntilEvent(20.0);
+    QVERIFY(fired);
+    QVERIFY(time.elapsed() < 5000);
+}
+
+void tst_EventLoop::aWaitWakesForDataOnASocket()
+{
+    QTcpServer server;
+    QVERIFY(server.listen(QHostAddress::LocalHost));
+    QTcpSocket client;
+    client.connectToHost(server.serverAddress(), server.serverPort());
+    QVERIFY(client.waitForConnected());
+    QVERIFY(server.waitForNewConnection(5000));
+    QTcpSocket *peer = server.nextPendingConnection();
+    QTimer::singleShot(20, this, [peer] {
+        peer->write("|EOF~|");
+        peer->flush();
+    });
+    QElapsedTimer time;
+    time.start();
+    while (client.bytesAvailable() < 6 && time.elapsed() < 20000)
+        YieldUntilEvent(20.0);
+    QCOMPARE(client.readAll(), QByteArray("|EOF~|"));
+    QVERIFY(time.elapsed() < 5000);
+}
+
+void tst_EventLoop::aWaitEndsAtItsDeadline_data()
+{
+    QTest::addColumn<int>("milliseconds");
+    QTest::newRow("1") << 1;
+    QTest::newRow("30") << 30;
+    QTest::newRow("150") << 150;
+}
+
+void tst_EventLoop::aWaitEndsAtItsDeadline()
+{
+    QFETCH(int, milliseconds);
+    QElapsedTimer time;
+    time.start();
+    int turns = 0;
+    while (time.elapsed() < milliseconds) {
+        YieldUntilEvent(static_cast<double>(milliseconds - time.elapsed()) / 1000.0);
+        ++turns;
+    }
+    QVERIFY(time.elapsed() < milliseconds + 2000);
+    // It slept to the deadline instead of coming back over and over.
+    QVERIFY2(turns < 30, qPrintable(QString::number(turns)));
+}
+
+void tst_EventLoop::aWaitWithNoTimeLeftReturns_data()
+{
+    QTest::addColumn<double>("seconds");
+    QTest::newRow("zero") << 0.0;
+    QTest::newRow("negative") << -5.0;
+    QTest::newRow("far negative") << -1e30;
+}
+
+void tst_EventLoop::aWaitWithNoTimeLeftReturns()
+{
+    QFETCH(double, seconds);
+    QElapsedTimer time;
+    time.start();
+    YieldUntilEvent(seconds);
+    QVERIFY(time.elapsed() < 500);
+}
+
+void tst_EventLoop::aWaitReturnsWhenSomethingWasPending()
+{
+    bool handled = false;
+    QMetaObject::invokeMethod(
+        this, [&handled] { handled = true; }, Qt::QueuedConnection);
+    QElapsedTimer time;
+    time.start();
+    YieldUntilEvent(1e30);
+    QVERIFY(handled);
+    QVERIFY(time.elapsed() < 5000);
+}
+
+void tst_EventLoop::waitsMayBeNested()
+{
+    bool inner = false;
+    bool outer = false;
+    QTimer::singleShot(5, this, [&] {
+        QTimer::singleShot(5, this, [&inner] { inner = true; });
+        while (!inner)
+            YieldUntilEvent(5.0);
+        outer = true;
+    });
+    QElapsedTimer time;
+    time.start();
+    while (!outer && time.elapsed() < 10000)
+        YieldUntilEvent(5.0);
+    QVERIFY(inner);
+    QVERIFY(outer);
+}
+
+void tst_EventLoop::everyYieldIsCounted()
+{
+    const unsigned long long before = YieldCount();
+    Yield();
+    YieldUntilEvent(0.0);
+    Yield();
+    QCOMPARE(YieldCount() - before, 3ULL);
+}
+
+QTEST_GUILESS_MAIN(tst_EventLoop)
+#include "tst_EventLoop.moc"

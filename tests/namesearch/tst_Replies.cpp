@@ -1,0 +1,146 @@
+#include "namesearch/Replies.h"
+
+#include "core/Windows1252.h"
+
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+Q_DECLARE_METATYPE(ReplyKind)
+
+class tst_Replies : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void kind_data();
+    void kind();
+    void everySingleByteIsARow();
+    void aNulDoesNotHideTheEndMark();
+    void veryLongRepliesAreRows();
+    void progressText_data();
+    void progressText();
+    void stopRequest_data();
+    void stopRequest();
+};
+
+void tst_Replies::kind_data()
+{
+    QTest::addColumn<QString>("reply");
+    QTest::addColumn<ReplyKind>("kind");
+    const auto end = ReplyKind::EndOfReply;
+    const auto row = ReplyKind::Row;
+    QTest::newRow("end mark") << u"EOF~"_s << end;
+    QTest::newRow("end mark in lower case") << u"eof~"_s << end;
+    QTest::newRow("end mark in mixed case") << u"Eof~"_s << end;
+    QTest::newRow("end mark behind text") << u"King~3~EOF~"_s << end;
+    QTest::newRow("error that ends in the mark") << u"ERROR~too many hits~EOF~"_s << end;
+    QTest::newRow("progress that ends in the mark") << u"SEARCHING~EOF~"_s << end;
+    QTest::newRow("EREOF~") << u"EREOF~"_s << end;
+    QTest::newRow("HEREOF~") << u"HEREOF~"_s << end;
+    QTest::newRow("THEREOF~ alone") << u"THEREOF~"_s << row;
+    QTest::newRow("thereof in lower case") << u"a~b~thereof~"_s << row;
+    QTest::newRow("THEREOF~ behind text") << u"HEIRS THEREOF~"_s << row;
+    QTest::newRow("WHEREOF~") << u"WHEREOF~"_s << end;
+    QTest::newRow("end mark in the middle") << u"EOF~SMITH~"_s << row;
+    QTest::newRow("end mark without its tilde") << u"EOF"_s << row;
+    QTest::newRow("end mark with a blank behind") << u"EOF~ "_s << row;
+    QTest::newRow("end mark with another delimiter") << u"EOF;"_s << row;
+    QTest::newRow("tilde alone") << u"~"_s << row;
+    QTest::newRow("nothing") << QString() << row;
+
+    QTest::newRow("too many hits") << u"ERROR~too many hits~"_s << ReplyKind::TooManyHits;
+    QTest::newRow("too many hits in capitals")
+        << u"ERROR~TOO MANY HITS"_s << ReplyKind::TooManyHits;
+    QTest::newRow("too many hits behind another error")
+        << u"ERROR: ERROR~Too Many Hits found~"_s << ReplyKind::TooManyHits;
+    QTest::newRow("too many hits without its head") << u"too many hits~"_s << row;
+    QTest::newRow("too many hits, another delimiter")
+        << u"ERROR;too many hits;"_s << ReplyKind::Error;
+    QTest::newRow("error") << u"ERROR~Court is down~"_s << ReplyKind::Error;
+    QTest::newRow("error alone") << u"ERROR"_s << ReplyKind::Error;
+    QTest::newRow("a name that begins with error") << u"ERRORSON~1~2~3~4~5~"_s << ReplyKind::Error;
+    QTest::newRow("error in lower case") << u"error~Court is down~"_s << row;
+    QTest::newRow("too many hits in lower case") << u"error~too many hits~"_s << row;
+    QTest::newRow("Error in mixed case") << u"Error~x~"_s << row;
+    QTest::newRow("error behind a blank") << u" ERROR~x~"_s << row;
+    QTest::newRow("error and more than 200")
+        << u"ERROR This search resulted in more than 200 results."_s << ReplyKind::Error;
+
+    QTest::newRow("progress") << u"SEARCHING~King~"_s << ReplyKind::Progress;
+    QTest::newRow("progress in lower case") << u"searching"_s << ReplyKind::Progress;
+    QTest::newRow("progress and more than 200")
+        << u"Searching. This search resulted in more than 200 results."_s << ReplyKind::Progress;
+    QTest::newRow("progress behind text") << u"~SEARCHING~"_s << row;
+    QTest::newRow("progress cut short") << u"SEARCHIN"_s << row;
+
+    QTest::newRow("more than 200")
+        << u"This search resulted in more than 200 results."_s << ReplyKind::MaxResults;
+    QTest::newRow("more than 200, any case, within text")
+        << u"** THIS SEARCH RESULTED IN MORE THAN 200 RESULTS. **~"_s << ReplyKind::MaxResults;
+    QTest::newRow("more than 200 without its full stop")
+        << u"This search resulted in more than 200 results"_s << row;
+    QTest::newRow("a row") << u"SMITH~02-2-02029-9~01/02/2002~Civil~King~Plaintiff~"_s << row;
+}
+
+void tst_Replies::kind()
+{
+    QFETCH(QString, reply);
+    QTEST(ClassifyReply(reply), "kind");
+}
+
+void tst_Replies::everySingleByteIsARow()
+{
+    for (int byte = 0; byte < 256; ++byte) {
+        const QByteArray one(1, static_cast<char>(byte));
+        QCOMPARE(ClassifyReply(FromWindows1252(one)), ReplyKind::Row);
+        QCOMPARE(ClassifyReply(FromWindows1252(one) + u"EOF~"_s), ReplyKind::EndOfReply);
+    }
+}
+
+void tst_Replies::aNulDoesNotHideTheEndMark()
+{
+    QCOMPARE(ClassifyReply(QString::fromLatin1("\0EOF~", 5)), ReplyKind::EndOfReply);
+    QCOMPARE(ClassifyReply(QString::fromLatin1("EOF~\0", 5)), ReplyKind::Row);
+}
+
+void tst_Replies::veryLongRepliesAreRows()
+{
+    QCOMPARE(ClassifyReply(QString(1'000'000, u'A')), ReplyKind::Row);
+    QCOMPARE(ClassifyReply(QString(1'000'000, u'~')), ReplyKind::Row);
+}
+
+void tst_Replies::progressText_data()
+{
+    QTest::addColumn<QString>("reply");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("nine characters") << u"SEARCHING"_s << QString();
+    QTest::newRow("ten characters") << u"SEARCHING~"_s << u"SEARCHING "_s;
+    QTest::newRow("every tilde") << u"Searching~King~~County~"_s << u"Searching King  County "_s;
+    QTest::newRow("no tilde") << u"Searching now"_s << u"Searching now"_s;
+    QTest::newRow("like HTML") << u"Searching <b>x</b>~"_s << u"Searching <b>x</b> "_s;
+}
+
+void tst_Replies::progressText()
+{
+    QFETCH(QString, reply);
+    QTEST(ProgressText(reply), "text");
+}
+
+void tst_Replies::stopRequest_data()
+{
+    QTest::addColumn<QString>("state");
+    QTest::addColumn<QString>("request");
+    for (const QString &state : {u"WA"_s, u"OR"_s, u"ID"_s, u"IDBK"_s, QString(), u"wawbk"_s})
+        QTest::newRow(qPrintable(u"state "_s + state)) << state << u"STOP\u00A6"_s;
+    for (const QString &state : {u"WAWBK"_s, u"WAEBK"_s, u"ORBK"_s})
+        QTest::newRow(qPrintable(u"state "_s + state)) << state << u"BKRPT~STOP~"_s;
+}
+
+void tst_Replies::stopRequest()
+{
+    QFETCH(QString, state);
+    QTEST(StopRequestOf(state), "request");
+}
+
+QTEST_APPLESS_MAIN(tst_Replies)
+#include "tst_Replies.moc"

@@ -1,0 +1,154 @@
+#include "namesearch/SearchCriteria.h"
+
+#include "core/RunTimeError.h"
+
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+/// A line as it is read easily: its fields with "/" for the broken bar.
+QString wire(const QString &text)
+{
+    return QString(text).replace(u'/', u'\u00A6');
+}
+} // namespace
+
+class tst_SearchCriteria : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void name_data();
+    void name();
+    void caption_data();
+    void caption();
+    void caseTypes_data();
+    void caseTypes();
+    void tooFewFields_data();
+    void tooFewFields();
+    void blanksAroundTheLine();
+    void county_data();
+    void county();
+};
+
+void tst_SearchCriteria::name_data()
+{
+    QTest::addColumn<QString>("line");
+    QTest::addColumn<QString>("name");
+    QTest::newRow("all three") << u"WASUP/SEARCH/SMITH/JOHN/Q//King,/Civil,///"_s
+                               << u"SMITH, JOHN, Q"_s;
+    QTest::newRow("no middle initial")
+        << u"WASUP/SEARCH/SMITH/JOHN///King,/Civil,///"_s << u"SMITH, JOHN"_s;
+    QTest::newRow("last name alone") << u"WASUP/SEARCH/SMITH////King,/Civil,///"_s << u"SMITH"_s;
+    QTest::newRow("middle initial without first name")
+        << u"WASUP/SEARCH/SMITH//Q//King,/Civil,///"_s << u"SMITH, Q"_s;
+    QTest::newRow("business") << u"WASUP/SEARCH/ACME, INC////King,/Civil,///"_s << u"ACME, INC"_s;
+    QTest::newRow("field 5 is not shown")
+        << u"WASUP/SEARCH/SMITH/JOHN/Q/JR/King,/Civil,///"_s << u"SMITH, JOHN, Q"_s;
+}
+
+void tst_SearchCriteria::name()
+{
+    QFETCH(QString, line);
+    QTEST(SuperiorCriteria(wire(line)).Name, "name");
+}
+
+void tst_SearchCriteria::caption_data()
+{
+    QTest::addColumn<QString>("county");
+    QTest::addColumn<QString>("caption");
+    const QString tail = u" County, Washington Superior Courts"_s;
+    QTest::newRow("one county") << u"King,"_s << u"SMITH in King"_s + tail;
+    QTest::newRow("no closing comma") << u"King"_s << u"SMITH in King"_s + tail;
+    QTest::newRow("20 characters")
+        << u"ABCDEFGHIJKLMNOPQRST,"_s << u"SMITH in ABCDEFGHIJKLMNOPQRST"_s + tail;
+    QTest::newRow("21 characters")
+        << u"ABCDEFGHIJKLMNOPQRSTU,"_s << u"SMITH in ABCDEFGHIJKLMNOPQRSTU.."_s + tail;
+    QTest::newRow("more than 35 characters")
+        << u"Adams,Asotin,Benton,Chelan,Clallam,Clark,"_s
+        << u"SMITH in Adams,Asotin,Benton,Chelan,Clallam,.."_s + tail;
+    QTest::newRow("none") << QString() << u"SMITH in "_s + tail;
+    QTest::newRow("only one comma goes") << u"King,,"_s << u"SMITH in King,"_s + tail;
+}
+
+void tst_SearchCriteria::caption()
+{
+    QFETCH(QString, county);
+    QTEST(SuperiorCriteria(wire(u"WASUP/SEARCH/SMITH////"_s + county + u"/Civil,///"_s)).Caption,
+          "caption");
+}
+
+void tst_SearchCriteria::caseTypes_data()
+{
+    QTest::addColumn<QString>("field");
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("one") << u"Civil,"_s << u"Civil"_s;
+    QTest::newRow("two") << u"Civil,Criminal,"_s << u"Civil, Criminal"_s;
+    QTest::newRow("none") << QString() << QString();
+    QTest::newRow("the words of Washington")
+        << u"Civil,Criminal,Domestic,Judgment,Juvenile Offender,Probate,"_s
+        << u"Civil, Criminal, Domestic, Judgment, Juvenile Offender, Probate"_s;
+    QTest::newRow("the codes, in order")
+        << u"OF,CV,DO,JU,JV,PB,SC,JG,CR,"_s
+        << u"Offense, Civil, Domestic, Juvenile Offender, Juvenile Offender, Probate, "
+           "Small Claims, Judgment, Criminal"_s;
+    QTest::newRow("the last character goes whatever it is") << u"Civil"_s << u"Civi"_s;
+    QTest::newRow("codes in lower case are words") << u"cv,"_s << u"cv"_s;
+}
+
+void tst_SearchCriteria::caseTypes()
+{
+    QFETCH(QString, field);
+    QTEST(SuperiorCriteria(wire(u"WASUP/SEARCH/SMITH////King,/"_s + field + u"///"_s)).CaseTypes,
+          "shown");
+}
+
+void tst_SearchCriteria::tooFewFields_data()
+{
+    QTest::addColumn<QString>("line");
+    QTest::newRow("nothing") << QString();
+    QTest::newRow("no bar") << u"SMITH"_s;
+    QTest::newRow("up to the name") << u"WASUP/SEARCH/SMITH"_s;
+    QTest::newRow("up to the county") << u"WASUP/SEARCH/SMITH////King,"_s;
+    QTest::newRow("the other delimiter") << u"INDEX~SEARCH~SMITH~JOHN~Q~~King,~Civil,~~~"_s;
+}
+
+void tst_SearchCriteria::tooFewFields()
+{
+    QFETCH(QString, line);
+    int number = 0;
+    try {
+        SuperiorCriteria(wire(line));
+    } catch (const RunTimeError &error) {
+        number = error.Number();
+    }
+    QCOMPARE(number, 9);
+}
+
+void tst_SearchCriteria::blanksAroundTheLine()
+{
+    const SearchCriteria criteria = SuperiorCriteria(
+        u"   "_s + wire(u"WASUP/SEARCH/SMITH/JOHN/Q//King,/Civil,///"_s) + u"  "_s);
+    QCOMPARE(criteria.Caption, u"SMITH, JOHN, Q in King County, Washington Superior Courts"_s);
+}
+
+void tst_SearchCriteria::county_data()
+{
+    QTest::addColumn<QString>("line");
+    QTest::addColumn<QString>("county");
+    QTest::newRow("one") << u"WASUP/SEARCH/SMITH////King,/Civil,///"_s << u"King"_s;
+    QTest::newRow("blanks") << u"WASUP/SEARCH/SMITH//// Grays Harbor , /Civil,///"_s
+                            << u"Grays Harbor"_s;
+    QTest::newRow("several") << u"WASUP/SEARCH/SMITH////Adams,King,/Civil,///"_s << u"AdamsKing"_s;
+    QTest::newRow("no field 6") << u"WASUP/SEARCH/"_s << QString();
+    QTest::newRow("nothing") << QString() << QString();
+}
+
+void tst_SearchCriteria::county()
+{
+    QFETCH(QString, line);
+    QTEST(CountyOfRequest(wire(line)), "county");
+}
+
+QTEST_APPLESS_MAIN(tst_SearchCriteria)
+#include "tst_SearchCriteria.moc"
