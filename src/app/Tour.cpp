@@ -6,11 +6,11 @@
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QMessageBox>
 #include <QPixmap>
 #include <QPushButton>
 
@@ -57,6 +57,18 @@ QString labelText(const QString &window, const QString &name)
 {
     const auto *label = child<QLabel>(window, name);
     return label ? label->text() : QString();
+}
+
+/// Answers the box that is open and gives its text.
+QString answerBox(QDialogButtonBox::StandardButton answer)
+{
+    const QWidget *box = QApplication::activeModalWidget();
+    const auto *text = box->findChild<QLabel *>(u"qt_msgbox_label"_s);
+    const auto *buttons = box->findChild<QDialogButtonBox *>();
+    const QString shown = text ? text->text() : QString();
+    if (QPushButton *button = buttons ? buttons->button(answer) : nullptr)
+        QMetaObject::invokeMethod(button, &QPushButton::click, Qt::QueuedConnection);
+    return shown;
 }
 
 void type(const QString &window, const QString &name, const QString &text)
@@ -119,12 +131,7 @@ void Tour::addSessionSteps()
                      }});
     steps.push_back({u"A message of the server is offered"_s,
                      [] { return QApplication::activeModalWidget() != nullptr; },
-                     [this] {
-                         auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-                         say(box ? box->text() : QString());
-                         if (box)
-                             box->button(QMessageBox::Cancel)->click();
-                     }});
+                     [this] { say(answerBox(QDialogButtonBox::Cancel)); }});
 }
 
 void Tour::addSearchSteps()
@@ -147,12 +154,7 @@ void Tour::addSearchSteps()
                      }});
     steps.push_back({u"The court's disclaimer is accepted"_s,
                      [] { return QApplication::activeModalWidget() != nullptr; },
-                     [this] {
-                         auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-                         say(box ? box->text() : QString());
-                         if (box)
-                             box->button(QMessageBox::Yes)->click();
-                     }});
+                     [this] { say(answerBox(QDialogButtonBox::Yes)); }});
     steps.push_back({u"The search takes its turn"_s,
                      [results] { return windowNamed(results) != nullptr; },
                      [this, results] { say(labelText(results, u"lblStatus"_s)); }});

@@ -9,6 +9,8 @@
 #include <QFile>
 #include <QLocale>
 
+#include <limits>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -51,7 +53,8 @@ void WriteAppInfo(const QString &message)
         // The size is looked at before the writing, so that the file may exceed it by one entry.
         if (AppendOwnerOnly(path, bytes, rotationBytes) == AppendResult::TooLarge) {
             rotate(path);
-            AppendOwnerOnly(path, bytes, rotationBytes);
+            // Without a limit: a log that could not be rotated grows rather than falling silent.
+            AppendOwnerOnly(path, bytes, std::numeric_limits<qint64>::max());
         }
     } catch (const RunTimeError &) {
         // No folder, no log: the caller goes on.

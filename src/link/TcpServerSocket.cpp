@@ -37,7 +37,11 @@ TcpServerSocket::TcpServerSocket(QObject *parent) : ServerSocket(parent), socket
         if (closingHere)
             return;
         peerClosed = true;
-        Q_EMIT Closed();
+        fromEventLoop([this] {
+            // Close may have been called in between: then there is nothing to tell any more.
+            if (peerClosed)
+                Q_EMIT Closed();
+        });
     });
 }
 
@@ -87,8 +91,11 @@ void TcpServerSocket::Close()
 
 void TcpServerSocket::SendData(const QByteArray &data)
 {
+    // Flushing may find the connection dead, which is no event of this call either.
+    insideSend = true;
     socket.write(data);
     socket.flush();
+    insideSend = false;
 }
 
 qint64 TcpServerSocket::BytesAvailable() const
@@ -101,6 +108,14 @@ QByteArray TcpServerSocket::GetData(qint64 maximum)
     return socket.read(maximum);
 }
 
+void TcpServerSocket::fromEventLoop(const std::function<void()> &event)
+{
+    if (insideSend)
+        QMetaObject::invokeMethod(this, event, Qt::QueuedConnection);
+    else
+        event();
+}
+
 void TcpServerSocket::reportError(QAbstractSocket::SocketError error)
 {
     // The server's close is an event of its own and no error.
@@ -109,7 +124,7 @@ void TcpServerSocket::reportError(QAbstractSocket::SocketError error)
     const QString description = error == QAbstractSocket::ConnectionRefusedError
                                     ? u"The attempt to connect was forcefully rejected"_s
                                     : socket.errorString();
-    Q_EMIT Error(error, description);
+    fromEventLoop([this, error, description] { Q_EMIT Error(error, description); });
 }
 
 void TcpServerSocket::reportWritten()

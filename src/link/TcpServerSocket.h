@@ -4,6 +4,8 @@
 
 #include <QTcpSocket>
 
+#include <functional>
+
 /// The real ServerSocket, over QTcpSocket.
 class TcpServerSocket : public ServerSocket
 {
@@ -20,12 +22,15 @@ public:
     QByteArray GetData(qint64 maximum) override;
 
 private:
+    /// Lets an event happen now, or on the next turn when a call of ours is still on the stack.
+    void fromEventLoop(const std::function<void()> &event);
     void reportError(QAbstractSocket::SocketError error);
     void reportWritten();
 
     QTcpSocket socket;
     bool peerClosed = false;
     bool closingHere = false;
+    bool insideSend = false;
 };
 
 /// Makes LocalIP answer as if the machine were in a network: a practice court lies on this machine

@@ -371,7 +371,9 @@ void frmMain::mnuCheckMsgs_Click()
 void frmMain::Cut()
 {
     Copy();
-    if (auto *line = qobject_cast<QLineEdit *>(QApplication::focusWidget()))
+    // Insertion by the program changes even what the user may only read.
+    if (auto *line = qobject_cast<QLineEdit *>(QApplication::focusWidget());
+        line && !line->isReadOnly())
         line->insert(QString());
     else if (auto *text = qobject_cast<QPlainTextEdit *>(QApplication::focusWidget());
              text && !text->isReadOnly())
@@ -391,7 +393,8 @@ void frmMain::Copy()
 
 void frmMain::Paste()
 {
-    if (auto *line = qobject_cast<QLineEdit *>(QApplication::focusWidget()))
+    if (auto *line = qobject_cast<QLineEdit *>(QApplication::focusWidget());
+        line && !line->isReadOnly())
         line->paste();
     else if (auto *text = qobject_cast<QPlainTextEdit *>(QApplication::focusWidget()))
         text->paste();

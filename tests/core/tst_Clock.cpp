@@ -2,11 +2,17 @@
 #include "core/EventLoop.h"
 #include "support/TestClock.h"
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QProcess>
+#include <QProcessEnvironment>
 #include <QTest>
 #include <QTimer>
 
 #include <cmath>
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
 
 class tst_Clock : public QObject
 {
@@ -16,6 +22,9 @@ private Q_SLOTS:
     void elapsedSeconds();
     void secondsOfDayCountFromMidnight_data();
     void secondsOfDayCountFromMidnight();
+    void theMachinesClockTellsTheLocalTime_data();
+    void theMachinesClockTellsTheLocalTime();
+    void wholeSecondsFollowTheClock();
     void theMachinesClockIsInForceUnlessReplaced();
     void replaceAnswersTheClockBefore();
     void pauseSecondsEndsWhenTheTimeIsThere_data();
@@ -70,6 +79,41 @@ void tst_Clock::secondsOfDayCountFromMidnight()
     QFETCH(float, seconds);
     const TestClock clock(QDateTime({2026, 3, 10}, time));
     QCOMPARE(Clock::Current().SecondsOfDay(), seconds);
+}
+
+void tst_Clock::theMachinesClockTellsTheLocalTime_data()
+{
+    QTest::addColumn<QString>("zone");
+    QTest::newRow("universal") << u"UTC0"_s;
+    QTest::newRow("half an hour off") << u"XST-5:30"_s;
+    QTest::newRow("far west") << u"XST12"_s;
+    QTest::newRow("far east") << u"XST-14"_s;
+    QTest::newRow("summer time") << u"PST8PDT,M3.2.0,M11.1.0"_s;
+}
+
+void tst_Clock::theMachinesClockTellsTheLocalTime()
+{
+    QFETCH(QString, zone);
+    QProcess child;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(u"TZ"_s, zone);
+    child.setProcessEnvironment(environment);
+    child.start(QCoreApplication::applicationFilePath(), {u"--say-time"_s});
+    QVERIFY(child.waitForFinished());
+    const QByteArrayList said = child.readAllStandardOutput().trimmed().split(' ');
+    QCOMPARE(said.size(), 2);
+    // Midnight may have passed between the two questions.
+    const double apart = std::fabs(said[0].toDouble() - said[1].toDouble());
+    QVERIFY2(apart < 2.0 || apart > 86398.0, said.join(' ').constData());
+}
+
+void tst_Clock::wholeSecondsFollowTheClock()
+{
+    TestClock clock;
+    const qint64 start = Clock::Current().EpochSeconds();
+    QCOMPARE(start, clock.Now().toSecsSinceEpoch());
+    clock.Advance(2.0);
+    QCOMPARE(Clock::Current().EpochSeconds(), start + 2);
 }
 
 void tst_Clock::theMachinesClockIsInForceUnlessReplaced()
@@ -156,5 +200,15 @@ void tst_Clock::theMachinesSleepBlocksEvents()
     QVERIFY(ticks > 0);
 }
 
-QTEST_GUILESS_MAIN(tst_Clock)
+int main(int argc, char **argv)
+{
+    QCoreApplication app(argc, argv);
+    if (app.arguments().value(1) == u"--say-time"_s) {
+        std::printf("%.3f %.3f\n", static_cast<double>(Clock::Current().SecondsOfDay()),
+                    QTime::currentTime().msecsSinceStartOfDay() / 1000.0);
+        return 0;
+    }
+    tst_Clock test;
+    return QTest::qExec(&test, argc, argv);
+}
 #include "tst_Clock.moc"

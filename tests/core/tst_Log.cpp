@@ -43,7 +43,7 @@ private Q_SLOTS:
     void aFullDiskIsSilent();
     void aMissingFolderIsSilent();
     void aFolderInThePlaceOfTheLogIsSilent();
-    void aBackupThatCannotBeReplacedIsSilent();
+    void aBackupThatCannotBeReplacedLosesNoEntry();
 
 private:
     std::unique_ptr<TestFolder> folder;
@@ -209,12 +209,14 @@ void tst_Log::aFolderInThePlaceOfTheLogIsSilent()
     QVERIFY(QFileInfo(folder->Path(logName)).isDir());
 }
 
-void tst_Log::aBackupThatCannotBeReplacedIsSilent()
+void tst_Log::aBackupThatCannotBeReplacedLosesNoEntry()
 {
     MakeUnreadable(folder->Path(backupName));
     folder->Write(logName, QByteArray(rotationBytes + 1, 'x'));
     WriteAppInfo(u"kept"_s);
-    QVERIFY(folder->Read(logName).endsWith(" -- kept\r\n"));
+    WriteAppInfo(u"and this"_s);
+    QVERIFY(folder->Read(logName).contains(" -- kept\r\n"));
+    QVERIFY(folder->Read(logName).endsWith(" -- and this\r\n"));
 }
 
 QTEST_GUILESS_MAIN(tst_Log)

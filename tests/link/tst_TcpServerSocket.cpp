@@ -89,7 +89,6 @@ void tst_TcpServerSocket::anUnusedSocketIsClosed()
 {
     QCOMPARE(socket->State(), SocketState::Closed);
     QCOMPARE(socket->BytesAvailable(), 0);
-    QCOMPARE(socket->GetData(10), QByteArray());
 }
 
 void tst_TcpServerSocket::connectingTellsByItsEvent()
@@ -192,12 +191,14 @@ void tst_TcpServerSocket::aLargeSendCompletesOnceItHasLeft()
     QSignalSpy complete(socket.get(), &ServerSocket::SendComplete);
     const QByteArray large(20'000'000, 'x');
     socket->SendData(large);
+    QCOMPARE(complete.count(), 0);
     qint64 arrived = 0;
-    while (arrived < large.size() && peer->waitForReadyRead(5000)) {
+    connect(peer, &QTcpSocket::readyRead, this, [&] {
+        if (arrived == 0)
+            QCOMPARE(complete.count(), 0);
         arrived += peer->readAll().size();
-        Yield();
-    }
-    QCOMPARE(arrived, qint64(large.size()));
+    });
+    QTRY_COMPARE(arrived, qint64(large.size()));
     QTRY_COMPARE(complete.count(), 1);
 }
 
@@ -278,7 +279,7 @@ void tst_TcpServerSocket::sendingIntoADeadConnectionTellsFromTheEventLoopOnly()
     peer->abort();
     // The connection is dead, and nobody here has been told.
     QCOMPARE(socket->State(), SocketState::Connected);
-    for (int i = 0; i < 3; ++i)
+    while (socket->State() == SocketState::Connected)
         socket->SendData("|x|");
     QCOMPARE(closed.count() + error.count() + complete.count(), 0);
     QTRY_COMPARE(closed.count(), 1);

@@ -131,7 +131,8 @@ void tst_SearchFaults::silentAtEveryByte()
         QVERIFY2(endsBetweenTokens(bytes) ? waited >= 60 && waited < 130 : waited > 130,
                  qPrintable(QString::number(bytes)));
         delete window;
-        searchAgain();
+        if (endsBetweenTokens(bytes))
+            searchAgain();
     }
 }
 

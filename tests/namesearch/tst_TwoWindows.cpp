@@ -31,7 +31,7 @@ private Q_SLOTS:
     void aKeyIsComparedExactly();
     void theFirstLosesTheConnectionAndTheSecondFails();
     void stoppingTheSecondLeavesNoKey();
-    void stoppingTheFirstLetsTheSecondStartWhileItStillReads();
+    void stoppingTheFirstLetsTheSecondStartOnceItHasRead();
     void aDisconnectEndsBoth();
     void aLogoutEndsWhatIsPending();
     void nobodyIsInTheSpareQueue();
@@ -183,7 +183,7 @@ void tst_TwoWindows::stoppingTheSecondLeavesNoKey()
     QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
 }
 
-void tst_TwoWindows::stoppingTheFirstLetsTheSecondStartWhileItStillReads()
+void tst_TwoWindows::stoppingTheFirstLetsTheSecondStartOnceItHasRead()
 {
     // The first is told to stop and still waits for its last lines; its key stands at the head, so
     // the second starts when the first has read them.

@@ -4,6 +4,8 @@
 #include <QElapsedTimer>
 #include <QTest>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 /// The switches that make the court misbehave.
@@ -132,11 +134,18 @@ void tst_PracticeFaults::aReplyWaitsForThePingsAnswer()
 {
     const PracticeProcess court({u"--ping-every"_s, u"50"_s});
     WireClient client(court);
-    client.ReadTo(u"DIAG001"_s);
-    client.Send(u"LOGON¦ann¦pw¦v¦"_s);
-    QCOMPARE(client.ReadFor(200), QByteArray());
-    client.Send(u"IMALIVE¦"_s);
-    QCOMPARE(client.ReadTo().last(), u"EOF~"_s);
+    qint64 fastest = 1'000'000;
+    for (int round = 0; round < 3; ++round) { // one of them finds the machine at leisure
+        client.ReadTo(u"DIAG001"_s);
+        QElapsedTimer answered;
+        answered.start();
+        client.Send(u"LOGON¦ann¦pw¦v¦"_s);
+        QCOMPARE(client.ReadFor(200), QByteArray());
+        client.Send(u"IMALIVE¦"_s);
+        QCOMPARE(client.ReadTo().last(), u"EOF~"_s);
+        fastest = std::min(fastest, answered.elapsed());
+    }
+    QVERIFY(fastest < 700);
 
     // A client that never answers gets its reply all the same, a second later.
     client.ReadTo(u"DIAG001"_s);

@@ -9,6 +9,7 @@
 #include "session/frmMain.h"
 
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QLineEdit>
 
 using namespace Qt::StringLiterals;
@@ -115,7 +116,7 @@ frmLogin *SessionFixture::OpenLoginToTheEnd()
 {
     frmLogin *login = OpenLogin();
     const auto *button = Child<QPushButton>(login, "cmdLogin");
-    return QTest::qWaitFor([button] { return button->isEnabled(); }) ? login : nullptr;
+    return WaitUntil([button] { return button->isEnabled(); }) ? login : nullptr;
 }
 
 void SessionFixture::BeLoggedIn()
@@ -149,4 +150,17 @@ void Settle()
 {
     for (int i = 0; i < 3; ++i)
         QCoreApplication::processEvents();
+}
+
+bool WaitUntil(const std::function<bool()> &condition)
+{
+    const QDeadlineTimer deadline(5000);
+    while (!condition()) {
+        if (deadline.hasExpired())
+            return false;
+        // Every fixture has a timer of one millisecond running, for its boxes: it wakes us.
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    return true;
 }

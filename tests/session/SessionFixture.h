@@ -20,11 +20,11 @@ struct FakeCourt
 {
     bool refuses = false;
     bool connects = true;
-    QByteArrayList replies; ///< one a request, from the front; a request beyond them gets none
+    QByteArrayList replies;     ///< one a request, from the front; a request beyond them gets none
     qsizetype dropsBehind = -1; ///< the server closes behind its reply to this request
     QByteArrayList requests;    ///< all that came, bars included
     std::function<void()> onRequest; ///< called for each, before its reply
-    QStringList connectedTo; ///< "host:port" of each attempt
+    QStringList connectedTo;         ///< "host:port" of each attempt
 };
 
 /// A FakeSocket with a FakeCourt at its other end.
@@ -90,7 +90,8 @@ private:
 };
 
 /// The child of this name; the test fails at its first use when there is none.
-template <typename T> T *Child(const QObject *window, const char *name)
+template<typename T>
+T *Child(const QObject *window, const char *name)
 {
     return window->findChild<T *>(QString::fromLatin1(name));
 }
@@ -106,3 +107,6 @@ void TypeInto(const QObject *window, const char *field, const QString &text);
 
 /// Lets what is pending happen.
 void Settle();
+
+/// Lets events happen until the condition holds; False when it does not within five seconds.
+bool WaitUntil(const std::function<bool()> &condition);

@@ -103,9 +103,8 @@ void tst_LoginExchange::logLines_data()
 {
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<QStringList>("lines");
-    QTest::newRow("accepted") << QByteArray("|EOF~|")
-                              << QStringList{started, request, sentFine, readFine,
-                                             u"Login Successful"_s};
+    QTest::newRow("accepted") << QByteArray(
+        "|EOF~|") << QStringList{started, request, sentFine, readFine, u"Login Successful"_s};
     QTest::newRow("refused") << QByteArray("|ERROR~||EOF~|")
                              << QStringList{started,    request,  sentFine, readFine,
                                             gotAnError, readFine, refusal};

@@ -37,7 +37,9 @@ const QHash<QString, Asked> &exchanges()
           u"Read INI file change request from HV Server. Reply was: "_s,
           u"Sent GetIniVal request and result was: "_s,
           u"Server Timeout - No Response From Server during GetINIval retrieval!!"_s,
-          u"Lost connection to server during retrieval of System INI settings"_s, u"failed"_s, 12,
+          u"Lost connection to server during retrieval of System INI settings"_s,
+          u"failed"_s,
+          12,
           u"Error While Retrieving System Params"_s,
           [](const ShowStatus &show) { return GetIniValues(show) ? u"done"_s : u"failed"_s; }}},
         {u"system message"_s,
@@ -46,7 +48,9 @@ const QHash<QString, Asked> &exchanges()
           u"Read message broadcast from HV Server. Reply was: "_s,
           u"Sent Message request and result was: "_s,
           u"Server Timeout - No Response From Server during system message retrieval!!"_s,
-          u"Lost connection to server"_s, QString(), 12,
+          u"Lost connection to server"_s,
+          QString(),
+          12,
           u"Error While Retrieving the System Message"_s,
           [](const ShowStatus &show) { return GetSystemMessage(show); }}},
         {u"private message"_s,
@@ -56,7 +60,8 @@ const QHash<QString, Asked> &exchanges()
           u"Sent Private Message request and result was: "_s,
           u"No Response From Server during system message retrieval! Skipping."_s,
           u"No Response From Server during system message retrieval! Skipping."_s,
-          u"No messages found."_s, 10,
+          u"No messages found."_s,
+          10,
           u"Error *** in GetPrivateMessage()::While Retrieving Private Messages"_s,
           [](const ShowStatus &show) {
               return GetPrivateMessage(u"User"_s, u"Pass"_s, u"AppVer-9.00"_s, show);
@@ -68,7 +73,8 @@ const QHash<QString, Asked> &exchanges()
           u"Requesting Court Availability From Server and Result is: "_s,
           u"Server Timeout - No Response From Server during court availability retrieval!!"_s,
           u"Lost connection to server during court availability retrieval!!"_s,
-          u"Alert! Unable to Connect to Halvane at this time. Please try again later."_s, 10,
+          u"Alert! Unable to Connect to Halvane at this time. Please try again later."_s,
+          10,
           u"Error While Retrieving the Court Availability Status. The Application will attempt to "
           "continue."_s,
           [](const ShowStatus &show) { return GetCourtStatus(show); }}},
@@ -79,7 +85,9 @@ const QHash<QString, Asked> &exchanges()
           QString(),
           u"Server Timeout - No Response From Server during GETCLIENTACCTGOPT retrieval!!"_s,
           u"Lost connection to server during retrieval of GETCLIENTACCTGOPT settings"_s,
-          u"True"_s, 14, u"Error While Retrieving the Client Accounting Option"_s,
+          u"True"_s,
+          14,
+          u"Error While Retrieving the Client Accounting Option"_s,
           [](const ShowStatus &) {
               GetClientAcctgOption();
               return Global.bClientAcctgOpt ? u"True"_s : u"False"_s;
@@ -242,8 +250,7 @@ void tst_ServerExchanges::socketThatCannotBeClosedEndsTheExchange()
     const Asked asked = exchanges()[exchange];
     raiseFlags(exchange);
     frmWinsock::Unload();
-    MoodySocket::Install(
-        {SocketState::Connected, SocketState::Connected, SocketState::Closing});
+    MoodySocket::Install({SocketState::Connected, SocketState::Connected, SocketState::Closing});
     frmWinsock::Form();
     QCOMPARE(run(exchange), asked.failure);
     QVERIFY(session->folder.Logged(asked.readLine + u"-1"_s));
@@ -362,8 +369,8 @@ void tst_ServerExchanges::parameterOutcomes()
     const QString read = u"Read INI file change request from HV Server. Reply was: 0"_s;
     QCOMPARE(session->folder.Log(),
              (QStringList{u"******** Retrieving System Parameter Updates ********"_s,
-                          u"SendReq: GETINIVAL¦"_s,
-                          u"Sent GetIniVal request and result was: 0"_s, read, read, read}));
+                          u"SendReq: GETINIVAL¦"_s, u"Sent GetIniVal request and result was: 0"_s,
+                          read, read, read}));
 }
 
 void tst_ServerExchanges::systemMessages_data()
@@ -373,8 +380,8 @@ void tst_ServerExchanges::systemMessages_data()
     QTest::newRow("none") << QByteArray("|EOF~|") << QString();
     QTest::newRow("one token") << QByteArray("|Hello||EOF~|") << u"Hello"_s;
     QTest::newRow("joined without blanks") << QByteArray("|Hello||World||EOF~|") << u"HelloWorld"_s;
-    QTest::newRow("each token trimmed") << QByteArray("|  Hello ||  World  ||EOF~|")
-                                        << u"HelloWorld"_s;
+    QTest::newRow("each token trimmed")
+        << QByteArray("|  Hello ||  World  ||EOF~|") << u"HelloWorld"_s;
     QTest::newRow("an error is text too") << QByteArray("|ERROR~||EOF~|") << u"ERROR~"_s;
     QTest::newRow("an end within a text is text") << QByteArray("|A EOF~||EOF~|") << u"A EOF~"_s;
     QTest::newRow("an end with more behind it") << QByteArray("|A||EOF~1|") << u"A"_s;
@@ -432,15 +439,15 @@ void tst_ServerExchanges::privateMessages_data()
     QTest::newRow("one token") << QByteArray("|Call us||EOF~|") << u"Call us"_s << u"Call us"_s;
     QTest::newRow("joined and trimmed")
         << QByteArray("| Call || us ||EOF~|") << u"Callus"_s << u"Callus"_s;
-    QTest::newRow("the words for none") << QByteArray("|No messages found.||EOF~|") << QString()
-                                        << none;
+    QTest::newRow("the words for none")
+        << QByteArray("|No messages found.||EOF~|") << QString() << none;
     QTest::newRow("an error") << QByteArray("|ERROR~||EOF~|") << none << QString();
     QTest::newRow("an error in the middle of a text, in any case")
         << QByteArray("|a terrible eRRor here||EOF~|") << none << QString();
-    QTest::newRow("an error behind a text") << QByteArray("|Call us||error~||EOF~|") << none
-                                            << QString();
-    QTest::newRow("an end that holds an error") << QByteArray("|Call us||EOF~ERROR|") << none
-                                                << QString();
+    QTest::newRow("an error behind a text")
+        << QByteArray("|Call us||error~||EOF~|") << none << QString();
+    QTest::newRow("an end that holds an error")
+        << QByteArray("|Call us||EOF~ERROR|") << none << QString();
 }
 
 void tst_ServerExchanges::privateMessages()
@@ -487,7 +494,8 @@ void tst_ServerExchanges::courtStatus()
     QFETCH(QString, status);
     reply(bytes);
     QCOMPARE(run(u"court status"_s), status);
-    QVERIFY(session->folder.Logged(u"Requesting Court Availability From Server and Result is: 0"_s));
+    QVERIFY(
+        session->folder.Logged(u"Requesting Court Availability From Server and Result is: 0"_s));
     QCOMPARE(session->folder.Log().last(), u"Checking Court Availability Complete .."_s);
 }
 

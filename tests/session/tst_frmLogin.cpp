@@ -105,8 +105,7 @@ void tst_frmLogin::captions_data()
     QTest::addColumn<QString>("control");
     QTest::addColumn<QByteArray>("property");
     QTest::addColumn<QString>("text");
-    const QString tip =
-        u"You can use upper case, lower case, or a mixture for Logging in .."_s;
+    const QString tip = u"You can use upper case, lower case, or a mixture for Logging in .."_s;
     const auto row = [](const char *name, const QString &control, const QByteArray &property,
                         const QString &text) {
         QTest::newRow(name) << control << property << text;
@@ -189,8 +188,7 @@ void tst_frmLogin::networkFoundAtTheSecondLookLeavesTheFormAsDesigned()
     frmWinsock::Form();
     FakeSocket::Last()->localIP = u"127.0.0.1"_s;
     FakeSocket::Last()->state = SocketState::Closed;
-    QTimer::singleShot(2, FakeSocket::Last(),
-                       [] { FakeSocket::Last()->localIP = u"192.0.2.1"_s; });
+    QTimer::singleShot(2, FakeSocket::Last(), [] { FakeSocket::Last()->localIP = u"192.0.2.1"_s; });
     const QDateTime begin = session->clock.Now();
     session->clock.Run(0.25);
     const frmLogin *login = session->OpenLogin();
@@ -313,11 +311,11 @@ void tst_frmLogin::privateMessages_data()
     QTest::addColumn<bool>("inView");
     const QString none = u"No messages found."_s;
     QTest::newRow("a message") << QByteArray("|Call us||EOF~|") << u"Call us"_s << true;
-    QTest::newRow("markup is text") << QByteArray("|<b>Call</b> &amp; us||EOF~|")
-                                    << u"<b>Call</b> &amp; us"_s << true;
+    QTest::newRow("markup is text")
+        << QByteArray("|<b>Call</b> &amp; us||EOF~|") << u"<b>Call</b> &amp; us"_s << true;
     QTest::newRow("none") << QByteArray("|EOF~|") << none << false;
-    QTest::newRow("the words for none") << QByteArray("|No messages found.||EOF~|") << none
-                                        << false;
+    QTest::newRow("the words for none")
+        << QByteArray("|No messages found.||EOF~|") << none << false;
     QTest::newRow("a refusal brings an empty box into view")
         << QByteArray("|ERROR~||EOF~|") << QString() << true;
 }

@@ -122,7 +122,7 @@ private:
     QString laterLogin()
     {
         session->Main()->tmrConnectStatus->setInterval(1);
-        if (!QTest::qWaitFor([] { return !Global.bLoggedIn; }))
+        if (!WaitUntil([] { return !Global.bLoggedIn; }))
             return u"the lost link is not noticed"_s;
         court() = FakeCourt();
         if (frmLogin *left = session->OpenLogin())
@@ -294,7 +294,7 @@ void tst_frmLoginFaults::droppedAtEveryByte()
         } else {
             QVERIFY(!frmLogin::IsLoaded());
             session->Main()->tmrConnectStatus->setInterval(1);
-            QTRY_VERIFY(!Global.bLoggedIn);
+            QVERIFY(WaitUntil([] { return !Global.bLoggedIn; }));
             QCOMPARE(session->Main()->txtConnectStatus(), u"NOT CONNECTED"_s);
             Click(session->OpenLogin(), "cmdCancel");
         }
@@ -330,8 +330,9 @@ void tst_frmLoginFaults::droppedAndThenRefusedAtEveryByte()
         session->boxes.Expect(u"Cannot Connect to Halvane Server at this time."_s,
                               u"Contacting Halvane Server .."_s);
         login = session->OpenLogin();
-        QTRY_COMPARE(court().connectedTo.size(), 10);
-        QTRY_VERIFY(!QApplication::overrideCursor());
+        QVERIFY(WaitUntil([] {
+            return CourtSocket::Court().connectedTo.size() == 10 && !QApplication::overrideCursor();
+        }));
         QVERIFY(!Child<QPushButton>(login, "cmdLogin")->isEnabled());
         Click(login, "cmdCancel");
         QCOMPARE(laterLogin(), QString());

@@ -104,8 +104,7 @@ void tst_frmLoginOutcomes::wholeLoginByteForByteAndInOrder()
     real.Expect(u"GET_PRIV_MSG¦Jos\u00E9¦Pa ss¦AppVer-9.00¦"_s)
         .Reply({u"Pay"_s, u"us"_s, u"EOF~"_s});
     real.Expect(u"LOGON¦Jos\u00E9¦Pa ss¦AppVer-9.00¦"_s).Reply({u"EOF~"_s});
-    real.Expect(u"GETINIVAL¦"_s)
-        .Reply({u"Searching=MaxIndexResults=300"_s, u"EOS~"_s, u"EOF~"_s});
+    real.Expect(u"GETINIVAL¦"_s).Reply({u"Searching=MaxIndexResults=300"_s, u"EOS~"_s, u"EOF~"_s});
     real.Expect(u"GETMSG¦"_s).Reply({u"Hello"_s, u"World"_s, u"EOF~"_s});
     real.Expect(u"GETCLIENTACCTGOPT~"_s).Reply({u"TRUE~"_s, u"EOF~"_s});
     session->boxes.Expect(offerText, offerTitle, MsgAnswer::Ok);
@@ -131,10 +130,10 @@ void tst_frmLoginOutcomes::acceptedLoginOpensTheSession()
     const QPointer<frmLogin> login(ready(u"  User "_s, u" Pass "_s));
     uneventfulReplies();
     Click(login, "cmdLogin");
-    QCOMPARE(court().requests, (QByteArrayList{"|LOGON\xA6User\xA6Pass\xA6"
-                                               "AppVer-9.00\xA6|",
-                                               "|GETINIVAL\xA6|", "|GETMSG\xA6|",
-                                               "|GETCLIENTACCTGOPT~|"}));
+    QCOMPARE(court().requests,
+             (QByteArrayList{"|LOGON\xA6User\xA6Pass\xA6"
+                             "AppVer-9.00\xA6|",
+                             "|GETINIVAL\xA6|", "|GETMSG\xA6|", "|GETCLIENTACCTGOPT~|"}));
     QVERIFY(!frmLogin::IsLoaded());
     QTRY_VERIFY(!login);
     QCOMPARE(wanted.count(), 1);
@@ -157,11 +156,11 @@ void tst_frmLoginOutcomes::statusOfEachStep()
     QStringList shown;
     court().onRequest = [&] { shown.append(label->text()); };
     Click(login, "cmdLogin");
-    QCOMPARE(shown.mid(0, 3),
-             (QStringList{
-                 u"Logging On .."_s,
-                 u"Please Wait.. Retrieving Important System Update(s) From Server .."_s,
-                 u"Please Wait.. Retrieving Important System Message(s) From Server .."_s}));
+    QCOMPARE(
+        shown.mid(0, 3),
+        (QStringList{u"Logging On .."_s,
+                     u"Please Wait.. Retrieving Important System Update(s) From Server .."_s,
+                     u"Please Wait.. Retrieving Important System Message(s) From Server .."_s}));
 }
 
 void tst_frmLoginOutcomes::flagsOfEachStep()

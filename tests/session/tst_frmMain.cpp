@@ -187,9 +187,9 @@ void tst_frmMain::menuEntries_data()
     QTest::addColumn<bool>("enabled");
     for (const Menu &menu : menus()) {
         for (const Entry &entry : menu.entries)
-            QTest::newRow(entry.name) << QString::fromLatin1(menu.name)
-                                      << QString::fromLatin1(entry.name) << entry.caption
-                                      << entry.enabled;
+            QTest::newRow(entry.name)
+                << QString::fromLatin1(menu.name) << QString::fromLatin1(entry.name)
+                << entry.caption << entry.enabled;
     }
 }
 
@@ -208,10 +208,10 @@ void tst_frmMain::menuEntries()
 
 void tst_frmMain::menuBarInOrder()
 {
-    QCOMPARE(names(main->menuBar()->actions()),
-             (QStringList{u"mnuFile"_s, u"mnuEdit"_s, u"mnuView"_s, u"mnuCourts"_s,
-                          u"mnuConnection"_s, u"mnuSearch"_s, u"mnuMsgs"_s, u"mnuWindow"_s,
-                          u"mnuHelp"_s}));
+    QCOMPARE(
+        names(main->menuBar()->actions()),
+        (QStringList{u"mnuFile"_s, u"mnuEdit"_s, u"mnuView"_s, u"mnuCourts"_s, u"mnuConnection"_s,
+                     u"mnuSearch"_s, u"mnuMsgs"_s, u"mnuWindow"_s, u"mnuHelp"_s}));
     QCOMPARE(names(Child<QMenu>(main, "mnuCourts")->actions()),
              (QStringList{u"mnuIdaho"_s, u"mnuOregon"_s, u"mnuWashington"_s, u"mnuFederal"_s}));
     for (const Menu &menu : menus()) {
@@ -245,8 +245,8 @@ void tst_frmMain::toolBarButtons()
     QCOMPARE(action->text(), key);
     QCOMPARE(action->isEnabled(), enabled);
     QVERIFY(!action->icon().isNull());
-    QVERIFY(Child<QToolBar>(main, "tbToolBar")->widgetForAction(main->findChild<QAction *>(
-        u"tbToolBar_"_s + key)));
+    QVERIFY(Child<QToolBar>(main, "tbToolBar")
+                ->widgetForAction(main->findChild<QAction *>(u"tbToolBar_"_s + key)));
 }
 
 void tst_frmMain::captionAndTips()

@@ -1,0 +1,300 @@
+#include "app/Startup.h"
+#include "core/GlobalState.h"
+#include "core/Options.h"
+#include "jobs/frmQueue.h"
+#include "link/frmWinsock.h"
+#include "namesearch/SearchDesk.h"
+#include "searchentry/frmSearchWA.h"
+#include "session/SessionEvents.h"
+#include "session/frmLogin.h"
+#include "session/frmMain.h"
+#include "support/FakeSocket.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTest>
+
+namespace {
+QWidget *shownWindow(const QString &name)
+{
+    const QWidgetList widgets = QApplication::allWidgets();
+    for (QWidget *widget : widgets) {
+        if (widget->objectName() == name && widget->isVisible())
+            return widget;
+    }
+    return nullptr;
+}
+
+/// The names of the program's windows on the screen, sorted.
+QStringList shownWindows()
+{
+    QStringList names;
+    const QWidgetList widgets = QApplication::allWidgets();
+    for (const QWidget *widget : widgets) {
+        if (widget->isVisible() && widget->objectName().startsWith(u"frm"))
+            names.append(widget->objectName());
+    }
+    names.sort();
+    return names;
+}
+
+/// Looks at the screen during each sleep.
+class WatchingClock : public TestClock
+{
+public:
+    void SleepMilliseconds(int milliseconds) override
+    {
+        windows.append(shownWindows());
+        const QWidget *splash = shownWindow(u"frmAbout"_s);
+        okHidden = splash && !ButtonOf(splash, "cmdOK")->isVisible();
+        queueLoaded = frmQueue::IsLoaded();
+        TestClock::SleepMilliseconds(milliseconds);
+    }
+
+    QList<QStringList> windows;
+    bool okHidden = false;
+    bool queueLoaded = true;
+};
+} // namespace
+
+class tst_Startup : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void splashStandsForTwoSeconds();
+    void withAlertsTheConnectQuestionComesFirst();
+    void withoutAlertsTheLoginComesAtOnce();
+    void workOfflineOpensNoSocket();
+    void connectingOpensTheLogin();
+    void theSearchFormComesWhenTheLoginCloses();
+    void theSearchFormIsAwayWhileTheServerIsContacted();
+    void startClearsWhatWasLeft();
+    void startReadsTheSettings();
+    void startLogsASeparatorLine();
+    void defaultView_data();
+    void defaultView();
+    void practiceIsToldInTheStatusBar();
+    void withoutOptionsIniItStartsToo();
+    void theSuperiorCourtsEntryShowsTheForm();
+
+private:
+    void offline();
+
+    std::unique_ptr<SearchDesk> desk;
+};
+
+void tst_Startup::initTestCase()
+{
+    WireWindows();
+}
+
+void tst_Startup::init()
+{
+    desk = std::make_unique<SearchDesk>();
+}
+
+void tst_Startup::cleanup()
+{
+    const QString boxes = desk->Boxes.Complaints();
+    const bool allHappened = desk->AllHappened();
+    desk.reset();
+    QCOMPARE(boxes, QString());
+    QVERIFY(allHappened);
+}
+
+void tst_Startup::offline()
+{
+    desk->Boxes.ExpectDialog(u"frmConnect"_s, [](QDialog *dialog) {
+        QTest::mouseClick(ButtonOf(dialog, "cmdCancel"), Qt::LeftButton);
+    });
+    Main(false);
+}
+
+void tst_Startup::splashStandsForTwoSeconds()
+{
+    WatchingClock watching;
+    offline();
+    QCOMPARE(watching.Sleeps(), QList<int>{2000});
+    QCOMPARE(watching.windows, (QList<QStringList>{{u"frmAbout"_s, u"frmMain"_s}}));
+    QVERIFY(watching.okHidden);
+    QVERIFY(!watching.queueLoaded);
+    QVERIFY(!shownWindow(u"frmAbout"_s));
+}
+
+void tst_Startup::withAlertsTheConnectQuestionComesFirst()
+{
+    QStringList shown;
+    QStringList texts;
+    QString viewBefore;
+    desk->Boxes.ExpectDialog(u"frmConnect"_s, [&](QDialog *dialog) {
+        shown = shownWindows();
+        viewBefore = Global.strDefaultView;
+        texts = QStringList{dialog->windowTitle(), TextOf(dialog, "Label1"),
+                            TextOf(dialog, "cmdConnect"), TextOf(dialog, "cmdCancel")};
+        QVERIFY(frmQueue::IsLoaded());
+        QVERIFY(!Global.bConnectChosen);
+        QTest::mouseClick(ButtonOf(dialog, "cmdCancel"), Qt::LeftButton);
+    });
+    Main(false);
+    QVERIFY(Global.bShowAlerts);
+    QCOMPARE(shown, (QStringList{u"frmConnect"_s, u"frmMain"_s}));
+    QCOMPARE(texts, (QStringList{u"Connect to Halvane"_s, u"Connect to Halvane"_s, u"Connect"_s,
+                                 u"Work Offline"_s}));
+    // The settings of the search are read after the question.
+    QCOMPARE(viewBefore, QString());
+    QCOMPARE(Global.strDefaultView, u"WA"_s);
+}
+
+void tst_Startup::withoutAlertsTheLoginComesAtOnce()
+{
+    FakeSocket::Install();
+    SaveOptionStr(u"Communications"_s, u"ShowAlerts"_s, u"0"_s);
+    Main(false);
+    QVERIFY(Global.bConnectChosen);
+    QVERIFY(frmLogin::IsLoaded());
+    QVERIFY(shownWindow(u"frmLogin"_s));
+    QCOMPARE(desk->Boxes.Answered(), 0);
+}
+
+void tst_Startup::workOfflineOpensNoSocket()
+{
+    FakeSocket::Install();
+    offline();
+    QTest::qWait(20);
+    QVERIFY(!FakeSocket::Last());
+    QVERIFY(!frmWinsock::IsLoaded());
+    QVERIFY(!Global.bLoggedIn);
+    QVERIFY(!Global.bConnectChosen);
+    QVERIFY(!frmLogin::IsLoaded());
+    QVERIFY(shownWindow(u"frmSearchWA"_s));
+    QCOMPARE(frmMain::Form()->focusWidget()->objectName(), u"txtSearchName_0"_s);
+    QCOMPARE(TextOf(frmMain::Form(), "sbStatusBar_4"), u"Not Connected"_s);
+}
+
+void tst_Startup::connectingOpensTheLogin()
+{
+    FakeSocket::Install();
+    desk->Boxes.ExpectDialog(u"frmConnect"_s, [](QDialog *dialog) {
+        QTest::mouseClick(ButtonOf(dialog, "cmdConnect"), Qt::LeftButton);
+    });
+    Main(false);
+    QVERIFY(Global.bConnectChosen);
+    const QWidget *login = shownWindow(u"frmLogin"_s);
+    QVERIFY(login);
+    QVERIFY(login->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+}
+
+void tst_Startup::theSearchFormComesWhenTheLoginCloses()
+{
+    FakeSocket::Install();
+    SaveOptionStr(u"Communications"_s, u"ShowAlerts"_s, u"0"_s);
+    Main(false);
+    QWidget *login = shownWindow(u"frmLogin"_s);
+    QVERIFY(login);
+    QTRY_VERIFY(!shownWindow(u"frmSearchWA"_s));
+    QTest::mouseClick(ButtonOf(login, "cmdCancel"), Qt::LeftButton);
+    QTRY_VERIFY(shownWindow(u"frmSearchWA"_s));
+    QVERIFY(!frmLogin::IsLoaded());
+    QCOMPARE(frmMain::Form()->focusWidget()->objectName(), u"txtSearchName_0"_s);
+}
+
+void tst_Startup::theSearchFormIsAwayWhileTheServerIsContacted()
+{
+    const ScriptedCourt court;
+    court.PointSettingsHere();
+    SaveOptionStr(u"Communications"_s, u"ShowAlerts"_s, u"0"_s);
+    Main(false);
+    QTRY_VERIFY(ButtonOf(shownWindow(u"frmLogin"_s), "cmdLogin")->isEnabled());
+    QVERIFY(!shownWindow(u"frmSearchWA"_s));
+    QVERIFY(frmSearchWA::IsLoaded());
+}
+
+void tst_Startup::startClearsWhatWasLeft()
+{
+    frmQueue::Form().FIFO.AddItem(u"11111111111111111111"_s);
+    Global.ClientAcctgCode = u"ABC"_s;
+    Global.WaDisclaimerAccepted = true;
+    offline();
+    QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
+    QCOMPARE(Global.ClientAcctgCode, QString());
+    QVERIFY(!Global.WaDisclaimerAccepted);
+}
+
+void tst_Startup::startReadsTheSettings()
+{
+    SaveOptionStr(u"Searching"_s, u"MaxIndexResults"_s, u"300"_s);
+    SaveOptionStr(u"Communications"_s, u"HVServerPort"_s, u"85"_s);
+    SaveOptionStr(u"Searching"_s, u"SearchTimeout"_s, u"5"_s);
+    offline();
+    QCOMPARE(Global.CasesPerPage, qint16(300));
+    QCOMPARE(Global.lngServerPort, 85);
+    QCOMPARE(Global.intSearchTimeout, qint16(5));
+}
+
+void tst_Startup::startLogsASeparatorLine()
+{
+    offline();
+    QCOMPARE(desk->Folder.Read(u"AppInfo.txt"_s).count(" --  \r\n\r\n"), 1);
+}
+
+void tst_Startup::defaultView_data()
+{
+    QTest::addColumn<QString>("view");
+    QTest::newRow("Washington") << u"WA"_s;
+    QTest::newRow("unset") << u"0"_s;
+    QTest::newRow("unknown") << u"XX"_s;
+    QTest::newRow("lower case") << u"wa"_s;
+}
+
+void tst_Startup::defaultView()
+{
+    QFETCH(QString, view);
+    SaveOptionStr(u"Searching"_s, u"DefaultView"_s, view);
+    offline();
+    const frmSearchWA &form = frmSearchWA::Form();
+    QVERIFY(form.findChild<QRadioButton *>(u"optState_1"_s)->isChecked());
+    QVERIFY(form.findChild<QRadioButton *>(u"optCourtSelection_0"_s)->isChecked());
+    QCOMPARE(Global.strSearchState, u"WA"_s);
+    QCOMPARE(Global.strCurrentCourt, u"WASUP"_s);
+    QCOMPARE(Global.strCurrentSearchType, u"Individual Name"_s);
+    QCOMPARE(Global.intSearchWhere, qint16(1));
+}
+
+void tst_Startup::practiceIsToldInTheStatusBar()
+{
+    desk->Boxes.ExpectDialog(u"frmConnect"_s, [](QDialog *dialog) { dialog->reject(); });
+    Main(true);
+    const auto *notice = frmMain::Form()->findChild<QLabel *>(u"lblNotice"_s);
+    QVERIFY(notice->isVisible());
+    QVERIFY(notice->text().contains(u"made-up records"));
+}
+
+void tst_Startup::withoutOptionsIniItStartsToo()
+{
+    desk->Folder.Remove(u"options.ini"_s);
+    FakeSocket::Install();
+    // ShowAlerts is off when it is missing: no question.
+    Main(false);
+    QVERIFY(!Global.bShowAlerts);
+    QVERIFY(frmLogin::IsLoaded());
+    QVERIFY(frmSearchWA::IsLoaded());
+}
+
+void tst_Startup::theSuperiorCourtsEntryShowsTheForm()
+{
+    offline();
+    frmSearchWA::Form().Unload();
+    Q_EMIT SessionEvents::Of().SuperiorCourtsWanted();
+    QVERIFY(shownWindow(u"frmSearchWA"_s));
+    QCOMPARE(frmSearchWA::Form().windowTitle(), u"Search Entry Form - WA. Superior Courts"_s);
+}
+
+QTEST_MAIN(tst_Startup)
+#include "tst_Startup.moc"

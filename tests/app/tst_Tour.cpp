@@ -1,0 +1,77 @@
+#include <QDir>
+#include <QElapsedTimer>
+#include <QImage>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+const QString program = QStringLiteral(HALVANE_BIN_DIR "/halvane");
+constexpr int tourMilliseconds = 90'000;
+} // namespace
+
+class tst_Tour : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void theTourShowsWhatItMust();
+    void aTourWithoutAPlaceForItsPicturesFails();
+    void versionNeedsNoDisplay();
+    void aWrongCommandLineIsRefused();
+};
+
+void tst_Tour::theTourShowsWhatItMust()
+{
+    const QTemporaryDir output;
+    QProcess tour;
+    tour.start(program, {u"--tour"_s, u"--output"_s, output.path()});
+    QVERIFY(tour.waitForFinished(tourMilliseconds));
+    const QString said = QString::fromUtf8(tour.readAllStandardOutput());
+    QVERIFY2(tour.exitStatus() == QProcess::NormalExit && tour.exitCode() == 0, qPrintable(said));
+    QVERIFY2(said.contains(u"Search Complete: 2 Cases Retrieved."), qPrintable(said));
+    QVERIFY(said.contains(u"SMITH, JOHN"));
+    QVERIFY(said.contains(u"Tour complete"));
+    const QStringList pictures = QDir(output.path()).entryList({u"*.png"_s}, QDir::Files);
+    for (const QString &name : {u"connect"_s, u"login"_s, u"search-form"_s, u"results"_s}) {
+        const QStringList found = pictures.filter(name);
+        QVERIFY2(found.size() == 1, qPrintable(name));
+        const QImage picture(output.filePath(found.first()));
+        QVERIFY2(picture.width() > 100 && picture.height() > 100, qPrintable(name));
+    }
+}
+
+void tst_Tour::aTourWithoutAPlaceForItsPicturesFails()
+{
+    QProcess tour;
+    tour.start(program, {u"--tour"_s, u"--output"_s, u"/dev/null/pictures"_s});
+    QVERIFY(tour.waitForFinished(tourMilliseconds));
+    QCOMPARE(tour.exitCode(), 1);
+    QVERIFY(tour.readAllStandardOutput().contains("Tour failed: Cannot create"));
+}
+
+void tst_Tour::versionNeedsNoDisplay()
+{
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const QString &display : {u"DISPLAY"_s, u"WAYLAND_DISPLAY"_s, u"QT_QPA_PLATFORM"_s})
+        environment.remove(display);
+    process.setProcessEnvironment(environment);
+    process.start(program, {u"--version"_s});
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(process.exitCode(), 0);
+    QVERIFY(process.readAllStandardOutput().startsWith("Halvane "));
+}
+
+void tst_Tour::aWrongCommandLineIsRefused()
+{
+    QProcess process;
+    process.start(program, {u"--nonsense"_s});
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(process.exitCode(), 2);
+    QVERIFY(process.readAllStandardError().startsWith("halvane: "));
+}
+
+QTEST_GUILESS_MAIN(tst_Tour)
+#include "tst_Tour.moc"

@@ -1,0 +1,375 @@
+#include "controls/ResultListView.h"
+#include "controls/Twips.h"
+#include "core/Windows1252.h"
+
+#include <QAbstractItemModelTester>
+#include <QElapsedTimer>
+#include <QHeaderView>
+#include <QHelpEvent>
+#include <QPainter>
+#include <QSignalSpy>
+#include <QTest>
+#include <QToolTip>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+const QList<ListColumn> &columns()
+{
+    static const QList<ListColumn> all{{u"Name"_s, 3000, Qt::AlignLeft},
+                                       {u"Case <b>Number</b>"_s, 1500, Qt::AlignLeft},
+                                       {u"Amount"_s, 1207, Qt::AlignRight}};
+    return all;
+}
+
+QTimer *flushTimer(ResultListModel *model)
+{
+    return model->findChild<QTimer *>();
+}
+} // namespace
+
+class tst_ResultList : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void rowsAreShownAtMostEveryFortyMilliseconds();
+    void rowsOfOneTurnAreOneInsertion();
+    void countAndCellsKnowEveryRowAtOnce();
+    void flushShowsEverythingNow();
+    void flushTellsEvenWithoutNewRows();
+    void setCell();
+    void missingAndExcessCells();
+    void clearForgetsWhatWasNotShownYet();
+    void modelKeepsTheRulesOfModels();
+    void allByteValues();
+    void markupIsShownPlain();
+    void tipOfACutCellIsPlainText();
+    void cellThatFitsHasNoTip();
+    void widthsAreFixedAndInTwips();
+    void headersAndAlignment();
+    void rowsHaveOneFixedHeight();
+    void wholeRowsAreSelectedAndNothingIsEdited();
+    void sortArrowComesAndGoes();
+    void hundredThousandRows();
+    void twips_data();
+    void twips();
+};
+
+void tst_ResultList::rowsAreShownAtMostEveryFortyMilliseconds()
+{
+    ResultListModel model;
+    model.SetColumns(columns());
+    QCOMPARE(flushTimer(&model)->interval(), 40);
+    QVERIFY(flushTimer(&model)->isSingleShot());
+    QSignalSpy inserted(&model, &QAbstractItemModel::rowsInserted);
+    QElapsedTimer time;
+    time.start();
+    qsizetype rows = 0;
+    while (inserted.count() < 3) {
+        model.AddRow({QString::number(rows++)});
+        QTest::qWait(1);
+    }
+    // Three insertions of many rows each, and no sooner than three times the pause.
+    QVERIFY(time.elapsed() >= 3 * 38);
+    QVERIFY(rows >= 6);
+}
+
+void tst_ResultList::rowsOfOneTurnAreOneInsertion()
+{
+    ResultListModel model;
+    model.SetColumns(columns());
+    QSignalSpy inserted(&model, &QAbstractItemModel::rowsInserted);
+    QSignalSpy flushed(&model, &ResultListModel::Flushed);
+    for (int i = 0; i < 1000; ++i)
+        model.AddRow({QString::number(i)});
+    QCOMPARE(inserted.count(), 0);
+    QTRY_COMPARE(inserted.count(), 1);
+    QCOMPARE(inserted.first().at(1).toInt(), 0);
+    QCOMPARE(inserted.first().at(2).toInt(), 999);
+    QCOMPARE(flushed.count(), 1);
+    QVERIFY(!flushTimer(&model)->isActive());
+}
+
+void tst_ResultList::countAndCellsKnowEveryRowAtOnce()
+{
+    ResultListModel model;
+    model.SetColumns(columns());
+    model.AddRow({u"SMITH"_s, u"02-2"_s, u"7"_s});
+    QCOMPARE(model.Count(), 1);
+    QCOMPARE(model.Cell(0, 1), u"02-2"_s);
+    QCOMPARE(model.rowCount(), 0);
+}
+
+void tst_ResultList::flushShowsEverythingNow()
+{
+    ResultListModel model;
+    model.SetColumns(columns());
+    model.AddRow({u"SMITH"_s});
+    model.Flush();
+    QCOMPARE(model.rowCount(), 1);
+    QVERIFY(!flushTimer(&model)->isActive());
+}
+
+void tst_ResultList::flushTellsEvenWithoutNewRows()
+{
+    ResultListModel model;
+    QSignalSpy flushed(&model, &ResultListModel::Flushed);
+    QSignalSpy inserted(&model, &QAbstractItemModel::rowsInserted);
+    model.Flush();
+    QCOMPARE(flushed.count(), 1);
+    QCOMPARE(inserted.count(), 0);
+}
+
+void tst_ResultList::setCell()
+{
+    ResultListModel model;
+    model.SetColumns(columns());
+    QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
+    model.AddRow({u"SMITH"_s});
+    model.SetCell(0, 2, u"late"_s);
+    QCOMPARE(changed.count(), 0);
+    QCOMPARE(model.Cell(0, 2), u"late"_s);
+    QCOMPARE(model.Cell(0, 1), QString());
+    model.Flush();
+    model.SetCell(0, 0, u"JONES"_s);
+    QCOMPARE(changed.count(), 1);
+    QCOMPARE(changed.first().at(0).toModelIndex(), model.index(0, 0));
+    QCOMPARE(model.index(0, 0).data().toString(), u"JONES"_s);
+}
+
+void tst_ResultList::missingAndExcessCells()
+{
+    ResultListModel model;
+    model.SetColumns(columns());
+    model.AddRow({});
+    model.AddRow({u"a"_s, u"b"_s, u"c"_s, u"d"_s});
+    model.Flush();
+    QCOMPARE(model.index(0, 2).data().toString(), QString());
+    QCOMPARE(model.columnCount(), 3);
+    QCOMPARE(model.Cell(1, 3), u"d"_s);
+    QCOMPARE(model.Cell(1, 4), QString());
+}
+
+void tst_ResultList::clearForgetsWhatWasNotShownYet()
+{
+    ResultListModel model;
+    model.SetColumns(columns());
+    model.AddRow({u"a"_s});
+    model.Flush();
+    model.AddRow({u"b"_s});
+    QSignalSpy inserted(&model, &QAbstractItemModel::rowsInserted);
+    model.Clear();
+    QCOMPARE(model.Count(), 0);
+    QCOMPARE(model.rowCount(), 0);
+    QVERIFY(!flushTimer(&model)->isActive());
+    model.AddRow({u"c"_s});
+    model.Flush();
+    QCOMPARE(inserted.count(), 1);
+    QCOMPARE(model.index(0, 0).data().toString(), u"c"_s);
+}
+
+void tst_ResultList::modelKeepsTheRulesOfModels()
+{
+    ResultListModel model;
+    const QAbstractItemModelTester tester(&model,
+                                          QAbstractItemModelTester::FailureReportingMode::QtTest);
+    model.SetColumns(columns());
+    for (int i = 0; i < 5; ++i)
+        model.AddRow({u"a"_s, u"b"_s});
+    model.Flush();
+    model.SetCell(2, 1, u"x"_s);
+    model.Clear();
+    QCOMPARE(model.rowCount(model.index(0, 0)), 0);
+}
+
+void tst_ResultList::allByteValues()
+{
+    QByteArray bytes;
+    for (int value = 0; value < 256; ++value)
+        bytes.append(static_cast<char>(value));
+    ResultListModel model;
+    model.SetColumns(columns());
+    model.AddRow({FromWindows1252(bytes)});
+    model.Flush();
+    QCOMPARE(ToWindows1252(model.index(0, 0).data().toString()), bytes);
+}
+
+void tst_ResultList::markupIsShownPlain()
+{
+    // As many pixels in ink as the same characters when nobody can take them for markup.
+    const auto ink = [](const QString &text) {
+        ResultListView view;
+        view.SetColumns(columns());
+        view.List()->AddRow({text});
+        view.List()->Flush();
+        view.resize(500, 100);
+        QImage image(500, 100, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        view.render(&image);
+        return image;
+    };
+    QCOMPARE(ink(u"<b>a</b>"_s), ink(u"<b>a</b>"_s));
+    QVERIFY(ink(u"<b>a</b>"_s) != ink(u"a"_s));
+    QVERIFY(ink(u"&amp;"_s) != ink(u"&"_s));
+    ResultListModel model;
+    model.SetColumns(columns());
+    model.AddRow({u"<b>a</b>"_s});
+    model.Flush();
+    QCOMPARE(model.index(0, 0).data(Qt::ToolTipRole), QVariant());
+}
+
+void tst_ResultList::tipOfACutCellIsPlainText()
+{
+    ResultListView view;
+    view.SetColumns(columns());
+    const QString longText = u"<img src=x> "_s.repeated(50);
+    view.List()->AddRow({longText});
+    view.List()->Flush();
+    view.resize(500, 100);
+    view.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&view));
+    const QPoint where = view.visualRect(view.List()->index(0, 0)).center();
+    QHelpEvent help(QEvent::ToolTip, where, view.viewport()->mapToGlobal(where));
+    QCoreApplication::sendEvent(view.viewport(), &help);
+    QCOMPARE(QToolTip::text(), u"<qt>"_s + longText.toHtmlEscaped());
+    QToolTip::hideText();
+}
+
+void tst_ResultList::cellThatFitsHasNoTip()
+{
+    ResultListView view;
+    view.SetColumns(columns());
+    view.List()->AddRow({u"SMITH"_s});
+    view.List()->Flush();
+    view.resize(500, 100);
+    view.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&view));
+    QToolTip::hideText();
+    const QPoint where = view.visualRect(view.List()->index(0, 0)).center();
+    QHelpEvent help(QEvent::ToolTip, where, view.viewport()->mapToGlobal(where));
+    QCoreApplication::sendEvent(view.viewport(), &help);
+    QTRY_COMPARE(QToolTip::text(), QString());
+}
+
+void tst_ResultList::widthsAreFixedAndInTwips()
+{
+    ResultListView view;
+    view.SetColumns(columns());
+    view.horizontalHeader()->setStretchLastSection(false);
+    for (int column = 0; column < 3; ++column)
+        view.SetColumnTwips(column, columns()[column].Width);
+    QCOMPARE(view.columnWidth(0), 200);
+    QCOMPARE(view.columnWidth(1), 100);
+    QCOMPARE(view.columnWidth(2), 80);
+    view.List()->AddRow({u"x"_s.repeated(500)});
+    view.List()->Flush();
+    QCOMPARE(view.columnWidth(0), 200);
+    view.SetColumnTwips(0, 1200);
+    QCOMPARE(view.columnWidth(0), 80);
+}
+
+void tst_ResultList::headersAndAlignment()
+{
+    ResultListModel model;
+    model.SetColumns(columns());
+    for (int column = 0; column < 3; ++column) {
+        QCOMPARE(model.headerData(column, Qt::Horizontal).toString(), columns()[column].Header);
+        QCOMPARE(
+            model.headerData(column, Qt::Horizontal, Qt::TextAlignmentRole).value<Qt::Alignment>(),
+            columns()[column].Alignment | Qt::AlignVCenter);
+    }
+    QCOMPARE(model.headerData(3, Qt::Horizontal), QVariant());
+    QCOMPARE(model.headerData(-1, Qt::Horizontal), QVariant());
+    QCOMPARE(model.headerData(0, Qt::Vertical), QVariant());
+    model.AddRow({u"a"_s});
+    model.Flush();
+    QCOMPARE(model.index(0, 2).data(Qt::TextAlignmentRole).value<Qt::Alignment>(),
+             Qt::AlignRight | Qt::AlignVCenter);
+    QCOMPARE(model.data({}), QVariant());
+}
+
+void tst_ResultList::rowsHaveOneFixedHeight()
+{
+    ResultListView view;
+    view.SetColumns(columns());
+    view.List()->AddRow({u"a"_s});
+    view.List()->AddRow({u"a\nb\nc\nd"_s});
+    view.List()->Flush();
+    QCOMPARE(view.rowHeight(1), view.rowHeight(0));
+    QVERIFY(!view.wordWrap());
+}
+
+void tst_ResultList::wholeRowsAreSelectedAndNothingIsEdited()
+{
+    ResultListView view;
+    view.SetColumns(columns());
+    view.List()->AddRow({u"a"_s, u"b"_s});
+    view.List()->Flush();
+    view.resize(500, 100);
+    view.show();
+    const QModelIndex cell = view.List()->index(0, 1);
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.visualRect(cell).center());
+    QCOMPARE(view.selectionModel()->selectedRows().size(), 1);
+    QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, view.visualRect(cell).center());
+    QTest::keyClick(&view, Qt::Key_F2);
+    QVERIFY(!view.indexWidget(cell));
+    QVERIFY(!view.isPersistentEditorOpen(cell));
+}
+
+void tst_ResultList::sortArrowComesAndGoes()
+{
+    ResultListView view;
+    view.SetColumns(columns());
+    view.ShowHeaderIcon(1, Qt::DescendingOrder, true);
+    QVERIFY(view.horizontalHeader()->isSortIndicatorShown());
+    QCOMPARE(view.horizontalHeader()->sortIndicatorSection(), 1);
+    QCOMPARE(view.horizontalHeader()->sortIndicatorOrder(), Qt::DescendingOrder);
+    view.ShowHeaderIcon(1, Qt::DescendingOrder, false);
+    QVERIFY(!view.horizontalHeader()->isSortIndicatorShown());
+}
+
+void tst_ResultList::hundredThousandRows()
+{
+    constexpr int rows = 100'000;
+    constexpr qint64 mostMilliseconds = 10'000; // a view that asks each row takes minutes
+    ResultListView view;
+    view.SetColumns(columns());
+    view.resize(500, 400);
+    view.show();
+    QElapsedTimer time;
+    time.start();
+    for (int i = 0; i < rows; ++i) {
+        view.List()->AddRow({u"SMITH, JOHN"_s, QString::number(i), u"7"_s});
+        if (i % 1000 == 0)
+            QCoreApplication::processEvents();
+    }
+    QCOMPARE(view.List()->Count(), rows);
+    QTRY_COMPARE(view.List()->rowCount(), rows);
+    view.scrollToBottom();
+    QCoreApplication::processEvents();
+    QVERIFY2(time.elapsed() < mostMilliseconds, qPrintable(QString::number(time.elapsed())));
+    QCOMPARE(view.List()->Cell(rows - 1, 1), QString::number(rows - 1));
+    QCOMPARE(view.rowAt(view.viewport()->height() - 3), rows - 1);
+}
+
+void tst_ResultList::twips_data()
+{
+    QTest::addColumn<int>("twips");
+    QTest::addColumn<int>("pixels");
+    for (const auto &[twips, pixels] :
+         {std::pair{0, 0}, std::pair{7, 0}, std::pair{8, 1}, std::pair{15, 1}, std::pair{22, 1},
+          std::pair{23, 2}, std::pair{1440, 96}, std::pair{5370, 358}, std::pair{-15, -1},
+          std::pair{-7, 0}, std::pair{-8, -1}})
+        QTest::addRow("%d", twips) << twips << pixels;
+}
+
+void tst_ResultList::twips()
+{
+    QFETCH(int, twips);
+    QFETCH(int, pixels);
+    QCOMPARE(PixelsFromTwips(twips), pixels);
+    QCOMPARE(PixelsFromTwips(TwipsFromPixels(pixels)), pixels);
+}
+
+QTEST_MAIN(tst_ResultList)
+#include "tst_ResultList.moc"

@@ -1,0 +1,67 @@
+#include "jobs/ClientCode.h"
+
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+class tst_ClientCode : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void formatClientCode_data();
+    void formatClientCode();
+    void embedClientCode_data();
+    void embedClientCode();
+};
+
+void tst_ClientCode::formatClientCode_data()
+{
+    QTest::addColumn<QString>("code");
+    QTest::addColumn<QString>("tag");
+    QTest::newRow("a code") << u"ABC"_s << u"^^CAC:ABC^^"_s;
+    QTest::newRow("trimmed") << u"  A B  "_s << u"^^CAC:A B^^"_s;
+    QTest::newRow("empty") << u""_s << u"^^CAC:^^"_s;
+    QTest::newRow("only blanks") << u"   "_s << u"^^CAC:^^"_s;
+    QTest::newRow("the case stays") << u"abc"_s << u"^^CAC:abc^^"_s;
+}
+
+void tst_ClientCode::formatClientCode()
+{
+    QFETCH(QString, code);
+    QFETCH(QString, tag);
+    QCOMPARE(FormatClientCode(code), tag);
+}
+
+void tst_ClientCode::embedClientCode_data()
+{
+    QTest::addColumn<QString>("line");
+    QTest::addColumn<QString>("code");
+    QTest::addColumn<QString>("tagged");
+    QTest::newRow("two empty year fields stay")
+        << u"WASUP\u00A6SEARCH\u00A6SMITH\u00A6JOHN\u00A6Q\u00A6\u00A6King,\u00A6Civil,\u00A6\u00A6\u00A6"_s
+        << u"ABC"_s
+        << u"WASUP\u00A6SEARCH\u00A6SMITH\u00A6JOHN\u00A6Q\u00A6\u00A6King,\u00A6Civil,\u00A6\u00A6^^CAC:ABC^^\u00A6"_s;
+    QTest::newRow("a tilde family") << u"BKRPT~SUMMARY~99-20077~OR~"_s << u"ABC"_s
+                                    << u"BKRPT~SUMMARY~99-20077~OR^^CAC:ABC^^~"_s;
+    QTest::newRow("an index line")
+        << u"INDEX~SEARCH~A~~~~King,~~1970~2005~LL=1~UL=500~"_s << u"X1"_s
+        << u"INDEX~SEARCH~A~~~~King,~~1970~2005~LL=1~UL=500^^CAC:X1^^~"_s;
+    QTest::newRow("an empty code") << u"A\u00A6B\u00A6"_s << u""_s << u"A\u00A6B^^CAC:^^\u00A6"_s;
+    QTest::newRow("the code is trimmed") << u"A\u00A6"_s << u" ABC "_s << u"A^^CAC:ABC^^\u00A6"_s;
+    QTest::newRow("the line is trimmed")
+        << u"  A\u00A6B\u00A6  "_s << u"ABC"_s << u"A\u00A6B^^CAC:ABC^^\u00A6"_s;
+    QTest::newRow("one character") << u"\u00A6"_s << u"ABC"_s << u"^^CAC:ABC^^\u00A6"_s;
+    QTest::newRow("only blanks stay") << u"   "_s << u"ABC"_s << u"   "_s;
+    QTest::newRow("empty stays") << u""_s << u"ABC"_s << u""_s;
+}
+
+void tst_ClientCode::embedClientCode()
+{
+    QFETCH(QString, line);
+    QFETCH(QString, code);
+    QFETCH(QString, tagged);
+    QCOMPARE(EmbedClientCode(line, code), tagged);
+}
+
+QTEST_GUILESS_MAIN(tst_ClientCode)
+#include "tst_ClientCode.moc"

@@ -1,0 +1,258 @@
+#include "SessionFixture.h"
+
+#include "core/GlobalState.h"
+#include "link/frmWinsock.h"
+#include "session/frmInactivity.h"
+#include "session/frmMain.h"
+
+#include <QDialog>
+#include <QLabel>
+#include <QPointer>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr qint64 idleWait = 18;
+}
+
+class tst_Idle : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void warningAsItOpens();
+    void countdown();
+    void stayedAtTheLastSecond();
+    void logOutButtonOfTheWarning();
+    void closedWarningMeansToStay_data();
+    void closedWarningMeansToStay();
+
+    void nobodyAnswersAndTheSessionEnds();
+    void stayingLeavesTheSessionUpAfterEighteenSeconds();
+    void staySaysNothingOfALogout();
+    void loggingOutEndsTheWaitAtOnce();
+    void duringASearchItIsOnlyToldToStop();
+    void withoutAlertsNothingIsShownAtTheEnd();
+    void linkGoneAlreadyIsNoError();
+    void mainWindowGoneDuringTheWait();
+
+private:
+    frmInactivity *warning() const { return main->findChild<frmInactivity *>(u"frmInactivity"_s); }
+    /// Does this with the warning once autologout has opened it.
+    void whenWarned(const std::function<void(frmInactivity *)> &act)
+    {
+        QTimer::singleShot(0, main, [this, act] { act(warning()); });
+    }
+    qint64 secondsOf(const std::function<void()> &act)
+    {
+        const QDateTime begin = session->clock.Now();
+        act();
+        return begin.secsTo(session->clock.Now());
+    }
+
+    std::unique_ptr<SessionFixture> session;
+    frmMain *main = nullptr;
+};
+
+void tst_Idle::init()
+{
+    session = std::make_unique<SessionFixture>();
+    FakeSocket::Install();
+    main = session->ShowMain();
+    session->BeLoggedIn();
+    frmWinsock::Form().StopInactivity(); // as it is when the limit has been reached
+}
+
+void tst_Idle::cleanup()
+{
+    const QString complaints = session->boxes.Complaints();
+    session.reset();
+    QCOMPARE(complaints, QString());
+}
+
+void tst_Idle::warningAsItOpens()
+{
+    Global.bAutoLogout = true;
+    const frmInactivity form;
+    QCOMPARE(Global.bAutoLogout, false);
+    QCOMPARE(form.windowTitle(), u"Halvane - Logging out due to Inactivity .."_s);
+    QCOMPARE(Child<QLabel>(&form, "Label1")->text(),
+             u"You will be automatically logged out of the Halvane System in 15 seconds due to "
+             "Inactivity."_s);
+    QCOMPARE(Child<QPushButton>(&form, "cmdCancel")->text(), u"Stay Logged In"_s);
+    QCOMPARE(Child<QPushButton>(&form, "cmdLogOut")->text(), u"Logout = 15 Seconds"_s);
+    QCOMPARE(form.Timer1Tag, u"15"_s);
+    QCOMPARE(form.Timer1->interval(), 1000);
+    QVERIFY(form.Timer1->isActive());
+}
+
+void tst_Idle::countdown()
+{
+    const QPointer<frmInactivity> form(new frmInactivity);
+    form->show();
+    QStringList captions;
+    QList<bool> decided;
+    connect(form->Timer1, &QTimer::timeout, this, [&] {
+        captions.append(Child<QPushButton>(form, "cmdLogOut")->text());
+        decided.append(Global.bAutoLogout);
+    });
+    form->Timer1->setInterval(1);
+    QTRY_VERIFY(!form);
+    QStringList expected;
+    QList<bool> expectedDecided;
+    for (int left = 14; left >= 0; --left) {
+        expected.append(u"Logout = %1 Seconds"_s.arg(left));
+        expectedDecided.append(left == 0);
+    }
+    QCOMPARE(captions, expected);
+    QCOMPARE(decided, expectedDecided);
+    QCOMPARE(Global.bAutoLogout, true);
+}
+
+void tst_Idle::stayedAtTheLastSecond()
+{
+    const QPointer<frmInactivity> form(new frmInactivity);
+    form->show();
+    connect(form->Timer1, &QTimer::timeout, this, [&] {
+        if (form->Timer1Tag == u"1")
+            Click(form, "cmdCancel");
+    });
+    form->Timer1->setInterval(1);
+    QTRY_VERIFY(!form);
+    QCOMPARE(Global.bAutoLogout, false);
+}
+
+void tst_Idle::logOutButtonOfTheWarning()
+{
+    const QPointer<frmInactivity> form(new frmInactivity);
+    form->show();
+    Click(form, "cmdLogOut");
+    QVERIFY(!form->Timer1->isActive());
+    QVERIFY(!form->isVisible());
+    QCOMPARE(Global.bAutoLogout, true);
+    QTRY_VERIFY(!form);
+}
+
+void tst_Idle::closedWarningMeansToStay_data()
+{
+    QTest::addColumn<bool>("byKey");
+    QTest::newRow("escape key") << true;
+    QTest::newRow("title bar") << false;
+}
+
+void tst_Idle::closedWarningMeansToStay()
+{
+    QFETCH(bool, byKey);
+    const QPointer<frmInactivity> form(new frmInactivity);
+    form->show();
+    if (byKey)
+        QTest::keyClick(form, Qt::Key_Escape);
+    else
+        form->close();
+    QTRY_VERIFY(!form);
+    QCOMPARE(Global.bAutoLogout, false);
+}
+
+void tst_Idle::nobodyAnswersAndTheSessionEnds()
+{
+    int ticks = 0;
+    whenWarned([&](frmInactivity *form) {
+        QVERIFY(form->isVisible() && !form->isModal());
+        connect(form->Timer1, &QTimer::timeout, this, [&ticks] { ++ticks; });
+        form->Timer1->setInterval(1);
+    });
+    QCOMPARE(secondsOf([this] { main->autologout(); }), 0);
+    QCOMPARE(ticks, 15);
+    QCOMPARE(Global.bLoggedIn, false);
+    QCOMPARE(Global.bAutoLogout, false);
+    QCOMPARE(main->txtConnectStatus(), u"NOT CONNECTED"_s);
+    QCOMPARE(session->folder.Log(),
+             (QStringList{u"Closed connection to Halvane Server"_s, u"Logout Successful"_s,
+                          u"Auto Logout Complete .."_s}));
+    QVERIFY(main->findChild<QDialog *>(u"frmElapsedTime"_s));
+    QVERIFY(main->isVisible());
+    QCOMPARE(session->endings, QList<int>());
+    QCOMPARE(session->boxes.Answered(), 0);
+}
+
+void tst_Idle::stayingLeavesTheSessionUpAfterEighteenSeconds()
+{
+    whenWarned([this](frmInactivity *form) {
+        Click(form, "cmdCancel");
+        session->clock.Run(0.5);
+    });
+    const qint64 waited = secondsOf([this] { main->autologout(); });
+    QVERIFY2(waited >= idleWait && waited < idleWait + 2, qPrintable(QString::number(waited)));
+    QCOMPARE(Global.bLoggedIn, true);
+    QVERIFY(frmWinsock::IsLoaded());
+    QVERIFY(!frmWinsock::Form().TmrInactivity->isActive());
+    QVERIFY(!warning());
+}
+
+void tst_Idle::staySaysNothingOfALogout()
+{
+    whenWarned([this](frmInactivity *form) {
+        Click(form, "cmdCancel");
+        session->clock.Run(2.0);
+    });
+    main->autologout();
+    QCOMPARE(session->folder.Log(), QStringList());
+}
+
+void tst_Idle::loggingOutEndsTheWaitAtOnce()
+{
+    whenWarned([](frmInactivity *form) { Click(form, "cmdLogOut"); });
+    QCOMPARE(secondsOf([this] { main->autologout(); }), 0);
+    QCOMPARE(Global.bLoggedIn, false);
+    QVERIFY(session->folder.Logged(u"Auto Logout Complete .."_s));
+}
+
+void tst_Idle::duringASearchItIsOnlyToldToStop()
+{
+    Global.bSearchInProgress = true;
+    session->boxes.Expect(u"You must wait for the current search to complete before "
+                          "disconnecting. All Pending Searches will be stopped."_s,
+                          u"Disconnect From Halvane .."_s);
+    whenWarned([](frmInactivity *form) { form->Timer1->setInterval(1); });
+    main->autologout();
+    QCOMPARE(Global.bStopRequested, true);
+    QCOMPARE(Global.bLoggedIn, true);
+    QCOMPARE(Global.bAutoLogout, false);
+    QVERIFY(session->folder.Logged(u"Auto Logout Complete .."_s));
+    QVERIFY(!session->folder.Logged(u"Logout Successful"_s));
+}
+
+void tst_Idle::withoutAlertsNothingIsShownAtTheEnd()
+{
+    Global.bShowAlerts = false;
+    whenWarned([](frmInactivity *form) { Click(form, "cmdLogOut"); });
+    main->autologout();
+    QCOMPARE(Global.bLoggedIn, false);
+    QVERIFY(!main->findChild<QDialog *>(u"frmElapsedTime"_s));
+}
+
+void tst_Idle::linkGoneAlreadyIsNoError()
+{
+    FakeSocket::Last()->PeerCloses();
+    whenWarned([](frmInactivity *form) { Click(form, "cmdLogOut"); });
+    main->autologout();
+    QVERIFY(session->folder.Logged(u"Logout Successful"_s));
+    QCOMPARE(Global.strSessionTime, QString());
+}
+
+void tst_Idle::mainWindowGoneDuringTheWait()
+{
+    auto *other = new frmMain;
+    session->BeLoggedIn();
+    QTimer::singleShot(0, this, [&] {
+        delete other;
+        session->clock.Run(2.0);
+    });
+    other->autologout();
+    QVERIFY(!session->folder.Logged(u"Auto Logout Complete .."_s));
+}
+
+QTEST_MAIN(tst_Idle)
+#include "tst_Idle.moc"
