@@ -6,11 +6,13 @@
 
 #include <QHeaderView>
 #include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
 #include <QTableView>
 #include <QTest>
+#include <QTimerEvent>
 
 namespace {
 struct Button
@@ -80,6 +82,7 @@ private Q_SLOTS:
     void statusBlinks();
     void statusKeepsItsPlaceWhileHidden();
     void statusStaysOnAfterTheEnd();
+    void aSearchThatRunsInsideABlinkEndsTheBlinking();
     void beginSearchingQueuesAgain();
 
 private:
@@ -386,10 +389,17 @@ void tst_NameSearchWindow::statusKeepsItsPlaceWhileHidden()
 {
     frmNameSearchResults *window = desk->MakePending({RequestLine()});
     auto *status = window->findChild<QWidget *>(u"lblStatus"_s);
-    const int before = window->findChild<QWidget *>(u"lblSearchStatus"_s)->x();
+    const auto *list = window->findChild<QWidget *>(u"listview1"_s);
+    const auto *longStatus = window->findChild<QWidget *>(u"lblSearchStatus"_s);
+    const QRect listBefore = list->geometry();
+    const QRect longBefore = longStatus->geometry();
     status->hide();
-    QCoreApplication::processEvents();
-    QCOMPARE(window->findChild<QWidget *>(u"lblSearchStatus"_s)->x(), before);
+    QVERIFY(!status->isVisible());
+    window->layout()->invalidate();
+    window->layout()->activate();
+    // Nothing around it may jump with each blink.
+    QCOMPARE(list->geometry(), listBefore);
+    QCOMPARE(longStatus->geometry(), longBefore);
 }
 
 void tst_NameSearchWindow::statusStaysOnAfterTheEnd()
@@ -407,6 +417,21 @@ void tst_NameSearchWindow::statusStaysOnAfterTheEnd()
         QVERIFY(status->isVisible());
         QTest::qWait(1);
     }
+}
+
+void tst_NameSearchWindow::aSearchThatRunsInsideABlinkEndsTheBlinking()
+{
+    ScriptedCourt court;
+    court.Expect(RequestLine()).Reply({u"EOF~"_s});
+    desk->ConnectTo(court);
+    frmNameSearchResults *window = desk->MakePending({RequestLine()});
+    // The blink yields, and in that yield the window takes its turn and searches to the end.
+    window->Timer1->start(0);
+    QTimerEvent blink(window->tmrBlink->timerId());
+    QCoreApplication::sendEvent(window->tmrBlink, &blink);
+    QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete: 0 Cases Retrieved."_s);
+    QVERIFY(!window->tmrBlink->isActive());
+    QVERIFY(window->findChild<QWidget *>(u"lblStatus"_s)->isVisible());
 }
 
 void tst_NameSearchWindow::beginSearchingQueuesAgain()

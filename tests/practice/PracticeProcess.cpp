@@ -3,7 +3,6 @@
 #include "core/Windows1252.h"
 
 #include <QElapsedTimer>
-#include <QFile>
 #include <QRegularExpression>
 
 #include <utility>
@@ -55,15 +54,6 @@ QString PracticeProcess::Errors(const QString &part)
         errors += process.readAllStandardError();
     }
     return QString::fromLocal8Bit(errors);
-}
-
-qint64 PracticeProcess::WorstMemory() const
-{
-    QFile status(u"/proc/%1/status"_s.arg(process.processId()));
-    if (!status.open(QIODevice::ReadOnly))
-        return -1;
-    const QRegularExpression pattern(u"VmHWM:\\s*(\\d+) kB"_s);
-    return pattern.match(QString::fromLatin1(status.readAll())).captured(1).toLongLong();
 }
 
 int PracticeProcess::EndByInput()

@@ -26,9 +26,6 @@ public:
     /// What it has written to standard error so far, waiting for `part` to be in it.
     QString Errors(const QString &part = {});
 
-    /// How much memory it has taken, in KiB, at its worst.
-    qint64 WorstMemory() const;
-
     /// Closes its input; its exit code, or -1 when it did not end.
     int EndByInput();
 
