@@ -12,10 +12,12 @@
 #include "session/frmMain.h"
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
 #include <cstdio>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -78,10 +80,10 @@ bool hasDisplay()
 
 int run(const StartOptions &options)
 {
-    const QTemporaryDir tourFolder;
+    std::optional<QTemporaryDir> tourFolder;
     QString folder = options.Folder;
     if (folder.isEmpty() && options.Tour)
-        folder = tourFolder.path();
+        folder = tourFolder.emplace().path();
     else if (folder.isEmpty() && options.Practice)
         folder = practiceFolder();
     try {
@@ -89,9 +91,10 @@ int run(const StartOptions &options)
     } catch (const RunTimeError &error) {
         return complain(u"cannot use the folder "_s + folder + u": "_s + error.Description(), 1);
     }
-    SingleInstance instance(AppFolder());
+    SingleInstance instance(QFileInfo(AppFolder()).canonicalFilePath());
     if (!instance.Claim())
-        return 0;
+        return instance.AnotherRuns() ? 0
+                                      : complain(u"cannot tell whether a copy runs already"_s, 1);
     CopyMissingDataFiles(InstalledDataFolder());
 
     PracticeCourt court;
@@ -106,7 +109,9 @@ int run(const StartOptions &options)
         if (frmMain *main = frmMain::Form())
             BringToFront(main);
     });
-    Tour tour(options.Output);
+    // The program ends without unwinding, so whoever ends it has to take the folder away: its log
+    // holds the password of the tour's login.
+    Tour tour(options.Output, [&tourFolder] { tourFolder.reset(); });
     if (options.Tour)
         tour.Start();
     Main(options.Practice);

@@ -40,6 +40,6 @@ bool SingleInstance::Claim()
     QLocalSocket first;
     first.setSocketOptions(QLocalSocket::AbstractNamespaceOption);
     first.connectToServer(name);
-    first.waitForConnected(answerMilliseconds);
+    anotherRuns = first.waitForConnected(answerMilliseconds);
     return false;
 }

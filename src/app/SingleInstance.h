@@ -16,6 +16,9 @@ public:
     /// running copy has been asked to come to the front.
     bool Claim();
 
+    /// Whether a Claim that failed met a running copy; otherwise nobody could be reached.
+    bool AnotherRuns() const { return anotherRuns; }
+
 Q_SIGNALS:
     /// A second copy was started: come to the front.
     void Activated();
@@ -23,4 +26,5 @@ Q_SIGNALS:
 private:
     QLocalServer server;
     QString name;
+    bool anotherRuns = false;
 };

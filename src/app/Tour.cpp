@@ -15,6 +15,7 @@
 #include <QPushButton>
 
 #include <cstdio>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -89,8 +90,9 @@ void tick(const QString &window, const QString &list, const QStringList &items)
 }
 } // namespace
 
-Tour::Tour(const QString &outputFolder, QObject *parent)
-    : QObject(parent), output(QDir(outputFolder).absolutePath()), timer(this)
+Tour::Tour(const QString &outputFolder, std::function<void()> atEnd, QObject *parent)
+    : QObject(parent), output(QDir(outputFolder).absolutePath()), cleanUp(std::move(atEnd)),
+      timer(this)
 {
     timer.setInterval(tickMilliseconds);
     connect(&timer, &QTimer::timeout, this, &Tour::Tick);
@@ -182,7 +184,7 @@ void Tour::Tick()
     if (current >= steps.size()) {
         timer.stop();
         say(u"Tour complete: "_s + QString::number(pictures) + u" pictures in "_s + output);
-        EndProgram(0);
+        end(0);
         return;
     }
     const Step &step = steps[current];
@@ -219,5 +221,12 @@ void Tour::fail(const QString &why)
 {
     timer.stop();
     say(u"Tour failed: "_s + why);
-    EndProgram(1);
+    end(1);
+}
+
+void Tour::end(int exitCode)
+{
+    if (cleanUp)
+        cleanUp();
+    EndProgram(exitCode);
 }

@@ -17,7 +17,8 @@ class Tour : public QObject
 {
     Q_OBJECT
 public:
-    explicit Tour(const QString &outputFolder, QObject *parent = nullptr);
+    /// `cleanUp` runs just before the tour ends the program.
+    Tour(const QString &outputFolder, std::function<void()> cleanUp, QObject *parent = nullptr);
 
     /// Starts to play as soon as events run.
     void Start();
@@ -36,11 +37,13 @@ private:
     void say(const QString &text);
     void picture(QWidget *window, const QString &name);
     void fail(const QString &why);
+    void end(int exitCode);
 
     std::vector<Step> steps;
     size_t current = 0;
     int pictures = 0;
     QString output;
+    std::function<void()> cleanUp;
     QTimer timer;
     QElapsedTimer waiting;
 };

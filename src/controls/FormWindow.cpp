@@ -1,7 +1,26 @@
 #include "controls/FormWindow.h"
 
+#include <QAbstractButton>
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QPointer>
+
+namespace {
+/// The visible, enabled button whose mnemonic the key is.
+QAbstractButton *buttonOfMnemonic(const QWidget *window, const QKeyEvent *key)
+{
+    if (key->modifiers() != Qt::AltModifier)
+        return nullptr;
+    const QList<QAbstractButton *> buttons = window->findChildren<QAbstractButton *>();
+    for (QAbstractButton *button : buttons) {
+        const QKeySequence mnemonic = QKeySequence::mnemonic(button->text());
+        if (button->isVisible() && button->isEnabled() && !mnemonic.isEmpty()
+            && mnemonic == QKeySequence(key->keyCombination()))
+            return button;
+    }
+    return nullptr;
+}
+} // namespace
 
 FormWindow::FormWindow(QWidget *parent, Qt::WindowFlags flags) : QWidget(parent, flags) {}
 
@@ -35,6 +54,19 @@ void FormWindow::Unloading() {}
 void FormWindow::closeEvent(QCloseEvent *event)
 {
     event->setAccepted(Unload(UnloadMode::ControlMenu));
+}
+
+bool FormWindow::event(QEvent *event)
+{
+    if (event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress) {
+        if (QAbstractButton *button = buttonOfMnemonic(this, static_cast<QKeyEvent *>(event))) {
+            event->accept();
+            if (event->type() == QEvent::KeyPress)
+                button->click();
+            return true;
+        }
+    }
+    return QWidget::event(event);
 }
 
 void FormWindow::endRun()

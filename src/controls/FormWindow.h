@@ -53,6 +53,9 @@ protected:
     virtual void Unloading();
 
     void closeEvent(QCloseEvent *event) override;
+    /// A mnemonic of the window's own buttons goes before a menu with the same letter, which the
+    /// platform would call ambiguous and give to neither.
+    bool event(QEvent *event) override;
 
 private:
     void endRun();

@@ -12,6 +12,7 @@ using namespace Qt::StringLiterals;
 namespace {
 constexpr int rowPaddingPixels = 6;
 constexpr double headerFontScale = 0.9;
+constexpr int leastSeenTwips = 100;
 
 /// Shows a cell's whole text when the cell is too narrow for it: as plain text, whatever the server
 /// put there.
@@ -60,6 +61,9 @@ ResultListView::ResultListView(QWidget *parent) : QTableView(parent), list(this)
 void ResultListView::SetColumns(const QList<ListColumn> &columns)
 {
     list.SetColumns(columns);
+    // A column too narrow to be seen is meant to stay so.
+    horizontalHeader()->setStretchLastSection(columns.isEmpty()
+                                              || columns.last().Width > leastSeenTwips);
     for (int i = 0; i < columns.size(); ++i)
         SetColumnTwips(i, columns[i].Width);
 }

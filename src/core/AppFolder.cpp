@@ -81,6 +81,9 @@ QString InstalledDataFolder()
 
 int CopyMissingDataFiles(const QString &from)
 {
+    // An empty path would be the current folder, whatever that is.
+    if (from.isEmpty())
+        return 0;
     int copied = 0;
     const QDir source(from);
     const QStringList names = source.entryList(QDir::Files, QDir::Name);

@@ -38,8 +38,7 @@ const QString &generalDate()
 void rotate(const QString &path)
 {
     const QString backup = AppFile(u"AppInfo.bak"_s);
-    QFile::remove(backup);
-    QFile::rename(path, backup);
+    RenameOver(path, backup);
 }
 } // namespace
 

@@ -26,25 +26,31 @@ void ReceiveBuffer::Clear()
     // Assigned, not cleared in place: a backlog of many megabytes gives its memory back.
     bytes = QByteArray();
     front = 0;
-    scanned = -1;
-    opening = -1;
+    content = -1;
+    afterEmpty = '\0';
 }
 
 std::optional<QByteArray> ReceiveBuffer::Extract(char delimiter)
 {
-    if (opening < 0 || scannedFor != delimiter) {
-        opening = find(bytes, front, delimiter);
-        scannedFor = delimiter;
-        if (opening < 0)
+    if (content < 0 || searchedFor != delimiter) {
+        // Behind an empty token something that is no delimiter begins a token: the closing
+        // delimiter of the empty one was the opening one of this.
+        const bool opened =
+            afterEmpty == delimiter && front < bytes.size() && bytes[front] != delimiter;
+        const qsizetype opening = opened ? front - 1 : find(bytes, front, delimiter);
+        if (!opened && opening < 0)
             return std::nullopt;
-        scanned = opening + 1;
+        content = opening + 1;
+        searched = content;
+        searchedFor = delimiter;
     }
-    const qsizetype closing = find(bytes, scanned, delimiter);
+    const qsizetype closing = find(bytes, searched, delimiter);
     if (closing < 0) {
-        scanned = bytes.size();
+        searched = bytes.size();
         return std::nullopt;
     }
-    QByteArray token(bytes.constData() + opening + 1, closing - opening - 1);
+    QByteArray token(bytes.constData() + content, closing - content);
+    afterEmpty = token.isEmpty() ? delimiter : '\0';
     dropFront(closing + 1);
     return token;
 }
@@ -52,8 +58,7 @@ std::optional<QByteArray> ReceiveBuffer::Extract(char delimiter)
 void ReceiveBuffer::dropFront(qsizetype newFront)
 {
     front = newFront;
-    opening = -1;
-    scanned = -1;
+    content = -1;
     if (front == bytes.size()) {
         if (bytes.capacity() > 4 * compactionBytes)
             bytes = QByteArray();

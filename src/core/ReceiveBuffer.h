@@ -32,9 +32,10 @@ private:
 
     QByteArray bytes;
     qsizetype front = 0;
-    /// Where the search for the closing delimiter stopped last time, or -1 when there is no open
-    /// token; counted from the start of `bytes`.
-    qsizetype scanned = -1;
-    qsizetype opening = -1;
-    char scannedFor = '\0';
+    /// Where the content of the open token begins, or -1 when there is none; and how far its
+    /// closing delimiter has been looked for. Both are counted from the start of `bytes`.
+    qsizetype content = -1;
+    qsizetype searched = 0;
+    char searchedFor = '\0';
+    char afterEmpty = '\0'; ///< the delimiter of the last token taken, if that was an empty one
 };

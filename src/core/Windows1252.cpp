@@ -64,3 +64,14 @@ bool FitsWindows1252(QStringView text)
 {
     return std::all_of(text.begin(), text.end(), [](QChar c) { return AnsiCode(c) >= 0; });
 }
+
+QString FoldToUpper(const QString &text)
+{
+    QString folded = text;
+    for (QChar &character : folded) {
+        const QChar upper = character.toUpper();
+        if (AnsiCode(upper) >= 0)
+            character = upper;
+    }
+    return folded;
+}

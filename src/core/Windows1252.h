@@ -16,6 +16,10 @@ QString FromWindows1252(QByteArrayView bytes);
 /// True when every character of `text` exists in Windows-1252.
 bool FitsWindows1252(QStringView text);
 
+/// The text in upper case, each character by itself: one that has no upper case in the code page
+/// ("ß", "µ") stays as it is, since its upper case could not travel.
+QString FoldToUpper(const QString &text);
+
 /// The ANSI code of a character, or -1 when the code page has none for it.
 int AnsiCode(QChar character);
 

@@ -10,6 +10,8 @@
 #include "link/ServerSocket.h"
 #include "link/frmWinsock.h"
 
+#include <QPointer>
+
 #include <algorithm>
 #include <array>
 #include <limits>
@@ -83,6 +85,7 @@ SendStatus SendWithTimeout(const QByteArray &data, ServerSocket *const &socket, 
                            float limitSeconds)
 {
     const float start = Clock::Current().SecondsOfDay();
+    const ServerSocket *const began = socket;
     SendStatus result = TrySend(data, socket, busyFlag);
     while (result == SendStatus::TimedOut) {
         const float elapsed = ElapsedSeconds(start);
@@ -97,6 +100,11 @@ SendStatus SendWithTimeout(const QByteArray &data, ServerSocket *const &socket, 
     for (;;) {
         if (!busyFlag)
             return SendStatus::Sent;
+        // Unloaded under the send: its completion will never be told, and must not be waited for.
+        if (socket != began) {
+            busyFlag = false;
+            return SendStatus::TimedOut;
+        }
         const float elapsed = ElapsedSeconds(start);
         if (elapsed >= limitSeconds)
             return SendStatus::TimedOut;
@@ -141,11 +149,13 @@ Response ReadResponse()
 {
     float start = Clock::Current().SecondsOfDay();
     const auto limit = static_cast<float>(ResponseLimitSeconds());
+    // The reply belongs to this connection. One that is made inside the wait is somebody else's.
+    const QPointer<ServerSocket> socket(Global.sckServer);
     for (;;) {
         const float elapsed = ElapsedSeconds(start);
         if (elapsed >= limit)
             return {ReadStatus::TimedOutOrLost, {}};
-        if (!isConnected(Global.sckServer)) {
+        if (Global.sckServer != socket || !isConnected(socket)) {
             WriteAppInfo(u"Connection Lost While Waiting for Response. "
                          "Exiting Process ReadResponse()"_s);
             return {ReadStatus::TimedOutOrLost, {}};

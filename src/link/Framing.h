@@ -14,7 +14,3 @@ QString WrapDelimited(const QString &text, QChar delimiter);
 /// What stands before the first one is discarded with it. Without two delimiters the answer is ""
 /// and the buffer stays as it is; an empty token is consumed and answers "" too.
 QByteArray ExtractDelimited(ReceiveBuffer &buffer, char delimiter);
-
-/// True when the text cannot travel in a request: it holds a frame bar or the field separator, for
-/// which a frame has no escape.
-bool HoldsReservedCharacter(QStringView text);

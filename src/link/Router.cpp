@@ -69,6 +69,8 @@ bool ConnectToRouter(const QString &address)
         // state is not ours to touch.
         if (!stillLoaded || Global.sckServer != stillLoaded->CSock) {
             WriteAppInfo(u"Error connecting to router"_s);
+            if (!frmWinsock::IsLoaded())
+                Global.intConnectState = ConnectIdle;
             return false;
         }
         if (elapsed >= connectLimitSeconds || Global.intConnectState != ConnectUnderWay)

@@ -22,5 +22,5 @@ enum class ServerSelection { Contacted, Cancelled, NotAvailable };
 
 /// Looks for a server: each address on the port in force, then on the other one of 80 and 85. The
 /// port stays swapped for the next address, and is saved only when the attempt right after a swap
-/// succeeded. `cancelled` is asked before each address.
+/// succeeded. `cancelled` is asked before each attempt.
 ServerSelection SelectServer(const std::function<bool()> &cancelled);

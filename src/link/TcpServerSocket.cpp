@@ -37,6 +37,9 @@ TcpServerSocket::TcpServerSocket(QObject *parent) : ServerSocket(parent), socket
         if (closingHere)
             return;
         peerClosed = true;
+        // What was not written never will be: the send is over, and nobody may wait for it.
+        if (sending)
+            completeSend();
         fromEventLoop([this] {
             // Close may have been called in between: then there is nothing to tell any more.
             if (peerClosed)
@@ -93,6 +96,7 @@ void TcpServerSocket::SendData(const QByteArray &data)
 {
     // Flushing may find the connection dead, which is no event of this call either.
     insideSend = true;
+    sending = true;
     socket.write(data);
     socket.flush();
     insideSend = false;
@@ -133,6 +137,12 @@ void TcpServerSocket::reportWritten()
         Q_EMIT SendProgress();
         return;
     }
+    completeSend();
+}
+
+void TcpServerSocket::completeSend()
+{
+    sending = false;
     // Flushing writes at once, inside SendData; the event still has to come from the event loop.
     QMetaObject::invokeMethod(
         this, [this] { Q_EMIT SendComplete(); }, Qt::QueuedConnection);

@@ -26,11 +26,13 @@ private:
     void fromEventLoop(const std::function<void()> &event);
     void reportError(QAbstractSocket::SocketError error);
     void reportWritten();
+    void completeSend();
 
     QTcpSocket socket;
     bool peerClosed = false;
     bool closingHere = false;
     bool insideSend = false;
+    bool sending = false;
 };
 
 /// Makes LocalIP answer as if the machine were in a network: a practice court lies on this machine

@@ -3,8 +3,10 @@
 #include "controls/MsgBox.h"
 #include "core/GlobalState.h"
 #include "core/Log.h"
+#include "core/Options.h"
 #include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
+#include "core/Windows1252.h"
 #include "courts/Counties.h"
 #include "jobs/TurnTaking.h"
 #include "namesearch/frmNameSearchResults.h"
@@ -21,6 +23,14 @@ namespace {
 constexpr size_t foldedBoxes = 3;
 constexpr qint16 statewideScope = 3;
 
+/// The code that this search carries: only where the user or the server wants one at all.
+QString accountingCode()
+{
+    const bool wanted = GetOptionStr(u"Accounting"_s, u"EnableAcctg"_s) == u"1";
+    return wanted || Global.bClientAcctgOpt ? TrimBlanks(Global.ClientAcctgCode).toUpper()
+                                            : QString();
+}
+
 void showResults(frmNameSearchResults *form)
 {
     if (frmMain *main = frmMain::Form())
@@ -36,17 +46,13 @@ void frmSearchWA::cmdBeginSearch_Click()
     FoldEntries();
     if (!ValidateAllFormFields() || !DisclaimerAccepted() || !LoggedIn() || IsUnloaded())
         return;
-    try {
-        DispatchNameSearch();
-    } catch (const RunTimeError &error) {
-        ReportRequestError(error.Description());
-    }
+    DispatchNameSearch();
 }
 
 void frmSearchWA::FoldEntries()
 {
     for (size_t i = 0; i < foldedBoxes; ++i)
-        txtSearchName[i]->setText(TrimBlanks(txtSearchName[i]->text()).toUpper());
+        txtSearchName[i]->setText(FoldToUpper(TrimBlanks(txtSearchName[i]->text())));
 }
 
 FormEntries frmSearchWA::Entries() const
@@ -130,29 +136,38 @@ bool frmSearchWA::LoggedIn()
     return Global.bLoggedIn;
 }
 
-bool frmSearchWA::LoadNameSearchRequests(frmNameSearchResults &form)
+bool frmSearchWA::LoadNameSearchRequests(frmNameSearchResults &form, const NameSearchEntry &entry)
 {
     form.chkIndexSearch = false;
-    for (const QString &line : SuperiorNameRequests(NameEntry()))
+    for (const QString &line : SuperiorNameRequests(entry))
         form.lboxQueue.AddItem(line);
     return true;
 }
 
 void frmSearchWA::DispatchNameSearch()
 {
-    const QPointer<frmNameSearchResults> form(new frmNameSearchResults(u"WA"_s));
-    form->ClientAcctgCode = TrimBlanks(Global.ClientAcctgCode).toUpper();
-    if (!LoadNameSearchRequests(*form)) {
-        form->lbl911 = u"T"_s;
-        form->Unload();
-        ReportRequestError({});
-        return;
+    QPointer<frmNameSearchResults> form;
+    try {
+        // Before the window: reading the entries may show a box, and the window's timers run at
+        // once.
+        const NameSearchEntry entry = NameEntry();
+        form = new frmNameSearchResults(u"WA"_s);
+        form->ClientAcctgCode = accountingCode();
+        if (!LoadNameSearchRequests(*form, entry))
+            throw RunTimeError(0, {});
+        form->txtMasterKey = MakeMasterKey();
+        EnqueueKey(form->txtMasterKey);
+        form->SetTxtCountyList(SuperiorJurisdictions(entry));
+        Global.bStopRequested = false;
+        showResults(form);
+    } catch (const RunTimeError &error) {
+        if (form) {
+            WithdrawKey(form->txtMasterKey);
+            form->lbl911 = u"T"_s;
+            form->Unload();
+        }
+        ReportRequestError(error.Description());
     }
-    form->txtMasterKey = MakeMasterKey();
-    EnqueueKey(form->txtMasterKey);
-    form->SetTxtCountyList(SuperiorJurisdictions(NameEntry()));
-    Global.bStopRequested = false;
-    showResults(form);
 }
 
 void frmSearchWA::ReportRequestError(const QString &description)

@@ -83,14 +83,21 @@ frmSearchWA::frmSearchWA() : ui(std::make_unique<Ui::frmSearchWA>())
     findArray(this, u"optSearchType"_s, optSearchType);
     findArray(this, u"optSearchWhere"_s, optSearchWhere);
     for (int i = 0; i < static_cast<int>(optState.size()); ++i)
-        connect(optState[static_cast<size_t>(i)], &QRadioButton::clicked, this,
-                [this, i] { optState_Click(i); });
+        connect(optState[static_cast<size_t>(i)], &QRadioButton::clicked, this, [this, i] {
+            // A second click on the chosen one changes nothing, and keeps the entries.
+            if (i != LastStateIndex)
+                optState_Click(i);
+        });
     for (int i = 0; i < static_cast<int>(optSearchType.size()); ++i)
-        connect(optSearchType[static_cast<size_t>(i)], &QRadioButton::clicked, this,
-                [this, i] { optSearchType_Click(i); });
+        connect(optSearchType[static_cast<size_t>(i)], &QRadioButton::clicked, this, [this, i] {
+            if (i != searchTypeIndex)
+                optSearchType_Click(i);
+        });
     for (int i = 0; i < static_cast<int>(optSearchWhere.size()); ++i)
-        connect(optSearchWhere[static_cast<size_t>(i)], &QRadioButton::clicked, this,
-                [this, i] { optSearchWhere_Click(i); });
+        connect(optSearchWhere[static_cast<size_t>(i)], &QRadioButton::clicked, this, [this, i] {
+            if (i != searchWhereIndex)
+                optSearchWhere_Click(i);
+        });
     connect(ui->optCourtSelection_0, &QRadioButton::clicked, this,
             [this] { optCourtSelection_Click(0); });
     connect(ui->optSearchYears_0, &QRadioButton::toggled, this, &frmSearchWA::optSearchYears_Click);
@@ -252,6 +259,7 @@ void frmSearchWA::optSearchType_Click(int index)
     if (index >= static_cast<int>(searchTypeRows.size()))
         return;
     const SearchTypeRow &row = searchTypeRows[static_cast<size_t>(index)];
+    searchTypeIndex = index;
     Global.strCurrentSearchType = row.type.toString();
     ui->Frame2->setTitle(row.step.toString());
     const std::array<QLabel *, 4> labels{ui->lblNameSearchLastName, ui->lblNameSearchFirstName,
@@ -268,6 +276,7 @@ void frmSearchWA::optSearchType_Click(int index)
 void frmSearchWA::optSearchWhere_Click(int index)
 {
     const SearchWhereRow &row = searchWhereRows.at(static_cast<size_t>(index));
+    searchWhereIndex = index;
     Global.intSearchWhere = row.where;
     ui->lblCountyOrProfile->setText(row.label.toString());
     const bool statewide = row.where == 3;

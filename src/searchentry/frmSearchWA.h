@@ -59,7 +59,7 @@ public:
     bool DisplayWaCourtDisclaimer();
 
     /// Fills the window's request list. True when the list may be searched.
-    bool LoadNameSearchRequests(frmNameSearchResults &form);
+    bool LoadNameSearchRequests(frmNameSearchResults &form, const NameSearchEntry &entry);
 
 protected:
     void Unloading() override;
@@ -92,4 +92,6 @@ private:
     std::array<QRadioButton *, 5> optSearchType{};
     std::array<QRadioButton *, 3> optSearchWhere{};
     int LastStateIndex = 1;
+    int searchTypeIndex = -1;
+    int searchWhereIndex = -1;
 };

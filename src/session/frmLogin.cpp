@@ -360,14 +360,19 @@ void frmLogin::cmdCancel_Click()
     setHourglass(false);
     Global.bLoggedIn = false;
     frmWinsock::Unload();
+    if (frmMain *main = frmMain::Form())
+        main->SetTxtConnectStatus(u"NOT CONNECTED"_s);
     Unload();
 }
 
 void frmLogin::Unloading()
 {
     // Closed by its title bar: as good as Cancel for a connect that is still under way.
-    if (!Global.bLoggedIn)
+    // The link goes with it: a run that still waits on it must not read what a next login is sent.
+    if (!Global.bLoggedIn) {
         cancelled = true;
+        frmWinsock::Unload();
+    }
     tmrUI->stop();
     tmrLbl->stop();
     setHourglass(false);

@@ -98,10 +98,8 @@ frmMain::frmMain()
     connect(tmrConnectStatus, &QTimer::timeout, this, &frmMain::CheckConnection);
     connect(TimerExit, &QTimer::timeout, this, &frmMain::TimerExit_Tick);
     connect(ui->mdiArea, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow *window) {
-        if (!window)
-            return;
-        lstActiveWindows.removeAll(window->windowTitle());
-        lstActiveWindows.append(window->windowTitle());
+        if (window)
+            listActiveWindows();
     });
     Load();
 }
@@ -216,11 +214,7 @@ bool frmMain::event(QEvent *event)
 
 void frmMain::Activated()
 {
-    lstActiveWindows.clear();
-    const QList<QMdiSubWindow *> open =
-        ui->mdiArea->subWindowList(QMdiArea::ActivationHistoryOrder);
-    for (const QMdiSubWindow *child : open)
-        lstActiveWindows.append(child->windowTitle());
+    listActiveWindows();
     ShowConnection(Global.bLoggedIn);
     // Once: whoever made the window smaller afterwards wants it so.
     if (!activatedOnce)
@@ -237,9 +231,9 @@ void frmMain::ShowChild(FormWindow *child)
     frame->setAttribute(Qt::WA_DeleteOnClose, false);
     frame->setWindowIcon(windowIcon());
     connect(child, &FormWindow::Unloaded, frame, [this, frame] {
-        lstActiveWindows.removeAll(frame->windowTitle());
         frame->setWidget(nullptr);
         ui->mdiArea->removeSubWindow(frame);
+        listActiveWindows();
         frame->deleteLater();
     });
     child->ensurePolished();
@@ -275,18 +269,27 @@ FormWindow *frmMain::ActiveChild() const
     return active ? qobject_cast<FormWindow *>(active->widget()) : nullptr;
 }
 
+void frmMain::listActiveWindows()
+{
+    lstActiveWindows.clear();
+    for (const QMdiSubWindow *child : childrenByActivation())
+        lstActiveWindows.append(child->windowTitle());
+}
+
+QList<QMdiSubWindow *> frmMain::childrenByActivation() const
+{
+    QList<QMdiSubWindow *> shown = ui->mdiArea->subWindowList(QMdiArea::ActivationHistoryOrder);
+    shown.removeIf([](const QMdiSubWindow *child) { return child->isHidden(); });
+    return shown;
+}
+
 void frmMain::BackToPreviousChild()
 {
-    if (lstActiveWindows.size() < 2)
-        return;
-    const QString before = lstActiveWindows[lstActiveWindows.size() - 2];
-    const QList<QMdiSubWindow *> open = ui->mdiArea->subWindowList();
-    for (QMdiSubWindow *child : open) {
-        if (child->windowTitle() == before && child != ui->mdiArea->currentSubWindow()) {
-            ui->mdiArea->setActiveSubWindow(child);
-            return;
-        }
-    }
+    // Anew: a results window takes its caption some time after it was activated.
+    listActiveWindows();
+    const QList<QMdiSubWindow *> shown = childrenByActivation();
+    if (shown.size() >= 2)
+        ui->mdiArea->setActiveSubWindow(shown[shown.size() - 2]);
 }
 
 void frmMain::UpdateStatusBarText(int panel, const QString &text)
@@ -371,9 +374,10 @@ void frmMain::mnuCheckMsgs_Click()
 void frmMain::Cut()
 {
     Copy();
-    // Insertion by the program changes even what the user may only read.
+    // Insertion by the program changes even what the user may only read; and what could not be
+    // copied, as in a password box, must not be lost.
     if (auto *line = qobject_cast<QLineEdit *>(QApplication::focusWidget());
-        line && !line->isReadOnly())
+        line && !line->isReadOnly() && line->echoMode() == QLineEdit::Normal)
         line->insert(QString());
     else if (auto *text = qobject_cast<QPlainTextEdit *>(QApplication::focusWidget());
              text && !text->isReadOnly())

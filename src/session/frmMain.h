@@ -86,6 +86,8 @@ private:
     void Copy();
     void Paste();
     void BackToPreviousChild();
+    void listActiveWindows();
+    QList<QMdiSubWindow *> childrenByActivation() const;
 
     bool QueryUnload(UnloadMode mode);
     void TimerExit_Tick();

@@ -30,17 +30,25 @@ class NaiveBuffer
 {
 public:
     void Append(const QByteArray &added) { bytes += added; }
-    void Clear() { bytes.clear(); }
+    void Clear()
+    {
+        bytes.clear();
+        afterEmpty = '\0';
+    }
     std::optional<QByteArray> Extract(char delimiter)
     {
-        const qsizetype first = bytes.indexOf(delimiter);
-        const qsizetype second = first < 0 ? -1 : bytes.indexOf(delimiter, first + 1);
+        const bool opened =
+            afterEmpty == delimiter && !bytes.isEmpty() && bytes.front() != delimiter;
+        const qsizetype first = opened ? -1 : bytes.indexOf(delimiter);
+        const qsizetype second = !opened && first < 0 ? -1 : bytes.indexOf(delimiter, first + 1);
         if (second < 0)
             return std::nullopt;
         const QByteArray token = bytes.mid(first + 1, second - first - 1);
         bytes.remove(0, second + 1);
+        afterEmpty = token.isEmpty() ? delimiter : '\0';
         return token;
     }
+    char afterEmpty = '\0';
     QByteArray bytes;
 };
 

@@ -153,10 +153,11 @@ void tst_Comm::emptyTokensAreConsumedAndNotDelivered_data()
     QTest::addColumn<QByteArray>("chunk");
     QTest::addColumn<QString>("token");
     QTest::addColumn<QByteArray>("rest");
+    QTest::newRow("sharing its bar with a token") << QByteArray("||X~|") << u"X~"_s << QByteArray();
     QTest::newRow("one before a token") << QByteArray("|||X~|") << u"X~"_s << QByteArray();
     QTest::newRow("three before a token") << QByteArray("|||||||X~|") << u"X~"_s << QByteArray();
     QTest::newRow("one behind a token") << QByteArray("|X~|||") << u"X~"_s << QByteArray("||");
-    QTest::newRow("junk between") << QByteArray("a||b|X~|") << u"X~"_s << QByteArray();
+    QTest::newRow("junk before") << QByteArray("a||b|X~|") << u"b"_s << QByteArray("X~|");
 }
 
 void tst_Comm::emptyTokensAreConsumedAndNotDelivered()

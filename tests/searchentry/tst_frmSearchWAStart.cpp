@@ -64,6 +64,7 @@ private Q_SLOTS:
     void nothingIsSentByTheForm();
     void stopRequestsOfTheSessionAreForgotten();
     void entriesAreFoldedBeforeTheyAreChecked();
+    void theAccountingCodeIsHandedOver_data();
     void theAccountingCodeIsHandedOver();
     void disclaimerIsAskedOnceInASession();
     void declinedDisclaimerEndsTheClickAndAsksAgain();
@@ -436,13 +437,29 @@ void tst_frmSearchWAStart::entriesAreFoldedBeforeTheyAreChecked()
     QCOMPARE(box(3)->text(), u" jr "_s);
 }
 
+void tst_frmSearchWAStart::theAccountingCodeIsHandedOver_data()
+{
+    QTest::addColumn<QString>("enabled");
+    QTest::addColumn<bool>("compulsory");
+    QTest::addColumn<QString>("code");
+    QTest::newRow("nobody wants one") << u"0"_s << false << QString();
+    QTest::newRow("any other text is no") << u"yes"_s << false << QString();
+    QTest::newRow("the user wants one") << u"1"_s << false << u"ABC"_s;
+    QTest::newRow("the server wants one") << u"0"_s << true << u"ABC"_s;
+}
+
 void tst_frmSearchWAStart::theAccountingCodeIsHandedOver()
 {
+    QFETCH(QString, enabled);
+    QFETCH(bool, compulsory);
+    QFETCH(QString, code);
+    SaveOptionStr(u"Accounting"_s, u"EnableAcctg"_s, enabled);
+    Global.bClientAcctgOpt = compulsory;
     Global.ClientAcctgCode = u"  abc "_s;
     fill({u"Smith"_s}, {u"King"_s}, {u"Civil"_s});
     const frmNameSearchResults *window = start();
     QVERIFY(window);
-    QCOMPARE(window->ClientAcctgCode, u"ABC"_s);
+    QCOMPARE(window->ClientAcctgCode, code);
     QVERIFY(!window->lboxQueue.List(0).contains(u"CAC"));
 }
 
