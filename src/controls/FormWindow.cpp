@@ -1,6 +1,7 @@
 #include "controls/FormWindow.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QPointer>
@@ -22,7 +23,10 @@ QAbstractButton *buttonOfMnemonic(const QWidget *window, const QKeyEvent *key)
 }
 } // namespace
 
-FormWindow::FormWindow(QWidget *parent, Qt::WindowFlags flags) : QWidget(parent, flags) {}
+FormWindow::FormWindow(QWidget *parent, Qt::WindowFlags flags) : QWidget(parent, flags)
+{
+    qApp->installEventFilter(this);
+}
 
 bool FormWindow::Unload(UnloadMode mode)
 {
@@ -56,17 +60,20 @@ void FormWindow::closeEvent(QCloseEvent *event)
     event->setAccepted(Unload(UnloadMode::ControlMenu));
 }
 
-bool FormWindow::event(QEvent *event)
+bool FormWindow::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress) {
-        if (QAbstractButton *button = buttonOfMnemonic(this, static_cast<QKeyEvent *>(event))) {
-            event->accept();
-            if (event->type() == QEvent::KeyPress)
-                button->click();
-            return true;
+        const auto *widget = qobject_cast<QWidget *>(watched);
+        if (widget && (widget == this || isAncestorOf(widget))) {
+            if (QAbstractButton *button = buttonOfMnemonic(this, static_cast<QKeyEvent *>(event))) {
+                event->accept();
+                if (event->type() == QEvent::KeyPress)
+                    button->click();
+                return true;
+            }
         }
     }
-    return QWidget::event(event);
+    return QWidget::eventFilter(watched, event);
 }
 
 void FormWindow::endRun()

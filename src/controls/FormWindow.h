@@ -54,8 +54,9 @@ protected:
 
     void closeEvent(QCloseEvent *event) override;
     /// A mnemonic of the window's own buttons goes before a menu with the same letter, which the
-    /// platform would call ambiguous and give to neither.
-    bool event(QEvent *event) override;
+    /// platform would call ambiguous and give to neither. Seen before the widget with the focus
+    /// sees it, since an entry field would take the letter.
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void endRun();

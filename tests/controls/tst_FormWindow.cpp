@@ -1,6 +1,10 @@
 #include "controls/FormWindow.h"
 
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMenuBar>
 #include <QPointer>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -40,6 +44,7 @@ class tst_FormWindow : public QObject
     Q_OBJECT
 private Q_SLOTS:
     void unloadTakesTheWindowAwayForGood();
+    void aMnemonicClicksTheWindowsOwnButton();
     void unloadTellsItsMode_data();
     void unloadTellsItsMode();
     void closingAsksAsTheControlMenu();
@@ -54,6 +59,28 @@ private Q_SLOTS:
     void unloadedTellsWhenTheWindowIsHiddenAlready();
     void plainFormAllowsEverything();
 };
+
+void tst_FormWindow::aMnemonicClicksTheWindowsOwnButton()
+{
+    // As in the main window: a menu above the form has the same letter.
+    QMainWindow main;
+    main.menuBar()->addMenu(QStringLiteral("&Search"));
+    auto *form = new Form;
+    auto *button = new QPushButton(QStringLiteral("Start &Search"), form);
+    auto *box = new QLineEdit(form);
+    main.setCentralWidget(form);
+    main.show();
+    box->setFocus();
+    const QSignalSpy clicks(button, &QPushButton::clicked);
+    QTest::keyClick(box, Qt::Key_S, Qt::AltModifier);
+    QCOMPARE(clicks.size(), 1);
+    QCOMPARE(box->text(), QString());
+    QTest::keyClick(box, Qt::Key_S);
+    QCOMPARE(clicks.size(), 1);
+    button->setEnabled(false);
+    QTest::keyClick(box, Qt::Key_S, Qt::AltModifier);
+    QCOMPARE(clicks.size(), 1);
+}
 
 void tst_FormWindow::unloadTakesTheWindowAwayForGood()
 {

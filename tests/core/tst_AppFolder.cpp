@@ -67,6 +67,7 @@ private Q_SLOTS:
     void aFileThatIsThereIsNeverOverwritten();
     void aFileThatCannotBeCopiedIsLogged();
     void copyingFromNowhereCopiesNothing();
+    void noInstalledDataIsNotTheCurrentFolder();
     void fileContent();
     void fileContentOfWhatCannotBeRead();
     void replacingAFolderIsRefused();
@@ -229,6 +230,21 @@ void tst_AppFolder::copyingFromNowhereCopiesNothing()
     const TestFolder folder;
     QCOMPARE(CopyMissingDataFiles(folder.Path(u"none"_s)), 0);
     QCOMPARE(folder.Log(), QStringList());
+}
+
+void tst_AppFolder::noInstalledDataIsNotTheCurrentFolder()
+{
+    const TestFolder folder;
+    const QTemporaryDir here;
+    QFile stray(here.filePath(u"stray.txt"_s));
+    QVERIFY(stray.open(QIODevice::WriteOnly));
+    stray.close();
+    const QString before = QDir::currentPath();
+    QVERIFY(QDir::setCurrent(here.path()));
+    const int copied = CopyMissingDataFiles({});
+    QVERIFY(QDir::setCurrent(before));
+    QCOMPARE(copied, 0);
+    QVERIFY(!QFileInfo::exists(folder.Path(u"stray.txt"_s)));
 }
 
 void tst_AppFolder::fileContent()

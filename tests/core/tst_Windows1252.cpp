@@ -10,6 +10,7 @@ class tst_Windows1252 : public QObject
     Q_OBJECT
 private Q_SLOTS:
     void all256BytesRoundTrip();
+    void upperCaseStaysInTheCodePage();
     void all256BytesAreDifferentCharacters();
     void characters_data();
     void characters();
@@ -18,6 +19,13 @@ private Q_SLOTS:
     void plainTextIsTheSame();
     void emptyStaysEmpty();
 };
+
+void tst_Windows1252::upperCaseStaysInTheCodePage()
+{
+    QCOMPARE(FoldToUpper(QStringLiteral("smith-o'neil \u00E9\u0161\u00FF")),
+             QStringLiteral("SMITH-O'NEIL \u00C9\u0160\u0178"));
+    QCOMPARE(FoldToUpper(QStringLiteral("\u00DF\u00B5")), QStringLiteral("\u00DF\u00B5"));
+}
 
 void tst_Windows1252::all256BytesRoundTrip()
 {

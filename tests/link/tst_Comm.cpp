@@ -44,6 +44,7 @@ private Q_SLOTS:
     void cleanup();
 
     void aWaitingTokenIsGivenWithoutAYield();
+    void aReplyBelongsToTheConnectionItBeganWith();
     void twoTokensInOneChunkAreTwoAnswers();
     void aPartialTokenIsCompletedByTheRest();
     void emptyTokensAreConsumedAndNotDelivered_data();
@@ -120,6 +121,19 @@ void tst_Comm::when(double seconds, const std::function<void()> &act)
         act();
     });
     timer->start(1);
+}
+
+void tst_Comm::aReplyBelongsToTheConnectionItBeganWith()
+{
+    // The user disconnects and connects again inside the wait: the new reply is not for the old
+    // one.
+    when(5.0, [] {
+        frmWinsock::Unload();
+        frmWinsock::Form();
+        FakeSocket::Last()->Arrive("|NEW~|");
+    });
+    QCOMPARE(ReadResponse().Status, ReadStatus::TimedOutOrLost);
+    QCOMPARE(Global.strRecvBuffer.View().toByteArray(), QByteArray("|NEW~|"));
 }
 
 void tst_Comm::aWaitingTokenIsGivenWithoutAYield()
