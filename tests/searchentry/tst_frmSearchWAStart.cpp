@@ -402,7 +402,8 @@ void tst_frmSearchWAStart::twoSearchesStandInTheQueue()
     fill({u"Smith"_s}, {u"King"_s}, {u"Civil"_s});
     const frmNameSearchResults *first = start();
     const frmNameSearchResults *second = start();
-    QVERIFY(first && second);
+    if (!first || !second)
+        QFAIL("a search did not start");
     QVERIFY(first->txtMasterKey != second->txtMasterKey);
     QCOMPARE(frmQueue::Form().FIFO.Lines(),
              (QStringList{first->txtMasterKey, second->txtMasterKey}));
