@@ -1,181 +1,318 @@
-// From the Start Search button to a results window that waits for its turn.
+// From the Start Search button to a window that waits for its turn.
 
+#include "casedetails/frmCaseDetails.h"
+#include "casedetails/frmCivilCaseDetails.h"
+#include "casedetails/frmNCCaseDetails.h"
 #include "controls/MsgBox.h"
+#include "core/Clock.h"
+#include "core/EventLoop.h"
 #include "core/GlobalState.h"
 #include "core/Log.h"
-#include "core/Options.h"
 #include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
-#include "core/Windows1252.h"
 #include "courts/Counties.h"
 #include "jobs/TurnTaking.h"
+#include "namesearch/frmDiscisNCNameResults.h"
+#include "namesearch/frmDiscisNameResults.h"
 #include "namesearch/frmNameSearchResults.h"
-#include "searchentry/frmSearchWA.h"
-#include "session/frmLogin.h"
+#include "searchentry/BankruptcyRequests.h"
+#include "searchentry/DiscisRequests.h"
+#include "searchentry/NameRequests.h"
+#include "searchentry/NumberRequests.h"
+#include "searchentry/RecentEntries.h"
+#include "searchentry/SearchDispatch.h"
+#include "searchentry/SearchTitles.h"
 #include "session/frmMain.h"
-#include "ui_frmSearchWA.h"
 
 #include <QPointer>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr size_t foldedBoxes = 3;
-constexpr qint16 statewideScope = 3;
-
-/// The code that this search carries: only where the user or the server wants one at all.
-QString accountingCode()
+/// A new window on its way to the screen. Unless it is launched, it is unloaded again, and its key
+/// does not stay in the queue, where it would hold up every job behind it.
+template<typename Window>
+class NewWindow
 {
-    const bool wanted = GetOptionStr(u"Accounting"_s, u"EnableAcctg"_s) == u"1";
-    return wanted || Global.bClientAcctgOpt ? TrimBlanks(Global.ClientAcctgCode).toUpper()
-                                            : QString();
+public:
+    explicit NewWindow(Window *form) : window(form)
+    {
+        // It waits for its turn from the moment it is shown, not while it is being filled.
+        window->Timer1->stop();
+    }
+    ~NewWindow()
+    {
+        if (!window || launched)
+            return;
+        if (!window->txtMasterKey.isEmpty())
+            WithdrawKey(window->txtMasterKey);
+        window->Unload();
+    }
+    NewWindow(const NewWindow &) = delete;
+    NewWindow &operator=(const NewWindow &) = delete;
+
+    Window *operator->() const { return window; }
+    Window &operator*() const { return *window; }
+
+    void GiveKey()
+    {
+        window->txtMasterKey = MakeMasterKey();
+        EnqueueKey(window->txtMasterKey);
+    }
+
+    void Launch()
+    {
+        launched = true;
+        Global.bStopRequested = false;
+        window->Timer1->start();
+        if (frmMain *main = frmMain::Form())
+            main->ShowChild(window);
+        else
+            window->show();
+    }
+
+private:
+    QPointer<Window> window;
+    bool launched = false;
+};
+
+RequestContext contextOf(const SearchEntry &entry)
+{
+    RequestContext context;
+    if (entry.Court == CourtFamily::Superior && entry.Where == SearchScope::Statewide) {
+        GetCountyCount(u"WA"_s);
+        context.StateCounties = WaCountyList();
+    }
+    context.PageSize = Global.CasesPerPage;
+    context.ThisYear = Clock::Current().Now().date().year();
+    context.Turn = Yield;
+    return context;
 }
 
-void showResults(frmNameSearchResults *form)
+void fillLines(ListBox &list, const QStringList &lines)
 {
-    if (frmMain *main = frmMain::Form())
-        main->ShowChild(form);
-    else
-        form->show();
+    for (const QString &line : lines)
+        list.AddItem(line);
 }
+
+/// What was searched for goes on top of its list, unless it stands there already.
+void rememberEntry(const SearchEntry &entry)
+{
+    const QString type = RecentEntryType(entry);
+    const QString text = RecentEntryText(entry);
+    if (!IsInMruList(LoadMruLists().Of(type), text))
+        AddToMruList(type, text);
+}
+
+DispatchResult nameSearch(const SearchEntry &entry, const QString &code)
+{
+    // Before the window: reading the counties may show a box.
+    const RequestContext context = contextOf(entry);
+    const NameResultsFields fields = NameResultsFieldsOf(entry);
+    NewWindow form(new frmNameSearchResults(fields.lblState, fields.chkIndexSearch));
+    form->ClientAcctgCode = code;
+    if (!LoadNameSearchRequests(*form, entry, context)) {
+        form->lbl911 = u"T"_s;
+        return DispatchResult::NoRequests;
+    }
+    form.GiveKey();
+    form->SetTxtCountyList(fields.txtCountyList);
+    rememberEntry(entry);
+    form.Launch();
+    return DispatchResult::Waiting;
+}
+
+template<typename Window>
+DispatchResult discisNameSearch(const SearchEntry &entry, const QString &code)
+{
+    if (entry.Where == SearchScope::DiscisNonCivil)
+        Global.DiscisDndSearch = IsDndSearch(entry);
+    NewWindow form(new Window);
+    form->ClientAcctgCode = code;
+    if (!LoadDiscisNameRequests(*form, entry))
+        return DispatchResult::Failed;
+    form.GiveKey();
+    rememberEntry(entry);
+    form.Launch();
+    return DispatchResult::Waiting;
+}
+
+template<typename Window>
+DispatchResult discisNumberSearch(const SearchEntry &entry, const QString &code)
+{
+    NewWindow form(new Window);
+    form->ClientAcctgCode = code;
+    if (!LoadDiscisCaseNumberFields(*form, entry))
+        return DispatchResult::Failed;
+    form.GiveKey();
+    rememberEntry(entry);
+    form.Launch();
+    return DispatchResult::Waiting;
+}
+
+DispatchResult numberSearch(const SearchEntry &entry, const QString &code)
+{
+    NewWindow form(new frmCaseDetails);
+    form->ClientAcctgCode = code;
+    if (!DoCaseNumberSearch(*form, entry))
+        return DispatchResult::Failed;
+    form.GiveKey();
+    rememberEntry(entry);
+    form.Launch();
+    return DispatchResult::Waiting;
+}
+
+frmNameSearchResults *newBankruptcyResults(const QString &state)
+{
+    Global.BkFormLoading = true;
+    auto *form = new frmNameSearchResults(state, false, true);
+    Global.BkFormLoading = false;
+    return form;
+}
+
+DispatchResult bankruptcyResults(const SearchEntry &entry, int court, const QString &code)
+{
+    const BkResultsFields fields = BkResultsFieldsOf(entry, court);
+    NewWindow form(newBankruptcyResults(fields.lblState));
+    form->chkBK = true;
+    if (!fields.lblName.isEmpty())
+        form->SetLabelName(fields.lblName);
+    form->SetTxtCountyList(fields.txtCountyList);
+    form->SetCaseTypeVals(fields.lblCaseTypeVals);
+    form->SetNameVal(fields.lblNameVal);
+    form->ClientAcctgCode = code;
+    if (!LoadBkSearchParams(form->lboxQueue, entry, court)) {
+        form->lbl911 = u"T"_s;
+        return DispatchResult::NoRequests;
+    }
+    form.GiveKey();
+    rememberEntry(entry);
+    form.Launch();
+    return DispatchResult::Waiting;
+}
+
+DispatchResult bankruptcyCase(const SearchEntry &entry, int court, const QString &code)
+{
+    NewWindow form(new frmCaseDetails);
+    FillCaseWindow(*form, BkNumberFields(entry, court));
+    form->ClientAcctgCode = code;
+    if (!LoadBkSearchParams(form->lboxTabReqQueue, entry, court))
+        return DispatchResult::NoRequests;
+    form.GiveKey();
+    rememberEntry(entry);
+    form.Launch();
+    return DispatchResult::Waiting;
+}
+
+DispatchResult bankruptcySearch(const SearchEntry &entry, const QString &code)
+{
+    DispatchResult result = DispatchResult::Nothing;
+    for (int court = 0; court < bkCourtCount; ++court) {
+        if (!entry.BkCourts.at(static_cast<size_t>(court)))
+            continue;
+        result = entry.Kind == SearchKind::Number ? bankruptcyCase(entry, court, code)
+                                                  : bankruptcyResults(entry, court, code);
+        if (result != DispatchResult::Waiting)
+            break;
+    }
+    return result;
+}
+
+bool isNumber(const SearchEntry &entry)
+{
+    return entry.Kind == SearchKind::Number;
+}
+
+DispatchResult countySearch(const SearchEntry &entry, const QString &code)
+{
+    return isNumber(entry) ? numberSearch(entry, code) : nameSearch(entry, code);
+}
+
+DispatchResult discisSearch(const SearchEntry &entry, const QString &code)
+{
+    const bool civil = entry.Where == SearchScope::DiscisCivil;
+    if (isNumber(entry))
+        return civil ? discisNumberSearch<frmCivilCaseDetails>(entry, code)
+                     : discisNumberSearch<frmNCCaseDetails>(entry, code);
+    return civil ? discisNameSearch<frmDiscisNameResults>(entry, code)
+                 : discisNameSearch<frmDiscisNCNameResults>(entry, code);
+}
+
+/// Who builds the search of a court family.
+struct DispatchRow
+{
+    CourtFamily court;
+    DispatchResult (*start)(const SearchEntry &entry, const QString &code);
+};
+constexpr std::array<DispatchRow, 5> dispatchRows{{
+    {CourtFamily::Superior, countySearch},
+    {CourtFamily::Discis, discisSearch},
+    {CourtFamily::Oregon, countySearch},
+    {CourtFamily::Idaho, countySearch},
+    {CourtFamily::Bankruptcy, bankruptcySearch},
+}};
 } // namespace
 
-void frmSearchWA::cmdBeginSearch_Click()
+bool LoadNameSearchRequests(frmNameSearchResults &form, const SearchEntry &entry,
+                            const RequestContext &context)
 {
-    const RunScope scope(this);
-    FoldEntries();
-    if (!ValidateAllFormFields() || !DisclaimerAccepted() || !LoggedIn() || IsUnloaded())
-        return;
-    DispatchNameSearch();
+    const NameResultsFields fields = NameResultsFieldsOf(entry);
+    form.chkIndexSearch = fields.chkIndexSearch;
+    form.ORchkboxJGMcasetype = fields.ORchkboxJGMcasetype;
+    form.OrStatewide = fields.OrStatewide;
+    form.IdStatewide = fields.IdStatewide;
+    fillLines(form.lboxQueue, NameRequests(entry, context));
+    return entry.Court == CourtFamily::Superior || form.lboxQueue.ListCount() > 0;
 }
 
-void frmSearchWA::FoldEntries()
+bool LoadBkSearchParams(ListBox &list, const SearchEntry &entry, int courtIndex)
 {
-    for (size_t i = 0; i < foldedBoxes; ++i)
-        txtSearchName[i]->setText(FoldToUpper(TrimBlanks(txtSearchName[i]->text())));
+    list.Clear();
+    const std::optional<QString> line =
+        BkRequest(entry, courtIndex, Clock::Current().Now().date().year());
+    if (line)
+        list.AddItem(*line);
+    return line.has_value();
 }
 
-FormEntries frmSearchWA::Entries() const
+void FillCaseWindow(frmCaseDetails &form, const CaseFields &fields)
 {
-    FormEntries entries;
-    entries.Business = Global.strCurrentSearchType == u"Business Name";
-    for (size_t i = 0; i < txtSearchName.size(); ++i)
-        entries.Names[i] = txtSearchName[i]->text();
-    entries.ByCounty = Global.intSearchWhere < statewideScope;
-    entries.Counties = ui->lboxCountyOrProfile->Selected();
-    entries.CaseTypes = ui->lboxCaseTypes->Selected();
-    return entries;
+    form.lblState = fields.lblState;
+    form.SetCaseDetailsHdr(fields.lblCaseDetailsHdr);
+    if (!fields.Caption.isEmpty())
+        form.setWindowTitle(fields.Caption);
+    form.txtCountyName = fields.txtCountyName;
+    if (!fields.lblCourtName.isEmpty())
+        form.SetCourtName(fields.lblCourtName);
+    form.lblOrCourtType = fields.lblOrCourtType;
+    form.txtCaseNumber = fields.txtCaseNumber;
+    form.tboxCaseNumberQueue = fields.tboxCaseNumberQueue;
+    form.chkBK = fields.chkBK;
 }
 
-NameSearchEntry frmSearchWA::NameEntry() const
+bool DoCaseNumberSearch(frmCaseDetails &form, const SearchEntry &entry)
 {
-    NameSearchEntry entry;
-    entry.LastOrBusinessName = txtSearchName[0]->text();
-    entry.FirstName = txtSearchName[1]->text();
-    entry.MiddleInitial = txtSearchName[2]->text();
-    entry.Statewide = Global.intSearchWhere == statewideScope;
-    if (entry.Statewide) {
-        GetCountyCount(u"WA"_s);
-        entry.Counties = WaCountyList();
-    } else {
-        entry.Counties = ui->lboxCountyOrProfile->Selected();
-    }
-    entry.CaseTypes = ui->lboxCaseTypes->Selected();
-    entry.YearRange = ui->optSearchYears_1->isChecked();
-    entry.FromYear = ui->cboxSearchStartYear->currentText();
-    entry.ToYear = ui->cboxSearchEndYear->currentText();
-    return entry;
-}
-
-bool frmSearchWA::ValidateAllFormFields()
-{
-    const FieldRule *broken = FirstBrokenRule(Entries());
-    if (!broken)
-        return true;
-    Q_EMIT SearchEvents::Of().FieldErrorRaised(broken->what.toString(), broken->why.toString(),
-                                               broken->action.toString());
-    return false;
-}
-
-bool frmSearchWA::DisplayWaCourtDisclaimer()
-{
-    const MsgAnswer answer =
-        MsgBox(this,
-               u"Neither the court nor clerk makes any representation as to the accuracy and "_s
-                   + u"completeness of the Washington Court data except for court purposes. "_s
-                   + u"\r\n\r\nDo you want to continue?"_s,
-               u"Washington State Courts"_s, MsgButtons::YesNo, MsgIcon::Exclamation);
-    if (answer != MsgAnswer::Yes)
-        return false;
-    Global.WaDisclaimerAccepted = true;
-    return true;
-}
-
-bool frmSearchWA::DisclaimerAccepted()
-{
-    if (!Global.bShowAlerts) {
-        Global.WaDisclaimerAccepted = true;
-        Global.OrDisclaimerAccepted = true;
-        return true;
-    }
-    return Global.WaDisclaimerAccepted || DisplayWaCourtDisclaimer();
-}
-
-bool frmSearchWA::LoggedIn()
-{
-    if (Global.bLoggedIn)
-        return true;
-    const MsgAnswer answer =
-        MsgBox(this,
-               u"This Search Cannot be Started!\r\n\r\nThis is because you are not currently "
-               "Logged-In to the Halvane Server.\r\n\r\nDo you want to Login Now?"_s,
-               u"Cannot Perform Search! Not Logged In to Halvane"_s, MsgButtons::YesNo,
-               MsgIcon::Exclamation);
-    if (answer == MsgAnswer::Yes)
-        frmLogin::ShowForm(frmMain::Form());
-    return Global.bLoggedIn;
-}
-
-bool frmSearchWA::LoadNameSearchRequests(frmNameSearchResults &form, const NameSearchEntry &entry)
-{
-    form.chkIndexSearch = false;
-    for (const QString &line : SuperiorNameRequests(entry))
-        form.lboxQueue.AddItem(line);
-    return true;
-}
-
-void frmSearchWA::DispatchNameSearch()
-{
-    QPointer<frmNameSearchResults> form;
     try {
-        // Before the window: reading the entries may show a box, and the window's timers run at
-        // once.
-        const NameSearchEntry entry = NameEntry();
-        form = new frmNameSearchResults(u"WA"_s);
-        form->ClientAcctgCode = accountingCode();
-        if (!LoadNameSearchRequests(*form, entry))
-            throw RunTimeError(0, {});
-        form->txtMasterKey = MakeMasterKey();
-        EnqueueKey(form->txtMasterKey);
-        form->SetTxtCountyList(SuperiorJurisdictions(entry));
-        Global.bStopRequested = false;
-        showResults(form);
+        FillCaseWindow(form, NumberFields(entry));
+        return true;
     } catch (const RunTimeError &error) {
-        if (form) {
-            WithdrawKey(form->txtMasterKey);
-            form->lbl911 = u"T"_s;
-            form->Unload();
-        }
-        ReportRequestError(error.Description());
+        WriteAppInfo(u"Error Executing Case Number Search: DoCaseNumberSearch(): Error: "_s
+                     + error.Description());
+        return false;
     }
 }
 
-void frmSearchWA::ReportRequestError(const QString &description)
+void LaunchBatchCase(const CaseFields &fields, const QString &code, bool autoPrint)
 {
-    Global.BkFormLoading = false;
-    const QString text = u"An error was encountered while attempting to search Halvane! Please "
-                         "review the search criteria and retry the search."_s;
-    MsgBox(this, text + u"\r\n\r\nError Was: "_s + description, u"Halvane Search Request Error"_s,
-           MsgButtons::Ok, MsgIcon::Exclamation);
-    WriteAppInfo(text + u" Error Was: "_s + description);
+    NewWindow form(new frmCaseDetails);
+    form->chkAutoPrint = autoPrint;
+    FillCaseWindow(*form, fields);
+    form->ClientAcctgCode = code;
+    form.GiveKey();
+    form.Launch();
+}
+
+DispatchResult DispatchSearch(const SearchEntry &entry, const QString &code)
+{
+    return dispatchRows.at(static_cast<size_t>(entry.Court)).start(entry, code);
 }

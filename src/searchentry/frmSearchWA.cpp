@@ -1,10 +1,11 @@
 #include "searchentry/frmSearchWA.h"
 
-#include "core/Clock.h"
 #include "core/GlobalState.h"
+#include "core/Options.h"
 #include "courts/CaseTypes.h"
 #include "courts/Counties.h"
 #include "courts/DiscisCourts.h"
+#include "searchentry/frmAccounting.h"
 #include "session/frmMain.h"
 #include "ui_frmSearchWA.h"
 
@@ -16,56 +17,34 @@ using namespace Qt::StringLiterals;
 namespace {
 QPointer<frmSearchWA> loaded;
 
-constexpr int firstYear = 1970;
-
-/// What selecting a state sets, by the index of its button.
-struct StateRow
+/// What the buttons of optCourtSelection select. Only the first two are ever seen.
+struct CourtButtonRow
 {
-    QStringView state;
-    QStringView court;
-    QStringView caption;
-    QStringView statewide; ///< caption of the statewide button; empty leaves it
-    int jurisdiction;      ///< the row of lstJurisdictions for its first court
+    int index;
+    CourtFamily court;
+    QStringView caption; ///< of the form; empty is the family's own
 };
-constexpr std::array<StateRow, 4> stateRows{{
-    {u"OR", u"OR", u"Search Entry Form - OR. Circuit/District Court", u"State&wide (37 Counties)",
-     2},
-    {u"WA", u"WASUP", u"Search Entry Form - WA. Superior Courts", u"State&wide (39 Counties)", 0},
-    {u"FED", u"FED", u"Search Entry Form - Federal Bankruptcy Courts", u"", 4},
-    {u"ID", u"IDSUP", u"Search Entry Form - ID. District Courts", u"State&wide (44 Counties)", 2},
+constexpr std::array<CourtButtonRow, 4> courtButtons{{
+    {0, CourtFamily::Superior, u""},
+    {1, CourtFamily::Discis, u""},
+    {2, CourtFamily::Bankruptcy, u"Search Entry Form - Federal Bankruptcy Courts"},
+    {4, CourtFamily::Idaho, u"Search Entry Form - Idaho District Courts"},
 }};
 
-/// What a search type shows, by the index of its button.
-struct SearchTypeRow
+/// The row of the list of jurisdictions that a start selects. The next click on the form selects
+/// the row of the family itself.
+struct StartRow
 {
-    QStringView type;
-    QStringView step;
-    std::array<QStringView, 4> labels; ///< an empty label hides its box too
+    QStringView searchState;
+    int jurisdiction;
 };
-constexpr std::array<SearchTypeRow, 2> searchTypeRows{{
-    {u"Individual Name",
-     u" STEP 3:   Enter Name",
-     {u"Last Name:", u"First Name:", u"M.I.:", u"Suffix (Jr. etc.):"}},
-    {u"Business Name", u" STEP 3:   Enter Business Name", {u"Business Name:", u"", u"", u""}},
-}};
+constexpr std::array<StartRow, 4> startRows{{{u"WA", 0}, {u"OR", 2}, {u"ID", 2}, {u"FED", 4}}};
 
-/// What a scope shows, by the index of its button.
-struct SearchWhereRow
-{
-    qint16 where;
-    QStringView label;
-};
-constexpr std::array<SearchWhereRow, 3> searchWhereRows{{
-    {1, u"Select County (multiple selections allowed):"},
-    {2, u"Select the Template to use by Double-Clicking:"},
-    {3, u"Select County (Statewide Selected):"},
-}};
-
-template<typename Button, size_t count>
-void findArray(const QWidget *form, const QString &name, std::array<Button *, count> &buttons)
+template<typename Widget, size_t count>
+void findArray(const QWidget *form, const QString &name, std::array<Widget *, count> &widgets)
 {
     for (size_t i = 0; i < count; ++i)
-        buttons[i] = form->findChild<Button *>(name + u'_' + QString::number(i));
+        widgets[i] = form->findChild<Widget *>(name + u'_' + QString::number(i));
 }
 } // namespace
 
@@ -80,45 +59,27 @@ frmSearchWA::frmSearchWA() : ui(std::make_unique<Ui::frmSearchWA>())
     ui->setupUi(this);
     findArray(this, u"txtSearchName"_s, txtSearchName);
     findArray(this, u"optState"_s, optState);
+    findArray(this, u"optCourtSelection"_s, optCourtSelection);
+    findArray(this, u"optOrCDcourts"_s, optOrCDcourts);
     findArray(this, u"optSearchType"_s, optSearchType);
     findArray(this, u"optSearchWhere"_s, optSearchWhere);
-    for (int i = 0; i < static_cast<int>(optState.size()); ++i)
-        connect(optState[static_cast<size_t>(i)], &QRadioButton::clicked, this, [this, i] {
-            // A second click on the chosen one changes nothing, and keeps the entries.
-            if (i != LastStateIndex)
-                optState_Click(i);
-        });
-    for (int i = 0; i < static_cast<int>(optSearchType.size()); ++i)
-        connect(optSearchType[static_cast<size_t>(i)], &QRadioButton::clicked, this, [this, i] {
-            if (i != searchTypeIndex)
-                optSearchType_Click(i);
-        });
-    for (int i = 0; i < static_cast<int>(optSearchWhere.size()); ++i)
-        connect(optSearchWhere[static_cast<size_t>(i)], &QRadioButton::clicked, this, [this, i] {
-            if (i != searchWhereIndex)
-                optSearchWhere_Click(i);
-        });
-    connect(ui->optCourtSelection_0, &QRadioButton::clicked, this,
-            [this] { optCourtSelection_Click(0); });
-    connect(ui->optSearchYears_0, &QRadioButton::toggled, this, &frmSearchWA::optSearchYears_Click);
-    connect(ui->cmdCheckAll, &QPushButton::clicked, this,
-            [this] { ui->lboxCountyOrProfile->SelectAll(true); });
-    connect(ui->cmdUnCheckAll, &QPushButton::clicked, this,
-            [this] { ui->lboxCountyOrProfile->SelectAll(false); });
-    connect(ui->cmdSelAll, &QPushButton::clicked, this,
-            [this] { ui->lboxCaseTypes->SelectAll(true); });
-    connect(ui->cmdClrAll, &QPushButton::clicked, this,
-            [this] { ui->lboxCaseTypes->SelectAll(false); });
-    connect(ui->cmdBeginSearch, &QPushButton::clicked, this, &frmSearchWA::cmdBeginSearch_Click);
-    connect(ui->cmdClearForm, &QPushButton::clicked, this, &frmSearchWA::cmdClearForm_Click);
-    connect(ui->cmdCancel, &QPushButton::clicked, this, [this] { Unload(); });
+    findArray(this, u"optDiscisSearch"_s, optDiscisSearch);
+    findArray(this, u"chkBKcourt"_s, chkBKcourt);
+    findArray(this, u"Text1"_s, Text1);
+    findArray(this, u"cbCty1"_s, cbCty1);
+    findArray(this, u"cmdBatchSearch"_s, cmdBatchSearch);
+    InitCountyRadioBtns();
+    LoadJurisdictionList();
+    Connect();
+    ConnectChoices();
 
+    LoadAppOptions();
     LoadWaCaseTypes();
     LoadDiscisCourts();
-    LoadJurisdictionList();
-    optState_Click(LastStateIndex);
-    optState[static_cast<size_t>(LastStateIndex)]->setChecked(true);
-    ResetFormFields();
+    LoadSearchYears();
+    GoTo(state);
+    optSearchType_Click(0);
+    LoadCountyLists();
     SelectState(Global.strDefaultView);
 }
 
@@ -168,13 +129,16 @@ void frmSearchWA::Unloading()
 
 void frmSearchWA::FocusFirstName()
 {
-    txtSearchName[0]->setFocus();
-    txtSearchName[0]->selectAll();
+    QLineEdit *first = state.Batch ? Text1[0] : txtSearchName[0];
+    first->setFocus();
+    first->selectAll();
 }
 
 void frmSearchWA::showEvent(QShowEvent *event)
 {
     FormWindow::showEvent(event);
+    ui->cmdEditAcctID->setEnabled(Global.bEnableAcctg || Global.bClientAcctgOpt);
+    ShowMRU();
     FocusFirstName();
 }
 
@@ -188,116 +152,367 @@ void frmSearchWA::keyPressEvent(QKeyEvent *event)
         FormWindow::keyPressEvent(event);
 }
 
-void frmSearchWA::LoadCaseTypes(const QString &court)
+void frmSearchWA::Connect()
 {
-    ui->lboxCaseTypes->SetItems(CaseTypesOf(court));
-}
-
-void frmSearchWA::LoadJurisdictionList()
-{
-    // The row of an item is the number of its court family.
-    ui->lstJurisdictions->addItems(
-        {u"Washington State Superior Court"_s, u"Washington State District/Municipal Courts"_s,
-         u"Oregon State Circuit/District Courts"_s, u"Idaho State District Courts"_s,
-         u"U.S. Courts - Federal Bankruptcy Courts"_s});
-    ui->lstJurisdictions->setCurrentRow(0);
-}
-
-void frmSearchWA::LoadSearchYears()
-{
-    const int thisYear = Clock::Current().Now().date().year();
-    QStringList years;
-    for (int year = firstYear; year <= thisYear; ++year)
-        years.append(QString::number(year));
-    for (QComboBox *box : {ui->cboxSearchStartYear, ui->cboxSearchEndYear}) {
-        box->clear();
-        box->addItems(years);
+    const auto tickAll = [this](QPushButton *button, CheckListBox *list, bool tick) {
+        connect(button, &QPushButton::clicked, list, [list, tick] { list->SelectAll(tick); });
+    };
+    tickAll(ui->cmdCheckAll, ui->lboxCountyOrProfile, true);
+    tickAll(ui->cmdUnCheckAll, ui->lboxCountyOrProfile, false);
+    tickAll(ui->cmdSelAll, ui->lboxCaseTypes, true);
+    tickAll(ui->cmdClrAll, ui->lboxCaseTypes, false);
+    tickAll(ui->cmdSelectAllCourts, ui->lboxDiscisCourtNames, true);
+    connect(ui->cmdClearCourtList, &QPushButton::clicked, this, [this] {
+        ui->lboxDiscisCourtNames->SelectAll(false);
+        ui->lblCourtNameStats->setText(u"Courts Available: "_s
+                                       + QString::number(ui->lboxDiscisCourtNames->count())
+                                       + u"   Courts Selected: 0 (zero)"_s);
+    });
+    const auto checkCourts = [this](QPushButton *button, bool check) {
+        connect(button, &QPushButton::clicked, this, [this, check] {
+            for (QCheckBox *court : chkBKcourt)
+                court->setChecked(check);
+        });
+    };
+    checkCourts(ui->cmdSelBk_0, true);
+    checkCourts(ui->cmdSelBk_1, false);
+    connect(ui->cmdBeginSearch, &QPushButton::clicked, this, &frmSearchWA::cmdBeginSearch_Click);
+    connect(ui->cmdClearForm, &QPushButton::clicked, this, &frmSearchWA::cmdClearForm_Click);
+    connect(ui->cmdCancel, &QPushButton::clicked, this, [this] { Unload(); });
+    connect(ui->cmdEditAcctID, &QPushButton::clicked, this, &frmSearchWA::cmdEditAcctID_Click);
+    connect(&AccountingEvents::Of(), &AccountingEvents::OptionChanged, ui->cmdEditAcctID,
+            &QWidget::setEnabled);
+    for (size_t i = 0; i < cmdBatchSearch.size(); ++i)
+        connect(cmdBatchSearch[i], &QAbstractButton::clicked, this,
+                [this, i] { cmdBatchSearch_Click(static_cast<int>(i)); });
+    for (int topic = 0;; ++topic) {
+        auto *link = findChild<LinkLabel *>(u"lblHelp_"_s + QString::number(topic));
+        if (!link)
+            break;
+        connect(link, &LinkLabel::Clicked, this, [topic] {
+            Q_EMIT SearchEvents::Of().HelpWanted(static_cast<HelpTopic>(topic));
+        });
     }
-    ui->cboxSearchStartYear->setCurrentIndex(0);
-    ui->cboxSearchEndYear->setCurrentIndex(ui->cboxSearchEndYear->count() - 1);
-    ui->optSearchYears_0->setChecked(true);
-    optSearchYears_Click();
 }
 
-void frmSearchWA::optSearchYears_Click()
+void frmSearchWA::ConnectChoices()
 {
-    const bool range = ui->optSearchYears_1->isChecked();
-    for (QWidget *control : {static_cast<QWidget *>(ui->cboxSearchStartYear),
-                             static_cast<QWidget *>(ui->cboxSearchEndYear),
-                             static_cast<QWidget *>(ui->lblSearchStartYear),
-                             static_cast<QWidget *>(ui->lblSearchEndYear)})
-        control->setEnabled(range);
+    // A second click on the chosen one changes nothing, and keeps the entries.
+    const auto choose = [this](const auto &buttons, auto isChosen, auto click) {
+        for (size_t i = 0; i < buttons.size(); ++i) {
+            const int index = static_cast<int>(i);
+            connect(buttons[i], &QRadioButton::clicked, this, [this, index, isChosen, click] {
+                if (!isChosen(index))
+                    (this->*click)(index);
+            });
+        }
+    };
+    choose(optState, [this](int i) { return i == LastStateIndex; }, &frmSearchWA::optState_Click);
+    choose(
+        optCourtSelection, [this](int i) { return i == CourtRowOf(state.Court).courtIndex; },
+        &frmSearchWA::optCourtSelection_Click);
+    choose(optOrCDcourts, [](int) { return false; }, &frmSearchWA::optOrCDcourts_Click);
+    choose(
+        optSearchType, [this](int i) { return i == static_cast<int>(state.Kind); },
+        &frmSearchWA::optSearchType_Click);
+    // The template list comes back by a click on its button when a template has taken its place.
+    choose(
+        optSearchWhere,
+        [this](int i) { return i + 1 == static_cast<int>(state.Where) && !state.TemplateApplied; },
+        &frmSearchWA::optSearchWhere_Click);
+    choose(
+        optDiscisSearch,
+        [this](int i) { return (Global.intSearchWhere == static_cast<qint16>(SearchScope::DiscisCivil)) == (i == 0); },
+        &frmSearchWA::optDiscisSearch_Click);
+    connect(ui->optSearchYears_0, &QRadioButton::toggled, this, &frmSearchWA::optSearchYears_Click);
+    connect(ui->optSearchYears1_0, &QRadioButton::toggled, this,
+            &frmSearchWA::optSearchYears_Click);
+    connect(ui->lstJurisdictions, &QListWidget::currentRowChanged, this,
+            &frmSearchWA::lstJurisdictions_Click);
+    connect(ui->cboxCountyList, &QComboBox::currentIndexChanged, this,
+            &frmSearchWA::cboxCountyList_Click);
+    connect(ui->cboxLastBizOrCase, &QComboBox::activated, this,
+            &frmSearchWA::cboxLastBizOrCase_Click);
+    connect(ui->cboxCaseMRUs, &QComboBox::activated, this, &frmSearchWA::cboxCaseMRUs_Click);
+    connect(ui->lboxSearchProfiles, &QListWidget::itemDoubleClicked, this,
+            [this](QListWidgetItem *item) {
+                lboxSearchProfiles_DblClick(ui->lboxSearchProfiles->row(item));
+            });
+    connect(ui->lboxDiscisCourtNames, &QListWidget::itemChanged, this,
+            &frmSearchWA::ShowCourtStats);
+    connect(ui->lboxCountyOrProfile, &QListWidget::itemChanged, this,
+            &frmSearchWA::ShowChosenCounty);
+    connect(ui->chkBulkSearch, &QCheckBox::toggled, this, &frmSearchWA::chkBulkSearch_Click);
+    connect(ui->chkUseIndex, &QCheckBox::toggled, this, &frmSearchWA::chkUseIndex_Click);
 }
+
+// ---- where the user is, and what that shows ----
+
+/// Moves to a state of the form and shows it. Entries stay, lists that are the same stay.
+void frmSearchWA::GoTo(FormState next)
+{
+    next = Settled(next);
+    const bool indexWasOffered = Shows(FormPart::UseIndex);
+    const FormState before = std::exchange(state, next);
+    parts = ViewOf(state);
+    const CourtRow &court = CourtRowOf(state.Court);
+    Global.strSearchState = court.searchState.toString();
+    Global.strCurrentCourt = court.currentCourt.toString();
+    Global.strCurrentSearchType = KindRowOf(state.Kind).type.toString();
+    if (state.Court != CourtFamily::Discis)
+        Global.intSearchWhere = static_cast<qint16>(state.Where);
+    LastStateIndex = court.stateIndex;
+    ShowTexts();
+    ShowParts();
+    // Whether the index is used is a setting, until the user says otherwise for this search.
+    if (Shows(FormPart::UseIndex) != indexWasOffered)
+        ui->chkUseIndex->setChecked(Shows(FormPart::UseIndex) && Global.strDefaultToWaIndex == u"1");
+    if (before.Kind != state.Kind)
+        ShowMRU();
+    ReserveCharacters();
+}
+
+void frmSearchWA::ShowTexts()
+{
+    const CourtRow &court = CourtRowOf(state.Court);
+    const KindRow &kind = KindRowOf(state.Kind);
+    setWindowTitle(court.caption.toString());
+    ui->lblCurrentCourt->setText(court.courtLabel.toString());
+    ui->lblCurrentCourt->setVisible(!court.courtLabel.isEmpty());
+    if (!court.statewide.isEmpty())
+        optSearchWhere[2]->setText(court.statewide.toString());
+    ui->lblCaseNumEx->setText(court.numberExample.toString());
+    ui->Frame2->setTitle(kind.step.toString());
+    const std::array<QLabel *, 4> labels{ui->lblNameSearchLastName, ui->lblNameSearchFirstName,
+                                         ui->lblNameSearchMI, ui->lblNameSearchSuffix};
+    for (size_t i = 0; i < labels.size(); ++i) {
+        labels[i]->setText(kind.labels[i].toString());
+        labels[i]->setVisible(!kind.labels[i].isEmpty());
+        txtSearchName[i]->setVisible(!kind.labels[i].isEmpty());
+    }
+    optState[static_cast<size_t>(court.stateIndex)]->setChecked(true);
+    if (court.courtIndex >= 0)
+        optCourtSelection[static_cast<size_t>(court.courtIndex)]->setChecked(true);
+    optSearchType[static_cast<size_t>(state.Kind)]->setChecked(true);
+    optSearchWhere[static_cast<size_t>(state.Where) - 1]->setChecked(true);
+    const QSignalBlocker blocker(ui->lstJurisdictions);
+    ui->lstJurisdictions->setCurrentRow(static_cast<int>(state.Court));
+}
+
+void frmSearchWA::ShowParts()
+{
+    const std::array<std::pair<FormPart, QWidget *>, 14> simple{{
+        {FormPart::CourtSelection, ui->Frame14},
+        {FormPart::OrCDcourts, ui->frameOrCDcourts},
+        {FormPart::UseIndex, ui->chkUseIndex},
+        {FormPart::BatchEntry, ui->chkBulkSearch},
+        {FormPart::BankruptcyTypes, ui->optSearchType_3},
+        {FormPart::BankruptcyTypes, ui->optSearchType_4},
+        {FormPart::Name, ui->Frame2},
+        {FormPart::BankruptcyCourts, ui->frameBK1},
+        {FormPart::CaseTypes, ui->Frame4},
+        {FormPart::JudgmentsOnly, ui->optORjgmtsONLY},
+        {FormPart::Years, ui->Frame5},
+        {FormPart::BankruptcyYears, ui->frameBK2},
+        {FormPart::NumberExample, ui->lblCaseNumEx},
+        {FormPart::DiscisCaseType, ui->Frame8},
+    }};
+    // Hidden first: a form that shows the old and the new parts for a moment would grow.
+    for (const auto &[part, widget] : simple) {
+        if (!Shows(part))
+            widget->hide();
+    }
+    ShowOrHideFrame6();
+    ShowOrHideFrame11();
+    ShowOrHideFrame12();
+    ShowOrHideBatchCaseSearchFrame();
+    ShowOrHideDiscisFrames();
+    for (const auto &[part, widget] : simple) {
+        if (Shows(part))
+            widget->show();
+    }
+    const QSignalBlocker blocker(ui->chkBulkSearch);
+    ui->chkBulkSearch->setChecked(state.Batch);
+    if (!Shows(FormPart::JudgmentsOnly))
+        ui->optORjgmtsONLY->setChecked(false);
+}
+
+void frmSearchWA::ShowOrHideFrame6()
+{
+    ui->Frame6->setVisible(Shows(FormPart::CountyButtons));
+}
+
+void frmSearchWA::ShowOrHideFrame11()
+{
+    ui->Frame11->setVisible(Shows(FormPart::Jurisdictions));
+    ui->lboxCountyOrProfile->setVisible(Shows(FormPart::CountyList));
+    ui->lboxSearchProfiles->setVisible(Shows(FormPart::TemplateList));
+    const bool chooses = Shows(FormPart::CountyList) && state.Where != SearchScope::Statewide;
+    ui->lboxCountyOrProfile->setEnabled(chooses);
+    ui->cmdCheckAll->setEnabled(chooses);
+    ui->cmdUnCheckAll->setEnabled(chooses);
+    ui->lblCountyOrProfile->setText(
+        state.TemplateApplied
+            ? u"Template Loaded. Double-click 'Templates' for the Template List."_s
+            : ScopeRowOf(state.Where).label.toString());
+    ui->lblCountyOrProfile->setBuddy(
+        Shows(FormPart::TemplateList) ? static_cast<QWidget *>(ui->lboxSearchProfiles)
+                                      : static_cast<QWidget *>(ui->lboxCountyOrProfile));
+}
+
+void frmSearchWA::ShowOrHideFrame12()
+{
+    ui->Frame12->setVisible(Shows(FormPart::OneJurisdiction));
+}
+
+void frmSearchWA::ShowOrHideBatchCaseSearchFrame()
+{
+    ui->frameBulkSearch->setVisible(Shows(FormPart::Batch));
+}
+
+void frmSearchWA::ShowOrHideDiscisFrames()
+{
+    ui->Frame9->setVisible(Shows(FormPart::DiscisCourtList));
+}
+
+// ---- clicks ----
 
 void frmSearchWA::optState_Click(int index)
 {
-    const StateRow &row = stateRows.at(static_cast<size_t>(index));
-    Global.strSearchState = row.state.toString();
-    Global.strCurrentCourt = row.court.toString();
-    setWindowTitle(row.caption.toString());
-    if (!row.statewide.isEmpty())
-        optSearchWhere[2]->setText(row.statewide.toString());
-    LastStateIndex = index;
-    LoadCaseTypes(Global.strCurrentCourt);
-    optSearchWhere[0]->setChecked(true);
-    optSearchWhere_Click(0);
+    FormState next = state;
+    next.Court = FirstCourtOf(index);
+    SelectCourtState(next);
 }
 
 void frmSearchWA::optCourtSelection_Click(int index)
 {
-    if (index != 0)
+    for (const CourtButtonRow &row : courtButtons) {
+        if (row.index != index)
+            continue;
+        FormState next = state;
+        next.Court = row.court;
+        SelectCourtState(next);
+        if (!row.caption.isEmpty())
+            setWindowTitle(row.caption.toString());
+    }
+}
+
+/// Goes to another court: its own counties, case types and courts, all still to be chosen.
+void frmSearchWA::SelectCourtState(FormState next)
+{
+    next.Where = SearchScope::Counties;
+    next.Batch = false;
+    GoTo(next);
+    LoadCaseTypes(Global.strCurrentCourt);
+    LoadCountyLists();
+    if (state.Court == CourtFamily::Discis) {
+        optDiscisSearch[0]->setChecked(true);
+        optDiscisSearch_Click(0);
+    }
+}
+
+void frmSearchWA::SelectCourt(CourtFamily court)
+{
+    if (state.Court == court)
         return;
-    Global.strCurrentCourt = u"WASUP"_s;
-    setWindowTitle(u"Search Entry Form - WA. Superior Courts"_s);
-    ui->lblCurrentCourt->setText(u"[Current Court  -  WA Superior]"_s);
-    optSearchWhere[0]->setChecked(true);
-    optSearchWhere_Click(0);
+    FormState next = state;
+    next.Court = court;
+    SelectCourtState(next);
+}
+
+void frmSearchWA::optOrCDcourts_Click(int index)
+{
+    optOrCDcourts[static_cast<size_t>(index)]->setChecked(true);
+}
+
+void frmSearchWA::lstJurisdictions_Click(int row)
+{
+    if (row >= 0)
+        SelectCourt(static_cast<CourtFamily>(row));
 }
 
 void frmSearchWA::optSearchType_Click(int index)
 {
-    if (index >= static_cast<int>(searchTypeRows.size()))
-        return;
-    const SearchTypeRow &row = searchTypeRows[static_cast<size_t>(index)];
-    searchTypeIndex = index;
-    Global.strCurrentSearchType = row.type.toString();
-    ui->Frame2->setTitle(row.step.toString());
-    const std::array<QLabel *, 4> labels{ui->lblNameSearchLastName, ui->lblNameSearchFirstName,
-                                         ui->lblNameSearchMI, ui->lblNameSearchSuffix};
-    for (size_t i = 0; i < labels.size(); ++i) {
-        labels[i]->setText(row.labels[i].toString());
-        labels[i]->setVisible(!row.labels[i].isEmpty());
-        txtSearchName[i]->setVisible(!row.labels[i].isEmpty());
-        txtSearchName[i]->clear();
+    FormState next = state;
+    next.Kind = static_cast<SearchKind>(index);
+    next.Batch = false;
+    GoTo(next);
+    if (KindRowOf(state.Kind).empties) {
+        for (QLineEdit *box : txtSearchName)
+            box->clear();
+        LoadCaseTypes(Global.strCurrentCourt);
     }
-    LoadCaseTypes(Global.strCurrentCourt);
+    if (state.Court == CourtFamily::Discis)
+        LoadDiscisCountyList();
 }
 
 void frmSearchWA::optSearchWhere_Click(int index)
 {
-    const SearchWhereRow &row = searchWhereRows.at(static_cast<size_t>(index));
-    searchWhereIndex = index;
-    Global.intSearchWhere = row.where;
-    ui->lblCountyOrProfile->setText(row.label.toString());
-    const bool statewide = row.where == 3;
-    ui->lboxCountyOrProfile->SetItems(statewide ? QStringList{u"(Statewide)"_s} : WaCountyNames());
-    if (statewide)
-        ui->lboxCountyOrProfile->SelectAll(true);
-    ui->lboxCountyOrProfile->setEnabled(!statewide);
-    ui->cmdCheckAll->setEnabled(!statewide);
-    ui->cmdUnCheckAll->setEnabled(!statewide);
+    FormState next = state;
+    next.Where = static_cast<SearchScope>(index + 1);
+    next.TemplateApplied = false;
+    GoTo(next);
+    LoadCountyLists();
+    if (next.Where == SearchScope::Template)
+        LoadSearchProfileList();
+}
+
+void frmSearchWA::optDiscisSearch_Click(int index)
+{
+    Global.intSearchWhere = static_cast<qint16>(index == 0 ? SearchScope::DiscisCivil
+                                                           : SearchScope::DiscisNonCivil);
+    LoadDiscisCountyList();
+}
+
+void frmSearchWA::chkBulkSearch_Click()
+{
+    FormState next = state;
+    next.Batch = ui->chkBulkSearch->isChecked();
+    GoTo(next);
+    if (!state.Batch)
+        return;
+    ResetBatchFields();
+    Text1[0]->setFocus();
+}
+
+void frmSearchWA::chkUseIndex_Click()
+{
+    ReserveCharacters();
+}
+
+/// Lines of the index and of the bankruptcy courts are divided by "~", which no entry may hold
+/// then.
+void frmSearchWA::ReserveCharacters()
+{
+    const QString reserved =
+        state.Court == CourtFamily::Bankruptcy || ui->chkUseIndex->isChecked() ? u"~"_s : QString();
+    for (QLineEdit *line : txtSearchName) {
+        auto *box = static_cast<SearchTextBox *>(line);
+        box->SetReserved(reserved);
+        if (!reserved.isEmpty() && box->text().contains(reserved))
+            box->setText(box->text().remove(reserved));
+    }
+}
+
+void frmSearchWA::cmdEditAcctID_Click()
+{
+    const RunScope scope(this);
+    frmAccounting::ShowModal(this);
 }
 
 void frmSearchWA::ResetFormFields()
 {
-    optSearchType[0]->setChecked(true);
+    FormState next = state;
+    next.Kind = SearchKind::Person;
+    next.Where = SearchScope::Counties;
+    next.TemplateApplied = false;
+    next.Batch = false;
+    GoTo(next);
     optSearchType_Click(0);
-    for (QLineEdit *box : txtSearchName)
-        box->clear();
-    optSearchWhere[0]->setChecked(true);
-    optSearchWhere_Click(0);
-    LoadCaseTypes(Global.strCurrentCourt);
+    LoadCountyLists();
     LoadSearchYears();
+    for (QCheckBox *court : chkBKcourt)
+        court->setChecked(false);
 }
 
 void frmSearchWA::cmdClearForm_Click()
@@ -308,18 +523,28 @@ void frmSearchWA::cmdClearForm_Click()
 
 void frmSearchWA::SelectFirstCourt()
 {
-    ui->optCourtSelection_0->setChecked(true);
+    optCourtSelection[0]->setChecked(true);
     optCourtSelection_Click(0);
 }
 
-void frmSearchWA::SelectState(const QString &state)
+void frmSearchWA::SelectState(const QString &searchState)
 {
-    for (size_t i = 0; i < stateRows.size(); ++i) {
-        if (stateRows[i].state != state || !optState[i]->isEnabled())
+    for (const CourtRow &row : CourtRows()) {
+        if (row.searchState != searchState)
             continue;
-        optState[i]->setChecked(true);
-        ui->lstJurisdictions->setCurrentRow(stateRows[i].jurisdiction);
-        if (LastStateIndex != static_cast<int>(i))
-            optState_Click(static_cast<int>(i));
+        if (LastStateIndex != row.stateIndex)
+            optState_Click(row.stateIndex);
+        return;
+    }
+}
+
+void frmSearchWA::SelectStateAtStart(const QString &searchState)
+{
+    SelectState(searchState);
+    for (const StartRow &row : startRows) {
+        if (row.searchState != searchState)
+            continue;
+        const QSignalBlocker blocker(ui->lstJurisdictions);
+        ui->lstJurisdictions->setCurrentRow(row.jurisdiction);
     }
 }

@@ -1,35 +1,31 @@
 #pragma once
 
 #include "controls/FormWindow.h"
-#include "searchentry/FieldRules.h"
-#include "searchentry/NameRequests.h"
+#include "searchentry/FormStates.h"
+#include "searchentry/FormTalk.h"
+#include "searchentry/SearchEntry.h"
+#include "searchentry/SearchEvents.h"
+#include "searchentry/SearchLogRow.h"
 
 #include <array>
 #include <memory>
 
+class QAbstractButton;
+class QCheckBox;
+class QComboBox;
 class QLineEdit;
+class QListWidget;
 class QRadioButton;
-class frmNameSearchResults;
 
 namespace Ui {
 class frmSearchWA;
 }
 
-/// What the search form asks of the windows beside it.
-class SearchEvents : public QObject
-{
-    Q_OBJECT
-public:
-    static SearchEvents &Of();
-
-Q_SIGNALS:
-    /// An entry was refused: what is wrong, why, and what to do. Shown before the signal returns.
-    void FieldErrorRaised(const QString &what, const QString &why, const QString &action);
-};
-
 /// The one screen on which every search is entered. It never talks to the server: it makes the
-/// request lines, hands them to a results window, and gives that window a place in the turn queue.
-class frmSearchWA : public FormWindow
+/// request lines, hands them to a new window, and gives that window a place in the turn queue.
+///
+/// Every click moves `state` and then shows what FormStates tells for it.
+class frmSearchWA : public FormWindow, private FormTalk
 {
     Q_OBJECT
 public:
@@ -47,19 +43,35 @@ public:
     void LoadCaseTypes(const QString &court);
     void LoadSearchYears();
     void LoadJurisdictionList();
+    void LoadSearchProfileList();
     void ResetFormFields();
+    void InitCountyRadioBtns();
+    void InitMruList(const QString &searchType);
+    void ShowMRU();
 
     /// Selects name search on the first court of the state.
     void SelectFirstCourt();
-    /// Selects a state of strSearchState ("WA", "OR", "ID", "FED"); any other, and a state that
-    /// cannot be searched, leaves the form as it is.
-    void SelectState(const QString &state);
+    /// Selects a state of strSearchState ("WA", "OR", "ID", "FED"); any other text leaves the form
+    /// as it is.
+    void SelectState(const QString &searchState);
+    /// The same, and the row in the list of jurisdictions that a start selects.
+    void SelectStateAtStart(const QString &searchState);
+    /// Selects a court family, as a click on its buttons does.
+    void SelectCourt(CourtFamily court);
 
     bool ValidateAllFormFields();
+    bool ValidateBkFormFields();
+    bool ValidateBatchSearchFields();
     bool DisplayWaCourtDisclaimer();
+    bool DisplayOrCourtDisclaimer();
+    bool DisplayIdCourtDisclaimer();
 
-    /// Fills the window's request list. True when the list may be searched.
-    bool LoadNameSearchRequests(frmNameSearchResults &form, const NameSearchEntry &entry);
+    /// What stands on the form now.
+    SearchEntry Entry() const;
+
+    /// One row of the session's search log, "Pending ..": no search writes it by itself.
+    void AddRecordToSearchList();
+    const QList<SearchLogRow> &SearchList() const { return searchList; }
 
 protected:
     void Unloading() override;
@@ -69,29 +81,90 @@ protected:
 private:
     frmSearchWA();
 
+    // Clicks
     void optState_Click(int index);
     void optCourtSelection_Click(int index);
+    void optOrCDcourts_Click(int index);
     void optSearchType_Click(int index);
     void optSearchWhere_Click(int index);
+    void optDiscisSearch_Click(int index);
     void optSearchYears_Click();
+    void optCounties_Click(int index);
+    void lstJurisdictions_Click(int row);
+    void cboxCountyList_Click();
+    void cboxLastBizOrCase_Click(int index);
+    void cboxCaseMRUs_Click(int index);
+    void lboxSearchProfiles_DblClick(int row);
+    void chkBulkSearch_Click();
+    void chkUseIndex_Click();
+    void cmdBatchSearch_Click(int index);
     void cmdBeginSearch_Click();
     void cmdClearForm_Click();
+    void cmdEditAcctID_Click();
 
-    void FoldEntries();
-    FormEntries Entries() const;
-    NameSearchEntry NameEntry() const;
-    bool DisclaimerAccepted();
-    bool LoggedIn();
-    void DispatchNameSearch();
-    void ReportRequestError(const QString &description);
+    // Visibility and lists
+    void Connect();
+    void ConnectChoices();
+    void GoTo(FormState next);
+    void SelectCourtState(FormState next);
+    void ShowParts();
+    void ShowTexts();
+    void ShowOrHideFrame6();
+    void ShowOrHideFrame11();
+    void ShowOrHideFrame12();
+    void ShowOrHideBatchCaseSearchFrame();
+    void ShowOrHideDiscisFrames();
+    void LoadCountyLists();
+    void LoadDiscisCountyList();
+    void LoadAllWaCountyCombos();
+    void LoadAllOrCountyCombos();
+    void LoadAllIdCountyCombos();
+    void ResetBatchFields();
+    void SetDefaultCounty();
+    void ReserveCharacters();
+    void ShowCourtStats();
+    void ShowChosenCounty();
+    void UseRecentEntry(const QString &text);
+    void OfferWhileTyping(const QStringList &entries);
     void FocusFirstName();
+    bool Shows(FormPart part) const { return parts.testFlag(part); }
+
+    // From the entries to a waiting window
+    void FoldEntries();
+    void TakeBackNumbers(const SearchEntry &entry);
+    bool DisclaimerAccepted(bool batch);
+    bool DisplayDisclaimer(const QString &stateName);
+    bool LoggedIn();
+    void Dispatch(const QString &code);
+    void RunBatchSearch(bool autoPrint);
+    void ReportNoRequests();
+    void ReportRequestError(const QString &description);
+
+    // FormTalk
+    void ShowFieldError(const QString &what, const QString &why, const QString &action,
+                        const QString &caption) override;
+    void Notice(const QString &text, const QString &title, MessageIcon icon) override;
+    bool Ask(const QString &text, const QString &title, QuestionButtons buttons,
+             MessageIcon icon) override;
 
     const std::unique_ptr<Ui::frmSearchWA> ui;
     std::array<QLineEdit *, 4> txtSearchName{};
     std::array<QRadioButton *, 4> optState{};
+    std::array<QRadioButton *, 5> optCourtSelection{};
+    std::array<QRadioButton *, 2> optOrCDcourts{};
     std::array<QRadioButton *, 5> optSearchType{};
     std::array<QRadioButton *, 3> optSearchWhere{};
+    std::array<QRadioButton *, 2> optDiscisSearch{};
+    std::array<QRadioButton *, 39> optCounties{};
+    std::array<QCheckBox *, 4> chkBKcourt{};
+    std::array<QLineEdit *, 10> Text1{};
+    std::array<QComboBox *, 10> cbCty1{};
+    std::array<QAbstractButton *, 5> cmdBatchSearch{};
+
+    FormState state;
+    FormParts parts;
     int LastStateIndex = 1;
-    int searchTypeIndex = -1;
-    int searchWhereIndex = -1;
+    bool building = false; ///< a search is being built, which lets events through
+    QStringList recentEntries; ///< of the type that is being entered
+    QList<SearchLogRow> searchList;
 };

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "jobs/ListBox.h"
+#include "searchentry/SearchEntry.h"
+
+class frmCaseDetails;
+class frmNameSearchResults;
+struct CaseFields;
+struct RequestContext;
+
+// From checked entries to windows that wait for their turn. Each window gets everything it needs
+// before it is shown: its request lines, its texts, the client accounting code and its key, which
+// stands at the end of the turn queue then.
+
+/// How a dispatch ended.
+enum class DispatchResult {
+    Waiting,    ///< the windows are shown and wait for their turns
+    NoRequests, ///< after leaving out what no court could answer, nothing was left to ask
+    Failed,     ///< the entries make no search
+    Nothing     ///< there was nothing to search
+};
+
+/// Starts the search. `code` is the client accounting code, or empty. A window that could not be
+/// completed is unloaded again. Throws what goes wrong on the way.
+DispatchResult DispatchSearch(const SearchEntry &entry, const QString &code);
+
+/// One case of a batch; `autoPrint` prints it as soon as it is there.
+void LaunchBatchCase(const CaseFields &fields, const QString &code, bool autoPrint);
+
+/// Fills the window's request list. True when the list may be searched.
+bool LoadNameSearchRequests(frmNameSearchResults &form, const SearchEntry &entry,
+                            const RequestContext &context);
+
+/// Puts the one line of a bankruptcy court, 0 to 3, into the list. True when there is one.
+bool LoadBkSearchParams(ListBox &list, const SearchEntry &entry, int courtIndex);
+
+/// Fills a case window of a state court. False, and a line in the log, when that fails.
+bool DoCaseNumberSearch(frmCaseDetails &form, const SearchEntry &entry);
+void FillCaseWindow(frmCaseDetails &form, const CaseFields &fields);

@@ -1,0 +1,371 @@
+// What stands between a click on Start Search, or on a batch's buttons, and the dispatch: the
+// checks, the disclaimer, the login question and the client code. Each that stops ends the click
+// with the form as it stood.
+
+#include "controls/MsgBox.h"
+#include "core/GlobalState.h"
+#include "core/Log.h"
+#include "core/Options.h"
+#include "core/RunTimeError.h"
+#include "core/TextUtilities.h"
+#include "core/Windows1252.h"
+#include "searchentry/FieldRules.h"
+#include "searchentry/NumberRequests.h"
+#include "searchentry/SearchDispatch.h"
+#include "searchentry/frmAccounting.h"
+#include "searchentry/frmSearchWA.h"
+#include "session/frmLogin.h"
+#include "session/frmMain.h"
+#include "ui_frmSearchWA.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr size_t foldedBoxes = 3;
+
+/// The notice of a state's courts: asked for once a session.
+struct DisclaimerRow
+{
+    QStringView state;
+    Boolean GlobalState::*accepted;
+    bool (frmSearchWA::*display)();
+    bool batchOnly; ///< no notice before a single search
+};
+constexpr std::array<DisclaimerRow, 3> disclaimers{{
+    {u"WA", &GlobalState::WaDisclaimerAccepted, &frmSearchWA::DisplayWaCourtDisclaimer, false},
+    {u"OR", &GlobalState::OrDisclaimerAccepted, &frmSearchWA::DisplayOrCourtDisclaimer, false},
+    {u"ID", &GlobalState::IdDisclaimerAccepted, &frmSearchWA::DisplayIdCourtDisclaimer, true},
+}};
+
+/// The setting of a state's default county.
+struct DefaultCountyRow
+{
+    CourtFamily court;
+    QStringView key;
+    QString GlobalState::*county;
+};
+constexpr std::array<DefaultCountyRow, 3> defaultCounties{{
+    {CourtFamily::Superior, u"DefaultWaCounty", &GlobalState::strDefaultWaCounty},
+    {CourtFamily::Oregon, u"DefaultOrCounty", &GlobalState::strDefaultOrCounty},
+    {CourtFamily::Idaho, u"DefaultIdCounty", &GlobalState::strDefaultIDCounty},
+}};
+
+enum BatchButton { RetrieveAndPrint, SameCounties, Reset, SaveDefaultCounty, Retrieve };
+
+MsgIcon iconOf(MessageIcon icon)
+{
+    switch (icon) {
+    case MessageIcon::Exclamation:
+        return MsgIcon::Exclamation;
+    case MessageIcon::Question:
+        return MsgIcon::Question;
+    case MessageIcon::Information:
+        break;
+    }
+    return MsgIcon::Information;
+}
+
+bool accountingEnabled()
+{
+    return GetOptionStr(u"Accounting"_s, u"EnableAcctg"_s) == u"1";
+}
+
+QString currentCode()
+{
+    return TrimBlanks(Global.ClientAcctgCode).toUpper();
+}
+} // namespace
+
+// ---- what stands on the form ----
+
+SearchEntry frmSearchWA::Entry() const
+{
+    SearchEntry entry;
+    entry.Court = state.Court;
+    entry.Kind = state.Kind;
+    entry.Where = static_cast<SearchScope>(Global.intSearchWhere);
+    for (size_t i = 0; i < entry.Names.size(); ++i)
+        entry.Names[i] = txtSearchName[i]->text();
+    entry.Counties = ui->lboxCountyOrProfile->Selected();
+    if (const QListWidgetItem *item = ui->lboxMultiJurisdiction->currentItem())
+        entry.NumberCounty = item->text();
+    entry.CaseTypes = ui->lboxCaseTypes->Selected();
+    entry.JudgmentsOnly = ui->optORjgmtsONLY->isChecked();
+    entry.UseIndex = ui->chkUseIndex->isChecked();
+    entry.DistrictCourt = optOrCDcourts[1]->isChecked();
+    entry.DiscisCountyIndex = ui->cboxCountyList->currentIndex();
+    entry.DiscisCounty = ui->cboxCountyList->currentText();
+    for (int i = 0; i < ui->lboxDiscisCourtNames->count(); ++i)
+        entry.DiscisItems.append(ui->lboxDiscisCourtNames->item(i)->text());
+    entry.DiscisSelected = ui->lboxDiscisCourtNames->Selected();
+    for (size_t i = 0; i < entry.BkCourts.size(); ++i)
+        entry.BkCourts[i] = chkBKcourt[i]->isChecked();
+    const bool bankruptcy = state.Court == CourtFamily::Bankruptcy;
+    const QRadioButton *range = bankruptcy ? ui->optSearchYears1_1 : ui->optSearchYears_1;
+    const QComboBox *from = bankruptcy ? ui->cboxSearchStartYear1 : ui->cboxSearchStartYear;
+    const QComboBox *to = bankruptcy ? ui->cboxSearchEndYear1 : ui->cboxSearchEndYear;
+    entry.YearRange = range->isChecked();
+    entry.FromYear = from->currentText();
+    entry.ToYear = to->currentText();
+    for (size_t i = 0; i < entry.Batch.size(); ++i)
+        entry.Batch[i] = {Text1[i]->text(), cbCty1[i]->currentText()};
+    return entry;
+}
+
+void frmSearchWA::AddRecordToSearchList()
+{
+    searchList.append(::AddRecordToSearchList(Entry()));
+}
+
+void frmSearchWA::FoldEntries()
+{
+    for (size_t i = 0; i < foldedBoxes; ++i)
+        txtSearchName[i]->setText(FoldToUpper(TrimBlanks(txtSearchName[i]->text())));
+}
+
+/// The checks rewrite numbers in the court's own form: so they stand in the boxes.
+void frmSearchWA::TakeBackNumbers(const SearchEntry &entry)
+{
+    txtSearchName[0]->setText(entry.Names[0]);
+    for (size_t i = 0; i < entry.Batch.size(); ++i)
+        Text1[i]->setText(entry.Batch[i].Number);
+}
+
+bool frmSearchWA::ValidateAllFormFields()
+{
+    SearchEntry entry = Entry();
+    const bool ok = ::ValidateAllFormFields(entry, *this);
+    TakeBackNumbers(entry);
+    return ok;
+}
+
+bool frmSearchWA::ValidateBkFormFields()
+{
+    SearchEntry entry = Entry();
+    const bool ok = ::ValidateBkFormFields(entry, *this);
+    TakeBackNumbers(entry);
+    return ok;
+}
+
+bool frmSearchWA::ValidateBatchSearchFields()
+{
+    SearchEntry entry = Entry();
+    const bool ok = ::ValidateBatchSearchFields(entry, *this);
+    TakeBackNumbers(entry);
+    return ok;
+}
+
+void frmSearchWA::ShowFieldError(const QString &what, const QString &why, const QString &action,
+                                 const QString &caption)
+{
+    Q_EMIT SearchEvents::Of().FieldErrorRaised(what, why, action, caption);
+}
+
+void frmSearchWA::Notice(const QString &text, const QString &title, MessageIcon icon)
+{
+    MsgBox(this, text, title, MsgButtons::Ok, iconOf(icon));
+}
+
+bool frmSearchWA::Ask(const QString &text, const QString &title, QuestionButtons buttons,
+                      MessageIcon icon)
+{
+    const MsgAnswer answer =
+        MsgBox(this, text, title,
+               buttons == QuestionButtons::YesNo ? MsgButtons::YesNo : MsgButtons::OkCancel,
+               iconOf(icon));
+    return answer == MsgAnswer::Yes || answer == MsgAnswer::Ok;
+}
+
+// ---- disclaimers and login ----
+
+bool frmSearchWA::DisplayDisclaimer(const QString &stateName)
+{
+    return MsgBox(this,
+                  u"Neither the court nor clerk makes any representation as to the accuracy and "_s
+                      + u"completeness of the "_s + stateName
+                      + u" Court data except for court purposes. "_s
+                      + u"\r\n\r\nDo you want to continue?"_s,
+                  stateName + u" State Courts"_s, MsgButtons::YesNo, MsgIcon::Exclamation)
+           == MsgAnswer::Yes;
+}
+
+bool frmSearchWA::DisplayWaCourtDisclaimer()
+{
+    const bool accepted = DisplayDisclaimer(u"Washington"_s);
+    if (accepted)
+        Global.WaDisclaimerAccepted = true;
+    return accepted;
+}
+
+bool frmSearchWA::DisplayOrCourtDisclaimer()
+{
+    const bool accepted = DisplayDisclaimer(u"Oregon"_s);
+    if (accepted)
+        Global.OrDisclaimerAccepted = true;
+    return accepted;
+}
+
+bool frmSearchWA::DisplayIdCourtDisclaimer()
+{
+    const bool accepted = DisplayDisclaimer(u"Idaho"_s);
+    if (accepted)
+        Global.IdDisclaimerAccepted = true;
+    return accepted;
+}
+
+bool frmSearchWA::DisclaimerAccepted(bool batch)
+{
+    for (const DisclaimerRow &row : disclaimers) {
+        if (row.batchOnly && !batch)
+            continue;
+        if (!Global.bShowAlerts)
+            Global.*row.accepted = true;
+        else if (row.state == Global.strSearchState && !(Global.*row.accepted))
+            return (this->*row.display)();
+    }
+    return true;
+}
+
+bool frmSearchWA::LoggedIn()
+{
+    if (Global.bLoggedIn)
+        return true;
+    const MsgAnswer answer =
+        MsgBox(this,
+               u"This Search Cannot be Started!\r\n\r\nThis is because you are not currently "
+               "Logged-In to the Halvane Server.\r\n\r\nDo you want to Login Now?"_s,
+               u"Cannot Perform Search! Not Logged In to Halvane"_s, MsgButtons::YesNo,
+               MsgIcon::Exclamation);
+    if (answer == MsgAnswer::Yes)
+        frmLogin::ShowForm(frmMain::Form());
+    return Global.bLoggedIn;
+}
+
+// ---- one search ----
+
+void frmSearchWA::cmdBeginSearch_Click()
+{
+    if (state.Batch) {
+        // A batch has buttons of its own: Enter goes on to the next number instead.
+        focusNextChild();
+        focusNextChild();
+        return;
+    }
+    // Building lets events through; a second search of the same entries is nobody's wish.
+    if (building)
+        return;
+    const RunScope scope(this);
+    const QScopedValueRollback<bool> guard(building, true);
+    FoldEntries();
+    const bool valid = state.Court == CourtFamily::Bankruptcy ? ValidateBkFormFields()
+                                                              : ValidateAllFormFields();
+    if (!valid || !DisclaimerAccepted(false) || !LoggedIn() || IsUnloaded())
+        return;
+    QString code;
+    if (accountingEnabled() || Global.bClientAcctgOpt) {
+        frmAccounting::ShowModal(this);
+        code = currentCode();
+    }
+    Dispatch(code);
+}
+
+void frmSearchWA::Dispatch(const QString &code)
+{
+    try {
+        switch (DispatchSearch(Entry(), code)) {
+        case DispatchResult::NoRequests:
+            ReportNoRequests();
+            break;
+        case DispatchResult::Failed:
+            ReportRequestError({});
+            break;
+        case DispatchResult::Waiting:
+            ShowMRU();
+            break;
+        case DispatchResult::Nothing:
+            break;
+        }
+    } catch (const RunTimeError &error) {
+        ReportRequestError(error.Description());
+    }
+}
+
+void frmSearchWA::ReportNoRequests()
+{
+    MsgBox(this,
+           u"Search Stopped. Unable to continue with this search.\r\n\r\nAfter Skipping all "
+           "invalid search requests there were ZERO requests left to submit.\r\n\r\nPlease review "
+           "the Search Criteria entered before trying again."_s,
+           u"No Valid Search Requests to Submit .."_s, MsgButtons::Ok, MsgIcon::Critical);
+}
+
+void frmSearchWA::ReportRequestError(const QString &description)
+{
+    Global.BkFormLoading = false;
+    const QString text = u"An error was encountered while attempting to search Halvane! Please "
+                         "review the search criteria and retry the search."_s;
+    MsgBox(this, text + u"\r\n\r\nError Was: "_s + description, u"Halvane Search Request Error"_s,
+           MsgButtons::Ok, MsgIcon::Exclamation);
+    WriteAppInfo(text + u" Error Was: "_s + description);
+}
+
+// ---- a batch of numbers ----
+
+void frmSearchWA::cmdBatchSearch_Click(int index)
+{
+    const RunScope scope(this);
+    switch (index) {
+    case SameCounties:
+        for (QComboBox *box : cbCty1)
+            box->setCurrentIndex(cbCty1[0]->currentIndex());
+        break;
+    case Reset:
+        ResetBatchFields();
+        break;
+    case SaveDefaultCounty:
+        SetDefaultCounty();
+        break;
+    case RetrieveAndPrint:
+    case Retrieve:
+        if (building)
+            return;
+        if (const QScopedValueRollback<bool> guard(building, true); ValidateBatchSearchFields())
+            RunBatchSearch(index == RetrieveAndPrint);
+        break;
+    default:
+        break;
+    }
+}
+
+void frmSearchWA::SetDefaultCounty()
+{
+    if (cbCty1[0]->currentIndex() <= 0) {
+        MsgBox(this, u"You must select a valid county!"_s, u"Invalid County Selected .."_s,
+               MsgButtons::Ok, MsgIcon::Critical);
+        return;
+    }
+    for (const DefaultCountyRow &row : defaultCounties) {
+        if (row.court != state.Court)
+            continue;
+        Global.*row.county = cbCty1[0]->currentText();
+        SaveOptionStr(u"Searching"_s, row.key.toString(), Global.*row.county);
+    }
+}
+
+void frmSearchWA::RunBatchSearch(bool autoPrint)
+{
+    if (!LoggedIn() || !DisclaimerAccepted(true) || IsUnloaded())
+        return;
+    Global.ClientAcctgCode.clear();
+    QString code;
+    if (accountingEnabled()) {
+        frmAccounting::ShowModal(this);
+        code = currentCode();
+    }
+    try {
+        for (const CaseFields &fields : BatchFields(Entry()))
+            LaunchBatchCase(fields, code, autoPrint);
+    } catch (const RunTimeError &error) {
+        ReportRequestError(error.Description());
+    }
+}
