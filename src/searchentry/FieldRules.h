@@ -1,28 +1,25 @@
 #pragma once
 
-#include <QStringList>
-#include <QStringView>
+#include "searchentry/FormTalk.h"
+#include "searchentry/SearchEntry.h"
 
-#include <array>
+// What is checked before a search is built. Each validator goes through its table of rules in
+// order, tells the user of the first one that is broken, and is true when the search may go on.
+//
+// They do more than refuse: a number is rewritten in `entry` in the court's own form, also when a
+// later rule refuses it. A run-time error on the way is logged and is a refusal.
 
-/// What the checks of a name search look at.
-struct FormEntries
-{
-    bool Business = false;        ///< a business name, not a person's
-    std::array<QString, 4> Names; ///< last or business name, first name, middle initial, suffix
-    bool ByCounty = true;         ///< counties are to be chosen: not statewide
-    QStringList Counties;         ///< the chosen ones
-    QStringList CaseTypes;        ///< the chosen ones
-};
+/// The checks of the state courts, for a name or a number in entry.Names.
+bool ValidateAllFormFields(SearchEntry &entry, FormTalk &talk);
 
-/// One check: when it fails, and the three lines that tell the user so.
-struct FieldRule
-{
-    bool (*fails)(const FormEntries &entries);
-    QStringView what;
-    QStringView why;
-    QStringView action;
-};
+/// The checks of the bankruptcy courts.
+bool ValidateBkFormFields(SearchEntry &entry, FormTalk &talk);
 
-/// The first rule that the entries break, in the order of the table; nullptr when they break none.
-const FieldRule *FirstBrokenRule(const FormEntries &entries);
+/// The checks of the numbers and counties in entry.Batch.
+bool ValidateBatchSearchFields(SearchEntry &entry, FormTalk &talk);
+
+/// True when one of these Oregon counties has no District Court.
+bool HasCountyWithoutDistrictCourt(const QStringList &counties);
+
+/// True when one of these Oregon counties cannot search for juvenile offenders.
+bool HasCountyWithoutJuvenile(const QStringList &counties);
