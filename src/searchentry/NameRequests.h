@@ -1,25 +1,24 @@
 #pragma once
 
-#include <QString>
-#include <QStringList>
+#include "searchentry/SearchEntry.h"
 
-/// What the user entered for a name search, as it stands on the form.
-struct NameSearchEntry
+#include <functional>
+
+/// What a name search needs to know beside its entries.
+struct RequestContext
 {
-    QString LastOrBusinessName;
-    QString FirstName;
-    QString MiddleInitial;
-    QStringList Counties;  ///< in list order
-    QStringList CaseTypes; ///< in list order
-    bool Statewide = false;
-    bool YearRange = false;
-    QString FromYear; ///< read only with YearRange
-    QString ToYear;
+    QStringList StateCounties;  ///< the state's whole list, which a statewide search may walk
+    int PageSize = 500;         ///< rows in a page of the index
+    int ThisYear = 0;           ///< the year until which "all years" go
+    std::function<void()> Turn; ///< called after each county, for the event loop; may be empty
 };
 
-/// The request lines of a Washington Superior search, one a county. Statewide is no special case:
-/// it is every county. Every field is followed by the broken bar, the last one too.
-QStringList SuperiorNameRequests(const NameSearchEntry &entry);
+/// True for a search of the weekly index.
+bool IsIndexSearch(const SearchEntry &entry);
 
-/// The words in which the results window names the jurisdictions of such a search.
-QString SuperiorJurisdictions(const NameSearchEntry &entry);
+/// The request lines of a name search in Washington's Superior Courts, their index, Oregon or
+/// Idaho. None where every county was left out, and for the courts that have lines of another kind.
+QStringList NameRequests(const SearchEntry &entry, const RequestContext &context);
+
+/// The case types of the entry as this search sends them.
+QString CaseTypeField(const SearchEntry &entry);

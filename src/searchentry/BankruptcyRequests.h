@@ -1,0 +1,36 @@
+#pragma once
+
+#include "searchentry/SearchEntry.h"
+
+#include <optional>
+
+/// One bankruptcy court: its word in a request and the texts of its windows.
+struct BkCourtRow
+{
+    QStringView Code;
+    QStringView lblState;
+    QStringView txtCountyList;
+    QStringView CaptionSuffix; ///< behind the number, in a case window's caption
+    QStringView lblCourtName;
+};
+
+constexpr int bkCourtCount = 4;
+
+/// The court of a box of chkBKcourt. Throws error 9 for a box that there is not.
+const BkCourtRow &BkCourt(int index);
+
+/// The one line of a search of this court. None for a court that there is not, and when nothing to
+/// look for is left of what was entered.
+std::optional<QString> BkRequest(const SearchEntry &entry, int courtIndex, int thisYear);
+
+/// What a results window of a bankruptcy search gets.
+struct BkResultsFields
+{
+    QString lblState;
+    QString txtCountyList;
+    QString lblCaseTypeVals;
+    QString lblNameVal;
+    QString lblName; ///< "" leaves the label as it is
+};
+
+BkResultsFields BkResultsFieldsOf(const SearchEntry &entry, int courtIndex);

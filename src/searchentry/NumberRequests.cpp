@@ -1,0 +1,117 @@
+#include "searchentry/NumberRequests.h"
+
+#include "core/TextUtilities.h"
+#include "core/Windows1252.h"
+#include "searchentry/BankruptcyRequests.h"
+#include "searchentry/RequestGrammar.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+/// What a state's case windows read. A single number and a batch differ: only Washington says its
+/// court and its line in both.
+struct StateRow
+{
+    CourtFamily court;
+    QStringView state;
+    QStringView courts; ///< behind the county, in a batch
+    QStringView districtCourts;
+    bool courtWithOneNumber;
+    bool lineInBatch;
+};
+constexpr std::array<StateRow, 3> states{{
+    {CourtFamily::Superior, u"WA", u" County, Washington Superior Courts",
+     u" County, Washington Superior Courts", true, true},
+    {CourtFamily::Oregon, u"OR", u" County, Oregon Circuit Courts",
+     u" County, Oregon District Courts", false, false},
+    {CourtFamily::Idaho, u"ID", u" County, Idaho District Courts",
+     u" County, Idaho District Courts", false, false},
+}};
+
+const StateRow *stateRow(const SearchEntry &entry)
+{
+    for (const StateRow &row : states) {
+        if (row.court == entry.Court)
+            return &row;
+    }
+    return nullptr;
+}
+
+QString courtType(const SearchEntry &entry)
+{
+    if (entry.Court != CourtFamily::Oregon)
+        return {};
+    return entry.DistrictCourt ? u"D"_s : u"C"_s;
+}
+
+QString header(const QString &number)
+{
+    return u"Case Details ("_s + number + u')';
+}
+
+/// What one number and a row of a batch have in common.
+CaseFields fieldsOf(const SearchEntry &entry, const StateRow &row, const QString &typedNumber,
+                    const QString &county)
+{
+    const QString number = FoldToUpper(TrimBlanks(typedNumber));
+    CaseFields fields;
+    fields.lblState = row.state.toString();
+    fields.lblCaseDetailsHdr = header(number);
+    fields.txtCountyName = county;
+    fields.lblCourtName =
+        county + (entry.DistrictCourt ? row.districtCourts : row.courts).toString();
+    fields.lblOrCourtType = courtType(entry);
+    fields.txtCaseNumber = number;
+    fields.tboxCaseNumberQueue = CaseNumberRequest(number);
+    return fields;
+}
+} // namespace
+
+QString CaseNumberRequest(const QString &number)
+{
+    SearchEntry entry;
+    entry.Names[LastName] = FoldToUpper(number);
+    return ComposeRequest(RequestLine::CaseNumber, entry, {});
+}
+
+CaseFields NumberFields(const SearchEntry &entry)
+{
+    const StateRow *row = stateRow(entry);
+    if (!row)
+        return {};
+    CaseFields fields = fieldsOf(entry, *row, entry.Names[LastName], entry.NumberCounty);
+    if (!row->courtWithOneNumber)
+        fields.lblCourtName.clear();
+    return fields;
+}
+
+QList<CaseFields> BatchFields(const SearchEntry &entry)
+{
+    QList<CaseFields> all;
+    const StateRow *row = stateRow(entry);
+    if (!row)
+        return all;
+    for (const BatchRow &typed : entry.Batch) {
+        if (TrimBlanks(typed.Number).isEmpty())
+            continue;
+        CaseFields fields = fieldsOf(entry, *row, typed.Number, typed.County);
+        if (!row->lineInBatch)
+            fields.tboxCaseNumberQueue.clear();
+        all.append(fields);
+    }
+    return all;
+}
+
+CaseFields BkNumberFields(const SearchEntry &entry, int courtIndex)
+{
+    const BkCourtRow &court = BkCourt(courtIndex);
+    const QString number = FoldToUpper(TrimBlanks(entry.Names[LastName]));
+    CaseFields fields;
+    fields.lblState = court.lblState.toString();
+    fields.lblCaseDetailsHdr = header(number);
+    fields.Caption = number + court.CaptionSuffix.toString();
+    fields.lblCourtName = court.lblCourtName.toString();
+    fields.txtCaseNumber = number;
+    fields.chkBK = true;
+    return fields;
+}
