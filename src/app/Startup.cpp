@@ -11,6 +11,7 @@
 #include "link/frmWinsock.h"
 #include "prefs/frmAbout.h"
 #include "prefs/frmInfo.h"
+#include "prefs/frmSearchHelp.h"
 #include "searchentry/frmSearchWA.h"
 #include "session/SessionEvents.h"
 #include "session/frmConnect.h"
@@ -20,10 +21,17 @@
 #include <QGuiApplication>
 #include <QSessionManager>
 
+#include <array>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 constexpr int splashMilliseconds = 2000;
+
+/// The court families of the entries of the menu of courts.
+constexpr std::array<CourtFamily, 5> courtsOfEntries{
+    CourtFamily::Superior, CourtFamily::Discis, CourtFamily::Oregon, CourtFamily::Bankruptcy,
+    CourtFamily::Idaho};
 
 void showSplash()
 {
@@ -51,10 +59,9 @@ void wireSession()
         frmSearchWA::ShowForm();
         frmSearchWA::Form().SelectState(Global.strSearchState);
     });
-    QObject::connect(session, &SessionEvents::SuperiorCourtsWanted, session, [] {
+    QObject::connect(session, &SessionEvents::CourtWanted, session, [](CourtEntry court) {
         frmSearchWA::ShowForm();
-        frmSearchWA::Form().SelectState(u"WA"_s);
-        frmSearchWA::Form().SelectFirstCourt();
+        frmSearchWA::Form().SelectCourt(courtsOfEntries.at(static_cast<size_t>(court)));
     });
     QObject::connect(session, &SessionEvents::AboutWanted, session,
                      [] { frmAbout(frmMain::Form()).exec(); });
@@ -71,9 +78,12 @@ void WireWindows()
     });
     SearchEvents *search = &SearchEvents::Of();
     QObject::connect(search, &SearchEvents::FieldErrorRaised, search,
-                     [](const QString &what, const QString &why, const QString &action) {
-                         frmInfo::ShowFieldError(&frmSearchWA::Form(), what, why, action);
+                     [](const QString &what, const QString &why, const QString &action,
+                        const QString &caption) {
+                         frmInfo::ShowFieldError(&frmSearchWA::Form(), what, why, action, caption);
                      });
+    QObject::connect(search, &SearchEvents::HelpWanted, search,
+                     [](HelpTopic topic) { frmSearchHelp::ShowTopic(static_cast<int>(topic)); });
     SetErrorBox([](const QString &text) {
         MsgBox(frmMain::Form(), text, {}, MsgButtons::Ok, MsgIcon::Critical);
     });
@@ -103,7 +113,7 @@ void Main(bool practice)
     Global.WaDisclaimerAccepted = false;
     frmSearchWA::ShowForm();
     frmSearchWA::Form().SelectFirstCourt();
-    frmSearchWA::Form().SelectState(Global.strSearchState);
+    frmSearchWA::Form().SelectStateAtStart(Global.strSearchState);
     frmSearchWA::Form().repaint();
     if (frmLogin::IsLoaded())
         frmLogin::ShowForm(main);

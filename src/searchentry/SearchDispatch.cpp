@@ -46,7 +46,8 @@ public:
             return;
         if (!window->txtMasterKey.isEmpty())
             WithdrawKey(window->txtMasterKey);
-        window->Unload();
+        // Nobody is asked: the user never saw it.
+        window->Unload(UnloadMode::MdiParent);
     }
     NewWindow(const NewWindow &) = delete;
     NewWindow &operator=(const NewWindow &) = delete;
@@ -263,6 +264,35 @@ bool LoadNameSearchRequests(frmNameSearchResults &form, const SearchEntry &entry
     form.IdStatewide = fields.IdStatewide;
     fillLines(form.lboxQueue, NameRequests(entry, context));
     return entry.Court == CourtFamily::Superior || form.lboxQueue.ListCount() > 0;
+}
+
+bool LoadDiscisNameRequests(DiscisResultsWindow &form, const SearchEntry &entry)
+{
+    const DiscisRequests requests = DiscisNameRequests(entry, Yield);
+    if (!requests.Ok)
+        return false;
+    fillLines(form.lboxQueue, requests.Lines);
+    form.SetNameVal(requests.NameVal);
+    form.SetCourtCounty(requests.CourtCounty);
+    if (!requests.CaseTypeVals.isEmpty())
+        form.SetCaseTypeVals(requests.CaseTypeVals);
+    form.SetTxtCountyList(requests.CountyList);
+    return true;
+}
+
+bool LoadDiscisCaseNumberFields(DiscisCaseWindow &form, const SearchEntry &entry)
+{
+    const std::optional<DiscisNumber> fields = DiscisNumberFields(entry);
+    if (!fields)
+        return false;
+    form.setWindowTitle(fields->Caption);
+    form.SetCaseType(fields->lblCaseType);
+    form.txtCaseType = fields->txtCaseType;
+    form.SetCourtName(fields->lblCourtName);
+    form.txtCaseNumber = fields->txtCaseNumber;
+    form.SetCaseNo(fields->lblCaseNo);
+    form.txtCourtCode = fields->txtCourtCode;
+    return true;
 }
 
 bool LoadBkSearchParams(ListBox &list, const SearchEntry &entry, int courtIndex)

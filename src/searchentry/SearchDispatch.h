@@ -3,6 +3,8 @@
 #include "jobs/ListBox.h"
 #include "searchentry/SearchEntry.h"
 
+class DiscisCaseWindow;
+class DiscisResultsWindow;
 class frmCaseDetails;
 class frmNameSearchResults;
 struct CaseFields;
@@ -30,6 +32,13 @@ void LaunchBatchCase(const CaseFields &fields, const QString &code, bool autoPri
 /// Fills the window's request list. True when the list may be searched.
 bool LoadNameSearchRequests(frmNameSearchResults &form, const SearchEntry &entry,
                             const RequestContext &context);
+
+/// Fills the window's request list and labels. False when it is not known what to search.
+bool LoadDiscisNameRequests(DiscisResultsWindow &form, const SearchEntry &entry);
+
+/// Fills what a District or Municipal case window shows and asks for. False when it is not known
+/// which court or kind of case is meant.
+bool LoadDiscisCaseNumberFields(DiscisCaseWindow &form, const SearchEntry &entry);
 
 /// Puts the one line of a bankruptcy court, 0 to 3, into the list. True when there is one.
 bool LoadBkSearchParams(ListBox &list, const SearchEntry &entry, int courtIndex);

@@ -316,11 +316,15 @@ void frmSearchWA::ShowMRU()
                              ? KindRowOf(SearchKind::Business).type.toString()
                              : KindRowOf(state.Kind).type.toString();
     InitMruList(type);
-    ui->cboxLastBizOrCase->setVisible(offered && Shows(FormPart::NameRecents));
-    ui->cboxCaseMRUs->setVisible(offered && Shows(FormPart::NumberRecents));
+    // One goes before the other comes: both together would make the window grow.
+    QComboBox *shown = ui->cboxLastBizOrCase;
+    QComboBox *other = ui->cboxCaseMRUs;
+    if (Shows(FormPart::NumberRecents))
+        std::swap(shown, other);
+    other->hide();
+    shown->setVisible(offered);
     ui->lblMruList->setVisible(offered);
-    ui->lblMruList->setBuddy(Shows(FormPart::NumberRecents) ? ui->cboxCaseMRUs
-                                                            : ui->cboxLastBizOrCase);
+    ui->lblMruList->setBuddy(shown);
     OfferWhileTyping(offered ? recentEntries : QStringList());
 }
 

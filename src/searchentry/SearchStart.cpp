@@ -18,6 +18,8 @@
 #include "session/frmMain.h"
 #include "ui_frmSearchWA.h"
 
+#include <QScopedValueRollback>
+
 using namespace Qt::StringLiterals;
 
 namespace {

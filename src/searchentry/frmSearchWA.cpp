@@ -262,7 +262,6 @@ void frmSearchWA::GoTo(FormState next)
     if (state.Court != CourtFamily::Discis)
         Global.intSearchWhere = static_cast<qint16>(state.Where);
     LastStateIndex = court.stateIndex;
-    ShowTexts();
     ShowParts();
     // Whether the index is used is a setting, until the user says otherwise for this search.
     if (Shows(FormPart::UseIndex) != indexWasOffered)
@@ -301,7 +300,7 @@ void frmSearchWA::ShowTexts()
 
 void frmSearchWA::ShowParts()
 {
-    const std::array<std::pair<FormPart, QWidget *>, 14> simple{{
+    const std::array<std::pair<FormPart, QWidget *>, 13> simple{{
         {FormPart::CourtSelection, ui->Frame14},
         {FormPart::OrCDcourts, ui->frameOrCDcourts},
         {FormPart::UseIndex, ui->chkUseIndex},
@@ -309,28 +308,25 @@ void frmSearchWA::ShowParts()
         {FormPart::BankruptcyTypes, ui->optSearchType_3},
         {FormPart::BankruptcyTypes, ui->optSearchType_4},
         {FormPart::Name, ui->Frame2},
+        {FormPart::NumberExample, ui->lblCaseNumEx},
         {FormPart::BankruptcyCourts, ui->frameBK1},
         {FormPart::CaseTypes, ui->Frame4},
         {FormPart::JudgmentsOnly, ui->optORjgmtsONLY},
         {FormPart::Years, ui->Frame5},
         {FormPart::BankruptcyYears, ui->frameBK2},
-        {FormPart::NumberExample, ui->lblCaseNumEx},
-        {FormPart::DiscisCaseType, ui->Frame8},
     }};
-    // Hidden first: a form that shows the old and the new parts for a moment would grow.
-    for (const auto &[part, widget] : simple) {
-        if (!Shows(part))
-            widget->hide();
-    }
+    // Laid out once, at the end: old and new parts together would make the window grow.
+    layout()->setEnabled(false);
+    for (const auto &[part, widget] : simple)
+        widget->setVisible(Shows(part));
     ShowOrHideFrame6();
     ShowOrHideFrame11();
     ShowOrHideFrame12();
     ShowOrHideBatchCaseSearchFrame();
     ShowOrHideDiscisFrames();
-    for (const auto &[part, widget] : simple) {
-        if (Shows(part))
-            widget->show();
-    }
+    ShowTexts();
+    layout()->setEnabled(true);
+    layout()->activate();
     const QSignalBlocker blocker(ui->chkBulkSearch);
     ui->chkBulkSearch->setChecked(state.Batch);
     if (!Shows(FormPart::JudgmentsOnly))
@@ -342,6 +338,23 @@ void frmSearchWA::ShowOrHideFrame6()
     ui->Frame6->setVisible(Shows(FormPart::CountyButtons));
 }
 
+void frmSearchWA::ShowOrHideFrame12()
+{
+    ui->Frame12->setVisible(Shows(FormPart::OneJurisdiction));
+}
+
+void frmSearchWA::ShowOrHideBatchCaseSearchFrame()
+{
+    ui->frameBulkSearch->setVisible(Shows(FormPart::Batch));
+}
+
+void frmSearchWA::ShowOrHideDiscisFrames()
+{
+    ui->Frame8->setVisible(Shows(FormPart::DiscisCaseType));
+    ui->Frame9->setVisible(Shows(FormPart::DiscisCourtList));
+}
+
+/// How the choice of counties stands in this scope.
 void frmSearchWA::ShowOrHideFrame11()
 {
     ui->Frame11->setVisible(Shows(FormPart::Jurisdictions));
@@ -358,21 +371,6 @@ void frmSearchWA::ShowOrHideFrame11()
     ui->lblCountyOrProfile->setBuddy(
         Shows(FormPart::TemplateList) ? static_cast<QWidget *>(ui->lboxSearchProfiles)
                                       : static_cast<QWidget *>(ui->lboxCountyOrProfile));
-}
-
-void frmSearchWA::ShowOrHideFrame12()
-{
-    ui->Frame12->setVisible(Shows(FormPart::OneJurisdiction));
-}
-
-void frmSearchWA::ShowOrHideBatchCaseSearchFrame()
-{
-    ui->frameBulkSearch->setVisible(Shows(FormPart::Batch));
-}
-
-void frmSearchWA::ShowOrHideDiscisFrames()
-{
-    ui->Frame9->setVisible(Shows(FormPart::DiscisCourtList));
 }
 
 // ---- clicks ----
@@ -413,11 +411,11 @@ void frmSearchWA::SelectCourtState(FormState next)
 
 void frmSearchWA::SelectCourt(CourtFamily court)
 {
-    if (state.Court == court)
-        return;
     FormState next = state;
     next.Court = court;
     SelectCourtState(next);
+    if (court == CourtFamily::Oregon)
+        optOrCDcourts[0]->setChecked(true);
 }
 
 void frmSearchWA::optOrCDcourts_Click(int index)
@@ -427,7 +425,7 @@ void frmSearchWA::optOrCDcourts_Click(int index)
 
 void frmSearchWA::lstJurisdictions_Click(int row)
 {
-    if (row >= 0)
+    if (row >= 0 && row != static_cast<int>(state.Court))
         SelectCourt(static_cast<CourtFamily>(row));
 }
 

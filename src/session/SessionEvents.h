@@ -2,6 +2,9 @@
 
 #include <QObject>
 
+/// The entries of the menu of courts.
+enum class CourtEntry { WaSuperior, WaDiscis, Oregon, Bankruptcy, Idaho };
+
 /// What the session asks of the windows that stand above it. The start of the program connects each
 /// of these once.
 class SessionEvents : public QObject
@@ -17,7 +20,7 @@ Q_SIGNALS:
     void SearchWithStateWanted();
     /// Take the search form out of the way of the login window.
     void SearchFormHidden();
-    /// Show the search form on the Washington Superior Courts.
-    void SuperiorCourtsWanted();
+    /// Show the search form on these courts.
+    void CourtWanted(CourtEntry court);
     void AboutWanted();
 };

@@ -26,6 +26,8 @@
 #include <QUrl>
 
 #include <algorithm>
+#include <array>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -149,8 +151,7 @@ void frmMain::connectFileAndEdit()
 
 void frmMain::connectMenus()
 {
-    connect(ui->mnuCourtsWaSuperior, &QAction::triggered, this,
-            &frmMain::mnuCourtsWaSuperior_Click);
+    connectCourts();
     connect(ui->mnuConnnectionConnect, &QAction::triggered, this,
             &frmMain::mnuConnnectionConnect_Click);
     connect(ui->mnuConnectionDisConnect, &QAction::triggered, this,
@@ -351,13 +352,21 @@ void frmMain::mnuConnnectionConnect_Click()
         frmLogin::ShowForm(this);
 }
 
-void frmMain::mnuCourtsWaSuperior_Click()
+void frmMain::connectCourts()
 {
-    for (QAction *entry :
-         {ui->mnuIdahoSupremeCourt, ui->mnuOrCourts, ui->mnuCourtsWaDiscis, ui->mnuFedBK})
-        entry->setChecked(false);
-    ui->mnuCourtsWaSuperior->setChecked(true);
-    Q_EMIT SessionEvents::Of().SuperiorCourtsWanted();
+    const std::array<std::pair<QAction *, CourtEntry>, 5> entries{{
+        {ui->mnuCourtsWaSuperior, CourtEntry::WaSuperior},
+        {ui->mnuCourtsWaDiscis, CourtEntry::WaDiscis},
+        {ui->mnuOrCourts, CourtEntry::Oregon},
+        {ui->mnuFedBK, CourtEntry::Bankruptcy},
+        {ui->mnuIdahoSupremeCourt, CourtEntry::Idaho},
+    }};
+    for (const auto &[action, court] : entries)
+        connect(action, &QAction::triggered, this, [entries, chosen = action, wanted = court] {
+            for (const auto &entry : entries)
+                entry.first->setChecked(entry.first == chosen);
+            Q_EMIT SessionEvents::Of().CourtWanted(wanted);
+        });
 }
 
 void frmMain::mnuCheckMsgs_Click()

@@ -81,7 +81,7 @@ private:
     void mnuConnnectionConnect_Click();
     void mnuConnectionDisConnect_Click();
     void mnuCheckMsgs_Click();
-    void mnuCourtsWaSuperior_Click();
+    void connectCourts();
     void Cut();
     void Copy();
     void Paste();
