@@ -50,6 +50,7 @@ struct GlobalState
     QString strCurrentCourt;      ///< "WASUP", "WADISCIS", "OR", "IDSUP" or "FED"
     QString strCurrentSearchType; ///< "Individual Name", "Business Name" or "Case Number"
     qint16 intSearchWhere = 0;    ///< 1 county, 2 template, 3 statewide, 5 civil, 6 non-civil
+    Boolean DiscisDndSearch;      ///< the next non-civil search is for defendants with addresses
     QString ClientAcctgCode;
     Boolean WaDisclaimerAccepted;
     Boolean OrDisclaimerAccepted;

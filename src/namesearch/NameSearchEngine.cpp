@@ -1,6 +1,7 @@
-// The run of a search: frmNameSearchResults::ProcessSearchRequests and what it is made of.
+// The run of a search: NameResultsWindow::ProcessSearchRequests and what it is made of.
 
 #include "controls/MsgBox.h"
+#include "controls/ResultListView.h"
 #include "controls/Twips.h"
 #include "core/EventLoop.h"
 #include "core/GlobalState.h"
@@ -10,36 +11,35 @@
 #include "jobs/ClientCode.h"
 #include "jobs/TurnTaking.h"
 #include "link/Comm.h"
-#include "namesearch/Replies.h"
+#include "namesearch/NameResultsWindow.h"
 #include "namesearch/SearchCriteria.h"
-#include "namesearch/frmNameSearchResults.h"
-#include "ui_frmNameSearchResults.h"
+
+#include <QPushButton>
 
 #include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr int printButton = 2;
 constexpr int listMarginTwips = 100;
 } // namespace
 
-void frmNameSearchResults::ProcessSearchRequests()
+void NameResultsWindow::ProcessSearchRequests()
 {
     if (lboxQueue.ListCount() == 0) {
-        ReportEmptyQueue();
+        reportEmptyQueue();
         return;
     }
     SearchOutcome outcome = SearchOutcome::ConnectionLost;
     try {
-        outcome = RunRequests();
+        outcome = runRequests();
     } catch (const RunTimeError &) {
         // Whatever went wrong inside a run, its results cannot be trusted to be all.
     }
     EndSearch(outcome);
 }
 
-void frmNameSearchResults::ReportEmptyQueue()
+void NameResultsWindow::reportEmptyQueue()
 {
     MsgBox(this,
            u"No Search Requests Can Be Located! This Form will be closed when you select OK. The "
@@ -50,9 +50,11 @@ void frmNameSearchResults::ReportEmptyQueue()
     Unload();
 }
 
-SearchOutcome frmNameSearchResults::RunRequests()
+SearchOutcome NameResultsWindow::runRequests()
 {
-    showCount(RowCount());
+    if (differences.logsQueueLength)
+        WriteAppInfo(u"Items In this Queue: "_s + QString::number(lboxQueue.ListCount()));
+    ShowCount(RowCount());
     int runningTotal = 0;
     rowsOfRequest = 0;
     for (int i = 0; i < lboxQueue.ListCount(); ++i) {
@@ -60,15 +62,13 @@ SearchOutcome frmNameSearchResults::RunRequests()
         if (i >= 1)
             ShowSearchCriteria(i);
         Global.strRecvBuffer.Clear();
-        if (!SendLine(i))
+        if (!sendLine(i))
             return SearchOutcome::ConnectionLost;
         const QString line = lboxQueue.List(i);
         countyOfRequest = CountyOfRequest(line);
-        bool tooManyHits = false;
-        bool ended = false;
-        const SearchOutcome early = ReadReplies(tooManyHits, ended);
-        if (!ended)
-            return early;
+        tooManyHits = false;
+        if (const std::optional<SearchOutcome> early = readReplies())
+            return *early;
         if (StopRequested) {
             WriteAppInfo(u"Searching Stopped by User. Request Was: "_s + line);
             return SearchOutcome::Stopped;
@@ -79,13 +79,13 @@ SearchOutcome frmNameSearchResults::RunRequests()
         if (i + 1 < lboxQueue.ListCount()) {
             WriteAppInfo(u"Starting Next Request: "_s + lboxQueue.List(i + 1));
             // What the requests before this one gave; the next row shows all rows again.
-            showCount(runningTotal);
+            ShowCount(runningTotal);
         }
     }
     return SearchIncomplete ? SearchOutcome::Incomplete : SearchOutcome::Completed;
 }
 
-bool frmNameSearchResults::SendLine(int index)
+bool NameResultsWindow::sendLine(int index)
 {
     QString line = TrimBlanks(lboxQueue.List(index));
     if (!ClientAcctgCode.isEmpty())
@@ -93,9 +93,9 @@ bool frmNameSearchResults::SendLine(int index)
     return SendReq(line) == SendStatus::Sent;
 }
 
-/// Reads the replies of one request. `ended` says whether its end mark came; otherwise the answer
-/// is the outcome of the whole search.
-SearchOutcome frmNameSearchResults::ReadReplies(bool &tooManyHits, bool &ended)
+/// Reads the replies of one request. Nothing when its end mark came; otherwise the outcome of the
+/// whole search.
+std::optional<SearchOutcome> NameResultsWindow::readReplies()
 {
     for (;;) {
         const Response response = ReadResponse();
@@ -106,76 +106,96 @@ SearchOutcome frmNameSearchResults::ReadReplies(bool &tooManyHits, bool &ended)
             WriteAppInfo(u"Search Error! Reason: "_s + reason);
             return SearchOutcome::ConnectionLost;
         }
-        const QString &reply = response.Token;
-        WriteAppInfo(u"Current Response: --> "_s + reply);
-        switch (ClassifyReply(reply)) {
-        case ReplyKind::EndOfReply:
-            ended = true;
-            return SearchOutcome::Completed;
-        case ReplyKind::MaxResults:
-            return SearchOutcome::MaxResults;
-        case ReplyKind::TooManyHits:
-            tooManyHits = true;
-            break;
-        case ReplyKind::Error:
-            SearchIncomplete = true;
-            WriteAppInfo(u"Error Response Received in Task Processor.."_s);
-            break;
-        case ReplyKind::Progress:
-            if (const QString text = ProgressText(reply); !text.isEmpty())
-                setSearchStatus(text, StatusStyle::Unchanged);
-            break;
-        case ReplyKind::Row:
-            TakeRow(reply);
-            break;
-        }
+        const ReplyEffect effect = TakeReply(response.Token);
+        if (effect.EndsSearch)
+            return effect.EndsSearch;
+        if (effect.EndsRequest)
+            return std::nullopt;
         Yield();
     }
 }
 
-void frmNameSearchResults::TakeRow(const QString &reply)
+NameResultsWindow::ReplyEffect NameResultsWindow::TakeReply(const QString &reply)
 {
-    AddResultRow(reply);
+    // A reply is only here when its status was that of a token.
+    const QString number =
+        differences.logsStatus ? QString::number(Number(ReadStatus::Token)) + u' ' : QString();
+    WriteAppInfo(u"Current Response: --> "_s + number + reply);
+    switch (ClassifyReply(reply, differences.replies)) {
+    case ReplyKind::EndOfReply:
+        return {.EndsRequest = true};
+    case ReplyKind::MaxResults:
+        return {.EndsSearch = SearchOutcome::MaxResults};
+    case ReplyKind::TooManyHits:
+        tooManyHits = true;
+        break;
+    case ReplyKind::Error:
+        SearchIncomplete = true;
+        WriteAppInfo(u"Error Response Received in Task Processor.."_s);
+        break;
+    case ReplyKind::Progress:
+        if (const QString text = ProgressText(reply, differences.progressAsItIs); !text.isEmpty())
+            SetSearchStatus(text, StatusStyle::Unchanged);
+        break;
+    case ReplyKind::Row:
+        takeRow(reply);
+        break;
+    }
+    return {};
+}
+
+void NameResultsWindow::takeRow(const QString &reply)
+{
+    AddRow(reply);
     ++rowsOfRequest;
     WriteAppInfo(u"Sent response to caller: "_s + reply);
 }
 
-void frmNameSearchResults::EndSearch(SearchOutcome outcome)
+void NameResultsWindow::EndSearch(SearchOutcome outcome)
 {
     const OutcomeRow &row = OutcomeRowOf(outcome);
-    WriteAppInfo(row.log.toString());
-    ui->cmdStopSearching->setEnabled(false);
-    stopBlinking();
-    ui->listview1->List()->Flush();
+    const bool ownLog =
+        outcome == SearchOutcome::ConnectionLost && !differences.connectionLostLog.isEmpty();
+    WriteAppInfo((ownLog ? differences.connectionLostLog : row.log).toString());
+    EndJob();
+    listview1->List()->Flush();
     const int rows = RowCount();
-    setStatus(OutcomeText(row.status, rows, countyOfRequest), row.statusStyle);
-    setSearchStatus(OutcomeText(row.searchStatus, rows, countyOfRequest), row.searchStatusStyle);
+    SetStatus(OutcomeText(row.status, rows, countyOfRequest), row.statusStyle);
+    SetSearchStatus(OutcomeText(row.searchStatus, rows, countyOfRequest), row.searchStatusStyle);
     if (row.setsCount)
-        ui->Label3->setText(row.count.toString());
+        SetCount(row.count.toString());
     if (row.setsIncomplete)
         SearchIncomplete = true;
     if (outcome == SearchOutcome::MaxResults)
-        AddMaxResultsRows();
+        addMaxResultsRows();
+    if (outcome == SearchOutcome::Completed)
+        ShowCompletion();
     if (row.swapsButtons) {
-        showPageButton(false);
+        PutButtonsBack();
         Global.strRecvBuffer.Clear();
     }
-    cmdSearchResults[printButton]->setEnabled(true);
+    FinishRun();
+}
+
+void NameResultsWindow::FinishRun()
+{
+    EndJob();
+    printButton->setEnabled(true);
     ReleaseTurn();
 }
 
-void frmNameSearchResults::AddMaxResultsRows()
+void NameResultsWindow::addMaxResultsRows()
 {
-    ResultListModel *list = ui->listview1->List();
+    ResultListModel *list = listview1->List();
     const QString warning = u"**Warning**"_s;
     if (list->Count() > 0) {
         list->AddRow({warning, warning, warning,
                       u"Too many results. Refine criteria and search again."_s,
                       countyOfRequest + u" Cty"_s, warning});
     } else {
-        ui->listview1->SetColumns(
+        listview1->SetColumns(
             {{u"NOTE:    This Search Returned More Than The Maximum Number Allowed (200)."_s,
-              TwipsFromPixels(ui->listview1->width()) - listMarginTwips}});
+              TwipsFromPixels(listview1->width()) - listMarginTwips}});
         list->AddRow({u"More than 200 results were found for this name search. Please retry your "
                       "search."_s});
         list->AddRow({u"Tip: Be sure to include a full first name and/or middle initial in the "

@@ -11,20 +11,24 @@ constexpr qsizetype shortestProgress = 10;
 /// here: it is stopped by the common request.
 constexpr std::array<QStringView, 3> tildeStates{u"WAWBK", u"WAEBK", u"ORBK"};
 
-bool isEndMark(const QString &reply)
+bool isEndMark(const QString &reply, EndMark where)
 {
+    if (where == EndMark::AtTheBeginning)
+        return reply.startsWith(u"EOF~", Qt::CaseInsensitive);
     return reply.endsWith(u"EOF~", Qt::CaseInsensitive)
            && reply.right(8).compare(u"THEREOF~", Qt::CaseInsensitive) != 0;
 }
 } // namespace
 
-ReplyKind ClassifyReply(const QString &reply)
+ReplyKind ClassifyReply(const QString &reply, const ReplyRules &rules)
 {
-    if (isEndMark(reply))
+    if (isEndMark(reply, rules.endMark))
         return ReplyKind::EndOfReply;
-    if (reply.startsWith(u"ERROR"))
-        return reply.contains(u"error~too many hits", Qt::CaseInsensitive) ? ReplyKind::TooManyHits
-                                                                           : ReplyKind::Error;
+    if (reply.startsWith(u"ERROR")) {
+        const bool tooMany =
+            rules.tellsTooManyHits && reply.contains(u"error~too many hits", Qt::CaseInsensitive);
+        return tooMany ? ReplyKind::TooManyHits : ReplyKind::Error;
+    }
     if (reply.startsWith(u"SEARCHING", Qt::CaseInsensitive))
         return ReplyKind::Progress;
     if (reply.contains(u"This search resulted in more than 200 results.", Qt::CaseInsensitive))
@@ -32,10 +36,12 @@ ReplyKind ClassifyReply(const QString &reply)
     return ReplyKind::Row;
 }
 
-QString ProgressText(const QString &reply)
+QString ProgressText(const QString &reply, bool asItIs)
 {
     if (reply.size() < shortestProgress)
         return {};
+    if (asItIs)
+        return reply;
     QString text = reply;
     return text.replace(u'~', u' ');
 }

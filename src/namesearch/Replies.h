@@ -13,13 +13,25 @@ enum class ReplyKind {
     Row
 };
 
-/// Which of these a reply is, blind to case but for the word "ERROR" at its beginning.
-///
-/// A row may end in the word THEREOF and its delimiter, and must not count as an end mark.
-ReplyKind ClassifyReply(const QString &reply);
+/// Where the end mark "EOF~" of a reply stands.
+enum class EndMark {
+    AtTheEnd, ///< but not in a row that ends in the word THEREOF and its delimiter
+    AtTheBeginning
+};
 
-/// What a progress reply shows, or "" when it is too short to show anything.
-QString ProgressText(const QString &reply);
+/// In what the courts differ.
+struct ReplyRules
+{
+    EndMark endMark = EndMark::AtTheEnd;
+    bool tellsTooManyHits = true; ///< too many hits is no error; otherwise it is one like any other
+};
+
+/// Which of these a reply is, blind to case but for the word "ERROR" at its beginning.
+ReplyKind ClassifyReply(const QString &reply, const ReplyRules &rules = {});
+
+/// What a progress reply shows, or "" when it is too short to show anything. `asItIs` leaves each
+/// "~" as it stands; otherwise it becomes a blank.
+QString ProgressText(const QString &reply, bool asItIs = false);
 
 /// The request that tells the server to end the search of `state` (a value of lblState).
 QString StopRequestOf(const QString &state);

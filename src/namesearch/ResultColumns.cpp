@@ -43,6 +43,62 @@ constexpr std::array<ResultColumn, 8> indexColumns{{
     {u"Eff. Dt.", 900},
 }};
 
+constexpr std::array<ResultColumn, 8> discisCivilColumns{{
+    {u"Name", 2300},
+    {u"Case No.", 1100},
+    {u"Court Code", 1000},
+    {u"Court Location", 1800},
+    {u"Type", 500},
+    {u"Status", 700},
+    {u"Party", 800},
+    {u"Vio./File Date", 1500},
+}};
+
+constexpr std::array<ResultColumn, 8> discisStatewideColumns{{
+    {u"Name", 2400},
+    {u"Case No.", 1100},
+    {u"L.E.A.", 800},
+    {u"Court", 1500},
+    {u"Type", 700},
+    {u"Status", 600},
+    {u"Party", 600},
+    {u"Vio./File Date", 1500},
+}};
+
+constexpr std::array<ResultColumn, 8> discisAddressColumns{{
+    {u"Name", 2400},
+    {u"Case No.", 1100},
+    {u"Court", 1500},
+    {u"LEA", 700},
+    {u"Type", 700},
+    {u"Status", 600},
+    {u"Party", 600},
+    {u"Vio./File Date", 1500},
+}};
+
+constexpr std::array<ResultColumn, 8> namesStatewideColumns{{
+    {u"Name", 2300},
+    {u"Sex", 700},
+    {u"D.O.B.", 1200},
+    {u"Race", 700},
+    {u"Height", 800},
+    {u"Weight", 800},
+    {u"Physical Desc.", 2300},
+    {u"Notes", 900},
+}};
+
+// "Adddress" is what the column has always been called.
+constexpr std::array<ResultColumn, 8> namesAddressColumns{{
+    {u"Name", 2400},
+    {u"Sex", 500},
+    {u"D.O.B.", 1200},
+    {u"Adddress", 2600},
+    {u"Race", 500},
+    {u"Ht.", 400},
+    {u"Wt.", 400},
+    {u"Phys. Desc.", 800},
+}};
+
 constexpr std::array<QStringView, 4> bankruptcyStates{u"IDBK", u"WAEBK", u"WAWBK", u"ORBK"};
 } // namespace
 
@@ -66,6 +122,16 @@ std::span<const ResultColumn> ResultColumnsOf(ResultKind kind)
         return bankruptcyColumns;
     case ResultKind::Index:
         return indexColumns;
+    case ResultKind::DiscisCivil:
+        return discisCivilColumns;
+    case ResultKind::DiscisStatewide:
+        return discisStatewideColumns;
+    case ResultKind::DiscisAddresses:
+        return discisAddressColumns;
+    case ResultKind::NamesStatewide:
+        return namesStatewideColumns;
+    case ResultKind::NamesAddresses:
+        return namesAddressColumns;
     case ResultKind::Superior:
         break;
     }

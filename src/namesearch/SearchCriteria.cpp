@@ -2,7 +2,10 @@
 
 #include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
+#include "courts/Counties.h"
+#include "courts/DiscisCourts.h"
 
+#include <algorithm>
 #include <array>
 
 using namespace Qt::StringLiterals;
@@ -12,10 +15,16 @@ constexpr QChar fieldBar(u'\u00A6');
 constexpr int nameField = 2;
 constexpr int firstNameField = 3;
 constexpr int middleNameField = 4;
+constexpr int courtField = 5; ///< of a District or Municipal line
 constexpr int countyField = 6;
 constexpr int caseTypeField = 7;
 constexpr qsizetype longestWholeCounty = 20;
 constexpr qsizetype longestCountyHead = 35;
+constexpr QChar indexDelimiter(u'~');
+constexpr qsizetype oregonCodeLength = 3;
+
+/// Idaho's bankruptcy court is none of these: its line cannot be read, and what is shown stays.
+constexpr std::array<QStringView, 3> givenStates{u"ORBK", u"WAEBK", u"WAWBK"};
 
 /// Oregon and Idaho send codes; each is replaced over the whole text, in this order.
 struct TypeWord
@@ -53,21 +62,68 @@ QString caseTypesOf(const QString &field)
         types.replace(row.code.toString(), row.word.toString());
     return types;
 }
+
+QString washingtonPlace(const QString &county)
+{
+    const QString shown = county.size() <= longestWholeCounty
+                              ? QString(county + u" "_s)
+                              : QString(county.left(longestCountyHead) + u".. "_s);
+    return shown + u"County, Washington Superior Courts"_s;
+}
+
+QString oregonPlace(const QString &county)
+{
+    QStringList names;
+    for (const QString &entry : county.split(u','))
+        names.append(GetOrCountyName(entry.left(oregonCodeLength)));
+    const QString list = names.join(u',');
+    const QString tail = u"Oregon Circuit/District Courts"_s;
+    return list.size() < longestCountyHead
+               ? QString(list + u" County, "_s + tail)
+               : QString(list.left(longestCountyHead) + u".. Counties, "_s + tail);
+}
+
+QString idahoPlace(const QString &county, const QString &countyList)
+{
+    return county.contains(u',') ? countyList.left(longestCountyHead) : countyList;
+}
 } // namespace
 
-SearchCriteria SuperiorCriteria(const QString &requestLine)
+SearchCriteria CriteriaOf(const QString &requestLine, const CriteriaSource &source)
 {
-    const QStringList fields = TrimBlanks(requestLine).split(fieldBar);
+    const QStringList fields =
+        TrimBlanks(requestLine).split(source.IndexSearch ? indexDelimiter : fieldBar);
     SearchCriteria criteria;
     criteria.Name = nameOf(fields);
     criteria.CaseTypes = caseTypesOf(FieldAt(fields, caseTypeField));
     QString county = FieldAt(fields, countyField);
     if (county.endsWith(u','))
         county.chop(1);
-    const QString shown = county.size() <= longestWholeCounty
-                              ? QString(county + u" "_s)
-                              : QString(county.left(longestCountyHead) + u".. "_s);
-    criteria.Caption = criteria.Name + u" in "_s + shown + u"County, Washington Superior Courts"_s;
+    const QString head = criteria.Name + u" in "_s;
+    if (source.State == u"WA")
+        criteria.Caption = head + washingtonPlace(county);
+    else if (source.State == u"OR")
+        criteria.Caption = head + oregonPlace(county);
+    else if (source.State == u"ID")
+        criteria.Caption = head + idahoPlace(county, source.CountyList);
+    return criteria;
+}
+
+bool KeepsGivenCriteria(const QString &state)
+{
+    return std::find(givenStates.begin(), givenStates.end(), state) != givenStates.end();
+}
+
+SearchCriteria DiscisCriteria(const QString &requestLine, const QString &courtCounty)
+{
+    const QStringList fields = TrimBlanks(requestLine).split(fieldBar);
+    SearchCriteria criteria;
+    criteria.Name = nameOf(fields);
+    const clsDiscisCourts *court = DiscisCourtByCode(FieldAt(fields, courtField));
+    // A statewide line has no county: it reads as the window's own words for it.
+    const QString place = court ? QString(court->CourtCounty + u" County"_s) : courtCounty;
+    criteria.Caption =
+        criteria.Name + u" in "_s + place + u", Washington District/Municipal Courts"_s;
     return criteria;
 }
 

@@ -10,9 +10,26 @@ struct SearchCriteria
     QString Caption;
 };
 
-/// The criteria of a Washington Superior request line. Throws error 9 when the line has too few
-/// fields.
-SearchCriteria SuperiorCriteria(const QString &requestLine);
+/// The search that a request line belongs to.
+struct CriteriaSource
+{
+    QString State;            ///< a value of lblState
+    bool IndexSearch = false; ///< the fields are closed by "~"
+    QString CountyList = {};  ///< txtCountyList
+};
+
+/// The criteria of a Superior, Index, Oregon or Idaho request line; the caption is empty for any
+/// other state. Throws error 9 when the line has too few fields.
+SearchCriteria CriteriaOf(const QString &requestLine, const CriteriaSource &source);
+
+/// True for the courts whose window shows what its starter wrote into it, since their request lines
+/// do not tell it.
+bool KeepsGivenCriteria(const QString &state);
+
+/// The criteria of a District or Municipal request line. `courtCounty` is what lblCourtCounty
+/// reads, for a line that names no single court. Case types are not told by the line. Throws error
+/// 9 when the line has too few fields.
+SearchCriteria DiscisCriteria(const QString &requestLine, const QString &courtCounty);
 
 /// The county of a request line: field 6, trimmed and without its commas; "" when there is none.
 QString CountyOfRequest(const QString &requestLine);

@@ -11,6 +11,7 @@ enum class SearchOutcome {
     Incomplete,
     Stopped,
     ConnectionLost,
+    ServerMessage, ///< an index search was ended by a warning; ServerMessages.h has its table
 };
 
 enum class StatusStyle { Unchanged, NormalBold, TroubleBold };
@@ -31,6 +32,7 @@ struct OutcomeRow
     bool setsIncomplete;
 };
 
+/// The row of an outcome; ServerMessage has none.
 const OutcomeRow &OutcomeRowOf(SearchOutcome outcome);
 
 /// The text with its "%n" and "%c" filled in.

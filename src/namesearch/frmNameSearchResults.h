@@ -1,111 +1,70 @@
 #pragma once
 
-#include "controls/FormWindow.h"
-#include "jobs/ListBox.h"
-#include "namesearch/ResultColumns.h"
-#include "namesearch/SearchOutcomes.h"
-
-#include <QTimer>
+#include "namesearch/NameResultsWindow.h"
 
 #include <array>
 #include <memory>
-
-class QLabel;
-class QPushButton;
 
 namespace Ui {
 class frmNameSearchResults;
 }
 
-/// The results window of one name search: waits for its turn on the link, sends its request lines
-/// one after the other, lists what comes back, and ends in one of a few told outcomes.
+/// The results of a Superior, Oregon, Idaho, Bankruptcy or Index name search.
 ///
-/// Whoever starts it fills the public members, enqueues txtMasterKey and shows the window; the
-/// timers run from the moment it is made.
-class frmNameSearchResults : public FormWindow
+/// An index search comes in pages: the server ends a page with a warning that more rows are to be
+/// had, and the button Get Next queues the window again for them.
+class frmNameSearchResults : public NameResultsWindow
 {
     Q_OBJECT
 public:
-    /// `state` is what lblState will hold; it decides the columns, with the other two.
+    /// `state` is what lblState will hold; it decides the columns, with the other two. A window
+    /// that is made while Global.BkFormLoading is set is a bankruptcy window, too.
     explicit frmNameSearchResults(const QString &state, bool indexSearch = false,
                                   bool bankruptcy = false, QWidget *parent = nullptr);
     ~frmNameSearchResults() override;
 
-    /// Queues the window again, with the key it has, for the next page of its search.
-    void BeginSearching();
-
-    void InitListView();
-    void ShowHeaderIcon(int column, Qt::SortOrder order, bool show);
+    void InitListView() override;
 
     /// Adds a row of the server to the list. Throws error 9 when it has too few fields.
     void AddResultRow(const QString &row);
 
-    /// Shows the criteria of a line of lboxQueue. Throws error 9 when it has too few fields.
-    void ShowSearchCriteria(int lineIndex);
+    void ShowSearchCriteria(int lineIndex) override;
 
-    bool StopActiveSearch();
-    bool StopPendingSearch();
-    void StopCurrentSearch();
+    /// What stands in front of the name: "Name:", "Tax ID#:" or "SSN#".
+    void SetLabelName(const QString &text);
 
-    void SetTxtCountyList(const QString &text);
-    QString txtCountyList() const;
-
-    int RowCount() const;
-
-    // What the starter hands over
-    ListBox lboxQueue;
-    QString txtMasterKey;
-    QString lblState; ///< "WA", "OR", "ID", "WAWBK", "WAEBK", "ORBK" or "IDBK"
+    // What the starter hands over, besides the members of every results window
     bool chkIndexSearch = false;
     bool chkBK = false;
     bool OrStatewide = false;
     bool IdStatewide = false;
-    QString lbl911; ///< "T" closes the window without a question
-    QString ClientAcctgCode;
+    bool ORchkboxJGMcasetype = false; ///< only cases with judgments were asked for
 
-    // What the reports read
-    bool StopRequested = false;    ///< Stop was confirmed; read after a request's last reply
-    bool SearchIncomplete = false; ///< a request failed in a way that loses results
-    bool StopWarningFlag = false;
-    QString SortColumnName;
-    qint16 SearchRunCount = 1;
-
-    QTimer *Timer1;   ///< asks for the turn
-    QTimer *tmrBlink; ///< blinks lblStatus
+    qint16 SearchRunCount = 1; ///< plus 1 for each further page
 
 protected:
-    bool QueryUnload(UnloadMode mode) override;
-    void Unloading() override;
+    ReplyEffect TakeReply(const QString &reply) override;
+    void AddRow(const QString &row) override;
+    void EndSearch(SearchOutcome outcome) override;
+    void PutButtonsBack() override;
 
 private:
-    void Timer1_Tick();
-    void tmrBlink_Tick();
-    void cmdStopSearching_Click();
-
-    void ProcessSearchRequests();
-    SearchOutcome RunRequests();
-    bool SendLine(int index);
-    SearchOutcome ReadReplies(bool &tooManyHits, bool &ended);
-    void TakeRow(const QString &reply);
-    void EndSearch(SearchOutcome outcome);
-    void AddMaxResultsRows();
-    void ReportEmptyQueue();
-
-    void showCount(int rows);
-    void setStatus(const QString &text, StatusStyle style);
-    void setSearchStatus(const QString &text, StatusStyle style);
-    void stopBlinking();
-    void showStopped(const QString &searchStatus);
+    ReplyEffect takeIndexReply(const QString &reply);
+    void showServerMessage();
+    void offerNextPage();
+    void clearServerTexts();
+    void cmdGetNext_Click();
     void showPageButton(bool nextPage);
 
     const std::unique_ptr<Ui::frmNameSearchResults> ui;
     std::array<QPushButton *, 7> cmdSearchResults{};
     ResultKind kind;
-    QString countyOfRequest;
-    int rowsOfRequest = 0;
-    bool CriteriaShown = false;
-    bool BlinkOn = false;
-    bool ActiveSearcher = false;
-    bool blinking = true;
-    bool countPending = false;
+    // The rows with which the server told of trouble in an index search
+    bool ServerErrorSeen = false;
+    QString ServerErrorText;
+    bool ServerWarningSeen = false;
+    QString ServerWarningText;
+    // The next page of an index search
+    qint16 NextLowerLimit = 0;
+    qint16 NextUpperLimit = 0;
 };

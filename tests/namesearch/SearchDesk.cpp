@@ -73,13 +73,23 @@ FakeSocket *SearchDesk::ConnectToNothing()
 frmNameSearchResults *SearchDesk::MakePending(const QStringList &lines, const QString &state)
 {
     auto *window = new frmNameSearchResults(state);
+    Enqueue(window, lines);
+    return window;
+}
+
+void SearchDesk::Enqueue(JobWindow *window)
+{
     window->Timer1->stop();
-    for (const QString &line : lines)
-        window->lboxQueue.AddItem(line);
     window->txtMasterKey = MakeMasterKey();
     EnqueueKey(window->txtMasterKey);
     window->show();
-    return window;
+}
+
+void SearchDesk::Enqueue(NameResultsWindow *window, const QStringList &lines)
+{
+    for (const QString &line : lines)
+        window->lboxQueue.AddItem(line);
+    Enqueue(window);
 }
 
 frmNameSearchResults *SearchDesk::Start(const QStringList &lines, const QString &state)
@@ -108,7 +118,7 @@ void SearchDesk::When(std::function<bool()> ready, std::function<void()> act)
     watcher->start(shortestTick);
 }
 
-bool SearchDesk::Finish(const frmNameSearchResults *window)
+bool SearchDesk::Finish(const QWidget *window)
 {
     const QPushButton *stop = ButtonOf(window, "cmdStopSearching");
     const QDeadlineTimer deadline(longestTestMilliseconds);

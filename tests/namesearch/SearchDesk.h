@@ -16,6 +16,8 @@
 using namespace Qt::StringLiterals;
 
 class FakeSocket;
+class JobWindow;
+class NameResultsWindow;
 class QPushButton;
 class QWidget;
 class frmNameSearchResults;
@@ -39,6 +41,11 @@ public:
     /// The same, but it does not ask for its turn until its timer is started.
     frmNameSearchResults *MakePending(const QStringList &lines, const QString &state = u"WA"_s);
 
+    /// Makes a window of any kind pending: a key at the end of the queue, its timer stopped, shown.
+    void Enqueue(JobWindow *window);
+    /// The same, with these request lines.
+    void Enqueue(NameResultsWindow *window, const QStringList &lines);
+
     /// Once, at the first turn of the event loop at which `ready` holds. It happens inside whatever
     /// wait is running then, as a click does.
     void When(std::function<bool()> ready, std::function<void()> act);
@@ -46,7 +53,7 @@ public:
     bool AllHappened() const { return watchers.isEmpty(); }
 
     /// Waits until the search of this window is over and its run has left the stack.
-    bool Finish(const frmNameSearchResults *window);
+    bool Finish(const QWidget *window);
 
     TestFolder Folder;
     TestClock Time;

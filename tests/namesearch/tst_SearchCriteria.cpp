@@ -12,6 +12,11 @@ QString wire(const QString &text)
 {
     return QString(text).replace(u'/', u'\u00A6');
 }
+
+SearchCriteria superiorCriteria(const QString &line)
+{
+    return CriteriaOf(line, {u"WA"_s});
+}
 } // namespace
 
 class tst_SearchCriteria : public QObject
@@ -50,7 +55,7 @@ void tst_SearchCriteria::name_data()
 void tst_SearchCriteria::name()
 {
     QFETCH(QString, line);
-    QTEST(SuperiorCriteria(wire(line)).Name, "name");
+    QTEST(superiorCriteria(wire(line)).Name, "name");
 }
 
 void tst_SearchCriteria::caption_data()
@@ -74,7 +79,7 @@ void tst_SearchCriteria::caption_data()
 void tst_SearchCriteria::caption()
 {
     QFETCH(QString, county);
-    QTEST(SuperiorCriteria(wire(u"WASUP/SEARCH/SMITH////"_s + county + u"/Civil,///"_s)).Caption,
+    QTEST(superiorCriteria(wire(u"WASUP/SEARCH/SMITH////"_s + county + u"/Civil,///"_s)).Caption,
           "caption");
 }
 
@@ -99,7 +104,7 @@ void tst_SearchCriteria::caseTypes_data()
 void tst_SearchCriteria::caseTypes()
 {
     QFETCH(QString, field);
-    QTEST(SuperiorCriteria(wire(u"WASUP/SEARCH/SMITH////King,/"_s + field + u"///"_s)).CaseTypes,
+    QTEST(superiorCriteria(wire(u"WASUP/SEARCH/SMITH////King,/"_s + field + u"///"_s)).CaseTypes,
           "shown");
 }
 
@@ -118,7 +123,7 @@ void tst_SearchCriteria::tooFewFields()
     QFETCH(QString, line);
     int number = 0;
     try {
-        SuperiorCriteria(wire(line));
+        superiorCriteria(wire(line));
     } catch (const RunTimeError &error) {
         number = error.Number();
     }
@@ -127,7 +132,7 @@ void tst_SearchCriteria::tooFewFields()
 
 void tst_SearchCriteria::blanksAroundTheLine()
 {
-    const SearchCriteria criteria = SuperiorCriteria(
+    const SearchCriteria criteria = superiorCriteria(
         u"   "_s + wire(u"WASUP/SEARCH/SMITH/JOHN/Q//King,/Civil,///"_s) + u"  "_s);
     QCOMPARE(criteria.Caption, u"SMITH, JOHN, Q in King County, Washington Superior Courts"_s);
 }

@@ -1,0 +1,195 @@
+#include "namesearch/NameResultsWindow.h"
+
+#include "controls/MsgBox.h"
+#include "controls/ResultListView.h"
+#include "controls/StatusColour.h"
+#include "core/GlobalState.h"
+#include "core/Log.h"
+#include "core/RunTimeError.h"
+#include "namesearch/ResultRows.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr JobPace resultsPace{1900, 500, 900, 500};
+
+void applyStyle(QLabel *label, StatusStyle style)
+{
+    if (style != StatusStyle::Unchanged)
+        SetStatusStyle(
+            label, style == StatusStyle::NormalBold ? StatusColour::Normal : StatusColour::Trouble,
+            true);
+}
+} // namespace
+
+NameResultsWindow::NameResultsWindow(ResultsWindow window, QWidget *parent)
+    : JobWindow(resultsPace, parent), differences(ResultsWindowRowOf(window))
+{
+    SortColumnName = differences.sortColumn.toString();
+    Global.bUserStoppedSearch = false;
+}
+
+void NameResultsWindow::load(QPushButton *cmdStopSearching)
+{
+    SetSearchStatus(u" Search In Progress. Select Stop Search Button to Cancel Current Search .."_s,
+                    StatusStyle::NormalBold);
+    applyStyle(lblStatus, StatusStyle::NormalBold);
+    InitListView();
+    ShowHeaderIcon(0, Qt::AscendingOrder, true);
+    connect(listview1->List(), &ResultListModel::Flushed, this, [this] {
+        if (countPending)
+            ShowCount(RowCount());
+    });
+    // The button is enabled when a search ends; the reports it opens come with a later version.
+    connect(printButton, &QPushButton::clicked, this,
+            [this] { MsgBox(this, u"Printing of results comes with a later version."_s); });
+    StartJob(lblStatus, cmdStopSearching);
+}
+
+void NameResultsWindow::BeginSearching()
+{
+    RestartJob();
+}
+
+void NameResultsWindow::ShowHeaderIcon(int column, Qt::SortOrder order, bool show)
+{
+    listview1->ShowHeaderIcon(column, order, show);
+}
+
+void NameResultsWindow::SetNameVal(const QString &text)
+{
+    nameVal->setText(text);
+}
+
+QString NameResultsWindow::lblNameVal() const
+{
+    return nameVal->text();
+}
+
+void NameResultsWindow::SetCaseTypeVals(const QString &text)
+{
+    lblCaseTypeVals->setText(text);
+}
+
+void NameResultsWindow::SetTxtCountyList(const QString &text)
+{
+    countyList->setText(text);
+    countyList->setCursorPosition(0);
+}
+
+QString NameResultsWindow::txtCountyList() const
+{
+    return countyList->text();
+}
+
+int NameResultsWindow::RowCount() const
+{
+    return listview1->List()->Count();
+}
+
+QList<ListColumn> NameResultsWindow::ListColumnsOf(ResultKind kind)
+{
+    QList<ListColumn> columns;
+    for (const ResultColumn &column : ResultColumnsOf(kind)) {
+        const bool centred = column.header == centredColumn;
+        columns.append(
+            {column.header.toString(), column.width, centred ? Qt::AlignHCenter : Qt::AlignLeft});
+    }
+    return columns;
+}
+
+void NameResultsWindow::AddParsedRow(const QString &row, ResultKind kind)
+{
+    const ResultRow parsed = ParseResultRow(row, kind);
+    if (!parsed.Cells.isEmpty())
+        listview1->List()->AddRow(parsed.Cells);
+    if (!parsed.Complete)
+        throw RunTimeError::SubscriptOutOfRange();
+    countPending = true;
+}
+
+void NameResultsWindow::BeginTick()
+{
+    if (CriteriaShown)
+        return;
+    CriteriaShown = true;
+    try {
+        ShowSearchCriteria(0);
+    } catch (const RunTimeError &error) {
+        WriteAppInfo(u"Cannot show the search criteria: "_s + error.Description());
+    }
+}
+
+QString NameResultsWindow::WorkingText() const
+{
+    return differences.working.toString();
+}
+
+QString NameResultsWindow::StopRequest() const
+{
+    return StopRequestOf(lblState);
+}
+
+void NameResultsWindow::StopDone()
+{
+    Global.bUserStoppedSearch = true;
+}
+
+void NameResultsWindow::ShowStopped(StopCase stopCase)
+{
+    if (stopCase == StopCase::AllJobs)
+        WriteAppInfo(u"INCOMPLETE EXIT - from Timer1 - Name Search Results."_s);
+    ShowStoppedStatus();
+    QString text;
+    switch (stopCase) {
+    case StopCase::AllJobs:
+        text = u"Search Stopped By User: "_s + QString::number(RowCount()) + u" Cases Retrieved."_s;
+        break;
+    case StopCase::Pending:
+        text = u"Search Stopped By User. No Results Were Retrieved."_s;
+        break;
+    case StopCase::Active:
+        text = u"Search Stopped By User. Some Results May Not Have Been Retrieved."_s;
+        break;
+    }
+    SetSearchStatus(text, StatusStyle::TroubleBold);
+    SetCount({});
+}
+
+bool NameResultsWindow::QueryUnload(UnloadMode mode)
+{
+    // The key of a search that never had its turn stays in the queue: closing is not stopping.
+    if (lbl911 == u"T") {
+        WriteAppInfo(u"Unconditional Form Close Called. Closing Name Search form."_s);
+        return true;
+    }
+    return MayClose(mode, u"Are you sure you want to close this form?\r\n\r\nAny data that has not "
+                          "been printed or saved will be lost!"_s);
+}
+
+void NameResultsWindow::SetStatus(const QString &text, StatusStyle style)
+{
+    applyStyle(lblStatus, style);
+    lblStatus->setText(text);
+}
+
+void NameResultsWindow::SetSearchStatus(const QString &text, StatusStyle style)
+{
+    applyStyle(lblSearchStatus, style);
+    lblSearchStatus->setText(text);
+}
+
+void NameResultsWindow::SetCount(const QString &text)
+{
+    countPending = false;
+    Label3->setText(text);
+}
+
+void NameResultsWindow::ShowCount(int rows)
+{
+    SetCount(differences.countLabel.toString() + QString::number(rows));
+}

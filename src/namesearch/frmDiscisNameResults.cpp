@@ -1,0 +1,26 @@
+#include "namesearch/frmDiscisNameResults.h"
+
+#include "ui_frmDiscisNameResults.h"
+
+using namespace Qt::StringLiterals;
+
+frmDiscisNameResults::frmDiscisNameResults(QWidget *parent)
+    : DiscisResultsWindow(ResultsWindow::DiscisCivil, parent),
+      ui(std::make_unique<Ui::frmDiscisNameResults>())
+{
+    ui->setupUi(this);
+    UseDiscisControls(*ui);
+}
+
+frmDiscisNameResults::~frmDiscisNameResults() = default;
+
+ResultKind frmDiscisNameResults::Kind() const
+{
+    return ResultKind::DiscisCivil;
+}
+
+void frmDiscisNameResults::ShowSearchCriteria(int lineIndex)
+{
+    DiscisResultsWindow::ShowSearchCriteria(lineIndex);
+    SetCaseTypeVals(u"CIVIL  CV"_s);
+}
