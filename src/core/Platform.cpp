@@ -13,6 +13,14 @@
 #include <io.h>
 #endif
 
+#ifdef Q_OS_WIN
+#include <windows.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+#endif
+
 namespace {
 std::filesystem::path nativePath(const QString &path)
 {
@@ -73,3 +81,49 @@ QString UserIdText()
     return qEnvironmentVariable("USERNAME");
 #endif
 }
+
+#ifdef Q_OS_WIN
+bool HasRegistry()
+{
+    return true;
+}
+
+std::optional<RegistryValue> MachineRegistryValue(const QString &key, const QString &name)
+{
+    HKEY opened = nullptr;
+    const std::wstring keyName = key.toStdWString();
+    if (::RegOpenKeyExW(HKEY_LOCAL_MACHINE, keyName.c_str(), 0, KEY_READ, &opened) != ERROR_SUCCESS)
+        return std::nullopt;
+    const std::wstring valueName = name.toStdWString();
+    DWORD type = 0;
+    DWORD size = 0;
+    std::vector<BYTE> bytes;
+    LSTATUS status = ::RegQueryValueExW(opened, valueName.c_str(), nullptr, &type, nullptr, &size);
+    if (status == ERROR_SUCCESS) {
+        bytes.resize(size);
+        status = ::RegQueryValueExW(opened, valueName.c_str(), nullptr, &type, bytes.data(), &size);
+    }
+    ::RegCloseKey(opened);
+    if (status != ERROR_SUCCESS)
+        return std::nullopt;
+    if (type == REG_DWORD && size == sizeof(quint32)) {
+        quint32 number = 0;
+        std::copy_n(bytes.data(), sizeof number, reinterpret_cast<BYTE *>(&number));
+        return number;
+    }
+    if (type != REG_SZ && type != REG_EXPAND_SZ)
+        return std::nullopt;
+    return QString::fromUtf16(reinterpret_cast<const char16_t *>(bytes.data()),
+                              static_cast<qsizetype>(size / sizeof(char16_t)));
+}
+#else
+bool HasRegistry()
+{
+    return false;
+}
+
+std::optional<RegistryValue> MachineRegistryValue(const QString &, const QString &)
+{
+    return std::nullopt;
+}
+#endif

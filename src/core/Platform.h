@@ -3,6 +3,9 @@
 #include <QByteArray>
 #include <QString>
 
+#include <optional>
+#include <variant>
+
 // What only one platform has, behind one small file.
 
 enum class AppendResult { Appended, Failed, TooLarge };
@@ -20,3 +23,13 @@ bool RenameOver(const QString &from, const QString &to);
 
 /// The signed-in user's id as text, for names that two users must not share.
 QString UserIdText();
+
+/// A value of the registry: text with whatever stands behind its end, or a number.
+using RegistryValue = std::variant<QString, quint32>;
+
+/// True where there is a registry: on Windows only.
+bool HasRegistry();
+
+/// The value `name` under `key` of the machine's part of the registry, or nothing when there is
+/// none or it is neither text nor a number.
+std::optional<RegistryValue> MachineRegistryValue(const QString &key, const QString &name);

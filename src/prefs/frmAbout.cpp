@@ -1,5 +1,6 @@
 #include "prefs/frmAbout.h"
 
+#include "controls/MsgBox.h"
 #include "controls/WindowPlace.h"
 #include "core/EventLoop.h"
 #include "core/Version.h"
@@ -7,18 +8,24 @@
 
 #include <QIcon>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 constexpr int logoPixels = 64;
 }
 
-frmAbout::frmAbout(QWidget *parent) : QDialog(parent), ui(std::make_unique<Ui::frmAbout>())
+frmAbout::frmAbout(QWidget *parent, SystemInfoSource source)
+    : QDialog(parent), systemInfo(std::move(source)), ui(std::make_unique<Ui::frmAbout>())
 {
     ui->setupUi(this);
     setWindowTitle(u"Halvane"_s);
     ui->lblVersion->setText(u"Version "_s + ProgramVersion());
     ui->imgLogo->setPixmap(QIcon(u":/toolbar/halvane.svg"_s).pixmap(logoPixels));
+    // Where there can be no tool, a button that only says so is no use.
+    ui->cmdSysInfo->setVisible(systemInfo.hasRegistry);
+    connect(ui->cmdSysInfo, &QPushButton::clicked, this, &frmAbout::StartSysInfo);
     connect(ui->cmdOK, &QPushButton::clicked, this, &QDialog::accept);
 }
 
@@ -27,6 +34,7 @@ frmAbout::~frmAbout() = default;
 void frmAbout::ShowAsSplash()
 {
     ui->cmdOK->hide();
+    ui->cmdSysInfo->hide();
     CentreOnScreen(this);
     show();
     raise();
@@ -34,4 +42,11 @@ void frmAbout::ShowAsSplash()
     Yield();
     repaint();
     Yield();
+}
+
+void frmAbout::StartSysInfo()
+{
+    const QString tool = SystemInfoTool(systemInfo);
+    if (tool.isEmpty() || !systemInfo.run(tool))
+        MsgBox(this, u"System Information Is Unavailable At This Time"_s);
 }

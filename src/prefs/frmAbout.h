@@ -1,5 +1,7 @@
 #pragma once
 
+#include "prefs/SystemInfo.h"
+
 #include <QDialog>
 
 #include <memory>
@@ -13,12 +15,17 @@ class frmAbout : public QDialog
 {
     Q_OBJECT
 public:
-    explicit frmAbout(QWidget *parent = nullptr);
+    explicit frmAbout(QWidget *parent = nullptr,
+                      SystemInfoSource source = SystemInfoSource::OfThisMachine());
     ~frmAbout() override;
 
     /// Shows the window as a splash, painted at once: nothing else will run while it is up.
     void ShowAsSplash();
 
+    /// Runs the system's information tool, or says that there is none.
+    void StartSysInfo();
+
 private:
+    const SystemInfoSource systemInfo;
     const std::unique_ptr<Ui::frmAbout> ui;
 };

@@ -16,9 +16,10 @@ public:
     explicit frmInfo(QWidget *parent = nullptr);
     ~frmInfo() override;
 
-    /// Fills the three lines and shows the window until it is closed.
+    /// Fills the three lines and shows the window until it is closed. A caption that is given takes
+    /// the place of the window's own.
     static void ShowFieldError(QWidget *parent, const QString &what, const QString &why,
-                               const QString &action);
+                               const QString &action, const QString &caption = {});
 
     /// Sets the caption to the last of the four texts that is not empty; the lines keep what they
     /// have.
@@ -26,5 +27,7 @@ public:
                   const QString &fourth);
 
 private:
+    void FitTexts();
+
     const std::unique_ptr<Ui::frmInfo> ui;
 };

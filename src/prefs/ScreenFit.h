@@ -1,0 +1,9 @@
+#pragma once
+
+#include <QSize>
+
+class QWidget;
+
+/// Gives a window the size it wants, or as much of it as its screen has, and puts it in the middle
+/// of that screen. What does not fit has to scroll.
+void FitOnScreen(QWidget *window, QSize wanted);
