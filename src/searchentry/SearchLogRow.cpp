@@ -13,9 +13,8 @@ constexpr std::array<QStringView, 5> courtNames{
     u"WA Superior Courts", u"WA District & Municipal Courts", u"OR Circuit/District Courts",
     u"ID District Courts", u"Federal Bankruptcy Courts"};
 
-constexpr std::array<QStringView, 4> bankruptcyCourts{u"Washington (Western)",
-                                                      u"Washington (Eastern)",
-                                                      u"Oregon (Statewide)", u"Idaho (Statewide)"};
+constexpr std::array<QStringView, 4> bankruptcyCourts{
+    u"Washington (Western)", u"Washington (Eastern)", u"Oregon (Statewide)", u"Idaho (Statewide)"};
 
 /// Tax identifiers and social security numbers count as case numbers.
 bool isNumber(const SearchEntry &entry)

@@ -85,8 +85,7 @@ bool save(SearchRecord record, const QString &iniFile, bool RecordKey::*kind)
             continue;
         const QString key = row.key.toString();
         setting.SaveSettingStr(record.Section, key, record.*row.value);
-        allWritten =
-            allWritten && setting.GetSettingStr(record.Section, key, missing) != missing;
+        allWritten = allWritten && setting.GetSettingStr(record.Section, key, missing) != missing;
     }
     if (!allWritten)
         WriteAppInfo(u"An Unknown Error Occurred While Writing Search Record to Ini File"_s);

@@ -176,7 +176,8 @@ void tst_RecentEntries::theTextIsNotComparedWithTheList()
 void tst_RecentEntries::theCodePageIsWindows1252()
 {
     AddToMruList(persons, u"NU\u00D1EZ \u2019"_s);
-    QCOMPARE(folder->Read(u"MruIName.txt"_s), QByteArray("NU\xD1" "EZ \x92\r\n"));
+    QCOMPARE(folder->Read(u"MruIName.txt"_s), QByteArray("NU\xD1"
+                                                         "EZ \x92\r\n"));
     QCOMPARE(LoadMruLists().Persons, QStringList{u"NU\u00D1EZ \u2019"_s});
 }
 
@@ -371,8 +372,7 @@ void tst_RecentEntries::aFileThatCannotBeTrimmedIsLogged()
     folder->Write(acctgFile, "A \r\n");
     TrimMruFiles();
     QCOMPARE(folder->Read(acctgFile), QByteArray("A\r\n"));
-    QCOMPARE(folder->Log(),
-             QStringList{u"Error writing MruIName.txt: Path/File access error"_s});
+    QCOMPARE(folder->Log(), QStringList{u"Error writing MruIName.txt: Path/File access error"_s});
 }
 
 void tst_RecentEntries::whatIsRemembered_data()
@@ -384,8 +384,8 @@ void tst_RecentEntries::whatIsRemembered_data()
     QTest::newRow("last name") << person << QStringList{u" SMITH "_s, {}, {}, {}} << u"SMITH"_s;
     QTest::newRow("last and first")
         << person << QStringList{u"SMITH"_s, u"JOHN"_s, {}, {}} << u"SMITH, JOHN"_s;
-    QTest::newRow("with initial")
-        << person << QStringList{u"SMITH"_s, u"JOHN"_s, u"Q"_s, {}} << u"SMITH, JOHN, Q"_s;
+    QTest::newRow("with initial") << person << QStringList{u"SMITH"_s, u"JOHN"_s, u"Q"_s, {}}
+                                  << u"SMITH, JOHN, Q"_s;
     QTest::newRow("initial without first")
         << person << QStringList{u"SMITH"_s, {}, u"Q"_s, {}} << u"SMITH, Q"_s;
     QTest::newRow("the suffix is left out")
@@ -394,8 +394,8 @@ void tst_RecentEntries::whatIsRemembered_data()
                               << QStringList{u" ACME INC "_s, u"X"_s, u"Y"_s, {}} << u"ACME INC"_s;
     QTest::newRow("number") << static_cast<int>(SearchKind::Number)
                             << QStringList{u"09-2-02029-9"_s, u"X"_s, {}, {}} << u"09-2-02029-9"_s;
-    QTest::newRow("tax identifier") << static_cast<int>(SearchKind::TaxId)
-                                    << QStringList{u"123"_s, u"X"_s, {}, {}} << u"123"_s;
+    QTest::newRow("tax identifier")
+        << static_cast<int>(SearchKind::TaxId) << QStringList{u"123"_s, u"X"_s, {}, {}} << u"123"_s;
 }
 
 void tst_RecentEntries::whatIsRemembered()
@@ -433,8 +433,8 @@ void tst_RecentEntries::choosingAPerson_data()
     QTest::addColumn<QStringList>("parts");
     QTest::newRow("three parts") << u"SMITH, JOHN, Q"_s
                                  << QStringList{u"SMITH"_s, u"JOHN"_s, u"Q"_s};
-    QTest::newRow("a missing initial") << u"SMITH, JOHN"_s
-                                       << QStringList{u"SMITH"_s, u"JOHN"_s, u""_s};
+    QTest::newRow("a missing initial")
+        << u"SMITH, JOHN"_s << QStringList{u"SMITH"_s, u"JOHN"_s, u""_s};
     QTest::newRow("only a last name") << u"SMITH"_s << QStringList{u"SMITH"_s, u""_s, u""_s};
     QTest::newRow("nothing") << u""_s << QStringList{u""_s, u""_s, u""_s};
     QTest::newRow("a comma without a blank")

@@ -52,9 +52,9 @@ void tst_SearchLogRow::aBusinessStatewideInARangeOfYears()
     entry.YearRange = true;
     entry.FromYear = u"1990"_s;
     entry.ToYear = u"2002"_s;
-    QCOMPARE(rowOf(entry), (QStringList{u"ACME INC"_s, u"WA Superior Courts - "_s,
-                                        u"Statewide (All Counties)"_s, u"Civil, Probate"_s,
-                                        u"1990 - 2002"_s, u"Pending .."_s}));
+    QCOMPARE(rowOf(entry),
+             (QStringList{u"ACME INC"_s, u"WA Superior Courts - "_s, u"Statewide (All Counties)"_s,
+                          u"Civil, Probate"_s, u"1990 - 2002"_s, u"Pending .."_s}));
 }
 
 void tst_SearchLogRow::aNumberHasNoTypesAndNoYears_data()
@@ -74,17 +74,15 @@ void tst_SearchLogRow::aNumberHasNoTypesAndNoYears()
     entry.YearRange = true;
     entry.FromYear = u"1990"_s;
     entry.ToYear = u"2002"_s;
-    QCOMPARE(rowOf(entry),
-             (QStringList{u"09-2-02029-9"_s, u"WA Superior Courts - "_s, u"Pierce"_s, u"N/A"_s,
-                          u"N/A"_s, u"Pending .."_s}));
+    QCOMPARE(rowOf(entry), (QStringList{u"09-2-02029-9"_s, u"WA Superior Courts - "_s, u"Pierce"_s,
+                                        u"N/A"_s, u"N/A"_s, u"Pending .."_s}));
 }
 
 void tst_SearchLogRow::theCourt_data()
 {
     QTest::addColumn<int>("court");
     QTest::addColumn<QString>("text");
-    QTest::newRow("Superior") << static_cast<int>(CourtFamily::Superior)
-                              << u"WA Superior Courts"_s;
+    QTest::newRow("Superior") << static_cast<int>(CourtFamily::Superior) << u"WA Superior Courts"_s;
     QTest::newRow("District and Municipal")
         << static_cast<int>(CourtFamily::Discis) << u"WA District & Municipal Courts"_s;
     QTest::newRow("Oregon") << static_cast<int>(CourtFamily::Oregon)

@@ -74,7 +74,8 @@ void tst_SearchRecords::theKeysOfARecord_data()
 {
     QTest::addColumn<int>("kind");
     QTest::addColumn<QStringList>("lines");
-    const QStringList head{u"State=Washington"_s, u"StateAbbr=WA"_s, u"CourtName=Superior Courts"_s};
+    const QStringList head{u"State=Washington"_s, u"StateAbbr=WA"_s,
+                           u"CourtName=Superior Courts"_s};
     const QStringList counties{u"Jurisdictions=Adams, King"_s, u"CaseTypes=Civil, Probate"_s,
                                u"SearchFromYear=1990"_s, u"SearchToYear=2002"_s};
     QTest::newRow("person") << int(Person)
@@ -90,8 +91,8 @@ void tst_SearchRecords::theKeysOfARecord_data()
                                      + counties;
     QTest::newRow("number") << int(Number)
                             << head
-                                   + QStringList{u"SearchType=Case Number"_s,
-                                                 u"CaseNumber=SMITH"_s, u"Jurisdictions=Pierce"_s};
+                                   + QStringList{u"SearchType=Case Number"_s, u"CaseNumber=SMITH"_s,
+                                                 u"Jurisdictions=Pierce"_s};
 }
 
 void tst_SearchRecords::theKeysOfARecord()

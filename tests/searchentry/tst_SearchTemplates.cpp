@@ -77,8 +77,7 @@ void tst_SearchTemplates::whichLettersNameATemplate_data()
     QTest::newRow("by the letters, not by the lines")
         << QByteArray("[WaSup]\nz=Last\na=First\n") << QStringList{u"First"_s, u"Last"_s};
     QTest::newRow("capitals") << QByteArray("[wasup]\nA=One\n") << QStringList{u"One"_s};
-    QTest::newRow("keys of two letters") << QByteArray("[WaSup]\naa=One\n1=Two\n")
-                                         << QStringList();
+    QTest::newRow("keys of two letters") << QByteArray("[WaSup]\naa=One\n1=Two\n") << QStringList();
     QTest::newRow("another section") << QByteArray("[OrSup]\na=One\n") << QStringList();
     QTest::newRow("an empty file") << QByteArray() << QStringList();
 }
