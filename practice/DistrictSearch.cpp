@@ -17,6 +17,9 @@ constexpr auto statewide = u"*SW";
 constexpr auto nonCivil = u"IN";
 constexpr auto superiorFelony = u"S1";
 
+// A criminal case is over after so many years.
+constexpr int openFor = 5;
+
 /// What can be asked for, and of which cases.
 struct Command
 {
@@ -78,7 +81,7 @@ void addSuperior(const Population &population, const NameQuery &name, const Comm
              rowText({NameText(found.person), text, u"S%1"_s.arg(number.county, 2, 10, QChar(u'0')),
                       command.withAgency ? agencyOf(county) : u"%1 Superior"_s.arg(county),
                       QString::fromUtf16(superiorFelony),
-                      found.courtCase.archived ? u"CL"_s : u"OP"_s, u"DEF"_s,
+                      thisYear - number.year > openFor ? u"CL"_s : u"OP"_s, u"DEF"_s,
                       DateText(found.courtCase.filed)})});
     }
 }

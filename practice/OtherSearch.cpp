@@ -37,8 +37,8 @@ OtherHit madeUpHit(const OtherSearch &search, qint64 number)
     made.type = search.types[index % search.types.size()];
     const OtherCaseType &type = CaseTypesOf(search.family)[static_cast<std::size_t>(made.type)];
     const int year = search.years.from + static_cast<int>(turn % years);
-    const auto value =
-        static_cast<int>(turn / years % static_cast<std::size_t>(NumbersOf(search.family)));
+    // Kinds of case may be numbered in one row: no two rows get the same number.
+    const auto value = static_cast<int>(index % static_cast<std::size_t>(NumbersOf(search.family)));
     made.number = OtherNumberText(search.family, made.court, made.type, year, value);
     made.filed = QDate(year, MonthOf(search.family, value), 1 + static_cast<int>(index % 28));
     made.text = QString::fromUtf16(type.texts[index % type.texts.size()]);
