@@ -74,7 +74,7 @@ bool accountingEnabled()
 
 QString currentCode()
 {
-    return TrimBlanks(Global.ClientAcctgCode).toUpper();
+    return FoldToUpper(TrimBlanks(Global.ClientAcctgCode));
 }
 } // namespace
 
