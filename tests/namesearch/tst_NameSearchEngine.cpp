@@ -401,7 +401,7 @@ void tst_NameSearchEngine::anEmptyListIsToldAndClosesTheWindow()
     const QPointer<frmNameSearchResults> window(desk->MakePending({}));
     desk->Boxes.Expect(u"No Search Requests Can Be Located! This Form will be closed when you "
                        "select OK. The Request Queue Appears to be Empty."_s,
-                       u"Search Queue Empty .."_s);
+                       u"Search Queue Empty .."_s, MsgIcon::Exclamation);
     window->Timer1->start(1);
     QTRY_VERIFY(window.isNull());
     QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);

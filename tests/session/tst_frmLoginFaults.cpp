@@ -259,7 +259,7 @@ void tst_frmLoginFaults::titleBarBehindABoxOfRefusal()
     session->boxes.Expect(
         u"Either the User Name and/or Password you entered is Invalid!\r\n\r\nPlease Re-Enter "
         "Your User Name and Password and then select Login."_s,
-        u"Invalid User Name or Password .."_s);
+        u"Invalid User Name or Password .."_s, MsgIcon::Exclamation);
     Click(login, "cmdLogin");
     QTRY_VERIFY(!login);
     QCOMPARE(Global.bLoginBusy, false);
@@ -282,13 +282,13 @@ void tst_frmLoginFaults::droppedAtEveryByte()
         const frmLogin *login = ready();
         QVERIFY(login);
         if (step == 0)
-            session->boxes.Expect(timedOutText, errorTitle);
+            session->boxes.Expect(timedOutText, errorTitle, MsgIcon::Exclamation);
         Click(login, "cmdLogin");
         QCOMPARE(Global.bLoginBusy, false);
         QCOMPARE(Global.bLoggedIn, step > 0);
         if (step == 0) {
             QVERIFY(login->isVisible() && Child<QPushButton>(login, "cmdLogin")->isEnabled());
-            session->boxes.Expect(droppedText, errorTitle);
+            session->boxes.Expect(droppedText, errorTitle, MsgIcon::Exclamation);
             Click(login, "cmdLogin");
             Click(login, "cmdCancel");
         } else {
@@ -318,7 +318,7 @@ void tst_frmLoginFaults::droppedAndThenRefusedAtEveryByte()
         reply(step, replies()[step].left(cut));
         court().dropsBehind = step;
         if (step == 0)
-            session->boxes.Expect(timedOutText, errorTitle);
+            session->boxes.Expect(timedOutText, errorTitle, MsgIcon::Exclamation);
         Click(login, "cmdLogin");
         QCOMPARE(Global.bLoggedIn, step > 0);
         if (login == SessionFixture::LoginWindow())
@@ -328,7 +328,7 @@ void tst_frmLoginFaults::droppedAndThenRefusedAtEveryByte()
         court() = FakeCourt();
         court().refuses = true;
         session->boxes.Expect(u"Cannot Connect to Halvane Server at this time."_s,
-                              u"Contacting Halvane Server .."_s);
+                              u"Contacting Halvane Server .."_s, MsgIcon::Exclamation);
         login = session->OpenLogin();
         QVERIFY(WaitUntil([] {
             return CourtSocket::Court().connectedTo.size() == 10 && !QApplication::overrideCursor();
@@ -350,7 +350,7 @@ void tst_frmLoginFaults::silentAtEveryByte()
         reply(step, come);
         if (endsBetweenTokens(come)) {
             if (step == 0)
-                session->boxes.Expect(timedOutText, errorTitle);
+                session->boxes.Expect(timedOutText, errorTitle, MsgIcon::Exclamation);
             session->clock.Run(1.0);
             Click(login, "cmdLogin");
             session->clock.Stop();
