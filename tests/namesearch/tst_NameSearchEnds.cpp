@@ -34,13 +34,10 @@ void addOutcomes()
 }
 } // namespace
 
-class tst_NameSearchEnds : public QObject
+class tst_NameSearchEnds : public SearchTest
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
-
     void outcome_data();
     void outcome();
     void tooManyHitsSendsNoFurtherLine();
@@ -63,26 +60,7 @@ private:
     /// Searches, with two other keys waiting behind, to the outcome of the row. A token that nobody
     /// waits for any more comes in one piece with the reply.
     void searchToTheOutcome();
-
-    std::unique_ptr<SearchDesk> desk;
-    std::unique_ptr<ScriptedCourt> court;
 };
-
-void tst_NameSearchEnds::init()
-{
-    desk = std::make_unique<SearchDesk>();
-    court = std::make_unique<ScriptedCourt>();
-}
-
-void tst_NameSearchEnds::cleanup()
-{
-    const QString boxes = desk->Boxes.Complaints();
-    const bool allHappened = desk->AllHappened();
-    desk.reset();
-    court.reset();
-    QCOMPARE(boxes, QString());
-    QVERIFY(allHappened);
-}
 
 void tst_NameSearchEnds::outcome_data()
 {
@@ -177,7 +155,6 @@ void tst_NameSearchEnds::outcome()
     QVERIFY(!window->StopWarningFlag);
     QVERIFY(!Global.bUserStoppedSearch);
     QVERIFY(Global.strRecvBuffer.IsEmpty());
-    QCOMPARE(court->Complaints(), QString());
 }
 
 void tst_NameSearchEnds::tooManyHitsSendsNoFurtherLine()
@@ -216,7 +193,6 @@ void tst_NameSearchEnds::anErrorRowSendsTheLinesThatFollow()
     desk->ConnectTo(*court);
     frmNameSearchResults *window = desk->Start({adams, RequestLine()});
     QVERIFY(desk->Finish(window));
-    QCOMPARE(court->Complaints(), QString());
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Incomplete!"_s);
     QCOMPARE(window->RowCount(), 1);
     QVERIFY(window->SearchIncomplete);
