@@ -167,7 +167,8 @@ void tst_TheRoad::fromTheLoginToTheRows()
     QCOMPARE(main->focusWidget()->objectName(), u"txtSearchName_0"_s);
     tick(form, "lboxCountyOrProfile", {u"King"_s});
     tick(form, "lboxCaseTypes", {u"Civil"_s, u"Criminal"_s});
-    desk->Boxes.Expect(disclaimer, u"Washington State Courts"_s, MsgAnswer::Yes);
+    desk->Boxes.Expect(disclaimer, u"Washington State Courts"_s, MsgIcon::Exclamation,
+                       MsgAnswer::Yes);
     frmNameSearchResults *window = startSearch();
     QVERIFY(window);
     QCOMPARE(TextOf(window, "lblStatus"), u"Pending .."_s);
@@ -204,7 +205,8 @@ void tst_TheRoad::twoSearchesFromOneForm()
     QWidget *form = shownWindow(u"frmSearchWA"_s);
     tick(form, "lboxCountyOrProfile", {u"King"_s});
     tick(form, "lboxCaseTypes", {u"Civil"_s, u"Criminal"_s});
-    desk->Boxes.Expect(disclaimer, u"Washington State Courts"_s, MsgAnswer::Yes);
+    desk->Boxes.Expect(disclaimer, u"Washington State Courts"_s, MsgIcon::Exclamation,
+                       MsgAnswer::Yes);
     frmNameSearchResults *first = startSearch();
     first->Timer1->stop();
     frmNameSearchResults *second = startSearch();
@@ -229,7 +231,8 @@ void tst_TheRoad::afterALostConnectionTheNextLoginSearchesAgain()
     QWidget *form = shownWindow(u"frmSearchWA"_s);
     tick(form, "lboxCountyOrProfile", {u"King"_s});
     tick(form, "lboxCaseTypes", {u"Civil"_s, u"Criminal"_s});
-    desk->Boxes.Expect(disclaimer, u"Washington State Courts"_s, MsgAnswer::Yes);
+    desk->Boxes.Expect(disclaimer, u"Washington State Courts"_s, MsgIcon::Exclamation,
+                       MsgAnswer::Yes);
     frmNameSearchResults *lost = startSearch();
     QVERIFY(desk->Finish(lost));
     QCOMPARE(TextOf(lost, "lblStatus"), u"Search Stopped - Court Connection Lost!"_s);

@@ -468,7 +468,7 @@ void tst_frmSearchWAStart::disclaimerIsAskedOnceInASession()
 {
     Global.bShowAlerts = true;
     fill({u"Smith"_s}, {u"King"_s}, {u"Civil"_s});
-    desk->Boxes.Expect(disclaimer, disclaimerTitle, MsgAnswer::Yes);
+    desk->Boxes.Expect(disclaimer, disclaimerTitle, MsgIcon::Exclamation, MsgAnswer::Yes);
     QVERIFY(start());
     QVERIFY(Global.WaDisclaimerAccepted);
     QVERIFY(!Global.OrDisclaimerAccepted);
@@ -480,11 +480,11 @@ void tst_frmSearchWAStart::declinedDisclaimerEndsTheClickAndAsksAgain()
 {
     Global.bShowAlerts = true;
     fill({u"Smith"_s}, {u"King"_s}, {u"Civil"_s});
-    desk->Boxes.Expect(disclaimer, disclaimerTitle, MsgAnswer::No);
+    desk->Boxes.Expect(disclaimer, disclaimerTitle, MsgIcon::Exclamation, MsgAnswer::No);
     QVERIFY(!start());
     QVERIFY(!Global.WaDisclaimerAccepted);
     QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
-    desk->Boxes.Expect(disclaimer, disclaimerTitle, MsgAnswer::Yes);
+    desk->Boxes.Expect(disclaimer, disclaimerTitle, MsgIcon::Exclamation, MsgAnswer::Yes);
     QVERIFY(start());
 }
 
@@ -509,7 +509,7 @@ void tst_frmSearchWAStart::notLoggedInDeclined()
 {
     Global.bLoggedIn = false;
     fill({u"Smith"_s}, {u"King"_s}, {u"Civil"_s});
-    desk->Boxes.Expect(notLoggedIn, notLoggedInTitle, MsgAnswer::No);
+    desk->Boxes.Expect(notLoggedIn, notLoggedInTitle, MsgIcon::Exclamation, MsgAnswer::No);
     QVERIFY(!start());
     QVERIFY(!frmLogin::IsLoaded());
     QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
@@ -520,7 +520,7 @@ void tst_frmSearchWAStart::notLoggedInShowsTheLogin()
     FakeSocket::Install();
     Global.bLoggedIn = false;
     fill({u"Smith"_s}, {u"King"_s}, {u"Civil"_s});
-    desk->Boxes.Expect(notLoggedIn, notLoggedInTitle, MsgAnswer::Yes);
+    desk->Boxes.Expect(notLoggedIn, notLoggedInTitle, MsgIcon::Exclamation, MsgAnswer::Yes);
     QVERIFY(!start());
     QVERIFY(frmLogin::IsLoaded());
     QVERIFY(!form->isVisible());
@@ -533,8 +533,8 @@ void tst_frmSearchWAStart::disclaimerGoesBeforeTheLoginQuestion()
     Global.bLoggedIn = false;
     Global.bShowAlerts = true;
     fill({u"Smith"_s}, {u"King"_s}, {u"Civil"_s});
-    desk->Boxes.Expect(disclaimer, disclaimerTitle, MsgAnswer::Yes);
-    desk->Boxes.Expect(notLoggedIn, notLoggedInTitle, MsgAnswer::No);
+    desk->Boxes.Expect(disclaimer, disclaimerTitle, MsgIcon::Exclamation, MsgAnswer::Yes);
+    desk->Boxes.Expect(notLoggedIn, notLoggedInTitle, MsgIcon::Exclamation, MsgAnswer::No);
     QVERIFY(!start());
 }
 
@@ -543,7 +543,7 @@ void tst_frmSearchWAStart::aFormCancelledUnderTheDisclaimerStartsNothing()
     Global.bShowAlerts = true;
     fill({u"Smith"_s}, {u"King"_s}, {u"Civil"_s});
     desk->Boxes.Meanwhile([this] { form->Unload(); });
-    desk->Boxes.Expect(disclaimer, disclaimerTitle, MsgAnswer::Yes);
+    desk->Boxes.Expect(disclaimer, disclaimerTitle, MsgIcon::Exclamation, MsgAnswer::Yes);
     click("cmdBeginSearch");
     QTRY_VERIFY(form.isNull());
     QVERIFY(resultsWindows().isEmpty());
