@@ -50,27 +50,31 @@ void addCourt(const SearchEntry &entry, const clsDiscisCourts &court, DiscisRequ
     requests.CountyList += court.ListText() + u", "_s;
 }
 
+QList<clsDiscisCourts> courtsToSearch(const SearchEntry &entry)
+{
+    if (isCivil(entry) && isEveryCourt(entry))
+        return DiscisCourts();
+    QList<clsDiscisCourts> found;
+    for (const QString &item : entry.DiscisSelected) {
+        // By name, not by code: courts that share a name are searched together.
+        const QString name = DiscisCourtNameOf(item);
+        for (const clsDiscisCourts &court : DiscisCourts()) {
+            if (court.CourtName == name)
+                found.append(court);
+        }
+    }
+    return found;
+}
+
 void addCourts(const SearchEntry &entry, const std::function<void()> &turn,
                DiscisRequests &requests)
 {
-    // A copy: the catalogue may be read anew during a turn of the event loop.
-    const QList<clsDiscisCourts> catalogue = DiscisCourts();
-    const auto add = [&](const clsDiscisCourts &court) {
+    // Gathered before the first turn of the event loop, in which the catalogue may be read anew.
+    const QList<clsDiscisCourts> courts = courtsToSearch(entry);
+    for (const clsDiscisCourts &court : courts) {
         addCourt(entry, court, requests);
         if (turn)
             turn();
-    };
-    if (isCivil(entry) && isEveryCourt(entry)) {
-        for (const clsDiscisCourts &court : catalogue)
-            add(court);
-        return;
-    }
-    for (const QString &item : entry.DiscisSelected) {
-        const QString name = DiscisCourtNameOf(item);
-        for (const clsDiscisCourts &court : catalogue) {
-            if (court.CourtName == name)
-                add(court);
-        }
     }
 }
 
