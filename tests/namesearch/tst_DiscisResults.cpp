@@ -48,6 +48,8 @@ private Q_SLOTS:
     void moreDetailsComeSoon();
     void theListOfCourtsRefusesEdits_data();
     void theListOfCourtsRefusesEdits();
+    void theFocusStandsOnTheList_data();
+    void theFocusStandsOnTheList();
     void nonCivilHelp();
 
 private:
@@ -453,6 +455,20 @@ void tst_DiscisResults::theListOfCourtsRefusesEdits()
     QTest::keyClick(window->findChild<QLineEdit *>(u"txtCountyList"_s), Qt::Key_X);
     QCOMPARE(desk->Boxes.Answered(), 1);
     QCOMPARE(window->txtCountyList(), u"Benton District (BED)"_s);
+}
+
+void tst_DiscisResults::theFocusStandsOnTheList_data()
+{
+    eachDistrictWindow();
+}
+
+void tst_DiscisResults::theFocusStandsOnTheList()
+{
+    QFETCH(Which, which);
+    NameResultsWindow *window = MakeWindow(which);
+    desk->Enqueue(window, {DistrictLine()});
+    QVERIFY(window->focusWidget());
+    QCOMPARE(window->focusWidget()->objectName(), u"listview1"_s);
 }
 
 void tst_DiscisResults::nonCivilHelp()
