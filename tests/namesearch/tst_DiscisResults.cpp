@@ -209,6 +209,7 @@ void tst_DiscisResults::civilSearchOverTwoCourts()
         meanwhile,
         (QStringList{u"Cases Found: 3"_s,
                      u"SMITH, JOHN, Q in Adams County, Washington District/Municipal Courts"_s}));
+    QCOMPARE(RowsOf(window).size(), 3);
     QCOMPARE(RowsOf(window)[2],
              (QStringList{u"SMITH, C"_s, u"C0012345"_s, u"BED"_s, u"Benton District"_s, u"CV"_s,
                           u"OPN"_s, u"DEF"_s, u"01/02/2002"_s}));
@@ -337,7 +338,7 @@ void tst_DiscisResults::namesStayOutOfTheCases()
 
 void tst_DiscisResults::aShortRowLosesTheSearch()
 {
-    court->Expect(DistrictLine()).Reply({u"SMITH~1~2~3~"_s});
+    court->Expect(DistrictLine()).Reply({u"SMITH~1~2~3~"_s, u"EOF~"_s});
     desk->ConnectTo(*court);
     auto *window = new frmDiscisNameResults;
     desk->Enqueue(window, {DistrictLine()});

@@ -337,7 +337,7 @@ void tst_IndexSearch::aMalformedLimitLeavesTheButtonAsItWas()
 
 void tst_IndexSearch::aShortRowLosesTheSearch()
 {
-    court->Expect(indexLine()).Reply({u"A~1~2~3~4~5~"_s});
+    court->Expect(indexLine()).Reply({u"A~1~2~3~4~5~"_s, u"EOF~"_s});
     frmNameSearchResults *window = start();
     QVERIFY(desk->Finish(window));
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Stopped - Court Connection Lost!"_s);
