@@ -229,6 +229,10 @@ void frmSearchWA::ConnectChoices()
             &frmSearchWA::optSearchYears_Click);
     connect(ui->lstJurisdictions, &QListWidget::currentRowChanged, this,
             &frmSearchWA::lstJurisdictions_Click);
+    // The row that a start selects need not be the family's own: a click on it goes there still.
+    connect(ui->lstJurisdictions, &QListWidget::itemClicked, this, [this](QListWidgetItem *item) {
+        lstJurisdictions_Click(ui->lstJurisdictions->row(item));
+    });
     connect(ui->cboxCountyList, &QComboBox::currentIndexChanged, this,
             &frmSearchWA::cboxCountyList_Click);
     connect(ui->cboxLastBizOrCase, &QComboBox::activated, this,
@@ -253,6 +257,7 @@ void frmSearchWA::GoTo(FormState next)
 {
     next = Settled(next);
     const bool indexWasOffered = Shows(FormPart::UseIndex);
+    const QPointer<QWidget> focused = focusWidget();
     const FormState before = std::exchange(state, next);
     parts = ViewOf(state);
     const CourtRow &court = CourtRowOf(state.Court);
@@ -266,9 +271,12 @@ void frmSearchWA::GoTo(FormState next)
     // Whether the index is used is a setting, until the user says otherwise for this search.
     if (Shows(FormPart::UseIndex) != indexWasOffered)
         ui->chkUseIndex->setChecked(Shows(FormPart::UseIndex) && Global.strDefaultToWaIndex == u"1");
-    if (before.Kind != state.Kind)
+    if (before.Kind != state.Kind || before.Batch != state.Batch)
         ShowMRU();
     ReserveCharacters();
+    // Whoever was in a box that has gone goes on in the first one that is there.
+    if (focused && !focused->isVisibleTo(this))
+        FocusFirstName();
 }
 
 void frmSearchWA::ShowTexts()
@@ -509,6 +517,7 @@ void frmSearchWA::ResetFormFields()
     optSearchType_Click(0);
     LoadCountyLists();
     LoadSearchYears();
+    ui->optORjgmtsONLY->setChecked(false);
     for (QCheckBox *court : chkBKcourt)
         court->setChecked(false);
 }
