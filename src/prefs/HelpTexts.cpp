@@ -77,8 +77,7 @@ The number is not nine digits long. District, municipal and Oregon numbers never
 
 = County
 A number search takes one county: the same number exists in other counties too.)help"},
-    {u"Selecting Civil or Non-Civil",
-     uR"help(• Civil: each court is a request of its own.
+    {u"Selecting Civil or Non-Civil", uR"help(• Civil: each court is a request of its own.
 • Non-Civil: all others, such as criminal cases and infractions. The answer may be a list of duplicate names first: people of the same name, each with what tells them apart. Check the right ones and choose Retrieve Case(s).
 
 Choose this first: the list of counties in the next step depends on it.)help"},

@@ -26,7 +26,6 @@ HelpWindow::HelpWindow(const HelpWindowLook &look, QWidget *parent)
     setAttribute(Qt::WA_DeleteOnClose);
     setSizeGripEnabled(true);
     textBox->setObjectName(look.text);
-    textBox->setReadOnly(true);
     textBox->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     textBox->setTabChangesFocus(true);
     textBox->setAccessibleName(u"Help text"_s);

@@ -63,13 +63,13 @@ public:
 
     void Launch()
     {
-        launched = true;
         Global.bStopRequested = false;
         window->Timer1->start();
         if (frmMain *main = frmMain::Form())
             main->ShowChild(window);
         else
             window->show();
+        launched = true;
     }
 
 private:

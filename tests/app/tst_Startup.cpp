@@ -15,6 +15,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QListWidget>
 #include <QTest>
 
 namespace {
@@ -82,7 +83,8 @@ private Q_SLOTS:
     void defaultView();
     void practiceIsToldInTheStatusBar();
     void withoutOptionsIniItStartsToo();
-    void theSuperiorCourtsEntryShowsTheForm();
+    void aCourtsEntryShowsTheForm_data();
+    void aCourtsEntryShowsTheForm();
 
 private:
     void offline();
@@ -287,13 +289,35 @@ void tst_Startup::withoutOptionsIniItStartsToo()
     QVERIFY(frmSearchWA::IsLoaded());
 }
 
-void tst_Startup::theSuperiorCourtsEntryShowsTheForm()
+void tst_Startup::aCourtsEntryShowsTheForm_data()
 {
+    QTest::addColumn<CourtEntry>("entry");
+    QTest::addColumn<QString>("caption");
+    QTest::addColumn<int>("jurisdiction");
+    QTest::newRow("superior") << CourtEntry::WaSuperior
+                              << u"Search Entry Form - WA. Superior Courts"_s << 0;
+    QTest::newRow("district") << CourtEntry::WaDiscis
+                              << u"Search Entry Form - WA. District & Municipal Courts"_s << 1;
+    QTest::newRow("oregon") << CourtEntry::Oregon
+                            << u"Search Entry Form - OR. Circuit/District Court"_s << 2;
+    QTest::newRow("idaho") << CourtEntry::Idaho << u"Search Entry Form - ID. District Courts"_s
+                           << 3;
+    QTest::newRow("bankruptcy") << CourtEntry::Bankruptcy
+                                << u"Search Entry Form - Federal Bankruptcy Courts"_s << 4;
+}
+
+void tst_Startup::aCourtsEntryShowsTheForm()
+{
+    QFETCH(CourtEntry, entry);
     offline();
     frmSearchWA::Form().Unload();
-    Q_EMIT SessionEvents::Of().SuperiorCourtsWanted();
-    QVERIFY(shownWindow(u"frmSearchWA"_s));
-    QCOMPARE(frmSearchWA::Form().windowTitle(), u"Search Entry Form - WA. Superior Courts"_s);
+    Q_EMIT SessionEvents::Of().CourtWanted(entry);
+    QWidget *form = shownWindow(u"frmSearchWA"_s);
+    QVERIFY(form);
+    QTEST(form->windowTitle(), "caption");
+    QTEST(form->findChild<QListWidget *>(u"lstJurisdictions"_s)->currentRow(), "jurisdiction");
+    QVERIFY(form->focusWidget());
+    QCOMPARE(form->focusWidget()->objectName(), u"txtSearchName_0"_s);
 }
 
 QTEST_MAIN(tst_Startup)

@@ -63,13 +63,12 @@ void tick(const QWidget *window, const char *list, const QStringList &items)
 }
 } // namespace
 
-class tst_TheRoad : public QObject
+class tst_TheRoad : public SearchTest
 {
     Q_OBJECT
 private Q_SLOTS:
     void initTestCase();
     void init();
-    void cleanup();
 
     void fromTheLoginToTheRows();
     void twoSearchesFromOneForm();
@@ -82,8 +81,6 @@ private:
     void logIn();
     frmNameSearchResults *startSearch();
 
-    std::unique_ptr<SearchDesk> desk;
-    std::unique_ptr<ScriptedCourt> court;
     QPointer<frmMain> main;
 };
 
@@ -94,21 +91,8 @@ void tst_TheRoad::initTestCase()
 
 void tst_TheRoad::init()
 {
-    desk = std::make_unique<SearchDesk>();
-    court = std::make_unique<ScriptedCourt>();
+    SearchTest::init();
     court->PointSettingsHere();
-}
-
-void tst_TheRoad::cleanup()
-{
-    const QString boxes = desk->Boxes.Complaints();
-    const bool allHappened = desk->AllHappened();
-    const QString conversation = court->Complaints();
-    desk.reset();
-    court.reset();
-    QCOMPARE(boxes, QString());
-    QVERIFY(allHappened);
-    QCOMPARE(conversation, QString());
 }
 
 void tst_TheRoad::startProgram()

@@ -43,6 +43,12 @@ QString stateWide(const QString &family, const QString &name)
     return u"WADISCIS¦SEARCH¦%1¦%2¦¦*SW¦IN¦%3¦"_s.arg(last, first, family);
 }
 
+/// A search, and the case numbers that it finds.
+void addFilter(const char *name, const QString &request, const QStringList &numbers)
+{
+    QTest::newRow(name) << request << numbers;
+}
+
 void addFamilies()
 {
     QTest::addColumn<QString>("family");
@@ -62,6 +68,8 @@ class tst_PracticeFamilies : public QObject
 private Q_SLOTS:
     void filters_data();
     void filters();
+    void filtersOfOtherCourts_data();
+    void filtersOfOtherCourts() { filters(); }
     void rowsHaveTheirFields_data() { addFamilies(); }
     void rowsHaveTheirFields();
     void rowsAreInOrder_data() { addFamilies(); }
@@ -93,81 +101,86 @@ void tst_PracticeFamilies::filters_data()
     QTest::addColumn<QString>("request");
     QTest::addColumn<QStringList>("numbers");
 
-    const auto row = [](const char *name, const QString &request, const QStringList &numbers) {
-        QTest::newRow(name) << request << numbers;
-    };
     const QString contract = u"CV08060677"_s;
     const QString divorce = u"DO99120007"_s;
     const QString claim = u"SC97030044"_s;
     const QString oregon = u"OREGON¦SEARCH¦SMITH¦JOHN¦Q¦¦"_s;
-    row("Oregon", oregon + u"*ALL¦¦¦¦", {claim, divorce, contract});
-    row("Oregon, circuit", oregon + u"MCR C¦¦¦¦", {divorce, contract});
-    row("Oregon, district", oregon + u"WSH D¦¦¦¦", {claim});
-    row("Oregon, circuit of the same county", oregon + u"WSH C¦¦¦¦", {});
-    row("Oregon, no such court", oregon + u"XXA C¦¦¦¦", {});
-    row("Oregon, no court", oregon + u"¦¦¦¦", {});
-    row("Oregon, a type", oregon + u"*ALL¦CV,¦¦¦", {contract});
-    row("Oregon, two types", oregon + u"*ALL¦DO,SC,¦¦¦", {claim, divorce});
-    row("Oregon, all types", oregon + u"*ALL¦CV,DO,JU,OF,PB,SC,¦¦¦", {claim, divorce, contract});
-    row("Oregon, a type of none", oregon + u"*ALL¦JU,¦¦¦", {});
-    row("Oregon, an unknown type", oregon + u"*ALL¦XX,¦¦¦", {});
-    row("Oregon, judgments", oregon + u"*ALL¦CV,SC,JG,¦¦¦", {claim});
-    row("Oregon, judgments of any type", oregon + u"*ALL¦JG,¦¦¦", {claim});
-    row("Oregon, judgments of another type", oregon + u"*ALL¦CV,JG,¦¦¦", {});
-    row("Oregon, years at their bounds", oregon + u"*ALL¦¦1997¦1999¦", {claim, divorce});
-    row("Oregon, from a year", oregon + u"*ALL¦¦1998¦¦", {divorce, contract});
-    row("Oregon, years the wrong way round", oregon + u"*ALL¦¦2008¦1997¦", {});
-    row("Oregon, a business", u"OREGON¦SEARCH¦ACME¦¦¦¦*ALL¦¦¦¦"_s, {claim, contract});
+    addFilter("Oregon", oregon + u"*ALL¦¦¦¦", {claim, divorce, contract});
+    addFilter("Oregon, circuit", oregon + u"MCR C¦¦¦¦", {divorce, contract});
+    addFilter("Oregon, district", oregon + u"WSH D¦¦¦¦", {claim});
+    addFilter("Oregon, circuit of the same county", oregon + u"WSH C¦¦¦¦", {});
+    addFilter("Oregon, no such court", oregon + u"XXA C¦¦¦¦", {});
+    addFilter("Oregon, no court", oregon + u"¦¦¦¦", {});
+    addFilter("Oregon, a type", oregon + u"*ALL¦CV,¦¦¦", {contract});
+    addFilter("Oregon, two types", oregon + u"*ALL¦DO,SC,¦¦¦", {claim, divorce});
+    addFilter("Oregon, all types", oregon + u"*ALL¦CV,DO,JU,OF,PB,SC,¦¦¦",
+              {claim, divorce, contract});
+    addFilter("Oregon, a type of none", oregon + u"*ALL¦JU,¦¦¦", {});
+    addFilter("Oregon, an unknown type", oregon + u"*ALL¦XX,¦¦¦", {});
+    addFilter("Oregon, judgments", oregon + u"*ALL¦CV,SC,JG,¦¦¦", {claim});
+    addFilter("Oregon, judgments of any type", oregon + u"*ALL¦JG,¦¦¦", {claim});
+    addFilter("Oregon, judgments of another type", oregon + u"*ALL¦CV,JG,¦¦¦", {});
+    addFilter("Oregon, years at their bounds", oregon + u"*ALL¦¦1997¦1999¦", {claim, divorce});
+    addFilter("Oregon, from a year", oregon + u"*ALL¦¦1998¦¦", {divorce, contract});
+    addFilter("Oregon, years the wrong way round", oregon + u"*ALL¦¦2008¦1997¦", {});
+    addFilter("Oregon, a business", u"OREGON¦SEARCH¦ACME¦¦¦¦*ALL¦¦¦¦"_s, {claim, contract});
 
     const QString speeding = u"CR-1998-0002546-IN"_s;
     const QString owed = u"CV-2004-0000711-OC"_s;
     const QString idaho = u"IDSUP¦SEARCH¦SMITH¦JOHN¦Q¦¦"_s;
-    row("Idaho", idaho + u"*ALL¦¦¦¦", {speeding, owed});
-    row("Idaho, a county", idaho + u"Ada,¦¦¦¦", {speeding});
-    row("Idaho, a county in capitals", idaho + u"KOOTENAI,¦¦¦¦", {owed});
-    row("Idaho, two counties", idaho + u"Kootenai,Ada,¦¦¦¦", {speeding, owed});
-    row("Idaho, a county of Washington", idaho + u"King,¦¦¦¦", {});
-    row("Idaho, a type", idaho + u"*ALL¦CR,¦¦¦", {speeding});
-    row("Idaho, all types", idaho + u"*ALL¦CV,CR,JU,¦¦¦", {speeding, owed});
-    row("Idaho, a type of none", idaho + u"*ALL¦JU,¦¦¦", {});
-    row("Idaho, no judgments", idaho + u"*ALL¦JG,¦¦¦", {});
-    row("Idaho, years", idaho + u"*ALL¦¦2000¦2004¦", {owed});
+    addFilter("Idaho", idaho + u"*ALL¦¦¦¦", {speeding, owed});
+    addFilter("Idaho, a county", idaho + u"Ada,¦¦¦¦", {speeding});
+    addFilter("Idaho, a county in capitals", idaho + u"KOOTENAI,¦¦¦¦", {owed});
+    addFilter("Idaho, two counties", idaho + u"Kootenai,Ada,¦¦¦¦", {speeding, owed});
+    addFilter("Idaho, a county of Washington", idaho + u"King,¦¦¦¦", {});
+    addFilter("Idaho, a type", idaho + u"*ALL¦CR,¦¦¦", {speeding});
+    addFilter("Idaho, all types", idaho + u"*ALL¦CV,CR,JU,¦¦¦", {speeding, owed});
+    addFilter("Idaho, a type of none", idaho + u"*ALL¦JU,¦¦¦", {});
+    addFilter("Idaho, no judgments", idaho + u"*ALL¦JG,¦¦¦", {});
+    addFilter("Idaho, years", idaho + u"*ALL¦¦2000¦2004¦", {owed});
+}
+
+void tst_PracticeFamilies::filtersOfOtherCourts_data()
+{
+    QTest::addColumn<QString>("request");
+    QTest::addColumn<QStringList>("numbers");
 
     const QString ticket = u"3YH809020"_s;
     const QString driving = u"1TA004410"_s;
     const QString owing = u"5KS000123"_s;
     const QString felony = u"94-1-00042-1"_s;
     const QString district = u"WADISCIS¦SEARCH¦SMITH¦JOHN¦Q¦"_s;
-    row("civil", district + u"KSD¦CV¦CNCI¦", {owing});
-    row("civil, another court", district + u"TAC¦CV¦CNCI¦", {});
-    row("civil, no such court", district + u"AAA¦CV¦CNCI¦", {});
-    row("civil, of a business", u"WADISCIS¦SEARCH¦ACME¦¦¦KSD¦CV¦CNCI¦"_s, {owing});
-    row("non-civil", district + u"KSD¦IN¦CNCI¦", {ticket});
-    row("non-civil, another court", district + u"TAC¦IN¦CNCI¦", {driving});
-    row("statewide", district + u"*SW¦IN¦SNCI¦", {felony, driving, ticket});
-    row("with addresses", district + u"*SW¦IN¦DND¦", {felony, driving, ticket});
-    row("one court is not the state", district + u"KSD¦IN¦SNCI¦", {});
-    row("the state is not one court", district + u"*SW¦IN¦CNCI¦", {});
-    row("no civil cases statewide", district + u"*SW¦CV¦SNCI¦", {});
-    row("no such kind", district + u"KSD¦XX¦CNCI¦", {});
+    addFilter("civil", district + u"KSD¦CV¦CNCI¦", {owing});
+    addFilter("civil, another court", district + u"TAC¦CV¦CNCI¦", {});
+    addFilter("civil, no such court", district + u"AAA¦CV¦CNCI¦", {});
+    addFilter("civil, of a business", u"WADISCIS¦SEARCH¦ACME¦¦¦KSD¦CV¦CNCI¦"_s, {owing});
+    addFilter("non-civil", district + u"KSD¦IN¦CNCI¦", {ticket});
+    addFilter("non-civil, another court", district + u"TAC¦IN¦CNCI¦", {driving});
+    addFilter("statewide", district + u"*SW¦IN¦SNCI¦", {felony, driving, ticket});
+    addFilter("with addresses", district + u"*SW¦IN¦DND¦", {felony, driving, ticket});
+    addFilter("one court is not the state", district + u"KSD¦IN¦SNCI¦", {});
+    addFilter("the state is not one court", district + u"*SW¦IN¦CNCI¦", {});
+    addFilter("no civil cases statewide", district + u"*SW¦CV¦SNCI¦", {});
+    addFilter("no such kind", district + u"KSD¦XX¦CNCI¦", {});
 
     const QString chapter = u"99-20077"_s;
     const QString bankruptcy = u"BKRPT~SEARCH~SMITH~JOHN~Q~~"_s;
-    row("bankruptcy", bankruptcy + u"OR~*ALL~1980~2005~", {chapter});
-    row("bankruptcy, another court", bankruptcy + u"WAW~*ALL~1980~2005~", {});
-    row("bankruptcy, no such court", bankruptcy + u"AK~*ALL~1980~2005~", {});
-    row("bankruptcy, no court", bankruptcy + u"~*ALL~1980~2005~", {});
-    row("bankruptcy, years at their bounds", bankruptcy + u"OR~*ALL~1999~1999~", {chapter});
-    row("bankruptcy, later years", bankruptcy + u"OR~*ALL~2000~2005~", {});
-    row("bankruptcy, open years", bankruptcy + u"OR~*ALL~~~", {chapter});
-    row("bankruptcy, other types", bankruptcy + u"OR~CV,~~~", {});
-    row("a business", u"BKRPT~SEARCHBUS~PLUMBING ACME~OR~*ALL~1980~2005~"_s, {chapter});
-    row("no person is a business", u"BKRPT~SEARCHBUS~SMITH~OR~*ALL~1999~1999~"_s, {});
-    row("a tax number", u"BKRPT~SEARCHTID~00-0000001~OR~*ALL~1980~2005~"_s, {chapter});
-    row("another tax number", u"BKRPT~SEARCHTID~00-0000002~OR~*ALL~1980~2005~"_s, {});
-    row("a social security number", u"BKRPT~SEARCHSSN~900-00-0001~OR~*ALL~1980~2005~"_s, {chapter});
-    row("one in another court", u"BKRPT~SEARCHSSN~900-00-0001~ID~*ALL~1980~2005~"_s, {});
-    row("nobody's", u"BKRPT~SEARCHSSN~123456789~OR~*ALL~1980~2005~"_s, {});
+    addFilter("bankruptcy", bankruptcy + u"OR~*ALL~1980~2005~", {chapter});
+    addFilter("bankruptcy, another court", bankruptcy + u"WAW~*ALL~1980~2005~", {});
+    addFilter("bankruptcy, no such court", bankruptcy + u"AK~*ALL~1980~2005~", {});
+    addFilter("bankruptcy, no court", bankruptcy + u"~*ALL~1980~2005~", {});
+    addFilter("bankruptcy, years at their bounds", bankruptcy + u"OR~*ALL~1999~1999~", {chapter});
+    addFilter("bankruptcy, later years", bankruptcy + u"OR~*ALL~2000~2005~", {});
+    addFilter("bankruptcy, open years", bankruptcy + u"OR~*ALL~~~", {chapter});
+    addFilter("bankruptcy, other types", bankruptcy + u"OR~CV,~~~", {});
+    addFilter("a business", u"BKRPT~SEARCHBUS~PLUMBING ACME~OR~*ALL~1980~2005~"_s, {chapter});
+    addFilter("no person is a business", u"BKRPT~SEARCHBUS~SMITH~OR~*ALL~1999~1999~"_s, {});
+    addFilter("a tax number", u"BKRPT~SEARCHTID~00-0000001~OR~*ALL~1980~2005~"_s, {chapter});
+    addFilter("another tax number", u"BKRPT~SEARCHTID~00-0000002~OR~*ALL~1980~2005~"_s, {});
+    addFilter("a social security number", u"BKRPT~SEARCHSSN~900-00-0001~OR~*ALL~1980~2005~"_s,
+              {chapter});
+    addFilter("one in another court", u"BKRPT~SEARCHSSN~900-00-0001~ID~*ALL~1980~2005~"_s, {});
+    addFilter("nobody's", u"BKRPT~SEARCHSSN~123456789~OR~*ALL~1980~2005~"_s, {});
 }
 
 void tst_PracticeFamilies::filters()

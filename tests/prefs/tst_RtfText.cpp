@@ -209,6 +209,7 @@ void tst_RtfText::theHelpFileReadsWhole()
     QFile file(QStringLiteral(HALVANE_DATA_DIR "/Helpstep2.Rtf"));
     QVERIFY(file.open(QIODevice::ReadOnly));
     const QList<RtfRun> runs = ReadRtf(file.readAll());
+    QVERIFY(!runs.isEmpty());
     const QString text = textOf(runs);
     QCOMPARE(runs.first(),
              (RtfRun{.Text = u"A search in steps"_s, .Bold = true, .HalfPoints = 28}));
