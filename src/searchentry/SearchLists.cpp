@@ -126,19 +126,18 @@ void frmSearchWA::InitCountyRadioBtns()
 {
     auto *grid = static_cast<QGridLayout *>(ui->Frame6->layout());
     const QStringList counties = WaCountyNames();
-    QWidget *before = ui->Frame6;
+    // Between the steps above them and the buttons below.
+    QWidget *before = ui->lblHelp_11;
     for (size_t i = 0; i < optCounties.size(); ++i) {
         const int index = static_cast<int>(i);
         auto *button = new QRadioButton(counties.at(index), ui->Frame6);
         button->setObjectName(u"optCounties_"_s + QString::number(index));
         connect(button, &QRadioButton::clicked, this, [this, index] { optCounties_Click(index); });
         grid->addWidget(button, index / countyButtonColumns, index % countyButtonColumns);
-        if (i > 0)
-            setTabOrder(before, button);
+        setTabOrder(before, button);
         before = button;
         optCounties[i] = button;
     }
-    setTabOrder(optCounties.back(), ui->cmdBeginSearch);
 }
 
 /// One county instead of all that were ticked.
