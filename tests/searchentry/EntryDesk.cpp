@@ -26,8 +26,7 @@ QString disclaimerOf(const QString &state)
 {
     return u"Neither the court nor clerk makes any representation as to the accuracy and "
            "completeness of the "_s
-           + state
-           + u" Court data except for court purposes. \r\n\r\nDo you want to continue?"_s;
+           + state + u" Court data except for court purposes. \r\n\r\nDo you want to continue?"_s;
 }
 
 /// Collects what holds something.

@@ -5,8 +5,8 @@
 #include "searchentry/frmSearchWA.h"
 #include "session/frmMain.h"
 
-#include <QApplication>
 #include <QComboBox>
+#include <QDialog>
 #include <QTest>
 
 namespace {
@@ -26,12 +26,10 @@ QStringList row(int index, const QString &number, const QString &county)
 QStringList details(const QString &state, const QString &number, const QString &county,
                     const QString &courts, const QStringList &further)
 {
-    return QStringList{u"frmCaseDetails"_s,
-                       u"caption Case Details"_s,
-                       u"lblState "_s + state,
-                       u"lblCaseDetailsHdr Case Details ("_s + number + u')',
-                       u"txtCountyName "_s + county,
-                       u"lblCourtName "_s + county + u" County, "_s + courts}
+    return QStringList{
+               u"frmCaseDetails"_s,          u"caption Case Details"_s,
+               u"lblState "_s + state,       u"lblCaseDetailsHdr Case Details ("_s + number + u')',
+               u"txtCountyName "_s + county, u"lblCourtName "_s + county + u" County, "_s + courts}
            + further;
 }
 
@@ -83,6 +81,7 @@ private Q_SLOTS:
     void withoutAlertsAllDisclaimersAreAccepted();
     void theLoginQuestionComesBeforeTheDisclaimer();
     void theCodeIsAskedForOnce();
+    void aSessionThatEndsUnderTheClientCodeStartsNothing();
     void aCompulsoryCodeIsNotAskedFor();
     void anEmptyBatchStartsNothing();
 
@@ -170,7 +169,8 @@ void tst_Batch::theButtonSaysWhetherToPrint()
 {
     QFETCH(QString, button);
     QFETCH(bool, prints);
-    QCOMPARE(desk->Text(button.toLatin1().constData()), QString::fromLatin1(QTest::currentDataTag()));
+    QCOMPARE(desk->Text(button.toLatin1().constData()),
+             QString::fromLatin1(QTest::currentDataTag()));
     desk->Do(batch + row(0, u"052020291"_s, u"King"_s) + row(1, u"052020298"_s, u"Adams"_s));
     const QList<JobWindow *> windows = run(button);
     QCOMPARE(windows.size(), 2);
@@ -189,8 +189,7 @@ void tst_Batch::aRowIsHanded_data()
         << details(u"OR"_s, u"CV08060677"_s, u"Baker"_s, u"Oregon Circuit Courts"_s,
                    {u"lblOrCourtType C"_s, u"txtCaseNumber CV08060677"_s});
     QTest::newRow("Oregon District")
-        << district + batch
-               + QStringList{u"choose cbCty1_0 Lane"_s, u"click cmdBatchSearch_1"_s}
+        << district + batch + QStringList{u"choose cbCty1_0 Lane"_s, u"click cmdBatchSearch_1"_s}
                + row(2, u"cv08060677"_s, u"Lane"_s)
         << details(u"OR"_s, u"CV08060677"_s, u"Lane"_s, u"Oregon District Courts"_s,
                    {u"lblOrCourtType D"_s, u"txtCaseNumber CV08060677"_s});
@@ -245,8 +244,9 @@ void tst_Batch::theDefaultCountyIsSavedAndUsed()
     desk->Do(state + batch
              + QStringList{u"choose cbCty1_0 "_s + county, u"click cmdBatchSearch_3"_s});
     QCOMPARE(GetOptionStr(u"Searching"_s, key), county);
-    QVERIFY(desk->Desk.Folder.Read(u"options.ini"_s).toLower().contains(
-        (key + u'=' + county).toLower().toLatin1()));
+    QVERIFY(desk->Desk.Folder.Read(u"options.ini"_s)
+                .toLower()
+                .contains((key + u'=' + county).toLower().toLatin1()));
     desk->Do({u"click cmdBatchSearch_2"_s});
     QCOMPARE(texts(u"cbCty1"_s), QStringList(10, county));
     // The other states have their own.
@@ -311,17 +311,17 @@ void tst_Batch::fieldNumbersCountTheRowsAsTheyStand()
 void tst_Batch::aNumberOfAnotherFormIsAskedFor()
 {
     desk->Do(batch + row(0, u"052020291"_s, u"King"_s) + row(8, u"a-17"_s, u"King"_s));
-    const QString question =
-        u"The case/judgment number in FIELD 9 appears to be a non-SCOMIS number.\r\n\r\nTo continue "
-        "the search using this number click OK."_s;
-    desk->Desk.Boxes.Expect(question, u"Halvane"_s, MsgIcon::Exclamation,
-                            MsgAnswer::Cancel, MsgButtons::OkCancel);
+    const QString question = u"The case/judgment number in FIELD 9 appears to be a non-SCOMIS "
+                             u"number.\r\n\r\nTo continue "
+                             "the search using this number click OK."_s;
+    desk->Desk.Boxes.Expect(question, u"Halvane"_s, MsgIcon::Exclamation, MsgAnswer::Cancel,
+                            MsgButtons::OkCancel);
     QStringList told;
     desk->ExpectRefusal(&told);
     QVERIFY(run().isEmpty());
     QCOMPARE(told.value(0), u"The number in FIELD 9 appears to be a non-SCOMIS number."_s);
-    desk->Desk.Boxes.Expect(question, u"Halvane"_s, MsgIcon::Exclamation,
-                            MsgAnswer::Ok, MsgButtons::OkCancel);
+    desk->Desk.Boxes.Expect(question, u"Halvane"_s, MsgIcon::Exclamation, MsgAnswer::Ok,
+                            MsgButtons::OkCancel);
     const QList<JobWindow *> windows = run();
     QCOMPARE(windows.size(), 2);
     QCOMPARE(Handed(windows[1]), superior(u"A-17"_s, u"King"_s, false));
@@ -409,8 +409,8 @@ void tst_Batch::theDisclaimerOfEveryStateIsAsked_data()
     QTest::addColumn<QStringList>("steps");
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("title");
-    QTest::newRow("Washington") << batch + row(0, u"052020291"_s, u"King"_s)
-                                << washingtonDisclaimer << u"Washington State Courts"_s;
+    QTest::newRow("Washington") << batch + row(0, u"052020291"_s, u"King"_s) << washingtonDisclaimer
+                                << u"Washington State Courts"_s;
     QTest::newRow("Oregon") << oregon + batch + row(0, u"CV1"_s, u"Lane"_s) << oregonDisclaimer
                             << u"Oregon State Courts"_s;
     QTest::newRow("Idaho") << idaho + batch + row(0, u"CV1"_s, u"Ada"_s) << idahoDisclaimer
@@ -474,6 +474,18 @@ void tst_Batch::theCodeIsAskedForOnce()
     QCOMPARE(windows.size(), 2);
     for (const JobWindow *window : windows)
         QCOMPARE(window->ClientAcctgCode, u"ABC"_s);
+}
+
+void tst_Batch::aSessionThatEndsUnderTheClientCodeStartsNothing()
+{
+    SaveOptionStr(u"Accounting"_s, u"EnableAcctg"_s, u"1"_s);
+    desk->Do(batch + row(0, u"052020291"_s, u"King"_s));
+    desk->Desk.Boxes.ExpectDialog(u"frmAccounting"_s, [](QDialog *dialog) {
+        Global.bLoggedIn = false;
+        dialog->reject();
+    });
+    QVERIFY(run().isEmpty());
+    QCOMPARE(Keys(), QStringList());
 }
 
 void tst_Batch::aCompulsoryCodeIsNotAskedFor()

@@ -41,8 +41,7 @@ QStringList check(const Court &court)
 
 QStringList type(int button, const QString &text)
 {
-    return {u"click optSearchType_"_s + QString::number(button),
-            u"type txtSearchName_0 "_s + text};
+    return {u"click optSearchType_"_s + QString::number(button), u"type txtSearchName_0 "_s + text};
 }
 
 /// What a results window of this court is handed. "@" in the line is the court's code.
@@ -228,8 +227,7 @@ void tst_DispatchBankruptcy::onTheWire_data()
         << type(3, u"91-1234567"_s)
         << u"BKRPT~SEARCHTID~91-1234567~WAW~*ALL~1980~2005^^CAC:ABC^^~"_s;
     QTest::newRow("a social security number")
-        << type(4, u"123456789"_s)
-        << u"BKRPT~SEARCHSSN~123456789~WAW~*ALL~1980~2005^^CAC:ABC^^~"_s;
+        << type(4, u"123456789"_s) << u"BKRPT~SEARCHSSN~123456789~WAW~*ALL~1980~2005^^CAC:ABC^^~"_s;
 }
 
 void tst_DispatchBankruptcy::onTheWire()

@@ -97,19 +97,17 @@ void tst_DispatchDiscis::theWindowIsHanded_data()
     const QString county = u"Adams District/Municipal Courts"_s;
     const QString both = othello + u", "_s + ritzville;
     const QString all = u"Statewide - All Counties"_s;
-    QTest::newRow("civil, one court")
-        << civil + smith + oneCourt
-        << results(true, u"SMITH, JOHN Q"_s, county, othello, {},
-                   {u"WADISCIS/SEARCH/SMITH/JOHN/Q/OTD/CV/CNCI/"_s});
+    QTest::newRow("civil, one court") << civil + smith + oneCourt
+                                      << results(true, u"SMITH, JOHN Q"_s, county, othello, {},
+                                                 {u"WADISCIS/SEARCH/SMITH/JOHN/Q/OTD/CV/CNCI/"_s});
     QTest::newRow("civil, several courts")
         << civil + smith + adams
         << results(true, u"SMITH, JOHN Q"_s, county, both, {},
                    {u"WADISCIS/SEARCH/SMITH/JOHN/Q/OTD/CV/CNCI/"_s,
                     u"WADISCIS/SEARCH/SMITH/JOHN/Q/RID/CV/CNCI/"_s});
-    QTest::newRow("civil, a business")
-        << civil + business + acme + oneCourt
-        << results(true, u"ACME INC,  "_s, county, othello, {},
-                   {u"WADISCIS/SEARCH/ACME INC///OTD/CV/CNCI/"_s});
+    QTest::newRow("civil, a business") << civil + business + acme + oneCourt
+                                       << results(true, u"ACME INC,  "_s, county, othello, {},
+                                                  {u"WADISCIS/SEARCH/ACME INC///OTD/CV/CNCI/"_s});
     QTest::newRow("non-civil, one court")
         << nonCivil + smith + oneCourt
         << results(false, u"SMITH, JOHN Q"_s, county, othello, u"SNCI"_s,
@@ -335,8 +333,8 @@ void tst_DispatchDiscis::aNumberWithNeitherCivilNorNonCivilIsTold()
 {
     desk->Do(civil + number + oneCourt + QStringList{u"type txtSearchName_0 052020299"_s});
     Global.intSearchWhere = 1;
-    desk->Desk.Boxes.Expect(requestError + u"\r\n\r\nError Was: "_s, u"Halvane Search Request Error"_s,
-                            MsgIcon::Exclamation);
+    desk->Desk.Boxes.Expect(requestError + u"\r\n\r\nError Was: "_s,
+                            u"Halvane Search Request Error"_s, MsgIcon::Exclamation);
     QVERIFY(desk->Start().isEmpty());
     QCOMPARE(Keys(), QStringList());
     QVERIFY(desk->Desk.Folder.Logged(u"Error Loading Discis Case Number Search Strings into Form's "
@@ -349,8 +347,8 @@ void tst_DispatchDiscis::aNameWithNeitherCivilNorNonCivilIsTold()
 {
     desk->Do(civil + smith + oneCourt);
     Global.intSearchWhere = 1;
-    desk->Desk.Boxes.Expect(requestError + u"\r\n\r\nError Was: "_s, u"Halvane Search Request Error"_s,
-                            MsgIcon::Exclamation);
+    desk->Desk.Boxes.Expect(requestError + u"\r\n\r\nError Was: "_s,
+                            u"Halvane Search Request Error"_s, MsgIcon::Exclamation);
     QVERIFY(desk->Start().isEmpty());
     QCOMPARE(Keys(), QStringList());
     QVERIFY(desk->Desk.Folder.Logged(u"Error Loading Discis Name Search Strings into Form's queue. "

@@ -158,8 +158,7 @@ void tst_DispatchNames::theWindowIsHanded_data()
         << results(u"OR"_s, u"Lane County - Oregon Circuit Courts"_s, {u"ORchkboxJGMcasetype"_s},
                    {u"OREGON/SEARCH/SMITH/JOHN/Q//LAN C/JG,///"_s});
     QTest::newRow("Oregon, a case type with judgments")
-        << oregon + smith + counties({u"Lane"_s}) + civil
-               + QStringList{u"click optORjgmtsONLY"_s}
+        << oregon + smith + counties({u"Lane"_s}) + civil + QStringList{u"click optORjgmtsONLY"_s}
         << results(u"OR"_s, u"Lane County - Oregon Circuit Courts"_s, {u"ORchkboxJGMcasetype"_s},
                    {u"OREGON/SEARCH/SMITH/JOHN/Q//LAN C/CV,JG,///"_s});
     QTest::newRow("Idaho, one county")
@@ -245,8 +244,7 @@ void tst_DispatchNames::aSuffixSendsTheSameLine()
     desk->Do({u"type txtSearchName_3 Jr."_s});
     const auto *with = desk->StartOne<frmNameSearchResults>();
     QVERIFY(without && with);
-    QCOMPARE(Readable(with->lboxQueue.List(0)),
-             u"WASUP/SEARCH/SMITH/JOHN/Q//King,/Civil,///"_s);
+    QCOMPARE(Readable(with->lboxQueue.List(0)), u"WASUP/SEARCH/SMITH/JOHN/Q//King,/Civil,///"_s);
     QCOMPARE(with->lboxQueue.Lines(), without->lboxQueue.Lines());
     QCOMPARE(desk->Text("txtSearchName_3"), u"Jr."_s);
 }
@@ -261,8 +259,9 @@ void tst_DispatchNames::statewideSuperiorGivesThirtyNineLines()
     for (const QString &county : all)
         lines.append(u"WASUP/SEARCH/SMITH/JOHN/Q//"_s + county + u",/Civil,///"_s);
     QCOMPARE(lines.size(), 39);
-    QCOMPARE(Handed(window),
-             results(u"WA"_s, u"Statewide (All Counties) - Washington Superior Courts"_s, {}, lines));
+    QCOMPARE(
+        Handed(window),
+        results(u"WA"_s, u"Statewide (All Counties) - Washington Superior Courts"_s, {}, lines));
     QCOMPARE(Keys(), QStringList{window->txtMasterKey});
 }
 
@@ -281,10 +280,8 @@ void tst_DispatchNames::statewideOregonGivesOneLineWithoutACourtLetter_data()
 {
     QTest::addColumn<QStringList>("court");
     QTest::addColumn<QString>("title");
-    QTest::newRow("Circuit") << oregon
-                             << u"Statewide (All Counties) - Oregon Circuit Courts"_s;
-    QTest::newRow("District") << district
-                              << u"Statewide (All Counties) - Oregon District Courts"_s;
+    QTest::newRow("Circuit") << oregon << u"Statewide (All Counties) - Oregon Circuit Courts"_s;
+    QTest::newRow("District") << district << u"Statewide (All Counties) - Oregon District Courts"_s;
 }
 
 void tst_DispatchNames::statewideOregonGivesOneLineWithoutACourtLetter()
@@ -385,8 +382,7 @@ void tst_DispatchNames::countiesWithoutDistrictCourtAreSkipped()
     const auto *window = desk->StartOne<frmNameSearchResults>();
     QVERIFY(window);
     QCOMPARE(window->lboxQueue.ListCount(), 37 - 6);
-    QCOMPARE(Readable(window->lboxQueue.List(0)),
-             u"OREGON/SEARCH/SMITH/JOHN/Q//BEN D/CV,///"_s);
+    QCOMPARE(Readable(window->lboxQueue.List(0)), u"OREGON/SEARCH/SMITH/JOHN/Q//BEN D/CV,///"_s);
     QVERIFY(window->txtCountyList().startsWith(u"Baker, Benton, "));
 }
 
@@ -447,8 +443,7 @@ void tst_DispatchNames::oregonTakesTheIndexMarkAway()
     const auto *window = desk->StartOne<frmNameSearchResults>();
     QVERIFY(window);
     QVERIFY(!window->chkIndexSearch);
-    QCOMPARE(Readable(window->lboxQueue.List(0)),
-             u"OREGON/SEARCH/SMITH/JOHN/Q//LAN C/CV,///"_s);
+    QCOMPARE(Readable(window->lboxQueue.List(0)), u"OREGON/SEARCH/SMITH/JOHN/Q//LAN C/CV,///"_s);
 }
 
 QTEST_MAIN(tst_DispatchNames)
