@@ -171,10 +171,9 @@ void frmSearchWA::Notice(const QString &text, const QString &title, MessageIcon 
 bool frmSearchWA::Ask(const QString &text, const QString &title, QuestionButtons buttons,
                       MessageIcon icon)
 {
-    const MsgAnswer answer =
-        MsgBox(this, text, title,
-               buttons == QuestionButtons::YesNo ? MsgButtons::YesNo : MsgButtons::OkCancel,
-               iconOf(icon));
+    const MsgAnswer answer = MsgBox(
+        this, text, title,
+        buttons == QuestionButtons::YesNo ? MsgButtons::YesNo : MsgButtons::OkCancel, iconOf(icon));
     return answer == MsgAnswer::Yes || answer == MsgAnswer::Ok;
 }
 
@@ -259,14 +258,17 @@ void frmSearchWA::cmdBeginSearch_Click()
     const RunScope scope(this);
     const QScopedValueRollback<bool> guard(building, true);
     FoldEntries();
-    const bool valid = state.Court == CourtFamily::Bankruptcy ? ValidateBkFormFields()
-                                                              : ValidateAllFormFields();
+    const bool valid =
+        state.Court == CourtFamily::Bankruptcy ? ValidateBkFormFields() : ValidateAllFormFields();
     if (!valid || !DisclaimerAccepted(false) || !LoggedIn() || IsUnloaded())
         return;
     QString code;
     if (accountingEnabled() || Global.bClientAcctgOpt) {
         frmAccounting::ShowModal(this);
         code = currentCode();
+        // The session may have ended under that window, or the form have gone.
+        if (!Global.bLoggedIn || IsUnloaded())
+            return;
     }
     Dispatch(code);
 }
@@ -363,6 +365,8 @@ void frmSearchWA::RunBatchSearch(bool autoPrint)
     if (accountingEnabled()) {
         frmAccounting::ShowModal(this);
         code = currentCode();
+        if (!Global.bLoggedIn || IsUnloaded())
+            return;
     }
     try {
         for (const CaseFields &fields : BatchFields(Entry()))
