@@ -11,6 +11,7 @@
 #include "link/frmWinsock.h"
 #include "prefs/frmAbout.h"
 #include "prefs/frmInfo.h"
+#include "prefs/frmNameSearchResultsHelp.h"
 #include "prefs/frmSearchHelp.h"
 #include "searchentry/frmSearchWA.h"
 #include "session/SessionEvents.h"
@@ -63,6 +64,8 @@ void wireSession()
         frmSearchWA::ShowForm();
         frmSearchWA::Form().SelectCourt(courtsOfEntries.at(static_cast<size_t>(court)));
     });
+    QObject::connect(session, &SessionEvents::ResultsHelpWanted, session,
+                     &frmNameSearchResultsHelp::ShowForm);
     QObject::connect(session, &SessionEvents::AboutWanted, session,
                      [] { frmAbout(frmMain::Form()).exec(); });
 }

@@ -29,21 +29,6 @@ QString courtStats(const QString &available, const QString &selected)
     return u"Courts Available: "_s + available + u"   Courts Selected: "_s + selected;
 }
 
-QStringList countiesOf(CourtFamily court)
-{
-    switch (court) {
-    case CourtFamily::Superior:
-        return WaCountyNames();
-    case CourtFamily::Oregon:
-        return OrCountyNames();
-    case CourtFamily::Idaho:
-        LoadIdCounties();
-        return IdCountyList();
-    default:
-        return {};
-    }
-}
-
 void fillCombos(const std::array<QComboBox *, 10> &boxes, const QStringList &counties,
                 const QString &defaultCounty)
 {
@@ -163,9 +148,42 @@ void frmSearchWA::ShowChosenCounty()
     }
 }
 
+/// The counties of the court, for a name and for a number.
 void frmSearchWA::LoadCountyLists()
 {
-    const QStringList counties = countiesOf(state.Court);
+    switch (state.Court) {
+    case CourtFamily::Superior:
+        LoadWaCountyList();
+        break;
+    case CourtFamily::Oregon:
+        LoadOrCountyList();
+        break;
+    case CourtFamily::Idaho:
+        LoadIdCountyList();
+        break;
+    default:
+        FillCountyLists({});
+    }
+}
+
+void frmSearchWA::LoadWaCountyList()
+{
+    FillCountyLists(WaCountyNames());
+}
+
+void frmSearchWA::LoadOrCountyList()
+{
+    FillCountyLists(OrCountyNames());
+}
+
+void frmSearchWA::LoadIdCountyList()
+{
+    LoadIdCounties();
+    FillCountyLists(IdCountyList());
+}
+
+void frmSearchWA::FillCountyLists(const QStringList &counties)
+{
     const bool statewide = state.Where == SearchScope::Statewide;
     ui->lboxCountyOrProfile->SetItems(statewide ? QStringList{u"(Statewide)"_s} : counties);
     if (statewide)

@@ -32,11 +32,18 @@ struct DisclaimerRow
     Boolean GlobalState::*accepted;
     bool (frmSearchWA::*display)();
     bool batchOnly; ///< no notice before a single search
+    QStringView title;
+    QStringView whichData; ///< the second line of the notice
 };
 constexpr std::array<DisclaimerRow, 3> disclaimers{{
-    {u"WA", &GlobalState::WaDisclaimerAccepted, &frmSearchWA::DisplayWaCourtDisclaimer, false},
-    {u"OR", &GlobalState::OrDisclaimerAccepted, &frmSearchWA::DisplayOrCourtDisclaimer, false},
-    {u"ID", &GlobalState::IdDisclaimerAccepted, &frmSearchWA::DisplayIdCourtDisclaimer, true},
+    {u"WA", &GlobalState::WaDisclaimerAccepted, &frmSearchWA::DisplayWaCourtDisclaimer, false,
+     u"Washington State Courts",
+     u"completeness of the Washington Court data except for court purposes. "},
+    {u"OR", &GlobalState::OrDisclaimerAccepted, &frmSearchWA::DisplayOrCourtDisclaimer, false,
+     u"Oregon State Courts",
+     u"completeness of the Oregon Court data except for court purposes. "},
+    {u"ID", &GlobalState::IdDisclaimerAccepted, &frmSearchWA::DisplayIdCourtDisclaimer, true,
+     u"Idaho State Courts", u"completeness of the Idaho Court data except for court purposes. "},
 }};
 
 /// The setting of a state's default county.
@@ -179,39 +186,33 @@ bool frmSearchWA::Ask(const QString &text, const QString &title, QuestionButtons
 
 // ---- disclaimers and login ----
 
-bool frmSearchWA::DisplayDisclaimer(const QString &stateName)
+bool frmSearchWA::DisplayDisclaimer(size_t index)
 {
-    return MsgBox(this,
-                  u"Neither the court nor clerk makes any representation as to the accuracy and "_s
-                      + u"completeness of the "_s + stateName
-                      + u" Court data except for court purposes. "_s
-                      + u"\r\n\r\nDo you want to continue?"_s,
-                  stateName + u" State Courts"_s, MsgButtons::YesNo, MsgIcon::Exclamation)
-           == MsgAnswer::Yes;
+    const DisclaimerRow &row = disclaimers.at(index);
+    const MsgAnswer answer =
+        MsgBox(this,
+               u"Neither the court nor clerk makes any representation as to the accuracy and "_s
+                   + row.whichData + u"\r\n\r\nDo you want to continue?"_s,
+               row.title.toString(), MsgButtons::YesNo, MsgIcon::Exclamation);
+    if (answer != MsgAnswer::Yes)
+        return false;
+    Global.*row.accepted = true;
+    return true;
 }
 
 bool frmSearchWA::DisplayWaCourtDisclaimer()
 {
-    const bool accepted = DisplayDisclaimer(u"Washington"_s);
-    if (accepted)
-        Global.WaDisclaimerAccepted = true;
-    return accepted;
+    return DisplayDisclaimer(0);
 }
 
 bool frmSearchWA::DisplayOrCourtDisclaimer()
 {
-    const bool accepted = DisplayDisclaimer(u"Oregon"_s);
-    if (accepted)
-        Global.OrDisclaimerAccepted = true;
-    return accepted;
+    return DisplayDisclaimer(1);
 }
 
 bool frmSearchWA::DisplayIdCourtDisclaimer()
 {
-    const bool accepted = DisplayDisclaimer(u"Idaho"_s);
-    if (accepted)
-        Global.IdDisclaimerAccepted = true;
-    return accepted;
+    return DisplayDisclaimer(2);
 }
 
 bool frmSearchWA::DisclaimerAccepted(bool batch)

@@ -115,6 +115,10 @@ private:
     void ShowOrHideBatchCaseSearchFrame();
     void ShowOrHideDiscisFrames();
     void LoadCountyLists();
+    void LoadWaCountyList();
+    void LoadOrCountyList();
+    void LoadIdCountyList();
+    void FillCountyLists(const QStringList &counties);
     void LoadDiscisCountyList();
     void LoadAllWaCountyCombos();
     void LoadAllOrCountyCombos();
@@ -133,7 +137,7 @@ private:
     void FoldEntries();
     void TakeBackNumbers(const SearchEntry &entry);
     bool DisclaimerAccepted(bool batch);
-    bool DisplayDisclaimer(const QString &stateName);
+    bool DisplayDisclaimer(size_t index);
     bool LoggedIn();
     void Dispatch(const QString &code);
     void RunBatchSearch(bool autoPrint);

@@ -1,5 +1,7 @@
 #include "app/Startup.h"
+#include "controls/LinkLabel.h"
 #include "core/GlobalState.h"
+#include "core/HelpTopic.h"
 #include "core/Options.h"
 #include "jobs/frmQueue.h"
 #include "link/frmWinsock.h"
@@ -83,6 +85,8 @@ private Q_SLOTS:
     void defaultView();
     void practiceIsToldInTheStatusBar();
     void withoutOptionsIniItStartsToo();
+    void theHelpOfAResultsWindowOpens();
+    void theHelpOfAStepOfTheFormOpensOnItsTopic();
     void aCourtsEntryShowsTheForm_data();
     void aCourtsEntryShowsTheForm();
 
@@ -318,6 +322,25 @@ void tst_Startup::aCourtsEntryShowsTheForm()
     QTEST(form->findChild<QListWidget *>(u"lstJurisdictions"_s)->currentRow(), "jurisdiction");
     QVERIFY(form->focusWidget());
     QCOMPARE(form->focusWidget()->objectName(), u"txtSearchName_0"_s);
+}
+
+void tst_Startup::theHelpOfAResultsWindowOpens()
+{
+    offline();
+    Q_EMIT SessionEvents::Of().ResultsHelpWanted();
+    QVERIFY(shownWindow(u"frmNameSearchResultsHelp"_s));
+}
+
+void tst_Startup::theHelpOfAStepOfTheFormOpensOnItsTopic()
+{
+    offline();
+    auto *link = frmSearchWA::Form().findChild<LinkLabel *>(u"lblHelp_1"_s);
+    QVERIFY(link);
+    Q_EMIT link->Clicked();
+    QWidget *help = shownWindow(u"frmSearchHelp"_s);
+    QVERIFY(help);
+    QCOMPARE(help->findChild<QListWidget *>(u"lstTopics"_s)->currentRow(),
+             static_cast<int>(HelpTopic::SearchType));
 }
 
 QTEST_MAIN(tst_Startup)
