@@ -273,6 +273,9 @@ void tst_SearchFormKindness::nothingIsCutAtTheSmallestSize()
         const QRect inForm(widget->mapTo(user->Form.data(), QPoint()), widget->size());
         QVERIFY2(user->Form->rect().contains(inForm), qPrintable(size));
     }
+    const auto *courts = user->Find<QListWidget>("lstJurisdictions");
+    QVERIFY(courts->viewport()->width() >= courts->sizeHintForColumn(0));
+    QVERIFY(courts->viewport()->height() >= courts->count() * courts->sizeHintForRow(0));
 }
 
 void tst_SearchFormKindness::theWindowKeepsItsSize()
