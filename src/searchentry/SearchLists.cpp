@@ -63,6 +63,12 @@ void frmSearchWA::LoadJurisdictionList()
          u"Oregon State Circuit/District Courts"_s, u"Idaho State District Courts"_s,
          u"U.S. Courts - Federal Bankruptcy Courts"_s});
     ui->lstJurisdictions->setCurrentRow(0);
+    // All five are always seen whole.
+    const QSize frame(2 * ui->lstJurisdictions->frameWidth(), 2 * ui->lstJurisdictions->frameWidth());
+    const QSize texts(ui->lstJurisdictions->sizeHintForColumn(0),
+                      ui->lstJurisdictions->count() * ui->lstJurisdictions->sizeHintForRow(0));
+    ui->lstJurisdictions->setMinimumSize(texts + frame);
+    ui->lstJurisdictions->setMaximumHeight((texts + frame).height());
 }
 
 void frmSearchWA::LoadCaseTypes(const QString &court)

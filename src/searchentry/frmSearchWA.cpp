@@ -46,6 +46,19 @@ void findArray(const QWidget *form, const QString &name, std::array<Widget *, co
     for (size_t i = 0; i < count; ++i)
         widgets[i] = form->findChild<Widget *>(name + u'_' + QString::number(i));
 }
+
+/// Chooses a button of a group and makes it the one at which Tab stops: by itself, Tab would go on
+/// stopping at the one that was clicked last.
+template<size_t count>
+void choose(const std::array<QRadioButton *, count> &buttons, int index)
+{
+    for (size_t i = 0; i < count; ++i) {
+        const bool chosen = static_cast<int>(i) == index;
+        buttons[i]->setFocusPolicy(chosen ? Qt::StrongFocus : Qt::ClickFocus);
+        if (chosen)
+            buttons[i]->setChecked(true);
+    }
+}
 } // namespace
 
 SearchEvents &SearchEvents::Of()
@@ -198,7 +211,7 @@ void frmSearchWA::Connect()
 void frmSearchWA::ConnectChoices()
 {
     // A second click on the chosen one changes nothing, and keeps the entries.
-    const auto choose = [this](const auto &buttons, auto isChosen, auto click) {
+    const auto onChoice = [this](const auto &buttons, auto isChosen, auto click) {
         for (size_t i = 0; i < buttons.size(); ++i) {
             const int index = static_cast<int>(i);
             connect(buttons[i], &QRadioButton::clicked, this, [this, index, isChosen, click] {
@@ -207,20 +220,20 @@ void frmSearchWA::ConnectChoices()
             });
         }
     };
-    choose(optState, [this](int i) { return i == LastStateIndex; }, &frmSearchWA::optState_Click);
-    choose(
+    onChoice(optState, [this](int i) { return i == LastStateIndex; }, &frmSearchWA::optState_Click);
+    onChoice(
         optCourtSelection, [this](int i) { return i == CourtRowOf(state.Court).courtIndex; },
         &frmSearchWA::optCourtSelection_Click);
-    choose(optOrCDcourts, [](int) { return false; }, &frmSearchWA::optOrCDcourts_Click);
-    choose(
+    onChoice(optOrCDcourts, [](int) { return false; }, &frmSearchWA::optOrCDcourts_Click);
+    onChoice(
         optSearchType, [this](int i) { return i == static_cast<int>(state.Kind); },
         &frmSearchWA::optSearchType_Click);
     // The template list comes back by a click on its button when a template has taken its place.
-    choose(
+    onChoice(
         optSearchWhere,
         [this](int i) { return i + 1 == static_cast<int>(state.Where) && !state.TemplateApplied; },
         &frmSearchWA::optSearchWhere_Click);
-    choose(
+    onChoice(
         optDiscisSearch,
         [this](int i) { return (Global.intSearchWhere == static_cast<qint16>(SearchScope::DiscisCivil)) == (i == 0); },
         &frmSearchWA::optDiscisSearch_Click);
@@ -297,11 +310,11 @@ void frmSearchWA::ShowTexts()
         labels[i]->setVisible(!kind.labels[i].isEmpty());
         txtSearchName[i]->setVisible(!kind.labels[i].isEmpty());
     }
-    optState[static_cast<size_t>(court.stateIndex)]->setChecked(true);
+    choose(optState, court.stateIndex);
     if (court.courtIndex >= 0)
-        optCourtSelection[static_cast<size_t>(court.courtIndex)]->setChecked(true);
-    optSearchType[static_cast<size_t>(state.Kind)]->setChecked(true);
-    optSearchWhere[static_cast<size_t>(state.Where) - 1]->setChecked(true);
+        choose(optCourtSelection, court.courtIndex);
+    choose(optSearchType, static_cast<int>(state.Kind));
+    choose(optSearchWhere, static_cast<int>(state.Where) - 1);
     const QSignalBlocker blocker(ui->lstJurisdictions);
     ui->lstJurisdictions->setCurrentRow(static_cast<int>(state.Court));
 }
@@ -411,10 +424,8 @@ void frmSearchWA::SelectCourtState(FormState next)
     GoTo(next);
     LoadCaseTypes(Global.strCurrentCourt);
     LoadCountyLists();
-    if (state.Court == CourtFamily::Discis) {
-        optDiscisSearch[0]->setChecked(true);
+    if (state.Court == CourtFamily::Discis)
         optDiscisSearch_Click(0);
-    }
 }
 
 void frmSearchWA::SelectCourt(CourtFamily court)
@@ -423,12 +434,12 @@ void frmSearchWA::SelectCourt(CourtFamily court)
     next.Court = court;
     SelectCourtState(next);
     if (court == CourtFamily::Oregon)
-        optOrCDcourts[0]->setChecked(true);
+        choose(optOrCDcourts, 0);
 }
 
 void frmSearchWA::optOrCDcourts_Click(int index)
 {
-    optOrCDcourts[static_cast<size_t>(index)]->setChecked(true);
+    choose(optOrCDcourts, index);
 }
 
 void frmSearchWA::lstJurisdictions_Click(int row)
@@ -465,6 +476,7 @@ void frmSearchWA::optSearchWhere_Click(int index)
 
 void frmSearchWA::optDiscisSearch_Click(int index)
 {
+    choose(optDiscisSearch, index);
     Global.intSearchWhere = static_cast<qint16>(index == 0 ? SearchScope::DiscisCivil
                                                            : SearchScope::DiscisNonCivil);
     LoadDiscisCountyList();

@@ -47,6 +47,9 @@ SearchFormUser::SearchFormUser(bool shown)
     if (shown)
         frmSearchWA::ShowForm();
     Form = &frmSearchWA::Form();
+    // Only in an active window has a box the focus.
+    if (shown && !QTest::qWaitForWindowActive(Form))
+        qFatal("the form does not come to the front");
 }
 
 SearchFormUser::~SearchFormUser()

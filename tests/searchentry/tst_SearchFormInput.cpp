@@ -18,6 +18,8 @@ const QByteArray rubbish = [] {
     return bytes;
 }();
 
+const QList<QByteArray> recents{"lblMruList", "cboxLastBizOrCase", "cboxCaseMRUs"};
+
 QByteArray lines(const char *text, int count)
 {
     QByteArray all;
@@ -230,7 +232,14 @@ void tst_SearchFormInput::badFiles()
     const QList<Place> places = AllPlaces();
     for (const Place &place : places) {
         user->GoTo(place);
-        QCOMPARE(user->Shown(), ShownAt(place));
+        QList<QByteArray> told = ShownAt(place);
+        // Recent entries are offered by a setting, which may have gone with its file.
+        if (file == u"options.ini")
+            told.removeIf([](const QByteArray &name) { return recents.contains(name); });
+        QCOMPARE(user->Shown(), told);
+        // The U.S. Courts refuse in a message box.
+        if (place.Court == Federal)
+            continue;
         refused.clear();
         user->Press("cmdBeginSearch");
         QCOMPARE(refused.size(), place.Batch ? 0 : 1);

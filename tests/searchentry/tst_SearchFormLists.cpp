@@ -92,8 +92,7 @@ void tst_SearchFormLists::init()
     user->Desk.Folder.Write(u"MruIName.txt"_s, "SMITH, JOHN, Q\r\nMADONNA\r\nDOE, JANE\r\n");
     user->Desk.Folder.Write(u"MruBName.txt"_s, "ACME, INC\r\n91-1234567\r\n");
     user->Desk.Folder.Write(u"MruCases.txt"_s, "02-2-02029-9\r\n");
-    frmSearchWA::HideForm();
-    frmSearchWA::ShowForm();
+    user->Form->ShowMRU();
 }
 
 void tst_SearchFormLists::cleanup()
@@ -218,7 +217,10 @@ void tst_SearchFormLists::courtsOfACounty_data()
     QTest::newRow("Adams") << u"Adams"_s
                            << QStringList{u"Othello District (OTD)"_s,
                                           u"Ritzville District (RID)"_s};
-    QTest::newRow("Asotin") << u"Asotin"_s << QStringList{u"Asotin District (ASD)"_s};
+    QTest::newRow("Asotin") << u"Asotin"_s
+                            << QStringList{u"Asotin District (ASD)"_s,
+                                           u"Clarkston (Municipal) (CLA)"_s};
+    QTest::newRow("Garfield") << u"Garfield"_s << QStringList{u"Garfield District (GAD)"_s};
 }
 
 void tst_SearchFormLists::courtsOfACounty()

@@ -142,7 +142,7 @@ void tst_SearchFormStates::openingAtTheDefaultCourt()
 {
     QFETCH(QByteArray, view);
     QFETCH(int, court);
-    QByteArray options("[Searching]\r\n");
+    QByteArray options("[Searching]\r\nEnableMRU=1\r\n");
     if (!view.isEmpty())
         options += "DefaultView=" + view + "\r\n";
     reopen(options);
