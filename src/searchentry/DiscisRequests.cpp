@@ -13,8 +13,18 @@ using namespace Qt::StringLiterals;
 namespace {
 constexpr qsizetype codeInBrackets = 5; ///< "(OTD)"
 
-/// The first county of the list for a non-civil search; what stands before it is statewide.
+/// The first county of the list for a person in a non-civil search: what stands before it is
+/// statewide.
 constexpr int firstCountyIndex = 2;
+
+/// The list of courts stands for the whole state. For a business the first county stands at the
+/// place of the defendants' entry: the index alone would make a statewide search of it.
+bool isStatewide(const SearchEntry &entry)
+{
+    const QString first = entry.DiscisItems.value(0);
+    return entry.DiscisCountyIndex < firstCountyIndex
+           && (first == discisStatewideItem || first == discisDefendantsItem);
+}
 
 bool isCivil(const SearchEntry &entry)
 {
@@ -81,7 +91,7 @@ void addCourts(const SearchEntry &entry, const std::function<void()> &turn,
 QString courtsTitle(const SearchEntry &entry)
 {
     if (isCivil(entry) && isEveryCourt(entry))
-        return u"Statewide - All Courts / "_s + QString::number(discisCourtsTold)
+        return u"Statewide - All Courts / "_s + QString::number(discisCourtsShown)
                + u" Jurisdictions"_s;
     return entry.DiscisCounty + u" District/Municipal Courts"_s;
 }
@@ -99,7 +109,7 @@ DiscisRequests DiscisNameRequests(const SearchEntry &entry, const std::function<
     requests.NameVal = ShownName(entry);
     if (isCivil(entry))
         requests.CaseTypeVals = u"CIVIL"_s;
-    if (!isCivil(entry) && entry.DiscisCountyIndex < firstCountyIndex) {
+    if (!isCivil(entry) && isStatewide(entry)) {
         addStatewideLine(entry, requests);
     } else {
         requests.CourtCounty = courtsTitle(entry);

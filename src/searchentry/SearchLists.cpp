@@ -237,6 +237,8 @@ void frmSearchWA::cboxCountyList_Click()
         const QSignalBlocker blocker(ui->lboxDiscisCourtNames);
         ui->lboxDiscisCourtNames->SetItems(courts);
         ui->lboxDiscisCourtNames->SelectAll(all);
+        // A number cannot be looked for in the whole state.
+        ui->lboxDiscisCourtNames->setEnabled(all || !statewide);
     }
     ui->cmdSelectAllCourts->setEnabled(!statewide);
     ui->cmdClearCourtList->setEnabled(!statewide);
@@ -250,9 +252,9 @@ void frmSearchWA::ShowCourtStats()
     const int county = ui->cboxCountyList->currentIndex();
     const bool statewide =
         list->count() == 1 && county >= 0 && ui->cboxCountyList->currentText().startsWith(u"--");
-    const QString told = QString::number(discisCourtsTold);
+    const QString every = QString::number(discisCourtsShown);
     if (statewide)
-        ui->lblCourtNameStats->setText(courtStats(told, selected > 0 ? told : u"0 (zero)"_s));
+        ui->lblCourtNameStats->setText(courtStats(every, selected > 0 ? every : u"0 (zero)"_s));
     else
         ui->lblCourtNameStats->setText(
             courtStats(QString::number(list->count()), QString::number(selected)));
@@ -280,6 +282,11 @@ void frmSearchWA::ResetBatchFields()
 {
     for (QLineEdit *number : Text1)
         number->clear();
+    LoadBatchCounties();
+}
+
+void frmSearchWA::LoadBatchCounties()
+{
     if (state.Court == CourtFamily::Superior)
         LoadAllWaCountyCombos();
     else if (state.Court == CourtFamily::Oregon)

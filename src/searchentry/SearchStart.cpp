@@ -92,12 +92,15 @@ SearchEntry frmSearchWA::Entry() const
     SearchEntry entry;
     entry.Court = state.Court;
     entry.Kind = state.Kind;
+    entry.CourtName = courtDisplayName;
     entry.Where = static_cast<SearchScope>(Global.intSearchWhere);
     for (size_t i = 0; i < entry.Names.size(); ++i)
         entry.Names[i] = txtSearchName[i]->text();
     entry.Counties = ui->lboxCountyOrProfile->Selected();
-    if (const QListWidgetItem *item = ui->lboxMultiJurisdiction->currentItem())
-        entry.NumberCounty = item->text();
+    // The focus alone makes a row the current one; selected it is by the user only.
+    const QList<QListWidgetItem *> chosen = ui->lboxMultiJurisdiction->selectedItems();
+    if (!chosen.isEmpty())
+        entry.NumberCounty = chosen.first()->text();
     entry.CaseTypes = ui->lboxCaseTypes->Selected();
     entry.JudgmentsOnly = ui->optORjgmtsONLY->isChecked();
     entry.UseIndex = ui->chkUseIndex->isChecked();
@@ -167,7 +170,9 @@ bool frmSearchWA::ValidateBatchSearchFields()
 void frmSearchWA::ShowFieldError(const QString &what, const QString &why, const QString &action,
                                  const QString &caption)
 {
-    Q_EMIT SearchEvents::Of().FieldErrorRaised(what, why, action, caption);
+    // The form may have gone under a question of the same check: then there is nobody to tell.
+    if (!IsUnloaded())
+        Q_EMIT SearchEvents::Of().FieldErrorRaised(what, why, action, caption);
 }
 
 void frmSearchWA::Notice(const QString &text, const QString &title, MessageIcon icon)
@@ -261,7 +266,8 @@ void frmSearchWA::cmdBeginSearch_Click()
     FoldEntries();
     const bool valid =
         state.Court == CourtFamily::Bankruptcy ? ValidateBkFormFields() : ValidateAllFormFields();
-    if (!valid || !DisclaimerAccepted(false) || !LoggedIn() || IsUnloaded())
+    // Any of these questions may outlive the form.
+    if (!valid || IsUnloaded() || !DisclaimerAccepted(false) || IsUnloaded() || !LoggedIn() || IsUnloaded())
         return;
     QString code;
     if (accountingEnabled() || Global.bClientAcctgOpt) {
@@ -359,7 +365,7 @@ void frmSearchWA::SetDefaultCounty()
 
 void frmSearchWA::RunBatchSearch(bool autoPrint)
 {
-    if (!LoggedIn() || !DisclaimerAccepted(true) || IsUnloaded())
+    if (IsUnloaded() || !LoggedIn() || IsUnloaded() || !DisclaimerAccepted(true) || IsUnloaded())
         return;
     Global.ClientAcctgCode.clear();
     QString code;

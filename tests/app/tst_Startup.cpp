@@ -253,10 +253,17 @@ void tst_Startup::startLogsASeparatorLine()
 void tst_Startup::defaultView_data()
 {
     QTest::addColumn<QString>("view");
-    QTest::newRow("Washington") << u"WA"_s;
-    QTest::newRow("unset") << u"0"_s;
-    QTest::newRow("unknown") << u"XX"_s;
-    QTest::newRow("lower case") << u"wa"_s;
+    QTest::addColumn<QString>("state");
+    QTest::addColumn<QString>("court");
+    QTest::addColumn<int>("stateIndex");
+    QTest::addColumn<int>("jurisdiction");
+    QTest::newRow("Washington") << u"WA"_s << u"WA"_s << u"WASUP"_s << 1 << 0;
+    QTest::newRow("unset") << u"0"_s << u"WA"_s << u"WASUP"_s << 1 << 0;
+    QTest::newRow("unknown") << u"XX"_s << u"WA"_s << u"WASUP"_s << 1 << 0;
+    QTest::newRow("lower case") << u"wa"_s << u"WA"_s << u"WASUP"_s << 1 << 0;
+    QTest::newRow("Oregon") << u"OR"_s << u"OR"_s << u"OR"_s << 0 << 2;
+    QTest::newRow("Idaho, beside Oregon's row") << u"ID"_s << u"ID"_s << u"IDSUP"_s << 3 << 2;
+    QTest::newRow("federal") << u"FED"_s << u"FED"_s << u"FED"_s << 2 << 4;
 }
 
 void tst_Startup::defaultView()
@@ -265,10 +272,13 @@ void tst_Startup::defaultView()
     SaveOptionStr(u"Searching"_s, u"DefaultView"_s, view);
     offline();
     const frmSearchWA &form = frmSearchWA::Form();
-    QVERIFY(form.findChild<QRadioButton *>(u"optState_1"_s)->isChecked());
+    QFETCH(int, stateIndex);
+    QVERIFY(form.findChild<QRadioButton *>(u"optState_"_s + QString::number(stateIndex))
+                ->isChecked());
     QVERIFY(form.findChild<QRadioButton *>(u"optCourtSelection_0"_s)->isChecked());
-    QCOMPARE(Global.strSearchState, u"WA"_s);
-    QCOMPARE(Global.strCurrentCourt, u"WASUP"_s);
+    QTEST(form.findChild<QListWidget *>(u"lstJurisdictions"_s)->currentRow(), "jurisdiction");
+    QTEST(Global.strSearchState, "state");
+    QTEST(Global.strCurrentCourt, "court");
     QCOMPARE(Global.strCurrentSearchType, u"Individual Name"_s);
     QCOMPARE(Global.intSearchWhere, qint16(1));
 }
