@@ -184,8 +184,7 @@ void tst_SearchFormLists::aCountyButtonChoosesThatCountyAlone()
     QFETCH(int, index);
     user->Click("cmdCheckAll");
     user->Click("optCounties_" + QByteArray::number(index));
-    QCOMPARE(user->Ticked("lboxCountyOrProfile"),
-             QStringList{user->CountiesOf(Superior)[index]});
+    QCOMPARE(user->Ticked("lboxCountyOrProfile"), QStringList{user->CountiesOf(Superior)[index]});
     QVERIFY(user->Button("optCounties_" + QByteArray::number(index))->isChecked());
 }
 
@@ -344,9 +343,9 @@ void tst_SearchFormLists::bankruptcyYearsAreOpenForARangeOnly()
     user->Click("optState_2");
     const QList<const char *> controls{"cboxSearchStartYear1", "cboxSearchEndYear1",
                                        "lblSearchStartYear1", "lblSearchEndYear1"};
-    for (const auto &[button, open] : {std::pair("optSearchYears1_0", false),
-                                       std::pair("optSearchYears1_1", true),
-                                       std::pair("optSearchYears1_0", false)}) {
+    for (const auto &[button, open] :
+         {std::pair("optSearchYears1_0", false), std::pair("optSearchYears1_1", true),
+          std::pair("optSearchYears1_0", false)}) {
         user->Click(button);
         for (const char *control : controls)
             QCOMPARE(user->Find(control)->isEnabled(), open);
@@ -413,7 +412,8 @@ void tst_SearchFormLists::choosingARecentPerson_data()
 {
     QTest::addColumn<QString>("entry");
     QTest::addColumn<QStringList>("boxes");
-    QTest::newRow("three parts") << u"SMITH, JOHN, Q"_s << QStringList{u"SMITH"_s, u"JOHN"_s, u"Q"_s};
+    QTest::newRow("three parts") << u"SMITH, JOHN, Q"_s
+                                 << QStringList{u"SMITH"_s, u"JOHN"_s, u"Q"_s};
     QTest::newRow("two parts") << u"DOE, JANE"_s << QStringList{u"DOE"_s, u"JANE"_s, QString()};
     QTest::newRow("one part") << u"MADONNA"_s << QStringList{u"MADONNA"_s, QString(), QString()};
 }
