@@ -64,7 +64,8 @@ void frmSearchWA::LoadJurisdictionList()
          u"U.S. Courts - Federal Bankruptcy Courts"_s});
     ui->lstJurisdictions->setCurrentRow(0);
     // All five are always seen whole.
-    const QSize frame(2 * ui->lstJurisdictions->frameWidth(), 2 * ui->lstJurisdictions->frameWidth());
+    const QSize frame(2 * ui->lstJurisdictions->frameWidth(),
+                      2 * ui->lstJurisdictions->frameWidth());
     const QSize texts(ui->lstJurisdictions->sizeHintForColumn(0),
                       ui->lstJurisdictions->count() * ui->lstJurisdictions->sizeHintForRow(0));
     ui->lstJurisdictions->setMinimumSize(texts + frame);
@@ -367,9 +368,8 @@ void frmSearchWA::OfferWhileTyping(const QStringList &entries)
         return;
     auto *completer = new QCompleter(entries, txtSearchName[0]);
     completer->setCaseSensitivity(Qt::CaseInsensitive);
-    connect(
-        completer, qOverload<const QString &>(&QCompleter::activated), this,
-        &frmSearchWA::UseRecentEntry, Qt::QueuedConnection);
+    connect(completer, qOverload<const QString &>(&QCompleter::activated), this,
+            &frmSearchWA::UseRecentEntry, Qt::QueuedConnection);
     txtSearchName[0]->setCompleter(completer);
 }
 

@@ -202,9 +202,8 @@ void frmSearchWA::Connect()
         auto *link = findChild<LinkLabel *>(u"lblHelp_"_s + QString::number(topic));
         if (!link)
             break;
-        connect(link, &LinkLabel::Clicked, this, [topic] {
-            Q_EMIT SearchEvents::Of().HelpWanted(static_cast<HelpTopic>(topic));
-        });
+        connect(link, &LinkLabel::Clicked, this,
+                [topic] { Q_EMIT SearchEvents::Of().HelpWanted(static_cast<HelpTopic>(topic)); });
     }
 }
 
@@ -220,11 +219,13 @@ void frmSearchWA::ConnectChoices()
             });
         }
     };
-    onChoice(optState, [this](int i) { return i == LastStateIndex; }, &frmSearchWA::optState_Click);
+    onChoice(
+        optState, [this](int i) { return i == LastStateIndex; }, &frmSearchWA::optState_Click);
     onChoice(
         optCourtSelection, [this](int i) { return i == CourtRowOf(state.Court).courtIndex; },
         &frmSearchWA::optCourtSelection_Click);
-    onChoice(optOrCDcourts, [](int) { return false; }, &frmSearchWA::optOrCDcourts_Click);
+    onChoice(
+        optOrCDcourts, [](int) { return false; }, &frmSearchWA::optOrCDcourts_Click);
     onChoice(
         optSearchType, [this](int i) { return i == static_cast<int>(state.Kind); },
         &frmSearchWA::optSearchType_Click);
@@ -235,7 +236,10 @@ void frmSearchWA::ConnectChoices()
         &frmSearchWA::optSearchWhere_Click);
     onChoice(
         optDiscisSearch,
-        [this](int i) { return (Global.intSearchWhere == static_cast<qint16>(SearchScope::DiscisCivil)) == (i == 0); },
+        [this](int i) {
+            return (Global.intSearchWhere == static_cast<qint16>(SearchScope::DiscisCivil))
+                   == (i == 0);
+        },
         &frmSearchWA::optDiscisSearch_Click);
     connect(ui->optSearchYears_0, &QRadioButton::toggled, this, &frmSearchWA::optSearchYears_Click);
     connect(ui->optSearchYears1_0, &QRadioButton::toggled, this,
@@ -283,7 +287,8 @@ void frmSearchWA::GoTo(FormState next)
     ShowParts();
     // Whether the index is used is a setting, until the user says otherwise for this search.
     if (Shows(FormPart::UseIndex) != indexWasOffered)
-        ui->chkUseIndex->setChecked(Shows(FormPart::UseIndex) && Global.strDefaultToWaIndex == u"1");
+        ui->chkUseIndex->setChecked(Shows(FormPart::UseIndex)
+                                    && Global.strDefaultToWaIndex == u"1");
     if (before.Kind != state.Kind || before.Batch != state.Batch)
         ShowMRU();
     ReserveCharacters();
@@ -389,9 +394,9 @@ void frmSearchWA::ShowOrHideFrame11()
         state.TemplateApplied
             ? u"Template Loaded. Double-click 'Templates' for the Template List."_s
             : ScopeRowOf(state.Where).label.toString());
-    ui->lblCountyOrProfile->setBuddy(
-        Shows(FormPart::TemplateList) ? static_cast<QWidget *>(ui->lboxSearchProfiles)
-                                      : static_cast<QWidget *>(ui->lboxCountyOrProfile));
+    ui->lblCountyOrProfile->setBuddy(Shows(FormPart::TemplateList)
+                                         ? static_cast<QWidget *>(ui->lboxSearchProfiles)
+                                         : static_cast<QWidget *>(ui->lboxCountyOrProfile));
 }
 
 // ---- clicks ----
@@ -480,8 +485,8 @@ void frmSearchWA::optSearchWhere_Click(int index)
 void frmSearchWA::optDiscisSearch_Click(int index)
 {
     choose(optDiscisSearch, index);
-    Global.intSearchWhere = static_cast<qint16>(index == 0 ? SearchScope::DiscisCivil
-                                                           : SearchScope::DiscisNonCivil);
+    Global.intSearchWhere =
+        static_cast<qint16>(index == 0 ? SearchScope::DiscisCivil : SearchScope::DiscisNonCivil);
     LoadDiscisCountyList();
 }
 

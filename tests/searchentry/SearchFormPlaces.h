@@ -18,8 +18,8 @@ enum Family { Superior, Discis, Oregon, Idaho, Federal };
 struct Place
 {
     int Court = Superior;
-    int Type = 0;       ///< the index of the chosen optSearchType
-    int Where = 1;      ///< 1 counties, 2 templates, 3 statewide
+    int Type = 0;        ///< the index of the chosen optSearchType
+    int Where = 1;       ///< 1 counties, 2 templates, 3 statewide
     int DiscisWhere = 5; ///< 5 civil, 6 non-civil
     bool Batch = false;
 
@@ -76,11 +76,30 @@ inline constexpr std::array<const char *, 3> scopeLabels{
 
 /// Everything on the form that comes and goes.
 inline const QList<QByteArray> comingAndGoing{
-    "Frame14",           "frameOrCDcourts", "chkUseIndex",   "chkBulkSearch", "optSearchType_3",
-    "optSearchType_4",   "Frame2",          "lblCaseNumEx",  "lblMruList",    "cboxLastBizOrCase",
-    "cboxCaseMRUs",      "frameBulkSearch", "Frame11",       "Frame12",       "Frame6",
-    "lboxCountyOrProfile", "lboxSearchProfiles", "Frame8",   "Frame9",        "frameBK1",
-    "Frame4",            "optORjgmtsONLY",  "Frame5",        "frameBK2",
+    "Frame14",
+    "frameOrCDcourts",
+    "chkUseIndex",
+    "chkBulkSearch",
+    "optSearchType_3",
+    "optSearchType_4",
+    "Frame2",
+    "lblCaseNumEx",
+    "lblMruList",
+    "cboxLastBizOrCase",
+    "cboxCaseMRUs",
+    "frameBulkSearch",
+    "Frame11",
+    "Frame12",
+    "Frame6",
+    "lboxCountyOrProfile",
+    "lboxSearchProfiles",
+    "Frame8",
+    "Frame9",
+    "frameBK1",
+    "Frame4",
+    "optORjgmtsONLY",
+    "Frame5",
+    "frameBK2",
 };
 
 struct ShownRow
@@ -95,7 +114,8 @@ inline constexpr std::array<ShownRow, 20> shownRows{{
      "Frame14 chkUseIndex Frame2 lblMruList cboxLastBizOrCase Frame11 Frame4 Frame5"},
     {Superior, 1, false,
      "Frame14 chkUseIndex Frame2 lblMruList cboxLastBizOrCase Frame11 Frame4 Frame5"},
-    {Superior, 2, false, "Frame14 chkBulkSearch Frame2 lblCaseNumEx lblMruList cboxCaseMRUs Frame12"},
+    {Superior, 2, false,
+     "Frame14 chkBulkSearch Frame2 lblCaseNumEx lblMruList cboxCaseMRUs Frame12"},
     {Superior, 2, true, "Frame14 chkBulkSearch frameBulkSearch"},
     {Discis, 0, false, "Frame14 Frame2 lblMruList cboxLastBizOrCase Frame8 Frame9"},
     {Discis, 1, false, "Frame14 Frame2 lblMruList cboxLastBizOrCase Frame8 Frame9"},

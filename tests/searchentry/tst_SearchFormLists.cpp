@@ -20,7 +20,6 @@ const QString templateLoaded =
     u"Template Loaded. Double-click 'Templates' for the Template List."_s;
 const QString allCounties = u"-- ALL COUNTIES/STATEWIDE --"_s;
 const QString addressesOnly = u"-- SHOW ADDRESS/DEFS ONLY --"_s;
-const QString noSelection = u"---- NO SELECTION ----"_s;
 } // namespace
 
 class tst_SearchFormLists : public QObject
@@ -67,14 +66,6 @@ private Q_SLOTS:
     void aTemplateWithoutASectionClearsTheChoice();
     void theTemplateListComesBackByItsButton();
     void aSecondTemplateTakesThePlaceOfTheFirst();
-
-    void batchCounties_data();
-    void batchCounties();
-    void setAllCountiesToSameAsFirstKeepsTheNumbers();
-    void resetClearsNumbersAndCounties();
-    void settingTheDefaultCounty_data();
-    void settingTheDefaultCounty();
-    void noDefaultCountyWithoutASelection();
 
 private:
     QComboBox *combo(const char *name) const { return user->Find<QComboBox>(name); }
@@ -184,8 +175,7 @@ void tst_SearchFormLists::aCountyButtonChoosesThatCountyAlone()
     QFETCH(int, index);
     user->Click("cmdCheckAll");
     user->Click("optCounties_" + QByteArray::number(index));
-    QCOMPARE(user->Ticked("lboxCountyOrProfile"),
-             QStringList{user->CountiesOf(Superior)[index]});
+    QCOMPARE(user->Ticked("lboxCountyOrProfile"), QStringList{user->CountiesOf(Superior)[index]});
     QVERIFY(user->Button("optCounties_" + QByteArray::number(index))->isChecked());
 }
 
@@ -344,9 +334,9 @@ void tst_SearchFormLists::bankruptcyYearsAreOpenForARangeOnly()
     user->Click("optState_2");
     const QList<const char *> controls{"cboxSearchStartYear1", "cboxSearchEndYear1",
                                        "lblSearchStartYear1", "lblSearchEndYear1"};
-    for (const auto &[button, open] : {std::pair("optSearchYears1_0", false),
-                                       std::pair("optSearchYears1_1", true),
-                                       std::pair("optSearchYears1_0", false)}) {
+    for (const auto &[button, open] :
+         {std::pair("optSearchYears1_0", false), std::pair("optSearchYears1_1", true),
+          std::pair("optSearchYears1_0", false)}) {
         user->Click(button);
         for (const char *control : controls)
             QCOMPARE(user->Find(control)->isEnabled(), open);
@@ -413,7 +403,8 @@ void tst_SearchFormLists::choosingARecentPerson_data()
 {
     QTest::addColumn<QString>("entry");
     QTest::addColumn<QStringList>("boxes");
-    QTest::newRow("three parts") << u"SMITH, JOHN, Q"_s << QStringList{u"SMITH"_s, u"JOHN"_s, u"Q"_s};
+    QTest::newRow("three parts") << u"SMITH, JOHN, Q"_s
+                                 << QStringList{u"SMITH"_s, u"JOHN"_s, u"Q"_s};
     QTest::newRow("two parts") << u"DOE, JANE"_s << QStringList{u"DOE"_s, u"JANE"_s, QString()};
     QTest::newRow("one part") << u"MADONNA"_s << QStringList{u"MADONNA"_s, QString(), QString()};
 }
@@ -520,98 +511,6 @@ void tst_SearchFormLists::aSecondTemplateTakesThePlaceOfTheFirst()
     user->DoubleClickRow("lboxSearchProfiles", 2);
     QCOMPARE(user->Ticked("lboxCountyOrProfile"), QStringList());
     QCOMPARE(user->Text("lblCountyOrProfile"), templateLoaded);
-}
-
-// ---- the batch ----
-
-void tst_SearchFormLists::batchCounties_data()
-{
-    QTest::addColumn<int>("court");
-    QTest::addColumn<QString>("county");
-    QTest::addColumn<int>("count");
-    QTest::newRow("Washington") << int(Superior) << u"Pierce"_s << 40;
-    QTest::newRow("Washington without") << int(Superior) << QString() << 40;
-    QTest::newRow("Oregon") << int(Oregon) << u"Lane"_s << 38;
-    QTest::newRow("Idaho") << int(Idaho) << u"Ada"_s << 45;
-    QTest::newRow("one of another state") << int(Idaho) << u"King"_s << 45;
-}
-
-void tst_SearchFormLists::batchCounties()
-{
-    QFETCH(int, court);
-    QFETCH(QString, county);
-    QFETCH(int, count);
-    Global.strDefaultWaCounty = Global.strDefaultOrCounty = Global.strDefaultIDCounty = county;
-    user->GoTo({court, 2, 1, 5, true});
-    QVERIFY(user->BatchBox(0)->hasFocus());
-    const bool known = !county.isEmpty() && user->CountiesOf(court).contains(county);
-    for (int i = 0; i < 10; ++i) {
-        QCOMPARE(user->BatchCounty(i)->count(), count);
-        QCOMPARE(user->BatchCounty(i)->currentText(), known ? county : noSelection);
-    }
-}
-
-void tst_SearchFormLists::setAllCountiesToSameAsFirstKeepsTheNumbers()
-{
-    user->GoTo({Superior, 2, 1, 5, true});
-    for (int i = 0; i < 10; ++i)
-        user->BatchBox(i)->setText(QString::number(i));
-    user->BatchCounty(0)->setCurrentText(u"Yakima"_s);
-    user->Click("cmdBatchSearch_1");
-    for (int i = 0; i < 10; ++i) {
-        QCOMPARE(user->BatchCounty(i)->currentText(), u"Yakima"_s);
-        QCOMPARE(user->BatchBox(i)->text(), QString::number(i));
-    }
-}
-
-void tst_SearchFormLists::resetClearsNumbersAndCounties()
-{
-    user->GoTo({Superior, 2, 1, 5, true});
-    for (int i = 0; i < 10; ++i) {
-        user->BatchBox(i)->setText(u"X"_s);
-        user->BatchCounty(i)->setCurrentIndex(5);
-    }
-    user->Click("cmdBatchSearch_2");
-    for (int i = 0; i < 10; ++i) {
-        QCOMPARE(user->BatchBox(i)->text(), QString());
-        QCOMPARE(user->BatchCounty(i)->currentText(), u"King"_s);
-    }
-}
-
-void tst_SearchFormLists::settingTheDefaultCounty_data()
-{
-    QTest::addColumn<int>("court");
-    QTest::addColumn<QString>("county");
-    QTest::addColumn<QByteArray>("line");
-    QTest::newRow("Washington") << int(Superior) << u"Yakima"_s
-                                << QByteArray("DefaultWaCounty=Yakima");
-    QTest::newRow("Oregon") << int(Oregon) << u"Yamhill"_s << QByteArray("DefaultOrCounty=Yamhill");
-    QTest::newRow("Idaho") << int(Idaho) << u"Ada"_s << QByteArray("DefaultIdCounty=Ada");
-}
-
-void tst_SearchFormLists::settingTheDefaultCounty()
-{
-    QFETCH(int, court);
-    QFETCH(QString, county);
-    QFETCH(QByteArray, line);
-    user->GoTo({court, 2, 1, 5, true});
-    user->BatchCounty(0)->setCurrentText(county);
-    user->Click("cmdBatchSearch_3");
-    const QByteArray saved = user->Desk.Folder.Read(u"options.ini"_s).toLower();
-    QVERIFY(saved.contains(line.toLower()));
-    user->Click("cmdBatchSearch_2");
-    QCOMPARE(user->BatchCounty(9)->currentText(), county);
-}
-
-void tst_SearchFormLists::noDefaultCountyWithoutASelection()
-{
-    user->GoTo({Superior, 2, 1, 5, true});
-    const QByteArray before = user->Desk.Folder.Read(u"options.ini"_s);
-    user->BatchCounty(0)->setCurrentIndex(0);
-    user->Desk.Boxes.Expect(u"You must select a valid county!"_s, u"Invalid County Selected .."_s);
-    user->Click("cmdBatchSearch_3");
-    QCOMPARE(user->Desk.Folder.Read(u"options.ini"_s), before);
-    QCOMPARE(Global.strDefaultWaCounty, u"King"_s);
 }
 
 QTEST_MAIN(tst_SearchFormLists)

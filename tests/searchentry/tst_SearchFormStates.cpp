@@ -5,10 +5,8 @@
 #include "core/GlobalState.h"
 
 #include <QAbstractButton>
-#include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QSignalSpy>
 #include <QTest>
 
 namespace {
@@ -61,12 +59,6 @@ private Q_SLOTS:
     void anotherTypeEndsTheBatch();
     void theRecentNumbersComeBackAfterABatchThatWasHidden();
     void judgmentsOnlyIsForgottenOutsideOregon();
-    void clearFormInEveryState_data();
-    void clearFormInEveryState();
-    void cancelInEveryState_data();
-    void cancelInEveryState();
-    void helpLinks_data();
-    void helpLinks();
 
 private:
     void rowsOfPlaces() const;
@@ -230,8 +222,9 @@ void tst_SearchFormStates::hiddenCourtButtons_data()
                                 << u"Search Entry Form - Federal Bankruptcy Courts"_s;
     QTest::newRow("Idaho") << QByteArray("optCourtSelection_4") << u"IDSUP"_s
                            << u"Search Entry Form - Idaho District Courts"_s;
-    QTest::newRow("the federal district courts have none") << QByteArray("optCourtSelection_3")
-        << u"WASUP"_s << u"Search Entry Form - WA. Superior Courts"_s;
+    QTest::newRow("the federal district courts have none")
+        << QByteArray("optCourtSelection_3") << u"WASUP"_s
+        << u"Search Entry Form - WA. Superior Courts"_s;
 }
 
 void tst_SearchFormStates::hiddenCourtButtons()
@@ -534,92 +527,6 @@ void tst_SearchFormStates::judgmentsOnlyIsForgottenOutsideOregon()
     QVERIFY(!user->Form->Entry().JudgmentsOnly);
     user->Click("optState_0");
     QVERIFY(!user->Form->Entry().JudgmentsOnly);
-}
-
-void tst_SearchFormStates::clearFormInEveryState_data()
-{
-    rowsOfPlaces();
-}
-
-void tst_SearchFormStates::clearFormInEveryState()
-{
-    Place place = placeOfRow();
-    user->GoTo(place);
-    user->Box(0)->setText(u"X"_s);
-    user->Button("optORjgmtsONLY")->setChecked(true);
-    for (const char *court : {"chkBKcourt_0", "chkBKcourt_3"})
-        user->Button(court)->setChecked(true);
-    for (const char *range : {"optSearchYears_1", "optSearchYears1_1"})
-        user->Button(range)->setChecked(true);
-    user->Click("cmdClearForm");
-    place = After(place, "cmdClearForm");
-    QCOMPARE(user->Differences(place), QString());
-    const SearchEntry entry = user->Form->Entry();
-    QVERIFY(entry.Names == (std::array<QString, 4>{}));
-    QVERIFY(entry.BkCourts == (std::array<bool, 4>{}));
-    QVERIFY(!entry.JudgmentsOnly && !entry.YearRange);
-    QCOMPARE(entry.CaseTypes, QStringList());
-    QVERIFY(user->Button("optSearchYears1_0")->isChecked());
-    QCOMPARE(user->Find<QComboBox>("cboxSearchStartYear1")->currentText(), u"1980"_s);
-    QVERIFY(user->Box(0)->hasFocus());
-}
-
-void tst_SearchFormStates::cancelInEveryState_data()
-{
-    rowsOfPlaces();
-}
-
-void tst_SearchFormStates::cancelInEveryState()
-{
-    user->GoTo(placeOfRow());
-    user->Click("cmdCancel");
-    QVERIFY(!frmSearchWA::IsLoaded());
-}
-
-void tst_SearchFormStates::helpLinks_data()
-{
-    QTest::addColumn<int>("court");
-    QTest::addColumn<int>("type");
-    QTest::addColumn<bool>("batch");
-    QTest::addColumn<HelpTopic>("topic");
-    const auto row = [](int court, int type, bool batch, HelpTopic topic, const char *name) {
-        QTest::newRow(name) << court << type << batch << topic;
-    };
-    row(Superior, 0, false, HelpTopic::Jurisdiction, "jurisdiction");
-    row(Superior, 0, false, HelpTopic::SearchType, "search type");
-    row(Superior, 0, false, HelpTopic::Name, "name");
-    row(Superior, 2, true, HelpTopic::Batch, "batch");
-    row(Superior, 0, false, HelpTopic::Jurisdictions, "counties");
-    row(Superior, 2, false, HelpTopic::NumberCounty, "county of a number");
-    row(Discis, 0, false, HelpTopic::DiscisCaseType, "civil or not");
-    row(Discis, 0, false, HelpTopic::DiscisCourts, "courts");
-    row(Federal, 0, false, HelpTopic::BankruptcyCourts, "bankruptcy courts");
-    row(Superior, 0, false, HelpTopic::CaseTypes, "case types");
-    row(Superior, 0, false, HelpTopic::Years, "years");
-    row(Federal, 0, false, HelpTopic::BankruptcyYears, "bankruptcy years");
-}
-
-void tst_SearchFormStates::helpLinks()
-{
-    QFETCH(int, court);
-    QFETCH(int, type);
-    QFETCH(bool, batch);
-    QFETCH(HelpTopic, topic);
-    // Each link stands inside the step that it explains.
-    constexpr std::array<const char *, helpTopicCount> steps{
-        "Frame7",  "Frame1", "Frame2",   "frameBulkSearch", "Frame11", "Frame12",
-        "Frame8",  "Frame9", "frameBK1", "Frame4",          "Frame5",  "frameBK2"};
-    user->GoTo({court, type, 1, 5, batch});
-    const QByteArray link = "lblHelp_" + QByteArray::number(static_cast<int>(topic));
-    QCOMPARE(user->Text(link.constData()), u"Click Here For Search Tips, Usage, and Examples"_s);
-    QVERIFY(user->Find(steps[static_cast<size_t>(topic)])
-                ->isAncestorOf(user->Find(link.constData())));
-    QSignalSpy wanted(&SearchEvents::Of(), &SearchEvents::HelpWanted);
-    user->Click(link);
-    QTest::keyClick(user->Find(link.constData()), Qt::Key_Return);
-    QCOMPARE(wanted.size(), 2);
-    QCOMPARE(wanted[0][0].value<HelpTopic>(), topic);
-    QCOMPARE(wanted[1][0].value<HelpTopic>(), topic);
 }
 
 QTEST_MAIN(tst_SearchFormStates)

@@ -94,7 +94,8 @@ void tst_SearchFormWalks::fromEveryPlaceToEveryOther()
         QCOMPARE(user->Differences(places[from]), QString());
         user->GoTo(to);
         const QString found = user->Differences(to);
-        QVERIFY2(found.isEmpty(), qPrintable(u"to "_s + QString::fromLatin1(NameOf(to)) + u": "_s + found));
+        QVERIFY2(found.isEmpty(),
+                 qPrintable(u"to "_s + QString::fromLatin1(NameOf(to)) + u": "_s + found));
     }
 }
 
@@ -219,7 +220,8 @@ void tst_SearchFormWalks::walks()
             way.append(control);
             place = walkOn(place, control, extras);
             const QString found = differences(place, extras);
-            QVERIFY2(found.isEmpty(), qPrintable(QString::fromLatin1(way.join(" > ")) + u": "_s + found));
+            QVERIFY2(found.isEmpty(),
+                     qPrintable(QString::fromLatin1(way.join(" > ")) + u": "_s + found));
         }
     }
 }

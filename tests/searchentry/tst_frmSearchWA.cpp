@@ -214,8 +214,7 @@ void tst_frmSearchWA::stepsAreNumbered_data()
     QTest::newRow("courts") << QByteArray("Frame9") << u" STEP 5:   Select Court(s)"_s;
     QTest::newRow("bankruptcy courts")
         << QByteArray("frameBK1") << u" STEP 4:   Select Bankruptcy Court(s) to Search"_s;
-    QTest::newRow("bankruptcy years")
-        << QByteArray("frameBK2") << u" STEP 5:   Search Years"_s;
+    QTest::newRow("bankruptcy years") << QByteArray("frameBK2") << u" STEP 5:   Search Years"_s;
 }
 
 void tst_frmSearchWA::stepsAreNumbered()
