@@ -40,8 +40,7 @@ constexpr std::array<DisclaimerRow, 3> disclaimers{{
      u"Washington State Courts",
      u"completeness of the Washington Court data except for court purposes. "},
     {u"OR", &GlobalState::OrDisclaimerAccepted, &frmSearchWA::DisplayOrCourtDisclaimer, false,
-     u"Oregon State Courts",
-     u"completeness of the Oregon Court data except for court purposes. "},
+     u"Oregon State Courts", u"completeness of the Oregon Court data except for court purposes. "},
     {u"ID", &GlobalState::IdDisclaimerAccepted, &frmSearchWA::DisplayIdCourtDisclaimer, true,
      u"Idaho State Courts", u"completeness of the Idaho Court data except for court purposes. "},
 }};

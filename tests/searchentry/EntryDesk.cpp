@@ -51,7 +51,7 @@ public:
     }
     void Lines(const QString &name, const ListBox &list)
     {
-        const QStringList lines = list.Lines();
+        const QStringList &lines = list.Lines();
         for (const QString &line : lines)
             Text(name, Readable(line));
     }

@@ -200,7 +200,7 @@ void tst_StartOrder::disclaimerGoesBeforeTheLoginQuestion()
 void tst_StartOrder::theLoginQuestionGoesBeforeTheClientCode()
 {
     Global.bLoggedIn = false;
-    Global.bClientAcctgOpt = true;
+    SaveOptionStr(u"Accounting"_s, u"EnableAcctg"_s, u"1"_s);
     desk->Do(smith + king);
     desk->Desk.Boxes.Expect(notLoggedIn, notLoggedInTitle, MsgIcon::Exclamation, MsgAnswer::No);
     startsNothing({u"SMITH"_s, u"JOHN"_s, u"Q"_s, u"Jr."_s});
