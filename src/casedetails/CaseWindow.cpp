@@ -4,6 +4,7 @@
 #include "core/Log.h"
 #include "jobs/TurnTaking.h"
 
+#include <QFontInfo>
 #include <QLabel>
 #include <QPushButton>
 
@@ -32,7 +33,7 @@ void CaseWindow::load(QPushButton *cmdStopSearching, QPushButton *cmdCloseDetail
     SetStatusStyle(lblStatus, StatusColour::Normal, true);
     QFont large = header->font();
     large.setBold(true);
-    large.setPointSizeF(large.pointSizeF() * headerScale);
+    large.setPointSizeF(QFontInfo(large).pointSizeF() * headerScale);
     header->setFont(large);
     connect(cmdCloseDetails, &QPushButton::clicked, this, [this] { Unload(UnloadMode::Code); });
     StartJob(lblStatus, cmdStopSearching);

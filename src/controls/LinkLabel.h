@@ -1,22 +1,18 @@
 #pragma once
 
-#include <QLabel>
+#include <QAbstractButton>
 
-/// A line of text that acts when it is clicked, or by the space bar or Enter while it has the
-/// focus.
-class LinkLabel : public QLabel
+/// A button that looks like a line of underlined text.
+class LinkLabel : public QAbstractButton
 {
     Q_OBJECT
 public:
     explicit LinkLabel(QWidget *parent = nullptr);
 
-Q_SIGNALS:
-    void Clicked();
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
-    void mouseReleaseEvent(QMouseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
-    void focusInEvent(QFocusEvent *event) override;
-    void focusOutEvent(QFocusEvent *event) override;
 };

@@ -25,5 +25,7 @@ void ReadOnlyTextBox::keyPressEvent(QKeyEvent *event)
         return;
     }
     event->accept();
-    Q_EMIT EditRefused();
+    // Once: a key that is held down would open its box again and again.
+    if (!event->isAutoRepeat())
+        Q_EMIT EditRefused();
 }

@@ -2,6 +2,7 @@
 
 #include "controls/Twips.h"
 
+#include <QFontInfo>
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QStyledItemDelegate>
@@ -51,7 +52,7 @@ ResultListView::ResultListView(QWidget *parent) : QTableView(parent), list(this)
     horizontalHeader()->setHighlightSections(false);
     // A little smaller, so that a title and the sort arrow share a column of its width.
     QFont headerFont = font();
-    headerFont.setPointSizeF(headerFont.pointSizeF() * headerFontScale);
+    headerFont.setPointSizeF(QFontInfo(headerFont).pointSizeF() * headerFontScale);
     horizontalHeader()->setFont(headerFont);
     horizontalHeader()->setStretchLastSection(true);
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);

@@ -9,6 +9,7 @@
 #include "jobs/TurnTaking.h"
 #include "link/Comm.h"
 
+#include <QScopeGuard>
 #include <QLabel>
 #include <QPushButton>
 
@@ -63,17 +64,20 @@ void JobWindow::Timer1_Tick()
         Timer1->start();
         tmrBlink->setInterval(pace.takenBlink);
         return;
-    case Turn::Mine:
+    case Turn::Mine: {
         Global.bSearchInProgress = true;
         HasTurn = true;
+        const auto end = qScopeGuard([this] {
+            Global.bSearchInProgress = false;
+            HasTurn = false;
+        });
         statusLabel->setText(WorkingText());
         tmrBlink->setInterval(pace.workingBlink);
         if (blinking)
             tmrBlink->start();
         ProcessSearchRequests();
-        Global.bSearchInProgress = false;
-        HasTurn = false;
         return;
+    }
     case Turn::NotYet:
         Timer1->start();
         return;
@@ -84,7 +88,10 @@ void JobWindow::tmrBlink_Tick()
 {
     const RunScope scope(this);
     tmrBlink->stop();
-    Yield();
+    {
+        const TurnHold hold;
+        Yield();
+    }
     // The yield may have run the whole job: blinking is over then, and the text stays on.
     if (!blinking || IsUnloaded())
         return;
@@ -112,13 +119,16 @@ void JobWindow::cmdStopSearching_Click()
 {
     const RunScope scope(this);
     StopPressed();
-    if (Global.bShowAlerts
-        && MsgBox(this, u"Stop This Search?"_s, u"Stop Search Verification"_s, MsgButtons::YesNo,
-                  MsgIcon::Question)
-               != MsgAnswer::Yes)
-        return;
-    // It may have ended while the question was open.
-    if (over)
+    {
+        const TurnHold hold;
+        if (Global.bShowAlerts
+            && MsgBox(this, u"Stop This Search?"_s, u"Stop Search Verification"_s,
+                      MsgButtons::YesNo, MsgIcon::Question)
+                   != MsgAnswer::Yes)
+            return;
+    }
+    // It may have ended, or gone, while the question was open.
+    if (over || IsUnloaded())
         return;
     StopRequested = true;
     bool stopped = false;
@@ -183,6 +193,7 @@ bool JobWindow::MayClose(UnloadMode mode, const QString &question)
                u"Stop Current Search .."_s);
         return false;
     }
+    const TurnHold hold;
     return !Global.bShowAlerts
            || MsgBox(this, question, u"Close Search Form .."_s, MsgButtons::YesNo,
                      MsgIcon::Question)

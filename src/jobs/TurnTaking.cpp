@@ -3,12 +3,28 @@
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
 
+namespace {
+int holds = 0;
+}
+
+TurnHold::TurnHold()
+{
+    ++holds;
+}
+
+TurnHold::~TurnHold()
+{
+    --holds;
+}
+
 Turn AskForTurn(const QString &txtMasterKey)
 {
     if (Global.bStopRequested)
         return Turn::Stopped;
     if (Global.bSearchInProgress)
         return Turn::Taken;
+    if (holds > 0)
+        return Turn::NotYet;
     const ListBox &queue = frmQueue::Form().FIFO;
     return queue.ListCount() > 0 && queue.List(0) == txtMasterKey ? Turn::Mine : Turn::NotYet;
 }

@@ -26,6 +26,7 @@ void frmInfo::ShowFieldError(QWidget *parent, const QString &what, const QString
     window->ui->Label1_1->setText(why);
     window->ui->Label1_2->setText(action);
     window->FitTexts();
+    window->setAccessibleDescription(what + u'\n' + why + u'\n' + action);
     window->exec();
     delete window;
 }

@@ -14,6 +14,7 @@
 #include "searchentry/SearchDispatch.h"
 #include "searchentry/frmAccounting.h"
 #include "searchentry/frmSearchWA.h"
+#include "jobs/TurnTaking.h"
 #include "session/frmLogin.h"
 #include "session/frmMain.h"
 #include "ui_frmSearchWA.h"
@@ -142,25 +143,22 @@ void frmSearchWA::TakeBackNumbers(const SearchEntry &entry)
         Text1[i]->setText(entry.Batch[i].Number);
 }
 
-bool frmSearchWA::ValidateAllFormFields()
+bool frmSearchWA::ValidateAllFormFields(SearchEntry &entry)
 {
-    SearchEntry entry = Entry();
     const bool ok = ::ValidateAllFormFields(entry, *this);
     TakeBackNumbers(entry);
     return ok;
 }
 
-bool frmSearchWA::ValidateBkFormFields()
+bool frmSearchWA::ValidateBkFormFields(SearchEntry &entry)
 {
-    SearchEntry entry = Entry();
     const bool ok = ::ValidateBkFormFields(entry, *this);
     TakeBackNumbers(entry);
     return ok;
 }
 
-bool frmSearchWA::ValidateBatchSearchFields()
+bool frmSearchWA::ValidateBatchSearchFields(SearchEntry &entry)
 {
-    SearchEntry entry = Entry();
     const bool ok = ::ValidateBatchSearchFields(entry, *this);
     TakeBackNumbers(entry);
     return ok;
@@ -262,9 +260,12 @@ void frmSearchWA::cmdBeginSearch_Click()
         return;
     const RunScope scope(this);
     const QScopedValueRollback<bool> guard(building, true);
+    const TurnHold hold;
     FoldEntries();
-    const bool valid =
-        state.Court == CourtFamily::Bankruptcy ? ValidateBkFormFields() : ValidateAllFormFields();
+    // What was checked is what goes out, whatever happens on the form meanwhile.
+    SearchEntry entry = Entry();
+    const bool valid = entry.Court == CourtFamily::Bankruptcy ? ValidateBkFormFields(entry)
+                                                              : ValidateAllFormFields(entry);
     // Any of these questions may outlive the form.
     if (!valid || IsUnloaded() || !DisclaimerAccepted(false) || IsUnloaded() || !LoggedIn() || IsUnloaded())
         return;
@@ -276,13 +277,13 @@ void frmSearchWA::cmdBeginSearch_Click()
         if (!Global.bLoggedIn || IsUnloaded())
             return;
     }
-    Dispatch(code);
+    Dispatch(entry, code);
 }
 
-void frmSearchWA::Dispatch(const QString &code)
+void frmSearchWA::Dispatch(const SearchEntry &entry, const QString &code)
 {
     try {
-        switch (DispatchSearch(Entry(), code)) {
+        switch (DispatchSearch(entry, code)) {
         case DispatchResult::NoRequests:
             ReportNoRequests();
             break;
@@ -337,14 +338,21 @@ void frmSearchWA::cmdBatchSearch_Click(int index)
         break;
     case RetrieveAndPrint:
     case Retrieve:
-        if (building)
-            return;
-        if (const QScopedValueRollback<bool> guard(building, true); ValidateBatchSearchFields())
-            RunBatchSearch(index == RetrieveAndPrint);
+        if (!building)
+            StartBatch(index == RetrieveAndPrint);
         break;
     default:
         break;
     }
+}
+
+void frmSearchWA::StartBatch(bool autoPrint)
+{
+    const QScopedValueRollback<bool> guard(building, true);
+    const TurnHold hold;
+    SearchEntry entry = Entry();
+    if (ValidateBatchSearchFields(entry))
+        RunBatchSearch(entry, autoPrint);
 }
 
 void frmSearchWA::SetDefaultCounty()
@@ -362,7 +370,7 @@ void frmSearchWA::SetDefaultCounty()
     }
 }
 
-void frmSearchWA::RunBatchSearch(bool autoPrint)
+void frmSearchWA::RunBatchSearch(const SearchEntry &entry, bool autoPrint)
 {
     if (IsUnloaded() || !LoggedIn() || IsUnloaded() || !DisclaimerAccepted(true) || IsUnloaded())
         return;
@@ -371,11 +379,12 @@ void frmSearchWA::RunBatchSearch(bool autoPrint)
     if (accountingEnabled()) {
         frmAccounting::ShowModal(this);
         code = currentCode();
-        if (!Global.bLoggedIn || IsUnloaded())
-            return;
     }
+    // The session may have ended under one of the boxes, or the form have gone.
+    if (!Global.bLoggedIn || IsUnloaded())
+        return;
     try {
-        for (const CaseFields &fields : BatchFields(Entry()))
+        for (const CaseFields &fields : BatchFields(entry))
             LaunchBatchCase(fields, code, autoPrint);
     } catch (const RunTimeError &error) {
         ReportRequestError(error.Description());

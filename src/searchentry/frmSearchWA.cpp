@@ -150,6 +150,9 @@ void frmSearchWA::FocusFirstName()
 void frmSearchWA::showEvent(QShowEvent *event)
 {
     FormWindow::showEvent(event);
+    // The program coming back from the task bar is no new visit to the form.
+    if (event->spontaneous())
+        return;
     ui->cmdEditAcctID->setEnabled(Global.bEnableAcctg || Global.bClientAcctgOpt);
     ShowMRU();
     FocusFirstName();
@@ -157,7 +160,12 @@ void frmSearchWA::showEvent(QShowEvent *event)
 
 void frmSearchWA::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (enter && event->isAutoRepeat())
+        return;
+    if (enter && ui->lboxSearchProfiles->hasFocus())
+        lboxSearchProfiles_DblClick(ui->lboxSearchProfiles->currentRow());
+    else if (enter)
         ui->cmdBeginSearch->click();
     else if (event->key() == Qt::Key_Escape)
         ui->cmdCancel->click();
@@ -202,7 +210,10 @@ void frmSearchWA::Connect()
         auto *link = findChild<LinkLabel *>(u"lblHelp_"_s + QString::number(topic));
         if (!link)
             break;
-        connect(link, &LinkLabel::Clicked, this,
+        // Twelve links read the same; what they are about is in the title of their step.
+        if (const auto *step = qobject_cast<QGroupBox *>(link->parentWidget()))
+            link->setAccessibleName(u"Help: "_s + step->title().simplified());
+        connect(link, &LinkLabel::clicked, this,
                 [topic] { Q_EMIT SearchEvents::Of().HelpWanted(static_cast<HelpTopic>(topic)); });
     }
 }

@@ -67,9 +67,11 @@ public:
     /// Selects a court family, as a click on its buttons does.
     void SelectCourt(CourtFamily court);
 
-    bool ValidateAllFormFields();
-    bool ValidateBkFormFields();
-    bool ValidateBatchSearchFields();
+    /// The checks of what was entered. Numbers are rewritten in the court's own form, in `entry`
+    /// and in their boxes.
+    bool ValidateAllFormFields(SearchEntry &entry);
+    bool ValidateBkFormFields(SearchEntry &entry);
+    bool ValidateBatchSearchFields(SearchEntry &entry);
     bool DisplayWaCourtDisclaimer();
     bool DisplayOrCourtDisclaimer();
     bool DisplayIdCourtDisclaimer();
@@ -140,8 +142,9 @@ private:
     bool DisclaimerAccepted(bool batch);
     bool DisplayDisclaimer(size_t index);
     bool LoggedIn();
-    void Dispatch(const QString &code);
-    void RunBatchSearch(bool autoPrint);
+    void Dispatch(const SearchEntry &entry, const QString &code);
+    void StartBatch(bool autoPrint);
+    void RunBatchSearch(const SearchEntry &entry, bool autoPrint);
     void ReportNoRequests();
     void ReportRequestError(const QString &description);
 
@@ -169,7 +172,7 @@ private:
     FormState state;
     FormParts parts;
     int LastStateIndex = 1;
-    bool building = false; ///< a search is being built, which lets events through
+    bool building = false; ///< from the click on Start Search until its windows wait
     QString courtDisplayName;
     QStringList recentEntries; ///< of the type that is being entered
     QList<SearchLogRow> searchList;

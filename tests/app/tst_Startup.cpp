@@ -346,7 +346,7 @@ void tst_Startup::theHelpOfAStepOfTheFormOpensOnItsTopic()
     offline();
     auto *link = frmSearchWA::Form().findChild<LinkLabel *>(u"lblHelp_1"_s);
     QVERIFY(link);
-    Q_EMIT link->Clicked();
+    link->click();
     QWidget *help = shownWindow(u"frmSearchHelp"_s);
     QVERIFY(help);
     QCOMPARE(help->findChild<QListWidget *>(u"lstTopics"_s)->currentRow(),
