@@ -1,5 +1,10 @@
 #include "practice/Conversation.h"
 
+#include "practice/BankruptcySearch.h"
+#include "practice/DistrictSearch.h"
+#include "practice/IndexSearch.h"
+#include "practice/SearchFields.h"
+#include "practice/StateSearch.h"
 #include "practice/SuperiorSearch.h"
 
 #include <array>
@@ -13,13 +18,6 @@ constexpr qsizetype anyNumber = -1;
 // The longest of the requests that do not wait has a dozen bytes.
 constexpr qsizetype longestUrgent = 64;
 
-Reply refusal(const QString &reason)
-{
-    Reply reply;
-    reply.Say(u"ERROR~%1~"_s.arg(reason)).Finish();
-    return reply;
-}
-
 Reply tell(const QString &text)
 {
     Reply reply;
@@ -32,6 +30,11 @@ Reply nothing()
     Reply reply;
     reply.Finish();
     return reply;
+}
+
+bool isSearch(const Request &request)
+{
+    return !request.fields.isEmpty() && request.fields.first() == u"SEARCH";
 }
 } // namespace
 
@@ -55,11 +58,11 @@ const Conversation::Known *Conversation::find(const Request &request)
         {u"COURT_STATUS", brokenBar, 0, false, &C::answerCourtStatus},
         {u"GETCLIENTACCTGOPT", tilde, 0, false, &C::answerAccountingOption},
         {u"WASUP", brokenBar, anyNumber, true, &C::answerSuperior},
-        {u"OREGON", brokenBar, anyNumber, true, &C::answerNotServed},
-        {u"IDSUP", brokenBar, anyNumber, true, &C::answerNotServed},
-        {u"WADISCIS", brokenBar, anyNumber, true, &C::answerNotServed},
-        {u"INDEX", tilde, anyNumber, true, &C::answerNotServed},
-        {u"BKRPT", tilde, anyNumber, true, &C::answerNotServed},
+        {u"OREGON", brokenBar, anyNumber, true, &C::answerOregon},
+        {u"IDSUP", brokenBar, anyNumber, true, &C::answerIdaho},
+        {u"WADISCIS", brokenBar, anyNumber, true, &C::answerDistrict},
+        {u"INDEX", tilde, anyNumber, true, &C::answerIndex},
+        {u"BKRPT", tilde, anyNumber, true, &C::answerBankruptcy},
     }};
     for (const Known &known : table) {
         if (request.keyword == QStringView(known.keyword) && request.delimiter == known.delimiter
@@ -89,9 +92,9 @@ Reply Conversation::Answer(QByteArrayView request)
     const Request parsed = ParseRequest(request);
     const Known *known = find(parsed);
     if (known == nullptr)
-        return refusal(u"Unknown request"_s);
+        return Refusal(u"Unknown request"_s);
     if (known->needsLogin && !loggedIn)
-        return refusal(u"Not logged in"_s);
+        return Refusal(u"Not logged in"_s);
     return (this->*known->answer)(parsed);
 }
 
@@ -102,7 +105,7 @@ Reply Conversation::answerLogon(const Request &request)
     Reply reply;
     switch (user) {
     case UserKind::Refused:
-        return refusal(u"Invalid User Name and/or PW"_s);
+        return Refusal(u"Invalid User Name and/or PW"_s);
     case UserKind::NoEndMark:
         reply.Say(u"ERROR~Invalid User Name and/or PW~"_s).Silence();
         return reply;
@@ -144,7 +147,7 @@ Reply Conversation::answerPrivateMessages(const Request &request)
 {
     const UserKind asking = KindOfUser(request.fields[0], request.fields[1]);
     if (asking == UserKind::Refused || asking == UserKind::NoEndMark)
-        return refusal(u"Invalid User Name and/or PW"_s);
+        return Refusal(u"Invalid User Name and/or PW"_s);
     if (asking == UserKind::Mail)
         return tell(u"Your practice invoice is ready: 0 searches, nothing to pay."_s);
     return tell(u"No messages found."_s);
@@ -160,15 +163,41 @@ Reply Conversation::answerAccountingOption(const Request & /*request*/)
     return tell(loggedIn && user == UserKind::Accounting ? u"TRUE~"_s : u"FALSE~"_s);
 }
 
+// What is not a search asks for a case, and no case is told yet: it is an empty one.
+
 Reply Conversation::answerSuperior(const Request &request)
 {
-    if (!request.fields.isEmpty() && request.fields.first() == u"SEARCH")
-        return AnswerSuperiorSearch(people, request.fields, thisYear);
-    return nothing();
+    return isSearch(request) ? AnswerSuperiorSearch(people, request.fields, thisYear) : nothing();
 }
 
-Reply Conversation::answerNotServed(const Request & /*request*/)
+Reply Conversation::answerOregon(const Request &request)
 {
-    return nothing();
+    return isSearch(request)
+               ? AnswerStateSearch(OtherFamily::Oregon, people, request.fields, thisYear)
+               : nothing();
+}
+
+Reply Conversation::answerIdaho(const Request &request)
+{
+    return isSearch(request)
+               ? AnswerStateSearch(OtherFamily::Idaho, people, request.fields, thisYear)
+               : nothing();
+}
+
+Reply Conversation::answerDistrict(const Request &request)
+{
+    return isSearch(request) ? AnswerDistrictSearch(people, request.fields, thisYear) : nothing();
+}
+
+Reply Conversation::answerIndex(const Request &request)
+{
+    return isSearch(request) ? AnswerIndexSearch(people, request.fields, thisYear) : nothing();
+}
+
+Reply Conversation::answerBankruptcy(const Request &request)
+{
+    return IsBankruptcySearch(request.fields)
+               ? AnswerBankruptcySearch(people, request.fields, thisYear)
+               : nothing();
 }
 } // namespace Practice

@@ -42,7 +42,11 @@ private:
     Reply answerCourtStatus(const Request &request);
     Reply answerAccountingOption(const Request &request);
     Reply answerSuperior(const Request &request);
-    Reply answerNotServed(const Request &request);
+    Reply answerOregon(const Request &request);
+    Reply answerIdaho(const Request &request);
+    Reply answerDistrict(const Request &request);
+    Reply answerIndex(const Request &request);
+    Reply answerBankruptcy(const Request &request);
 
     const Population &people;
     int thisYear;

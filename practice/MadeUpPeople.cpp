@@ -13,6 +13,9 @@ using namespace Qt::StringLiterals;
 
 namespace Practice {
 namespace {
+// Two neighbours share their cases in the other courts.
+static_assert(madeUpPeople % 2 == 0);
+
 constexpr int businessShare = 5;
 constexpr int middleInitialShare = 70;
 constexpr int homeCountyShare = 75;
@@ -101,13 +104,15 @@ class Maker
 {
 public:
     Maker(quint32 seed, QDate endOfYears)
-        : random(seed), today(endOfYears), surnames(Surnames()), firstNames(FirstNames())
+        : random(seed), seedGiven(seed), today(endOfYears), surnames(Surnames()),
+          firstNames(FirstNames())
     {
         lastYear = std::clamp(today.year(), firstCaseYear, lastCaseYear);
     }
 
     Population Make()
     {
+        population.origin = {seedGiven, madeUpPeople, today.year()};
         for (int i = 0; i < madeUpPeople; ++i) {
             population.AddPerson(makePerson());
             homes.push_back(drawCounty());
@@ -134,6 +139,7 @@ private:
     void addFixedParts();
 
     Random random;
+    quint32 seedGiven;
     QDate today;
     int lastYear = 0;
     SkewedList surnames;
@@ -301,9 +307,9 @@ void Maker::addFixedParts()
             id = population.AddPerson(person);
         std::optional<quint32> courtCase = population.FindCase(part.number);
         if (!courtCase) {
-            courtCase = population.AddCase({CourtFamily::Superior, part.number,
-                                            QDate(part.number.year, part.month, part.day),
-                                            QString::fromUtf16(part.description), part.archived});
+            courtCase =
+                population.AddCase({part.number, QDate(part.number.year, part.month, part.day),
+                                    QString::fromUtf16(part.description), part.archived});
         }
         population.AddPart(*id, *courtCase, QString::fromUtf16(part.role));
     }

@@ -159,4 +159,14 @@ std::span<const char16_t *const> BusinessForms()
 {
     return businessForms;
 }
+
+Person MadeUpNamesake(const QString &last, qint64 number)
+{
+    const auto index = static_cast<std::size_t>(number);
+    Person person;
+    person.last = last;
+    person.first = QString::fromUtf16(firstNames[index % firstNames.size()]);
+    person.middle = QChar(static_cast<char16_t>(u'A' + index / firstNames.size() % 26));
+    return person;
+}
 } // namespace Practice

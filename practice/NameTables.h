@@ -1,5 +1,7 @@
 #pragma once
 
+#include "practice/Population.h"
+
 #include <span>
 
 namespace Practice {
@@ -17,4 +19,7 @@ std::span<const char16_t *const> FirstNames();
 std::span<const char16_t *const> BusinessHeads();
 std::span<const char16_t *const> BusinessTrades();
 std::span<const char16_t *const> BusinessForms();
+
+/// Somebody of surname `last`, another one for each `number`.
+Person MadeUpNamesake(const QString &last, qint64 number);
 } // namespace Practice

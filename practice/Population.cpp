@@ -3,11 +3,14 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace Practice {
 namespace {
+constexpr quint32 nobody = 0xFFFF'FFFF;
+
 /// The words of a business name; blanks and dashes are what they are parted by.
 QStringList wordsOf(const QString &name)
 {
@@ -64,14 +67,26 @@ quint32 Population::AddCase(const CourtCase &courtCase)
 {
     const auto id = static_cast<quint32>(cases.size());
     cases.push_back(courtCase);
+    lastParty.push_back(nobody);
     byNumber.insert(keyOf(courtCase.number), id);
     return id;
 }
 
 void Population::AddPart(quint32 person, quint32 courtCase, const QString &role)
 {
-    partsOf[person].push_back(static_cast<quint32>(parts.size()));
+    const auto part = static_cast<quint32>(parts.size());
+    partsOf[person].push_back(part);
     parts.push_back({person, courtCase, role});
+    partyBefore.push_back(std::exchange(lastParty[courtCase], part));
+}
+
+std::vector<quint32> Population::PartiesOf(quint32 courtCase) const
+{
+    std::vector<quint32> parties;
+    for (quint32 part = lastParty[courtCase]; part != nobody; part = partyBefore[part])
+        parties.push_back(part);
+    std::reverse(parties.begin(), parties.end());
+    return parties;
 }
 
 std::optional<quint32> Population::FindPerson(const Person &name) const

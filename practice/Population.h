@@ -22,12 +22,10 @@ struct Person
 /// The name as a court writes it: "SMITH, JOHN Q".
 QString NameText(const Person &person);
 
-/// The court families that cases can lie in. The people are the same in all of them.
-enum class CourtFamily : quint8 { Superior };
-
+/// A case of the Superior Courts. Those of the other courts are not kept: OtherCases.h works them
+/// out of the people.
 struct CourtCase
 {
-    CourtFamily family = CourtFamily::Superior;
     CaseNumber number;
     QDate filed;
     QString description;
@@ -40,6 +38,14 @@ struct Part
     quint32 person = 0;
     quint32 courtCase = 0;
     QString role;
+};
+
+/// How a population came to be: the cases of the other courts are worked out of it.
+struct Origin
+{
+    quint32 seed = 0;
+    quint32 madeUp = 0; ///< so many people, the first ones, were made up from the seed
+    int thisYear = 0;   ///< the year that is running
 };
 
 /// Who is asked for. All texts are upper case.
@@ -56,6 +62,8 @@ struct NameQuery
 class Population
 {
 public:
+    Origin origin;
+
     quint32 AddPerson(const Person &person);
     quint32 AddCase(const CourtCase &courtCase);
     void AddPart(quint32 person, quint32 courtCase, const QString &role);
@@ -77,11 +85,17 @@ public:
     /// The places in Parts() of what `person` has to do with cases.
     const std::vector<quint32> &PartsOf(quint32 person) const { return partsOf[person]; }
 
+    /// The places in Parts() of those who have to do with `courtCase`, as they were added.
+    std::vector<quint32> PartiesOf(quint32 courtCase) const;
+
 private:
     std::vector<Person> people;
     std::vector<CourtCase> cases;
     std::vector<Part> parts;
     std::vector<std::vector<quint32>> partsOf;
+    // The parties of a case as a chain, from the last one added back to the first.
+    std::vector<quint32> lastParty;
+    std::vector<quint32> partyBefore;
     QHash<QString, std::vector<quint32>> bySurname;
     QHash<QString, std::vector<quint32>> byBusinessWord;
     QHash<quint64, quint32> byNumber;

@@ -15,12 +15,4 @@ inline constexpr qsizetype superiorSearchFields = 9;
 /// its own meaning gets what it means. `population` must outlive the reply, and `thisYear` ends the
 /// years of a search for all of them.
 Reply AnswerSuperiorSearch(const Population &population, const QStringList &fields, int thisYear);
-
-/// Rows of the name MANY, without and at most with a number as the first name.
-inline constexpr qint64 manyRows = 10'000;
-inline constexpr qint64 mostManyRows = 200'000;
-
-/// Seconds of the name SLOW, likewise.
-inline constexpr int slowSeconds = 30;
-inline constexpr int mostSlowSeconds = 3'600;
 } // namespace Practice

@@ -18,7 +18,14 @@ enum class ToldSearch : quint8 {
     DropLink,
     Empty,
     Many,
+    Pages,
     Slow,
+    FirstNameError, // from here on they mean something to the index alone
+    RoleError,
+    OtherError,
+    SecondNameWarning,
+    OtherWarning,
+    BadLimit,
 };
 
 struct ToldName
@@ -27,7 +34,7 @@ struct ToldName
     ToldSearch search;
 };
 
-inline constexpr std::array<ToldName, 9> toldNames{{
+inline constexpr std::array<ToldName, 16> toldNames{{
     {u"TOOMANY", ToldSearch::TooManyHits}, // some rows, then "too many hits"
     {u"OVER200", ToldSearch::Over200},     // rows, then the notice of more than 200 results
     {u"ERRORROW", ToldSearch::ErrorRow},   // rows with an error among them
@@ -36,7 +43,14 @@ inline constexpr std::array<ToldName, 9> toldNames{{
     {u"DROPLINK", ToldSearch::DropLink},   // some rows, then the connection is closed
     {u"EMPTY", ToldSearch::Empty},         // no rows
     {u"MANY", ToldSearch::Many},           // as many rows as the first name says
+    {u"PAGES", ToldSearch::Pages},         // three pages of the index, of which the last is short
     {u"SLOW", ToldSearch::Slow},           // a line of progress a second, then rows
+    {u"FIRSTNAME", ToldSearch::FirstNameError},
+    {u"ILLEGALROLE", ToldSearch::RoleError},
+    {u"INDEXERROR", ToldSearch::OtherError},
+    {u"SECONDNAME", ToldSearch::SecondNameWarning},
+    {u"INDEXWARNING", ToldSearch::OtherWarning},
+    {u"BADLIMIT", ToldSearch::BadLimit},
 }};
 
 /// The told search of a surname, whatever its case; nullptr when the name means nothing but itself.

@@ -11,7 +11,9 @@
 #include "link/frmWinsock.h"
 #include "prefs/frmAbout.h"
 #include "prefs/frmInfo.h"
+#include "prefs/frmNameSearchResultsHelp.h"
 #include "prefs/frmSearchHelp.h"
+#include "searchentry/RecentEntries.h"
 #include "searchentry/frmSearchWA.h"
 #include "session/SessionEvents.h"
 #include "session/frmConnect.h"
@@ -63,6 +65,8 @@ void wireSession()
         frmSearchWA::ShowForm();
         frmSearchWA::Form().SelectCourt(courtsOfEntries.at(static_cast<size_t>(court)));
     });
+    QObject::connect(session, &SessionEvents::ResultsHelpWanted, session,
+                     &frmNameSearchResultsHelp::ShowForm);
     QObject::connect(session, &SessionEvents::AboutWanted, session,
                      [] { frmAbout(frmMain::Form()).exec(); });
 }
@@ -108,12 +112,15 @@ void Main(bool practice)
     Global.ClientAcctgCode.clear();
     offerToConnect(main);
     LoadAppOptions();
+    TrimMruFiles();
     main->show();
     WriteAppInfo(u" \r\n"_s);
     Global.WaDisclaimerAccepted = false;
     frmSearchWA::ShowForm();
+    // The first court is Washington's, and selecting it selects its state.
+    const QString searchState = Global.strSearchState;
     frmSearchWA::Form().SelectFirstCourt();
-    frmSearchWA::Form().SelectStateAtStart(Global.strSearchState);
+    frmSearchWA::Form().SelectStateAtStart(searchState);
     frmSearchWA::Form().repaint();
     if (frmLogin::IsLoaded())
         frmLogin::ShowForm(main);

@@ -14,6 +14,7 @@
 #include <QPixmap>
 #include <QPushButton>
 
+#include <array>
 #include <cstdio>
 #include <utility>
 
@@ -22,7 +23,25 @@ using namespace Qt::StringLiterals;
 namespace {
 constexpr int tickMilliseconds = 30;
 constexpr qint64 stepMilliseconds = 30'000;
-constexpr QSize mainWindowSize(1180, 800);
+constexpr QSize mainWindowSize(1180, 820);
+
+/// The form for each court and kind of search: what is clicked, one after the other, and the
+/// picture then.
+struct FormView
+{
+    QStringView button;
+    QStringView picture;
+};
+constexpr std::array<FormView, 8> formViews{{
+    {u"optCourtSelection_1", u"form-district"},
+    {u"optState_0", u"form-oregon"},
+    {u"optState_3", u"form-idaho"},
+    {u"optState_2", u"form-bankruptcy"},
+    {u"optState_1", u""},
+    {u"optSearchType_2", u"form-number"},
+    {u"chkBulkSearch", u"form-batch"},
+    {u"optSearchType_0", u""},
+}};
 
 QWidget *windowNamed(const QString &name)
 {
@@ -97,6 +116,7 @@ Tour::Tour(const QString &outputFolder, std::function<void()> atEnd, QObject *pa
     timer.setInterval(tickMilliseconds);
     connect(&timer, &QTimer::timeout, this, &Tour::Tick);
     addSessionSteps();
+    addFormSteps();
     addSearchSteps();
 }
 
@@ -136,15 +156,35 @@ void Tour::addSessionSteps()
                      [this] { say(answerBox(QDialogButtonBox::Cancel)); }});
 }
 
-void Tour::addSearchSteps()
+void Tour::addFormSteps()
 {
     const QString form = u"frmSearchWA"_s;
-    const QString results = u"frmNameSearchResults"_s;
-    steps.push_back({u"Logged in: the search form is entered"_s,
+    steps.push_back({u"Logged in: the search form has a place for each court"_s,
                      [form] {
                          return Global.bLoggedIn && !Global.bLoginBusy
                                 && !windowNamed(u"frmLogin"_s) && windowNamed(form);
                      },
+                     [this, form] {
+                         for (const FormView &view : formViews) {
+                             auto *button = child<QAbstractButton>(form, view.button.toString());
+                             if (!button || !button->isVisible()) {
+                                 fail(u"There is no "_s + view.button.toString());
+                                 return;
+                             }
+                             button->click();
+                             say(windowNamed(form)->windowTitle());
+                             if (!view.picture.isEmpty())
+                                 picture(windowNamed(u"frmMain"_s), view.picture.toString());
+                         }
+                     }});
+}
+
+void Tour::addSearchSteps()
+{
+    const QString form = u"frmSearchWA"_s;
+    const QString results = u"frmNameSearchResults"_s;
+    steps.push_back({u"The search form is entered"_s,
+                     [form] { return windowNamed(form) != nullptr; },
                      [this, form] {
                          type(form, u"txtSearchName_0"_s, u"Smith"_s);
                          type(form, u"txtSearchName_1"_s, u"John"_s);

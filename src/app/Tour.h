@@ -32,6 +32,7 @@ private:
     };
 
     void addSessionSteps();
+    void addFormSteps();
     void addSearchSteps();
     void Tick();
     void say(const QString &text);

@@ -49,7 +49,7 @@ ResultListView::ResultListView(QWidget *parent) : QTableView(parent), list(this)
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + rowPaddingPixels);
     horizontalHeader()->setHighlightSections(false);
-    // A little smaller, so that a title and the sort arrow share a column of the told width.
+    // A little smaller, so that a title and the sort arrow share a column of its width.
     QFont headerFont = font();
     headerFont.setPointSizeF(headerFont.pointSizeF() * headerFontScale);
     horizontalHeader()->setFont(headerFont);

@@ -28,4 +28,4 @@ const clsDiscisCourts *DiscisCourtByCode(const QString &code);
 int LoadDiscisCourts();
 
 /// The number of courts that the window texts speak of, whatever the file says.
-constexpr int discisCourtsTold = 173;
+constexpr int discisCourtsShown = 173;

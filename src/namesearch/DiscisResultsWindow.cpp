@@ -33,6 +33,8 @@ void DiscisResultsWindow::connectButtons(ReadOnlyTextBox *readOnlyBox, QPushButt
 
 void DiscisResultsWindow::InitListView()
 {
+    // Not where typing is refused.
+    List()->setFocus();
     List()->SetColumns(ListColumnsOf(Kind()));
 }
 

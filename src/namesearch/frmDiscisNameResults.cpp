@@ -1,5 +1,6 @@
 #include "namesearch/frmDiscisNameResults.h"
 
+#include "session/SessionEvents.h"
 #include "ui_frmDiscisNameResults.h"
 
 using namespace Qt::StringLiterals;
@@ -9,6 +10,8 @@ frmDiscisNameResults::frmDiscisNameResults(QWidget *parent)
       ui(std::make_unique<Ui::frmDiscisNameResults>())
 {
     ui->setupUi(this);
+    connect(ui->lblHelp, &QPushButton::clicked, &SessionEvents::Of(),
+            &SessionEvents::ResultsHelpWanted);
     UseDiscisControls(*ui);
 }
 

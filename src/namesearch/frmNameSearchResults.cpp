@@ -3,6 +3,7 @@
 #include "controls/ResultListView.h"
 #include "core/GlobalState.h"
 #include "namesearch/SearchCriteria.h"
+#include "session/SessionEvents.h"
 #include "ui_frmNameSearchResults.h"
 
 using namespace Qt::StringLiterals;
@@ -19,6 +20,8 @@ frmNameSearchResults::frmNameSearchResults(const QString &state, bool indexSearc
 {
     lblState = state;
     ui->setupUi(this);
+    connect(ui->lblHelp, &QPushButton::clicked, &SessionEvents::Of(),
+            &SessionEvents::ResultsHelpWanted);
     for (size_t i = 0; i < cmdSearchResults.size(); ++i)
         cmdSearchResults[i] = findChild<QPushButton *>(u"cmdSearchResults_"_s + QString::number(i));
     // Two buttons of the first design stand beyond the window's edge and do nothing; Get Next

@@ -56,7 +56,7 @@ When client accounting codes are switched on, the code is asked for once and hol
 = Templates
 A template is a set of counties and case types under a name. Templates stand in the file templates.ini in the application folder, which your office prepares. A county that is no longer in the list is left out.)help"},
     {u"Entering a Number and its County",
-     uR"help(Enter the number as it stands on the papers. Where the table says so, dashes may be left out.
+     uR"help(Enter the number as it stands on the papers. Dashes may be left out where it says so.
 
 = Formats
 • Washington Superior: 09-2-02029-9, or 092020299. Nine digits: year, case type, number, check digit. Dashes are put in for you.
@@ -77,12 +77,11 @@ The number is not nine digits long. District, municipal and Oregon numbers never
 
 = County
 A number search takes one county: the same number exists in other counties too.)help"},
-    {u"Selecting a District or Municipal Case Type",
-     uR"help(• Civil: civil, small claims and protection order cases. Each court is a request of its own.
-• Non-Civil: criminal and traffic cases and infractions. The answer may be a list of duplicate names first: people of the same name, each with what tells them apart. Check the right ones and choose Retrieve Case(s).
+    {u"Selecting Civil or Non-Civil", uR"help(• Civil: each court is a request of its own.
+• Non-Civil: all others, such as criminal cases and infractions. The answer may be a list of duplicate names first: people of the same name, each with what tells them apart. Check the right ones and choose Retrieve Case(s).
 
 Choose this first: the list of counties in the next step depends on it.)help"},
-    {u"Selecting District and Municipal Courts",
+    {u"Selecting Court(s)",
      uR"help(Choose a county. Its courts are listed, and in a name search all of them are selected; click to leave one out. Courts Available and Courts Selected are counted below.
 
 = All counties
@@ -152,20 +151,17 @@ A tab that your options do not fetch by themselves shows a panel instead. Check 
 "Information Incomplete! Click Tab to Review." means that the court's answer broke off. Click the tab: Yes offers another try, No shows what has arrived.
 
 = Documents
-Washington Superior only. Double-click a row to fetch the document; it is saved in the folder Reports of the application folder and opened. "(Unavail.)" marks
-                                        a document that the court does not give out.
+Washington Superior only. Double-click a row to fetch the document; it is saved in the folder Reports of the application folder and opened. "(Unavail.)" marks a document that the court does not give out.
 
-    = Stopping and closing Stop Search ends the retrieval;
-tabs that have arrived stay,
-    the rest can be retrieved on demand.A window that is retrieving cannot be closed
-    : stop it first.
+= Stopping and closing
+Stop Search ends the retrieval; tabs that have arrived stay, and the rest can be retrieved on demand. A window that is retrieving cannot be closed: stop it first.
 
-    = Status "Pending .."
-    : waiting in line behind other searches."Searching .."
-    : the court is answering.Dark blue : all is well.Red : stopped
-      or incomplete;
-do not rely on the case being whole.
-"Search Complete - Case Number Invalid": the court has no such case. Check the number and the county.)help";
+= Status
+• "Pending ..": waiting in line behind other searches.
+• "Searching ..": the court is answering.
+• "Search Complete": every tab that was asked for has arrived.
+• "Search Complete - Case Number Invalid": the court has no such case. Check the number and the county.
+Dark blue: all is well. Red: stopped or incomplete; do not rely on the case being whole.)help";
 
 constexpr QStringView nameSearchResults =
     uR"help(Double-click a case to retrieve its details, or select it and choose Retrieve Case Details. Click a column header to sort by it, and again to turn the order round.
@@ -193,7 +189,7 @@ Dark blue: all is well. Red: the list is not complete; do not report "no record"
 "Multiple Names Match": people of the same name. Check the right ones and choose Retrieve Case(s). View Cases and View Duplicates switch between the two lists.
 
 = Print, save, email
-They work once the search has ended, and take the list as it stands.)help";
+They take the list as it stands when the search has ended.)help";
 } // namespace
 
 std::span<const HelpText> SearchHelpTexts()

@@ -15,7 +15,7 @@ namespace {
 constexpr QStringView headingMark = u"= ";
 constexpr QStringView pointMark = u"\u2022 ";
 constexpr qreal paragraphGap = 6;
-constexpr qreal pointIndent = 14;
+constexpr qreal headingGap = 8;
 } // namespace
 
 HelpWindow::HelpWindow(const HelpWindowLook &look, QWidget *parent)
@@ -26,7 +26,6 @@ HelpWindow::HelpWindow(const HelpWindowLook &look, QWidget *parent)
     setAttribute(Qt::WA_DeleteOnClose);
     setSizeGripEnabled(true);
     textBox->setObjectName(look.text);
-    textBox->setReadOnly(true);
     textBox->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     textBox->setTabChangesFocus(true);
     textBox->setAccessibleName(u"Help text"_s);
@@ -46,6 +45,8 @@ void HelpWindow::ShowHelpText(QStringView heading, QStringView text)
     QTextCursor cursor(textBox->document());
     cursor.select(QTextCursor::Document);
     cursor.removeSelectedText();
+    // Lines of a point stand below its first word.
+    const qreal indent = QFontMetricsF(textBox->font()).horizontalAdvance(pointMark.toString());
     QTextCharFormat plain;
     QTextCharFormat bold;
     bold.setFontWeight(QFont::Bold);
@@ -53,9 +54,11 @@ void HelpWindow::ShowHelpText(QStringView heading, QStringView text)
         QTextBlockFormat paragraph;
         paragraph.setBottomMargin(paragraphGap);
         if (line.startsWith(pointMark)) {
-            paragraph.setLeftMargin(pointIndent);
-            paragraph.setTextIndent(-pointIndent);
+            paragraph.setLeftMargin(indent);
+            paragraph.setTextIndent(-indent);
         }
+        if (look.fontWeight() == QFont::Bold && !textBox->document()->isEmpty())
+            paragraph.setTopMargin(headingGap);
         if (textBox->document()->isEmpty())
             cursor.setBlockFormat(paragraph);
         else

@@ -185,7 +185,10 @@ void Reader::control()
     if (at >= rtf.size())
         return;
     if (isLetter(rtf[at])) {
-        obey(takeControlWord());
+        const ControlWord control = takeControlWord();
+        // A word at the very end may be the beginning of another one that was cut.
+        if (at < rtf.size())
+            obey(control);
         return;
     }
     const char c = rtf[at++];
@@ -252,7 +255,7 @@ void Reader::obey(const ControlWord &control)
         look.skipped = true;
         return;
     }
-    if (control.word == "u") {
+    if (control.word == "u" && control.hasNumber) {
         unicodeCharacter(control.number);
         return;
     }
@@ -362,6 +365,8 @@ void Reader::newRun()
                .Italic = look.italic,
                .Underline = look.underline,
                .HalfPoints = look.halfPoints};
+    if (runs.size() >= mostRtfRuns)
+        return;
     if (!runs.isEmpty()) {
         const RtfRun &last = runs.last();
         if (last.Bold == run.Bold && last.Italic == run.Italic && last.Underline == run.Underline

@@ -17,8 +17,11 @@ struct RtfRun
     friend bool operator==(const RtfRun &, const RtfRun &) = default;
 };
 
-/// What is shown of a text, however long it is: a window full of help is a small part of it.
-inline constexpr qsizetype mostRtfCharacters = 100'000;
+/// What is read of a text, however long it is: far more than a window full of help, and little
+/// enough to be laid out in a moment. Beyond so many runs the look stays what it is, since the time
+/// that a paragraph takes grows with the square of its looks.
+inline constexpr qsizetype mostRtfCharacters = 50'000;
+inline constexpr qsizetype mostRtfRuns = 2'000;
 
 /// The text of an RTF file, as much of it as there is. Tables of fonts and colours, pictures and
 /// whatever else is no text are passed over; a text that does not begin as RTF does is taken as it

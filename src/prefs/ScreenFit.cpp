@@ -1,7 +1,5 @@
 #include "prefs/ScreenFit.h"
 
-#include "controls/WindowPlace.h"
-
 #include <QGuiApplication>
 #include <QScreen>
 #include <QWidget>
@@ -17,5 +15,4 @@ void FitOnScreen(QWidget *window, QSize wanted)
     if (screen)
         wanted = wanted.boundedTo(screen->availableGeometry().size() - frameAllowance);
     window->resize(wanted);
-    CentreOnScreen(window);
 }

@@ -4,6 +4,6 @@
 
 class QWidget;
 
-/// Gives a window the size it wants, or as much of it as its screen has, and puts it in the middle
-/// of that screen. What does not fit has to scroll.
+/// Gives a window the size it wants, or as much of it as its screen has. What does not fit has to
+/// scroll.
 void FitOnScreen(QWidget *window, QSize wanted);

@@ -20,7 +20,7 @@ QString GetKeyValue(const SystemInfoSource &source, const QString &key, const QS
         return {};
     if (const auto *number = std::get_if<quint32>(&*value))
         return u"&h"_s + QString::number(*number, 16).toUpper();
-    const QString &text = std::get<QString>(*value);
+    const auto &text = std::get<QString>(*value);
     return text.left(text.indexOf(QChar::Null));
 }
 

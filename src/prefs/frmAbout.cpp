@@ -4,6 +4,7 @@
 #include "controls/WindowPlace.h"
 #include "core/EventLoop.h"
 #include "core/Version.h"
+#include "prefs/ScreenFit.h"
 #include "ui_frmAbout.h"
 
 #include <QIcon>
@@ -23,6 +24,7 @@ frmAbout::frmAbout(QWidget *parent, SystemInfoSource source)
     setWindowTitle(u"Halvane"_s);
     ui->lblVersion->setText(u"Version "_s + ProgramVersion());
     ui->imgLogo->setPixmap(QIcon(u":/toolbar/halvane.svg"_s).pixmap(logoPixels));
+    FitOnScreen(this, size());
     // Where there can be no tool, a button that only says so is no use.
     ui->cmdSysInfo->setVisible(systemInfo.hasRegistry);
     connect(ui->cmdSysInfo, &QPushButton::clicked, this, &frmAbout::StartSysInfo);

@@ -4,6 +4,7 @@
 #include "core/Log.h"
 #include "prefs/RtfText.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QFile>
 #include <QLabel>
 #include <QScrollBar>
@@ -66,9 +67,10 @@ void frmHelp::SetTopic(const QString &topic)
             break;
         }
     }
-    // From the end upwards, so that the paragraph comes to stand at the top and not at the bottom.
-    TextBox()->moveCursor(QTextCursor::End);
     TextBox()->setTextCursor(QTextCursor(found));
+    // To the top of the window, not just into it; and the beginning with the margin above it.
+    const QRectF place = document->documentLayout()->blockBoundingRect(found);
+    TextBox()->verticalScrollBar()->setValue(found == document->begin() ? 0 : qRound(place.top()));
 }
 
 void frmHelp::loadFile()
@@ -82,5 +84,5 @@ void frmHelp::loadFile()
     const QString message =
         u"The help file "_s + fileName + u" cannot be read: "_s + file.errorString();
     WriteAppInfo(message);
-    TextBox()->setPlainText(message + u"\n"_s + file.fileName());
+    fill(TextBox(), {{.Text = message + u'\n' + file.fileName()}});
 }

@@ -10,6 +10,8 @@ frmInfo::frmInfo(QWidget *parent) : QDialog(parent), ui(std::make_unique<Ui::frm
 {
     ui->setupUi(this);
     connect(ui->Command1, &QPushButton::clicked, this, &QDialog::accept);
+    ui->Command1->setFocus();
+    FitTexts();
 }
 
 frmInfo::~frmInfo() = default;
@@ -43,9 +45,16 @@ void frmInfo::FitTexts()
 {
     // The height follows from the width, in which the texts wrap; beyond the screen they scroll.
     ensurePolished();
+    FitOnScreen(this, size());
+    // The layouts would hear of new texts only when events run again.
+    for (QGroupBox *frame : {ui->Frame1, ui->Frame2, ui->Frame3}) {
+        frame->layout()->invalidate();
+        frame->updateGeometry();
+    }
     const QMargins margins = layout()->contentsMargins();
     const int textWidth = width() - margins.left() - margins.right();
     const int textHeight = ui->texts->layout()->totalHeightForWidth(textWidth);
-    const int besides = layout()->sizeHint().height() - ui->scrollTexts->sizeHint().height();
+    const int besides =
+        margins.top() + margins.bottom() + layout()->spacing() + ui->Command1->sizeHint().height();
     FitOnScreen(this, QSize(width(), textHeight + besides));
 }

@@ -12,6 +12,7 @@ using namespace Qt::StringLiterals;
 namespace {
 constexpr HelpWindowLook look{u"frmSearchHelp", u"Halvane - Search Help", u"txtHelp", u"Command1",
                               QSize(760, 500)};
+constexpr int topicGap = 3;
 /// The list takes a third of the window, and wraps what is longer.
 constexpr int listShare = 1;
 constexpr int textShare = 2;
@@ -23,6 +24,7 @@ frmSearchHelp::frmSearchHelp(QWidget *parent)
     lstTopics->setObjectName(u"lstTopics"_s);
     lstTopics->setAccessibleName(u"Topics"_s);
     lstTopics->setWordWrap(true);
+    lstTopics->setSpacing(topicGap);
     lstTopics->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     for (const HelpText &help : SearchHelpTexts())
         lstTopics->addItem(help.Label.toString());

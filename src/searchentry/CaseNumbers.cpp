@@ -122,8 +122,7 @@ QChar ComputeScomisCheckDigit(const QString &countyCode, const QString &number)
         throw RunTimeError::TypeMismatch();
     // Positions in YY-T-NNNNN-C. The county's digits and the year's are worked into the serial
     // number's, so that a number is wrong in any other county and in any other year.
-    const int value = digitAt(number, 3) * 7 //
-                      + (digitAt(number, 5) + checkDigitConstant) * 6
+    const int value = digitAt(number, 3) * 7 + (digitAt(number, 5) + checkDigitConstant) * 6
                       + (digitAt(number, 6) + digitAt(countyCode, 0)) * 5
                       + (digitAt(number, 7) + digitAt(countyCode, 1)) * 4
                       + (digitAt(number, 8) + digitAt(number, 0)) * 3

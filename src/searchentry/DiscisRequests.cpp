@@ -13,8 +13,18 @@ using namespace Qt::StringLiterals;
 namespace {
 constexpr qsizetype codeInBrackets = 5; ///< "(OTD)"
 
-/// The first county of the list for a non-civil search; what stands before it is statewide.
+/// The first county of the list for a person in a non-civil search: what stands before it is
+/// statewide.
 constexpr int firstCountyIndex = 2;
+
+/// The list of courts stands for the whole state. For a business the first county stands at the
+/// place of the defendants' entry: the index alone would make a statewide search of it.
+bool isStatewide(const SearchEntry &entry)
+{
+    const QString first = entry.DiscisItems.value(0);
+    return entry.DiscisCountyIndex < firstCountyIndex
+           && (first == discisStatewideItem || first == discisDefendantsItem);
+}
 
 bool isCivil(const SearchEntry &entry)
 {
@@ -50,34 +60,38 @@ void addCourt(const SearchEntry &entry, const clsDiscisCourts &court, DiscisRequ
     requests.CountyList += court.ListText() + u", "_s;
 }
 
+QList<clsDiscisCourts> courtsToSearch(const SearchEntry &entry)
+{
+    if (isCivil(entry) && isEveryCourt(entry))
+        return DiscisCourts();
+    QList<clsDiscisCourts> found;
+    for (const QString &item : entry.DiscisSelected) {
+        // By name, not by code: courts that share a name are searched together.
+        const QString name = DiscisCourtNameOf(item);
+        for (const clsDiscisCourts &court : DiscisCourts()) {
+            if (court.CourtName == name)
+                found.append(court);
+        }
+    }
+    return found;
+}
+
 void addCourts(const SearchEntry &entry, const std::function<void()> &turn,
                DiscisRequests &requests)
 {
-    // A copy: the catalogue may be read anew during a turn of the event loop.
-    const QList<clsDiscisCourts> catalogue = DiscisCourts();
-    const auto add = [&](const clsDiscisCourts &court) {
+    // Gathered before the first turn of the event loop, in which the catalogue may be read anew.
+    const QList<clsDiscisCourts> courts = courtsToSearch(entry);
+    for (const clsDiscisCourts &court : courts) {
         addCourt(entry, court, requests);
         if (turn)
             turn();
-    };
-    if (isCivil(entry) && isEveryCourt(entry)) {
-        for (const clsDiscisCourts &court : catalogue)
-            add(court);
-        return;
-    }
-    for (const QString &item : entry.DiscisSelected) {
-        const QString name = DiscisCourtNameOf(item);
-        for (const clsDiscisCourts &court : catalogue) {
-            if (court.CourtName == name)
-                add(court);
-        }
     }
 }
 
 QString courtsTitle(const SearchEntry &entry)
 {
     if (isCivil(entry) && isEveryCourt(entry))
-        return u"Statewide - All Courts / "_s + QString::number(discisCourtsTold)
+        return u"Statewide - All Courts / "_s + QString::number(discisCourtsShown)
                + u" Jurisdictions"_s;
     return entry.DiscisCounty + u" District/Municipal Courts"_s;
 }
@@ -95,7 +109,7 @@ DiscisRequests DiscisNameRequests(const SearchEntry &entry, const std::function<
     requests.NameVal = ShownName(entry);
     if (isCivil(entry))
         requests.CaseTypeVals = u"CIVIL"_s;
-    if (!isCivil(entry) && entry.DiscisCountyIndex < firstCountyIndex) {
+    if (!isCivil(entry) && isStatewide(entry)) {
         addStatewideLine(entry, requests);
     } else {
         requests.CourtCounty = courtsTitle(entry);

@@ -43,8 +43,8 @@ constexpr std::array<ScopeRow, 3> scopeRows{{
 }};
 
 /// What a court shows for names, for case numbers, and for the two identifiers that only the U.S.
-/// Courts know. Recent tax identifiers stand among the business names; a social security number is
-/// never offered again.
+/// Courts know. Recent tax identifiers stand among the business names; for a social security number
+/// nothing is offered.
 struct PartsRow
 {
     CourtFamily court;

@@ -1,4 +1,4 @@
-// From the Start Search button to a window that waits for its turn.
+// From checked entries to a window that waits for its turn.
 
 #include "casedetails/frmCaseDetails.h"
 #include "casedetails/frmCivilCaseDetails.h"
@@ -10,6 +10,7 @@
 #include "core/Log.h"
 #include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
+#include "core/Windows1252.h"
 #include "courts/Counties.h"
 #include "jobs/TurnTaking.h"
 #include "namesearch/frmDiscisNCNameResults.h"
@@ -63,13 +64,13 @@ public:
 
     void Launch()
     {
-        launched = true;
         Global.bStopRequested = false;
         window->Timer1->start();
         if (frmMain *main = frmMain::Form())
             main->ShowChild(window);
         else
             window->show();
+        launched = true;
     }
 
 private:
@@ -101,7 +102,8 @@ void rememberEntry(const SearchEntry &entry)
 {
     const QString type = RecentEntryType(entry);
     const QString text = RecentEntryText(entry);
-    if (!IsInMruList(LoadMruLists().Of(type), text))
+    // Compared as the file can hold it: what the code page has not is a question mark there.
+    if (!IsInMruList(LoadMruLists().Of(type), FromWindows1252(ToWindows1252(text))))
         AddToMruList(type, text);
 }
 

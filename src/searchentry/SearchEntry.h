@@ -39,6 +39,7 @@ struct SearchEntry
 {
     CourtFamily Court = CourtFamily::Superior;
     SearchKind Kind = SearchKind::Person;
+    QString CourtName; ///< how the court is called in the session's list of searches
     SearchScope Where = SearchScope::Counties;
 
     std::array<QString, 4> Names; ///< box 0 holds the business name or the number as well

@@ -29,21 +29,6 @@ QString courtStats(const QString &available, const QString &selected)
     return u"Courts Available: "_s + available + u"   Courts Selected: "_s + selected;
 }
 
-QStringList countiesOf(CourtFamily court)
-{
-    switch (court) {
-    case CourtFamily::Superior:
-        return WaCountyNames();
-    case CourtFamily::Oregon:
-        return OrCountyNames();
-    case CourtFamily::Idaho:
-        LoadIdCounties();
-        return IdCountyList();
-    default:
-        return {};
-    }
-}
-
 void fillCombos(const std::array<QComboBox *, 10> &boxes, const QStringList &counties,
                 const QString &defaultCounty)
 {
@@ -170,9 +155,42 @@ void frmSearchWA::ShowChosenCounty()
     }
 }
 
+/// The counties of the court, for a name and for a number.
 void frmSearchWA::LoadCountyLists()
 {
-    const QStringList counties = countiesOf(state.Court);
+    switch (state.Court) {
+    case CourtFamily::Superior:
+        LoadWaCountyList();
+        break;
+    case CourtFamily::Oregon:
+        LoadOrCountyList();
+        break;
+    case CourtFamily::Idaho:
+        LoadIdCountyList();
+        break;
+    default:
+        FillCountyLists({});
+    }
+}
+
+void frmSearchWA::LoadWaCountyList()
+{
+    FillCountyLists(WaCountyNames());
+}
+
+void frmSearchWA::LoadOrCountyList()
+{
+    FillCountyLists(OrCountyNames());
+}
+
+void frmSearchWA::LoadIdCountyList()
+{
+    LoadIdCounties();
+    FillCountyLists(IdCountyList());
+}
+
+void frmSearchWA::FillCountyLists(const QStringList &counties)
+{
     const bool statewide = state.Where == SearchScope::Statewide;
     ui->lboxCountyOrProfile->SetItems(statewide ? QStringList{u"(Statewide)"_s} : counties);
     if (statewide)
@@ -220,6 +238,8 @@ void frmSearchWA::cboxCountyList_Click()
         const QSignalBlocker blocker(ui->lboxDiscisCourtNames);
         ui->lboxDiscisCourtNames->SetItems(courts);
         ui->lboxDiscisCourtNames->SelectAll(all);
+        // A number cannot be looked for in the whole state.
+        ui->lboxDiscisCourtNames->setEnabled(all || !statewide);
     }
     ui->cmdSelectAllCourts->setEnabled(!statewide);
     ui->cmdClearCourtList->setEnabled(!statewide);
@@ -233,9 +253,9 @@ void frmSearchWA::ShowCourtStats()
     const int county = ui->cboxCountyList->currentIndex();
     const bool statewide =
         list->count() == 1 && county >= 0 && ui->cboxCountyList->currentText().startsWith(u"--");
-    const QString told = QString::number(discisCourtsTold);
+    const QString every = QString::number(discisCourtsShown);
     if (statewide)
-        ui->lblCourtNameStats->setText(courtStats(told, selected > 0 ? told : u"0 (zero)"_s));
+        ui->lblCourtNameStats->setText(courtStats(every, selected > 0 ? every : u"0 (zero)"_s));
     else
         ui->lblCourtNameStats->setText(
             courtStats(QString::number(list->count()), QString::number(selected)));
@@ -263,6 +283,11 @@ void frmSearchWA::ResetBatchFields()
 {
     for (QLineEdit *number : Text1)
         number->clear();
+    LoadBatchCounties();
+}
+
+void frmSearchWA::LoadBatchCounties()
+{
     if (state.Court == CourtFamily::Superior)
         LoadAllWaCountyCombos();
     else if (state.Court == CourtFamily::Oregon)

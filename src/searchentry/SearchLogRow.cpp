@@ -8,11 +8,6 @@ using namespace Qt::StringLiterals;
 namespace {
 const QString notApplicable = u"N/A"_s;
 
-/// How a court family is shown, in the order of CourtFamily.
-constexpr std::array<QStringView, 5> courtNames{
-    u"WA Superior Courts", u"WA District & Municipal Courts", u"OR Circuit/District Courts",
-    u"ID District Courts", u"Federal Bankruptcy Courts"};
-
 constexpr std::array<QStringView, 4> bankruptcyCourts{
     u"Washington (Western)", u"Washington (Eastern)", u"Oregon (Statewide)", u"Idaho (Statewide)"};
 
@@ -46,7 +41,7 @@ QString GetSearchForItem(const SearchEntry &entry)
 
 QString GetSearchCourts(const SearchEntry &entry)
 {
-    return courtNames.at(static_cast<size_t>(entry.Court)).toString();
+    return entry.CourtName;
 }
 
 QString GetJurisdictions(const SearchEntry &entry)

@@ -32,11 +32,18 @@ struct DisclaimerRow
     Boolean GlobalState::*accepted;
     bool (frmSearchWA::*display)();
     bool batchOnly; ///< no notice before a single search
+    QStringView title;
+    QStringView whichData; ///< the second line of the notice
 };
 constexpr std::array<DisclaimerRow, 3> disclaimers{{
-    {u"WA", &GlobalState::WaDisclaimerAccepted, &frmSearchWA::DisplayWaCourtDisclaimer, false},
-    {u"OR", &GlobalState::OrDisclaimerAccepted, &frmSearchWA::DisplayOrCourtDisclaimer, false},
-    {u"ID", &GlobalState::IdDisclaimerAccepted, &frmSearchWA::DisplayIdCourtDisclaimer, true},
+    {u"WA", &GlobalState::WaDisclaimerAccepted, &frmSearchWA::DisplayWaCourtDisclaimer, false,
+     u"Washington State Courts",
+     u"completeness of the Washington Court data except for court purposes. "},
+    {u"OR", &GlobalState::OrDisclaimerAccepted, &frmSearchWA::DisplayOrCourtDisclaimer, false,
+     u"Oregon State Courts",
+     u"completeness of the Oregon Court data except for court purposes. "},
+    {u"ID", &GlobalState::IdDisclaimerAccepted, &frmSearchWA::DisplayIdCourtDisclaimer, true,
+     u"Idaho State Courts", u"completeness of the Idaho Court data except for court purposes. "},
 }};
 
 /// The setting of a state's default county.
@@ -74,7 +81,7 @@ bool accountingEnabled()
 
 QString currentCode()
 {
-    return TrimBlanks(Global.ClientAcctgCode).toUpper();
+    return FoldToUpper(TrimBlanks(Global.ClientAcctgCode));
 }
 } // namespace
 
@@ -85,12 +92,15 @@ SearchEntry frmSearchWA::Entry() const
     SearchEntry entry;
     entry.Court = state.Court;
     entry.Kind = state.Kind;
+    entry.CourtName = courtDisplayName;
     entry.Where = static_cast<SearchScope>(Global.intSearchWhere);
     for (size_t i = 0; i < entry.Names.size(); ++i)
         entry.Names[i] = txtSearchName[i]->text();
     entry.Counties = ui->lboxCountyOrProfile->Selected();
-    if (const QListWidgetItem *item = ui->lboxMultiJurisdiction->currentItem())
-        entry.NumberCounty = item->text();
+    // The focus alone makes a row the current one; selected it is by the user only.
+    const QList<QListWidgetItem *> chosen = ui->lboxMultiJurisdiction->selectedItems();
+    if (!chosen.isEmpty())
+        entry.NumberCounty = chosen.first()->text();
     entry.CaseTypes = ui->lboxCaseTypes->Selected();
     entry.JudgmentsOnly = ui->optORjgmtsONLY->isChecked();
     entry.UseIndex = ui->chkUseIndex->isChecked();
@@ -160,7 +170,9 @@ bool frmSearchWA::ValidateBatchSearchFields()
 void frmSearchWA::ShowFieldError(const QString &what, const QString &why, const QString &action,
                                  const QString &caption)
 {
-    Q_EMIT SearchEvents::Of().FieldErrorRaised(what, why, action, caption);
+    // The form may have gone under a question of the same check: then there is nobody to tell.
+    if (!IsUnloaded())
+        Q_EMIT SearchEvents::Of().FieldErrorRaised(what, why, action, caption);
 }
 
 void frmSearchWA::Notice(const QString &text, const QString &title, MessageIcon icon)
@@ -171,48 +183,41 @@ void frmSearchWA::Notice(const QString &text, const QString &title, MessageIcon 
 bool frmSearchWA::Ask(const QString &text, const QString &title, QuestionButtons buttons,
                       MessageIcon icon)
 {
-    const MsgAnswer answer =
-        MsgBox(this, text, title,
-               buttons == QuestionButtons::YesNo ? MsgButtons::YesNo : MsgButtons::OkCancel,
-               iconOf(icon));
+    const MsgAnswer answer = MsgBox(
+        this, text, title,
+        buttons == QuestionButtons::YesNo ? MsgButtons::YesNo : MsgButtons::OkCancel, iconOf(icon));
     return answer == MsgAnswer::Yes || answer == MsgAnswer::Ok;
 }
 
 // ---- disclaimers and login ----
 
-bool frmSearchWA::DisplayDisclaimer(const QString &stateName)
+bool frmSearchWA::DisplayDisclaimer(size_t index)
 {
-    return MsgBox(this,
-                  u"Neither the court nor clerk makes any representation as to the accuracy and "_s
-                      + u"completeness of the "_s + stateName
-                      + u" Court data except for court purposes. "_s
-                      + u"\r\n\r\nDo you want to continue?"_s,
-                  stateName + u" State Courts"_s, MsgButtons::YesNo, MsgIcon::Exclamation)
-           == MsgAnswer::Yes;
+    const DisclaimerRow &row = disclaimers.at(index);
+    const MsgAnswer answer =
+        MsgBox(this,
+               u"Neither the court nor clerk makes any representation as to the accuracy and "_s
+                   + row.whichData + u"\r\n\r\nDo you want to continue?"_s,
+               row.title.toString(), MsgButtons::YesNo, MsgIcon::Exclamation);
+    if (answer != MsgAnswer::Yes)
+        return false;
+    Global.*row.accepted = true;
+    return true;
 }
 
 bool frmSearchWA::DisplayWaCourtDisclaimer()
 {
-    const bool accepted = DisplayDisclaimer(u"Washington"_s);
-    if (accepted)
-        Global.WaDisclaimerAccepted = true;
-    return accepted;
+    return DisplayDisclaimer(0);
 }
 
 bool frmSearchWA::DisplayOrCourtDisclaimer()
 {
-    const bool accepted = DisplayDisclaimer(u"Oregon"_s);
-    if (accepted)
-        Global.OrDisclaimerAccepted = true;
-    return accepted;
+    return DisplayDisclaimer(1);
 }
 
 bool frmSearchWA::DisplayIdCourtDisclaimer()
 {
-    const bool accepted = DisplayDisclaimer(u"Idaho"_s);
-    if (accepted)
-        Global.IdDisclaimerAccepted = true;
-    return accepted;
+    return DisplayDisclaimer(2);
 }
 
 bool frmSearchWA::DisclaimerAccepted(bool batch)
@@ -259,14 +264,18 @@ void frmSearchWA::cmdBeginSearch_Click()
     const RunScope scope(this);
     const QScopedValueRollback<bool> guard(building, true);
     FoldEntries();
-    const bool valid = state.Court == CourtFamily::Bankruptcy ? ValidateBkFormFields()
-                                                              : ValidateAllFormFields();
-    if (!valid || !DisclaimerAccepted(false) || !LoggedIn() || IsUnloaded())
+    const bool valid =
+        state.Court == CourtFamily::Bankruptcy ? ValidateBkFormFields() : ValidateAllFormFields();
+    // Any of these questions may outlive the form.
+    if (!valid || IsUnloaded() || !DisclaimerAccepted(false) || IsUnloaded() || !LoggedIn() || IsUnloaded())
         return;
     QString code;
     if (accountingEnabled() || Global.bClientAcctgOpt) {
         frmAccounting::ShowModal(this);
         code = currentCode();
+        // The session may have ended under that window, or the form have gone.
+        if (!Global.bLoggedIn || IsUnloaded())
+            return;
     }
     Dispatch(code);
 }
@@ -356,13 +365,15 @@ void frmSearchWA::SetDefaultCounty()
 
 void frmSearchWA::RunBatchSearch(bool autoPrint)
 {
-    if (!LoggedIn() || !DisclaimerAccepted(true) || IsUnloaded())
+    if (IsUnloaded() || !LoggedIn() || IsUnloaded() || !DisclaimerAccepted(true) || IsUnloaded())
         return;
     Global.ClientAcctgCode.clear();
     QString code;
     if (accountingEnabled()) {
         frmAccounting::ShowModal(this);
         code = currentCode();
+        if (!Global.bLoggedIn || IsUnloaded())
+            return;
     }
     try {
         for (const CaseFields &fields : BatchFields(Entry()))

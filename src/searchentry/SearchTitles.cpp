@@ -47,7 +47,7 @@ struct RecentRow
 constexpr std::array<RecentRow, 5> recentTypes{{
     {u"Individual Name", u"Individual Name"},
     {u"Business Name", u"Individual Name"},
-    {u"Case Number", u"Individual Name"},
+    {u"Case Number", u"Case Number"},
     {u"Case Number", u"Business Name"},
     {u"Case Number", u"Individual Name"},
 }};

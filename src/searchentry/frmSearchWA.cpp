@@ -427,6 +427,9 @@ void frmSearchWA::SelectCourtState(FormState next)
     next.Where = SearchScope::Counties;
     next.Batch = false;
     GoTo(next);
+    courtDisplayName = CourtRowOf(state.Court).displayName.toString();
+    // A court begins as the setting says, also when it is chosen again.
+    ui->chkUseIndex->setChecked(Shows(FormPart::UseIndex) && Global.strDefaultToWaIndex == u"1");
     LoadCaseTypes(Global.strCurrentCourt);
     LoadCountyLists();
     if (state.Court == CourtFamily::Discis)
@@ -494,7 +497,7 @@ void frmSearchWA::chkBulkSearch_Click()
     GoTo(next);
     if (!state.Batch)
         return;
-    ResetBatchFields();
+    LoadBatchCounties();
     Text1[0]->setFocus();
 }
 
@@ -537,6 +540,8 @@ void frmSearchWA::ResetFormFields()
     ui->optORjgmtsONLY->setChecked(false);
     for (QCheckBox *court : chkBKcourt)
         court->setChecked(false);
+    // As it has always been called after that, whatever the court.
+    courtDisplayName = CourtRowOf(CourtFamily::Superior).displayName.toString();
 }
 
 void frmSearchWA::cmdClearForm_Click()

@@ -48,6 +48,14 @@ public:
     void InitCountyRadioBtns();
     void InitMruList(const QString &searchType);
     void ShowMRU();
+    void ShowOrHideFrame6();
+    void ShowOrHideFrame11();
+    void ShowOrHideFrame12();
+    void ShowOrHideBatchCaseSearchFrame();
+    void ShowOrHideDiscisFrames();
+    void LoadAllWaCountyCombos();
+    void LoadAllOrCountyCombos();
+    void LoadAllIdCountyCombos();
 
     /// Selects name search on the first court of the state.
     void SelectFirstCourt();
@@ -109,17 +117,14 @@ private:
     void SelectCourtState(FormState next);
     void ShowParts();
     void ShowTexts();
-    void ShowOrHideFrame6();
-    void ShowOrHideFrame11();
-    void ShowOrHideFrame12();
-    void ShowOrHideBatchCaseSearchFrame();
-    void ShowOrHideDiscisFrames();
     void LoadCountyLists();
+    void LoadWaCountyList();
+    void LoadOrCountyList();
+    void LoadIdCountyList();
+    void FillCountyLists(const QStringList &counties);
     void LoadDiscisCountyList();
-    void LoadAllWaCountyCombos();
-    void LoadAllOrCountyCombos();
-    void LoadAllIdCountyCombos();
     void ResetBatchFields();
+    void LoadBatchCounties();
     void SetDefaultCounty();
     void ReserveCharacters();
     void ShowCourtStats();
@@ -133,7 +138,7 @@ private:
     void FoldEntries();
     void TakeBackNumbers(const SearchEntry &entry);
     bool DisclaimerAccepted(bool batch);
-    bool DisplayDisclaimer(const QString &stateName);
+    bool DisplayDisclaimer(size_t index);
     bool LoggedIn();
     void Dispatch(const QString &code);
     void RunBatchSearch(bool autoPrint);
@@ -165,6 +170,7 @@ private:
     FormParts parts;
     int LastStateIndex = 1;
     bool building = false; ///< a search is being built, which lets events through
+    QString courtDisplayName;
     QStringList recentEntries; ///< of the type that is being entered
     QList<SearchLogRow> searchList;
 };

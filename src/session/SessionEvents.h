@@ -23,4 +23,6 @@ Q_SIGNALS:
     /// Show the search form on these courts.
     void CourtWanted(CourtEntry court);
     void AboutWanted();
+    /// Help on a window of results.
+    void ResultsHelpWanted();
 };

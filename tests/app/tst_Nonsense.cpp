@@ -28,13 +28,10 @@ QByteArray allBytesButBars()
 }
 } // namespace
 
-class tst_Nonsense : public QObject
+class tst_Nonsense : public SearchTest
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
-
     void reply_data();
     void reply();
     void anEndlessTokenIsRefused();
@@ -46,28 +43,7 @@ private Q_SLOTS:
 private:
     /// The window is as after any search, and the next search over a new connection works.
     void searchAgain(const frmNameSearchResults *window);
-
-    std::unique_ptr<SearchDesk> desk;
-    std::unique_ptr<ScriptedCourt> court;
 };
-
-void tst_Nonsense::init()
-{
-    desk = std::make_unique<SearchDesk>();
-    court = std::make_unique<ScriptedCourt>();
-}
-
-void tst_Nonsense::cleanup()
-{
-    const QString boxes = desk->Boxes.Complaints();
-    const bool allHappened = desk->AllHappened();
-    const QString conversation = court->Complaints();
-    desk.reset();
-    court.reset();
-    QCOMPARE(boxes, QString());
-    QVERIFY(allHappened);
-    QCOMPARE(conversation, QString());
-}
 
 void tst_Nonsense::searchAgain(const frmNameSearchResults *window)
 {

@@ -1,10 +1,18 @@
 #include "app/SingleInstance.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QProcess>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+
+#include <algorithm>
+#include <cstddef>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -27,6 +35,50 @@ void writeSettings(const QTemporaryDir &folder)
     file.write("[Communications]\r\nShowAlerts=0\r\nHVServerIP1=127.0.0.1\r\nHVServerPort=1\r\n");
 }
 
+/// Holds the name of a folder's program and answers nobody: a copy that cannot be reached.
+class NameHolder
+{
+public:
+    explicit NameHolder(const QString &folder)
+    {
+        const QByteArray name = nameOf(folder);
+        sockaddr_un address = {};
+        address.sun_family = AF_UNIX;
+        if (name.isEmpty() || name.size() >= qsizetype(sizeof address.sun_path))
+            return;
+        // Abstract: the name begins with a zero byte, and the length tells where it ends.
+        std::copy(name.begin(), name.end(), address.sun_path + 1);
+        const auto length =
+            static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + 1 + size_t(name.size()));
+        holds = ::bind(handle, reinterpret_cast<const sockaddr *>(&address), length) == 0;
+    }
+    ~NameHolder() { ::close(handle); }
+    NameHolder(const NameHolder &) = delete;
+    NameHolder &operator=(const NameHolder &) = delete;
+
+    bool Holds() const { return holds; }
+
+private:
+    /// The name as the system lists it while a copy has it.
+    static QByteArray nameOf(const QString &folder)
+    {
+        SingleInstance first(folder);
+        QFile list(u"/proc/net/unix"_s);
+        if (!first.Claim() || !list.open(QIODevice::ReadOnly))
+            return {};
+        const QList<QByteArray> lines = list.readAll().split('\n');
+        for (const QByteArray &line : lines) {
+            const qsizetype at = line.indexOf(" @halvane-");
+            if (at >= 0)
+                return line.mid(at + 2);
+        }
+        return {};
+    }
+
+    int handle = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    bool holds = false;
+};
+
 void end(QProcess &process)
 {
     process.kill();
@@ -44,6 +96,8 @@ private Q_SLOTS:
     void everyFurtherStartIsNoticed();
     void theSecondProgramEndsAtOnce();
     void aKilledProgramLeavesNothingBehind();
+    void aNameThatNobodyAnswersTo();
+    void theProgramRefusesToRunWhenNobodyAnswers();
 };
 
 void tst_SingleInstance::theSecondIsRefusedAndTheFirstComesToTheFront()
@@ -121,6 +175,32 @@ void tst_SingleInstance::aKilledProgramLeavesNothingBehind()
         QCOMPARE(process.state(), QProcess::Running);
         end(process);
     }
+}
+
+void tst_SingleInstance::aNameThatNobodyAnswersTo()
+{
+    const NameHolder holder(u"/tmp/halvane-one"_s);
+    QVERIFY(holder.Holds());
+    SingleInstance second(u"/tmp/halvane-one"_s);
+    QVERIFY(!second.Claim());
+    QVERIFY(!second.AnotherRuns());
+}
+
+void tst_SingleInstance::theProgramRefusesToRunWhenNobodyAnswers()
+{
+    const QTemporaryDir folder;
+    writeSettings(folder);
+    const NameHolder holder(QFileInfo(folder.path()).canonicalFilePath());
+    QVERIFY(holder.Holds());
+    QProcess process;
+    process.start(program, {u"--folder"_s, folder.path()});
+    QVERIFY(process.waitForFinished(startMilliseconds));
+    QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(process.exitCode(), 1);
+    QVERIFY(process.readAllStandardError().contains("cannot tell whether a copy runs already"));
+    // It never came to its splash, nor to anything that stands before it.
+    QCOMPARE(startsLogged(folder), 0);
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList{u"options.ini"_s});
 }
 
 QTEST_GUILESS_MAIN(tst_SingleInstance)

@@ -1,5 +1,7 @@
 #include "app/Startup.h"
+#include "controls/LinkLabel.h"
 #include "core/GlobalState.h"
+#include "core/HelpTopic.h"
 #include "core/Options.h"
 #include "jobs/frmQueue.h"
 #include "link/frmWinsock.h"
@@ -15,6 +17,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QListWidget>
 #include <QTest>
 
 namespace {
@@ -82,7 +85,10 @@ private Q_SLOTS:
     void defaultView();
     void practiceIsToldInTheStatusBar();
     void withoutOptionsIniItStartsToo();
-    void theSuperiorCourtsEntryShowsTheForm();
+    void theHelpOfAResultsWindowOpens();
+    void theHelpOfAStepOfTheFormOpensOnItsTopic();
+    void aCourtsEntryShowsTheForm_data();
+    void aCourtsEntryShowsTheForm();
 
 private:
     void offline();
@@ -247,10 +253,17 @@ void tst_Startup::startLogsASeparatorLine()
 void tst_Startup::defaultView_data()
 {
     QTest::addColumn<QString>("view");
-    QTest::newRow("Washington") << u"WA"_s;
-    QTest::newRow("unset") << u"0"_s;
-    QTest::newRow("unknown") << u"XX"_s;
-    QTest::newRow("lower case") << u"wa"_s;
+    QTest::addColumn<QString>("state");
+    QTest::addColumn<QString>("court");
+    QTest::addColumn<int>("stateIndex");
+    QTest::addColumn<int>("jurisdiction");
+    QTest::newRow("Washington") << u"WA"_s << u"WA"_s << u"WASUP"_s << 1 << 0;
+    QTest::newRow("unset") << u"0"_s << u"WA"_s << u"WASUP"_s << 1 << 0;
+    QTest::newRow("unknown") << u"XX"_s << u"WA"_s << u"WASUP"_s << 1 << 0;
+    QTest::newRow("lower case") << u"wa"_s << u"WA"_s << u"WASUP"_s << 1 << 0;
+    QTest::newRow("Oregon") << u"OR"_s << u"OR"_s << u"OR"_s << 0 << 2;
+    QTest::newRow("Idaho, beside Oregon's row") << u"ID"_s << u"ID"_s << u"IDSUP"_s << 3 << 2;
+    QTest::newRow("federal") << u"FED"_s << u"FED"_s << u"FED"_s << 2 << 4;
 }
 
 void tst_Startup::defaultView()
@@ -259,10 +272,13 @@ void tst_Startup::defaultView()
     SaveOptionStr(u"Searching"_s, u"DefaultView"_s, view);
     offline();
     const frmSearchWA &form = frmSearchWA::Form();
-    QVERIFY(form.findChild<QRadioButton *>(u"optState_1"_s)->isChecked());
+    QFETCH(int, stateIndex);
+    QVERIFY(form.findChild<QRadioButton *>(u"optState_"_s + QString::number(stateIndex))
+                ->isChecked());
     QVERIFY(form.findChild<QRadioButton *>(u"optCourtSelection_0"_s)->isChecked());
-    QCOMPARE(Global.strSearchState, u"WA"_s);
-    QCOMPARE(Global.strCurrentCourt, u"WASUP"_s);
+    QTEST(form.findChild<QListWidget *>(u"lstJurisdictions"_s)->currentRow(), "jurisdiction");
+    QTEST(Global.strSearchState, "state");
+    QTEST(Global.strCurrentCourt, "court");
     QCOMPARE(Global.strCurrentSearchType, u"Individual Name"_s);
     QCOMPARE(Global.intSearchWhere, qint16(1));
 }
@@ -287,13 +303,54 @@ void tst_Startup::withoutOptionsIniItStartsToo()
     QVERIFY(frmSearchWA::IsLoaded());
 }
 
-void tst_Startup::theSuperiorCourtsEntryShowsTheForm()
+void tst_Startup::aCourtsEntryShowsTheForm_data()
 {
+    QTest::addColumn<CourtEntry>("entry");
+    QTest::addColumn<QString>("caption");
+    QTest::addColumn<int>("jurisdiction");
+    QTest::newRow("superior") << CourtEntry::WaSuperior
+                              << u"Search Entry Form - WA. Superior Courts"_s << 0;
+    QTest::newRow("district") << CourtEntry::WaDiscis
+                              << u"Search Entry Form - WA. District & Municipal Courts"_s << 1;
+    QTest::newRow("oregon") << CourtEntry::Oregon
+                            << u"Search Entry Form - OR. Circuit/District Court"_s << 2;
+    QTest::newRow("idaho") << CourtEntry::Idaho << u"Search Entry Form - ID. District Courts"_s
+                           << 3;
+    QTest::newRow("bankruptcy") << CourtEntry::Bankruptcy
+                                << u"Search Entry Form - Federal Bankruptcy Courts"_s << 4;
+}
+
+void tst_Startup::aCourtsEntryShowsTheForm()
+{
+    QFETCH(CourtEntry, entry);
     offline();
     frmSearchWA::Form().Unload();
-    Q_EMIT SessionEvents::Of().SuperiorCourtsWanted();
-    QVERIFY(shownWindow(u"frmSearchWA"_s));
-    QCOMPARE(frmSearchWA::Form().windowTitle(), u"Search Entry Form - WA. Superior Courts"_s);
+    Q_EMIT SessionEvents::Of().CourtWanted(entry);
+    QWidget *form = shownWindow(u"frmSearchWA"_s);
+    QVERIFY(form);
+    QTEST(form->windowTitle(), "caption");
+    QTEST(form->findChild<QListWidget *>(u"lstJurisdictions"_s)->currentRow(), "jurisdiction");
+    QVERIFY(form->focusWidget());
+    QCOMPARE(form->focusWidget()->objectName(), u"txtSearchName_0"_s);
+}
+
+void tst_Startup::theHelpOfAResultsWindowOpens()
+{
+    offline();
+    Q_EMIT SessionEvents::Of().ResultsHelpWanted();
+    QVERIFY(shownWindow(u"frmNameSearchResultsHelp"_s));
+}
+
+void tst_Startup::theHelpOfAStepOfTheFormOpensOnItsTopic()
+{
+    offline();
+    auto *link = frmSearchWA::Form().findChild<LinkLabel *>(u"lblHelp_1"_s);
+    QVERIFY(link);
+    Q_EMIT link->Clicked();
+    QWidget *help = shownWindow(u"frmSearchHelp"_s);
+    QVERIFY(help);
+    QCOMPARE(help->findChild<QListWidget *>(u"lstTopics"_s)->currentRow(),
+             static_cast<int>(HelpTopic::SearchType));
 }
 
 QTEST_MAIN(tst_Startup)

@@ -63,13 +63,12 @@ void tick(const QWidget *window, const char *list, const QStringList &items)
 }
 } // namespace
 
-class tst_TheRoad : public QObject
+class tst_TheRoad : public SearchTest
 {
     Q_OBJECT
 private Q_SLOTS:
     void initTestCase();
     void init();
-    void cleanup();
 
     void fromTheLoginToTheRows();
     void twoSearchesFromOneForm();
@@ -82,8 +81,6 @@ private:
     void logIn();
     frmNameSearchResults *startSearch();
 
-    std::unique_ptr<SearchDesk> desk;
-    std::unique_ptr<ScriptedCourt> court;
     QPointer<frmMain> main;
 };
 
@@ -94,21 +91,8 @@ void tst_TheRoad::initTestCase()
 
 void tst_TheRoad::init()
 {
-    desk = std::make_unique<SearchDesk>();
-    court = std::make_unique<ScriptedCourt>();
+    SearchTest::init();
     court->PointSettingsHere();
-}
-
-void tst_TheRoad::cleanup()
-{
-    const QString boxes = desk->Boxes.Complaints();
-    const bool allHappened = desk->AllHappened();
-    const QString conversation = court->Complaints();
-    desk.reset();
-    court.reset();
-    QCOMPARE(boxes, QString());
-    QVERIFY(allHappened);
-    QCOMPARE(conversation, QString());
 }
 
 void tst_TheRoad::startProgram()
@@ -167,7 +151,8 @@ void tst_TheRoad::fromTheLoginToTheRows()
     QCOMPARE(main->focusWidget()->objectName(), u"txtSearchName_0"_s);
     tick(form, "lboxCountyOrProfile", {u"King"_s});
     tick(form, "lboxCaseTypes", {u"Civil"_s, u"Criminal"_s});
-    desk->Boxes.Expect(disclaimer, u"Washington State Courts"_s, MsgAnswer::Yes);
+    desk->Boxes.Expect(disclaimer, u"Washington State Courts"_s, MsgIcon::Exclamation,
+                       MsgAnswer::Yes);
     frmNameSearchResults *window = startSearch();
     QVERIFY(window);
     QCOMPARE(TextOf(window, "lblStatus"), u"Pending .."_s);
@@ -204,7 +189,8 @@ void tst_TheRoad::twoSearchesFromOneForm()
     QWidget *form = shownWindow(u"frmSearchWA"_s);
     tick(form, "lboxCountyOrProfile", {u"King"_s});
     tick(form, "lboxCaseTypes", {u"Civil"_s, u"Criminal"_s});
-    desk->Boxes.Expect(disclaimer, u"Washington State Courts"_s, MsgAnswer::Yes);
+    desk->Boxes.Expect(disclaimer, u"Washington State Courts"_s, MsgIcon::Exclamation,
+                       MsgAnswer::Yes);
     frmNameSearchResults *first = startSearch();
     first->Timer1->stop();
     frmNameSearchResults *second = startSearch();
@@ -229,7 +215,8 @@ void tst_TheRoad::afterALostConnectionTheNextLoginSearchesAgain()
     QWidget *form = shownWindow(u"frmSearchWA"_s);
     tick(form, "lboxCountyOrProfile", {u"King"_s});
     tick(form, "lboxCaseTypes", {u"Civil"_s, u"Criminal"_s});
-    desk->Boxes.Expect(disclaimer, u"Washington State Courts"_s, MsgAnswer::Yes);
+    desk->Boxes.Expect(disclaimer, u"Washington State Courts"_s, MsgIcon::Exclamation,
+                       MsgAnswer::Yes);
     frmNameSearchResults *lost = startSearch();
     QVERIFY(desk->Finish(lost));
     QCOMPARE(TextOf(lost, "lblStatus"), u"Search Stopped - Court Connection Lost!"_s);

@@ -18,6 +18,8 @@ class tst_Tour : public QObject
 private Q_SLOTS:
     void theTourShowsWhatItMust();
     void aTourWithoutAPlaceForItsPicturesFails();
+    void aTourTakesItsFolderAway_data();
+    void aTourTakesItsFolderAway();
     void versionNeedsNoDisplay();
     void aWrongCommandLineIsRefused();
 };
@@ -34,7 +36,10 @@ void tst_Tour::theTourShowsWhatItMust()
     QVERIFY(said.contains(u"SMITH, JOHN"));
     QVERIFY(said.contains(u"Tour complete"));
     const QStringList pictures = QDir(output.path()).entryList({u"*.png"_s}, QDir::Files);
-    for (const QString &name : {u"connect"_s, u"login"_s, u"search-form"_s, u"results"_s}) {
+    for (const QString &name :
+         {u"connect"_s, u"login"_s, u"form-district"_s, u"form-oregon"_s, u"form-idaho"_s,
+          u"form-bankruptcy"_s, u"form-number"_s, u"form-batch"_s, u"search-form"_s,
+          u"results"_s}) {
         const QStringList found = pictures.filter(name);
         QVERIFY2(found.size() == 1, qPrintable(name));
         const QImage picture(output.filePath(found.first()));
@@ -49,6 +54,37 @@ void tst_Tour::aTourWithoutAPlaceForItsPicturesFails()
     QVERIFY(tour.waitForFinished(tourMilliseconds));
     QCOMPARE(tour.exitCode(), 1);
     QVERIFY(tour.readAllStandardOutput().contains("Tour failed: Cannot create"));
+}
+
+void tst_Tour::aTourTakesItsFolderAway_data()
+{
+    QTest::addColumn<QString>("output");
+    QTest::addColumn<int>("exitCode");
+    QTest::newRow("at its end") << QString() << 0;
+    QTest::newRow("when it fails") << u"/dev/null/pictures"_s << 1;
+}
+
+void tst_Tour::aTourTakesItsFolderAway()
+{
+    // Its settings and its log hold a password.
+    QFETCH(QString, output);
+    const QTemporaryDir pictures;
+    const QTemporaryDir temporary;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(u"TMPDIR"_s, temporary.path());
+    // The platform would make one of its own among the temporary files.
+    environment.insert(u"XDG_RUNTIME_DIR"_s, pictures.path());
+    QProcess tour;
+    tour.setProcessEnvironment(environment);
+    tour.start(program, {u"--tour"_s, u"--output"_s, output.isEmpty() ? pictures.path() : output});
+    QVERIFY(tour.waitForStarted());
+    const QDir folder(temporary.path());
+    QTRY_VERIFY_WITH_TIMEOUT(!folder.isEmpty() || tour.state() == QProcess::NotRunning,
+                             tourMilliseconds);
+    QVERIFY(tour.state() == QProcess::NotRunning || tour.waitForFinished(tourMilliseconds));
+    QTEST(tour.exitCode(), "exitCode");
+    QCOMPARE(folder.entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+             QStringList());
 }
 
 void tst_Tour::versionNeedsNoDisplay()

@@ -28,6 +28,8 @@ private Q_SLOTS:
     void icons();
     void answers_data();
     void answers();
+    void anotherLookThanAnnouncedIsAComplaint_data();
+    void anotherLookThanAnnouncedIsAComplaint();
     void waysOfEscape_data();
     void waysOfEscape();
     void parentThatEndsMeanwhileCountsAsEscape_data();
@@ -150,10 +152,45 @@ void tst_MsgBox::answers()
     boxes.Meanwhile([&] {
         seen = qobject_cast<QMessageBox *>(QApplication::activeModalWidget())->buttons().size();
     });
-    boxes.Expect(u"text"_s, u"title"_s, answer);
+    boxes.Expect(u"text"_s, u"title"_s, MsgIcon::Information, answer, buttons);
     QCOMPARE(MsgBox(nullptr, u"text"_s, u"title"_s, buttons), answer);
     QCOMPARE(boxes.Complaints(), QString());
     QCOMPARE(seen, qsizetype(count));
+}
+
+void tst_MsgBox::anotherLookThanAnnouncedIsAComplaint_data()
+{
+    QTest::addColumn<MsgButtons>("buttons");
+    QTest::addColumn<MsgIcon>("icon");
+    QTest::addColumn<MsgAnswer>("announced");
+    QTest::addColumn<QString>("complaint");
+    QTest::newRow("as announced: OK")
+        << MsgButtons::Ok << MsgIcon::Information << MsgAnswer::Ok << QString();
+    QTest::newRow("as announced: Cancel")
+        << MsgButtons::OkCancel << MsgIcon::Information << MsgAnswer::Cancel << QString();
+    QTest::newRow("as announced: No")
+        << MsgButtons::YesNo << MsgIcon::Question << MsgAnswer::No << QString();
+    QTest::newRow("another icon") << MsgButtons::Ok << MsgIcon::Exclamation << MsgAnswer::Ok
+                                  << u"icon"_s;
+    QTest::newRow("another icon beside Yes and No")
+        << MsgButtons::YesNo << MsgIcon::Exclamation << MsgAnswer::Yes << u"icon"_s;
+    QTest::newRow("a button too many")
+        << MsgButtons::OkCancel << MsgIcon::Information << MsgAnswer::Ok << u"buttons"_s;
+    QTest::newRow("a button too few")
+        << MsgButtons::Ok << MsgIcon::Information << MsgAnswer::Cancel << u"buttons"_s;
+}
+
+void tst_MsgBox::anotherLookThanAnnouncedIsAComplaint()
+{
+    QFETCH(MsgButtons, buttons);
+    QFETCH(MsgIcon, icon);
+    QFETCH(MsgAnswer, announced);
+    QFETCH(QString, complaint);
+    BoxAnswers boxes;
+    boxes.Expect(u"text"_s, u"title"_s, announced);
+    MsgBox(nullptr, u"text"_s, u"title"_s, buttons, icon);
+    QCOMPARE(boxes.Complaints().isEmpty(), complaint.isEmpty());
+    QVERIFY(boxes.Complaints().startsWith(complaint));
 }
 
 void tst_MsgBox::waysOfEscape_data()

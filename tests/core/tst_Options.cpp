@@ -100,6 +100,9 @@ private Q_SLOTS:
     void aReportFolderThatCannotBeMadeIsNoError();
 
 private:
+    /// Loads the options with what the row has stored, and compares what came of it.
+    void loadRow(const std::function<void()> &load);
+
     std::unique_ptr<TestFolder> folder;
 };
 
@@ -238,7 +241,7 @@ void tst_Options::loadAppOptions_data()
     });
 }
 
-void tst_Options::loadAppOptions()
+void tst_Options::loadRow(const std::function<void()> &load)
 {
     QFETCH(QString, section);
     QFETCH(QString, key);
@@ -247,11 +250,16 @@ void tst_Options::loadAppOptions()
     QFETCH(QString, afterwards);
     QFETCH(Reader, read);
     folder->Write(u"options.ini"_s, fileWith(section, key, stored));
-    QVERIFY(LoadAppOptions());
+    load();
     QCOMPARE(read(), value);
     QCOMPARE(GetOptionStr(section, key), afterwards.isNull() ? u"0"_s : afterwards);
     QCOMPARE(folder->Read(u"options.ini"_s).contains(key.toLatin1().append('=')),
              !afterwards.isNull());
+}
+
+void tst_Options::loadAppOptions()
+{
+    loadRow([] { QVERIFY(LoadAppOptions()); });
     QCOMPARE(folder->Log(), QStringList());
 }
 
@@ -288,18 +296,7 @@ void tst_Options::mainWindowOptions_data()
 
 void tst_Options::mainWindowOptions()
 {
-    QFETCH(QString, section);
-    QFETCH(QString, key);
-    QFETCH(QString, stored);
-    QFETCH(QString, value);
-    QFETCH(QString, afterwards);
-    QFETCH(Reader, read);
-    folder->Write(u"options.ini"_s, fileWith(section, key, stored));
-    LoadMainWindowOptions();
-    QCOMPARE(read(), value);
-    QCOMPARE(GetOptionStr(section, key), afterwards.isNull() ? u"0"_s : afterwards);
-    QCOMPARE(folder->Read(u"options.ini"_s).contains(key.toLatin1().append('=')),
-             !afterwards.isNull());
+    loadRow(&LoadMainWindowOptions);
 }
 
 void tst_Options::loadAppOptionsWritesBackInItsOrder()

@@ -92,7 +92,7 @@ private Q_SLOTS:
     void countyCount();
     void aCountThatFindsNothingShowsABox();
     void aCourtReadsAsItsNameAndCode();
-    void installedListsHoldWhatIsTold();
+    void installedListsAreWhole();
     void installedCountyCodesHaveTwoDigits();
 
 private:
@@ -351,7 +351,7 @@ void tst_Catalogues::aCourtReadsAsItsNameAndCode()
     QCOMPARE(court.ListText(), u"Othello District (OTD)"_s);
 }
 
-void tst_Catalogues::installedListsHoldWhatIsTold()
+void tst_Catalogues::installedListsAreWhole()
 {
     QCOMPARE(LoadWaCounties(), 39);
     QCOMPARE(WaCountyList(), WaCountyNames());
@@ -361,7 +361,7 @@ void tst_Catalogues::installedListsHoldWhatIsTold()
     QCOMPARE(IdCountyList().size(), 44);
     QVERIFY(LoadWaCaseTypes() > 0);
     QCOMPARE(LoadDiscisCourts(), 173);
-    QCOMPARE(discisCourtsTold, 173);
+    QCOMPARE(discisCourtsShown, 173);
     QSet<QString> codes;
     for (const clsDiscisCourts &court : DiscisCourts()) {
         QCOMPARE(court.CourtCode.size(), 3);

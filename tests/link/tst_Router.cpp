@@ -48,6 +48,7 @@ const QString attempting = u"Attempting to Connect to Router"_s;
 const QString connected = u"Successfully connected to router"_s;
 const QString notRunning = u"Router is not running"_s;
 const QString failed = u"Error connecting to router"_s;
+const QString swappedTo85 = u"Note: Swapping Connection Port to: 85"_s;
 const QString socketError = u"attempting to close and reconnect to router.."_s;
 
 bool never()
@@ -91,6 +92,7 @@ private Q_SLOTS:
     void aMissingListIsTriedLikeAddresses();
     void cancelBeforeTheFirstAttempt();
     void cancelBetweenAddresses();
+    void cancelDuringAnAttemptTakesEffectBehindIt_data();
     void cancelDuringAnAttemptTakesEffectBehindIt();
     void aRealRefusalAndARealServer();
 
@@ -348,6 +350,8 @@ void tst_Router::cancelBeforeTheFirstAttempt()
     QCOMPARE(SelectServer([] { return true; }), ServerSelection::Cancelled);
     QCOMPARE(network.attempts, QStringList());
     QCOMPARE(Global.lngServerPort, 80);
+    QCOMPARE(Global.intConnectState, int(ConnectIdle));
+    QCOMPARE(folder->Log(), QStringList());
 }
 
 void tst_Router::cancelBetweenAddresses()
@@ -355,17 +359,55 @@ void tst_Router::cancelBetweenAddresses()
     const auto afterTwo = [] { return network.attempts.size() >= 2; };
     QCOMPARE(SelectServer(afterTwo), ServerSelection::Cancelled);
     QCOMPARE(network.attempts, (QStringList{u"a1:80"_s, u"a1:85"_s}));
+    QCOMPARE(Global.lngServerPort, 85);
     QCOMPARE(savedPort(), u"80"_s);
+    QCOMPARE(Global.intConnectState, int(ConnectIdle));
+    QCOMPARE(folder->Log(), (QStringList{attempting, socketError, notRunning, swappedTo85,
+                                         attempting, socketError, notRunning}));
+}
+
+void tst_Router::cancelDuringAnAttemptTakesEffectBehindIt_data()
+{
+    QTest::addColumn<int>("refusals");
+    QTest::addColumn<QStringList>("attempts");
+    QTest::addColumn<int>("port");
+    QTest::addColumn<QStringList>("log");
+    const QStringList silent{attempting, failed};
+    const QStringList refused{attempting, socketError, notRunning};
+    const QStringList one = refused + QStringList{swappedTo85};
+    QTest::newRow("the first try of an address: before the port is swapped")
+        << 0 << QStringList{u"a1:80"_s} << 80 << silent;
+    QTest::newRow("the second try of an address: the swapped port stays")
+        << 1 << QStringList{u"a1:80"_s, u"a1:85"_s} << 85 << one + silent;
+    QTest::newRow("the first try of the second address")
+        << 2 << QStringList{u"a1:80"_s, u"a1:85"_s, u"a2:85"_s} << 85 << one + refused + silent;
 }
 
 void tst_Router::cancelDuringAnAttemptTakesEffectBehindIt()
 {
-    network.outcomes = {Outcome::Silent};
+    QFETCH(int, refusals);
+    network.outcomes = QList<Outcome>(refusals, Outcome::Refuses) << Outcome::Silent;
     bool cancelled = false;
-    QTimer::singleShot(10, this, [&] { cancelled = true; });
+    // The user loses patience a second into the attempt that gets no answer.
+    QTimer user;
+    QDateTime silentSince;
+    connect(&user, &QTimer::timeout, this, [&] {
+        if (network.attempts.size() <= refusals)
+            return;
+        if (!silentSince.isValid())
+            silentSince = clock->Now();
+        cancelled = silentSince.msecsTo(clock->Now()) >= 1000;
+    });
+    user.start(1);
     QCOMPARE(SelectServer([&] { return cancelled; }), ServerSelection::Cancelled);
+    QVERIFY(cancelled);
     QVERIFY(secondsGone() >= 7.0);
-    QCOMPARE(network.attempts, QStringList{u"a1:80"_s});
+    QTEST(network.attempts, "attempts");
+    QTEST(Global.lngServerPort, "port");
+    QCOMPARE(savedPort(), u"80"_s);
+    QCOMPARE(Global.intConnectState, int(ConnectIdle));
+    QVERIFY(!frmWinsock::IsLoaded());
+    QTEST(folder->Log(), "log");
 }
 
 void tst_Router::aRealRefusalAndARealServer()

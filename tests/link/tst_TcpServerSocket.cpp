@@ -54,6 +54,7 @@ private Q_SLOTS:
     void ourOwnCloseIsNoEvent();
     void aResetByTheServerEndsTheConnection();
     void sendingIntoADeadConnectionTellsFromTheEventLoopOnly();
+    void aSendCompletesWhenTheLinkDiesWithUnsentBytes();
     void closingWhileConnectingIsQuiet();
     void connectingAgainAfterTheServersClose();
     void closingAClosedSocketIsNothing();
@@ -294,6 +295,27 @@ void tst_TcpServerSocket::sendingIntoADeadConnectionTellsFromTheEventLoopOnly()
         socket->SendData("|x|");
     QCOMPARE(closed.count() + error.count() + complete.count(), 0);
     QTRY_COMPARE(closed.count(), 1);
+    QVERIFY(socket->State() != SocketState::Connected);
+}
+
+void tst_TcpServerSocket::aSendCompletesWhenTheLinkDiesWithUnsentBytes()
+{
+    // Nobody may wait for what can never leave any more.
+    connectToServer();
+    QStringList events;
+    connect(socket.get(), &ServerSocket::SendComplete, this, [&] { events.append(u"complete"_s); });
+    connect(socket.get(), &ServerSocket::Closed, this, [&] { events.append(u"closed"_s); });
+    connect(socket.get(), &ServerSocket::Error, this, [&] { events.append(u"error"_s); });
+    peer->setReadBufferSize(1);
+    socket->SendData(QByteArray(20'000'000, 'x'));
+    YieldUntilEvent(0.05);
+    QCOMPARE(events, QStringList());
+    peer->abort();
+    QTRY_VERIFY(events.contains(u"complete"_s) && events.contains(u"closed"_s));
+    for (int i = 0; i < 20; ++i)
+        Yield();
+    QCOMPARE(events.count(u"complete"_s), 1);
+    QCOMPARE(events.count(u"closed"_s), 1);
     QVERIFY(socket->State() != SocketState::Connected);
 }
 

@@ -131,6 +131,24 @@ bool SearchDesk::Finish(const QWidget *window)
     return true;
 }
 
+void SearchTest::init()
+{
+    desk = std::make_unique<SearchDesk>();
+    court = std::make_unique<ScriptedCourt>();
+}
+
+void SearchTest::cleanup()
+{
+    const QString boxes = desk->Boxes.Complaints();
+    const bool allHappened = desk->AllHappened();
+    const QString conversation = court->Complaints();
+    desk.reset();
+    court.reset();
+    QCOMPARE(boxes, QString());
+    QVERIFY(allHappened);
+    QCOMPARE(conversation, QString());
+}
+
 QString TextOf(const QWidget *window, const char *name)
 {
     const auto *control = window->findChild<QWidget *>(QLatin1StringView(name));

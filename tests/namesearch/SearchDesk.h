@@ -65,6 +65,20 @@ private:
     QTimer guard;
 };
 
+/// A test whose functions each have a desk of their own, and a court that holds the conversation
+/// written for it. At the end of each, everything announced must have happened, and nothing else.
+class SearchTest : public QObject
+{
+    Q_OBJECT
+protected Q_SLOTS:
+    void init();
+    void cleanup();
+
+protected:
+    std::unique_ptr<SearchDesk> desk;
+    std::unique_ptr<ScriptedCourt> court;
+};
+
 /// The text of a control, found by its name.
 QString TextOf(const QWidget *window, const char *name);
 QPushButton *ButtonOf(const QWidget *window, const char *name);

@@ -31,12 +31,11 @@ void closeBy(frmNameSearchResults *window, UnloadMode mode)
 
 Q_DECLARE_METATYPE(UnloadMode)
 
-class tst_NameSearchClose : public QObject
+class tst_NameSearchClose : public SearchTest
 {
     Q_OBJECT
 private Q_SLOTS:
     void init();
-    void cleanup();
 
     void refusedWhileSearching_data();
     void refusedWhileSearching();
@@ -58,29 +57,12 @@ private Q_SLOTS:
     void searchTakesItsTurnUnderTheQuestion();
     void theFrameInTheMainWindowIsRefusedToo();
     void theFrameInTheMainWindowGoesWithItsWindow();
-
-private:
-    std::unique_ptr<SearchDesk> desk;
-    std::unique_ptr<ScriptedCourt> court;
 };
 
 void tst_NameSearchClose::init()
 {
-    desk = std::make_unique<SearchDesk>();
-    court = std::make_unique<ScriptedCourt>();
+    SearchTest::init();
     Global.bShowAlerts = true;
-}
-
-void tst_NameSearchClose::cleanup()
-{
-    const QString boxes = desk->Boxes.Complaints();
-    const bool allHappened = desk->AllHappened();
-    const QString conversation = court->Complaints();
-    desk.reset();
-    court.reset();
-    QCOMPARE(boxes, QString());
-    QVERIFY(allHappened);
-    QCOMPARE(conversation, QString());
 }
 
 void tst_NameSearchClose::refusedWhileSearching_data()

@@ -2,7 +2,9 @@
 #include "jobs/frmQueue.h"
 #include "namesearch/SearchDesk.h"
 #include "namesearch/frmNameSearchResults.h"
+#include "support/FakeSocket.h"
 
+#include <QPointer>
 #include <QPushButton>
 #include <QTest>
 
@@ -11,15 +13,31 @@ const QString searchFailed =
     u"SEARCH FAILED - COURT CONNECTION LOST - from ProcessSearchReqeusts."_s;
 const QString normalExit = u"NORMAL EXIT - from ProcessSearchReqeusts."_s;
 const QString tooMany = u"This search resulted in more than 200 results.~"_s;
+const QString secondKey = u"22222222222222222222"_s;
+const QString thirdKey = u"33333333333333333333"_s;
+
+/// One row an outcome: the reply that leads to it, whether the user stops the search before that,
+/// and whether what arrives behind the reply is thrown away.
+void addOutcomes()
+{
+    QTest::addColumn<QStringList>("reply");
+    QTest::addColumn<bool>("stops");
+    QTest::addColumn<bool>("clears");
+    QTest::newRow("completed") << QStringList{u"EOF~"_s} << false << true;
+    QTest::newRow("too many hits")
+        << QStringList{u"ERROR~too many hits~"_s, u"EOF~"_s} << false << true;
+    QTest::newRow("more than 200") << QStringList{tooMany} << false << true;
+    QTest::newRow("incomplete") << QStringList{u"ERROR~Court is down~"_s, u"EOF~"_s} << false
+                                << true;
+    QTest::newRow("stopped") << QStringList{u"EOF~"_s} << true << false;
+    QTest::newRow("connection lost") << QStringList{u"bad row~"_s} << false << false;
+}
 } // namespace
 
-class tst_NameSearchEnds : public QObject
+class tst_NameSearchEnds : public SearchTest
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
-
     void outcome_data();
     void outcome();
     void tooManyHitsSendsNoFurtherLine();
@@ -32,29 +50,17 @@ private Q_SLOTS:
     void aRowWithTooFewFieldsLosesTheSearch_data();
     void aRowWithTooFewFieldsLosesTheSearch();
     void aLineWithTooFewFieldsLosesTheSearch();
-    void everyOutcomeGivesTheTurnBackOnce_data();
+    void everyOutcomeGivesTheTurnBackOnce_data() { addOutcomes(); }
     void everyOutcomeGivesTheTurnBackOnce();
+    void anEmptyListGivesTheTurnBackOnce();
+    void whatArrivedTooLateIsThrownAwayInFourOutcomes_data() { addOutcomes(); }
+    void whatArrivedTooLateIsThrownAwayInFourOutcomes();
 
 private:
-    std::unique_ptr<SearchDesk> desk;
-    std::unique_ptr<ScriptedCourt> court;
+    /// Searches, with two other keys waiting behind, to the outcome of the row. A token that nobody
+    /// waits for any more comes in one piece with the reply.
+    void searchToTheOutcome();
 };
-
-void tst_NameSearchEnds::init()
-{
-    desk = std::make_unique<SearchDesk>();
-    court = std::make_unique<ScriptedCourt>();
-}
-
-void tst_NameSearchEnds::cleanup()
-{
-    const QString boxes = desk->Boxes.Complaints();
-    const bool allHappened = desk->AllHappened();
-    desk.reset();
-    court.reset();
-    QCOMPARE(boxes, QString());
-    QVERIFY(allHappened);
-}
 
 void tst_NameSearchEnds::outcome_data()
 {
@@ -149,7 +155,6 @@ void tst_NameSearchEnds::outcome()
     QVERIFY(!window->StopWarningFlag);
     QVERIFY(!Global.bUserStoppedSearch);
     QVERIFY(Global.strRecvBuffer.IsEmpty());
-    QCOMPARE(court->Complaints(), QString());
 }
 
 void tst_NameSearchEnds::tooManyHitsSendsNoFurtherLine()
@@ -188,7 +193,6 @@ void tst_NameSearchEnds::anErrorRowSendsTheLinesThatFollow()
     desk->ConnectTo(*court);
     frmNameSearchResults *window = desk->Start({adams, RequestLine()});
     QVERIFY(desk->Finish(window));
-    QCOMPARE(court->Complaints(), QString());
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Incomplete!"_s);
     QCOMPARE(window->RowCount(), 1);
     QVERIFY(window->SearchIncomplete);
@@ -286,27 +290,48 @@ void tst_NameSearchEnds::aLineWithTooFewFieldsLosesTheSearch()
     QCOMPARE(court->Requests(), QStringList{RequestLine()});
 }
 
-void tst_NameSearchEnds::everyOutcomeGivesTheTurnBackOnce_data()
+void tst_NameSearchEnds::searchToTheOutcome()
 {
-    QTest::addColumn<QStringList>("reply");
-    QTest::newRow("completed") << QStringList{u"EOF~"_s};
-    QTest::newRow("too many hits") << QStringList{u"ERROR~too many hits~"_s, u"EOF~"_s};
-    QTest::newRow("more than 200") << QStringList{tooMany};
-    QTest::newRow("incomplete") << QStringList{u"ERROR~Court is down~"_s, u"EOF~"_s};
-    QTest::newRow("connection lost") << QStringList{u"bad row~"_s};
+    QFETCH(QStringList, reply);
+    QFETCH(bool, stops);
+    FakeSocket *socket = desk->ConnectToNothing();
+    const frmNameSearchResults *window = desk->Start({RequestLine()});
+    frmQueue::Form().FIFO.AddItem(secondKey);
+    frmQueue::Form().FIFO.AddItem(thirdKey);
+    desk->When([socket] { return socket->sent.size() == 1 && !Global.bSendBusy; },
+               [&, socket, window] {
+                   if (stops)
+                       QTest::mouseClick(ButtonOf(window, "cmdStopSearching"), Qt::LeftButton);
+                   socket->Arrive(ScriptedCourt::Tokens(reply + QStringList{u"too late~"_s}));
+               });
+    QTRY_VERIFY(ButtonOf(window, "cmdSearchResults_2")->isEnabled());
+    QCOMPARE(TextOf(window, "lblStatus").contains(u"Stopped By User"), stops);
 }
 
 void tst_NameSearchEnds::everyOutcomeGivesTheTurnBackOnce()
 {
-    QFETCH(QStringList, reply);
-    court->Expect(RequestLine()).Reply(reply);
-    desk->ConnectTo(*court);
-    frmNameSearchResults *window = desk->Start({RequestLine()});
-    frmQueue::Form().FIFO.AddItem(u"11111111111111111111"_s);
-    frmQueue::Form().FIFO.AddItem(u"22222222222222222222"_s);
-    QVERIFY(desk->Finish(window));
-    QCOMPARE(frmQueue::Form().FIFO.Lines(),
-             (QStringList{u"11111111111111111111"_s, u"22222222222222222222"_s}));
+    searchToTheOutcome();
+    QCOMPARE(frmQueue::Form().FIFO.Lines(), (QStringList{secondKey, thirdKey}));
+}
+
+void tst_NameSearchEnds::anEmptyListGivesTheTurnBackOnce()
+{
+    desk->Boxes.Expect(u"No Search Requests Can Be Located! This Form will be closed when you "
+                       "select OK. The Request Queue Appears to be Empty."_s,
+                       u"Search Queue Empty .."_s, MsgIcon::Exclamation);
+    const QPointer<frmNameSearchResults> window(desk->Start({}));
+    frmQueue::Form().FIFO.AddItem(secondKey);
+    frmQueue::Form().FIFO.AddItem(thirdKey);
+    QTRY_VERIFY(window.isNull());
+    QCOMPARE(frmQueue::Form().FIFO.Lines(), (QStringList{secondKey, thirdKey}));
+}
+
+void tst_NameSearchEnds::whatArrivedTooLateIsThrownAwayInFourOutcomes()
+{
+    QFETCH(bool, clears);
+    searchToTheOutcome();
+    QCOMPARE(Global.strRecvBuffer.View().toByteArray(),
+             clears ? QByteArray() : QByteArray("|too late~|"));
 }
 
 QTEST_MAIN(tst_NameSearchEnds)

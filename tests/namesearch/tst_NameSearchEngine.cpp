@@ -38,13 +38,10 @@ private:
 };
 } // namespace
 
-class tst_NameSearchEngine : public QObject
+class tst_NameSearchEngine : public SearchTest
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
-
     void theLogTellsEachStepOfASearch();
     void theLogTellsTheWayFromOneLineToTheNext();
     void rowsOfSeveralLinesAddUp();
@@ -68,27 +65,7 @@ private Q_SLOTS:
     void aSearchLeavesTheLinkToTheNext();
     void theCountIsShownAsRowsArrive();
     void manyRowsAllArrive();
-
-private:
-    std::unique_ptr<SearchDesk> desk;
-    std::unique_ptr<ScriptedCourt> court;
 };
-
-void tst_NameSearchEngine::init()
-{
-    desk = std::make_unique<SearchDesk>();
-    court = std::make_unique<ScriptedCourt>();
-}
-
-void tst_NameSearchEngine::cleanup()
-{
-    const QString boxes = desk->Boxes.Complaints();
-    const bool allHappened = desk->AllHappened();
-    desk.reset();
-    court.reset();
-    QCOMPARE(boxes, QString());
-    QVERIFY(allHappened);
-}
 
 void tst_NameSearchEngine::theLogTellsEachStepOfASearch()
 {
@@ -143,7 +120,6 @@ void tst_NameSearchEngine::rowsOfSeveralLinesAddUp()
     QCOMPARE(rows[2][0], u"C"_s);
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete: 3 Cases Retrieved."_s);
     QCOMPARE(window->lboxQueue.Lines(), lines);
-    QCOMPARE(court->Complaints(), QString());
 }
 
 void tst_NameSearchEngine::theCountBetweenTwoLinesIsThatOfTheLinesBefore()
@@ -204,7 +180,6 @@ void tst_NameSearchEngine::theAccountingTagIsOnTheWireAndNotInTheList()
     window->ClientAcctgCode = u"ABC"_s;
     window->Timer1->start(1);
     QVERIFY(desk->Finish(window));
-    QCOMPARE(court->Complaints(), QString());
     QCOMPARE(window->lboxQueue.Lines(), QStringList{bare});
     QVERIFY(desk->Folder.Logged(u"All Responses Received For Request: "_s + bare));
 }
@@ -216,7 +191,6 @@ void tst_NameSearchEngine::theLineIsSentTrimmedAndKeptAsItIs()
     desk->ConnectTo(*court);
     frmNameSearchResults *window = desk->Start({padded});
     QVERIFY(desk->Finish(window));
-    QCOMPARE(court->Complaints(), QString());
     QCOMPARE(window->lboxQueue.Lines(), QStringList{padded});
 }
 
@@ -401,7 +375,7 @@ void tst_NameSearchEngine::anEmptyListIsToldAndClosesTheWindow()
     const QPointer<frmNameSearchResults> window(desk->MakePending({}));
     desk->Boxes.Expect(u"No Search Requests Can Be Located! This Form will be closed when you "
                        "select OK. The Request Queue Appears to be Empty."_s,
-                       u"Search Queue Empty .."_s);
+                       u"Search Queue Empty .."_s, MsgIcon::Exclamation);
     window->Timer1->start(1);
     QTRY_VERIFY(window.isNull());
     QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
@@ -419,7 +393,6 @@ void tst_NameSearchEngine::aSearchLeavesTheLinkToTheNext()
     frmNameSearchResults *second = desk->Start({RequestLine(u"SMYTHE"_s)});
     QVERIFY(desk->Finish(second));
     QCOMPARE(TextOf(second, "lblStatus"), u"Search Complete: 1 Cases Retrieved."_s);
-    QCOMPARE(court->Complaints(), QString());
 }
 
 void tst_NameSearchEngine::theCountIsShownAsRowsArrive()

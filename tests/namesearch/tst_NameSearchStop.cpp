@@ -33,12 +33,11 @@ bool allRed(const QWidget *window)
 }
 } // namespace
 
-class tst_NameSearchStop : public QObject
+class tst_NameSearchStop : public SearchTest
 {
     Q_OBJECT
 private Q_SLOTS:
     void init();
-    void cleanup();
 
     void stopWhilePendingWithdrawsTheKey();
     void stopWhilePendingLetsTheNextJobStart();
@@ -59,29 +58,12 @@ private Q_SLOTS:
     void pendingOnlyByItsExactText();
     void stopThatCannotBeSentRemovesLineZeroAndLogs();
     void stopTwiceIsNotPossible();
-
-private:
-    std::unique_ptr<SearchDesk> desk;
-    std::unique_ptr<ScriptedCourt> court;
 };
 
 void tst_NameSearchStop::init()
 {
-    desk = std::make_unique<SearchDesk>();
-    court = std::make_unique<ScriptedCourt>();
+    SearchTest::init();
     Global.bShowAlerts = true;
-}
-
-void tst_NameSearchStop::cleanup()
-{
-    const QString boxes = desk->Boxes.Complaints();
-    const bool allHappened = desk->AllHappened();
-    const QString conversation = court->Complaints();
-    desk.reset();
-    court.reset();
-    QCOMPARE(boxes, QString());
-    QVERIFY(allHappened);
-    QCOMPARE(conversation, QString());
 }
 
 void tst_NameSearchStop::stopWhilePendingWithdrawsTheKey()

@@ -14,11 +14,14 @@ class tst_Replies : public QObject
 private Q_SLOTS:
     void kind_data();
     void kind();
+    void kindInTheDistrictCourts_data();
+    void kindInTheDistrictCourts();
     void everySingleByteIsARow();
     void aNulDoesNotHideTheEndMark();
     void veryLongRepliesAreRows();
     void progressText_data();
     void progressText();
+    void progressTextAsItIs();
     void stopRequest_data();
     void stopRequest();
 };
@@ -88,6 +91,33 @@ void tst_Replies::kind()
     QTEST(ClassifyReply(reply), "kind");
 }
 
+void tst_Replies::kindInTheDistrictCourts_data()
+{
+    QTest::addColumn<QString>("reply");
+    QTest::addColumn<ReplyKind>("kind");
+    const auto end = ReplyKind::EndOfReply;
+    const auto row = ReplyKind::Row;
+    QTest::newRow("end mark") << u"EOF~"_s << end;
+    QTest::newRow("end mark in lower case") << u"eof~"_s << end;
+    QTest::newRow("end mark before text") << u"EOF~King~"_s << end;
+    QTest::newRow("end mark behind text") << u"King~3~EOF~"_s << row;
+    QTest::newRow("a row that ends in THEREOF~") << u"HEIRS THEREOF~"_s << row;
+    QTest::newRow("a row that ends in WHEREOF~") << u"WHEREOF~"_s << row;
+    QTest::newRow("too many hits is an error") << u"ERROR~too many hits~"_s << ReplyKind::Error;
+    QTest::newRow("error") << u"ERROR~Court is down~"_s << ReplyKind::Error;
+    QTest::newRow("error that ends in the mark") << u"ERROR~EOF~"_s << ReplyKind::Error;
+    QTest::newRow("error in lower case") << u"error~x~"_s << row;
+    QTest::newRow("progress") << u"Searching~King~"_s << ReplyKind::Progress;
+    QTest::newRow("more than 200")
+        << u"This search resulted in more than 200 results."_s << ReplyKind::MaxResults;
+}
+
+void tst_Replies::kindInTheDistrictCourts()
+{
+    QFETCH(QString, reply);
+    QTEST(ClassifyReply(reply, {EndMark::AtTheBeginning, false}), "kind");
+}
+
 void tst_Replies::everySingleByteIsARow()
 {
     for (int byte = 0; byte < 256; ++byte) {
@@ -124,6 +154,12 @@ void tst_Replies::progressText()
 {
     QFETCH(QString, reply);
     QTEST(ProgressText(reply), "text");
+}
+
+void tst_Replies::progressTextAsItIs()
+{
+    QCOMPARE(ProgressText(u"Searching~King~"_s, true), u"Searching~King~"_s);
+    QCOMPARE(ProgressText(u"SEARCHING"_s, true), QString());
 }
 
 void tst_Replies::stopRequest_data()

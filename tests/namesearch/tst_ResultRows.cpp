@@ -15,6 +15,8 @@ const QStringList sixCells{u"SMITH, JOHN"_s,
                            u"Plaintiff"_s};
 } // namespace
 
+Q_DECLARE_METATYPE(ResultKind)
+
 class tst_ResultRows : public QObject
 {
     Q_OBJECT
@@ -36,8 +38,17 @@ private Q_SLOTS:
     void aRowThatEndsInThereof();
     void endMarkInTheMiddle();
     void idahoHasTheSameFields();
+    void cellsByKind_data();
+    void cellsByKind();
+    void tooFewFieldsByKind_data();
+    void tooFewFieldsByKind();
+    void districtRowsAreCutAtTheTilde();
+    void duplicateName_data();
+    void duplicateName();
     void columnsBySearch_data();
     void columnsBySearch();
+    void columnsByKind_data();
+    void columnsByKind();
 };
 
 void tst_ResultRows::theLastCharacterIsTheDelimiter_data()
@@ -183,6 +194,108 @@ void tst_ResultRows::endMarkInTheMiddle()
 void tst_ResultRows::idahoHasTheSameFields()
 {
     QCOMPARE(ParseResultRow(sixCells.join(u'~') + u'~', ResultKind::Idaho).Cells, sixCells);
+}
+
+void tst_ResultRows::cellsByKind_data()
+{
+    QTest::addColumn<ResultKind>("kind");
+    QTest::addColumn<QString>("row");
+    QTest::addColumn<QString>("cells");
+    QTest::newRow("index") << ResultKind::Index << u"n~c~d~desc~loc~role~title~eff~"_s
+                           << u"n/c/d/desc/title/loc/role/eff"_s;
+    QTest::newRow("bankruptcy") << ResultKind::Bankruptcy
+                                << u"n~c~RETRIEVECOMMAND=BKRPT-1~d~desc~loc~debtor~joint~"_s
+                                << u"n/c/d/desc/loc/debtor / joint/BKRPT-1"_s;
+    for (const ResultKind kind :
+         {ResultKind::DiscisCivil, ResultKind::DiscisStatewide, ResultKind::DiscisAddresses}) {
+        QTest::newRow(qPrintable(u"District "_s + QString::number(static_cast<int>(kind))))
+            << kind << u"  n~1~2~3~4~5~6~7~ "_s << u"n/1/2/3/4/5/6/7"_s;
+    }
+}
+
+void tst_ResultRows::cellsByKind()
+{
+    QFETCH(ResultKind, kind);
+    QFETCH(QString, row);
+    const ResultRow parsed = ParseResultRow(row, kind);
+    QVERIFY(parsed.Complete);
+    QTEST(parsed.Cells.join(u'/'), "cells");
+}
+
+void tst_ResultRows::tooFewFieldsByKind_data()
+{
+    QTest::addColumn<ResultKind>("kind");
+    QTest::addColumn<QString>("row");
+    QTest::newRow("index") << ResultKind::Index << u"n~c~d~desc~loc~role~"_s;
+    QTest::newRow("bankruptcy") << ResultKind::Bankruptcy << u"n~c~r~d~desc~loc~"_s;
+    QTest::newRow("District") << ResultKind::DiscisCivil << u"n~1~2~3~4~5~"_s;
+    QTest::newRow("District, another delimiter")
+        << ResultKind::DiscisCivil << u"n;1;2;3;4;5;6;7;"_s;
+    QTest::newRow("District, nothing") << ResultKind::DiscisCivil << QString();
+}
+
+void tst_ResultRows::tooFewFieldsByKind()
+{
+    QFETCH(ResultKind, kind);
+    QFETCH(QString, row);
+    QVERIFY(!ParseResultRow(row, kind).Complete);
+}
+
+void tst_ResultRows::districtRowsAreCutAtTheTilde()
+{
+    // The last character is no delimiter there.
+    const ResultRow row = ParseResultRow(u"A~1~2~3~4~5~6~7"_s, ResultKind::DiscisStatewide);
+    QVERIFY(row.Complete);
+    QCOMPARE(row.Cells.last(), u"7"_s);
+}
+
+void tst_ResultRows::duplicateName_data()
+{
+    QTest::addColumn<QString>("row");
+    QTest::addColumn<bool>("name");
+    QTest::newRow("NCNMD") << u"NCNMD~SMITH~M~"_s << true;
+    QTest::newRow("NCDND") << u"NCDND~SMITH~M~"_s << true;
+    QTest::newRow("behind blanks") << u"  NCNMD~SMITH~M~"_s << true;
+    QTest::newRow("a case") << u"SMITH~1~2~3~4~5~6~7~"_s << false;
+    QTest::newRow("not at the beginning") << u"SMITH~NCNMD~"_s << false;
+    QTest::newRow("nothing") << QString() << false;
+}
+
+void tst_ResultRows::duplicateName()
+{
+    QFETCH(QString, row);
+    QTEST(IsDuplicateName(row), "name");
+}
+
+void tst_ResultRows::columnsByKind_data()
+{
+    QTest::addColumn<ResultKind>("kind");
+    QTest::addColumn<QString>("columns");
+    QTest::newRow("civil") << ResultKind::DiscisCivil
+                           << u"Name 2300, Case No. 1100, Court Code 1000, Court Location 1800, "
+                              "Type 500, Status 700, Party 800, Vio./File Date 1500"_s;
+    QTest::newRow("SNCI") << ResultKind::DiscisStatewide
+                          << u"Name 2400, Case No. 1100, L.E.A. 800, Court 1500, Type 700, "
+                             "Status 600, Party 600, Vio./File Date 1500"_s;
+    QTest::newRow("DND") << ResultKind::DiscisAddresses
+                         << u"Name 2400, Case No. 1100, Court 1500, LEA 700, Type 700, Status 600, "
+                            "Party 600, Vio./File Date 1500"_s;
+    QTest::newRow("names, SNCI")
+        << ResultKind::NamesStatewide
+        << u"Name 2300, Sex 700, D.O.B. 1200, Race 700, Height 800, Weight 800, "
+           "Physical Desc. 2300, Notes 900"_s;
+    QTest::newRow("names, DND") << ResultKind::NamesAddresses
+                                << u"Name 2400, Sex 500, D.O.B. 1200, Adddress 2600, Race 500, "
+                                   "Ht. 400, Wt. 400, Phys. Desc. 800"_s;
+}
+
+void tst_ResultRows::columnsByKind()
+{
+    QFETCH(ResultKind, kind);
+    QStringList columns;
+    for (const ResultColumn &column : ResultColumnsOf(kind))
+        columns.append(column.header.toString() + u' ' + QString::number(column.width));
+    QTEST(columns.join(u", "_s), "columns");
 }
 
 void tst_ResultRows::columnsBySearch_data()

@@ -1,6 +1,9 @@
 #include "namesearch/SearchCriteria.h"
 
 #include "core/RunTimeError.h"
+#include "courts/Counties.h"
+#include "courts/DiscisCourts.h"
+#include "support/TestFolder.h"
 
 #include <QTest>
 
@@ -32,6 +35,14 @@ private Q_SLOTS:
     void tooFewFields_data();
     void tooFewFields();
     void blanksAroundTheLine();
+    void captionOfEachState_data();
+    void captionOfEachState();
+    void indexLine();
+    void givenCriteria_data();
+    void givenCriteria();
+    void districtCaption_data();
+    void districtCaption();
+    void districtLineWithTooFewFields();
     void county_data();
     void county();
 };
@@ -137,6 +148,107 @@ void tst_SearchCriteria::blanksAroundTheLine()
     QCOMPARE(criteria.Caption, u"SMITH, JOHN, Q in King County, Washington Superior Courts"_s);
 }
 
+void tst_SearchCriteria::captionOfEachState_data()
+{
+    QTest::addColumn<QString>("state");
+    QTest::addColumn<QString>("county");
+    QTest::addColumn<QString>("caption");
+    const QString list = u"Ada, Adams, Bannock, Bear Lake, Benewah Counties"_s;
+    QTest::newRow("Oregon") << u"OR"_s << u"BAK C"_s
+                            << u"SMITH in Baker County, Oregon Circuit/District Courts"_s;
+    QTest::newRow("Oregon, a name of two words")
+        << u"OR"_s << u"HOO D"_s << u"SMITH in Hood River County, Oregon Circuit/District Courts"_s;
+    QTest::newRow("Oregon, several")
+        << u"OR"_s << u"BAK C,BEN C,"_s
+        << u"SMITH in Baker,Benton County, Oregon Circuit/District Courts"_s;
+    QTest::newRow("Oregon, 35 characters and more")
+        << u"OR"_s << u"BAK C,BEN C,CLA C,CLT C,COL C,COO C,"_s
+        << u"SMITH in %1.. Counties, Oregon Circuit/District Courts"_s;
+    QTest::newRow("Oregon, statewide has no county")
+        << u"OR"_s << u"*ALL"_s << u"SMITH in  County, Oregon Circuit/District Courts"_s;
+    QTest::newRow("Idaho") << u"ID"_s << u"Ada,"_s << u"SMITH in "_s + list;
+    QTest::newRow("Idaho, statewide") << u"ID"_s << u"*ALL"_s << u"SMITH in "_s + list;
+    QTest::newRow("Idaho, several") << u"ID"_s << u"Ada,Adams,"_s << u"SMITH in "_s + list.left(35);
+    QTest::newRow("no such state") << u"IDBK"_s << u"King,"_s << QString();
+}
+
+void tst_SearchCriteria::captionOfEachState()
+{
+    QFETCH(QString, state);
+    QFETCH(QString, county);
+    QFETCH(QString, caption);
+    if (caption.contains(u"%1")) {
+        QStringList names;
+        for (const QString &entry : county.chopped(1).split(u','))
+            names.append(GetOrCountyName(entry.left(3)));
+        QVERIFY(names.join(u',').size() >= 35);
+        caption = caption.arg(names.join(u',').left(35));
+    }
+    const QString line = wire(u"OREGON/SEARCH/SMITH////"_s + county + u"/CV,///"_s);
+    QCOMPARE(CriteriaOf(line, {state, false, u"Ada, Adams, Bannock, Bear Lake, Benewah Counties"_s})
+                 .Caption,
+             caption);
+}
+
+void tst_SearchCriteria::indexLine()
+{
+    const SearchCriteria criteria =
+        CriteriaOf(u"INDEX~SEARCH~SMITH~JOHN~Q~~Adams,King,~Criminal,~1970~2005~LL=1~UL=500~"_s,
+                   {u"WA"_s, true});
+    QCOMPARE(criteria.Name, u"SMITH, JOHN, Q"_s);
+    QCOMPARE(criteria.CaseTypes, u"Criminal"_s);
+    QCOMPARE(criteria.Caption,
+             u"SMITH, JOHN, Q in Adams,King County, Washington Superior Courts"_s);
+}
+
+void tst_SearchCriteria::givenCriteria_data()
+{
+    QTest::addColumn<QString>("state");
+    QTest::addColumn<bool>("given");
+    for (const QString &state : {u"ORBK"_s, u"WAEBK"_s, u"WAWBK"_s})
+        QTest::newRow(qPrintable(state)) << state << true;
+    for (const QString &state : {u"IDBK"_s, u"WA"_s, u"OR"_s, u"ID"_s, QString()})
+        QTest::newRow(qPrintable(state + u'.')) << state << false;
+}
+
+void tst_SearchCriteria::givenCriteria()
+{
+    QFETCH(QString, state);
+    QTEST(KeepsGivenCriteria(state), "given");
+}
+
+void tst_SearchCriteria::districtCaption_data()
+{
+    QTest::addColumn<QString>("court");
+    QTest::addColumn<QString>("caption");
+    const QString tail = u", Washington District/Municipal Courts"_s;
+    QTest::newRow("a court's county") << u"BED"_s << u"SMITH, JOHN in Benton County"_s + tail;
+    QTest::newRow("statewide") << u"*SW"_s << u"SMITH, JOHN in Statewide - All Counties"_s + tail;
+}
+
+void tst_SearchCriteria::districtCaption()
+{
+    const TestFolder folder;
+    LoadDiscisCourts();
+    QFETCH(QString, court);
+    const SearchCriteria criteria =
+        DiscisCriteria(wire(u"WADISCIS/SEARCH/SMITH/JOHN//"_s + court + u"/CV/CNCI/"_s),
+                       u"Statewide - All Counties"_s);
+    QCOMPARE(criteria.Name, u"SMITH, JOHN"_s);
+    QTEST(criteria.Caption, "caption");
+}
+
+void tst_SearchCriteria::districtLineWithTooFewFields()
+{
+    int number = 0;
+    try {
+        DiscisCriteria(wire(u"WADISCIS/SEARCH/SMITH/JOHN/"_s), {});
+    } catch (const RunTimeError &error) {
+        number = error.Number();
+    }
+    QCOMPARE(number, 9);
+}
+
 void tst_SearchCriteria::county_data()
 {
     QTest::addColumn<QString>("line");
@@ -155,5 +267,5 @@ void tst_SearchCriteria::county()
     QTEST(CountyOfRequest(wire(line)), "county");
 }
 
-QTEST_APPLESS_MAIN(tst_SearchCriteria)
+QTEST_GUILESS_MAIN(tst_SearchCriteria)
 #include "tst_SearchCriteria.moc"

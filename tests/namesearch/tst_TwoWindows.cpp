@@ -16,13 +16,10 @@ const QString stopRequest = u"STOP\u00A6"_s;
 const QString pending = u"Pending .."_s;
 } // namespace
 
-class tst_TwoWindows : public QObject
+class tst_TwoWindows : public SearchTest
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
-
     void theSecondWaitsAndStartsWhenTheFirstEnds();
     void whoWaitsForTheLinkBlinksSlowly();
     void whoWaitsBehindAKeyBlinksAsItDid();
@@ -36,29 +33,7 @@ private Q_SLOTS:
     void aLogoutEndsWhatIsPending();
     void nobodyIsInTheSpareQueue();
     void threeSearchesOneAfterTheOther();
-
-private:
-    std::unique_ptr<SearchDesk> desk;
-    std::unique_ptr<ScriptedCourt> court;
 };
-
-void tst_TwoWindows::init()
-{
-    desk = std::make_unique<SearchDesk>();
-    court = std::make_unique<ScriptedCourt>();
-}
-
-void tst_TwoWindows::cleanup()
-{
-    const QString boxes = desk->Boxes.Complaints();
-    const bool allHappened = desk->AllHappened();
-    const QString conversation = court->Complaints();
-    desk.reset();
-    court.reset();
-    QCOMPARE(boxes, QString());
-    QVERIFY(allHappened);
-    QCOMPARE(conversation, QString());
-}
 
 void tst_TwoWindows::theSecondWaitsAndStartsWhenTheFirstEnds()
 {

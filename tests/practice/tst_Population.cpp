@@ -68,6 +68,7 @@ private Q_SLOTS:
     void casesAreInOrder();
     void everybodyHasACase();
     void everyCaseHasItsCertainParties();
+    void theCaseKnowsItsParties();
     void commonNamesAreCommon();
     void textsFitTheWire();
     void theSeedSettlesEverything();
@@ -279,6 +280,19 @@ void tst_Population::everyCaseHasItsCertainParties()
                 QVERIFY(std::count(roles.begin(), roles.end(), QString::fromUtf16(kind.role)) > 0);
         }
     }
+}
+
+void tst_Population::theCaseKnowsItsParties()
+{
+    std::map<quint32, std::vector<quint32>> partiesOf;
+    for (quint32 part = 0; part < people().Parts().size(); ++part)
+        partiesOf[people().Parts()[part].courtCase].push_back(part);
+    for (const auto &[courtCase, parties] : partiesOf)
+        QCOMPARE(people().PartiesOf(courtCase), parties);
+
+    Population population;
+    const quint32 lonely = population.AddCase({});
+    QVERIFY(population.PartiesOf(lonely).empty());
 }
 
 void tst_Population::commonNamesAreCommon()

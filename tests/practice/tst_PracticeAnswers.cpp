@@ -1,8 +1,6 @@
 #include "core/Windows1252.h"
-#include "practice/Conversation.h"
 #include "practice/CourtTables.h"
-#include "practice/MadeUpPeople.h"
-#include "practice/PracticeScript.h"
+#include "practice/PracticeAsk.h"
 #include "practice/SuperiorSearch.h"
 
 #include <QTest>
@@ -13,34 +11,7 @@ using namespace Practice;
 using namespace Qt::StringLiterals;
 
 namespace {
-const QDate someDay(2026, 8, 19);
 const QString end = u"EOF~"_s;
-
-const Population &people()
-{
-    static const Population population = MakePopulation(1, someDay);
-    return population;
-}
-
-/// A conversation that `user` has logged in to, or has tried to.
-Conversation loggedIn(const QString &user = u"ann"_s)
-{
-    Conversation conversation(people(), someDay);
-    conversation.Answer(ToWindows1252(u"LOGON¦%1¦pw¦AppVer-9.00¦"_s.arg(user)));
-    return conversation;
-}
-
-QStringList ask(Conversation &conversation, const QString &request, qsizetype most = 1'000)
-{
-    return ScriptOf(conversation.Answer(ToWindows1252(request)), most);
-}
-
-/// What a search brings, without progress.
-QStringList search(const QString &request, qsizetype most = 1'000)
-{
-    Conversation conversation = loggedIn();
-    return WithoutProgress(ask(conversation, request, most));
-}
 
 /// The rows that stand in a script.
 QStringList rowsOf(const QStringList &script)
@@ -124,17 +95,17 @@ void tst_PracticeAnswers::logins()
     QFETCH(QStringList, script);
     QFETCH(bool, accepted);
 
-    Conversation conversation(people(), someDay);
-    QCOMPARE(ask(conversation, u"LOGON¦"_s + fields), script);
+    Conversation conversation(People(), someDay);
+    QCOMPARE(Ask(conversation, u"LOGON¦"_s + fields), script);
     const QStringList refused{u"ERROR~Not logged in~"_s, end};
-    QCOMPARE(ask(conversation, u"OREGON¦SEARCH¦"_s) == refused, !accepted);
+    QCOMPARE(Ask(conversation, u"OREGON¦SEARCH¦"_s) == refused, !accepted);
 }
 
 void tst_PracticeAnswers::aFailedLoginLogsOut()
 {
-    Conversation conversation = loggedIn();
-    ask(conversation, u"LOGON¦nobody¦pw¦v¦"_s);
-    QCOMPARE(ask(conversation, u"OREGON¦SEARCH¦"_s), (QStringList{u"ERROR~Not logged in~"_s, end}));
+    Conversation conversation = LoggedIn();
+    Ask(conversation, u"LOGON¦nobody¦pw¦v¦"_s);
+    QCOMPARE(Ask(conversation, u"OREGON¦SEARCH¦"_s), (QStringList{u"ERROR~Not logged in~"_s, end}));
 }
 
 void tst_PracticeAnswers::exchanges_data()
@@ -183,15 +154,21 @@ void tst_PracticeAnswers::exchanges_data()
     QTest::newRow("a case of the superior courts")
         << u"ann"_s << u"WASUP¦SUMMARY¦94-1-00042-1¦King¦¦"_s << empty;
     QTest::newRow("nothing of the superior courts") << u"ann"_s << u"WASUP¦"_s << empty;
-    QTest::newRow("Oregon") << u"ann"_s << u"OREGON¦SEARCH¦SMITH¦¦¦¦*ALL¦CV,¦¦¦"_s << empty;
-    QTest::newRow("Idaho") << u"ann"_s << u"IDSUP¦SEARCH¦SMITH¦¦¦¦*ALL¦CV,¦¦¦"_s << empty;
-    QTest::newRow("district courts")
-        << u"ann"_s << u"WADISCIS¦SEARCH¦SMITH¦¦¦*SW¦IN¦SNCI¦"_s << empty;
-    QTest::newRow("index") << u"ann"_s
-                           << u"INDEX~SEARCH~SMITH~~~~King,~Civil,~1970~2005~LL=1~UL=500~"_s
-                           << empty;
-    QTest::newRow("bankruptcy") << u"ann"_s << u"BKRPT~SEARCHSSN~123456789~ID~*ALL~1980~2005~"_s
-                                << empty;
+    const auto nothing = [&](const char *name, const QString &request) {
+        QTest::newRow(name) << u"ann"_s << request << QStringList{end};
+    };
+    nothing("a case of Oregon", u"OREGON¦SUMMARY,NAMES,DOCKET,¦CV08060677¦MCR C¦"_s);
+    nothing("a case of Idaho", u"IDSUP¦SUMMARY,NAMES,DOCKET,¦CR-1998-0002546-IN¦Ada¦"_s);
+    nothing("a civil case", u"WADISCIS¦¦¦¦5KS000123¦SC¦KSD¦CV¦CIVI¦¦"_s);
+    nothing("a non-civil case", u"WADISCIS¦¦¦¦3YH809020¦IT¦KSD¦IN¦NCC¦¦"_s);
+    nothing("a bankruptcy", u"BKRPT~SUMMARY~99-20077~OR~"_s);
+    nothing("cases of the index", u"INDEX~SUMMARY~94-1-00042-1~"_s);
+    nothing("nothing of Oregon", u"OREGON¦"_s);
+    nothing("nothing of the bankruptcy courts", u"BKRPT~"_s);
+    nothing("cases of a listed person, statewide",
+            u"WADISCIS¦SEARCH¦SMITH¦SMITH, JOHN¦M¦¦¦¦¦¦¦1¦SNCINMD¦"_s);
+    nothing("cases of a listed person with addresses",
+            u"WADISCIS¦SEARCH¦SMITH¦SMITH, JOHN¦M¦¦1¦2¦DNDND¦"_s);
 }
 
 void tst_PracticeAnswers::exchanges()
@@ -200,8 +177,8 @@ void tst_PracticeAnswers::exchanges()
     QFETCH(QString, request);
     QFETCH(QStringList, script);
 
-    Conversation conversation = loggedIn(user);
-    QCOMPARE(ask(conversation, request), script);
+    Conversation conversation = LoggedIn(user);
+    QCOMPARE(Ask(conversation, request), script);
 }
 
 void tst_PracticeAnswers::beforeTheLogin_data()
@@ -227,14 +204,14 @@ void tst_PracticeAnswers::beforeTheLogin()
     QFETCH(QString, request);
     QFETCH(QString, first);
 
-    Conversation conversation(people(), someDay);
-    QCOMPARE(ask(conversation, request), (QStringList{first, end}));
+    Conversation conversation(People(), someDay);
+    QCOMPARE(Ask(conversation, request), (QStringList{first, end}));
 }
 
 void tst_PracticeAnswers::theGuidesSearch()
 {
-    Conversation conversation = loggedIn();
-    QCOMPARE(ask(conversation, u"WASUP¦SEARCH¦SMITH¦JOHN¦Q¦¦King,¦Civil,Criminal,¦¦¦"_s),
+    Conversation conversation = LoggedIn();
+    QCOMPARE(Ask(conversation, u"WASUP¦SEARCH¦SMITH¦JOHN¦Q¦¦King,¦Civil,Criminal,¦¦¦"_s),
              (QStringList{
                  u"SEARCHING~King~County~Superior~Court~.."_s,
                  u"SEARCHING~the~index~of~names~.."_s,
@@ -249,8 +226,8 @@ void tst_PracticeAnswers::theGuidesSearch()
 
 void tst_PracticeAnswers::progressComesFirst()
 {
-    Conversation conversation = loggedIn();
-    const QStringList script = ask(conversation, u"WASUP¦SEARCH¦ACME¦¦¦¦Walla Walla,Pierce,¦¦¦¦"_s);
+    Conversation conversation = LoggedIn();
+    const QStringList script = Ask(conversation, u"WASUP¦SEARCH¦ACME¦¦¦¦Walla Walla,Pierce,¦¦¦¦"_s);
     QCOMPARE(script[0], u"SEARCHING~Walla~Walla~County~Superior~Court~.."_s);
     QCOMPARE(script[1], u"SEARCHING~Pierce~County~Superior~Court~.."_s);
     qsizetype progress = 0;
@@ -304,7 +281,7 @@ void tst_PracticeAnswers::filters()
     QFETCH(QStringList, numbers);
 
     QStringList found;
-    const QStringList script = search(u"WASUP¦SEARCH¦SMITH¦JOHN¦Q¦¦"_s + tail);
+    const QStringList script = Search(u"WASUP¦SEARCH¦SMITH¦JOHN¦Q¦¦"_s + tail);
     QCOMPARE(script.last(), end);
     for (const QString &row : rowsOf(script))
         found.append(row.split(u'~')[1]);
@@ -314,7 +291,7 @@ void tst_PracticeAnswers::filters()
 
 void tst_PracticeAnswers::rowsPassTheFilters()
 {
-    const QStringList script = search(u"WASUP¦SEARCH¦SMITH¦J¦¦¦King,¦Civil,¦1990¦2009¦"_s);
+    const QStringList script = Search(u"WASUP¦SEARCH¦SMITH¦J¦¦¦King,¦Civil,¦1990¦2009¦"_s);
     QVERIFY(script.size() > 10);
     for (const QString &row : rowsOf(script)) {
         const QStringList fields = row.split(u'~');
@@ -330,7 +307,7 @@ void tst_PracticeAnswers::rowsPassTheFilters()
 
 void tst_PracticeAnswers::rowsAreInOrder()
 {
-    const QStringList rows = rowsOf(search(u"WASUP¦SEARCH¦SMITH¦¦¦¦King,¦¦¦¦"_s, 5'000));
+    const QStringList rows = rowsOf(Search(u"WASUP¦SEARCH¦SMITH¦¦¦¦King,¦¦¦¦"_s, 5'000));
     QVERIFY(rows.size() > 200);
     const auto key = [](const QString &row) {
         const QStringList fields = row.split(u'~');
@@ -342,7 +319,7 @@ void tst_PracticeAnswers::rowsAreInOrder()
 
 void tst_PracticeAnswers::archivedCasesAreMarked()
 {
-    QCOMPARE(search(u"WASUP¦SEARCH¦SMITH¦JOHN¦Q¦¦Adams,¦¦¦¦"_s),
+    QCOMPARE(Search(u"WASUP¦SEARCH¦SMITH¦JOHN¦Q¦¦Adams,¦¦¦¦"_s),
              (QStringList{u"SMITH, JOHN Q~*96-9-00005-9~02/14/1996~Abstract of Judgment~"
                           "WA Superior Ct Adams County~Judgment Debtor~"_s,
                           end}));
@@ -353,13 +330,13 @@ void tst_PracticeAnswers::aBusinessIsFoundByItsWords()
     const QString row = u"ACME PLUMBING INC~98-2-00017-7~03/16/1998~Tort - Motor Vehicle~"
                         "WA Superior Ct King County~Defendant~"_s;
     for (const QString &name : {u"ACME PLUMBING INC"_s, u"acme"_s, u"PLUMBING ACME"_s})
-        QCOMPARE(search(u"WASUP¦SEARCH¦%1¦¦¦¦King,¦¦¦¦"_s.arg(name)), (QStringList{row, end}));
-    QCOMPARE(search(u"WASUP¦SEARCH¦ACME¦JOHN¦¦¦King,¦¦¦¦"_s), QStringList{end});
+        QCOMPARE(Search(u"WASUP¦SEARCH¦%1¦¦¦¦King,¦¦¦¦"_s.arg(name)), (QStringList{row, end}));
+    QCOMPARE(Search(u"WASUP¦SEARCH¦ACME¦JOHN¦¦¦King,¦¦¦¦"_s), QStringList{end});
 }
 
 void tst_PracticeAnswers::anAccentedNameIsFound()
 {
-    const QStringList rows = rowsOf(search(u"WASUP¦SEARCH¦muñoz¦¦¦¦King,Pierce,¦¦¦¦"_s));
+    const QStringList rows = rowsOf(Search(u"WASUP¦SEARCH¦muñoz¦¦¦¦King,Pierce,¦¦¦¦"_s));
     QVERIFY(!rows.isEmpty());
     QVERIFY(rows.first().startsWith(u"MUÑOZ, "_s));
 }
@@ -367,10 +344,10 @@ void tst_PracticeAnswers::anAccentedNameIsFound()
 void tst_PracticeAnswers::theTagChangesNothing()
 {
     const QString bare = u"WASUP¦SEARCH¦SMITH¦JOHN¦Q¦¦King,¦Civil,¦¦%1¦"_s;
-    const QStringList script = search(bare.arg(QString()));
+    const QStringList script = Search(bare.arg(QString()));
     QCOMPARE(rowsOf(script).size(), 1);
-    QCOMPARE(search(bare.arg(u"^^CAC:ABC^^"_s)), script);
-    QCOMPARE(search(bare.arg(u"^^CAC:^^"_s)), script);
+    QCOMPARE(Search(bare.arg(u"^^CAC:ABC^^"_s)), script);
+    QCOMPARE(Search(bare.arg(u"^^CAC:^^"_s)), script);
 }
 
 void tst_PracticeAnswers::malformedSearches_data()
@@ -393,7 +370,7 @@ void tst_PracticeAnswers::malformedSearches()
 {
     QFETCH(QString, request);
     QFETCH(QString, error);
-    QCOMPARE(search(request), (QStringList{error, end}));
+    QCOMPARE(Search(request), (QStringList{error, end}));
 }
 
 void tst_PracticeAnswers::toldNames_data()
@@ -427,7 +404,7 @@ void tst_PracticeAnswers::toldNames()
 
     const QString request = u"WASUP¦SEARCH¦%1¦¦¦King,¦Civil,Criminal,¦¦¦"_s.arg(name);
     QStringList found;
-    for (const QString &step : search(request)) {
+    for (const QString &step : Search(request)) {
         const bool row = step.count(u'~') == 6;
         if (row)
             QVERIFY2(step.startsWith(name.section(u'¦', 0, 0) + u", "), qPrintable(step));
@@ -439,7 +416,7 @@ void tst_PracticeAnswers::toldNames()
 void tst_PracticeAnswers::toldRowsPassTheFilters()
 {
     const QStringList rows =
-        rowsOf(search(u"WASUP¦SEARCH¦MANY¦300¦¦¦Pierce,¦Criminal,Probate,¦1990¦1992¦"_s));
+        rowsOf(Search(u"WASUP¦SEARCH¦MANY¦300¦¦¦Pierce,¦Criminal,Probate,¦1990¦1992¦"_s));
     QCOMPARE(rows.size(), 300);
     std::set<QString> numbers;
     for (const QString &row : rows) {
@@ -457,7 +434,7 @@ void tst_PracticeAnswers::toldRowsPassTheFilters()
     for (const QString &tail :
          {u"Baker,¦¦¦¦"_s, u"King,¦Sealed,¦¦¦"_s, u"King,¦¦2001¦2000¦"_s, u"King,¦¦2030¦2040¦"_s}) {
         for (const QString &name : {u"MANY"_s, u"THEREOF"_s, u"SLOW"_s})
-            QCOMPARE(rowsOf(search(u"WASUP¦SEARCH¦%1¦0¦¦¦"_s.arg(name) + tail)).size(), 0);
+            QCOMPARE(rowsOf(Search(u"WASUP¦SEARCH¦%1¦0¦¦¦"_s.arg(name) + tail)).size(), 0);
     }
 }
 
@@ -481,7 +458,7 @@ void tst_PracticeAnswers::manyRows()
     QFETCH(qsizetype, count);
 
     const QStringList script =
-        search(u"WASUP¦SEARCH¦MANY¦%1¦¦¦King,¦Civil,¦¦¦"_s.arg(first), 300'000);
+        Search(u"WASUP¦SEARCH¦MANY¦%1¦¦¦King,¦Civil,¦¦¦"_s.arg(first), 300'000);
     QCOMPARE(script.size(), count + 1);
     QCOMPARE(script.last(), end);
     QCOMPARE(std::set<QString>(script.begin(), script.end()).size(),
@@ -504,9 +481,9 @@ void tst_PracticeAnswers::slow()
     QFETCH(QString, first);
     QFETCH(int, seconds);
 
-    Conversation conversation = loggedIn();
+    Conversation conversation = LoggedIn();
     const QStringList script =
-        ask(conversation, u"WASUP¦SEARCH¦SLOW¦%1¦¦¦King,¦Civil,¦¦¦"_s.arg(first), 10'000);
+        Ask(conversation, u"WASUP¦SEARCH¦SLOW¦%1¦¦¦King,¦Civil,¦¦¦"_s.arg(first), 10'000);
     QCOMPARE(script.count(u"<pause 1000>"_s), seconds);
     QCOMPARE(rowsOf(WithoutProgress(script)).size(), 3);
     for (int second = 1; second <= seconds; ++second) {
@@ -539,7 +516,7 @@ void tst_PracticeAnswers::rubbish_data()
 void tst_PracticeAnswers::rubbish()
 {
     QFETCH(QByteArray, request);
-    Conversation conversation = loggedIn();
+    Conversation conversation = LoggedIn();
     QCOMPARE(ScriptOf(conversation.Answer(request)),
              (QStringList{u"ERROR~Unknown request~"_s, end}));
 }

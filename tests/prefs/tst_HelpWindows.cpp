@@ -416,10 +416,8 @@ void tst_HelpWindows::topics_data()
     row(HelpTopic::Batch, 3, u"Entering a Batch of Numbers"_s, u"Retrieve and Print All"_s);
     row(HelpTopic::Jurisdictions, 4, u"Selecting Jurisdiction(s)"_s, u"templates.ini"_s);
     row(HelpTopic::NumberCounty, 5, u"Entering a Number and its County"_s, u"09-2-02029-9"_s);
-    row(HelpTopic::DiscisCaseType, 6, u"Selecting a District or Municipal Case Type"_s,
-        u"infractions"_s);
-    row(HelpTopic::DiscisCourts, 7, u"Selecting District and Municipal Courts"_s,
-        u"173 requests"_s);
+    row(HelpTopic::DiscisCaseType, 6, u"Selecting Civil or Non-Civil"_s, u"infractions"_s);
+    row(HelpTopic::DiscisCourts, 7, u"Selecting Court(s)"_s, u"173 requests"_s);
     row(HelpTopic::BankruptcyCourts, 8, u"Selecting Bankruptcy Court(s)"_s,
         u"Washington (Western)"_s);
     row(HelpTopic::CaseTypes, 9, u"Selecting Case Type(s)"_s,

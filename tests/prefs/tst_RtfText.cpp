@@ -135,6 +135,7 @@ void tst_RtfText::badInput_data()
     QTest::newRow("ends in a backslash") << QByteArray("{\\rtf1 one\\") << u"one"_s;
     QTest::newRow("ends in half a character") << QByteArray(R"({\rtf1 one\'4)") << u"one"_s;
     QTest::newRow("ends in a word") << QByteArray(R"({\rtf1 one\pa)") << u"one"_s;
+    QTest::newRow("ends in a number") << QByteArray(R"({\rtf1 one\u82)") << u"one"_s;
     QTest::newRow("ends in a minus") << QByteArray(R"({\rtf1 one\u-)") << u"one-"_s;
     QByteArray rubbish;
     for (int i = 0; i < 256; ++i)
@@ -200,6 +201,7 @@ void tst_RtfText::tenMegabytes()
     QVERIFY(timer.elapsed() < mostMilliseconds);
     QVERIFY(text.startsWith(u"one"_s));
     QVERIFY(text.size() <= mostRtfCharacters);
+    QVERIFY(ReadRtf(rtf).size() <= mostRtfRuns);
 }
 
 void tst_RtfText::theHelpFileReadsWhole()
@@ -207,6 +209,7 @@ void tst_RtfText::theHelpFileReadsWhole()
     QFile file(QStringLiteral(HALVANE_DATA_DIR "/Helpstep2.Rtf"));
     QVERIFY(file.open(QIODevice::ReadOnly));
     const QList<RtfRun> runs = ReadRtf(file.readAll());
+    QVERIFY(!runs.isEmpty());
     const QString text = textOf(runs);
     QCOMPARE(runs.first(),
              (RtfRun{.Text = u"A search in steps"_s, .Bold = true, .HalfPoints = 28}));

@@ -114,6 +114,7 @@ private Q_SLOTS:
 
     void oneNumber_data();
     void oneNumber();
+    void threeCaseTypesAreRestricted();
     void theFieldNumberIsTheRowCountedFromOne();
     void aBatchWithoutNumbersPasses();
     void emptyRowsInTheMiddleArePassedOver();
@@ -203,6 +204,19 @@ void tst_BatchFieldRules::oneNumber()
     QCOMPARE(rowsFolder->Log(), QStringList());
 }
 
+void tst_BatchFieldRules::threeCaseTypesAreRestricted()
+{
+    const TestFolder folder;
+    for (const QChar digit : u"0123456789"_s) {
+        SearchEntry entry =
+            one(CourtFamily::Superior, u"09"_s + digit + u"020290"_s, u"Elsewhere"_s);
+        TalkRecorder talk;
+        const bool closed = digit == u'5' || digit == u'6' || digit == u'7';
+        QCOMPARE(ValidateBatchSearchFields(entry, talk), !closed);
+        QCOMPARE(talk.Told, closed ? QStringList{restricted(digit, 5)} : QStringList());
+    }
+}
+
 void tst_BatchFieldRules::theFieldNumberIsTheRowCountedFromOne()
 {
     const TestFolder folder;
@@ -281,12 +295,13 @@ void tst_BatchFieldRules::okMovesToTheNextRow()
     SearchEntry entry = batch(CourtFamily::Superior, {{2, u"X"_s, u"King"_s},
                                                       {5, u"Y"_s, u"King"_s},
                                                       {6, u"092020294"_s, u"King"_s},
-                                                      {7, u"Z"_s, u"King"_s}});
+                                                      {7, u"Z"_s, u"Pierce"_s}});
     TalkRecorder talk({true, true, false});
     QVERIFY(!ValidateBatchSearchFields(entry, talk));
     QCOMPARE(talk.Told,
              (QStringList{askNonScomis(3), askNonScomis(6), askNonScomis(8), nonScomis(8)}));
     QCOMPARE(entry.Batch[6].Number, u"09-2-02029-4"_s);
+    // The right number of the row before is not taken for the last row's, where it would be wrong.
     TalkRecorder consent({true, true, true});
     QVERIFY(ValidateBatchSearchFields(entry, consent));
     QCOMPARE(consent.AnswersLeft(), qsizetype(0));

@@ -412,6 +412,7 @@ void tst_CaseNumbers::checkDigitOfWhatIsNoNumber_data()
     QTest::newRow("no number") << u"17"_s << QString();
     QTest::newRow("a number without dashes") << u"17"_s << u"092020294"_s;
     QTest::newRow("dashes in other places") << u"17"_s << u"092-02-029-4"_s;
+    QTest::newRow("a dash behind") << u"17"_s << u"09-2-02029-4-"_s;
     QTest::newRow("a letter") << u"17"_s << u"09-A-02029-4"_s;
     QTest::newRow("too short") << u"17"_s << u"09-2-02029"_s;
     QTest::newRow("too long") << u"17"_s << u"09-2-02029-44"_s;

@@ -109,8 +109,6 @@ void tst_DiscisRequests::statewideNonCivil_data()
         << u"Statewide - All Counties - Defendants and Addresses"_s;
     QTest::newRow("the item decides, not the index")
         << 1 << statewideItem << u"SNCI"_s << u"Statewide - All Counties"_s;
-    QTest::newRow("any other item") << 0 << u"Othello District (OTD)"_s << u"DND"_s
-                                    << u"Statewide - All Counties - Defendants and Addresses"_s;
 }
 
 void tst_DiscisRequests::statewideNonCivil()

@@ -215,6 +215,7 @@ private Q_SLOTS:
 
     void aNumberTypedWithOrWithoutDashesIsTheSameNumber();
     void aNumberWithALetterPassesOnOkWithNoTypeOrCountyCheck();
+    void threeCaseTypesAreRestricted();
     void aRestrictedTypeIsRefusedBeforeTheCheckDigitIsLookedAt();
     void aCountyWithCode0OrWithNoEntryAcceptsAnyCheckDigit();
     void anIdahoNumberPassesEveryTestOnceItIsNotEmpty();
@@ -462,6 +463,19 @@ void tst_FieldRules::aNumberWithALetterPassesOnOkWithNoTypeOrCountyCheck()
     QVERIFY(ValidateAllFormFields(entry, talk));
     QCOMPARE(talk.Told, QStringList{askNonScomis});
     QCOMPARE(entry.Names[0], u"09-5-02029-A"_s);
+}
+
+void tst_FieldRules::threeCaseTypesAreRestricted()
+{
+    const TestFolder folder;
+    for (const QChar digit : u"0123456789"_s) {
+        SearchEntry entry =
+            caseNumber(CourtFamily::Superior, u"09"_s + digit + u"020290"_s, u"Elsewhere"_s);
+        TalkRecorder talk;
+        const bool closed = digit == u'5' || digit == u'6' || digit == u'7';
+        QCOMPARE(ValidateAllFormFields(entry, talk), !closed);
+        QCOMPARE(talk.Told, closed ? QStringList{restricted(digit)} : QStringList());
+    }
 }
 
 void tst_FieldRules::aRestrictedTypeIsRefusedBeforeTheCheckDigitIsLookedAt()

@@ -267,10 +267,10 @@ void tst_RequestGrammar::whateverIsEnteredTheFrameHolds()
                     && !request.contains(u'\n'));
             const QStringList fields = request.split(QChar(row.Delimiter));
             for (size_t i = 0; i < row.Count; ++i) {
-                const RequestFieldSpec &spec = row.Fields[i];
-                if (spec.Field == RequestField::Literal)
-                    QCOMPARE(fields[qsizetype(i)], spec.Text);
-                if (spec.Field == RequestField::Empty)
+                const RequestFieldSpec &field = row.Fields[i];
+                if (field.Field == RequestField::Literal)
+                    QCOMPARE(fields[qsizetype(i)], field.Text);
+                if (field.Field == RequestField::Empty)
                     QCOMPARE(fields[qsizetype(i)], QString());
             }
         }

@@ -131,9 +131,10 @@ void tst_SearchTemplates::binaryRubbishIsNoTemplate()
     folder->Write(iniFile, rubbish);
     QCOMPARE(LoadTemplates(), 0);
     // What can be read among it is read.
-    folder->Write(iniFile, rubbish + "\r\n[WaSup]\r\na=One\r\n[One]\r\nJuris=Ki\0ng\r\n" + rubbish);
+    folder->Write(iniFile, rubbish + "\r\n[WaSup]\r\na=One\r\n[One]\r\nJuris=King\r\n" + rubbish);
     QCOMPARE(LoadTemplates(), 1);
     QCOMPARE(names(), QStringList{u"One"_s});
+    QCOMPARE(SearchTemplates()[0].Juris, u"King"_s);
 }
 
 void tst_SearchTemplates::anUnreadableFileGivesAnEmptyList()

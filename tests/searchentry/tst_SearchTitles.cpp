@@ -166,7 +166,7 @@ void tst_SearchTitles::recentEntryType_data()
     QTest::newRow("bankruptcy person") << bankruptcy << 0 << u"Individual Name"_s;
     QTest::newRow("bankruptcy business files with the persons")
         << bankruptcy << 1 << u"Individual Name"_s;
-    QTest::newRow("bankruptcy number") << bankruptcy << 2 << u"Individual Name"_s;
+    QTest::newRow("bankruptcy number") << bankruptcy << 2 << u"Case Number"_s;
     QTest::newRow("bankruptcy tax identifier files with the businesses")
         << bankruptcy << 3 << u"Business Name"_s;
     QTest::newRow("bankruptcy social security number") << bankruptcy << 4 << u"Individual Name"_s;

@@ -347,7 +347,7 @@ void tst_frmAccounting::aCompulsoryCodeThatIsMissing()
         checkBoxOf(form)->setChecked(dontShow);
         later(form, [=] { leave(form, way); });
     });
-    boxes->Expect(required, requiredTitle);
+    boxes->Expect(required, requiredTitle, MsgIcon::Exclamation);
     bool stayed = false;
     boxes->ExpectDialog(u"frmAccounting"_s, [&](QDialog *form) {
         // The option is written even where the code is then refused.
@@ -371,7 +371,7 @@ void tst_frmAccounting::aCancelledEntryIsNoCode()
         QTest::keyClicks(entryOf(form)->lineEdit(), u"ABC"_s);
         later(form, [=] { leave(form, Way::Cancel); });
     });
-    boxes->Expect(required, requiredTitle);
+    boxes->Expect(required, requiredTitle, MsgIcon::Exclamation);
     boxes->ExpectDialog(u"frmAccounting"_s, [&](QDialog *form) {
         QCOMPARE(entryOf(form)->currentText(), u"ABC"_s);
         leave(form, Way::Ok);
@@ -468,11 +468,10 @@ void tst_frmAccounting::itsParentMayGoWhileItIsUp()
     const QPointer<QWidget> parent(new QWidget);
     boxes->ExpectDialog(u"frmAccounting"_s, [&](QDialog *form) {
         QCOMPARE(form->parentWidget(), parent);
-        form->hide();
-        parent->deleteLater();
+        delete parent;
     });
     frmAccounting::ShowModal(parent);
-    QTRY_VERIFY(!parent);
+    QVERIFY(!parent);
 }
 
 QTEST_MAIN(tst_frmAccounting)

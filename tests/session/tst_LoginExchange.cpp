@@ -271,10 +271,17 @@ void tst_LoginExchange::loginIsBusyWhileItWaits()
         Global.bLoginBusy = false;
         reply("|A~|");
     });
-    QTimer::singleShot(6, FakeSocket::Last(), [&] {
+    // The second reply waits until the first one has been taken in, or has had its time.
+    QTimer second;
+    int rounds = 0;
+    connect(&second, &QTimer::timeout, FakeSocket::Last(), [&] {
+        if (busy.isEmpty() || (!Global.bLoginBusy && ++rounds < 200))
+            return;
+        second.stop();
         busy.append(Global.bLoginBusy);
         reply("|EOF~|");
     });
+    second.start(1);
     QCOMPARE(login(), SessionResult::LoggedIn);
     QCOMPARE(busy, (QList<bool>{true, true}));
 }

@@ -153,7 +153,7 @@ void tst_frmLogin::loadedWhileAUserIsLoggedIn()
 {
     Global.bLoggedIn = true;
     session->boxes.Expect(u"Login Not Allowed. There is already one user logged in: [  ]"_s,
-                          u"Login Not Allowed .."_s);
+                          u"Login Not Allowed .."_s, MsgIcon::Exclamation);
     const frmLogin *login = session->OpenLogin();
     QVERIFY(session->folder.Logged(u"Login rejected. A user is already logged in!"_s));
     QVERIFY(login->isVisible());
@@ -200,7 +200,7 @@ void tst_frmLogin::networkFoundAtTheSecondLookLeavesTheFormAsDesigned()
 
     session->boxes.Expect(u"A Login Error was Encountered! Error Response: Halvane Server "
                           "Connection was Dropped!"_s,
-                          u"Login Error .."_s);
+                          u"Login Error .."_s, MsgIcon::Exclamation);
     Click(login, "cmdLogin");
     QVERIFY(session->folder.Logged(u"Login Returned: 954"_s));
     QCOMPARE(FakeSocket::Last()->sent, QByteArrayList());
@@ -212,7 +212,8 @@ void tst_frmLogin::noNetworkIsDenied()
     frmWinsock::Form();
     FakeSocket::Last()->localIP = u"127.0.0.1"_s;
     session->boxes.Expect(u"[ Login Not Allowed. Reason: PC Not Connected to Internet. ]"_s,
-                          u"Login Denied - No Internet Connection Found .."_s);
+                          u"Login Denied - No Internet Connection Found .."_s,
+                          MsgIcon::Exclamation);
     const QDateTime begin = session->clock.Now();
     session->clock.Run(1.0);
     const frmLogin *login = session->OpenLogin();
@@ -358,7 +359,7 @@ void tst_frmLogin::addressesAreTriedInOrderAndTheFailureIsTold()
 {
     CourtSocket::Court().refuses = true;
     session->boxes.Expect(u"Cannot Connect to Halvane Server at this time."_s,
-                          u"Contacting Halvane Server .."_s);
+                          u"Contacting Halvane Server .."_s, MsgIcon::Exclamation);
     const frmLogin *login = session->OpenLogin();
     QTRY_COMPARE(status(), u"Server Not Available .."_s);
     QStringList expected;
@@ -377,7 +378,7 @@ void tst_frmLogin::serverThatNeverAnswersTheConnectIsTold()
 {
     CourtSocket::Court().connects = false;
     session->boxes.Expect(u"Cannot Connect to Halvane Server at this time."_s,
-                          u"Contacting Halvane Server .."_s);
+                          u"Contacting Halvane Server .."_s, MsgIcon::Exclamation);
     session->clock.Run(1.0);
     session->OpenLogin();
     QTRY_COMPARE(status(), u"Server Not Available .."_s);

@@ -9,6 +9,8 @@
 #include "support/ScriptedCourt.h"
 
 #include <QApplication>
+#include <QImage>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
 #include <QSignalSpy>
@@ -69,6 +71,9 @@ private Q_SLOTS:
     void cancelWhileMessagesAreFetched();
     void cancelWhileTheServerThinks_data() { addSteps(); }
     void cancelWhileTheServerThinks();
+    void cancelTurnsTheLampRed();
+    void aWindowReopenedInsideTheOldOnesWaitWorks_data() { addSteps(); }
+    void aWindowReopenedInsideTheOldOnesWaitWorks();
     void escapeKeyWhileTheServerThinks();
     void titleBarWhileTheServerThinks_data() { addSteps(); }
     void titleBarWhileTheServerThinks();
@@ -133,6 +138,12 @@ private:
             return u"the server is not reached"_s;
         Click(login, "cmdLogin");
         return Global.bLoggedIn ? QString() : u"the login fails"_s;
+    }
+
+    QImage lampPicture() const
+    {
+        const QPixmap shown = Child<QLabel>(session->Main(), "lamp")->pixmap();
+        return shown.toImage().convertToFormat(QImage::Format_RGB32);
     }
 
     std::unique_ptr<SessionFixture> session;
@@ -216,6 +227,57 @@ void tst_frmLoginFaults::cancelWhileTheServerThinks()
     QCOMPARE(laterLogin(), QString());
 }
 
+void tst_frmLoginFaults::cancelTurnsTheLampRed()
+{
+    const QPointer<frmLogin> login(ready());
+    reply(1, {});
+    QString during;
+    court().onRequest = [&] {
+        if (court().requests.size() != 2)
+            return;
+        during = session->Main()->txtConnectStatus();
+        QTimer::singleShot(2, this, [&] { Click(login, "cmdCancel"); });
+    };
+    Click(login, "cmdLogin");
+    QCOMPARE(during, u"Connected"_s);
+    QCOMPARE(session->Main()->txtConnectStatus(), u"NOT CONNECTED"_s);
+    QCOMPARE(lampPicture(), QImage(session->folder.Path(u"redlt.bmp"_s)));
+    QVERIFY(Child<QAction>(session->Main(), "mnuConnnectionConnect")->isEnabled());
+    QVERIFY(!Child<QAction>(session->Main(), "mnuConnectionDisConnect")->isEnabled());
+}
+
+void tst_frmLoginFaults::aWindowReopenedInsideTheOldOnesWaitWorks()
+{
+    QFETCH(int, step);
+    const QPointer<frmLogin> old(ready());
+    reply(step, {});
+    QPointer<frmLogin> reopened;
+    court().onRequest = [&] {
+        if (court().requests.size() != step + 1)
+            return;
+        QTimer::singleShot(2, this, [&] {
+            Click(old, "cmdCancel");
+            reopened = session->OpenLogin();
+        });
+    };
+    Click(old, "cmdLogin");
+    court().onRequest = {};
+    QVERIFY(reopened && reopened != old);
+    QTRY_VERIFY(!old);
+    QCOMPARE(SessionFixture::LoginWindow(), reopened);
+    court().replies = replies();
+    court().requests.clear();
+    QTRY_VERIFY(Child<QPushButton>(reopened, "cmdLogin")->isEnabled());
+    TypeInto(reopened, "txtUsername", u"User"_s);
+    TypeInto(reopened, "txtPassword", u"Pass"_s);
+    Click(reopened, "cmdLogin");
+    QCOMPARE(Global.bLoggedIn, true);
+    QCOMPARE(Global.bLoginBusy, false);
+    QCOMPARE(court().requests.size(), 4);
+    QVERIFY(!frmLogin::IsLoaded());
+    QCOMPARE(session->Main()->txtConnectStatus(), u"Connected"_s);
+}
+
 void tst_frmLoginFaults::escapeKeyWhileTheServerThinks()
 {
     const QPointer<frmLogin> login(ready());
@@ -259,7 +321,7 @@ void tst_frmLoginFaults::titleBarBehindABoxOfRefusal()
     session->boxes.Expect(
         u"Either the User Name and/or Password you entered is Invalid!\r\n\r\nPlease Re-Enter "
         "Your User Name and Password and then select Login."_s,
-        u"Invalid User Name or Password .."_s);
+        u"Invalid User Name or Password .."_s, MsgIcon::Exclamation);
     Click(login, "cmdLogin");
     QTRY_VERIFY(!login);
     QCOMPARE(Global.bLoginBusy, false);
@@ -282,13 +344,13 @@ void tst_frmLoginFaults::droppedAtEveryByte()
         const frmLogin *login = ready();
         QVERIFY(login);
         if (step == 0)
-            session->boxes.Expect(timedOutText, errorTitle);
+            session->boxes.Expect(timedOutText, errorTitle, MsgIcon::Exclamation);
         Click(login, "cmdLogin");
         QCOMPARE(Global.bLoginBusy, false);
         QCOMPARE(Global.bLoggedIn, step > 0);
         if (step == 0) {
             QVERIFY(login->isVisible() && Child<QPushButton>(login, "cmdLogin")->isEnabled());
-            session->boxes.Expect(droppedText, errorTitle);
+            session->boxes.Expect(droppedText, errorTitle, MsgIcon::Exclamation);
             Click(login, "cmdLogin");
             Click(login, "cmdCancel");
         } else {
@@ -318,7 +380,7 @@ void tst_frmLoginFaults::droppedAndThenRefusedAtEveryByte()
         reply(step, replies()[step].left(cut));
         court().dropsBehind = step;
         if (step == 0)
-            session->boxes.Expect(timedOutText, errorTitle);
+            session->boxes.Expect(timedOutText, errorTitle, MsgIcon::Exclamation);
         Click(login, "cmdLogin");
         QCOMPARE(Global.bLoggedIn, step > 0);
         if (login == SessionFixture::LoginWindow())
@@ -328,7 +390,7 @@ void tst_frmLoginFaults::droppedAndThenRefusedAtEveryByte()
         court() = FakeCourt();
         court().refuses = true;
         session->boxes.Expect(u"Cannot Connect to Halvane Server at this time."_s,
-                              u"Contacting Halvane Server .."_s);
+                              u"Contacting Halvane Server .."_s, MsgIcon::Exclamation);
         login = session->OpenLogin();
         QVERIFY(WaitUntil([] {
             return CourtSocket::Court().connectedTo.size() == 10 && !QApplication::overrideCursor();
@@ -350,7 +412,7 @@ void tst_frmLoginFaults::silentAtEveryByte()
         reply(step, come);
         if (endsBetweenTokens(come)) {
             if (step == 0)
-                session->boxes.Expect(timedOutText, errorTitle);
+                session->boxes.Expect(timedOutText, errorTitle, MsgIcon::Exclamation);
             session->clock.Run(1.0);
             Click(login, "cmdLogin");
             session->clock.Stop();

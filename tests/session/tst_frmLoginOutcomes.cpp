@@ -107,7 +107,8 @@ void tst_frmLoginOutcomes::wholeLoginByteForByteAndInOrder()
     real.Expect(u"GETINIVAL¦"_s).Reply({u"Searching=MaxIndexResults=300"_s, u"EOS~"_s, u"EOF~"_s});
     real.Expect(u"GETMSG¦"_s).Reply({u"Hello"_s, u"World"_s, u"EOF~"_s});
     real.Expect(u"GETCLIENTACCTGOPT~"_s).Reply({u"TRUE~"_s, u"EOF~"_s});
-    session->boxes.Expect(offerText, offerTitle, MsgAnswer::Ok);
+    session->boxes.Expect(offerText, offerTitle, MsgIcon::Information, MsgAnswer::Ok,
+                          MsgButtons::OkCancel);
 
     const frmLogin *login = session->OpenLoginToTheEnd();
     QVERIFY(login);
@@ -223,7 +224,7 @@ void tst_frmLoginOutcomes::refusedLoginSavesNothing()
     session->boxes.Expect(
         u"Either the User Name and/or Password you entered is Invalid!\r\n\r\nPlease Re-Enter "
         "Your User Name and Password and then select Login."_s,
-        u"Invalid User Name or Password .."_s);
+        u"Invalid User Name or Password .."_s, MsgIcon::Exclamation);
     Click(login, "cmdLogin");
     QCOMPARE(session->folder.Read(u"options.ini"_s), before);
 }
@@ -267,7 +268,7 @@ void tst_frmLoginOutcomes::refusals()
         hiddenMeanwhile = !login->isVisible();
         pointerMeanwhile = !QApplication::overrideCursor();
     });
-    session->boxes.Expect(text, title);
+    session->boxes.Expect(text, title, MsgIcon::Exclamation);
     session->clock.Run(1.0);
     Click(login, "cmdLogin");
     QVERIFY(session->folder.Logged(u"Login Returned: "_s + QString::number(code)));
@@ -286,7 +287,7 @@ void tst_frmLoginOutcomes::refusalAfterALostLinkAndTheWayBack()
     frmLogin *login = ready();
     static_cast<FakeSocket *>(Global.sckServer)->PeerCloses();
     for (int attempt = 0; attempt < 2; ++attempt) {
-        session->boxes.Expect(droppedText, errorTitle);
+        session->boxes.Expect(droppedText, errorTitle, MsgIcon::Exclamation);
         Click(login, "cmdLogin");
     }
     QCOMPARE(session->folder.TimesLogged(u"Login Returned: 954"_s), 2);
@@ -320,7 +321,7 @@ void tst_frmLoginOutcomes::wrongPasswordThenTheRightOne()
     session->boxes.Expect(
         u"Either the User Name and/or Password you entered is Invalid!\r\n\r\nPlease Re-Enter "
         "Your User Name and Password and then select Login."_s,
-        u"Invalid User Name or Password .."_s);
+        u"Invalid User Name or Password .."_s, MsgIcon::Exclamation);
     Click(login, "cmdLogin");
     TypeInto(login, "txtPassword", u"Right"_s);
     uneventfulReplies();
@@ -336,7 +337,8 @@ void tst_frmLoginOutcomes::systemMessageOfferedAndTaken()
     uneventfulReplies("|<b>Closed</b>|| on Monday||EOF~|");
     bool hidden = false;
     session->boxes.Meanwhile([&] { hidden = login && !login->isVisible(); });
-    session->boxes.Expect(offerText, offerTitle, MsgAnswer::Ok);
+    session->boxes.Expect(offerText, offerTitle, MsgIcon::Information, MsgAnswer::Ok,
+                          MsgButtons::OkCancel);
     Click(login, "cmdLogin");
     QVERIFY(hidden);
     QVERIFY(messageWindow() && messageWindow()->isVisible());

@@ -57,17 +57,17 @@ const QList<Menu> &menus()
         {"mnuCourts", u"&Courts"_s, {}},
         {"mnuIdaho",
          u"&Idaho"_s,
-         {{"mnuIdahoSupremeCourt", u"Idaho State District Courts"_s, false}}},
+         {{"mnuIdahoSupremeCourt", u"Idaho State District Courts"_s, true}}},
         {"mnuOregon",
          u"&Oregon"_s,
-         {{"mnuOrCourts", u"Oregon State Circuit / District Courts"_s, false}}},
+         {{"mnuOrCourts", u"Oregon State Circuit / District Courts"_s, true}}},
         {"mnuWashington",
          u"&Washington"_s,
          {{"mnuCourtsWaSuperior", u"Washington State &Superior Court"_s, true},
-          {"mnuCourtsWaDiscis", u"Washington State District / Municipal Courts"_s, false}}},
+          {"mnuCourtsWaDiscis", u"Washington State District / Municipal Courts"_s, true}}},
         {"mnuFederal",
          u"&U.S. Courts"_s,
-         {{"mnuFedBK", u"Federal Bankruptcy Court"_s, false},
+         {{"mnuFedBK", u"Federal Bankruptcy Court"_s, true},
           {"mnuFedDist", u"Federal District Courts"_s, false}}},
         {"mnuConnection",
          u"Con&nection"_s,
@@ -144,7 +144,8 @@ private Q_SLOTS:
     void viewStatusBarToggles();
     void createSearchWantsTheSearchForm_data();
     void createSearchWantsTheSearchForm();
-    void superiorCourtIsTheOnlyOneChecked();
+    void theChosenCourtIsTheOnlyOneChecked_data();
+    void theChosenCourtIsTheOnlyOneChecked();
     void supportPage_data();
     void supportPage();
     void aboutIsWanted();
@@ -451,18 +452,34 @@ void tst_frmMain::createSearchWantsTheSearchForm()
     QCOMPARE(wanted.count(), 1);
 }
 
-void tst_frmMain::superiorCourtIsTheOnlyOneChecked()
+void tst_frmMain::theChosenCourtIsTheOnlyOneChecked_data()
 {
-    QSignalSpy wanted(&SessionEvents::Of(), &SessionEvents::SuperiorCourtsWanted);
-    Child<QAction>(main, "mnuOrCourts")->setChecked(true);
+    QTest::addColumn<QByteArray>("chosen");
+    QTest::addColumn<CourtEntry>("court");
+    QTest::newRow("superior") << QByteArray("mnuCourtsWaSuperior") << CourtEntry::WaSuperior;
+    QTest::newRow("district") << QByteArray("mnuCourtsWaDiscis") << CourtEntry::WaDiscis;
+    QTest::newRow("oregon") << QByteArray("mnuOrCourts") << CourtEntry::Oregon;
+    QTest::newRow("bankruptcy") << QByteArray("mnuFedBK") << CourtEntry::Bankruptcy;
+    QTest::newRow("idaho") << QByteArray("mnuIdahoSupremeCourt") << CourtEntry::Idaho;
+}
+
+void tst_frmMain::theChosenCourtIsTheOnlyOneChecked()
+{
+    QFETCH(QByteArray, chosen);
+    QFETCH(CourtEntry, court);
+    QList<CourtEntry> wanted;
+    connect(&SessionEvents::Of(), &SessionEvents::CourtWanted, main,
+            [&wanted](CourtEntry entry) { wanted.append(entry); });
+    const QList<QByteArray> entries{"mnuCourtsWaSuperior", "mnuCourtsWaDiscis", "mnuOrCourts",
+                                    "mnuFedBK", "mnuIdahoSupremeCourt"};
+    for (const QByteArray &entry : entries)
+        Child<QAction>(main, entry.constData())->setChecked(true);
     for (int click = 0; click < 2; ++click) {
-        Choose(main, "mnuCourtsWaSuperior");
-        QVERIFY(Child<QAction>(main, "mnuCourtsWaSuperior")->isChecked());
-        for (const char *other :
-             {"mnuCourtsWaDiscis", "mnuOrCourts", "mnuFedBK", "mnuIdahoSupremeCourt"})
-            QVERIFY2(!Child<QAction>(main, other)->isChecked(), other);
+        Choose(main, chosen.constData());
+        for (const QByteArray &entry : entries)
+            QCOMPARE(Child<QAction>(main, entry.constData())->isChecked(), entry == chosen);
     }
-    QCOMPARE(wanted.count(), 2);
+    QCOMPARE(wanted, QList<CourtEntry>({court, court}));
 }
 
 void tst_frmMain::supportPage_data()

@@ -65,6 +65,7 @@ private Q_SLOTS:
     void copy();
     void paste_data() { addWays("Paste"); }
     void paste();
+    void passwordIsNeitherCopiedNorCut_data();
     void passwordIsNeitherCopiedNorCut();
     void readOnlyTextIsCopiedAndNeverChanged();
     void nothingSelectedLeavesTheClipboard();
@@ -288,16 +289,23 @@ void tst_frmMainChildren::paste()
     QCOMPARE(content(form, inText), u"one before three"_s);
 }
 
+void tst_frmMainChildren::passwordIsNeitherCopiedNorCut_data()
+{
+    QTest::addColumn<QByteArray>("action");
+    for (const char *action : {"mnuEditCopy", "mnuEditCut", "tbToolBar_Copy", "tbToolBar_Cut"})
+        QTest::newRow(action) << QByteArray(action);
+}
+
 void tst_frmMainChildren::passwordIsNeitherCopiedNorCut()
 {
+    QFETCH(QByteArray, action);
     const TextForm *form = show();
     form->secret->setText(u"Pass"_s);
     form->secret->setFocus();
     form->secret->selectAll();
-    Choose(main, "mnuEditCopy");
+    Choose(main, action.constData());
     QCOMPARE(clip(), u"before"_s);
-    Choose(main, "mnuEditCut");
-    QCOMPARE(clip(), u"before"_s);
+    QCOMPARE(form->secret->text(), u"Pass"_s);
 }
 
 void tst_frmMainChildren::readOnlyTextIsCopiedAndNeverChanged()

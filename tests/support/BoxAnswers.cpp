@@ -1,6 +1,7 @@
 #include "support/BoxAnswers.h"
 
 #include <QApplication>
+#include <QDebug>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
@@ -24,6 +25,55 @@ QMessageBox::StandardButton buttonOf(MsgAnswer answer)
     }
     return QMessageBox::Ok;
 }
+
+MsgButtons buttonsWith(MsgAnswer answer)
+{
+    switch (answer) {
+    case MsgAnswer::Cancel:
+        return MsgButtons::OkCancel;
+    case MsgAnswer::Yes:
+    case MsgAnswer::No:
+        return MsgButtons::YesNo;
+    case MsgAnswer::Ok:
+        break;
+    }
+    return MsgButtons::Ok;
+}
+
+MsgIcon iconWith(MsgButtons buttons)
+{
+    return buttons == MsgButtons::YesNo ? MsgIcon::Question : MsgIcon::Information;
+}
+
+QMessageBox::Icon shownIcon(MsgIcon icon)
+{
+    switch (icon) {
+    case MsgIcon::Information:
+        return QMessageBox::Information;
+    case MsgIcon::Exclamation:
+        return QMessageBox::Warning;
+    case MsgIcon::Question:
+        return QMessageBox::Question;
+    case MsgIcon::Critical:
+        return QMessageBox::Critical;
+    case MsgIcon::None:
+        break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+QMessageBox::StandardButtons shownButtons(MsgButtons buttons)
+{
+    switch (buttons) {
+    case MsgButtons::OkCancel:
+        return QMessageBox::Ok | QMessageBox::Cancel;
+    case MsgButtons::YesNo:
+        return QMessageBox::Yes | QMessageBox::No;
+    case MsgButtons::Ok:
+        break;
+    }
+    return QMessageBox::Ok;
+}
 } // namespace
 
 BoxAnswers::BoxAnswers()
@@ -37,11 +87,25 @@ BoxAnswers::~BoxAnswers() = default;
 
 void BoxAnswers::Expect(const QString &text, const QString &title, MsgAnswer answer)
 {
+    const MsgButtons buttons = buttonsWith(answer);
+    Expect(text, title, iconWith(buttons), answer, buttons);
+}
+
+void BoxAnswers::Expect(const QString &text, const QString &title, MsgIcon icon, MsgAnswer answer)
+{
+    Expect(text, title, icon, answer, buttonsWith(answer));
+}
+
+void BoxAnswers::Expect(const QString &text, const QString &title, MsgIcon icon, MsgAnswer answer,
+                        MsgButtons buttons)
+{
     Announced one;
     one.name = u"MsgBox"_s;
     one.text = QString(text).replace(u"\r\n"_s, u"\n"_s);
     one.title = title;
     one.answer = answer;
+    one.icon = icon;
+    one.buttons = buttons;
     one.meanwhile = std::exchange(pendingMeanwhile, {});
     announced.append(one);
 }
@@ -93,8 +157,7 @@ void BoxAnswers::answerBox(QDialog *dialog)
         one.act(dialog);
         return;
     }
-    if (box->windowTitle() != one.title)
-        complaints.append(u"title "_s + box->windowTitle() + u" instead of "_s + one.title);
+    compare(box, one);
     const QPointer<QMessageBox> stillOpen(box);
     if (one.meanwhile)
         one.meanwhile();
@@ -106,4 +169,16 @@ void BoxAnswers::answerBox(QDialog *dialog)
         complaints.append(u"no such button in: "_s + text);
         dialog->reject();
     }
+}
+
+void BoxAnswers::compare(const QMessageBox *box, const Announced &one)
+{
+    const auto same = [&](const QString &what, const auto &shown, const auto &expected) {
+        if (shown != expected)
+            complaints.append(what + u' ' + QDebug::toString(shown) + u" instead of "_s
+                              + QDebug::toString(expected) + u" in: "_s + one.text);
+    };
+    same(u"title"_s, box->windowTitle(), one.title);
+    same(u"icon"_s, box->icon(), shownIcon(one.icon));
+    same(u"buttons"_s, box->standardButtons(), shownButtons(one.buttons));
 }

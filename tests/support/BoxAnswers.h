@@ -11,6 +11,7 @@
 #include <functional>
 
 class QDialog;
+class QMessageBox;
 
 /// Answers message boxes and modal dialogs while a test runs. Each one must have been announced;
 /// one that nobody expected is a complaint, and is closed by its way of escape so that the test
@@ -22,8 +23,16 @@ public:
     BoxAnswers();
     ~BoxAnswers() override;
 
-    /// The next box has exactly this text and title; answer it so.
+    /// The next box has exactly this text and title; answer it so. It has the buttons that the
+    /// answer belongs to (OK stands alone), and the icon that goes with them: information, or the
+    /// question mark for Yes and No.
     void Expect(const QString &text, const QString &title, MsgAnswer answer = MsgAnswer::Ok);
+    /// The same for a box with another icon.
+    void Expect(const QString &text, const QString &title, MsgIcon icon,
+                MsgAnswer answer = MsgAnswer::Ok);
+    /// The same for a box whose buttons the answer does not tell either.
+    void Expect(const QString &text, const QString &title, MsgIcon icon, MsgAnswer answer,
+                MsgButtons buttons);
 
     /// The next modal dialog has this object name; do this with it (it must be closed by it).
     void ExpectDialog(const QString &objectName, std::function<void(QDialog *)> act);
@@ -42,12 +51,15 @@ private:
         QString text;
         QString title;
         MsgAnswer answer = MsgAnswer::Ok;
+        MsgIcon icon = MsgIcon::Information;
+        MsgButtons buttons = MsgButtons::Ok;
         std::function<void(QDialog *)> act;
         std::function<void()> meanwhile;
     };
 
     void look();
     void answerBox(QDialog *dialog);
+    void compare(const QMessageBox *box, const Announced &one);
 
     QList<Announced> announced;
     QStringList complaints;

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "practice/Population.h"
+#include "practice/Reply.h"
+
+#include <QStringList>
+
+namespace Practice {
+/// Whether a bankruptcy request is a search: SEARCH by name, SEARCHBUS by a business name,
+/// SEARCHTID by a tax number, SEARCHSSN by a social security number.
+bool IsBankruptcySearch(const QStringList &fields);
+
+/// Answers one. Behind the verb stand the name in four fields (LAST, FIRST, MI, empty) or the one
+/// business name or number, then the court, "*ALL", from year and to year.
+Reply AnswerBankruptcySearch(const Population &population, const QStringList &fields, int thisYear);
+} // namespace Practice

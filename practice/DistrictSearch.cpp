@@ -1,0 +1,135 @@
+#include "practice/DistrictSearch.h"
+
+#include "practice/Counties.h"
+#include "practice/OtherSearch.h"
+#include "practice/SuperiorCases.h"
+
+#include <algorithm>
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace Practice {
+namespace {
+enum Field : qsizetype { Last = 1, First, Middle, InCourt, Kind, Wanted };
+
+constexpr auto statewide = u"*SW";
+constexpr auto nonCivil = u"IN";
+constexpr auto superiorFelony = u"S1";
+
+// A criminal case is over after so many years.
+constexpr int openFor = 5;
+
+/// What can be asked for, and of which cases.
+struct Command
+{
+    const char16_t *word;
+    bool statewide;
+    bool withAgency; ///< the agency that brought the case stands in place of the court's name
+};
+
+constexpr std::array<Command, 3> commands{{
+    {u"CNCI", false, false},
+    {u"SNCI", true, false},
+    {u"DND", true, true},
+}};
+
+// These ask for the cases of people who were listed as duplicates before. Nobody is, so far.
+constexpr std::array ofListedPeople{u"SNCINMD", u"DNDND"};
+
+/// The letters of a police force: the place's first two and a P.
+QString agencyOf(QStringView place)
+{
+    return place.first(2).toString().toUpper() + u'P';
+}
+
+QString rowText(const QStringList &fields)
+{
+    return fields.join(u'~') + u'~';
+}
+
+QString districtRow(const OtherHit &hit, const Command &command, const QString &lastField)
+{
+    const OtherCase &found = hit.courtCase;
+    const OtherCourt &court =
+        CourtsOf(OtherFamily::District)[static_cast<std::size_t>(found.court)];
+    const OtherCaseType &type =
+        CaseTypesOf(OtherFamily::District)[static_cast<std::size_t>(found.type)];
+    return rowText({NameText(hit.person), found.number, court.code,
+                    command.withAgency ? agencyOf(court.code) : court.location,
+                    QString::fromUtf16(type.mark), found.text, found.role,
+                    lastField.isEmpty() ? DateText(found.filed) : lastField});
+}
+
+/// The criminal cases of the Superior Courts, in the same form.
+void addSuperior(const Population &population, const NameQuery &name, const Command &command,
+                 int thisYear, std::vector<OrderedRow> &rows)
+{
+    SuperiorQuery query;
+    query.name = name;
+    for (int county = 1; county <= static_cast<int>(counties.size()); ++county)
+        query.counties.push_back(county);
+    query.types = {CaseTypeOfWord(u"Criminal")};
+    query.years = {firstCaseYear, thisYear};
+    for (const quint32 part : FindSuperiorParts(population, query)) {
+        const SuperiorRow found = SuperiorRowOf(population, part);
+        const CaseNumber &number = found.courtCase.number;
+        const QStringView county = CountyName(number.county);
+        const QString text = CaseNumberText(number);
+        rows.push_back(
+            {NameText(found.person), found.courtCase.filed, text,
+             rowText({NameText(found.person), text, u"S%1"_s.arg(number.county, 2, 10, QChar(u'0')),
+                      command.withAgency ? agencyOf(county) : u"%1 Superior"_s.arg(county),
+                      QString::fromUtf16(superiorFelony),
+                      thisYear - number.year > openFor ? u"CL"_s : u"OP"_s, u"DEF"_s,
+                      DateText(found.courtCase.filed)})});
+    }
+}
+} // namespace
+
+Reply AnswerDistrictSearch(const Population &population, const QStringList &fields, int thisYear)
+{
+    const bool ofListed = std::any_of(ofListedPeople.begin(), ofListedPeople.end(),
+                                      [&](QStringView word) { return fields.last() == word; });
+    if (ofListed) {
+        Reply reply;
+        reply.Finish();
+        return reply;
+    }
+    if (fields.size() != districtSearchFields)
+        return Refusal(u"Wrong number of fields"_s);
+    const auto *command = std::find_if(commands.begin(), commands.end(), [&](const Command &one) {
+        return fields[Wanted] == QStringView(one.word);
+    });
+    if (command == commands.end())
+        return Refusal(u"Unknown request"_s);
+
+    OtherSearch search;
+    search.family = OtherFamily::District;
+    search.name = ParseName(fields[Last], fields[First], fields[Middle]);
+    if (search.name.last.isEmpty())
+        return Refusal(u"No name"_s);
+    search.people = population.Find(search.name);
+    search.years = {FirstYearOf(search.family), thisYear};
+    // A statewide search and the state belong together, and it knows no civil cases.
+    const bool isStatewide = fields[InCourt].trimmed() == QStringView(statewide);
+    if (isStatewide == command->statewide
+        && (!isStatewide || fields[Kind] == QStringView(nonCivil)))
+        TakeCourts(fields[InCourt], statewide, u"all District and Municipal Courts"_s, search);
+    TakeTypes(fields[Kind], search);
+    search.write = [command](const OtherHit &hit, const QString &lastField) {
+        return districtRow(hit, *command, lastField);
+    };
+
+    Reply reply;
+    SayProgress(search.places, reply);
+    if (!SayOtherTold(search, thisYear, reply)) {
+        std::vector<OrderedRow> rows = FindOtherRows(population, search);
+        if (!search.courts.empty() && isStatewide)
+            addSuperior(population, search.name, *command, thisYear, rows);
+        SayOrdered(std::move(rows), reply);
+    }
+    reply.Finish();
+    return reply;
+}
+} // namespace Practice

@@ -1,0 +1,199 @@
+#include "practice/PracticeExchange.h"
+#include "practice/PracticeProcess.h"
+
+#include <QElapsedTimer>
+#include <QTest>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+/// What the running court sends for each family, byte for byte, and how it takes a stop.
+class tst_PracticeFamilyWire : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void dialogues_data();
+    void dialogues();
+    void stopEndsTheReply_data();
+    void stopEndsTheReply();
+    void rubbishEndsNothing_data();
+    void rubbishEndsNothing();
+
+private:
+    std::unique_ptr<PracticeProcess> court;
+};
+
+void tst_PracticeFamilyWire::initTestCase()
+{
+    court = std::make_unique<PracticeProcess>();
+    QVERIFY(court->Port() != 0);
+}
+
+void tst_PracticeFamilyWire::dialogues_data()
+{
+    QTest::addColumn<QString>("request");
+    QTest::addColumn<QByteArray>("reply");
+
+    const QByteArray lookups = "|SEARCHING~the~index~of~names~..||SEARCHING~the~index~of~cases~..|";
+    const auto row = [&](const char *name, const QString &request, const QByteArray &place,
+                         const QByteArray &rows) {
+        QTest::newRow(name) << request
+                            << QByteArray("|SEARCHING~" + place + "~..|" + lookups + rows
+                                          + "|EOF~|");
+    };
+    row("Oregon, a county", u"OREGON¦SEARCH¦SMITH¦JOHN¦Q¦¦MCR C¦CV,DO,¦1990¦2008¦"_s,
+        "Multnomah~County~Circuit~Court",
+        "|SMITH, JOHN Q~DO99120007~12/06/1999~Dissolution~OR Multnomah Co Cir Ct~Petitioner~|"
+        "|SMITH, JOHN Q~CV08060677~06/17/2008~Contract~OR Multnomah Co Cir Ct~Plaintiff~|");
+    row("Oregon, judgments", u"OREGON¦SEARCH¦SMITH¦JOHN¦Q¦¦*ALL¦CV,SC,JG,¦¦¦"_s,
+        "all~Oregon~Courts",
+        "|SMITH, JOHN Q~SC97030044~03/04/1997~Small Claims (Judgment)~"
+        "OR Washington Co Dist Ct~Defendant~|");
+    row("Idaho", u"IDSUP¦SEARCH¦SMITH¦JOHN¦Q¦¦*ALL¦CV,CR,¦¦^^CAC:ABC^^¦"_s, "all~Idaho~Courts",
+        "|SMITH, JOHN Q~CR-1998-0002546-IN~05/08/1998~Speeding~"
+        "ID District Ct Ada County~Defendant~|"
+        "|SMITH, JOHN Q~CV-2004-0000711-OC~02/20/2004~Contract~"
+        "ID District Ct Kootenai County~Plaintiff~|");
+    row("a civil case", u"WADISCIS¦SEARCH¦SMITH¦JOHN¦Q¦KSD¦CV¦CNCI¦"_s,
+        "King~District~Seattle~Court",
+        "|SMITH, JOHN Q~5KS000123~KSD~King District Seattle~SC~OP~PLA~01/11/2005~|");
+    row("a non-civil case", u"WADISCIS¦SEARCH¦SMITH¦JOHN¦Q¦KSD¦IN¦CNCI¦"_s,
+        "King~District~Seattle~Court",
+        "|SMITH, JOHN Q~3YH809020~KSD~King District Seattle~IT~CL~DEF~08/09/2003~|");
+    row("statewide", u"WADISCIS¦SEARCH¦SMITH¦JOHN¦Q¦*SW¦IN¦SNCI¦"_s,
+        "all~District~and~Municipal~Courts",
+        "|SMITH, JOHN Q~94-1-00042-1~S17~King Superior~S1~CL~DEF~11/07/1994~|"
+        "|SMITH, JOHN Q~1TA004410~TAC~Tacoma (Municipal)~CT~CL~DEF~10/01/2001~|"
+        "|SMITH, JOHN Q~3YH809020~KSD~King District Seattle~IT~CL~DEF~08/09/2003~|");
+    row("with addresses", u"WADISCIS¦SEARCH¦SMITH¦JOHN¦Q¦*SW¦IN¦DND¦"_s,
+        "all~District~and~Municipal~Courts",
+        "|SMITH, JOHN Q~94-1-00042-1~S17~KIP~S1~CL~DEF~11/07/1994~|"
+        "|SMITH, JOHN Q~1TA004410~TAC~TAP~CT~CL~DEF~10/01/2001~|"
+        "|SMITH, JOHN Q~3YH809020~KSD~KSP~IT~CL~DEF~08/09/2003~|");
+    const QByteArray debtor = "|SMITH, JOHN Q\xA6"
+                              "99-20077\xA6RETRIEVECOMMAND=BKRPT~SUMMARY~99-20077~OR~\xA6"
+                              "03/16/1999\xA6"
+                              "Chapter 7\xA6OR Bankruptcy Ct\xA6"
+                              "Debtor\xA6"
+                              "ACME PLUMBING INC\xA6|";
+    const QByteArray creditor = "|ACME PLUMBING INC\xA6"
+                                "99-20077\xA6RETRIEVECOMMAND=BKRPT~SUMMARY~99-20077~OR~\xA6"
+                                "03/16/1999\xA6"
+                                "Chapter 7\xA6OR Bankruptcy Ct\xA6"
+                                "Creditor\xA6SMITH, JOHN Q\xA6|";
+    const QByteArray oregon = "Oregon~Bankruptcy~Court";
+    row("a bankrupt person", u"BKRPT~SEARCH~SMITH~JOHN~Q~~OR~*ALL~1980~2005~"_s, oregon, debtor);
+    row("a business", u"BKRPT~SEARCHBUS~ACME PLUMBING INC~OR~*ALL~1980~2005~"_s, oregon, creditor);
+    row("a tax number", u"BKRPT~SEARCHTID~00-0000001~OR~*ALL~1980~2005~"_s, oregon, creditor);
+    row("a social security number", u"BKRPT~SEARCHSSN~900-00-0001~OR~*ALL~1980~2005^^CAC:ABC^^~"_s,
+        oregon, debtor);
+    QTest::newRow("the index")
+        << u"INDEX~SEARCH~SMITH~JOHN~Q~~Adams,King,~Criminal,Judgment,~1970~2005~LL=1~UL=500~"_s
+        << QByteArray("|SEARCHING~the~weekly~index~..|"
+                      "|SMITH, JOHN Q~94-1-00042-1~11/07/1994~Malicious Mischief~"
+                      "WA Superior Ct King County~Defendant~"
+                      "STATE OF WASHINGTON VS SMITH, JOHN Q~11/07/1994~|"
+                      "|SMITH, JOHN Q~*96-9-00005-9~02/14/1996~Abstract of Judgment~"
+                      "WA Superior Ct Adams County~Judgment Debtor~"
+                      "IN RE SMITH, JOHN Q~02/09/1996~|"
+                      "|EOF~|");
+    QTest::newRow("a page of the index")
+        << u"INDEX~SEARCH~SMITH~JOHN~Q~~King,~Civil,Criminal,~1970~2005~LL=1~UL=1~"_s
+        << QByteArray("|SEARCHING~the~weekly~index~..|"
+                      "|SMITH, JOHN Q~94-1-00042-1~11/07/1994~Malicious Mischief~"
+                      "WA Superior Ct King County~Defendant~"
+                      "STATE OF WASHINGTON VS SMITH, JOHN Q~11/07/1994~|"
+                      "|WARNING~Reached Search Limit~1~1~|");
+}
+
+void tst_PracticeFamilyWire::dialogues()
+{
+    QFETCH(QString, request);
+    QFETCH(QByteArray, reply);
+
+    WireClient client(*court);
+    QCOMPARE(client.LogOn(), justEnd);
+    client.Send(request);
+    QCOMPARE(client.ReadBytes(reply.size()), reply);
+    // Nothing comes behind it: the next reply begins with its own first byte.
+    client.Send(guideSearch);
+    QCOMPARE(client.ReadBytes(guideReply.size()), guideReply);
+}
+
+void tst_PracticeFamilyWire::stopEndsTheReply_data()
+{
+    QTest::addColumn<QString>("search"); // %1: the name
+    QTest::addColumn<QString>("stop");
+
+    const QString stop = u"STOP¦"_s;
+    QTest::newRow("Oregon") << u"OREGON¦SEARCH¦%1¦¦¦¦*ALL¦¦¦¦"_s << stop;
+    QTest::newRow("Idaho") << u"IDSUP¦SEARCH¦%1¦¦¦¦Ada,¦¦¦¦"_s << stop;
+    QTest::newRow("district courts") << u"WADISCIS¦SEARCH¦%1¦¦¦KSD¦CV¦CNCI¦"_s << stop;
+    QTest::newRow("statewide") << u"WADISCIS¦SEARCH¦%1¦¦¦*SW¦IN¦SNCI¦"_s << stop;
+    const QString index = u"INDEX~SEARCH~%1~~~~King,~~1970~2026~LL=1~UL=30000~"_s;
+    QTest::newRow("index") << index << stop;
+    const QString bankruptcy = u"BKRPT~SEARCH~%1~~~~ID~*ALL~1980~2026~"_s;
+    QTest::newRow("bankruptcy") << bankruptcy << u"BKRPT~STOP~"_s;
+    QTest::newRow("bankruptcy in Idaho, by the others' stop") << bankruptcy << stop;
+}
+
+void tst_PracticeFamilyWire::stopEndsTheReply()
+{
+    QFETCH(QString, search);
+    QFETCH(QString, stop);
+
+    WireClient client(*court);
+    client.LogOn();
+    QElapsedTimer timer;
+    timer.start();
+    for (const QString &name : {u"SLOW"_s, u"STALL"_s}) {
+        client.Send(search.arg(name));
+        client.Send(stop);
+        QCOMPARE(client.ReadTo().last(), u"EOF~"_s);
+    }
+    QVERIFY(timer.elapsed() < 15'000); // the slow one takes 30 seconds
+    client.Send(guideSearch);
+    QCOMPARE(client.ReadBytes(guideReply.size()), guideReply);
+}
+
+void tst_PracticeFamilyWire::rubbishEndsNothing_data()
+{
+    QTest::addColumn<QByteArray>("request");
+
+    const QByteArray bar("\xA6");
+    for (const QByteArray family : {"OREGON", "IDSUP", "WADISCIS", "INDEX", "BKRPT"}) {
+        const QByteArray delimiter = family == "INDEX" || family == "BKRPT" ? "~" : bar;
+        const auto row = [&](const char *what, const QByteArray &field, qsizetype count) {
+            QByteArray request = family + delimiter;
+            for (qsizetype i = 0; i < count; ++i)
+                request += (i == 0 ? QByteArray("SEARCH") : field) + delimiter;
+            const QByteArray name = family + ' ' + what;
+            QTest::newRow(name.constData()) << request;
+        };
+        row("alone", {}, 0);
+        row("of nothing", {}, 1);
+        row("of many fields", "x", 1'000);
+        row("of empty fields", {}, 9);
+        row("of long fields", QByteArray(50'000, 'x'), 9);
+        row("of NULs", QByteArray(3, '\0'), 9);
+    }
+}
+
+/// Whatever a search holds, it is answered, and the court goes on.
+void tst_PracticeFamilyWire::rubbishEndsNothing()
+{
+    QFETCH(QByteArray, request);
+
+    WireClient client(*court);
+    client.LogOn();
+    client.SendRaw('|' + request + '|');
+    QCOMPARE(client.ReadTo().last(), u"EOF~"_s);
+    client.Send(guideSearch);
+    QCOMPARE(client.ReadBytes(guideReply.size()), guideReply);
+}
+
+QTEST_GUILESS_MAIN(tst_PracticeFamilyWire)
+#include "tst_PracticeFamilyWire.moc"

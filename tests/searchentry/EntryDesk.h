@@ -1,0 +1,87 @@
+#pragma once
+
+#include "namesearch/SearchDesk.h"
+
+#include <QPointer>
+
+class JobWindow;
+class frmSearchWA;
+
+/// A user who is logged in and has the search form open. What the user does is told step by step,
+/// each on a control that can be seen and used:
+///
+///     desk.Do({u"click optState_0"_s, u"type txtSearchName_0 Smith"_s, u"start"_s});
+///
+/// "click NAME", "type NAME TEXT", "tick LIST ITEM" (an item of a list), "choose BOX ITEM" (an item
+/// of a drop-down box), and "start" for a click on Start Search. One a test function.
+class EntryDesk
+{
+public:
+    EntryDesk();
+    ~EntryDesk();
+
+    frmSearchWA *Form() const { return form; }
+
+    /// A step that cannot be done is a complaint.
+    void Do(const QStringList &steps);
+
+    /// Starts the search, and gives the new windows in the order of their keys in the queue.
+    QList<JobWindow *> Start();
+    /// The same for a search that makes one window of this class; nullptr when it does not.
+    template<typename Window>
+    Window *StartOne()
+    {
+        const QList<JobWindow *> windows = Start();
+        return windows.size() == 1 ? qobject_cast<Window *>(windows.first()) : nullptr;
+    }
+    /// The windows that `act` makes.
+    QList<JobWindow *> NewWindows(const std::function<void()> &act);
+
+    /// The client code window comes up next, gets this code and is confirmed.
+    void ExpectCode(const QString &code);
+    /// The box for refused entries comes up next; its three lines are put into `lines`.
+    void ExpectRefusal(QStringList *lines = nullptr);
+
+    /// What the user sees: the text of a control of the form.
+    QString Text(const char *name) const;
+    QStringList ItemsOf(const char *box) const;
+    QWidget *Control(const char *name) const;
+
+    /// What went otherwise than announced; "" when nothing did.
+    QString Complaints() const;
+
+    SearchDesk Desk;
+
+private:
+    void doStep(const QString &step);
+    QWidget *usable(const QString &name);
+    void click(const QString &name);
+    void tick(const QString &name, const QString &item);
+    void choose(const QString &name, const QString &item);
+
+    QPointer<frmSearchWA> form;
+    QStringList complaints;
+};
+
+/// All job windows that are open, in the order of their keys in the queue.
+QList<JobWindow *> OpenJobs();
+
+/// Everything a window was handed: its class, its caption, then each field that holds something, as
+/// "name text". In the lines "/" stands for the broken bar.
+QStringList Handed(const JobWindow *window);
+
+/// "/" for the broken bar, as Handed has it.
+QString Readable(QString line);
+/// The other way.
+QString Wire(QString line);
+
+/// The keys of the turn queue.
+QStringList Keys();
+
+extern const QString washingtonDisclaimer;
+extern const QString oregonDisclaimer;
+extern const QString idahoDisclaimer;
+extern const QString notLoggedIn;
+extern const QString notLoggedInTitle;
+extern const QString noRequests;
+extern const QString noRequestsTitle;

@@ -1,0 +1,213 @@
+#include "casedetails/frmCaseDetails.h"
+#include "core/GlobalState.h"
+#include "core/Options.h"
+#include "searchentry/EntryDesk.h"
+#include "searchentry/frmSearchWA.h"
+
+#include <QTest>
+
+namespace {
+const QStringList number{u"click optSearchType_2"_s};
+const QStringList oregon{u"click optState_0"_s};
+const QStringList district{u"click optState_0"_s, u"click optOrCDcourts_1"_s};
+const QStringList idaho{u"click optState_3"_s};
+
+const QString notScomis = u"This case number appears to be a non-SCOMIS number.\r\n\r\nTo continue "
+                          "the search using this number click OK."_s;
+const QString notScomisTitle = u"Halvane Form Field Validation"_s;
+
+QStringList entered(const QString &county, const QString &text)
+{
+    QStringList steps = number;
+    if (!county.isEmpty())
+        steps.append(u"tick lboxMultiJurisdiction "_s + county);
+    steps.append(u"type txtSearchName_0 "_s + text);
+    return steps;
+}
+
+/// What a case window is handed. The request line has the same head in all three states: the window
+/// knows by its state what it has to send.
+QStringList details(const QString &state, const QString &text, const QStringList &places)
+{
+    return QStringList{u"frmCaseDetails"_s, u"caption Case Details"_s, u"lblState "_s + state,
+                       u"lblCaseDetailsHdr Case Details ("_s + text + u')'}
+           + places
+           + QStringList{u"txtCaseNumber "_s + text,
+                         u"tboxCaseNumberQueue WASUP/SUMMARY/"_s + text + u'/'};
+}
+} // namespace
+
+/// Case number searches of the state courts, from the clicks on the form to the case window.
+class tst_DispatchNumbers : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void theWindowIsHanded_data();
+    void theWindowIsHanded();
+    void theCodeIsHandedOver();
+    void aNumberWithOrWithoutDashesIsTheSameNumber();
+    void aNumberRefusedByTheUserStartsNothing();
+    void refused_data();
+    void refused();
+    void aSecondNumberIsAnotherWindow();
+    void theNumberGoesToTheRecentNumbers();
+
+private:
+    void expectNotScomis(MsgAnswer answer)
+    {
+        desk->Desk.Boxes.Expect(notScomis, notScomisTitle, MsgIcon::Exclamation, answer,
+                                MsgButtons::OkCancel);
+    }
+
+    std::unique_ptr<EntryDesk> desk;
+};
+
+void tst_DispatchNumbers::init()
+{
+    desk = std::make_unique<EntryDesk>();
+}
+
+void tst_DispatchNumbers::cleanup()
+{
+    const QString complaints = desk->Complaints();
+    desk.reset();
+    QCOMPARE(complaints, QString());
+}
+
+void tst_DispatchNumbers::theWindowIsHanded_data()
+{
+    QTest::addColumn<QStringList>("steps");
+    QTest::addColumn<bool>("asks");
+    QTest::addColumn<QStringList>("handed");
+    QTest::newRow("Superior") << entered(u"King"_s, u"05-2-02029-1"_s) << false
+                              << details(u"WA"_s, u"05-2-02029-1"_s,
+                                         {u"txtCountyName King"_s, u"lblCourtName King County, "
+                                                                   "Washington Superior Courts"_s});
+    QTest::newRow("Superior, not in the court's own form")
+        << entered(u"Adams"_s, u"a-17"_s) << true
+        << details(u"WA"_s, u"A-17"_s,
+                   {u"txtCountyName Adams"_s,
+                    u"lblCourtName Adams County, Washington Superior Courts"_s});
+    QTest::newRow("Oregon Circuit")
+        << oregon + entered(u"Baker"_s, u"cv08060677"_s) << true
+        << details(u"OR"_s, u"CV08060677"_s, {u"txtCountyName Baker"_s, u"lblOrCourtType C"_s});
+    QTest::newRow("Oregon District")
+        << district + entered(u"Lane"_s, u"cv08060677"_s) << true
+        << details(u"OR"_s, u"CV08060677"_s, {u"txtCountyName Lane"_s, u"lblOrCourtType D"_s});
+    QTest::newRow("Idaho, which asks nothing")
+        << idaho + entered(u"Ada"_s, u"cr-1998-0002546-in"_s) << false
+        << details(u"ID"_s, u"CR-1998-0002546-IN"_s, {u"txtCountyName Ada"_s});
+}
+
+void tst_DispatchNumbers::theWindowIsHanded()
+{
+    QFETCH(QStringList, steps);
+    QFETCH(bool, asks);
+    QFETCH(QStringList, handed);
+    desk->Do(steps);
+    if (asks)
+        expectNotScomis(MsgAnswer::Ok);
+    const auto *window = desk->StartOne<frmCaseDetails>();
+    QCOMPARE(Handed(window), handed);
+    QVERIFY(window->isVisible());
+    QVERIFY(window->Timer1->isActive());
+    QCOMPARE(TextOf(window, "lblStatus"), u"Pending .."_s);
+    QCOMPARE(Keys(), QStringList{window->txtMasterKey});
+    QVERIFY(desk->Form()->isVisible());
+}
+
+void tst_DispatchNumbers::theCodeIsHandedOver()
+{
+    SaveOptionStr(u"Accounting"_s, u"EnableAcctg"_s, u"1"_s);
+    desk->Do(entered(u"King"_s, u"052020291"_s));
+    desk->ExpectCode(u"abc"_s);
+    const auto *window = desk->StartOne<frmCaseDetails>();
+    QVERIFY(window);
+    QCOMPARE(window->ClientAcctgCode, u"ABC"_s);
+    QCOMPARE(Readable(window->tboxCaseNumberQueue), u"WASUP/SUMMARY/05-2-02029-1/"_s);
+}
+
+void tst_DispatchNumbers::aNumberWithOrWithoutDashesIsTheSameNumber()
+{
+    desk->Do(entered(u"King"_s, u" 052020291 "_s));
+    const auto *plain = desk->StartOne<frmCaseDetails>();
+    QCOMPARE(desk->Text("txtSearchName_0"), u"05-2-02029-1"_s);
+    desk->Do({u"type txtSearchName_0 05-2-02029-1"_s});
+    const auto *dashed = desk->StartOne<frmCaseDetails>();
+    QVERIFY(plain && dashed);
+    QCOMPARE(Handed(plain), Handed(dashed));
+    QCOMPARE(plain->txtCaseNumber, u"05-2-02029-1"_s);
+}
+
+void tst_DispatchNumbers::aNumberRefusedByTheUserStartsNothing()
+{
+    desk->Do(entered(u"King"_s, u"17x"_s));
+    expectNotScomis(MsgAnswer::Cancel);
+    QStringList told;
+    desk->ExpectRefusal(&told);
+    QVERIFY(desk->Start().isEmpty());
+    QCOMPARE(told.value(0), u"This case number appears to be a non-SCOMIS number."_s);
+    QCOMPARE(Keys(), QStringList());
+    QCOMPARE(desk->Text("txtSearchName_0"), u"17X"_s);
+}
+
+void tst_DispatchNumbers::refused_data()
+{
+    QTest::addColumn<QStringList>("steps");
+    QTest::addColumn<QString>("told");
+    QTest::addColumn<QString>("box");
+    QTest::newRow("no number") << number + QStringList{u"tick lboxMultiJurisdiction King"_s}
+                               << u"The NUMBER Field Is Empty!"_s << QString();
+    QTest::newRow("no county") << entered({}, u"052020291"_s)
+                               << u"You Have Not Selected a County!"_s << u"052020291"_s;
+    QTest::newRow("a restricted case type, before the check digit is looked at")
+        << entered(u"King"_s, u"055020290"_s)
+        << u"The Case Type Entered (5) is Restricted and Cannot be Retrieved From This Court."_s
+        << u"05-5-02029-0"_s;
+    QTest::newRow("another county's number")
+        << entered(u"Adams"_s, u"052020291"_s)
+        << u"The case number is invalid for the county chosen."_s << u"05-2-02029-1"_s;
+}
+
+void tst_DispatchNumbers::refused()
+{
+    QFETCH(QStringList, steps);
+    QFETCH(QString, told);
+    QFETCH(QString, box);
+    desk->Do(steps);
+    QStringList lines;
+    desk->ExpectRefusal(&lines);
+    QVERIFY(desk->Start().isEmpty());
+    QCOMPARE(lines.value(0), told);
+    QCOMPARE(desk->Text("txtSearchName_0"), box);
+    QCOMPARE(Keys(), QStringList());
+    QCOMPARE(desk->Desk.Folder.Read(u"MruCases.txt"_s), QByteArray());
+    QVERIFY(desk->Form()->isVisible());
+}
+
+void tst_DispatchNumbers::aSecondNumberIsAnotherWindow()
+{
+    desk->Do(entered(u"King"_s, u"052020291"_s));
+    const auto *first = desk->StartOne<frmCaseDetails>();
+    desk->Do({u"tick lboxMultiJurisdiction Adams"_s, u"type txtSearchName_0 052020298"_s});
+    const auto *second = desk->StartOne<frmCaseDetails>();
+    QVERIFY(first && second);
+    QCOMPARE(second->txtCountyName, u"Adams"_s);
+    QCOMPARE(first->txtCountyName, u"King"_s);
+    QCOMPARE(Keys(), (QStringList{first->txtMasterKey, second->txtMasterKey}));
+}
+
+void tst_DispatchNumbers::theNumberGoesToTheRecentNumbers()
+{
+    desk->Do(entered(u"King"_s, u"052020291"_s));
+    QVERIFY(desk->StartOne<frmCaseDetails>());
+    QVERIFY(desk->StartOne<frmCaseDetails>());
+    QCOMPARE(desk->Desk.Folder.Read(u"MruCases.txt"_s), "05-2-02029-1\r\n");
+    QCOMPARE(desk->ItemsOf("cboxCaseMRUs"), QStringList{u"05-2-02029-1"_s});
+}
+
+QTEST_MAIN(tst_DispatchNumbers)
+#include "tst_DispatchNumbers.moc"
