@@ -20,7 +20,7 @@ LinkLabel::LinkLabel(QWidget *parent) : QAbstractButton(parent)
 QSize LinkLabel::sizeHint() const
 {
     const QFontMetrics metrics(font());
-    return {metrics.horizontalAdvance(text()) + 2, metrics.height() + 2};
+    return {metrics.horizontalAdvance(text()), metrics.height() + 2};
 }
 
 void LinkLabel::keyPressEvent(QKeyEvent *event)
@@ -37,7 +37,7 @@ void LinkLabel::paintEvent(QPaintEvent * /*event*/)
     QPainter painter(this);
     painter.setPen(palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled,
                                    QPalette::Link));
-    painter.drawText(rect().adjusted(1, 1, -1, -1), Qt::AlignLeft | Qt::AlignVCenter, text());
+    painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter, text());
     if (!hasFocus())
         return;
     QStyleOptionFocusRect option;

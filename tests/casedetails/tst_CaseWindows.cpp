@@ -74,7 +74,7 @@ private Q_SLOTS:
     void stopWhilePendingWithdrawsTheKey_data();
     void stopWhilePendingWithdrawsTheKey();
     void aDeclinedStopLeavesTheButtonOff();
-    void aCaseThatEndsUnderTheQuestionIsNotStopped();
+    void aPendingCaseDoesNotStartUnderTheQuestion();
     void pendingOnlyByItsExactText();
     void stopRequestByState_data();
     void stopRequestByState();
@@ -415,19 +415,20 @@ void tst_CaseWindows::aDeclinedStopLeavesTheButtonOff()
     QTRY_COMPARE(TextOf(window, "lblStatus"), later);
 }
 
-void tst_CaseWindows::aCaseThatEndsUnderTheQuestionIsNotStopped()
+void tst_CaseWindows::aPendingCaseDoesNotStartUnderTheQuestion()
 {
     desk->ConnectTo(*court);
     Global.bShowAlerts = true;
     CaseWindow *window = pending();
     desk->Boxes.Meanwhile([&] {
         window->Timer1->start(1);
-        QTRY_COMPARE(TextOf(window, "lblStatus"), later);
+        QTest::qWait(30);
+        QCOMPARE(TextOf(window, "lblStatus"), u"Pending .."_s);
     });
     desk->Boxes.Expect(stopQuestion, stopTitle, MsgAnswer::Yes);
     ButtonOf(window, "cmdStopSearching")->click();
-    QCOMPARE(TextOf(window, "lblStatus"), later);
-    QTest::qWait(20);
+    QCOMPARE(TextOf(window, "lblStatus"), u"Search Stopped By User .. "_s);
+    QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
     QCOMPARE(court->Requests(), QStringList());
 }
 

@@ -53,7 +53,8 @@ private Q_SLOTS:
     void stopIsAskedOnlyWithAlerts();
     void declinedStopChangesNothing();
     void declinedStopWhilePendingChangesNothing();
-    void aSearchThatEndsUnderTheQuestionIsNotStopped();
+    void aPendingSearchDoesNotStartUnderTheQuestion();
+    void aSearchThatWasLeftAloneStartsBehindTheQuestion();
     void theStatusChangedUnderThePendingQuestion();
     void pendingOnlyByItsExactText();
     void stopThatCannotBeSentRemovesLineZeroAndLogs();
@@ -304,22 +305,36 @@ void tst_NameSearchStop::declinedStopWhilePendingChangesNothing()
     QCOMPARE(frmQueue::Form().FIFO.ListCount(), 2);
 }
 
-void tst_NameSearchStop::aSearchThatEndsUnderTheQuestionIsNotStopped()
+void tst_NameSearchStop::aPendingSearchDoesNotStartUnderTheQuestion()
 {
-    court->Expect(RequestLine()).Reply({ResultLine(u"A"_s)});
     desk->ConnectTo(*court);
     frmNameSearchResults *window = desk->MakePending({RequestLine()});
     desk->Boxes.Meanwhile([&] {
         window->Timer1->start(1);
-        desk->When([&] { return window->RowCount() == 1; },
-                   [this] { court->SendTokens({u"EOF~"_s}); });
-        QVERIFY(desk->Finish(window));
+        QTest::qWait(30);
+        QCOMPARE(TextOf(window, "lblStatus"), u"Pending .."_s);
     });
     desk->Boxes.Expect(stopQuestion, stopTitle, MsgAnswer::Yes);
     click(window, "cmdStopSearching");
+    QCOMPARE(TextOf(window, "lblSearchStatus"),
+             u"Search Stopped By User. No Results Were Retrieved."_s);
+    QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
+    QCOMPARE(court->Requests(), QStringList());
+}
+
+void tst_NameSearchStop::aSearchThatWasLeftAloneStartsBehindTheQuestion()
+{
+    court->Expect(RequestLine()).Reply({ResultLine(u"A"_s), u"EOF~"_s});
+    desk->ConnectTo(*court);
+    frmNameSearchResults *window = desk->MakePending({RequestLine()});
+    desk->Boxes.Meanwhile([&] {
+        window->Timer1->start(1);
+        QTest::qWait(30);
+    });
+    desk->Boxes.Expect(stopQuestion, stopTitle, MsgAnswer::No);
+    click(window, "cmdStopSearching");
+    QVERIFY(desk->Finish(window));
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete: 1 Cases Retrieved."_s);
-    QVERIFY(!window->StopRequested);
-    QCOMPARE(court->Requests(), QStringList{RequestLine()});
 }
 
 void tst_NameSearchStop::theStatusChangedUnderThePendingQuestion()

@@ -122,7 +122,8 @@ void tst_SearchFormBatch::noDefaultCountyWithoutASelection()
     user->GoTo({Superior, 2, 1, 5, true});
     const QByteArray before = user->Desk.Folder.Read(u"options.ini"_s);
     user->BatchCounty(0)->setCurrentIndex(0);
-    user->Desk.Boxes.Expect(u"You must select a valid county!"_s, u"Invalid County Selected .."_s);
+    user->Desk.Boxes.Expect(u"You must select a valid county!"_s, u"Invalid County Selected .."_s,
+                            MsgIcon::Critical);
     user->Click("cmdBatchSearch_3");
     QCOMPARE(user->Desk.Folder.Read(u"options.ini"_s), before);
     QCOMPARE(Global.strDefaultWaCounty, u"King"_s);
