@@ -8,6 +8,7 @@ namespace {
 SearchEntry person()
 {
     SearchEntry entry;
+    entry.CourtName = u"WA Superior Courts"_s;
     entry.Names = {u"SMITH"_s, u"JOHN"_s, u"Q"_s, u"JR"_s};
     entry.Counties = {u"Adams"_s, u"King"_s};
     entry.NumberCounty = u"Pierce"_s;
@@ -30,7 +31,6 @@ private Q_SLOTS:
     void aBusinessStatewideInARangeOfYears();
     void aNumberHasNoTypesAndNoYears_data();
     void aNumberHasNoTypesAndNoYears();
-    void theCourt_data();
     void theCourt();
     void theJurisdictions_data();
     void theJurisdictions();
@@ -78,28 +78,12 @@ void tst_SearchLogRow::aNumberHasNoTypesAndNoYears()
                                         u"N/A"_s, u"N/A"_s, u"Pending .."_s}));
 }
 
-void tst_SearchLogRow::theCourt_data()
-{
-    QTest::addColumn<int>("court");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("Superior") << static_cast<int>(CourtFamily::Superior) << u"WA Superior Courts"_s;
-    QTest::newRow("District and Municipal")
-        << static_cast<int>(CourtFamily::Discis) << u"WA District & Municipal Courts"_s;
-    QTest::newRow("Oregon") << static_cast<int>(CourtFamily::Oregon)
-                            << u"OR Circuit/District Courts"_s;
-    QTest::newRow("Idaho") << static_cast<int>(CourtFamily::Idaho) << u"ID District Courts"_s;
-    QTest::newRow("bankruptcy") << static_cast<int>(CourtFamily::Bankruptcy)
-                                << u"Federal Bankruptcy Courts"_s;
-}
-
 void tst_SearchLogRow::theCourt()
 {
-    QFETCH(int, court);
-    QFETCH(QString, text);
     SearchEntry entry = person();
-    entry.Court = static_cast<CourtFamily>(court);
-    QCOMPARE(GetSearchCourts(entry), text);
-    QCOMPARE(AddRecordToSearchList(entry)[LogCourt], QString(text + u" - "_s));
+    entry.CourtName = u"OR Circuit/District Courts"_s;
+    QCOMPARE(GetSearchCourts(entry), u"OR Circuit/District Courts"_s);
+    QCOMPARE(AddRecordToSearchList(entry)[LogCourt], u"OR Circuit/District Courts - "_s);
 }
 
 void tst_SearchLogRow::theJurisdictions_data()
