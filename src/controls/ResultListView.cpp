@@ -71,9 +71,6 @@ void ResultListView::connectHeader()
 {
     QHeaderView *header = horizontalHeader();
     header->setSectionsClickable(true);
-    // By itself a table selects the cells below a pressed header, which here are all rows.
-    disconnect(header, &QHeaderView::sectionPressed, this, nullptr);
-    disconnect(header, &QHeaderView::sectionEntered, this, nullptr);
     connect(header, &QHeaderView::sectionClicked, this, [this](int column) {
         // The header has turned its arrow on its own; where it stands is for others to say.
         showArrow();
