@@ -328,6 +328,7 @@ void tst_OpenCase::anArchivedCaseKeepsItsMark()
     const frmNameSearchResults *window = finished({ResultLine(u"SMITH"_s, u"*02-2-02029-9"_s)});
     choose(window, 0);
     QCOMPARE(RowsOf(window)[0][1], u">>*02-2-02029-9"_s);
+    QCOMPARE(caseWindows().size(), 1);
     const CaseWindow *opened = caseWindows().constFirst();
     QCOMPARE(opened->txtCaseNumber, u"*02-2-02029-9"_s);
     QCOMPARE(opened->lblCaseDetailsHdr(), u"Case Details (*02-2-02029-9)"_s);
@@ -438,6 +439,7 @@ void tst_OpenCase::theClientCodeGoesAlong()
     frmNameSearchResults *window = finished({ResultLine(u"SMITH"_s)});
     window->ClientAcctgCode = u"ABC"_s;
     choose(window, 0);
+    QCOMPARE(caseWindows().size(), 1);
     QCOMPARE(caseWindows().constFirst()->ClientAcctgCode, u"ABC"_s);
 }
 
@@ -500,6 +502,7 @@ void tst_OpenCase::aSortedRowOpensItsOwnCase()
     ResultListView *list = listOf(window);
     list->SortRows({u"2"_s, u"1"_s}, Qt::AscendingOrder);
     choose(window, 0);
+    QCOMPARE(caseWindows().size(), 1);
     QCOMPARE(caseWindows().constFirst()->txtCaseNumber, u"02-2-00002-1"_s);
     QCOMPARE(RowsOf(window)[0][1], u">>02-2-00002-1"_s);
 }
