@@ -21,6 +21,7 @@ const QList<ListColumn> &columns()
 std::vector<QString> keysOf(const ResultListModel &model, int column = 0)
 {
     std::vector<QString> keys;
+    keys.reserve(static_cast<size_t>(model.Count()));
     for (int row = 0; row < model.Count(); ++row)
         keys.push_back(model.Cell(row, column));
     return keys;
