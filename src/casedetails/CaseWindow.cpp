@@ -59,6 +59,26 @@ QString CaseWindow::lblCourtName() const
     return courtName->text();
 }
 
+void CaseWindow::SetCaseTitle(const QString &text)
+{
+    caseTitle->setText(text);
+}
+
+QString CaseWindow::lblCaseTitle() const
+{
+    return caseTitle->text();
+}
+
+void CaseWindow::SetDateFiled(const QString &text)
+{
+    dateFiled->setText(text);
+}
+
+QString CaseWindow::lblDateFiled() const
+{
+    return dateFiled->text();
+}
+
 void CaseWindow::BeginTick()
 {
     setWindowTitle(u"Case Details ("_s + txtCaseNumber + u')');

@@ -16,6 +16,10 @@ public:
     QString lblCaseDetailsHdr() const;
     void SetCourtName(const QString &text);
     QString lblCourtName() const;
+    void SetCaseTitle(const QString &text);
+    QString lblCaseTitle() const;
+    void SetDateFiled(const QString &text);
+    QString lblDateFiled() const;
 
     // What the starter hands over, besides the members of every job
     QString txtCaseNumber; ///< as in the list of results, with its "*" or ">>" if it has one
@@ -41,6 +45,8 @@ protected:
     {
         header = ui.lblCaseDetailsHdr;
         courtName = ui.lblCourtName;
+        caseTitle = ui.lblCaseTitle;
+        dateFiled = ui.lblDateFiled;
         lblStatus = ui.lblStatus;
         lblWarning = ui.lblWarning;
         load(ui.cmdStopSearching, ui.cmdCloseDetails);
@@ -61,6 +67,8 @@ private:
 
     QLabel *header = nullptr;
     QLabel *courtName = nullptr;
+    QLabel *caseTitle = nullptr;
+    QLabel *dateFiled = nullptr;
     QLabel *lblStatus = nullptr;
     QLabel *lblWarning = nullptr;
     bool wasShown = false;

@@ -10,3 +10,13 @@ frmCaseDetails::frmCaseDetails(QWidget *parent)
 }
 
 frmCaseDetails::~frmCaseDetails() = default;
+
+void frmCaseDetails::SetTopFrameCaseType(const QString &text)
+{
+    ui->lblTopFrameCaseType->setText(text);
+}
+
+QString frmCaseDetails::lblTopFrameCaseType() const
+{
+    return ui->lblTopFrameCaseType->text();
+}

@@ -17,6 +17,9 @@ public:
     explicit frmCaseDetails(QWidget *parent = nullptr);
     ~frmCaseDetails() override;
 
+    void SetTopFrameCaseType(const QString &text);
+    QString lblTopFrameCaseType() const;
+
 private:
     const std::unique_ptr<Ui::frmCaseDetails> ui;
 };

@@ -1,8 +1,40 @@
 #include "controls/ResultListModel.h"
 
+#include <algorithm>
+#include <numeric>
+
 namespace {
 constexpr int flushMilliseconds = 40;
+
+/// The rows' numbers in the order of their keys. Numbers are moved instead of rows, and each key is
+/// the one that was made for its row.
+std::vector<int> orderOf(const std::vector<QString> &keys, Qt::SortOrder order)
+{
+    std::vector<int> rows(keys.size());
+    std::iota(rows.begin(), rows.end(), 0);
+    const auto keyOf = [&keys](int row) -> const QString & {
+        return keys[static_cast<size_t>(row)];
+    };
+    if (order == Qt::AscendingOrder)
+        std::stable_sort(rows.begin(), rows.end(),
+                         [&](int left, int right) { return keyOf(left) < keyOf(right); });
+    else
+        std::stable_sort(rows.begin(), rows.end(),
+                         [&](int left, int right) { return keyOf(right) < keyOf(left); });
+    return rows;
 }
+
+/// Puts the entries into this order.
+template<typename Entry>
+void rearrange(std::vector<Entry> &entries, const std::vector<int> &order)
+{
+    std::vector<Entry> moved;
+    moved.reserve(entries.size());
+    for (const int from : order)
+        moved.push_back(std::move(entries[static_cast<size_t>(from)]));
+    entries = std::move(moved);
+}
+} // namespace
 
 ResultListModel::ResultListModel(QObject *parent) : QAbstractTableModel(parent), flushTimer(this)
 {
@@ -38,6 +70,36 @@ void ResultListModel::SetCell(int row, int column, const QString &text)
     cells[column] = text;
     if (row < shownRows)
         Q_EMIT dataChanged(index(row, column), index(row, column));
+}
+
+QStringList ResultListModel::Cells(int row) const
+{
+    return rows.at(static_cast<size_t>(row));
+}
+
+void ResultListModel::SortRows(const std::vector<QString> &keys, Qt::SortOrder order)
+{
+    Q_ASSERT(keys.size() == rows.size());
+    // The view knows every row that moves.
+    Flush();
+    const std::vector<int> rowsInOrder = orderOf(keys, order);
+    std::vector<int> newPlaces(rowsInOrder.size());
+    for (size_t place = 0; place < rowsInOrder.size(); ++place)
+        newPlaces[static_cast<size_t>(rowsInOrder[place])] = static_cast<int>(place);
+    Q_EMIT layoutAboutToBeChanged({}, VerticalSortHint);
+    rearrange(rows, rowsInOrder);
+    movePersistentIndexes(newPlaces);
+    Q_EMIT layoutChanged({}, VerticalSortHint);
+}
+
+void ResultListModel::movePersistentIndexes(const std::vector<int> &newPlaces)
+{
+    const QModelIndexList from = persistentIndexList();
+    QModelIndexList to;
+    to.reserve(from.size());
+    for (const QModelIndex &old : from)
+        to.append(index(newPlaces[static_cast<size_t>(old.row())], old.column()));
+    changePersistentIndexList(from, to);
 }
 
 void ResultListModel::Clear()

@@ -37,8 +37,14 @@ public:
     int Count() const { return static_cast<int>(rows.size()); }
     QString Cell(int row, int column) const;
     void SetCell(int row, int column, const QString &text);
+    QStringList Cells(int row) const;
 
     void Clear();
+
+    /// Puts the rows into the order of their keys, one key a row, compared as texts. Rows with
+    /// equal keys stay in their order, either way. Selected and current rows stay so at their new
+    /// places; rows that are added afterwards stand below.
+    void SortRows(const std::vector<QString> &keys, Qt::SortOrder order);
 
     /// Shows every row now.
     void Flush();
@@ -54,6 +60,8 @@ Q_SIGNALS:
     void Flushed();
 
 private:
+    void movePersistentIndexes(const std::vector<int> &newPlaces);
+
     QList<ListColumn> columns;
     std::vector<QStringList> rows;
     int shownRows = 0;

@@ -5,6 +5,8 @@
 #include <QFontInfo>
 #include <QHeaderView>
 #include <QHelpEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
 #include <QStyledItemDelegate>
 #include <QToolTip>
 
@@ -57,6 +59,24 @@ ResultListView::ResultListView(QWidget *parent) : QTableView(parent), list(this)
     horizontalHeader()->setStretchLastSection(true);
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     horizontalHeader()->setMinimumSectionSize(PixelsFromTwips(30));
+    connectHeader();
+    connect(selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &ResultListView::SelectedRowChanged);
+    connect(selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            &ResultListView::SelectedRowChanged);
+    // A list that is made anew drops its selection without telling so.
+    connect(&list, &QAbstractItemModel::modelReset, this, &ResultListView::SelectedRowChanged);
+}
+
+void ResultListView::connectHeader()
+{
+    QHeaderView *header = horizontalHeader();
+    header->setSectionsClickable(true);
+    connect(header, &QHeaderView::sectionClicked, this, [this](int column) {
+        // The header has turned its arrow on its own; where it stands is for others to say.
+        showArrow();
+        Q_EMIT HeaderClicked(column);
+    });
 }
 
 void ResultListView::SetColumns(const QList<ListColumn> &columns)
@@ -76,8 +96,53 @@ void ResultListView::SetColumnTwips(int column, int twips)
 
 void ResultListView::ShowHeaderIcon(int column, Qt::SortOrder order, bool show)
 {
+    if (show) {
+        arrowColumn = column;
+        arrowOrder = order;
+    } else if (arrowColumn == column) {
+        arrowColumn = -1;
+    }
+    showArrow();
+}
+
+void ResultListView::showArrow()
+{
     QHeaderView *header = horizontalHeader();
-    header->setSortIndicatorShown(show);
-    if (show)
-        header->setSortIndicator(column, order);
+    header->setSortIndicatorShown(arrowColumn >= 0);
+    header->setSortIndicator(arrowColumn, arrowOrder);
+}
+
+void ResultListView::SortRows(const std::vector<QString> &keys, Qt::SortOrder order)
+{
+    sortOrder = order;
+    list.SortRows(keys, order);
+}
+
+int ResultListView::SelectedRow() const
+{
+    const QModelIndex current = currentIndex();
+    if (current.isValid() && selectionModel()->isRowSelected(current.row()))
+        return current.row();
+    const QItemSelection selection = selectionModel()->selection();
+    return selection.isEmpty() ? -1 : selection.first().top();
+}
+
+void ResultListView::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
+        QTableView::keyPressEvent(event);
+        return;
+    }
+    event->accept();
+    // A key that is held down chooses once.
+    if (!event->isAutoRepeat() && SelectedRow() >= 0)
+        Q_EMIT RowChosen(SelectedRow());
+}
+
+void ResultListView::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    QTableView::mouseDoubleClickEvent(event);
+    const QModelIndex cell = indexAt(event->position().toPoint());
+    if (event->button() == Qt::LeftButton && cell.isValid() && SelectedRow() == cell.row())
+        Q_EMIT RowChosen(cell.row());
 }

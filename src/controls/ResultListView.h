@@ -21,9 +21,35 @@ public:
     /// Sets a column's width in twips.
     void SetColumnTwips(int column, int twips);
 
-    /// Puts the sort arrow on a column's header (show) or takes it away.
+    /// Puts the sort arrow on a column's header (show) or takes it away from this column. There is
+    /// one arrow: it goes from where it was.
     void ShowHeaderIcon(int column, Qt::SortOrder order, bool show);
 
+    /// Sorts the rows by their keys, one key a row.
+    void SortRows(const std::vector<QString> &keys, Qt::SortOrder order);
+    /// The order of the last sorting, ascending at first.
+    Qt::SortOrder SortOrder() const { return sortOrder; }
+
+    /// The selected row, -1 when there is none; of several, the current one.
+    int SelectedRow() const;
+
+Q_SIGNALS:
+    void HeaderClicked(int column);
+    /// A row was double-clicked, or Enter pressed on it.
+    void RowChosen(int row);
+    /// Another row is selected, or none.
+    void SelectedRowChanged();
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+
 private:
+    void connectHeader();
+    void showArrow();
+
     ResultListModel list;
+    Qt::SortOrder sortOrder = Qt::AscendingOrder;
+    int arrowColumn = -1;
+    Qt::SortOrder arrowOrder = Qt::AscendingOrder;
 };

@@ -3,6 +3,7 @@
 #include "controls/MsgBox.h"
 #include "controls/ReadOnlyTextBox.h"
 #include "controls/ResultListView.h"
+#include "namesearch/CaseFromRow.h"
 #include "namesearch/SearchCriteria.h"
 #include "session/SessionEvents.h"
 
@@ -53,6 +54,11 @@ void DiscisResultsWindow::AddDiscisRow(const QString &row)
 void DiscisResultsWindow::AddRow(const QString &row)
 {
     AddDiscisRow(row);
+}
+
+CaseFromRow DiscisResultsWindow::CaseOf(const QStringList &cells) const
+{
+    return DiscisCaseOfRow(cells, Kind(), CaseTypeOfRequest(lboxQueue.List(0)));
 }
 
 void DiscisResultsWindow::SetNameVal(const QString &text)

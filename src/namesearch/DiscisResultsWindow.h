@@ -38,6 +38,7 @@ protected:
 
     void InitListView() override;
     void AddRow(const QString &row) override;
+    CaseFromRow CaseOf(const QStringList &cells) const override;
 
 private:
     void connectButtons(ReadOnlyTextBox *readOnlyBox, QPushButton *closeResults,

@@ -10,6 +10,7 @@
 
 class QLineEdit;
 class ResultListView;
+struct CaseFromRow;
 struct ListColumn;
 
 /// The results window of one name search: waits for its turn on the link, sends its request lines
@@ -38,6 +39,10 @@ public:
 
     int RowCount() const;
 
+    /// Opens the case of this row in a window of its own, which takes its place in the queue, and
+    /// marks the row. A row that is no case opens nothing.
+    void OpenCaseFromRow(int row);
+
     // What the starter hands over
     ListBox lboxQueue;
     QString lbl911; ///< "T" closes the window without a question
@@ -63,6 +68,7 @@ protected:
         countyList = ui.txtCountyList;
         listview1 = ui.listview1;
         printButton = ui.cmdSearchResults_2;
+        connectList(ui.cmdSearchResults_0);
         load(ui.cmdStopSearching);
     }
 
@@ -76,6 +82,14 @@ protected:
     /// Adds a row of the server to the list. Throws error 9 when it has too few fields.
     virtual void AddRow(const QString &row) = 0;
     virtual void EndSearch(SearchOutcome outcome);
+    /// What the window of the case in these cells gets.
+    virtual CaseFromRow CaseOf(const QStringList &cells) const = 0;
+    /// The button that retrieves what is chosen in the list: by itself, the selected case.
+    virtual void RetrieveDetails();
+    /// Whether that button can be pressed, now that something else is chosen.
+    virtual void UpdateRetrieveButton();
+    /// Sorts a list of the window by a column, as a click on its header does.
+    void SortList(ResultListView *list, int column);
     /// The search is complete: the labels already read so.
     virtual void ShowCompletion() {}
     /// What a paged search has put in the place of other buttons goes.
@@ -105,6 +119,8 @@ protected:
 
 private:
     void load(QPushButton *cmdStopSearching);
+    void connectList(QPushButton *retrieve);
+    void chooseRow(int row);
     std::optional<SearchOutcome> readReplies();
     SearchOutcome runRequests();
     bool sendLine(int index);
@@ -121,9 +137,11 @@ private:
     QLineEdit *countyList = nullptr;
     ResultListView *listview1 = nullptr;
     QPushButton *printButton = nullptr;
+    QPushButton *retrieveButton = nullptr;
     QString countyOfRequest;
     int rowsOfRequest = 0;
     bool tooManyHits = false;
     bool CriteriaShown = false;
     bool countPending = false;
+    bool sortFlag = false; ///< turned by every click on a header
 };

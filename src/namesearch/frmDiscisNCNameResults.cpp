@@ -1,6 +1,7 @@
 #include "namesearch/frmDiscisNCNameResults.h"
 
 #include "controls/MsgBox.h"
+#include "controls/ResultListView.h"
 #include "core/GlobalState.h"
 #include "namesearch/ResultRows.h"
 #include "ui_frmDiscisNCNameResults.h"
@@ -16,6 +17,8 @@ frmDiscisNCNameResults::frmDiscisNCNameResults(QWidget *parent)
     ui->lvDupe->hide();
     connect(ui->lblHelp, &QPushButton::clicked, this,
             [this] { MsgBox(this, u"Not Implemented Yet."_s); });
+    connect(ui->lvDupe, &ResultListView::HeaderClicked, this,
+            [this](int column) { SortList(ui->lvDupe, column); });
     UseDiscisControls(*ui);
 }
 
@@ -31,7 +34,13 @@ void frmDiscisNCNameResults::InitListView()
     DiscisResultsWindow::InitListView();
     ui->lvDupe->SetColumns(ListColumnsOf(lblDNDorSNCI == u"DND" ? ResultKind::NamesAddresses
                                                                 : ResultKind::NamesStatewide));
+    ShowHeaderIconNC(0, Qt::AscendingOrder, true);
     Global.DiscisDndSearch = false;
+}
+
+void frmDiscisNCNameResults::ShowHeaderIconNC(int column, Qt::SortOrder order, bool show)
+{
+    ui->lvDupe->ShowHeaderIcon(column, order, show);
 }
 
 void frmDiscisNCNameResults::AddRow(const QString &row)

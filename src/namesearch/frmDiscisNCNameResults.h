@@ -22,6 +22,8 @@ public:
     ~frmDiscisNCNameResults() override;
 
     void InitListView() override;
+    /// ShowHeaderIcon, for the list of names.
+    void ShowHeaderIconNC(int column, Qt::SortOrder order, bool show);
 
     QString lblDNDorSNCI;    ///< "SNCI", or "DND" for defendants with addresses
     bool DupesFound = false; ///< the server has sent people

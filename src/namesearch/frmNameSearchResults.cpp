@@ -2,6 +2,7 @@
 
 #include "controls/ResultListView.h"
 #include "core/GlobalState.h"
+#include "namesearch/CaseFromRow.h"
 #include "namesearch/SearchCriteria.h"
 #include "session/SessionEvents.h"
 #include "ui_frmNameSearchResults.h"
@@ -60,6 +61,11 @@ void frmNameSearchResults::AddResultRow(const QString &row)
 void frmNameSearchResults::AddRow(const QString &row)
 {
     AddResultRow(row);
+}
+
+CaseFromRow frmNameSearchResults::CaseOf(const QStringList &cells) const
+{
+    return CaseOfRow(cells, ResultKindOf(lblState, chkIndexSearch, chkBK), lblState);
 }
 
 void frmNameSearchResults::ShowSearchCriteria(int lineIndex)

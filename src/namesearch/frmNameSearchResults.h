@@ -45,6 +45,7 @@ public:
 protected:
     ReplyEffect TakeReply(const QString &reply) override;
     void AddRow(const QString &row) override;
+    CaseFromRow CaseOf(const QStringList &cells) const override;
     void EndSearch(SearchOutcome outcome) override;
     void PutButtonsBack() override;
 

@@ -1,5 +1,6 @@
 // From checked entries to a window that waits for its turn.
 
+#include "searchentry/SearchDispatch.h"
 #include "casedetails/frmCaseDetails.h"
 #include "casedetails/frmCivilCaseDetails.h"
 #include "casedetails/frmNCCaseDetails.h"
@@ -12,7 +13,6 @@
 #include "core/TextUtilities.h"
 #include "core/Windows1252.h"
 #include "courts/Counties.h"
-#include "jobs/TurnTaking.h"
 #include "namesearch/frmDiscisNCNameResults.h"
 #include "namesearch/frmDiscisNameResults.h"
 #include "namesearch/frmNameSearchResults.h"
@@ -21,63 +21,12 @@
 #include "searchentry/NameRequests.h"
 #include "searchentry/NumberRequests.h"
 #include "searchentry/RecentEntries.h"
-#include "searchentry/SearchDispatch.h"
 #include "searchentry/SearchTitles.h"
-#include "session/frmMain.h"
-
-#include <QPointer>
+#include "session/NewWindow.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
-/// A new window on its way to the screen. Unless it is launched, it is unloaded again, and its key
-/// does not stay in the queue, where it would hold up every job behind it.
-template<typename Window>
-class NewWindow
-{
-public:
-    explicit NewWindow(Window *form) : window(form)
-    {
-        // It waits for its turn from the moment it is shown, not while it is being filled.
-        window->Timer1->stop();
-    }
-    ~NewWindow()
-    {
-        if (!window || launched)
-            return;
-        if (!window->txtMasterKey.isEmpty())
-            WithdrawKey(window->txtMasterKey);
-        // Nobody is asked: the user never saw it.
-        window->Unload(UnloadMode::MdiParent);
-    }
-    NewWindow(const NewWindow &) = delete;
-    NewWindow &operator=(const NewWindow &) = delete;
-
-    Window *operator->() const { return window; }
-    Window &operator*() const { return *window; }
-
-    void GiveKey()
-    {
-        window->txtMasterKey = MakeMasterKey();
-        EnqueueKey(window->txtMasterKey);
-    }
-
-    void Launch()
-    {
-        Global.bStopRequested = false;
-        window->Timer1->start();
-        if (frmMain *main = frmMain::Form())
-            main->ShowChild(window);
-        else
-            window->show();
-        launched = true;
-    }
-
-private:
-    QPointer<Window> window;
-    bool launched = false;
-};
-
 RequestContext contextOf(const SearchEntry &entry)
 {
     RequestContext context;

@@ -174,6 +174,17 @@ void tst_CaseWindows::whatTheStarterHandsOver()
     QCOMPARE(window->lblCaseDetailsHdr(), u"Case Details (02-1-00123-4)"_s);
     QCOMPARE(TextOf(window.get(), "lblCourtName"), u"King County, Washington Superior Courts"_s);
     QCOMPARE(window->lblCourtName(), u"King County, Washington Superior Courts"_s);
+    window->SetCaseTitle(u"Pending .. "_s);
+    window->SetDateFiled(u"01/02/2002"_s);
+    QCOMPARE(TextOf(window.get(), "lblCaseTitle"), u"Pending .. "_s);
+    QCOMPARE(window->lblCaseTitle(), u"Pending .. "_s);
+    QCOMPARE(TextOf(window.get(), "lblDateFiled"), u"01/02/2002"_s);
+    QCOMPARE(window->lblDateFiled(), u"01/02/2002"_s);
+    if (auto *superior = qobject_cast<frmCaseDetails *>(window.get())) {
+        superior->SetTopFrameCaseType(u"Civil/Plaintiff"_s);
+        QCOMPARE(TextOf(superior, "lblTopFrameCaseType"), u"Civil/Plaintiff"_s);
+        QCOMPARE(superior->lblTopFrameCaseType(), u"Civil/Plaintiff"_s);
+    }
 }
 
 void tst_CaseWindows::districtWindowsNameTheCase_data()

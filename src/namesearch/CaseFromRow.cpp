@@ -1,0 +1,300 @@
+#include "namesearch/CaseFromRow.h"
+
+#include "core/TextUtilities.h"
+#include "courts/Counties.h"
+#include "courts/DiscisCourts.h"
+
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr QChar fieldBar(u'\u00A6');
+constexpr QChar frameBar(u'|');
+
+// Cells, in the order of the columns
+constexpr int numberCell = 1;
+constexpr int dateCell = 2;
+constexpr int locationCell = 4;
+constexpr int indexLocationCell = 5;
+constexpr int roleCell = 5;
+constexpr int retrievalCell = 6;
+constexpr int courtCodeCell = 2; ///< District and Municipal Courts, as are the next
+constexpr int courtPlaceCell = 3;
+constexpr int caseTypeCell = 4;
+constexpr int discisDateCell = 7;
+constexpr int requestTypeField = 6;
+
+constexpr QStringView openedMark = u">>";
+constexpr QStringView warningCell = u"**Warning**";
+
+/// The longest mark first: each is the beginning of the text behind which the number stands.
+constexpr std::array<QStringView, 3> marks{u">>*", u">>", u"*"};
+
+/// Each field closed by its bar. A frame has no escape: what would break the line is left out.
+QString lineOf(const QStringList &fields)
+{
+    QString line;
+    for (const QString &field : fields)
+        line += QString(field).remove(fieldBar).remove(frameBar) + fieldBar;
+    return line;
+}
+
+/// "WA Superior Ct King County" gives "King".
+QString washingtonCounty(const QString &location)
+{
+    const QString before = u"Ct "_s;
+    const qsizetype start = location.indexOf(before);
+    if (start < 0)
+        return {};
+    const QString county = location.sliced(start + before.size());
+    const qsizetype end = county.indexOf(u" County"_s);
+    return end < 0 ? county : county.first(end);
+}
+
+/// "OR Baker Co Cir Ct" gives "Baker".
+QString oregonCounty(const QString &location)
+{
+    if (OrCountyList().isEmpty())
+        LoadOrCounties();
+    // A county at either end has no blank of its own there.
+    return GetOrCountyFromList(u' ' + location + u' ');
+}
+
+/// "ID District Ct Ada County" gives "Ada".
+QString idahoCounty(const QString &location)
+{
+    return TrimBlanks(QString(location).remove(u"ID District Ct "_s).remove(u" County"_s));
+}
+
+bool isCircuitCourt(const QString &location)
+{
+    return location.toLower().contains(u"co cir ct");
+}
+
+/// What a case of a state's courts reads and asks for.
+struct StateRow
+{
+    QStringView state;
+    QString (*countyOf)(const QString &location);
+    QStringView family;
+    QStringView words;
+    QStringView courts; ///< behind the county
+    QStringView log;
+};
+constexpr std::array<StateRow, 3> states{{
+    {u"WA", washingtonCounty, u"WASUP", u"SUMMARY", u" County, Washington Superior Courts",
+     u"Washington Summary Request: "},
+    {u"OR", oregonCounty, u"OREGON", u"SUMMARY,NAMES,DOCKET,", u" County, Oregon Circuit Courts",
+     u"Oregon Summary Request: "},
+    {u"ID", idahoCounty, u"IDSUP", u"SUMMARY,NAMES,DOCKET,", u" County, Idaho District Courts",
+     u"Idaho Summary Request: "},
+}};
+constexpr QStringView oregonDistrictCourts = u" County, Oregon District Courts";
+
+struct BankruptcyRow
+{
+    QStringView state;
+    QStringView court;
+};
+constexpr std::array<BankruptcyRow, 4> bankruptcyCourts{{
+    {u"ORBK", u"Oregon Bankruptcy Court (Statewide)"},
+    {u"WAWBK", u"Washington Western Bankruptcy Courts"},
+    {u"WAEBK", u"Washington Eastern Bankruptcy Courts"},
+    {u"IDBK", u"Idaho Bankruptcy Court (Statewide)"},
+}};
+
+struct IdahoType
+{
+    QStringView head; ///< of the case number
+    QStringView type;
+};
+constexpr std::array<IdahoType, 3> idahoTypes{{
+    {u"CV-", u"Civil/"},
+    {u"CR-", u"Criminal/"},
+    {u"JV-", u"Juvenile/"},
+}};
+
+/// The two windows of the District and Municipal Courts.
+struct DiscisRow
+{
+    CaseForm form;
+    QStringView kind;
+    QStringView word;
+    QStringView log;
+};
+constexpr DiscisRow civil{CaseForm::Civil, u"CV", u"CIVI", u"Discis CIVI Search Request: "};
+constexpr DiscisRow nonCivil{CaseForm::NonCivil, u"IN", u"NCC", u"Discis NCC Search Request: "};
+
+/// What all of these windows read of a number. The case window tells an archived case by the "*" of
+/// its heading.
+CaseFromRow caseOf(const QString &cell)
+{
+    const QString number = CaseNumberOf(cell);
+    const bool archived = cell.startsWith(u'*') || cell.startsWith(u">>*");
+    CaseFromRow fields;
+    fields.Caption = u"Case Details ("_s + number + u')';
+    fields.lblCaseDetailsHdr =
+        u"Case Details ("_s + (archived ? u"*"_s : QString()) + number + u')';
+    fields.txtCaseNumber = cell;
+    return fields;
+}
+
+void fillBankruptcy(CaseFromRow &fields, const QStringList &cells)
+{
+    const QString cell = cells.value(numberCell);
+    fields.chkBK = true;
+    fields.tboxCaseNumberQueue = CaseNumberOf(cell);
+    for (const BankruptcyRow &row : bankruptcyCourts) {
+        if (fields.lblState == row.state)
+            fields.lblCourtName = row.court.toString();
+    }
+    fields.TabRequest = cells.value(retrievalCell);
+    fields.Log = u"Bankruptcy Request: "_s + fields.TabRequest;
+}
+
+void fillWashington(CaseFromRow &fields, const StateRow &row, const QString &number,
+                    const QString &county)
+{
+    fields.txtCountyName = county;
+    fields.lblCourtName = county + row.courts.toString();
+    fields.Caption = number + u" - "_s + county + u" County Superior Courts"_s;
+    fields.tboxCaseNumberQueue =
+        lineOf({row.family.toString(), row.words.toString(), number, county, {}});
+}
+
+void fillState(CaseFromRow &fields, const StateRow &row, const QStringList &cells,
+               const QString &location)
+{
+    const QString number = CaseNumberOf(cells.value(numberCell));
+    const QString county = row.countyOf(location);
+    if (row.state == u"WA") {
+        fillWashington(fields, row, number, county);
+    } else {
+        QString court = county;
+        fields.txtCountyName = county;
+        fields.lblCourtName = county + row.courts.toString();
+        if (row.state == u"OR") {
+            fields.lblOrCourtType = isCircuitCourt(location) ? u"C"_s : u"D"_s;
+            court = GetOrCountyCode(county) + u' ' + fields.lblOrCourtType;
+            if (fields.lblOrCourtType == u"D")
+                fields.lblCourtName = county + oregonDistrictCourts.toString();
+        }
+        fields.tboxCaseNumberQueue =
+            lineOf({row.family.toString(), row.words.toString(), number, court});
+    }
+    fields.Log = row.log.toString() + fields.tboxCaseNumberQueue;
+}
+
+QString idahoTypeOf(const QStringList &cells)
+{
+    const QString number = CaseNumberOf(cells.value(numberCell));
+    for (const IdahoType &row : idahoTypes) {
+        if (number.startsWith(row.head))
+            return row.type.toString() + cells.value(roleCell);
+    }
+    return {};
+}
+
+CaseFromRow superiorCase(const QStringList &cells, const QString &county)
+{
+    const QString cell = cells.value(numberCell);
+    CaseFromRow fields = caseOf(cell);
+    fields.lblState = u"WA"_s;
+    fields.lblDateFiled = cells.value(discisDateCell);
+    fillWashington(fields, states.front(), CaseNumberOf(cell), county);
+    fields.Log = u"Summary Request: "_s + fields.tboxCaseNumberQueue;
+    return fields;
+}
+
+CaseFromRow discisCase(const QStringList &cells, const DiscisRow &row)
+{
+    const QString number = CaseNumberOf(cells.value(numberCell));
+    const QString code = cells.value(courtCodeCell);
+    const QString type = cells.value(caseTypeCell);
+    CaseFromRow fields;
+    fields.Form = row.form;
+    fields.lblState = u"WA"_s;
+    fields.lblCaseNo = number;
+    fields.lblDateFiled = cells.value(discisDateCell);
+    fields.txtCaseNumber = number;
+    fields.txtCourtCode = code;
+    fields.txtCaseType = type;
+    if (const clsDiscisCourts *court = DiscisCourtByCode(TrimBlanks(code))) {
+        fields.Caption = number + u" - "_s + court->CourtName + u" Cty. / "_s + court->CourtCounty;
+        fields.lblCourtName = court->CourtCounty + u" Cty. - "_s + court->CourtName;
+        fields.txtCountyName = court->CourtCounty;
+    } else {
+        // A court that the catalogue does not have reads as its row.
+        fields.Caption = number + u" - "_s + cells.value(courtPlaceCell);
+        fields.lblCourtName = cells.value(courtPlaceCell);
+    }
+    fields.tboxCaseNumberQueue = lineOf({u"WADISCIS"_s,
+                                         {},
+                                         {},
+                                         {},
+                                         number,
+                                         type,
+                                         code,
+                                         row.kind.toString(),
+                                         row.word.toString(),
+                                         {}});
+    fields.Log = row.log.toString() + fields.tboxCaseNumberQueue;
+    return fields;
+}
+} // namespace
+
+QString CaseNumberOf(const QString &cell)
+{
+    for (const QStringView mark : marks) {
+        if (cell.startsWith(mark))
+            return TrimBlanks(cell.sliced(mark.size()));
+    }
+    return TrimBlanks(cell);
+}
+
+QString MarkedAsOpened(const QString &cell)
+{
+    return cell.startsWith(openedMark) ? cell : QString(openedMark.toString() + cell);
+}
+
+bool IsCaseRow(const QStringList &cells)
+{
+    const QString cell = cells.value(numberCell);
+    return cell != warningCell && !CaseNumberOf(cell).isEmpty();
+}
+
+CaseFromRow CaseOfRow(const QStringList &cells, ResultKind kind, const QString &state)
+{
+    CaseFromRow fields = caseOf(cells.value(numberCell));
+    fields.lblState = state;
+    fields.lblDateFiled = cells.value(dateCell);
+    if (kind == ResultKind::Bankruptcy) {
+        fillBankruptcy(fields, cells);
+        return fields;
+    }
+    const QString location =
+        cells.value(kind == ResultKind::Index ? indexLocationCell : locationCell);
+    for (const StateRow &row : states) {
+        if (row.state == state)
+            fillState(fields, row, cells, location);
+    }
+    if (state == u"ID")
+        fields.lblTopFrameCaseType = idahoTypeOf(cells);
+    return fields;
+}
+
+CaseFromRow DiscisCaseOfRow(const QStringList &cells, ResultKind kind, const QString &requestType)
+{
+    if (kind == ResultKind::DiscisCivil)
+        return discisCase(cells, civil);
+    const QString county = CountyFromDiscisCode(TrimBlanks(cells.value(courtCodeCell)).toLower());
+    if (!county.isEmpty())
+        return superiorCase(cells, county);
+    return discisCase(cells, requestType == u"CV" ? civil : nonCivil);
+}
+
+QString CaseTypeOfRequest(const QString &requestLine)
+{
+    return requestLine.split(fieldBar).value(requestTypeField);
+}

@@ -1,0 +1,162 @@
+// What clicks on a list of results do: a header sorts, a row opens its case.
+
+#include "casedetails/frmCaseDetails.h"
+#include "casedetails/frmCivilCaseDetails.h"
+#include "casedetails/frmNCCaseDetails.h"
+#include "controls/MsgBox.h"
+#include "controls/ResultListView.h"
+#include "core/GlobalState.h"
+#include "core/Log.h"
+#include "namesearch/CaseFromRow.h"
+#include "namesearch/NameResultsWindow.h"
+#include "namesearch/SortKeys.h"
+#include "session/NewWindow.h"
+#include "session/frmLogin.h"
+
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+/// The arrow and SortColumnName follow the first columns only.
+constexpr int arrowColumns = 6;
+
+void fillWindow(CaseWindow &window, const CaseFromRow &fields)
+{
+    window.lblState = fields.lblState;
+    window.setWindowTitle(fields.Caption);
+    window.SetCourtName(fields.lblCourtName);
+    window.SetCaseTitle(u"Pending .. "_s);
+    window.SetDateFiled(fields.lblDateFiled);
+    window.txtCaseNumber = fields.txtCaseNumber;
+    window.txtCountyName = fields.txtCountyName;
+    window.tboxCaseNumberQueue = fields.tboxCaseNumberQueue;
+    if (!fields.lblCaseDetailsHdr.isEmpty())
+        window.SetCaseDetailsHdr(fields.lblCaseDetailsHdr);
+}
+
+void fillOwn(frmCaseDetails &window, const CaseFromRow &fields)
+{
+    window.lblOrCourtType = fields.lblOrCourtType;
+    window.chkBK = fields.chkBK;
+    window.SetTopFrameCaseType(fields.lblTopFrameCaseType);
+    if (fields.chkBK) {
+        window.lboxTabReqQueue.Clear();
+        window.lboxTabReqQueue.AddItem(fields.TabRequest);
+    }
+}
+
+void fillOwn(DiscisCaseWindow &window, const CaseFromRow &fields)
+{
+    window.SetCaseNo(fields.lblCaseNo);
+    window.txtCourtCode = fields.txtCourtCode;
+    window.txtCaseType = fields.txtCaseType;
+}
+
+template<typename Window>
+void openCase(const CaseFromRow &fields, const QString &code)
+{
+    NewWindow form(new Window);
+    fillWindow(*form, fields);
+    fillOwn(*form, fields);
+    WriteAppInfo(fields.Log);
+    form.GiveKey();
+    form->ClientAcctgCode = code;
+    form.Launch();
+}
+
+/// Which window shows a case.
+struct FormRow
+{
+    CaseForm form;
+    void (*open)(const CaseFromRow &fields, const QString &code);
+};
+constexpr std::array<FormRow, 3> forms{{
+    {CaseForm::Case, openCase<frmCaseDetails>},
+    {CaseForm::Civil, openCase<frmCivilCaseDetails>},
+    {CaseForm::NonCivil, openCase<frmNCCaseDetails>},
+}};
+
+Qt::SortOrder other(Qt::SortOrder order)
+{
+    return order == Qt::AscendingOrder ? Qt::DescendingOrder : Qt::AscendingOrder;
+}
+} // namespace
+
+void NameResultsWindow::connectList(QPushButton *retrieve)
+{
+    retrieveButton = retrieve;
+    connect(listview1, &ResultListView::HeaderClicked, this,
+            [this](int column) { SortList(listview1, column); });
+    connect(listview1, &ResultListView::RowChosen, this, &NameResultsWindow::chooseRow);
+    connect(listview1, &ResultListView::SelectedRowChanged, this,
+            &NameResultsWindow::UpdateRetrieveButton);
+    connect(retrieveButton, &QPushButton::clicked, this, &NameResultsWindow::RetrieveDetails);
+}
+
+/// A text column goes by the window's flag, which every click flips; a column of dates or numbers
+/// turns the order that the list has.
+void NameResultsWindow::SortList(ResultListView *list, int column)
+{
+    sortFlag = !sortFlag;
+    const ResultListModel *rows = list->List();
+    const QString header = rows->Columns().at(column).Header;
+    const SortAs as = SortAsOf(header);
+    Qt::SortOrder order = sortFlag ? Qt::DescendingOrder : Qt::AscendingOrder;
+    if (as != SortAs::Text)
+        order = other(list->SortOrder());
+    std::vector<QString> keys;
+    keys.reserve(static_cast<size_t>(rows->Count()));
+    for (int row = 0; row < rows->Count(); ++row)
+        keys.push_back(SortKeyOf(rows->Cell(row, column), as));
+    list->SortRows(keys, order);
+    for (int i = 0; i < arrowColumns; ++i)
+        list->ShowHeaderIcon(i, order, i == column);
+    if (column < arrowColumns)
+        SortColumnName = header;
+}
+
+void NameResultsWindow::RetrieveDetails()
+{
+    chooseRow(listview1->SelectedRow());
+}
+
+void NameResultsWindow::UpdateRetrieveButton()
+{
+    retrieveButton->setEnabled(listview1->SelectedRow() >= 0);
+}
+
+void NameResultsWindow::chooseRow(int row)
+{
+    if (row < 0)
+        return;
+    const RunScope scope(this);
+    if (!Global.bLoggedIn) {
+        const MsgAnswer answer =
+            MsgBox(this,
+                   u"This Search Cannot be Started!\r\nThis is because you are not currently "
+                   "Logged-In to the Halvane Server.\r\n\r\nDo you want to Login Now?"_s,
+                   u"Cannot Perform Search! Not Logged In to Halvane"_s, MsgButtons::YesNo,
+                   MsgIcon::Exclamation);
+        if (answer == MsgAnswer::Yes)
+            frmLogin::ShowForm(frmMain::Form());
+        return;
+    }
+    OpenCaseFromRow(row);
+}
+
+void NameResultsWindow::OpenCaseFromRow(int row)
+{
+    const QStringList cells = listview1->List()->Cells(row);
+    if (!IsCaseRow(cells))
+        return;
+    // A new job is being started: whatever all jobs were asked to stop for is over.
+    Global.bStopRequested = false;
+    const CaseFromRow fields = CaseOf(cells);
+    const int number = 1;
+    listview1->List()->SetCell(row, number, MarkedAsOpened(cells.at(number)));
+    for (const FormRow &one : forms) {
+        if (one.form == fields.Form)
+            one.open(fields, ClientAcctgCode);
+    }
+}
