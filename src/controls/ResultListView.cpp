@@ -4,6 +4,7 @@
 
 #include <QHeaderView>
 #include <QHelpEvent>
+#include <QKeyEvent>
 #include <QStyledItemDelegate>
 #include <QToolTip>
 
@@ -79,4 +80,32 @@ void ResultListView::ShowHeaderIcon(int column, Qt::SortOrder order, bool show)
     header->setSortIndicatorShown(show);
     if (show)
         header->setSortIndicator(column, order);
+}
+
+void ResultListView::keyPressEvent(QKeyEvent *event)
+{
+    if (!list.HasCheckBoxes() || event->key() != Qt::Key_Space
+        || event->modifiers() != Qt::NoModifier) {
+        QTableView::keyPressEvent(event);
+        return;
+    }
+    turnCheckBoxes();
+    event->accept();
+}
+
+void ResultListView::turnCheckBoxes()
+{
+    if (list.rowCount() == 0)
+        return;
+    // Before the first key or click the cursor stands nowhere, and the first row is meant.
+    if (!currentIndex().isValid())
+        setCurrentIndex(list.index(0, 0));
+    const int current = currentIndex().row();
+    const bool checked = !list.IsChecked(current);
+    list.SetChecked(current, checked);
+    const QModelIndexList selected = selectionModel()->selectedRows();
+    if (!selectionModel()->isRowSelected(current))
+        return;
+    for (const QModelIndex &index : selected)
+        list.SetChecked(index.row(), checked);
 }

@@ -24,6 +24,13 @@ public:
     /// Puts the sort arrow on a column's header (show) or takes it away.
     void ShowHeaderIcon(int column, Qt::SortOrder order, bool show);
 
+protected:
+    /// The space bar turns the check box of the current row, and gives the other selected rows the
+    /// same, whatever column the cursor is in.
+    void keyPressEvent(QKeyEvent *event) override;
+
 private:
+    void turnCheckBoxes();
+
     ResultListModel list;
 };
