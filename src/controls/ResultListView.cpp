@@ -12,8 +12,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 constexpr int rowPaddingPixels = 6;
-constexpr double headerFontScale = 0.9;
+constexpr double smallFontScale = 0.9;
 constexpr int leastSeenTwips = 100;
+
+QFont smaller(QFont font)
+{
+    font.setPointSizeF(font.pointSizeF() * smallFontScale);
+    return font;
+}
 
 /// Shows a cell's whole text when the cell is too narrow for it: as plain text, whatever the server
 /// put there.
@@ -51,9 +57,7 @@ ResultListView::ResultListView(QWidget *parent) : QTableView(parent), list(this)
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + rowPaddingPixels);
     horizontalHeader()->setHighlightSections(false);
     // A little smaller, so that a title and the sort arrow share a column of the told width.
-    QFont headerFont = font();
-    headerFont.setPointSizeF(headerFont.pointSizeF() * headerFontScale);
-    horizontalHeader()->setFont(headerFont);
+    horizontalHeader()->setFont(smaller(font()));
     horizontalHeader()->setStretchLastSection(true);
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     horizontalHeader()->setMinimumSectionSize(PixelsFromTwips(30));
@@ -72,6 +76,11 @@ void ResultListView::SetColumns(const QList<ListColumn> &columns)
 void ResultListView::SetColumnTwips(int column, int twips)
 {
     setColumnWidth(column, PixelsFromTwips(twips));
+}
+
+void ResultListView::UseSmallText()
+{
+    setFont(smaller(font()));
 }
 
 void ResultListView::ShowHeaderIcon(int column, Qt::SortOrder order, bool show)

@@ -21,6 +21,9 @@ public:
     /// Sets a column's width in twips.
     void SetColumnTwips(int column, int twips);
 
+    /// Writes the cells as small as the headers, for columns that are narrow for what they hold.
+    void UseSmallText();
+
     /// Puts the sort arrow on a column's header (show) or takes it away.
     void ShowHeaderIcon(int column, Qt::SortOrder order, bool show);
 

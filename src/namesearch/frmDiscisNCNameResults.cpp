@@ -43,6 +43,7 @@ frmDiscisNCNameResults::frmDiscisNCNameResults(QWidget *parent)
     ui->setupUi(this);
     ui->lvDupe->hide();
     ui->lvDupe->List()->SetCheckBoxes(true);
+    ui->lvDupe->UseSmallText();
     connect(ui->lblHelp, &QPushButton::clicked, this,
             [this] { MsgBox(this, u"Not Implemented Yet."_s); });
     connect(ui->cmdViewDupes, &QPushButton::clicked, this,

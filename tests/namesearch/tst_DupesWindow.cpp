@@ -119,6 +119,8 @@ private Q_SLOTS:
     void theSecondSearchFindsNoCases();
     void theSecondSearchFindsFurtherNames();
     void theNoticeOfTooManyMakesPlaceForCases();
+    void aLongNameDoesNotWidenTheWindow();
+    void bothListsAreWrittenSmall();
 
 private:
     /// A finished statewide search with these replies.
@@ -676,6 +678,22 @@ void tst_DupesWindow::theNoticeOfTooManyMakesPlaceForCases()
     retrieve(window);
     QCOMPARE(HeadersOf(window).size(), 8);
     QCOMPARE(RowsOf(window).size(), 1);
+}
+
+void tst_DupesWindow::aLongNameDoesNotWidenTheWindow()
+{
+    frmDiscisNCNameResults window;
+    const int width = window.minimumSizeHint().width();
+    window.SetNameVal(QStringList(20, u"SMITH, JOHN"_s).join(u", "_s));
+    QCOMPARE(window.minimumSizeHint().width(), width);
+}
+
+/// Nine characters of a case number, or three of a height, fit their columns only so.
+void tst_DupesWindow::bothListsAreWrittenSmall()
+{
+    const frmDiscisNCNameResults window;
+    for (const char *name : {"listview1", "lvDupe"})
+        QVERIFY(listOf(&window, name)->font().pointSizeF() < window.font().pointSizeF());
 }
 
 QTEST_MAIN(tst_DupesWindow)
