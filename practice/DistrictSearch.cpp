@@ -1,6 +1,7 @@
 #include "practice/DistrictSearch.h"
 
 #include "practice/Counties.h"
+#include "practice/ListedPeople.h"
 #include "practice/OtherSearch.h"
 #include "practice/SuperiorCases.h"
 
@@ -12,9 +13,11 @@ using namespace Qt::StringLiterals;
 namespace Practice {
 namespace {
 enum Field : qsizetype { Last = 1, First, Middle, InCourt, Kind, Wanted };
+constexpr qsizetype ListedPerson = 2;
 
 constexpr auto statewide = u"*SW";
 constexpr auto nonCivil = u"IN";
+constexpr QStringView everywhere = u"all District and Municipal Courts";
 constexpr auto superiorFelony = u"S1";
 
 // A criminal case is over after so many years.
@@ -34,8 +37,28 @@ constexpr std::array<Command, 3> commands{{
     {u"DND", true, true},
 }};
 
-// These ask for the cases of people who were listed as duplicates before. Nobody is, so far.
-constexpr std::array ofListedPeople{u"SNCINMD", u"DNDND"};
+/// Asks for the cases of somebody from the list of people that another search gave.
+struct ListedCommand
+{
+    const char16_t *word;
+    const char16_t *listedBy; ///< whose rows the answer has
+    bool withAddresses;
+    qsizetype fields;
+};
+
+constexpr std::array<ListedCommand, 2> listedCommands{{
+    {u"SNCINMD", u"SNCI", false, listedFields},
+    {u"DNDND", u"DND", true, listedAddressFields},
+}};
+
+/// The one of the table with this word; nullptr when there is none.
+template<typename Row, std::size_t count>
+const Row *findCommand(const std::array<Row, count> &rows, const QString &word)
+{
+    const auto *row = std::find_if(rows.begin(), rows.end(),
+                                   [&](const Row &one) { return word == QStringView(one.word); });
+    return row == rows.end() ? nullptr : row;
+}
 
 /// The letters of a police force: the place's first two and a P.
 QString agencyOf(QStringView place)
@@ -85,45 +108,73 @@ void addSuperior(const Population &population, const NameQuery &name, const Comm
                       DateText(found.courtCase.filed)})});
     }
 }
+/// A search that is not narrowed yet, with rows as the command has them.
+OtherSearch searchFor(const Command &command, int thisYear)
+{
+    OtherSearch search;
+    search.family = OtherFamily::District;
+    search.years = {FirstYearOf(search.family), thisYear};
+    search.write = [&command](const OtherHit &hit, const QString &lastField) {
+        return districtRow(hit, command, lastField);
+    };
+    return search;
+}
+
+Reply answerListed(const ListedCommand &command, const QStringList &fields, int thisYear)
+{
+    if (fields.size() != command.fields)
+        return Refusal(u"Wrong number of fields"_s);
+    const std::optional<qint64> place = FindListed(fields, command.withAddresses);
+    if (!place)
+        return Refusal(u"Nobody was listed so"_s);
+    OtherSearch search =
+        searchFor(*findCommand(commands, QString::fromUtf16(command.listedBy)), thisYear);
+    TakeCourts(QString::fromUtf16(statewide), statewide, everywhere.toString(), search);
+    TakeTypes(QString::fromUtf16(nonCivil), search);
+    Reply reply;
+    SayProgress(search.places, reply);
+    SayListedCases(fields[ListedPerson], *place, search, reply);
+    reply.Finish();
+    return reply;
+}
+
+/// Says what the name means if it is one of those that list people; false when it is not.
+bool sayListed(const OtherSearch &search, const Command &command, Reply &reply)
+{
+    const ToldName *told = FindToldName(search.name.last);
+    if (told == nullptr || !command.statewide || search.courts.empty() || search.types.empty()
+        || (told->search != ToldSearch::NamesOnly && told->search != ToldSearch::NamesAndCases))
+        return false;
+    SayListedPeople(told->search, search, command.withAgency, reply);
+    return true;
+}
 } // namespace
 
 Reply AnswerDistrictSearch(const Population &population, const QStringList &fields, int thisYear)
 {
-    const bool ofListed = std::any_of(ofListedPeople.begin(), ofListedPeople.end(),
-                                      [&](QStringView word) { return fields.last() == word; });
-    if (ofListed) {
-        Reply reply;
-        reply.Finish();
-        return reply;
-    }
+    if (const ListedCommand *listed = findCommand(listedCommands, fields.last()))
+        return answerListed(*listed, fields, thisYear);
     if (fields.size() != districtSearchFields)
         return Refusal(u"Wrong number of fields"_s);
-    const auto *command = std::find_if(commands.begin(), commands.end(), [&](const Command &one) {
-        return fields[Wanted] == QStringView(one.word);
-    });
-    if (command == commands.end())
+    const Command *command = findCommand(commands, fields[Wanted]);
+    if (command == nullptr)
         return Refusal(u"Unknown request"_s);
 
-    OtherSearch search;
-    search.family = OtherFamily::District;
+    OtherSearch search = searchFor(*command, thisYear);
     search.name = ParseName(fields[Last], fields[First], fields[Middle]);
     if (search.name.last.isEmpty())
         return Refusal(u"No name"_s);
     search.people = population.Find(search.name);
-    search.years = {FirstYearOf(search.family), thisYear};
     // A statewide search and the state belong together, and it knows no civil cases.
     const bool isStatewide = fields[InCourt].trimmed() == QStringView(statewide);
     if (isStatewide == command->statewide
         && (!isStatewide || fields[Kind] == QStringView(nonCivil)))
-        TakeCourts(fields[InCourt], statewide, u"all District and Municipal Courts"_s, search);
+        TakeCourts(fields[InCourt], statewide, everywhere.toString(), search);
     TakeTypes(fields[Kind], search);
-    search.write = [command](const OtherHit &hit, const QString &lastField) {
-        return districtRow(hit, *command, lastField);
-    };
 
     Reply reply;
     SayProgress(search.places, reply);
-    if (!SayOtherTold(search, thisYear, reply)) {
+    if (!sayListed(search, *command, reply) && !SayOtherTold(search, thisYear, reply)) {
         std::vector<OrderedRow> rows = FindOtherRows(population, search);
         if (!search.courts.empty() && isStatewide)
             addSuperior(population, search.name, *command, thisYear, rows);

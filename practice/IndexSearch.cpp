@@ -133,6 +133,8 @@ void sayTold(ToldSearch search, const ToldScene &scene, const Page &page, Reply 
     case ToldSearch::Stall:
     case ToldSearch::DropLink:
     case ToldSearch::Empty:
+    case ToldSearch::NamesOnly:
+    case ToldSearch::NamesAndCases:
         SayTold(search, scene, reply);
         reply.Finish();
         break;

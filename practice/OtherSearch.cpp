@@ -22,32 +22,6 @@ bool passes(const OtherSearch &search, const OtherCase &courtCase)
            && std::binary_search(search.courts.begin(), search.courts.end(), courtCase.court)
            && std::binary_search(search.types.begin(), search.types.end(), courtCase.type);
 }
-
-/// A case that is made up on the spot for a name with a meaning, and passes the filters.
-OtherHit madeUpHit(const OtherSearch &search, qint64 number)
-{
-    const auto index = static_cast<std::size_t>(number);
-    const std::size_t years = static_cast<std::size_t>(search.years.to - search.years.from) + 1;
-    const std::size_t turn = index / search.types.size();
-
-    OtherHit hit;
-    hit.person = MadeUpNamesake(search.name.last, number);
-    OtherCase &made = hit.courtCase;
-    made.court = search.courts[index % search.courts.size()];
-    made.type = search.types[index % search.types.size()];
-    const OtherCaseType &type = CaseTypesOf(search.family)[static_cast<std::size_t>(made.type)];
-    const int year = search.years.from + static_cast<int>(turn % years);
-    // Kinds of case may be numbered in one row: no two rows get the same number.
-    const auto value = static_cast<int>(index % static_cast<std::size_t>(NumbersOf(search.family)));
-    made.number = OtherNumberText(search.family, made.court, made.type, year, value);
-    made.filed = QDate(year, MonthOf(search.family, value), 1 + static_cast<int>(index % 28));
-    made.text = QString::fromUtf16(type.texts[index % type.texts.size()]);
-    made.role = QString::fromUtf16(type.role);
-    if (type.otherRole != nullptr)
-        made.otherParty = NameText(MadeUpNamesake(search.name.last, number + 1));
-    made.judgment = search.judgmentsOnly;
-    return hit;
-}
 } // namespace
 
 void TakeCourts(const QString &field, QStringView everywhere, const QString &placeOfAll,
@@ -111,6 +85,31 @@ void SayOrdered(std::vector<OrderedRow> rows, Reply &reply)
                [kept](qint64 number) { return (*kept)[static_cast<std::size_t>(number)].text; });
 }
 
+OtherHit MadeUpHit(const OtherSearch &search, qint64 number)
+{
+    const auto index = static_cast<std::size_t>(number);
+    const std::size_t years = static_cast<std::size_t>(search.years.to - search.years.from) + 1;
+    const std::size_t turn = index / search.types.size();
+
+    OtherHit hit;
+    hit.person = MadeUpNamesake(search.name.last, number);
+    OtherCase &made = hit.courtCase;
+    made.court = search.courts[index % search.courts.size()];
+    made.type = search.types[index % search.types.size()];
+    const OtherCaseType &type = CaseTypesOf(search.family)[static_cast<std::size_t>(made.type)];
+    const int year = search.years.from + static_cast<int>(turn % years);
+    // Kinds of case may be numbered in one row: no two rows get the same number.
+    const auto value = static_cast<int>(index % static_cast<std::size_t>(NumbersOf(search.family)));
+    made.number = OtherNumberText(search.family, made.court, made.type, year, value);
+    made.filed = QDate(year, MonthOf(search.family, value), 1 + static_cast<int>(index % 28));
+    made.text = QString::fromUtf16(type.texts[index % type.texts.size()]);
+    made.role = QString::fromUtf16(type.role);
+    if (type.otherRole != nullptr)
+        made.otherParty = NameText(MadeUpNamesake(search.name.last, number + 1));
+    made.judgment = search.judgmentsOnly;
+    return hit;
+}
+
 bool SayOtherTold(const OtherSearch &asked, int thisYear, Reply &reply)
 {
     const ToldName *told = FindToldName(asked.name.last);
@@ -122,7 +121,7 @@ bool SayOtherTold(const OtherSearch &asked, int thisYear, Reply &reply)
     ToldScene scene{search.name, {}, search.places.value(0, u"the courts"_s)};
     if (!search.courts.empty() && !search.types.empty() && search.years.from <= search.years.to) {
         scene.row = [search](qint64 number, const QString &lastField) {
-            return search.write(madeUpHit(search, number), lastField);
+            return search.write(MadeUpHit(search, number), lastField);
         };
     }
     SayTold(told->search, scene, reply);

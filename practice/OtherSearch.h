@@ -62,6 +62,10 @@ std::vector<OrderedRow> FindOtherRows(const Population &population, const OtherS
 /// Puts rows in order and says them.
 void SayOrdered(std::vector<OrderedRow> rows, Reply &reply);
 
+/// A case that is made up on the spot for a name with a meaning, and passes the filters: another
+/// one for each `number`.
+OtherHit MadeUpHit(const OtherSearch &search, qint64 number);
+
 /// Says what the search's name means if it has a meaning; false when it has none.
 bool SayOtherTold(const OtherSearch &search, int thisYear, Reply &reply);
 

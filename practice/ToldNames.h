@@ -26,6 +26,8 @@ enum class ToldSearch : quint8 {
     SecondNameWarning,
     OtherWarning,
     BadLimit,
+    NamesOnly, // and these to a search of all district courts alone
+    NamesAndCases,
 };
 
 struct ToldName
@@ -34,7 +36,7 @@ struct ToldName
     ToldSearch search;
 };
 
-inline constexpr std::array<ToldName, 16> toldNames{{
+inline constexpr std::array<ToldName, 18> toldNames{{
     {u"TOOMANY", ToldSearch::TooManyHits}, // some rows, then "too many hits"
     {u"OVER200", ToldSearch::Over200},     // rows, then the notice of more than 200 results
     {u"ERRORROW", ToldSearch::ErrorRow},   // rows with an error among them
@@ -51,6 +53,8 @@ inline constexpr std::array<ToldName, 16> toldNames{{
     {u"SECONDNAME", ToldSearch::SecondNameWarning},
     {u"INDEXWARNING", ToldSearch::OtherWarning},
     {u"BADLIMIT", ToldSearch::BadLimit},
+    {u"DUPES", ToldSearch::NamesOnly},     // a list of people of the name
+    {u"MIXED", ToldSearch::NamesAndCases}, // the same between two cases
 }};
 
 /// The told search of a surname, whatever its case; nullptr when the name means nothing but itself.

@@ -95,7 +95,9 @@ void SayTold(ToldSearch search, const ToldScene &scene, Reply &reply)
     case ToldSearch::SecondNameWarning:
     case ToldSearch::OtherWarning:
     case ToldSearch::BadLimit:
-        break; // what is the index's alone finds nothing elsewhere
+    case ToldSearch::NamesOnly:
+    case ToldSearch::NamesAndCases:
+        break; // what means something to one court alone finds nothing elsewhere
     }
 }
 } // namespace Practice

@@ -50,21 +50,21 @@ void ResultListModel::SetColumns(const QList<ListColumn> &newColumns)
     endResetModel();
 }
 
-void ResultListModel::AddRow(const QStringList &cells)
+void ResultListModel::AddRow(const QStringList &cells, const QString &key)
 {
-    rows.push_back(cells);
+    rows.push_back({cells, key});
     if (!flushTimer.isActive())
         flushTimer.start();
 }
 
 QString ResultListModel::Cell(int row, int column) const
 {
-    return rows.at(static_cast<size_t>(row)).value(column);
+    return at(row).cells.value(column);
 }
 
 void ResultListModel::SetCell(int row, int column, const QString &text)
 {
-    QStringList &cells = rows.at(static_cast<size_t>(row));
+    QStringList &cells = rows.at(static_cast<size_t>(row)).cells;
     while (cells.size() <= column)
         cells.append(QString());
     cells[column] = text;
@@ -74,7 +74,7 @@ void ResultListModel::SetCell(int row, int column, const QString &text)
 
 QStringList ResultListModel::Cells(int row) const
 {
-    return rows.at(static_cast<size_t>(row));
+    return at(row).cells;
 }
 
 void ResultListModel::SortRows(const std::vector<QString> &keys, Qt::SortOrder order)
@@ -100,6 +100,40 @@ void ResultListModel::movePersistentIndexes(const std::vector<int> &newPlaces)
     for (const QModelIndex &old : from)
         to.append(index(newPlaces[static_cast<size_t>(old.row())], old.column()));
     changePersistentIndexList(from, to);
+}
+
+QString ResultListModel::Key(int row) const
+{
+    return at(row).key;
+}
+
+void ResultListModel::SetCheckBoxes(bool on)
+{
+    beginResetModel();
+    checkBoxes = on;
+    endResetModel();
+}
+
+bool ResultListModel::IsChecked(int row) const
+{
+    return at(row).checked;
+}
+
+void ResultListModel::SetChecked(int row, bool checked)
+{
+    rows.at(static_cast<size_t>(row)).checked = checked;
+    if (row < shownRows)
+        Q_EMIT dataChanged(index(row, 0), index(row, 0), {Qt::CheckStateRole});
+}
+
+QList<int> ResultListModel::CheckedRows() const
+{
+    QList<int> checked;
+    for (int row = 0; row < Count(); ++row) {
+        if (IsChecked(row))
+            checked.append(row);
+    }
+    return checked;
 }
 
 void ResultListModel::Clear()
@@ -141,9 +175,28 @@ QVariant ResultListModel::data(const QModelIndex &index, int role) const
         return Cell(index.row(), index.column());
     case Qt::TextAlignmentRole:
         return QVariant::fromValue(columns[index.column()].Alignment | Qt::AlignVCenter);
+    case Qt::CheckStateRole:
+        if (!checkBoxes || index.column() != 0)
+            return {};
+        return IsChecked(index.row()) ? Qt::Checked : Qt::Unchecked;
     default:
         return {};
     }
+}
+
+bool ResultListModel::setData(const QModelIndex &index, const QVariant &value, int role)
+{
+    if (!index.isValid() || !checkBoxes || index.column() != 0 || role != Qt::CheckStateRole)
+        return false;
+    SetChecked(index.row(), value.toInt() == Qt::Checked);
+    return true;
+}
+
+Qt::ItemFlags ResultListModel::flags(const QModelIndex &index) const
+{
+    const Qt::ItemFlags usual = QAbstractTableModel::flags(index);
+    const bool hasBox = index.isValid() && checkBoxes && index.column() == 0;
+    return hasBox ? usual | Qt::ItemIsUserCheckable : usual;
 }
 
 QVariant ResultListModel::headerData(int section, Qt::Orientation orientation, int role) const

@@ -30,14 +30,24 @@ public:
     void SetColumns(const QList<ListColumn> &newColumns);
     const QList<ListColumn> &Columns() const { return columns; }
 
-    /// Adds a row with its cells, from the first column on; missing cells are empty.
-    void AddRow(const QStringList &cells);
+    /// Adds a row with its cells, from the first column on; missing cells are empty. The key is not
+    /// shown; it goes with the row.
+    void AddRow(const QStringList &cells, const QString &key = {});
 
     /// All rows, those that the view has not been told of included.
     int Count() const { return static_cast<int>(rows.size()); }
     QString Cell(int row, int column) const;
     void SetCell(int row, int column, const QString &text);
     QStringList Cells(int row) const;
+    QString Key(int row) const;
+
+    /// Puts a check box before the text of each row.
+    void SetCheckBoxes(bool on);
+    bool HasCheckBoxes() const { return checkBoxes; }
+    bool IsChecked(int row) const;
+    void SetChecked(int row, bool checked);
+    /// The rows that are checked, in the order of the list.
+    QList<int> CheckedRows() const;
 
     void Clear();
 
@@ -52,6 +62,8 @@ public:
     int rowCount(const QModelIndex &parent = {}) const override;
     int columnCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+    bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;
+    Qt::ItemFlags flags(const QModelIndex &index) const override;
     QVariant headerData(int section, Qt::Orientation orientation,
                         int role = Qt::DisplayRole) const override;
 
@@ -60,10 +72,21 @@ Q_SIGNALS:
     void Flushed();
 
 private:
+    /// All that belongs to a row moves with it.
+    struct Row
+    {
+        QStringList cells;
+        QString key;
+        bool checked = false;
+    };
+
     void movePersistentIndexes(const std::vector<int> &newPlaces);
 
+    const Row &at(int row) const { return rows.at(static_cast<size_t>(row)); }
+
     QList<ListColumn> columns;
-    std::vector<QStringList> rows;
+    std::vector<Row> rows;
+    bool checkBoxes = false;
     int shownRows = 0;
     QTimer flushTimer;
 };

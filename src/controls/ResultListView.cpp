@@ -14,8 +14,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 constexpr int rowPaddingPixels = 6;
-constexpr double headerFontScale = 0.9;
+constexpr double smallFontScale = 0.9;
 constexpr int leastSeenTwips = 100;
+
+QFont smaller(QFont font)
+{
+    font.setPointSizeF(QFontInfo(font).pointSizeF() * smallFontScale);
+    return font;
+}
 
 /// Shows a cell's whole text when the cell is too narrow for it: as plain text, whatever the server
 /// put there.
@@ -53,9 +59,7 @@ ResultListView::ResultListView(QWidget *parent) : QTableView(parent), list(this)
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + rowPaddingPixels);
     horizontalHeader()->setHighlightSections(false);
     // A little smaller, so that a title and the sort arrow share a column of its width.
-    QFont headerFont = font();
-    headerFont.setPointSizeF(QFontInfo(headerFont).pointSizeF() * headerFontScale);
-    horizontalHeader()->setFont(headerFont);
+    horizontalHeader()->setFont(smaller(font()));
     horizontalHeader()->setStretchLastSection(true);
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     horizontalHeader()->setMinimumSectionSize(PixelsFromTwips(30));
@@ -94,6 +98,11 @@ void ResultListView::SetColumnTwips(int column, int twips)
     setColumnWidth(column, PixelsFromTwips(twips));
 }
 
+void ResultListView::UseSmallText()
+{
+    setFont(smaller(font()));
+}
+
 void ResultListView::ShowHeaderIcon(int column, Qt::SortOrder order, bool show)
 {
     if (show) {
@@ -129,6 +138,12 @@ int ResultListView::SelectedRow() const
 
 void ResultListView::keyPressEvent(QKeyEvent *event)
 {
+    if (list.HasCheckBoxes() && event->key() == Qt::Key_Space
+        && event->modifiers() == Qt::NoModifier) {
+        turnCheckBoxes();
+        event->accept();
+        return;
+    }
     if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
         QTableView::keyPressEvent(event);
         return;
@@ -145,4 +160,21 @@ void ResultListView::mouseDoubleClickEvent(QMouseEvent *event)
     const QModelIndex cell = indexAt(event->position().toPoint());
     if (event->button() == Qt::LeftButton && cell.isValid() && SelectedRow() == cell.row())
         Q_EMIT RowChosen(cell.row());
+}
+
+void ResultListView::turnCheckBoxes()
+{
+    if (list.rowCount() == 0)
+        return;
+    // Before the first key or click the cursor stands nowhere, and the first row is meant.
+    if (!currentIndex().isValid())
+        setCurrentIndex(list.index(0, 0));
+    const int current = currentIndex().row();
+    const bool checked = !list.IsChecked(current);
+    list.SetChecked(current, checked);
+    const QModelIndexList selected = selectionModel()->selectedRows();
+    if (!selectionModel()->isRowSelected(current))
+        return;
+    for (const QModelIndex &index : selected)
+        list.SetChecked(index.row(), checked);
 }

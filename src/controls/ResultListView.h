@@ -21,6 +21,9 @@ public:
     /// Sets a column's width in twips.
     void SetColumnTwips(int column, int twips);
 
+    /// Writes the cells as small as the headers, for columns that are narrow for what they hold.
+    void UseSmallText();
+
     /// Puts the sort arrow on a column's header (show) or takes it away from this column. There is
     /// one arrow: it goes from where it was.
     void ShowHeaderIcon(int column, Qt::SortOrder order, bool show);
@@ -41,12 +44,15 @@ Q_SIGNALS:
     void SelectedRowChanged();
 
 protected:
+    /// Enter chooses a row. The space bar turns the check box of the current row, and gives the
+    /// other selected rows the same, whatever column the cursor is in.
     void keyPressEvent(QKeyEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
 
 private:
     void connectHeader();
     void showArrow();
+    void turnCheckBoxes();
 
     ResultListModel list;
     Qt::SortOrder sortOrder = Qt::AscendingOrder;

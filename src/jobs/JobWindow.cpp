@@ -41,7 +41,6 @@ void JobWindow::StartJob(QLabel *lblStatus, QPushButton *cmdStopSearching)
 
 void JobWindow::RestartJob()
 {
-    Global.bSearchInProgress = false;
     EnqueueKey(txtMasterKey);
     stopButton->setEnabled(true);
     over = false;

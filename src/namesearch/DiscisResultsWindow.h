@@ -28,6 +28,8 @@ protected:
     void UseDiscisControls(const Controls &ui)
     {
         courtCounty = ui.lblCourtCounty;
+        // The nine characters of a case number fit their column only so.
+        ui.listview1->UseSmallText();
         connectButtons(ui.txtCountyList, ui.cmdSearchResults_1, ui.cmdSearchResults_3,
                        ui.cmdPrintMoreInfo);
         UseControls(ui);

@@ -29,21 +29,23 @@ void applyStyle(QLabel *label, StatusStyle style)
 NameResultsWindow::NameResultsWindow(ResultsWindow window, QWidget *parent)
     : JobWindow(resultsPace, parent), differences(ResultsWindowRowOf(window))
 {
-    SortColumnName = differences.sortColumn.toString();
+    SortColumnName = FirstSortColumn();
     Global.bUserStoppedSearch = false;
+}
+
+void NameResultsWindow::ShowInProgress()
+{
+    SetSearchStatus(u" Search In Progress. Select Stop Search Button to Cancel Current Search .."_s,
+                    StatusStyle::NormalBold);
 }
 
 void NameResultsWindow::load(QPushButton *cmdStopSearching)
 {
-    SetSearchStatus(u" Search In Progress. Select Stop Search Button to Cancel Current Search .."_s,
-                    StatusStyle::NormalBold);
+    ShowInProgress();
     applyStyle(lblStatus, StatusStyle::NormalBold);
     InitListView();
     ShowHeaderIcon(0, Qt::AscendingOrder, true);
-    connect(listview1->List(), &ResultListModel::Flushed, this, [this] {
-        if (countPending)
-            ShowCount(RowCount());
-    });
+    CountRowsOf(listview1);
     // The button is enabled when a search ends; the reports it opens come with a later version.
     connect(printButton, &QPushButton::clicked, this,
             [this] { MsgBox(this, u"Printing of results comes with a later version."_s); });
@@ -52,6 +54,7 @@ void NameResultsWindow::load(QPushButton *cmdStopSearching)
 
 void NameResultsWindow::BeginSearching()
 {
+    Global.bSearchInProgress = false;
     RestartJob();
 }
 
@@ -86,6 +89,14 @@ QString NameResultsWindow::txtCountyList() const
     return countyList->text();
 }
 
+void NameResultsWindow::CountRowsOf(ResultListView *list)
+{
+    connect(list->List(), &ResultListModel::Flushed, this, [this] {
+        if (countPending)
+            ShowCount(ShownCount());
+    });
+}
+
 int NameResultsWindow::RowCount() const
 {
     return listview1->List()->Count();
@@ -109,7 +120,7 @@ void NameResultsWindow::AddParsedRow(const QString &row, ResultKind kind)
         listview1->List()->AddRow(parsed.Cells);
     if (!parsed.Complete)
         throw RunTimeError::SubscriptOutOfRange();
-    countPending = true;
+    CountLater();
 }
 
 void NameResultsWindow::BeginTick()

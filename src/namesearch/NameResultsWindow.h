@@ -101,8 +101,16 @@ protected:
 
     void SetStatus(const QString &text, StatusStyle style);
     void SetSearchStatus(const QString &text, StatusStyle style);
+    /// lblSearchStatus, of a search that has not ended.
+    void ShowInProgress();
     void SetCount(const QString &text);
     void ShowCount(int rows);
+    /// The count follows the rows of this list, each time that they are shown.
+    void CountRowsOf(ResultListView *list);
+    /// A row has come that the count does not know of yet.
+    void CountLater() { countPending = true; }
+    /// The rows that the count is about.
+    virtual int ShownCount() const { return RowCount(); }
     /// The last steps of every run: nothing to stop any more, the results can be printed, and the
     /// turn is the next job's.
     void FinishRun();
@@ -116,6 +124,8 @@ protected:
     bool QueryUnload(UnloadMode mode) override;
 
     ResultListView *List() const { return listview1; }
+    /// SortColumnName as it is after load.
+    QString FirstSortColumn() const { return differences.sortColumn.toString(); }
 
 private:
     void load(QPushButton *cmdStopSearching);

@@ -3,10 +3,38 @@
 #include "controls/MsgBox.h"
 #include "controls/ResultListView.h"
 #include "core/GlobalState.h"
+#include "core/RunTimeError.h"
+#include "namesearch/DuplicateNames.h"
 #include "namesearch/ResultRows.h"
 #include "ui_frmDiscisNCNameResults.h"
 
+#include <array>
+
 using namespace Qt::StringLiterals;
+
+namespace {
+/// What the window reads with one of its two lists in front.
+struct ViewTexts
+{
+    bool names;
+    QStringView instruction;  ///< Label1
+    QStringView searchStatus; ///< lblSearchStatus
+    QStringView retrieve;     ///< cmdSearchResults(0)
+    QStringView other;        ///< cmdViewDupes
+};
+constexpr std::array<ViewTexts, 2> views{{
+    {false,
+     u"To retrieve case details, either double-click on a case from the list, or highlight it and "
+     "click 'Retrieve Case Details'.",
+     u" Search Completed Successfully.   Double-Click on any Case to Retrieve Details.",
+     u"Retrieve Case Details", u"&View Duplicates"},
+    {true,
+     u"Mulitple Names Match Search Criteria. Check Name(s) to retrieve cases for and click "
+     "'Retrieve Case(s)'",
+     u"Multiple Names Match. Please Select Name(s) to retrieve.", u"Retrieve Case(s)",
+     u"&View Cases"},
+}};
+} // namespace
 
 frmDiscisNCNameResults::frmDiscisNCNameResults(QWidget *parent)
     : DiscisResultsWindow(ResultsWindow::DiscisNonCivil, parent),
@@ -15,11 +43,16 @@ frmDiscisNCNameResults::frmDiscisNCNameResults(QWidget *parent)
 {
     ui->setupUi(this);
     ui->lvDupe->hide();
+    ui->lvDupe->List()->SetCheckBoxes(true);
+    ui->lvDupe->UseSmallText();
     connect(ui->lblHelp, &QPushButton::clicked, this,
             [this] { MsgBox(this, u"Not Implemented Yet."_s); });
     connect(ui->lvDupe, &ResultListView::HeaderClicked, this,
             [this](int column) { SortList(ui->lvDupe, column); });
+    connect(ui->cmdViewDupes, &QPushButton::clicked, this,
+            &frmDiscisNCNameResults::ToggleDupesView);
     UseDiscisControls(*ui);
+    CountRowsOf(ui->lvDupe);
 }
 
 frmDiscisNCNameResults::~frmDiscisNCNameResults() = default;
@@ -43,25 +76,152 @@ void frmDiscisNCNameResults::ShowHeaderIconNC(int column, Qt::SortOrder order, b
     ui->lvDupe->ShowHeaderIcon(column, order, show);
 }
 
+int frmDiscisNCNameResults::nameCount() const
+{
+    return ui->lvDupe->List()->Count();
+}
+
+int frmDiscisNCNameResults::ShownCount() const
+{
+    return ShowingDupes ? nameCount() : RowCount();
+}
+
 void frmDiscisNCNameResults::AddRow(const QString &row)
 {
-    if (!IsDuplicateName(row)) {
+    const bool isName = IsDuplicateName(row);
+    if (isName) {
+        DupesFound = true;
+        AddDupeRow(row);
+    } else {
         AddDiscisRow(row);
+    }
+    // What comes goes in front.
+    if (isName != ShowingDupes)
+        ToggleDupesView();
+}
+
+void frmDiscisNCNameResults::AddDupeRow(const QString &row)
+{
+    const NameRow name = ParseNameRow(row, nameCount());
+    if (!name.Cells.isEmpty())
+        ui->lvDupe->List()->AddRow(name.Cells, name.Key);
+    if (!name.Complete)
+        throw RunTimeError::SubscriptOutOfRange();
+    CountLater();
+}
+
+void frmDiscisNCNameResults::ToggleDupesView()
+{
+    ResultListView *behind = ShowingDupes ? ui->lvDupe : ui->listview1;
+    ResultListView *front = ShowingDupes ? ui->listview1 : ui->lvDupe;
+    const bool focused = focusWidget() == behind;
+    ShowingDupes = !ShowingDupes;
+    const ViewTexts &texts = views[ShowingDupes ? 1 : 0];
+    front->show();
+    // The cursor stays on the list, whichever it is: hiding would send it to the next control.
+    if (focused)
+        front->setFocus();
+    behind->hide();
+    ui->Label1->setText(texts.instruction.toString());
+    SetSearchStatus(texts.searchStatus.toString(), StatusStyle::NormalBold);
+    ui->cmdSearchResults_0->setText(texts.retrieve.toString());
+    UpdateRetrieveButton();
+    ui->cmdViewDupes->setText(texts.other.toString());
+}
+
+void frmDiscisNCNameResults::RetrieveCheckedNames()
+{
+    ResultListModel *names = ui->lvDupe->List();
+    const QList<int> checked = names->CheckedRows();
+    if (checked.isEmpty()) {
+        MsgBox(this,
+               u"No Name(s) Selected. Please place a checkmark next to the name(s) to retrieve."_s,
+               u"Halvane - Invalid Request .."_s);
         return;
     }
-    DupesFound = true;
-    ++namesFound;
+    Global.bStopRequested = false;
+    lboxQueue.Clear();
+    for (const int row : checked) {
+        QStringList cells;
+        for (int column = 0; column < names->columnCount(); ++column)
+            cells.append(names->Cell(row, column));
+        lboxQueue.AddItem(CasesOfNameRequest(lblDNDorSNCI, lblNameVal(), cells, names->Key(row)));
+        names->SetCell(row, 0, MarkedAsRetrieved(cells[0]));
+    }
+    showCaseColumnsAgain();
+    allowRetrieval(false);
+    SortColumnName = FirstSortColumn();
+    StopRequested = false;
+    Global.bUserStoppedSearch = false;
+    SearchIncomplete = false;
+    // Pending as at first, so that Stop withdraws the key until the turn has come.
+    SetStatus(u"Pending .."_s, StatusStyle::NormalBold);
+    ShowInProgress();
+    RestartJob();
+}
+
+/// A search that found too many and listed none has put a notice in the place of the cases.
+void frmDiscisNCNameResults::showCaseColumnsAgain()
+{
+    const QList<ListColumn> columns = ListColumnsOf(Kind());
+    if (List()->List()->Columns().size() == columns.size())
+        return;
+    List()->List()->Clear();
+    List()->SetColumns(columns);
+}
+
+/// A run walks the request lines and must not have them replaced under it.
+void frmDiscisNCNameResults::allowRetrieval(bool allowed)
+{
+    namesRetrievable = allowed;
+    UpdateRetrieveButton();
+}
+
+void frmDiscisNCNameResults::RetrieveDetails()
+{
+    if (ShowingDupes)
+        RetrieveCheckedNames();
+    else
+        DiscisResultsWindow::RetrieveDetails();
+}
+
+void frmDiscisNCNameResults::UpdateRetrieveButton()
+{
+    if (ShowingDupes)
+        ui->cmdSearchResults_0->setEnabled(namesRetrievable);
+    else
+        DiscisResultsWindow::UpdateRetrieveButton();
+}
+
+void frmDiscisNCNameResults::ShowStopped(StopCase stopCase)
+{
+    DiscisResultsWindow::ShowStopped(stopCase);
+    // A run that was told to stop still reads to its end.
+    if (!HasTurn)
+        allowRetrieval(true);
 }
 
 void frmDiscisNCNameResults::ShowCompletion()
 {
+    if (ShowingDupes) {
+        SetStatus(u"Search Complete:    "_s + QString::number(nameCount())
+                      + u" Duplicate Names Found."_s,
+                  StatusStyle::NormalBold);
+        SetSearchStatus(u"Duplicate Names Found. Check Name(s) to Retrieve Associated Cases."_s,
+                        StatusStyle::NormalBold);
+        return;
+    }
     const int rows = RowCount();
     SetStatus(u"Search Complete:    "_s + QString::number(rows)
                   + (rows == 1 ? u" Case Retrieved."_s : u" Cases Retrieved."_s),
               StatusStyle::NormalBold);
-    if (DupesFound)
-        SetSearchStatus(QString::number(namesFound)
-                            + u" Names Match Search Criteria. Choosing Among Them Comes with a "
-                              "Later Version."_s,
-                        StatusStyle::NormalBold);
+}
+
+void frmDiscisNCNameResults::EndSearch(SearchOutcome outcome)
+{
+    ui->lvDupe->List()->Flush();
+    DiscisResultsWindow::EndSearch(outcome);
+    // However it ended: what came is there to be looked at.
+    ui->cmdViewDupes->setEnabled((ShowingDupes ? RowCount() : nameCount()) > 0);
+    allowRetrieval(true);
 }

@@ -10,9 +10,9 @@ class frmDiscisNCNameResults;
 
 /// The results of a non-civil name search in the District and Municipal Courts.
 ///
-/// The server may send people instead of cases, when several have the name. Choosing among them
-/// comes with a later version: their rows stay out of the list of cases, and the completed search
-/// says that there were some.
+/// When several people have the name, the server sends them in place of cases, or beside cases.
+/// They have a list of their own, in the same place as the cases: one of the two is in front. The
+/// cases of the people who are checked there are retrieved by a second search of the same window.
 class frmDiscisNCNameResults : public DiscisResultsWindow
 {
     Q_OBJECT
@@ -25,15 +25,33 @@ public:
     /// ShowHeaderIcon, for the list of names.
     void ShowHeaderIconNC(int column, Qt::SortOrder order, bool show);
 
-    QString lblDNDorSNCI;    ///< "SNCI", or "DND" for defendants with addresses
-    bool DupesFound = false; ///< the server has sent people
+    /// Adds a person of the server to the list of names. Throws error 9 when the row has too few
+    /// fields.
+    void AddDupeRow(const QString &row);
+    /// Brings the list that is behind to the front, with the texts that belong to it.
+    void ToggleDupesView();
+    /// Asks for the cases of the people who are checked, as a new job of this window.
+    void RetrieveCheckedNames();
+
+    QString lblDNDorSNCI;      ///< "SNCI", or "DND" for defendants with addresses
+    bool DupesFound = false;   ///< the server has sent people
+    bool ShowingDupes = false; ///< the names are in front
 
 protected:
     ResultKind Kind() const override;
     void AddRow(const QString &row) override;
+    int ShownCount() const override;
+    void ShowStopped(StopCase stopCase) override;
     void ShowCompletion() override;
+    void EndSearch(SearchOutcome outcome) override;
+    void RetrieveDetails() override;
+    void UpdateRetrieveButton() override;
 
 private:
+    int nameCount() const;
+    void showCaseColumnsAgain();
+    void allowRetrieval(bool allowed);
+
     const std::unique_ptr<Ui::frmDiscisNCNameResults> ui;
-    int namesFound = 0;
+    bool namesRetrievable = false; ///< no job of this window is waiting or running
 };

@@ -59,18 +59,19 @@ public:
     bool Holds() const { return holds; }
 
 private:
-    /// The name as the system lists it while a copy has it.
+    /// The name as the system lists it while a copy has it: behind what the platform adds.
     static QByteArray nameOf(const QString &folder)
     {
         SingleInstance first(folder);
         QFile list(u"/proc/net/unix"_s);
         if (!first.Claim() || !list.open(QIODevice::ReadOnly))
             return {};
+        const QByteArray own = first.Name().toUtf8();
         const QList<QByteArray> lines = list.readAll().split('\n');
         for (const QByteArray &line : lines) {
-            const qsizetype at = line.indexOf(" @halvane-");
-            if (at >= 0)
-                return line.mid(at + 2);
+            const qsizetype at = line.indexOf('@');
+            if (at >= 0 && line.indexOf(own, at) >= 0)
+                return line.mid(at + 1);
         }
         return {};
     }

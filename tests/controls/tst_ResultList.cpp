@@ -50,6 +50,17 @@ private Q_SLOTS:
     void rowsHaveOneFixedHeight();
     void wholeRowsAreSelectedAndNothingIsEdited();
     void sortArrowComesAndGoes();
+    void keysGoWithTheirRows();
+    void checkBoxes();
+    void onlyTheFirstColumnHasABox();
+    void withoutCheckBoxesNothingCanBeChecked();
+    void aRowIsCheckedBeforeItIsShown();
+    void clearForgetsChecks();
+    void aClickOnTheBoxChecks();
+    void theSpaceBarChecks_data();
+    void theSpaceBarChecks();
+    void theSpaceBarChecksTheFirstRowWithoutACursor();
+    void smallTextLeavesTheRest();
     void hundredThousandRows();
     void twips_data();
     void twips();
@@ -326,6 +337,176 @@ void tst_ResultList::sortArrowComesAndGoes()
     QCOMPARE(view.horizontalHeader()->sortIndicatorOrder(), Qt::DescendingOrder);
     view.ShowHeaderIcon(1, Qt::DescendingOrder, false);
     QVERIFY(!view.horizontalHeader()->isSortIndicatorShown());
+}
+
+void tst_ResultList::keysGoWithTheirRows()
+{
+    ResultListModel model;
+    model.AddRow({u"a"_s}, u"K1"_s);
+    model.AddRow({u"b"_s});
+    QCOMPARE(model.Key(0), u"K1"_s);
+    QCOMPARE(model.Key(1), QString());
+}
+
+void tst_ResultList::checkBoxes()
+{
+    ResultListModel model;
+    model.SetColumns({{u"A"_s, 1000}, {u"B"_s, 1000}});
+    model.SetCheckBoxes(true);
+    for (int i = 0; i < 4; ++i)
+        model.AddRow({u"a"_s, u"b"_s});
+    model.Flush();
+    QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
+    model.SetChecked(2, true);
+    QVERIFY(model.setData(model.index(0, 0), Qt::Checked, Qt::CheckStateRole));
+    QCOMPARE(changed.size(), 2);
+    QCOMPARE(model.CheckedRows(), (QList<int>{0, 2}));
+    QCOMPARE(model.index(2, 0).data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
+    QCOMPARE(model.index(1, 0).data(Qt::CheckStateRole).toInt(), int(Qt::Unchecked));
+    QVERIFY(model.setData(model.index(2, 0), Qt::Unchecked, Qt::CheckStateRole));
+    QCOMPARE(model.CheckedRows(), QList<int>{0});
+    // A cell that changes keeps its row's check.
+    model.SetCell(0, 0, u">>a"_s);
+    QVERIFY(model.IsChecked(0));
+}
+
+void tst_ResultList::onlyTheFirstColumnHasABox()
+{
+    ResultListModel model;
+    model.SetColumns({{u"A"_s, 1000}, {u"B"_s, 1000}});
+    model.SetCheckBoxes(true);
+    model.AddRow({u"a"_s, u"b"_s});
+    model.Flush();
+    QVERIFY(model.index(0, 0).flags() & Qt::ItemIsUserCheckable);
+    QVERIFY(!(model.index(0, 1).flags() & Qt::ItemIsUserCheckable));
+    QVERIFY(!model.index(0, 1).data(Qt::CheckStateRole).isValid());
+    QVERIFY(!model.setData(model.index(0, 1), Qt::Checked, Qt::CheckStateRole));
+    QVERIFY(!model.setData(model.index(0, 0), u"x"_s, Qt::EditRole));
+    QVERIFY(!model.setData({}, Qt::Checked, Qt::CheckStateRole));
+    QVERIFY(model.CheckedRows().isEmpty());
+    QCOMPARE(model.Cell(0, 0), u"a"_s);
+    const QAbstractItemModelTester tester(&model);
+}
+
+void tst_ResultList::withoutCheckBoxesNothingCanBeChecked()
+{
+    ResultListModel model;
+    model.SetColumns({{u"A"_s, 1000}});
+    model.AddRow({u"a"_s});
+    model.Flush();
+    QVERIFY(!model.index(0, 0).data(Qt::CheckStateRole).isValid());
+    QVERIFY(!(model.index(0, 0).flags() & Qt::ItemIsUserCheckable));
+    QVERIFY(!model.setData(model.index(0, 0), Qt::Checked, Qt::CheckStateRole));
+}
+
+void tst_ResultList::aRowIsCheckedBeforeItIsShown()
+{
+    ResultListModel model;
+    model.SetColumns({{u"A"_s, 1000}});
+    model.SetCheckBoxes(true);
+    model.AddRow({u"a"_s});
+    QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
+    model.SetChecked(0, true);
+    QCOMPARE(changed.size(), 0);
+    QCOMPARE(model.CheckedRows(), QList<int>{0});
+}
+
+void tst_ResultList::clearForgetsChecks()
+{
+    ResultListModel model;
+    model.SetCheckBoxes(true);
+    model.AddRow({u"a"_s});
+    model.SetChecked(0, true);
+    model.Clear();
+    model.AddRow({u"b"_s});
+    QVERIFY(!model.IsChecked(0));
+}
+
+namespace {
+void fillChecked(ResultListView &view)
+{
+    view.SetColumns({{u"A"_s, 2000}, {u"B"_s, 2000}});
+    view.List()->SetCheckBoxes(true);
+    for (int i = 0; i < 4; ++i)
+        view.List()->AddRow({u"a"_s, u"b"_s});
+    view.List()->Flush();
+    view.resize(400, 200);
+    view.show();
+}
+} // namespace
+
+void tst_ResultList::aClickOnTheBoxChecks()
+{
+    ResultListView view;
+    fillChecked(view);
+    const auto click = [&](int row, int column, int left) {
+        const QRect cell = view.visualRect(view.List()->index(row, column));
+        QTest::mouseClick(view.viewport(), Qt::LeftButton, {},
+                          QPoint(cell.left() + left, cell.center().y()));
+    };
+    click(1, 0, 10);
+    QCOMPARE(view.List()->CheckedRows(), QList<int>{1});
+    click(2, 0, 60);
+    click(2, 1, 10);
+    QCOMPARE(view.List()->CheckedRows(), QList<int>{1});
+    click(1, 0, 10);
+    QVERIFY(view.List()->CheckedRows().isEmpty());
+}
+
+void tst_ResultList::theSpaceBarChecks_data()
+{
+    QTest::addColumn<int>("column"); // of the cursor
+    QTest::addColumn<QList<int>>("selected");
+    QTest::addColumn<int>("presses");
+    QTest::addColumn<QList<int>>("checked");
+    QTest::newRow("first column") << 0 << QList<int>{1} << 1 << QList<int>{1};
+    QTest::newRow("another column") << 1 << QList<int>{1} << 1 << QList<int>{1};
+    QTest::newRow("twice") << 0 << QList<int>{1} << 2 << QList<int>{};
+    QTest::newRow("all that are selected") << 1 << QList<int>{1, 3} << 1 << QList<int>{1, 3};
+    QTest::newRow("none is selected") << 0 << QList<int>{} << 1 << QList<int>{1};
+    QTest::newRow("others are selected") << 0 << QList<int>{2, 3} << 1 << QList<int>{1};
+}
+
+void tst_ResultList::theSpaceBarChecks()
+{
+    QFETCH(int, column);
+    QFETCH(QList<int>, selected);
+    QFETCH(int, presses);
+    ResultListView view;
+    fillChecked(view);
+    view.selectionModel()->setCurrentIndex(view.List()->index(1, column),
+                                           QItemSelectionModel::NoUpdate);
+    for (const int row : selected)
+        view.selectionModel()->select(view.List()->index(row, 0),
+                                      QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    for (int i = 0; i < presses; ++i)
+        QTest::keyClick(&view, Qt::Key_Space);
+    QTEST(view.List()->CheckedRows(), "checked");
+}
+
+void tst_ResultList::theSpaceBarChecksTheFirstRowWithoutACursor()
+{
+    ResultListView view;
+    QTest::keyClick(&view, Qt::Key_Space);
+    fillChecked(view);
+    QTest::keyClick(&view, Qt::Key_Space);
+    QCOMPARE(view.List()->CheckedRows(), QList<int>{0});
+    ResultListView empty;
+    empty.List()->SetCheckBoxes(true);
+    QTest::keyClick(&empty, Qt::Key_Space);
+    QVERIFY(!empty.currentIndex().isValid());
+}
+
+void tst_ResultList::smallTextLeavesTheRest()
+{
+    ResultListView view;
+    const qreal before = view.font().pointSizeF();
+    const qreal header = view.horizontalHeader()->font().pointSizeF();
+    const int height = view.verticalHeader()->defaultSectionSize();
+    view.UseSmallText();
+    QVERIFY(view.font().pointSizeF() < before);
+    QCOMPARE(view.horizontalHeader()->font().pointSizeF(), header);
+    QCOMPARE(view.verticalHeader()->defaultSectionSize(), height);
 }
 
 void tst_ResultList::hundredThousandRows()

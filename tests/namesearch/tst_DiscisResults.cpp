@@ -33,8 +33,6 @@ private Q_SLOTS:
     void anErrorRowSendsTheLinesThatFollow();
     void nonCivilCompletion_data();
     void nonCivilCompletion();
-    void namesStayOutOfTheCases_data();
-    void namesStayOutOfTheCases();
     void aShortRowLosesTheSearch();
     void stopWhilePending_data();
     void stopWhilePending();
@@ -307,33 +305,6 @@ void tst_DiscisResults::nonCivilCompletion()
     QCOMPARE(ColourOf(window, "lblStatus"), u"blue"_s);
     QCOMPARE(TextOf(window, "Label3"), QString());
     QVERIFY(!window->DupesFound);
-}
-
-void tst_DiscisResults::namesStayOutOfTheCases_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::newRow("NCNMD") << u"NCNMD~SMITH~M~01/02/1970~W~510~180~TALL~NONE~K1~"_s;
-    QTest::newRow("NCDND") << u"NCDND~SMITH~M~x~W~510~01/02/1970~180~A~B~12 MAIN ST~"_s;
-    QTest::newRow("too short to be read") << u"NCNMD~SMITH~"_s;
-}
-
-void tst_DiscisResults::namesStayOutOfTheCases()
-{
-    QFETCH(QString, name);
-    court->Expect(DistrictLine()).Reply({name, CaseRow(u"SMITH"_s), name, u"EOF~"_s});
-    desk->ConnectTo(*court);
-    auto *window = new frmDiscisNCNameResults;
-    desk->Enqueue(window, {DistrictLine()});
-    window->Timer1->start(1);
-    QVERIFY(desk->Finish(window));
-    QCOMPARE(window->RowCount(), 1);
-    QCOMPARE(RowsOf(window)[0][0], u"SMITH"_s);
-    QVERIFY(window->DupesFound);
-    QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete:    1 Case Retrieved."_s);
-    QCOMPARE(TextOf(window, "lblSearchStatus"),
-             u"2 Names Match Search Criteria. Choosing Among Them Comes with a Later Version."_s);
-    QVERIFY(!window->findChild<QTableView *>(u"lvDupe"_s)->isVisible());
-    QVERIFY(!ButtonOf(window, "cmdViewDupes")->isEnabled());
 }
 
 void tst_DiscisResults::aShortRowLosesTheSearch()

@@ -165,10 +165,11 @@ void tst_PracticeAnswers::exchanges_data()
     nothing("cases of the index", u"INDEX~SUMMARY~94-1-00042-1~"_s);
     nothing("nothing of Oregon", u"OREGON¦"_s);
     nothing("nothing of the bankruptcy courts", u"BKRPT~"_s);
-    nothing("cases of a listed person, statewide",
-            u"WADISCIS¦SEARCH¦SMITH¦SMITH, JOHN¦M¦¦¦¦¦¦¦1¦SNCINMD¦"_s);
-    nothing("cases of a listed person with addresses",
-            u"WADISCIS¦SEARCH¦SMITH¦SMITH, JOHN¦M¦¦1¦2¦DNDND¦"_s);
+    const QStringList nobody{u"ERROR~Nobody was listed so~"_s, end};
+    QTest::newRow("cases of a person of no list, statewide")
+        << u"ann"_s << u"WADISCIS¦SEARCH¦SMITH¦SMITH, JOHN¦M¦¦¦¦¦¦¦1¦SNCINMD¦"_s << nobody;
+    QTest::newRow("cases of a person of no list with addresses")
+        << u"ann"_s << u"WADISCIS¦SEARCH¦SMITH¦SMITH, JOHN¦M¦¦1¦2¦DNDND¦"_s << nobody;
 }
 
 void tst_PracticeAnswers::exchanges()
