@@ -1,5 +1,6 @@
 #include "namesearch/NameResultsWindow.h"
 
+#include "controls/JobVoice.h"
 #include "controls/MsgBox.h"
 #include "controls/ResultListView.h"
 #include "controls/StatusColour.h"
@@ -35,6 +36,7 @@ NameResultsWindow::NameResultsWindow(ResultsWindow window, QWidget *parent)
 
 void NameResultsWindow::load(QPushButton *cmdStopSearching)
 {
+    voice = new JobVoice(this, lblStatus, listview1);
     SetSearchStatus(u" Search In Progress. Select Stop Search Button to Cancel Current Search .."_s,
                     StatusStyle::NormalBold);
     applyStyle(lblStatus, StatusStyle::NormalBold);
@@ -53,6 +55,7 @@ void NameResultsWindow::load(QPushButton *cmdStopSearching)
 void NameResultsWindow::BeginSearching()
 {
     RestartJob();
+    voice->Started();
 }
 
 void NameResultsWindow::ShowHeaderIcon(int column, Qt::SortOrder order, bool show)
@@ -91,7 +94,7 @@ int NameResultsWindow::RowCount() const
     return listview1->List()->Count();
 }
 
-QList<ListColumn> NameResultsWindow::ListColumnsOf(ResultKind kind)
+ListLayout NameResultsWindow::ListColumnsOf(ResultKind kind)
 {
     QList<ListColumn> columns;
     for (const ResultColumn &column : ResultColumnsOf(kind)) {
@@ -99,7 +102,7 @@ QList<ListColumn> NameResultsWindow::ListColumnsOf(ResultKind kind)
         columns.append(
             {column.header.toString(), column.width, centred ? Qt::AlignHCenter : Qt::AlignLeft});
     }
-    return columns;
+    return {ResultKindName(kind), columns};
 }
 
 void NameResultsWindow::AddParsedRow(const QString &row, ResultKind kind)
@@ -158,6 +161,7 @@ void NameResultsWindow::ShowStopped(StopCase stopCase)
     }
     SetSearchStatus(text, StatusStyle::TroubleBold);
     SetCount({});
+    voice->SayState();
 }
 
 bool NameResultsWindow::QueryUnload(UnloadMode mode)
@@ -175,6 +179,7 @@ void NameResultsWindow::SetStatus(const QString &text, StatusStyle style)
 {
     applyStyle(lblStatus, style);
     lblStatus->setText(text);
+    voice->SayState();
 }
 
 void NameResultsWindow::SetSearchStatus(const QString &text, StatusStyle style)

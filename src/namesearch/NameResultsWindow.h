@@ -9,8 +9,9 @@
 #include <optional>
 
 class QLineEdit;
+class JobVoice;
 class ResultListView;
-struct ListColumn;
+struct ListLayout;
 
 /// The results window of one name search: waits for its turn on the link, sends its request lines
 /// one after the other, lists what comes back, and ends in one of a few outcomes.
@@ -83,7 +84,7 @@ protected:
 
     /// Adds the cells of a row in the order of the columns. Throws error 9 when some are missing.
     void AddParsedRow(const QString &row, ResultKind kind);
-    static QList<ListColumn> ListColumnsOf(ResultKind kind);
+    static ListLayout ListColumnsOf(ResultKind kind);
 
     void SetStatus(const QString &text, StatusStyle style);
     void SetSearchStatus(const QString &text, StatusStyle style);
@@ -120,6 +121,7 @@ private:
     QLabel *lblCaseTypeVals = nullptr;
     QLineEdit *countyList = nullptr;
     ResultListView *listview1 = nullptr;
+    JobVoice *voice = nullptr;
     QPushButton *printButton = nullptr;
     QString countyOfRequest;
     int rowsOfRequest = 0;
