@@ -4,7 +4,6 @@
 #include "core/Clock.h"
 
 #include <QAbstractItemModel>
-#include <QAccessible>
 #include <QLabel>
 #include <QTableView>
 
@@ -50,8 +49,7 @@ void JobVoice::SayState()
 void JobVoice::Ended(bool stoppedByUser)
 {
     SayState();
-    QAccessibleEvent alert(stateLabel, QAccessible::Alert);
-    QAccessible::updateAccessibility(&alert);
+    SpeakAlert(stateLabel);
     if (!stoppedByUser && ElapsedSeconds(startedAt) > longJobSeconds && !IsInFront(window))
         ShowDesktopNotice(window, window->windowTitle(), stateLabel->text().simplified());
 }

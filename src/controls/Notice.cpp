@@ -2,6 +2,7 @@
 
 #include "controls/WindowPlace.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -20,6 +21,12 @@ DesktopNotice &replacement()
 {
     static DesktopNotice notice;
     return notice;
+}
+
+std::function<void(QWidget *)> &alertReplacement()
+{
+    static std::function<void(QWidget *)> alert;
+    return alert;
 }
 
 QMdiSubWindow *frameOf(const QWidget *window)
@@ -75,4 +82,19 @@ void ShowDesktopNotice(QWidget *window, const QString &title, const QString &tex
 void ReplaceDesktopNotice(DesktopNotice notice)
 {
     replacement() = std::move(notice);
+}
+
+void SpeakAlert(QWidget *control)
+{
+    if (alertReplacement()) {
+        alertReplacement()(control);
+        return;
+    }
+    QAccessibleEvent alert(control, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
+}
+
+void ReplaceSpokenAlert(std::function<void(QWidget *control)> alert)
+{
+    alertReplacement() = std::move(alert);
 }

@@ -20,3 +20,9 @@ using DesktopNotice =
 
 /// Puts something else in the place of ShowDesktopNotice; an empty function puts it back.
 void ReplaceDesktopNotice(DesktopNotice notice);
+
+/// Has a screen reader say at once what this control reads.
+void SpeakAlert(QWidget *control);
+
+/// The same for SpeakAlert.
+void ReplaceSpokenAlert(std::function<void(QWidget *control)> alert);

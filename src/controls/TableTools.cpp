@@ -110,10 +110,24 @@ void TableTools::listenForFind()
     if (!findShortcut) {
         findShortcut = new QShortcut(
             QKeySequence::Find, view->parentWidget() ? view->parentWidget() : view, this,
-            &TableTools::OpenFind, &TableTools::OpenFind, Qt::WidgetWithChildrenShortcut);
+            &TableTools::OpenFind, &TableTools::openFindOfFocus, Qt::WidgetWithChildrenShortcut);
         connect(view, &QObject::destroyed, findShortcut, &QObject::deleteLater);
     }
     findShortcut->setEnabled(true);
+}
+
+/// Several tables in sight hear the key: the one the user is in is meant.
+void TableTools::openFindOfFocus()
+{
+    const QWidget *focus = QApplication::focusWidget();
+    const QList<TableTools *> neighbours = findShortcut->parent()->findChildren<TableTools *>();
+    for (TableTools *one : neighbours) {
+        if (one->view == focus || one->findBar->isAncestorOf(focus)) {
+            one->OpenFind();
+            return;
+        }
+    }
+    OpenFind();
 }
 
 void TableTools::showMenuAtRow()

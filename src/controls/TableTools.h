@@ -39,6 +39,7 @@ private:
     void makeMenu();
     void showMenu(const QPoint &where);
     void listenForFind();
+    void openFindOfFocus();
     void showMenuAtRow();
     bool takeKey(QKeyEvent *key);
     QList<int> selectedRows() const;
