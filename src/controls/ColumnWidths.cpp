@@ -36,7 +36,8 @@ void ColumnWidths::SetTold(int column, int twips)
 {
     if (column < toldTwips.size())
         toldTwips[column] = twips;
-    view->setColumnWidth(column, PixelsFromTwips(users.value(nameOf(column), twips)));
+    const int width = users.isEmpty() ? twips : users.value(nameOf(column), twips);
+    view->setColumnWidth(column, PixelsFromTwips(width));
     // A column that changes by itself during a drag was not changed by the user.
     if (column < atPress.size())
         atPress[column] = view->columnWidth(column);

@@ -2,9 +2,11 @@
 
 #include <QList>
 #include <QObject>
+#include <QPointer>
 #include <QString>
 #include <QStringMatcher>
 
+class QHeaderView;
 class QTableView;
 
 /// The columns of a table that can be seen, from left to right.
@@ -39,5 +41,8 @@ private:
     void deselectHidden();
 
     QTableView *view;
+    /// Gone before the view itself: a table that owns its model hears of the model's end
+    /// afterwards.
+    QPointer<QHeaderView> rows;
     QList<QStringMatcher> words;
 };
