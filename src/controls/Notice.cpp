@@ -66,7 +66,7 @@ bool IsInFront(const QWidget *window)
     if (!window->isVisible() || !window->isActiveWindow() || window->window()->isMinimized())
         return false;
     const QMdiSubWindow *frame = frameOf(window);
-    return !frame || (!frame->isMinimized() && frame->mdiArea()->currentSubWindow() == frame);
+    return !frame || frame->mdiArea()->currentSubWindow() == frame;
 }
 
 void ShowDesktopNotice(QWidget *window, const QString &title, const QString &text)

@@ -44,6 +44,7 @@ private Q_SLOTS:
     void aLongSearchTellsOfItsEnd_data() { addWindows(); }
     void aLongSearchTellsOfItsEnd();
     void aStoppedSearchIsNoNews();
+    void aPendingSearchThatIsStoppedSaysSo();
     void widthsOfTheKind_data();
     void widthsOfTheKind();
     void namesOfTheKindsAreDifferent();
@@ -153,6 +154,14 @@ void tst_ResultLists::aStoppedSearchIsNoNews()
     ReplaceDesktopNotice({});
     QCOMPARE(notices, 0);
     QVERIFY(listOf(window)->accessibleDescription().startsWith(u"Search Stopped By User"));
+}
+
+void tst_ResultLists::aPendingSearchThatIsStoppedSaysSo()
+{
+    const frmNameSearchResults *window = desk->MakePending({RequestLine()});
+    QCOMPARE(listOf(window)->accessibleDescription(), u"Pending .. - 0 rows"_s);
+    ButtonOf(window, "cmdStopSearching")->click();
+    QCOMPARE(listOf(window)->accessibleDescription(), u"Search Stopped By User .. - 0 rows"_s);
 }
 
 void tst_ResultLists::widthsOfTheKind_data()
