@@ -43,7 +43,10 @@ RowFilter::RowFilter(QTableView *table) : QObject(table), view(table), rows(tabl
                 apply(from.row(), to.row());
                 Q_EMIT Changed();
             });
-    connect(model, &QAbstractItemModel::rowsRemoved, this, &RowFilter::Changed);
+    connect(model, &QAbstractItemModel::rowsRemoved, this, [this] {
+        if (rows)
+            Q_EMIT Changed();
+    });
     connect(model, &QAbstractItemModel::modelReset, this, &RowFilter::applyToAll);
     connect(model, &QAbstractItemModel::layoutChanged, this, &RowFilter::applyToAll);
 }

@@ -12,7 +12,6 @@
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QDir>
-#include <QHeaderView>
 #include <QMenu>
 #include <QPointer>
 #include <QShortcut>
@@ -29,7 +28,6 @@ TableTools::TableTools(QTableView *table)
     makeMenu();
     view->installEventFilter(this);
     view->viewport()->installEventFilter(this);
-    view->horizontalHeader()->viewport()->installEventFilter(this);
 }
 
 void TableTools::makeMenu()

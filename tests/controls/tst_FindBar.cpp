@@ -5,11 +5,35 @@
 #include <QGridLayout>
 #include <QScrollBar>
 #include <QStandardItemModel>
+#include <QStringListModel>
 #include <QToolButton>
 
 #include <memory>
 
 // Find in the rows of a list.
+
+namespace {
+/// Three rows that can be put in the opposite order, without a word about which row went where.
+class TurningModel : public QAbstractTableModel
+{
+public:
+    int rowCount(const QModelIndex &) const override { return static_cast<int>(names.size()); }
+    int columnCount(const QModelIndex &) const override { return 1; }
+    QVariant data(const QModelIndex &index, int role) const override
+    {
+        return role == Qt::DisplayRole ? QVariant(names[index.row()]) : QVariant();
+    }
+    void Turn()
+    {
+        Q_EMIT layoutAboutToBeChanged();
+        std::reverse(names.begin(), names.end());
+        Q_EMIT layoutChanged();
+    }
+
+private:
+    QStringList names{u"smith"_s, u"jones"_s, u"brown"_s};
+};
+} // namespace
 
 class tst_FindBar : public QObject
 {
@@ -36,6 +60,8 @@ private Q_SLOTS:
     void aChangedCellIsLookedAtAgain();
     void rowNumbersStayTheEngines();
     void aSortedModelKeepsTheRightRowsHidden();
+    void aModelThatMovesItsRowsUntold();
+    void aModelThatBeginsAnew();
     void aClearedModel();
     void hiddenRowsAreNoLongerSelected();
     void theCurrentRowStaysWhenItIsShown();
@@ -241,6 +267,29 @@ void tst_FindBar::aSortedModelKeepsTheRightRowsHidden()
     model.removeRow(1);
     QCOMPARE(tools->Filter()->Loaded(), 2);
     QCOMPARE(tools->Filter()->Shown(), 1);
+}
+
+void tst_FindBar::aModelThatMovesItsRowsUntold()
+{
+    TurningModel model;
+    QTableView view;
+    view.setModel(&model);
+    auto *tools = new TableTools(&view);
+    tools->Filter()->SetText(u"smith"_s);
+    QVERIFY(!view.isRowHidden(0) && view.isRowHidden(1) && view.isRowHidden(2));
+    model.Turn();
+    QVERIFY(view.isRowHidden(0) && view.isRowHidden(1) && !view.isRowHidden(2));
+}
+
+void tst_FindBar::aModelThatBeginsAnew()
+{
+    QStringListModel model({u"smith"_s, u"jones"_s});
+    QTableView view;
+    view.setModel(&model);
+    auto *tools = new TableTools(&view);
+    tools->Filter()->SetText(u"smith"_s);
+    model.setStringList({u"brown"_s, u"smith"_s, u"jones"_s});
+    QVERIFY(view.isRowHidden(0) && !view.isRowHidden(1) && view.isRowHidden(2));
 }
 
 void tst_FindBar::aClearedModel()
