@@ -1,5 +1,7 @@
 #include "controls/ResultListView.h"
 
+#include "controls/ColumnWidths.h"
+#include "controls/TableTools.h"
 #include "controls/Twips.h"
 
 #include <QFontInfo>
@@ -41,7 +43,7 @@ public:
 };
 } // namespace
 
-ResultListView::ResultListView(QWidget *parent) : QTableView(parent), list(this)
+ResultListView::ResultListView(QWidget *parent) : QTableView(parent), list(this), tools(nullptr)
 {
     setModel(&list);
     setItemDelegate(new PlainCellDelegate(this));
@@ -63,6 +65,7 @@ ResultListView::ResultListView(QWidget *parent) : QTableView(parent), list(this)
     horizontalHeader()->setStretchLastSection(true);
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     horizontalHeader()->setMinimumSectionSize(PixelsFromTwips(30));
+    tools = new TableTools(this);
     connectHeader();
     connect(selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &ResultListView::SelectedRowChanged);
@@ -85,17 +88,25 @@ void ResultListView::connectHeader()
 
 void ResultListView::SetColumns(const QList<ListColumn> &columns)
 {
+    SetColumns(ListLayout{QString(), columns});
+}
+
+void ResultListView::SetColumns(const ListLayout &layout)
+{
+    const QList<ListColumn> &columns = layout.Columns;
     list.SetColumns(columns);
     // A column too narrow to be seen is meant to stay so.
     horizontalHeader()->setStretchLastSection(columns.isEmpty()
                                               || columns.last().Width > leastSeenTwips);
-    for (int i = 0; i < columns.size(); ++i)
-        SetColumnTwips(i, columns[i].Width);
+    QList<int> told;
+    for (const ListColumn &column : columns)
+        told.append(column.Width);
+    tools->Widths()->Begin(layout.Kind, told);
 }
 
 void ResultListView::SetColumnTwips(int column, int twips)
 {
-    setColumnWidth(column, PixelsFromTwips(twips));
+    tools->Widths()->SetTold(column, twips);
 }
 
 void ResultListView::UseSmallText()

@@ -4,6 +4,16 @@
 
 #include <QTableView>
 
+class TableTools;
+
+/// The columns of a list, and the kind of list they are of: columns of one kind keep the widths
+/// that the user gives them.
+struct ListLayout
+{
+    QString Kind;
+    QList<ListColumn> Columns;
+};
+
 /// The list of a results window: whole rows are selected, columns have the widths of their table
 /// (in twips), rows have one fixed height, so that a hundred thousand of them cost what ten do.
 class ResultListView : public QTableView
@@ -15,10 +25,15 @@ public:
     ResultListModel *List() { return &list; }
     const ResultListModel *List() const { return &list; }
 
-    /// Makes the columns anew, with their widths.
+    /// What the user can do with the list: copy, export, find, widen columns.
+    TableTools *Tools() const { return tools; }
+
+    /// Makes the columns anew, with their widths or those that the user gave to this kind of list.
+    void SetColumns(const ListLayout &layout);
+    /// The same for columns of no kind.
     void SetColumns(const QList<ListColumn> &columns);
 
-    /// Sets a column's width in twips.
+    /// Sets a column's width in twips. One that the user has changed stays as it is.
     void SetColumnTwips(int column, int twips);
 
     /// Writes the cells as small as the headers, for columns that are narrow for what they hold.
@@ -58,4 +73,5 @@ private:
     Qt::SortOrder sortOrder = Qt::AscendingOrder;
     int arrowColumn = -1;
     Qt::SortOrder arrowOrder = Qt::AscendingOrder;
+    TableTools *tools;
 };

@@ -1,5 +1,6 @@
 #include "namesearch/NameResultsWindow.h"
 
+#include "controls/JobVoice.h"
 #include "controls/MsgBox.h"
 #include "controls/ResultListView.h"
 #include "controls/StatusColour.h"
@@ -41,6 +42,7 @@ void NameResultsWindow::ShowInProgress()
 
 void NameResultsWindow::load(QPushButton *cmdStopSearching)
 {
+    voice = new JobVoice(this, lblStatus, listview1);
     ShowInProgress();
     applyStyle(lblStatus, StatusStyle::NormalBold);
     InitListView();
@@ -56,6 +58,7 @@ void NameResultsWindow::BeginSearching()
 {
     Global.bSearchInProgress = false;
     RestartJob();
+    voice->Started();
 }
 
 void NameResultsWindow::ShowHeaderIcon(int column, Qt::SortOrder order, bool show)
@@ -102,7 +105,7 @@ int NameResultsWindow::RowCount() const
     return listview1->List()->Count();
 }
 
-QList<ListColumn> NameResultsWindow::ListColumnsOf(ResultKind kind)
+ListLayout NameResultsWindow::ListColumnsOf(ResultKind kind)
 {
     QList<ListColumn> columns;
     for (const ResultColumn &column : ResultColumnsOf(kind)) {
@@ -110,7 +113,7 @@ QList<ListColumn> NameResultsWindow::ListColumnsOf(ResultKind kind)
         columns.append(
             {column.header.toString(), column.width, centred ? Qt::AlignHCenter : Qt::AlignLeft});
     }
-    return columns;
+    return {ResultKindName(kind), columns};
 }
 
 void NameResultsWindow::AddParsedRow(const QString &row, ResultKind kind)
@@ -169,6 +172,7 @@ void NameResultsWindow::ShowStopped(StopCase stopCase)
     }
     SetSearchStatus(text, StatusStyle::TroubleBold);
     SetCount({});
+    voice->SayState();
 }
 
 bool NameResultsWindow::QueryUnload(UnloadMode mode)
@@ -186,6 +190,7 @@ void NameResultsWindow::SetStatus(const QString &text, StatusStyle style)
 {
     applyStyle(lblStatus, style);
     lblStatus->setText(text);
+    voice->SayState();
 }
 
 void NameResultsWindow::SetSearchStatus(const QString &text, StatusStyle style)

@@ -9,9 +9,10 @@
 #include <optional>
 
 class QLineEdit;
+class JobVoice;
 class ResultListView;
 struct CaseFromRow;
-struct ListColumn;
+struct ListLayout;
 
 /// The results window of one name search: waits for its turn on the link, sends its request lines
 /// one after the other, lists what comes back, and ends in one of a few outcomes.
@@ -97,7 +98,7 @@ protected:
 
     /// Adds the cells of a row in the order of the columns. Throws error 9 when some are missing.
     void AddParsedRow(const QString &row, ResultKind kind);
-    static QList<ListColumn> ListColumnsOf(ResultKind kind);
+    static ListLayout ListColumnsOf(ResultKind kind);
 
     void SetStatus(const QString &text, StatusStyle style);
     void SetSearchStatus(const QString &text, StatusStyle style);
@@ -146,6 +147,7 @@ private:
     QLabel *lblCaseTypeVals = nullptr;
     QLineEdit *countyList = nullptr;
     ResultListView *listview1 = nullptr;
+    JobVoice *voice = nullptr;
     QPushButton *printButton = nullptr;
     QPushButton *retrieveButton = nullptr;
     QString countyOfRequest;

@@ -1,5 +1,6 @@
 // The run of a search: NameResultsWindow::ProcessSearchRequests and what it is made of.
 
+#include "controls/JobVoice.h"
 #include "controls/MsgBox.h"
 #include "controls/ResultListView.h"
 #include "controls/Twips.h"
@@ -26,6 +27,7 @@ constexpr int listMarginTwips = 100;
 
 void NameResultsWindow::ProcessSearchRequests()
 {
+    voice->SayState();
     if (lboxQueue.ListCount() == 0) {
         reportEmptyQueue();
         return;
@@ -182,6 +184,7 @@ void NameResultsWindow::FinishRun()
     EndJob();
     printButton->setEnabled(true);
     ReleaseTurn();
+    voice->Ended(StopRequested);
 }
 
 void NameResultsWindow::addMaxResultsRows()

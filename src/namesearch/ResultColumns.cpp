@@ -99,8 +99,18 @@ constexpr std::array<ResultColumn, 8> namesAddressColumns{{
     {u"Phys. Desc.", 800},
 }};
 
+// In the order of ResultKind.
+constexpr std::array<QStringView, 9> kindNames{
+    u"Superior",        u"Idaho",           u"Bankruptcy",     u"Index",         u"DiscisCivil",
+    u"DiscisStatewide", u"DiscisAddresses", u"NamesStatewide", u"NamesAddresses"};
+
 constexpr std::array<QStringView, 4> bankruptcyStates{u"IDBK", u"WAEBK", u"WAWBK", u"ORBK"};
 } // namespace
+
+QString ResultKindName(ResultKind kind)
+{
+    return kindNames.at(static_cast<size_t>(kind)).toString();
+}
 
 ResultKind ResultKindOf(const QString &state, bool indexSearch, bool bankruptcy)
 {

@@ -21,6 +21,9 @@ enum class ResultKind {
 /// The kind of list for a search of frmNameSearchResults: `state` is a value of lblState.
 ResultKind ResultKindOf(const QString &state, bool indexSearch, bool bankruptcy);
 
+/// The name under which the widths of such a list are remembered: it never changes.
+QString ResultKindName(ResultKind kind);
+
 /// A column with its width in twips.
 struct ResultColumn
 {

@@ -163,11 +163,11 @@ void frmDiscisNCNameResults::RetrieveCheckedNames()
 /// A search that found too many and listed none has put a notice in the place of the cases.
 void frmDiscisNCNameResults::showCaseColumnsAgain()
 {
-    const QList<ListColumn> columns = ListColumnsOf(Kind());
-    if (List()->List()->Columns().size() == columns.size())
+    const ListLayout layout = ListColumnsOf(Kind());
+    if (List()->List()->Columns().size() == layout.Columns.size())
         return;
     List()->List()->Clear();
-    List()->SetColumns(columns);
+    List()->SetColumns(layout);
 }
 
 /// A run walks the request lines and must not have them replaced under it.

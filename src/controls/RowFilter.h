@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QList>
+#include <QObject>
+#include <QPointer>
+#include <QString>
+#include <QStringMatcher>
+
+class QHeaderView;
+class QTableView;
+
+/// The columns of a table that can be seen, from left to right.
+QList<int> ShownColumns(const QTableView *table);
+
+/// Shows only those rows of a table in which every given word occurs, capital or small, in a column
+/// that can be seen. The other rows are hidden in the view; the model and its row numbers stay as
+/// they are, so whoever fills, sorts or opens by row number need not know of it.
+class RowFilter : public QObject
+{
+    Q_OBJECT
+public:
+    explicit RowFilter(QTableView *table);
+
+    /// The words, with blanks between them; none shows every row. Rows that are hidden by it are no
+    /// longer selected.
+    void SetText(const QString &text);
+
+    bool IsActive() const { return !words.isEmpty(); }
+    int Loaded() const;
+    int Shown() const;
+    bool Shows(int row) const;
+
+Q_SIGNALS:
+    /// The number of rows, loaded or shown, may be another now.
+    void Changed();
+
+private:
+    void apply(int first, int last);
+    void applyToAll();
+    bool matches(int row, const QList<int> &columns) const;
+    void deselectHidden();
+
+    QTableView *view;
+    /// Gone before the view itself: a table that owns its model hears of the model's end
+    /// afterwards.
+    QPointer<QHeaderView> rows;
+    QList<QStringMatcher> words;
+};

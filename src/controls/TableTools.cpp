@@ -1,0 +1,228 @@
+#include "controls/TableTools.h"
+
+#include "controls/ColumnWidths.h"
+#include "controls/FindBar.h"
+#include "controls/MsgBox.h"
+#include "controls/RowFilter.h"
+#include "controls/SaveDialog.h"
+#include "core/AtomicFile.h"
+#include "core/GlobalState.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QDir>
+#include <QMenu>
+#include <QPointer>
+#include <QShortcut>
+#include <QTableView>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+TableTools::TableTools(QTableView *table)
+    : QObject(table), view(table), widths(new ColumnWidths(table)), filter(new RowFilter(table)),
+      findBar(new FindBar(table, filter)), menu(new QMenu(table))
+{
+    makeMenu();
+    view->installEventFilter(this);
+    view->viewport()->installEventFilter(this);
+}
+
+void TableTools::makeMenu()
+{
+    menu->setObjectName(u"mnuList"_s);
+    const auto add = [this](const QString &name, const QString &text, const QKeySequence &keys) {
+        QAction *action = menu->addAction(text);
+        action->setObjectName(name);
+        // For the eye only: a menu that is in no window hears no keys.
+        action->setShortcut(keys);
+        action->setShortcutVisibleInContextMenu(true);
+        return action;
+    };
+    copyRows = add(u"mnuListCopy"_s, u"&Copy"_s, QKeySequence::Copy);
+    copyWithHeaders = add(u"mnuListCopyHeaders"_s, u"Copy with &Headers"_s, {});
+    exportRows = add(u"mnuListExport"_s, u"&Export to CSV .."_s, {});
+    menu->addSeparator();
+    const QAction *find = add(u"mnuListFind"_s, u"&Find .."_s, QKeySequence::Find);
+    resetWidths = add(u"mnuListResetWidths"_s, u"&Reset Column Widths"_s, {});
+    connect(copyRows, &QAction::triggered, this, [this] { Copy(false); });
+    connect(copyWithHeaders, &QAction::triggered, this, [this] { Copy(true); });
+    connect(exportRows, &QAction::triggered, this, &TableTools::ExportCsv);
+    connect(find, &QAction::triggered, this, &TableTools::OpenFind);
+    connect(resetWidths, &QAction::triggered, widths, &ColumnWidths::Reset);
+}
+
+bool TableTools::eventFilter(QObject *watched, QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::ContextMenu: {
+        const auto *wanted = static_cast<QContextMenuEvent *>(event);
+        if (wanted->reason() == QContextMenuEvent::Keyboard)
+            showMenuAtRow();
+        else
+            showMenu(wanted->globalPos());
+        return true;
+    }
+    case QEvent::ShortcutOverride:
+    case QEvent::KeyPress:
+        if (watched == view && takeKey(static_cast<QKeyEvent *>(event)))
+            return true;
+        break;
+    case QEvent::Show:
+        if (watched == view)
+            listenForFind();
+        break;
+    case QEvent::Hide:
+        if (watched == view && findShortcut)
+            findShortcut->setEnabled(false);
+        break;
+    default:
+        break;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+/// Copying is seen before the menu Edit sees its own Ctrl+C, which knows entry fields only.
+bool TableTools::takeKey(QKeyEvent *key)
+{
+    const bool copies = key->matches(QKeySequence::Copy);
+    const bool closesFind = key->key() == Qt::Key_Escape && !findBar->isHidden();
+    if (!copies && !closesFind)
+        return false;
+    key->accept();
+    if (key->type() == QEvent::KeyPress) {
+        if (copies)
+            Copy();
+        else
+            findBar->Close();
+    }
+    return true;
+}
+
+/// Find is heard wherever the focus is among the table's neighbours. A table out of sight does not
+/// listen: two tables may share one place.
+void TableTools::listenForFind()
+{
+    if (!findShortcut) {
+        findShortcut = new QShortcut(
+            QKeySequence::Find, view->parentWidget() ? view->parentWidget() : view, this,
+            &TableTools::OpenFind, &TableTools::openFindOfFocus, Qt::WidgetWithChildrenShortcut);
+        connect(view, &QObject::destroyed, findShortcut, &QObject::deleteLater);
+    }
+    findShortcut->setEnabled(true);
+}
+
+/// Several tables in sight hear the key: the one the user is in is meant.
+void TableTools::openFindOfFocus()
+{
+    const QWidget *focus = QApplication::focusWidget();
+    const QList<TableTools *> neighbours = findShortcut->parent()->findChildren<TableTools *>();
+    for (TableTools *one : neighbours) {
+        if (one->view == focus || one->findBar->isAncestorOf(focus)) {
+            one->OpenFind();
+            return;
+        }
+    }
+    OpenFind();
+}
+
+void TableTools::showMenuAtRow()
+{
+    const QRect row = view->visualRect(view->currentIndex());
+    const QRect place = view->viewport()->rect().intersected(row);
+    showMenu(view->viewport()->mapToGlobal(place.isEmpty() ? view->viewport()->rect().center()
+                                                           : place.center()));
+}
+
+void TableTools::showMenu(const QPoint &where)
+{
+    const bool someSelected = !selectedRows().isEmpty();
+    copyRows->setEnabled(someSelected);
+    copyWithHeaders->setEnabled(someSelected);
+    exportRows->setEnabled(filter->Shown() > 0);
+    resetWidths->setEnabled(widths->ChangedByUser());
+    menu->popup(where);
+}
+
+void TableTools::OpenFind()
+{
+    findBar->Open();
+}
+
+void TableTools::Copy(bool withHeaders)
+{
+    const QList<int> rows = selectedRows();
+    if (!rows.isEmpty())
+        QApplication::clipboard()->setText(ClipboardText(table(rows), withHeaders));
+}
+
+void TableTools::ExportCsv()
+{
+    const QPointer<TableTools> self(this);
+    const QString title = u"Export to CSV .."_s;
+    const QString suggested =
+        QDir(Global.strReportFolder).filePath(FileNameOf(caption()) + u".csv"_s);
+    const QString path = AskWhereToSave(view->parentWidget(), title, suggested, u"csv"_s);
+    if (!self || path.isEmpty())
+        return;
+    if (!ReplaceFileContent(path, CsvText(table(shownRows()))))
+        MsgBox(view->parentWidget(),
+               u"The list could not be written to this file:\n\n"_s + QDir::toNativeSeparators(path)
+                   + u"\n\nCheck that the folder exists, that you may write there, and that there "
+                     "is room on the disk. Nothing was changed."_s,
+               title, MsgButtons::Ok, MsgIcon::Exclamation);
+}
+
+QList<int> TableTools::selectedRows() const
+{
+    QList<int> rows;
+    const QItemSelection selection = view->selectionModel()->selection();
+    for (const QItemSelectionRange &range : selection) {
+        for (int row = range.top(); row <= range.bottom(); ++row) {
+            if (filter->Shows(row))
+                rows.append(row);
+        }
+    }
+    std::sort(rows.begin(), rows.end());
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    return rows;
+}
+
+QList<int> TableTools::shownRows() const
+{
+    QList<int> rows;
+    for (int row = 0; row < filter->Loaded(); ++row) {
+        if (filter->Shows(row))
+            rows.append(row);
+    }
+    return rows;
+}
+
+ShownTable TableTools::table(const QList<int> &rows) const
+{
+    const QAbstractItemModel *model = view->model();
+    const QList<int> columns = ShownColumns(view);
+    ShownTable shown;
+    for (const int column : columns)
+        shown.Headers.append(model->headerData(column, Qt::Horizontal).toString());
+    shown.Rows.reserve(rows.size());
+    for (const int row : rows) {
+        QStringList cells;
+        for (const int column : columns)
+            cells.append(model->index(row, column).data().toString());
+        shown.Rows.append(cells);
+    }
+    return shown;
+}
+
+/// Of the nearest window around the table: in the main window that is not the outermost one.
+QString TableTools::caption() const
+{
+    for (const QWidget *widget = view; widget; widget = widget->parentWidget()) {
+        if (!widget->windowTitle().isEmpty())
+            return widget->windowTitle();
+    }
+    return {};
+}

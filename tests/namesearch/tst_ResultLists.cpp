@@ -1,0 +1,247 @@
+#include "controls/ColumnWidths.h"
+#include "controls/Notice.h"
+#include "controls/ResultListView.h"
+#include "controls/TableTools.h"
+#include "core/UserStore.h"
+#include "courts/DiscisCourts.h"
+#include "namesearch/DistrictSearch.h"
+#include "namesearch/ResultColumns.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QLabel>
+#include <QMenu>
+#include <QPushButton>
+#include <QSet>
+#include <QTest>
+
+// What the lists of the three results windows offer beyond their rows.
+
+namespace {
+constexpr double longSearchSeconds = 21.0;
+
+ResultListView *listOf(const QWidget *window, const QString &name = u"listview1"_s)
+{
+    return window->findChild<ResultListView *>(name);
+}
+
+void addWindows()
+{
+    QTest::addColumn<Which>("which");
+    QTest::newRow("name search") << Which::Name;
+    QTest::newRow("civil") << Which::Civil;
+    QTest::newRow("non-civil") << Which::NonCivil;
+}
+} // namespace
+
+class tst_ResultLists : public SearchTest
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void theListHasItsMenuAndKeys_data() { addWindows(); }
+    void theListHasItsMenuAndKeys();
+    void aLongSearchTellsOfItsEnd_data() { addWindows(); }
+    void aLongSearchTellsOfItsEnd();
+    void aStoppedSearchIsNoNews();
+    void aPendingSearchThatIsStoppedSaysSo();
+    void widthsOfTheKind_data();
+    void widthsOfTheKind();
+    void namesOfTheKindsAreDifferent();
+    void theDuplicateNamesHaveTheirOwnWidths();
+    void idahosChangeOfWidthsLeavesTheUsersColumn();
+    void tooManyResultsIsNoColumnOfTheKind();
+
+private:
+    NameResultsWindow *searched(Which which);
+};
+
+/// A window with one row whose search is complete, after a long time.
+NameResultsWindow *tst_ResultLists::searched(Which which)
+{
+    LoadDiscisCourts();
+    const QString line = which == Which::Name ? RequestLine() : DistrictLine();
+    const QString row = which == Which::Name ? ResultLine(u"=SMITH"_s) : CaseRow(u"=SMITH"_s);
+    court->Expect(line).Reply({});
+    desk->ConnectTo(*court);
+    NameResultsWindow *window = MakeWindow(which);
+    desk->Enqueue(window, {line});
+    window->Timer1->start(1);
+    desk->When([this] { return court->Requests().size() == 1; },
+               [this, row] {
+                   desk->Time.Advance(longSearchSeconds);
+                   court->SendTokens({row, u"EOF~"_s});
+               });
+    return desk->Finish(window) ? window : nullptr;
+}
+
+void tst_ResultLists::theListHasItsMenuAndKeys()
+{
+    QFETCH(Which, which);
+    ReplaceDesktopNotice([](QWidget *, const QString &, const QString &) {});
+    NameResultsWindow *window = searched(which);
+    ReplaceDesktopNotice({});
+    QVERIFY(window);
+    window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(window));
+    ResultListView *list = listOf(window);
+    list->setFocus();
+    list->selectRow(0);
+    QTest::keySequence(list, QKeySequence::Copy);
+    QVERIFY(QApplication::clipboard()->text().startsWith(u"'=SMITH\t"));
+    const QPoint place = list->visualRect(list->List()->index(0, 0)).center();
+    QContextMenuEvent asks(QContextMenuEvent::Mouse, place, list->viewport()->mapToGlobal(place));
+    QCoreApplication::sendEvent(list->viewport(), &asks);
+    auto *menu = list->findChild<QMenu *>(u"mnuList"_s);
+    QVERIFY(menu->isVisible());
+    menu->hide();
+    ButtonOf(window, "cmdSearchResults_2")->setFocus();
+    QTest::keySequence(window->focusWidget(), QKeySequence::Find);
+    QTest::keyClicks(window->focusWidget(), u"nobody"_s);
+    const QWidget *bar = window->focusWidget()->parentWidget();
+    QCOMPARE(TextOf(bar, "lblFindCount"), u"0 of 1 shown"_s);
+    QVERIFY(bar->isVisible());
+    QTest::keyClick(window->focusWidget(), Qt::Key_Escape);
+    QVERIFY(!list->isRowHidden(0));
+    QVERIFY(list->accessibleDescription().endsWith(u" - 1 row"));
+    QCOMPARE(window->findChild<QLabel *>(u"lblStatus"_s)->accessibleName(),
+             TextOf(window, "lblStatus").simplified());
+}
+
+void tst_ResultLists::aLongSearchTellsOfItsEnd()
+{
+    QFETCH(Which, which);
+    QStringList notices;
+    ReplaceDesktopNotice([&notices](QWidget *who, const QString &title, const QString &text) {
+        notices.append(title);
+        notices.append(text);
+        QCOMPARE(title, who->windowTitle());
+    });
+    // Somebody who works in another window meanwhile.
+    QWidget other;
+    desk->When([this] { return court->Requests().size() == 1; },
+               [&other] {
+                   other.show();
+                   other.activateWindow();
+                   QVERIFY(QTest::qWaitForWindowActive(&other));
+               });
+    const NameResultsWindow *window = searched(which);
+    ReplaceDesktopNotice({});
+    QVERIFY(window);
+    QCOMPARE(notices.size(), 2);
+    QCOMPARE(notices.last(), TextOf(window, "lblStatus").simplified());
+    QVERIFY(notices.last().contains(u"Complete"));
+}
+
+void tst_ResultLists::aStoppedSearchIsNoNews()
+{
+    int notices = 0;
+    ReplaceDesktopNotice([&](QWidget *, const QString &, const QString &) { ++notices; });
+    court->Expect(RequestLine()).Reply({});
+    court->Expect(u"STOP\u00A6"_s).Reply({u"EOF~"_s});
+    desk->ConnectTo(*court);
+    frmNameSearchResults *window = desk->Start({RequestLine()});
+    QWidget other;
+    desk->When([this] { return court->Requests().size() == 1; },
+               [&] {
+                   other.show();
+                   other.activateWindow();
+                   desk->Time.Advance(longSearchSeconds);
+                   ButtonOf(window, "cmdStopSearching")->click();
+               });
+    QVERIFY(desk->Finish(window));
+    QTRY_VERIFY(TextOf(window, "lblStatus").startsWith(u"Search Stopped By User: "));
+    ReplaceDesktopNotice({});
+    QCOMPARE(notices, 0);
+    QVERIFY(listOf(window)->accessibleDescription().startsWith(u"Search Stopped By User"));
+}
+
+void tst_ResultLists::aPendingSearchThatIsStoppedSaysSo()
+{
+    const frmNameSearchResults *window = desk->MakePending({RequestLine()});
+    QCOMPARE(listOf(window)->accessibleDescription(), u"Pending .. - 0 rows"_s);
+    ButtonOf(window, "cmdStopSearching")->click();
+    QCOMPARE(listOf(window)->accessibleDescription(), u"Search Stopped By User .. - 0 rows"_s);
+}
+
+void tst_ResultLists::widthsOfTheKind_data()
+{
+    QTest::addColumn<QString>("state");
+    QTest::addColumn<bool>("index");
+    QTest::addColumn<QString>("kind");
+    QTest::newRow("Washington") << u"WA"_s << false << u"Superior"_s;
+    QTest::newRow("Oregon") << u"OR"_s << false << u"Superior"_s;
+    QTest::newRow("Idaho") << u"ID"_s << false << u"Idaho"_s;
+    QTest::newRow("Bankruptcy") << u"ORBK"_s << false << u"Bankruptcy"_s;
+    QTest::newRow("index") << u"WA"_s << true << u"Index"_s;
+    QTest::newRow("civil") << u"civil"_s << false << u"DiscisCivil"_s;
+    QTest::newRow("non-civil") << u"non-civil"_s << false << u"DiscisStatewide"_s;
+}
+
+void tst_ResultLists::widthsOfTheKind()
+{
+    QFETCH(QString, state);
+    QFETCH(bool, index);
+    QFETCH(QString, kind);
+    const QString name = state.endsWith(u"civil") ? u"Name"_s : u"Participant%20Name"_s;
+    SaveUserStoreValue(u"ColumnWidths"_s, kind, name + u"=3000"_s);
+    const auto make = [&]() -> std::unique_ptr<NameResultsWindow> {
+        if (state.endsWith(u"civil"))
+            return std::unique_ptr<NameResultsWindow>(
+                MakeWindow(state == u"civil" ? Which::Civil : Which::NonCivil));
+        return std::make_unique<frmNameSearchResults>(state, index);
+    };
+    const auto window = make();
+    QCOMPARE(listOf(window.get())->columnWidth(0), 200);
+    listOf(window.get())->Tools()->Widths()->Reset();
+    QVERIFY(listOf(window.get())->columnWidth(0) < 200);
+    QCOMPARE(listOf(make().get())->columnWidth(0), listOf(window.get())->columnWidth(0));
+}
+
+void tst_ResultLists::namesOfTheKindsAreDifferent()
+{
+    QSet<QString> names;
+    for (int kind = 0; kind <= static_cast<int>(ResultKind::NamesAddresses); ++kind)
+        names.insert(ResultKindName(static_cast<ResultKind>(kind)));
+    QCOMPARE(names.size(), 9);
+    QCOMPARE(ResultKindName(ResultKind::Superior), u"Superior"_s);
+    QCOMPARE(ResultKindName(ResultKind::NamesAddresses), u"NamesAddresses"_s);
+}
+
+void tst_ResultLists::theDuplicateNamesHaveTheirOwnWidths()
+{
+    SaveUserStoreValue(u"ColumnWidths"_s, u"NamesStatewide"_s, u"Name=3000"_s);
+    const frmDiscisNCNameResults window;
+    QCOMPARE(listOf(&window, u"lvDupe"_s)->columnWidth(0), 200);
+    QCOMPARE(listOf(&window)->columnWidth(0), 160);
+    listOf(&window, u"lvDupe"_s)->Tools()->Widths()->Reset();
+}
+
+void tst_ResultLists::idahosChangeOfWidthsLeavesTheUsersColumn()
+{
+    SaveUserStoreValue(u"ColumnWidths"_s, u"Idaho"_s, u"Case%20Number=3000"_s);
+    frmNameSearchResults window(u"ID"_s);
+    ResultListView *list = listOf(&window);
+    window.AddResultRow(ResultLine(u"SMITH"_s));
+    QCOMPARE(list->columnWidth(1), 200);
+    QCOMPARE(list->columnWidth(4), 80);
+    // Back to what is told, and that is what the first row has changed it to.
+    list->Tools()->Widths()->Reset();
+    QCOMPARE(list->columnWidth(1), 113);
+    QCOMPARE(list->columnWidth(4), 80);
+}
+
+void tst_ResultLists::tooManyResultsIsNoColumnOfTheKind()
+{
+    SaveUserStoreValue(u"ColumnWidths"_s, u"Superior"_s, u"Participant%20Name=3000"_s);
+    court->Expect(RequestLine()).Reply({u"This search resulted in more than 200 results.~"_s});
+    desk->ConnectTo(*court);
+    frmNameSearchResults *window = desk->Start({RequestLine()});
+    QVERIFY(desk->Finish(window));
+    QCOMPARE(HeadersOf(window).size(), 1);
+    QVERIFY(!listOf(window)->Tools()->Widths()->ChangedByUser());
+    SaveUserStoreValue(u"ColumnWidths"_s, u"Superior"_s, QString());
+}
+
+QTEST_MAIN(tst_ResultLists)
+#include "tst_ResultLists.moc"
