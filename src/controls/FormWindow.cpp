@@ -21,6 +21,13 @@ QAbstractButton *buttonOfMnemonic(const QWidget *window, const QKeyEvent *key)
     }
     return nullptr;
 }
+
+/// A key that is held presses a button once, not once a repetition.
+bool isHeldEnter(const QKeyEvent *event)
+{
+    return event->isAutoRepeat()
+           && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter);
+}
 } // namespace
 
 FormWindow::FormWindow(QWidget *parent, Qt::WindowFlags flags) : QWidget(parent, flags)
@@ -62,12 +69,17 @@ void FormWindow::closeEvent(QCloseEvent *event)
 
 bool FormWindow::eventFilter(QObject *watched, QEvent *event)
 {
+    if (event->type() == QEvent::KeyPress && isHeldEnter(static_cast<QKeyEvent *>(event))
+        && qobject_cast<QAbstractButton *>(watched)
+        && isAncestorOf(static_cast<QWidget *>(watched)))
+        return true;
     if (event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress) {
         const auto *widget = qobject_cast<QWidget *>(watched);
         if (widget && (widget == this || isAncestorOf(widget))) {
             if (QAbstractButton *button = buttonOfMnemonic(this, static_cast<QKeyEvent *>(event))) {
                 event->accept();
-                if (event->type() == QEvent::KeyPress)
+                if (event->type() == QEvent::KeyPress
+                    && !static_cast<QKeyEvent *>(event)->isAutoRepeat())
                     button->click();
                 return true;
             }

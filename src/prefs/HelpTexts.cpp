@@ -15,14 +15,14 @@ constexpr std::array<HelpText, helpTopicCount + topicsBesideTheSteps> searchHelp
 • U.S. Courts: Federal Bankruptcy Courts in Washington (Western and Eastern), Oregon and Idaho.
 
 = Tip
-The menu Courts takes you to the same courts. Set the court that you search most as your default in View, Options and Preferences.)help"},
+The menu Courts takes you to the same courts. Choosing your own default court comes with a later version.)help"},
     {u"Selecting a Search Type", uR"help(• By Person Name: last name, first name, middle initial.
 • By Business Name: one box for the whole name.
 • By Number: the case number. It opens the case at once, without a list of results.
 • By Tax ID or UBI # and By SSN #: bankruptcy courts only.
 
 = Use Index (Updated Weekly)
-Washington Superior Courts, name searches only. The index answers all counties in one request and is much faster, but it is a week old at most: for what was filed in the last days leave the box unchecked. Results come in pages, 500 cases each unless your options say otherwise; Get Next brings the next page.
+Washington Superior Courts, name searches only. The index answers all counties in one request and is much faster, but it is a week old at most: for what was filed in the last days leave the box unchecked. Results come in pages, 500 cases each unless options.ini says otherwise; Get Next brings the next page.
 
 = Batch Entry
 By Number only: up to ten numbers at once. It is there for Washington Superior, Oregon and Idaho.)help"},
@@ -39,8 +39,8 @@ Your latest 31 names are kept, the newest on top; business names and numbers hav
     {u"Entering a Batch of Numbers",
      uR"help(Up to ten numbers, each with its county. Each one opens in a case window of its own; they wait in line and are fetched from top to bottom. Empty lines are passed over.
 
-• Retrieve (selective print): fetch the cases; you print what you want.
-• Retrieve and Print All: the same, and each case prints when it is complete.
+• Retrieve (selective print): opens a window for each case.
+• Retrieve and Print All: the same. Printing comes with a later version.
 • Set All Counties to Same as #1: for ten numbers of one county. The numbers stay.
 • Set Default County to Same as #1: all ten lines begin with this county from now on.
 • Reset/Clear: empties the ten lines.
@@ -130,13 +130,15 @@ Green: connected. Red: not connected; choose Connection, Connect. A lost connect
 
 • With codes switched on, the code is asked for before each search; the latest ones are in the list.
 • Enter/Change Client ID changes the code between searches.
-• "Don't Show This Again" switches the question off; Options and Preferences switches it on.
+• "Don't Show This Again" switches the question off. Switching it on in Options and Preferences comes with a later version.
 • Your account may demand a code. Then the window cannot be left without one.
 
 Capital and small letters are the same.)help"},
 }};
 
-constexpr QStringView caseDetails = uR"help(= Tabs
+constexpr QStringView caseDetails = uR"help(The details inside a case window come with a later version. They will work as follows.
+
+= Tabs
 A case opens on its Summary, and fetches its other tabs one after the other. Which tabs there are depends on the court and the case type:
 • Washington Superior: Names, Docket, Judgments, Charges, Sentence, Accounting, Schedule, Documents. A criminal case has all of them; a civil, domestic or probate case has no Charges and Sentence.
 • Oregon: Names, Docket, Judgments, Accounting, Finance, Charges, Sentence, where the court has them.
@@ -164,7 +166,7 @@ Stop Search ends the retrieval; tabs that have arrived stay, and the rest can be
 Dark blue: all is well. Red: stopped or incomplete; do not rely on the case being whole.)help";
 
 constexpr QStringView nameSearchResults =
-    uR"help(Double-click a case to retrieve its details, or select it and choose Retrieve Case Details. Click a column header to sort by it, and again to turn the order round.
+    uR"help(Double-click a case to open its window, or select it and choose Retrieve Case Details; the details inside it come with a later version. Click a column header to sort by it, and again to turn the order round.
 
 = Marks before a case number
 • *  The case is archived. It may have fewer details.
@@ -189,7 +191,7 @@ Dark blue: all is well. Red: the list is not complete; do not report "no record"
 "Multiple Names Match": people of the same name. Check the right ones and choose Retrieve Case(s). View Cases and View Duplicates switch between the two lists.
 
 = Print, save, email
-They take the list as it stands when the search has ended.)help";
+They come with a later version.)help";
 } // namespace
 
 std::span<const HelpText> SearchHelpTexts()

@@ -1,5 +1,6 @@
 #include "searchentry/NumberRequests.h"
 
+#include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
 #include "core/Windows1252.h"
 #include "searchentry/BankruptcyRequests.h"
@@ -78,7 +79,7 @@ CaseFields NumberFields(const SearchEntry &entry)
 {
     const StateRow *row = stateRow(entry);
     if (!row)
-        return {};
+        throw RunTimeError::SubscriptOutOfRange();
     CaseFields fields = fieldsOf(entry, *row, entry.Names[LastName], entry.NumberCounty);
     if (!row->courtWithOneNumber)
         fields.lblCourtName.clear();

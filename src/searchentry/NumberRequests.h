@@ -22,7 +22,8 @@ struct CaseFields
 /// Idaho too: the case window goes by its state.
 QString CaseNumberRequest(const QString &number);
 
-/// One number, of the courts of Washington (Superior), Oregon and Idaho.
+/// One number, of the courts of Washington (Superior), Oregon and Idaho. Throws error 9 for a court
+/// that has no such search.
 CaseFields NumberFields(const SearchEntry &entry);
 
 /// The rows of a batch that hold a number, in order.

@@ -116,9 +116,11 @@ DispatchResult numberSearch(const SearchEntry &entry, const QString &code)
 
 frmNameSearchResults *newBankruptcyResults(const QString &state)
 {
+    // The window takes its columns while it loads, before it is told its state: the flag says which.
     Global.BkFormLoading = true;
-    auto *form = new frmNameSearchResults(state, false, true);
+    auto *form = new frmNameSearchResults(QString());
     Global.BkFormLoading = false;
+    form->lblState = state;
     return form;
 }
 

@@ -7,6 +7,7 @@
 #include "core/Options.h"
 #include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
+#include "jobs/TurnTaking.h"
 #include "searchentry/RecentEntries.h"
 #include "ui_frmAccounting.h"
 
@@ -59,6 +60,8 @@ frmAccounting::~frmAccounting() = default;
 
 void frmAccounting::ShowModal(QWidget *parent)
 {
+    // OK acts at once: no search starts on top of the window and keeps it waiting.
+    const TurnHold hold;
     // On the heap and watched: its parent may be deleted while the window is up.
     const QPointer<frmAccounting> dialog(new frmAccounting(parent));
     dialog->exec();

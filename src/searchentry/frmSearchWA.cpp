@@ -91,6 +91,7 @@ frmSearchWA::frmSearchWA() : ui(std::make_unique<Ui::frmSearchWA>())
     LoadDiscisCourts();
     LoadSearchYears();
     GoTo(state);
+    courtDisplayName = CourtRowOf(state.Court).displayName.toString();
     optSearchType_Click(0);
     LoadCountyLists();
     SelectState(Global.strDefaultView);

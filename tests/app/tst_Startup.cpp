@@ -85,6 +85,10 @@ private Q_SLOTS:
     void defaultView();
     void practiceIsToldInTheStatusBar();
     void withoutOptionsIniItStartsToo();
+    void anIdleSessionIsWarned();
+    void aSearchInAStateShowsTheFormInIt_data();
+    void aSearchInAStateShowsTheFormInIt();
+    void aboutOpens();
     void theHelpOfAResultsWindowOpens();
     void theHelpOfAStepOfTheFormOpensOnItsTopic();
     void aCourtsEntryShowsTheForm_data();
@@ -332,6 +336,73 @@ void tst_Startup::aCourtsEntryShowsTheForm()
     QTEST(form->findChild<QListWidget *>(u"lstJurisdictions"_s)->currentRow(), "jurisdiction");
     QVERIFY(form->focusWidget());
     QCOMPARE(form->focusWidget()->objectName(), u"txtSearchName_0"_s);
+}
+
+void tst_Startup::anIdleSessionIsWarned()
+{
+    FakeSocket::Install();
+    offline();
+    frmWinsock::Form();
+    bool warned = false;
+    desk->When([] { return shownWindow(u"frmInactivity"_s) != nullptr; },
+               [&warned] {
+                   warned = true;
+                   // Log out: the wait for an answer is over at once.
+                   QTest::mouseClick(ButtonOf(shownWindow(u"frmInactivity"_s), "cmdLogOut"),
+                                     Qt::LeftButton);
+               });
+    Global.bShowAlerts = false;
+    Q_EMIT LinkEvents::Of().IdleLimitReached();
+    QVERIFY(warned);
+    QVERIFY(desk->Folder.Logged(u"Auto Logout Complete .."_s));
+}
+
+void tst_Startup::aSearchInAStateShowsTheFormInIt_data()
+{
+    QTest::addColumn<QString>("state");
+    QTest::addColumn<int>("stateIndex");
+    QTest::addColumn<QString>("before");
+    const QString open = u"open"_s;
+    QTest::newRow("Oregon") << u"OR"_s << 0 << open;
+    QTest::newRow("Washington") << u"WA"_s << 1 << open;
+    QTest::newRow("federal") << u"FED"_s << 2 << open;
+    QTest::newRow("Idaho") << u"ID"_s << 3 << open;
+    QTest::newRow("Idaho, with the form out of sight") << u"ID"_s << 3 << u"hidden"_s;
+    // A form that is loaded anew begins where the setting says, and so does the search.
+    QTest::newRow("the setting's state, with the form closed") << u"WA"_s << 1 << u"closed"_s;
+}
+
+void tst_Startup::aSearchInAStateShowsTheFormInIt()
+{
+    QFETCH(QString, state);
+    QFETCH(int, stateIndex);
+    QFETCH(QString, before);
+    offline();
+    if (before == u"hidden")
+        frmSearchWA::HideForm();
+    else if (before == u"closed")
+        frmSearchWA::Form().Unload();
+    QCOMPARE(shownWindow(u"frmSearchWA"_s) != nullptr, before == u"open");
+    Global.strSearchState = before == u"closed" ? u"ID"_s : state;
+    Q_EMIT SessionEvents::Of().SearchWithStateWanted();
+    const QWidget *form = shownWindow(u"frmSearchWA"_s);
+    QVERIFY(form);
+    QVERIFY(form->findChild<QRadioButton *>(u"optState_"_s + QString::number(stateIndex))
+                ->isChecked());
+    QCOMPARE(Global.strSearchState, state);
+}
+
+void tst_Startup::aboutOpens()
+{
+    offline();
+    bool shown = false;
+    desk->Boxes.ExpectDialog(u"frmAbout"_s, [&shown](QDialog *dialog) {
+        shown = ButtonOf(dialog, "cmdOK")->isVisible();
+        QTest::mouseClick(ButtonOf(dialog, "cmdOK"), Qt::LeftButton);
+    });
+    Q_EMIT SessionEvents::Of().AboutWanted();
+    QVERIFY(shown);
+    QVERIFY(!shownWindow(u"frmAbout"_s));
 }
 
 void tst_Startup::theHelpOfAResultsWindowOpens()

@@ -92,6 +92,7 @@ private Q_SLOTS:
     void countyCount();
     void aCountThatFindsNothingShowsABox();
     void aCourtReadsAsItsNameAndCode();
+    void aCodeThatComesTwiceEndsTheCatalogue();
     void installedListsAreWhole();
     void installedCountyCodesHaveTwoDigits();
 
@@ -349,6 +350,22 @@ void tst_Catalogues::aCourtReadsAsItsNameAndCode()
     court.CourtName = u"Othello District"_s;
     court.CourtCode = u"OTD"_s;
     QCOMPARE(court.ListText(), u"Othello District (OTD)"_s);
+}
+
+void tst_Catalogues::aCodeThatComesTwiceEndsTheCatalogue()
+{
+    folder->Write(u"wadisciscts.txt"_s, "1,Adams,OTD,Othello,Othello District\r\n"
+                                        "2,Adams,RID,Ritzville,Ritzville District\r\n"
+                                        "3,King,OTD,Bellevue,King County District\r\n"
+                                        "4,Asotin,ASD,Asotin,Asotin District\r\n");
+    QCOMPARE(LoadDiscisCourts(), 2);
+    QCOMPARE(DiscisCourts().size(), 2);
+    QVERIFY(DiscisCourtByCode(u"OTD"_s));
+    QCOMPARE(DiscisCourtByCode(u"OTD"_s)->CourtCounty, u"Adams"_s);
+    QVERIFY(DiscisCourtByCode(u"RID"_s));
+    QVERIFY(!DiscisCourtByCode(u"ASD"_s));
+    QVERIFY(folder->Logged(
+        u"Error in LoadDiscisCourts() after 2 courts: Two courts have the code OTD"_s));
 }
 
 void tst_Catalogues::installedListsAreWhole()

@@ -33,6 +33,10 @@ private Q_SLOTS:
     void keysAreKeptInTheOrderOfTheirStart();
     void whoseTurn_data();
     void whoseTurn();
+    void noTurnWhileAHoldLives();
+    void holdsWithinHolds();
+    void whatGoesBeforeAHold_data();
+    void whatGoesBeforeAHold();
     void theKeyIsComparedExactly_data();
     void theKeyIsComparedExactly();
     void aKeyThatIsNotAtTheHeadWaitsOnAnIdleLink();
@@ -136,6 +140,52 @@ void tst_TurnTaking::whoseTurn()
     Global.bStopRequested = stopped;
     Global.bSearchInProgress = searching;
     QCOMPARE(int(AskForTurn(first)), turn);
+}
+
+void tst_TurnTaking::noTurnWhileAHoldLives()
+{
+    EnqueueKey(first);
+    {
+        const TurnHold hold;
+        QCOMPARE(AskForTurn(first), Turn::NotYet);
+        QCOMPARE(queue(), QStringList{first});
+    }
+    QCOMPARE(AskForTurn(first), Turn::Mine);
+}
+
+void tst_TurnTaking::holdsWithinHolds()
+{
+    EnqueueKey(first);
+    {
+        const TurnHold outer;
+        {
+            const TurnHold inner;
+            QCOMPARE(AskForTurn(first), Turn::NotYet);
+        }
+        QCOMPARE(AskForTurn(first), Turn::NotYet);
+    }
+    QCOMPARE(AskForTurn(first), Turn::Mine);
+}
+
+void tst_TurnTaking::whatGoesBeforeAHold_data()
+{
+    QTest::addColumn<bool>("stopped");
+    QTest::addColumn<bool>("searching");
+    QTest::addColumn<Turn>("turn");
+    QTest::newRow("stopped") << true << false << Turn::Stopped;
+    QTest::newRow("another job at the link") << false << true << Turn::Taken;
+    QTest::newRow("both") << true << true << Turn::Stopped;
+}
+
+void tst_TurnTaking::whatGoesBeforeAHold()
+{
+    QFETCH(bool, stopped);
+    QFETCH(bool, searching);
+    EnqueueKey(first);
+    const TurnHold hold;
+    Global.bStopRequested = stopped;
+    Global.bSearchInProgress = searching;
+    QTEST(AskForTurn(first), "turn");
 }
 
 void tst_TurnTaking::theKeyIsComparedExactly_data()

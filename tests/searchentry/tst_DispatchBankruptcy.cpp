@@ -94,6 +94,7 @@ private Q_SLOTS:
     void aNumberInAnUnknownFormIsSearchedAsTyped();
     void noCourtIsRefused();
     void theLoadingFlagIsDownAfterwards();
+    void theListHasTheColumnsOfTheBankruptcyCourts();
     void withoutALineNothingIsShown_data();
     void withoutALineNothingIsShown();
 
@@ -299,6 +300,23 @@ void tst_DispatchBankruptcy::theLoadingFlagIsDownAfterwards()
     desk->Do(federal + smith + check(courts[0]));
     QVERIFY(desk->StartOne<frmNameSearchResults>());
     QVERIFY(!Global.BkFormLoading);
+}
+
+void tst_DispatchBankruptcy::theListHasTheColumnsOfTheBankruptcyCourts()
+{
+    desk->Do(federal + smith + check(courts[3]));
+    const auto *window = desk->StartOne<frmNameSearchResults>();
+    QVERIFY(window);
+    QCOMPARE(HeadersOf(window),
+             (QStringList{u"Participant Name"_s, u"Case Number"_s, u"Date Filed"_s,
+                          u"Description"_s, u"Location"_s, u"Role/Parties"_s, u"Search String"_s}));
+    // The window behind it is one of the state courts again.
+    desk->Do({u"click optState_3"_s, u"tick lboxCountyOrProfile Ada"_s,
+              u"tick lboxCaseTypes Civil"_s});
+    const auto *idaho = desk->StartOne<frmNameSearchResults>();
+    QVERIFY(idaho);
+    QVERIFY(!HeadersOf(idaho).contains(u"Role/Parties"_s));
+    QVERIFY(!idaho->chkBK);
 }
 
 void tst_DispatchBankruptcy::withoutALineNothingIsShown_data()

@@ -63,6 +63,8 @@ private Q_SLOTS:
     void onTheWire_data();
     void onTheWire();
     void civilStatewideGives173Lines();
+    void theTextsSpeakOf173CourtsWhateverTheFileHolds();
+    void aNonCivilBusinessInTheFirstCounty();
     void aNonCivilSearchWithAddressesMarksOneWindowOnly();
     void aCivilSearchWithoutACourtIsRefused();
     void courtsThatShareANameAreSearchedTogether();
@@ -207,6 +209,32 @@ void tst_DispatchDiscis::civilStatewideGives173Lines()
              results(true, u"SMITH, JOHN Q"_s, u"Statewide - All Courts / 173 Jurisdictions"_s,
                      courts.join(u", "_s), {}, lines));
     QCOMPARE(Keys().size(), 1);
+}
+
+void tst_DispatchDiscis::theTextsSpeakOf173CourtsWhateverTheFileHolds()
+{
+    desk->Desk.Folder.Write(u"wadisciscts.txt"_s, "1,Adams,OTD,Othello,Othello District\r\n"
+                                                  "2,King,KBD,Bellevue,King County District\r\n");
+    QCOMPARE(LoadDiscisCourts(), 2);
+    desk->Do(civil + smith + QStringList{allCounties});
+    QCOMPARE(desk->Text("lblCourtNameStats"), u"Courts Available: 173   Courts Selected: 173"_s);
+    QCOMPARE(Handed(desk->StartOne<DiscisResultsWindow>()),
+             results(true, u"SMITH, JOHN Q"_s, u"Statewide - All Courts / 173 Jurisdictions"_s,
+                     u"Othello District (OTD), King County District (KBD)"_s, {},
+                     {u"WADISCIS/SEARCH/SMITH/JOHN/Q/OTD/CV/CNCI/"_s,
+                      u"WADISCIS/SEARCH/SMITH/JOHN/Q/KBD/CV/CNCI/"_s}));
+}
+
+void tst_DispatchDiscis::aNonCivilBusinessInTheFirstCounty()
+{
+    // For persons, and only for them, the second entry of the box is a statewide one.
+    desk->Do(nonCivil + business + acme + adams);
+    QCOMPARE(desk->Form()->Entry().DiscisCountyIndex, 1);
+    QCOMPARE(Handed(desk->StartOne<DiscisResultsWindow>()),
+             results(false, u"ACME INC,  "_s, u"Adams District/Municipal Courts"_s,
+                     othello + u", "_s + ritzville, u"SNCI"_s,
+                     {u"WADISCIS/SEARCH/ACME INC///OTD/IN/CNCI/"_s,
+                      u"WADISCIS/SEARCH/ACME INC///RID/IN/CNCI/"_s}));
 }
 
 void tst_DispatchDiscis::aNonCivilSearchWithAddressesMarksOneWindowOnly()

@@ -2,8 +2,11 @@
 #include "core/GlobalState.h"
 #include "core/Options.h"
 #include "searchentry/EntryDesk.h"
+#include "searchentry/SearchDispatch.h"
 #include "searchentry/frmSearchWA.h"
 
+#include <QApplication>
+#include <QListWidget>
 #include <QTest>
 
 namespace {
@@ -54,8 +57,17 @@ private Q_SLOTS:
     void refused();
     void aSecondNumberIsAnotherWindow();
     void theNumberGoesToTheRecentNumbers();
+    void tabThroughTheCountiesChoosesNone_data();
+    void tabThroughTheCountiesChoosesNone();
+    void aCountyThatIsDeselectedIsNotSearched();
+    void aCourtWithoutSuchASearchIsTrapped_data();
+    void aCourtWithoutSuchASearchIsTrapped();
 
 private:
+    QListWidget *counties() const
+    {
+        return qobject_cast<QListWidget *>(desk->Control("lboxMultiJurisdiction"));
+    }
     void expectNotScomis(MsgAnswer answer)
     {
         desk->Desk.Boxes.Expect(notScomis, notScomisTitle, MsgIcon::Exclamation, answer,
@@ -207,6 +219,78 @@ void tst_DispatchNumbers::theNumberGoesToTheRecentNumbers()
     QVERIFY(desk->StartOne<frmCaseDetails>());
     QCOMPARE(desk->Desk.Folder.Read(u"MruCases.txt"_s), "05-2-02029-1\r\n");
     QCOMPARE(desk->ItemsOf("cboxCaseMRUs"), QStringList{u"05-2-02029-1"_s});
+}
+
+void tst_DispatchNumbers::tabThroughTheCountiesChoosesNone_data()
+{
+    QTest::addColumn<QStringList>("state");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("refused");
+    QTest::newRow("Superior") << QStringList() << u"052020291"_s << true;
+    QTest::newRow("Idaho, which takes a number without a county")
+        << idaho << u"CR-1998-0002546-IN"_s << false;
+}
+
+void tst_DispatchNumbers::tabThroughTheCountiesChoosesNone()
+{
+    QFETCH(QStringList, state);
+    QFETCH(QString, text);
+    QFETCH(bool, refused);
+    QVERIFY(QTest::qWaitForWindowActive(desk->Form()));
+    desk->Do(state + entered({}, text));
+    // From the number on, until the list has had the focus and lost it again.
+    int steps = 0;
+    while (QApplication::focusWidget() != counties() && ++steps < 50)
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    QCOMPARE(QApplication::focusWidget(), counties());
+    QTest::keyClick(counties(), Qt::Key_Tab);
+    QVERIFY(!counties()->hasFocus());
+    QVERIFY(counties()->selectedItems().isEmpty());
+    QCOMPARE(desk->Form()->Entry().NumberCounty, QString());
+    QStringList told;
+    if (refused)
+        desk->ExpectRefusal(&told);
+    const auto *window = desk->StartOne<frmCaseDetails>();
+    QCOMPARE(told.value(0), refused ? u"You Have Not Selected a County!"_s : QString());
+    QCOMPARE(window == nullptr, refused);
+    if (window)
+        QCOMPARE(window->txtCountyName, QString());
+}
+
+void tst_DispatchNumbers::aCountyThatIsDeselectedIsNotSearched()
+{
+    desk->Do(entered(u"King"_s, u"052020291"_s));
+    QCOMPARE(desk->Form()->Entry().NumberCounty, u"King"_s);
+    const QListWidgetItem *king = counties()->selectedItems().first();
+    QTest::mouseClick(counties()->viewport(), Qt::LeftButton, Qt::ControlModifier,
+                      counties()->visualItemRect(king).center());
+    QCOMPARE(desk->Form()->Entry().NumberCounty, QString());
+    QStringList told;
+    desk->ExpectRefusal(&told);
+    QVERIFY(desk->Start().isEmpty());
+    QCOMPARE(told.value(0), u"You Have Not Selected a County!"_s);
+    QCOMPARE(Keys(), QStringList());
+}
+
+void tst_DispatchNumbers::aCourtWithoutSuchASearchIsTrapped_data()
+{
+    QTest::addColumn<int>("court");
+    QTest::newRow("District") << static_cast<int>(CourtFamily::Discis);
+    QTest::newRow("bankruptcy") << static_cast<int>(CourtFamily::Bankruptcy);
+}
+
+void tst_DispatchNumbers::aCourtWithoutSuchASearchIsTrapped()
+{
+    QFETCH(int, court);
+    SearchEntry entry = desk->Form()->Entry();
+    entry.Court = static_cast<CourtFamily>(court);
+    entry.Kind = SearchKind::Number;
+    frmCaseDetails window;
+    QVERIFY(!DoCaseNumberSearch(window, entry));
+    QCOMPARE(desk->Desk.Folder.TimesLogged(u"Error Executing Case Number Search: "
+                                           "DoCaseNumberSearch(): Error: Subscript out of range"_s),
+             1);
+    QCOMPARE(window.txtCaseNumber, QString());
 }
 
 QTEST_MAIN(tst_DispatchNumbers)

@@ -34,7 +34,8 @@ private Q_SLOTS:
     void anEmptyBatchIsNoCase();
     void bankruptcy_data();
     void bankruptcy();
-    void otherCourtsGetNothing();
+    void otherCourtsHaveNoSuchSearch_data();
+    void otherCourtsHaveNoSuchSearch();
 };
 
 void tst_NumberRequests::caseNumberRequest_data()
@@ -203,15 +204,26 @@ void tst_NumberRequests::bankruptcy()
     QVERIFY_THROWS_EXCEPTION(RunTimeError, BkNumberFields({}, 4));
 }
 
-void tst_NumberRequests::otherCourtsGetNothing()
+void tst_NumberRequests::otherCourtsHaveNoSuchSearch_data()
 {
-    for (const CourtFamily court : {CourtFamily::Discis, CourtFamily::Bankruptcy}) {
-        SearchEntry entry = search(court, false, u"1"_s, u"King"_s);
-        entry.Batch[0] = {u"1"_s, u"King"_s};
-        QCOMPARE(NumberFields(entry).lblState, QString());
-        QCOMPARE(NumberFields(entry).tboxCaseNumberQueue, QString());
-        QVERIFY(BatchFields(entry).isEmpty());
+    QTest::addColumn<int>("court");
+    QTest::newRow("District") << static_cast<int>(CourtFamily::Discis);
+    QTest::newRow("bankruptcy") << static_cast<int>(CourtFamily::Bankruptcy);
+}
+
+void tst_NumberRequests::otherCourtsHaveNoSuchSearch()
+{
+    QFETCH(int, court);
+    SearchEntry entry = search(static_cast<CourtFamily>(court), false, u"1"_s, u"King"_s);
+    entry.Batch[0] = {u"1"_s, u"King"_s};
+    int number = 0;
+    try {
+        NumberFields(entry);
+    } catch (const RunTimeError &error) {
+        number = error.Number();
     }
+    QCOMPARE(number, 9);
+    QVERIFY(BatchFields(entry).isEmpty());
 }
 
 QTEST_GUILESS_MAIN(tst_NumberRequests)

@@ -7,6 +7,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
+#include <QLineEdit>
 #include <QTest>
 #include <QTimer>
 
@@ -88,6 +89,7 @@ private Q_SLOTS:
     void aSearchIsRemembered_data() { addSearches(); }
     void aSearchIsRemembered();
     void anEntryIsNotWrittenTwice();
+    void anEntryOutsideTheCodePageIsWrittenOnce();
     void theNewestEntryIsOnTopAndShownAtOnce();
     void the32ndEntryDropsTheOldest();
     void aStoppedSearchIsNotRemembered();
@@ -269,6 +271,17 @@ void tst_SearchBuilding::anEntryIsNotWrittenTwice()
     desk->Do(smith + king);
     QCOMPARE(desk->Start().size(), 1);
     QCOMPARE(desk->Desk.Folder.Read(u"MruIName.txt"_s), "Jones\r\n  Smith, john  \r\n");
+}
+
+void tst_SearchBuilding::anEntryOutsideTheCodePageIsWrittenOnce()
+{
+    desk->Do(king);
+    for (int i = 0; i < 3; ++i) {
+        qobject_cast<QLineEdit *>(desk->Control("txtSearchName_0"))->setText(u"\u0141ukasz\u4E2D"_s);
+        QCOMPARE(desk->Start().size(), 1);
+        QCOMPARE(desk->Desk.Folder.Read(u"MruIName.txt"_s), "?UKASZ?\r\n");
+    }
+    QCOMPARE(desk->ItemsOf("cboxLastBizOrCase"), QStringList{u"?UKASZ?"_s});
 }
 
 void tst_SearchBuilding::theNewestEntryIsOnTopAndShownAtOnce()

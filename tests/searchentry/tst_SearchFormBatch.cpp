@@ -23,6 +23,7 @@ private Q_SLOTS:
     void batchCounties();
     void setAllCountiesToSameAsFirstKeepsTheNumbers();
     void resetClearsNumbersAndCounties();
+    void theNumbersAreStillThereWhenBatchEntryComesBack();
     void settingTheDefaultCounty_data();
     void settingTheDefaultCounty();
     void noDefaultCountyWithoutASelection();
@@ -90,6 +91,22 @@ void tst_SearchFormBatch::resetClearsNumbersAndCounties()
         QCOMPARE(user->BatchBox(i)->text(), QString());
         QCOMPARE(user->BatchCounty(i)->currentText(), u"King"_s);
     }
+}
+
+void tst_SearchFormBatch::theNumbersAreStillThereWhenBatchEntryComesBack()
+{
+    user->GoTo({Superior, 2, 1, 5, true});
+    for (int i = 0; i < 10; ++i)
+        QTest::keyClicks(user->BatchBox(i), u"05-2-0202"_s + QString::number(i));
+    user->Click("chkBulkSearch");
+    QVERIFY(!user->Find("frameBulkSearch")->isVisible());
+    user->Click("chkBulkSearch");
+    QVERIFY(user->Find("frameBulkSearch")->isVisible());
+    for (int i = 0; i < 10; ++i)
+        QCOMPARE(user->BatchBox(i)->text(), u"05-2-0202"_s + QString::number(i));
+    user->Click("cmdBatchSearch_2");
+    for (int i = 0; i < 10; ++i)
+        QCOMPARE(user->BatchBox(i)->text(), QString());
 }
 
 void tst_SearchFormBatch::settingTheDefaultCounty_data()

@@ -6,10 +6,12 @@
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QComboBox>
 #include <QCompleter>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QSignalSpy>
 #include <QTest>
 
 namespace {
@@ -61,6 +63,8 @@ private Q_SLOTS:
     void socialSecurityNumbersAreNeverOffered();
 
     void aTemplateSelectsItsCountiesAndCaseTypes();
+    void enterAppliesATemplateAndStartsNothing_data();
+    void enterAppliesATemplateAndStartsNothing();
     void aTemplateThatNamesACountyNoLongerThereSelectsTheRest();
     void aTemplateOfAnotherStateSelectsNoCounty();
     void aTemplateWithoutASectionClearsTheChoice();
@@ -460,6 +464,31 @@ void tst_SearchFormLists::aTemplateSelectsItsCountiesAndCaseTypes()
     // One may still add to it.
     QVERIFY(user->Find("lboxCountyOrProfile")->isEnabled());
     QVERIFY(user->Find("lboxCountyOrProfile")->hasFocus());
+}
+
+void tst_SearchFormLists::enterAppliesATemplateAndStartsNothing_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::newRow("Return") << int(Qt::Key_Return);
+    QTest::newRow("Enter") << int(Qt::Key_Enter);
+}
+
+void tst_SearchFormLists::enterAppliesATemplateAndStartsNothing()
+{
+    QFETCH(int, key);
+    QSignalSpy pressed(user->Button("cmdBeginSearch"), &QAbstractButton::clicked);
+    user->Click("optSearchWhere_1");
+    auto *list = user->Find<QListWidget>("lboxSearchProfiles");
+    list->setFocus();
+    list->setCurrentRow(0);
+    QTest::keyClick(list, static_cast<Qt::Key>(key));
+    QCOMPARE(user->Ticked("lboxCountyOrProfile"), (QStringList{u"King"_s, u"Pierce"_s}));
+    QCOMPARE(user->Ticked("lboxCaseTypes"), (QStringList{u"Civil"_s, u"Probate"_s}));
+    QCOMPARE(user->Text("lblCountyOrProfile"), templateLoaded);
+    QCOMPARE(pressed.size(), 0);
+    // In the list of counties, where the focus is now, it starts the search as everywhere.
+    QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key));
+    QCOMPARE(pressed.size(), 1);
 }
 
 void tst_SearchFormLists::aTemplateThatNamesACountyNoLongerThereSelectsTheRest()

@@ -46,6 +46,8 @@ private Q_SLOTS:
     void theIndexByDefault_data();
     void theIndexByDefault();
     void theIndexIsKeptBetweenNames();
+    void theSameCourtChosenAgainAsksTheSetting_data();
+    void theSameCourtChosenAgainAsksTheSetting();
     void selectingOregonAfterAnIndexSearchClearsTheIndex();
     void usCourtsShowTaxAndSsnAndLeavingThemHidesThem();
     void leavingTheUsCourtsFromATaxSearchGoesToAPersonSearch_data();
@@ -393,6 +395,26 @@ void tst_SearchFormStates::theIndexIsKeptBetweenNames()
     user->Click("optSearchType_1");
     QVERIFY(user->Button("chkUseIndex")->isChecked());
     QVERIFY(user->Button("chkUseIndex")->isVisible());
+}
+
+void tst_SearchFormStates::theSameCourtChosenAgainAsksTheSetting_data()
+{
+    QTest::addColumn<QByteArray>("options");
+    QTest::addColumn<bool>("used");
+    QTest::newRow("on") << QByteArray("[Searching]\r\nDefaultToWaIndex=1\r\n") << true;
+    QTest::newRow("off") << QByteArray("[Searching]\r\nDefaultToWaIndex=0\r\n") << false;
+}
+
+void tst_SearchFormStates::theSameCourtChosenAgainAsksTheSetting()
+{
+    QFETCH(QByteArray, options);
+    QFETCH(bool, used);
+    reopen(options);
+    user->Click("chkUseIndex");
+    QCOMPARE(user->Button("chkUseIndex")->isChecked(), !used);
+    // As the menu of courts does it.
+    user->Form->SelectCourt(CourtFamily::Superior);
+    QCOMPARE(user->Button("chkUseIndex")->isChecked(), used);
 }
 
 void tst_SearchFormStates::selectingOregonAfterAnIndexSearchClearsTheIndex()
