@@ -31,9 +31,9 @@ namespace {
 constexpr int splashMilliseconds = 2000;
 
 /// The court families of the entries of the menu of courts.
-constexpr std::array<CourtFamily, 5> courtsOfEntries{
-    CourtFamily::Superior, CourtFamily::Discis, CourtFamily::Oregon, CourtFamily::Bankruptcy,
-    CourtFamily::Idaho};
+constexpr std::array<CourtFamily, 5> courtsOfEntries{CourtFamily::Superior, CourtFamily::Discis,
+                                                     CourtFamily::Oregon, CourtFamily::Bankruptcy,
+                                                     CourtFamily::Idaho};
 
 void showSplash()
 {
@@ -81,11 +81,11 @@ void WireWindows()
             main->autologout();
     });
     SearchEvents *search = &SearchEvents::Of();
-    QObject::connect(search, &SearchEvents::FieldErrorRaised, search,
-                     [](const QString &what, const QString &why, const QString &action,
-                        const QString &caption) {
-                         frmInfo::ShowFieldError(&frmSearchWA::Form(), what, why, action, caption);
-                     });
+    QObject::connect(
+        search, &SearchEvents::FieldErrorRaised, search,
+        [](const QString &what, const QString &why, const QString &action, const QString &caption) {
+            frmInfo::ShowFieldError(&frmSearchWA::Form(), what, why, action, caption);
+        });
     QObject::connect(search, &SearchEvents::HelpWanted, search,
                      [](HelpTopic topic) { frmSearchHelp::ShowTopic(static_cast<int>(topic)); });
     SetErrorBox([](const QString &text) {

@@ -9,9 +9,9 @@
 #include "jobs/TurnTaking.h"
 #include "link/Comm.h"
 
-#include <QScopeGuard>
 #include <QLabel>
 #include <QPushButton>
+#include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
 

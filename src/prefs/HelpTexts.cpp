@@ -136,7 +136,8 @@ Green: connected. Red: not connected; choose Connection, Connect. A lost connect
 Capital and small letters are the same.)help"},
 }};
 
-constexpr QStringView caseDetails = uR"help(The details inside a case window come with a later version. They will work as follows.
+constexpr QStringView caseDetails =
+    uR"help(The details inside a case window come with a later version. They will work as follows.
 
 = Tabs
 A case opens on its Summary, and fetches its other tabs one after the other. Which tabs there are depends on the court and the case type:

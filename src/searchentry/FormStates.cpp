@@ -62,12 +62,21 @@ constexpr FormParts discisCourts = CourtSelection | Name | DiscisCaseType | Disc
 constexpr FormParts bankruptcy = BankruptcyTypes | Name | BankruptcyCourts;
 
 constexpr std::array<PartsRow, 5> partsRows{{
-    {CourtFamily::Superior, namesOfCounties | CourtSelection | UseIndex,
-     numberOfCounty | CourtSelection, {}, {}},
-    {CourtFamily::Discis, discisCourts | NameRecents, discisCourts | NumberExample | NumberRecents,
-     {}, {}},
-    {CourtFamily::Oregon, namesOfCounties | OrCDcourts | JudgmentsOnly,
-     numberOfCounty | OrCDcourts, {}, {}},
+    {CourtFamily::Superior,
+     namesOfCounties | CourtSelection | UseIndex,
+     numberOfCounty | CourtSelection,
+     {},
+     {}},
+    {CourtFamily::Discis,
+     discisCourts | NameRecents,
+     discisCourts | NumberExample | NumberRecents,
+     {},
+     {}},
+    {CourtFamily::Oregon,
+     namesOfCounties | OrCDcourts | JudgmentsOnly,
+     numberOfCounty | OrCDcourts,
+     {},
+     {}},
     {CourtFamily::Idaho, namesOfCounties, numberOfCounty, {}, {}},
     {CourtFamily::Bankruptcy, bankruptcy | NameRecents | BankruptcyYears,
      bankruptcy | NumberExample | NumberRecents, bankruptcy | NameRecents | BankruptcyYears,
@@ -75,8 +84,7 @@ constexpr std::array<PartsRow, 5> partsRows{{
 }};
 
 /// What a batch of numbers takes the place of.
-constexpr FormParts replacedByBatch =
-    Name | OneJurisdiction | NumberExample | NumberRecents;
+constexpr FormParts replacedByBatch = Name | OneJurisdiction | NumberExample | NumberRecents;
 
 } // namespace
 

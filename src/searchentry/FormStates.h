@@ -11,18 +11,18 @@
 
 /// What can come and go on the form.
 enum class FormPart : quint32 {
-    CourtSelection = 1U << 0,   ///< Frame14 with optCourtSelection
-    OrCDcourts = 1U << 1,       ///< optOrCDcourts
-    UseIndex = 1U << 2,         ///< chkUseIndex
-    BatchEntry = 1U << 3,       ///< chkBulkSearch
-    BankruptcyTypes = 1U << 4,  ///< optSearchType 3 and 4
-    Name = 1U << 5,             ///< Frame2
-    Batch = 1U << 6,            ///< frameBulkSearch
-    Jurisdictions = 1U << 7,    ///< Frame11
-    OneJurisdiction = 1U << 8,  ///< Frame12
-    CountyButtons = 1U << 9,    ///< Frame6
-    DiscisCaseType = 1U << 10,  ///< Frame8
-    DiscisCourtList = 1U << 11, ///< Frame9
+    CourtSelection = 1U << 0,    ///< Frame14 with optCourtSelection
+    OrCDcourts = 1U << 1,        ///< optOrCDcourts
+    UseIndex = 1U << 2,          ///< chkUseIndex
+    BatchEntry = 1U << 3,        ///< chkBulkSearch
+    BankruptcyTypes = 1U << 4,   ///< optSearchType 3 and 4
+    Name = 1U << 5,              ///< Frame2
+    Batch = 1U << 6,             ///< frameBulkSearch
+    Jurisdictions = 1U << 7,     ///< Frame11
+    OneJurisdiction = 1U << 8,   ///< Frame12
+    CountyButtons = 1U << 9,     ///< Frame6
+    DiscisCaseType = 1U << 10,   ///< Frame8
+    DiscisCourtList = 1U << 11,  ///< Frame9
     BankruptcyCourts = 1U << 12, ///< frameBK1
     CaseTypes = 1U << 13,        ///< Frame4
     JudgmentsOnly = 1U << 14,    ///< optORjgmtsONLY

@@ -116,7 +116,8 @@ DispatchResult numberSearch(const SearchEntry &entry, const QString &code)
 
 frmNameSearchResults *newBankruptcyResults(const QString &state)
 {
-    // The window takes its columns while it loads, before it is told its state: the flag says which.
+    // The window takes its columns while it loads, before it is told its state: the flag says
+    // which.
     Global.BkFormLoading = true;
     auto *form = new frmNameSearchResults(QString());
     Global.BkFormLoading = false;

@@ -9,12 +9,12 @@
 #include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
 #include "core/Windows1252.h"
+#include "jobs/TurnTaking.h"
 #include "searchentry/FieldRules.h"
 #include "searchentry/NumberRequests.h"
 #include "searchentry/SearchDispatch.h"
 #include "searchentry/frmAccounting.h"
 #include "searchentry/frmSearchWA.h"
-#include "jobs/TurnTaking.h"
 #include "session/frmLogin.h"
 #include "session/frmMain.h"
 #include "ui_frmSearchWA.h"
@@ -267,7 +267,8 @@ void frmSearchWA::cmdBeginSearch_Click()
     const bool valid = entry.Court == CourtFamily::Bankruptcy ? ValidateBkFormFields(entry)
                                                               : ValidateAllFormFields(entry);
     // Any of these questions may outlive the form.
-    if (!valid || IsUnloaded() || !DisclaimerAccepted(false) || IsUnloaded() || !LoggedIn() || IsUnloaded())
+    if (!valid || IsUnloaded() || !DisclaimerAccepted(false) || IsUnloaded() || !LoggedIn()
+        || IsUnloaded())
         return;
     QString code;
     if (accountingEnabled() || Global.bClientAcctgOpt) {

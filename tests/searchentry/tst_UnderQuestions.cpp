@@ -302,9 +302,8 @@ void tst_UnderQuestions::aHeldKeyStartsOneSearch()
     auto *widget = desk->Form()->findChild<QWidget *>(name);
     widget->setFocus();
     const QString text = key == Qt::Key_S ? u"s"_s : key == Qt::Key_Space ? u" "_s : u"\r"_s;
-    const QList<JobWindow *> windows = desk->NewWindows([&] {
-        hold(widget, static_cast<Qt::Key>(key), Qt::KeyboardModifiers(modifiers), text);
-    });
+    const QList<JobWindow *> windows = desk->NewWindows(
+        [&] { hold(widget, static_cast<Qt::Key>(key), Qt::KeyboardModifiers(modifiers), text); });
     QCOMPARE(windows.size(), 1);
     QCOMPARE(Keys().size(), 1);
     QCOMPARE(desk->Text("txtSearchName_0"), u"SMITH"_s);
