@@ -43,7 +43,7 @@ public:
 };
 } // namespace
 
-ResultListView::ResultListView(QWidget *parent) : QTableView(parent), list(this), tools(nullptr)
+ResultListView::ResultListView(QWidget *parent) : QTableView(parent), list(this)
 {
     setModel(&list);
     setItemDelegate(new PlainCellDelegate(this));

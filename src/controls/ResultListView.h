@@ -73,5 +73,5 @@ private:
     Qt::SortOrder sortOrder = Qt::AscendingOrder;
     int arrowColumn = -1;
     Qt::SortOrder arrowOrder = Qt::AscendingOrder;
-    TableTools *tools;
+    TableTools *tools = nullptr;
 };
