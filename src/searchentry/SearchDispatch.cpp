@@ -1,5 +1,6 @@
 // From checked entries to a window that waits for its turn.
 
+#include "searchentry/SearchDispatch.h"
 #include "casedetails/frmCaseDetails.h"
 #include "casedetails/frmCivilCaseDetails.h"
 #include "casedetails/frmNCCaseDetails.h"
@@ -21,7 +22,6 @@
 #include "searchentry/NameRequests.h"
 #include "searchentry/NumberRequests.h"
 #include "searchentry/RecentEntries.h"
-#include "searchentry/SearchDispatch.h"
 #include "searchentry/SearchTitles.h"
 #include "session/frmMain.h"
 
@@ -167,7 +167,8 @@ DispatchResult numberSearch(const SearchEntry &entry, const QString &code)
 
 frmNameSearchResults *newBankruptcyResults(const QString &state)
 {
-    // The window takes its columns while it loads, before it is told its state: the flag says which.
+    // The window takes its columns while it loads, before it is told its state: the flag says
+    // which.
     Global.BkFormLoading = true;
     auto *form = new frmNameSearchResults(QString());
     Global.BkFormLoading = false;

@@ -37,8 +37,8 @@ void tst_SearchFormQuiet::thereAreControlsThatNobodySees_data()
 {
     QTest::addColumn<QByteArray>("name");
     QTest::addColumn<QByteArray>("kind");
-    QTest::newRow("cmdSelectJurisdiction") << QByteArray("cmdSelectJurisdiction")
-                                           << QByteArray("QPushButton");
+    QTest::newRow("cmdSelectJurisdiction")
+        << QByteArray("cmdSelectJurisdiction") << QByteArray("QPushButton");
     QTest::newRow("cboxTemplates") << QByteArray("cboxTemplates") << QByteArray("QComboBox");
     QTest::newRow("cboxNameCode") << QByteArray("cboxNameCode") << QByteArray("QComboBox");
     QTest::newRow("lblNameCode") << QByteArray("lblNameCode") << QByteArray("QLabel");
@@ -72,7 +72,8 @@ void tst_SearchFormQuiet::aButtonWithoutWorkChangesNothing()
         const QList<QWidget *> widgets = user->Form->findChildren<QWidget *>();
         for (const QWidget *widget : widgets) {
             const auto *button = qobject_cast<const QAbstractButton *>(widget);
-            all.append(widget->objectName() + u' ' + TextOf(user->Form, qPrintable(widget->objectName()))
+            all.append(widget->objectName() + u' '
+                       + TextOf(user->Form, qPrintable(widget->objectName()))
                        + (widget->isVisible() ? u" seen"_s : QString())
                        + (widget->isEnabled() ? u" on"_s : QString())
                        + (button && button->isChecked() ? u" checked"_s : QString()));
