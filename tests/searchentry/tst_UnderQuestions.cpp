@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
 
 namespace {
 const QStringList smith{u"type txtSearchName_0 smith"_s, u"tick lboxCountyOrProfile King"_s,
@@ -27,6 +28,15 @@ void hold(QWidget *widget, Qt::Key key, Qt::KeyboardModifiers modifiers, const Q
         QCoreApplication::sendEvent(widget, &again);
     }
     QTest::keyRelease(widget, key, modifiers);
+}
+
+/// A job that should not run waits for an answer that never comes: it ends with its link, soon.
+void cutLater(FakeSocket *socket)
+{
+    QTimer::singleShot(20, socket, [socket] {
+        if (Global.bSearchInProgress)
+            socket->PeerCloses();
+    });
 }
 } // namespace
 
@@ -142,12 +152,10 @@ void tst_UnderQuestions::noJobStartsWhileTheClientCodeIsAskedFor()
     bool started = true;
     desk->Desk.Boxes.ExpectDialog(u"frmAccounting"_s, [&](QDialog *dialog) {
         waiting->Timer1->start(1);
+        cutLater(socket);
         QTest::qWait(30);
         started = Global.bSearchInProgress || !socket->sent.isEmpty();
         waiting->Timer1->stop();
-        // Should it run all the same, it ends with its link.
-        if (started)
-            socket->PeerCloses();
         QTest::mouseClick(ButtonOf(dialog, "cmdOK"), Qt::LeftButton);
     });
     desk->Do({step});
@@ -168,10 +176,9 @@ void tst_UnderQuestions::theSecondCodeIsTakenAtOnce()
     bool inTime = true;
     desk->Desk.Boxes.ExpectDialog(u"frmAccounting"_s, [&](QDialog *dialog) {
         dialog->findChild<QComboBox *>(u"cboxClientID"_s)->setEditText(u"two"_s);
+        cutLater(socket);
         QTest::qWait(30);
         inTime = socket->sent.isEmpty();
-        if (!inTime)
-            socket->PeerCloses();
         first->Timer1->stop();
         QTest::mouseClick(ButtonOf(dialog, "cmdOK"), Qt::LeftButton);
     });
