@@ -15,9 +15,9 @@
 #include <QApplication>
 #include <QDialog>
 #include <QLabel>
+#include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QListWidget>
 #include <QTest>
 
 namespace {
@@ -277,8 +277,8 @@ void tst_Startup::defaultView()
     offline();
     const frmSearchWA &form = frmSearchWA::Form();
     QFETCH(int, stateIndex);
-    QVERIFY(form.findChild<QRadioButton *>(u"optState_"_s + QString::number(stateIndex))
-                ->isChecked());
+    QVERIFY(
+        form.findChild<QRadioButton *>(u"optState_"_s + QString::number(stateIndex))->isChecked());
     QVERIFY(form.findChild<QRadioButton *>(u"optCourtSelection_0"_s)->isChecked());
     QTEST(form.findChild<QListWidget *>(u"lstJurisdictions"_s)->currentRow(), "jurisdiction");
     QTEST(Global.strSearchState, "state");
@@ -387,8 +387,8 @@ void tst_Startup::aSearchInAStateShowsTheFormInIt()
     Q_EMIT SessionEvents::Of().SearchWithStateWanted();
     const QWidget *form = shownWindow(u"frmSearchWA"_s);
     QVERIFY(form);
-    QVERIFY(form->findChild<QRadioButton *>(u"optState_"_s + QString::number(stateIndex))
-                ->isChecked());
+    QVERIFY(
+        form->findChild<QRadioButton *>(u"optState_"_s + QString::number(stateIndex))->isChecked());
     QCOMPARE(Global.strSearchState, state);
 }
 

@@ -311,8 +311,8 @@ void tst_DispatchBankruptcy::theListHasTheColumnsOfTheBankruptcyCourts()
              (QStringList{u"Participant Name"_s, u"Case Number"_s, u"Date Filed"_s,
                           u"Description"_s, u"Location"_s, u"Role/Parties"_s, u"Search String"_s}));
     // The window behind it is one of the state courts again.
-    desk->Do({u"click optState_3"_s, u"tick lboxCountyOrProfile Ada"_s,
-              u"tick lboxCaseTypes Civil"_s});
+    desk->Do(
+        {u"click optState_3"_s, u"tick lboxCountyOrProfile Ada"_s, u"tick lboxCaseTypes Civil"_s});
     const auto *idaho = desk->StartOne<frmNameSearchResults>();
     QVERIFY(idaho);
     QVERIFY(!HeadersOf(idaho).contains(u"Role/Parties"_s));

@@ -277,7 +277,8 @@ void tst_SearchBuilding::anEntryOutsideTheCodePageIsWrittenOnce()
 {
     desk->Do(king);
     for (int i = 0; i < 3; ++i) {
-        qobject_cast<QLineEdit *>(desk->Control("txtSearchName_0"))->setText(u"\u0141ukasz\u4E2D"_s);
+        qobject_cast<QLineEdit *>(desk->Control("txtSearchName_0"))
+            ->setText(u"\u0141ukasz\u4E2D"_s);
         QCOMPARE(desk->Start().size(), 1);
         QCOMPARE(desk->Desk.Folder.Read(u"MruIName.txt"_s), "?UKASZ?\r\n");
     }

@@ -377,11 +377,10 @@ void tst_SearchFormKindness::helpLinks()
         user->Find(steps[static_cast<size_t>(topic)])->isAncestorOf(user->Find(link.constData())));
     QSignalSpy wanted(&SearchEvents::Of(), &SearchEvents::HelpWanted);
     // Read aloud, each says what it is about.
-    QCOMPARE(user->Find(link.constData())->accessibleName(),
-             QString(u"Help: "_s
-                     + user->Find<QGroupBox>(steps[static_cast<size_t>(topic)])
-                           ->title()
-                           .simplified()));
+    QCOMPARE(
+        user->Find(link.constData())->accessibleName(),
+        QString(u"Help: "_s
+                + user->Find<QGroupBox>(steps[static_cast<size_t>(topic)])->title().simplified()));
     user->Click(link);
     QTest::keyClick(user->Find(link.constData()), Qt::Key_Return);
     QCOMPARE(wanted.size(), 2);
