@@ -104,6 +104,31 @@ void BareClient::Exchange(const QByteArray &frame, qsizetype replyBytes) const
     }
 }
 
+void BareClient::ReadTokens(const QByteArray &frame,
+                            const std::function<bool(const QByteArray &token)> &take) const
+{
+    require(send(connection, frame.constData(), static_cast<size_t>(frame.size()), 0)
+            == frame.size());
+    std::array<char, 64 * 1024> buffer{};
+    QByteArray token;
+    for (;;) {
+        const ssize_t got = recv(connection, buffer.data(), buffer.size(), 0);
+        require(got > 0);
+        const auto *const end = buffer.data() + got;
+        for (const char *from = buffer.data(); from != end;) {
+            const auto *const bar = std::find(from, end, '|');
+            token.append(from, bar - from);
+            if (bar == end)
+                break;
+            from = bar + 1;
+            // Between the closing bar of one token and the opening one of the next stands nothing.
+            if (!token.isEmpty() && !take(token))
+                return;
+            token.resize(0);
+        }
+    }
+}
+
 void BareLogLine(const char *path, const QByteArray &line)
 {
     const int file = open(path, O_WRONLY | O_CREAT | O_APPEND, 0600);

@@ -3,6 +3,7 @@
 #include <QByteArray>
 
 #include <atomic>
+#include <functional>
 #include <thread>
 
 /// A server in a thread of its own that answers every frame with the same reply, over blocking
@@ -34,6 +35,11 @@ public:
 
     /// Sends a frame and reads `replyBytes` bytes.
     void Exchange(const QByteArray &frame, qsizetype replyBytes) const;
+
+    /// Sends a frame and hands over what stands between the bars, token by token, until `take` says
+    /// that it was the last.
+    void ReadTokens(const QByteArray &frame,
+                    const std::function<bool(const QByteArray &token)> &take) const;
 
 private:
     int connection = -1;
