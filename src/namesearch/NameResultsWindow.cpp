@@ -95,8 +95,8 @@ QString NameResultsWindow::txtCountyList() const
 void NameResultsWindow::CountRowsOf(ResultListView *list)
 {
     connect(list->List(), &ResultListModel::Flushed, this, [this] {
-        if (countPending)
-            ShowCount(ShownCount());
+        if (pendingCount)
+            ShowCount(*pendingCount);
     });
 }
 
@@ -123,7 +123,7 @@ void NameResultsWindow::AddParsedRow(const QString &row, ResultKind kind)
         listview1->List()->AddRow(parsed.Cells);
     if (!parsed.Complete)
         throw RunTimeError::SubscriptOutOfRange();
-    CountLater();
+    CountLater(RowCount());
 }
 
 void NameResultsWindow::BeginTick()
@@ -201,7 +201,7 @@ void NameResultsWindow::SetSearchStatus(const QString &text, StatusStyle style)
 
 void NameResultsWindow::SetCount(const QString &text)
 {
-    countPending = false;
+    pendingCount.reset();
     Label3->setText(text);
 }
 

@@ -108,10 +108,9 @@ protected:
     void ShowCount(int rows);
     /// The count follows the rows of this list, each time that they are shown.
     void CountRowsOf(ResultListView *list);
-    /// A row has come that the count does not know of yet.
-    void CountLater() { countPending = true; }
-    /// The rows that the count is about.
-    virtual int ShownCount() const { return RowCount(); }
+    /// A whole row has come: the count reads so many when the rows are shown next. A row that was
+    /// cut short is not counted.
+    void CountLater(int rows) { pendingCount = rows; }
     /// The last steps of every run: nothing to stop any more, the results can be printed, and the
     /// turn is the next job's.
     void FinishRun();
@@ -154,6 +153,6 @@ private:
     int rowsOfRequest = 0;
     bool tooManyHits = false;
     bool CriteriaShown = false;
-    bool countPending = false;
-    bool sortFlag = false; ///< turned by every click on a header
+    std::optional<int> pendingCount; ///< what the count will read
+    bool sortFlag = false;           ///< turned by every click on a header
 };

@@ -81,11 +81,6 @@ int frmDiscisNCNameResults::nameCount() const
     return ui->lvDupe->List()->Count();
 }
 
-int frmDiscisNCNameResults::ShownCount() const
-{
-    return ShowingDupes ? nameCount() : RowCount();
-}
-
 void frmDiscisNCNameResults::AddRow(const QString &row)
 {
     const bool isName = IsDuplicateName(row);
@@ -107,7 +102,7 @@ void frmDiscisNCNameResults::AddDupeRow(const QString &row)
         ui->lvDupe->List()->AddRow(name.Cells, name.Key);
     if (!name.Complete)
         throw RunTimeError::SubscriptOutOfRange();
-    CountLater();
+    CountLater(nameCount());
 }
 
 void frmDiscisNCNameResults::ToggleDupesView()

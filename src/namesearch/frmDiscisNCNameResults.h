@@ -40,7 +40,6 @@ public:
 protected:
     ResultKind Kind() const override;
     void AddRow(const QString &row) override;
-    int ShownCount() const override;
     void ShowStopped(StopCase stopCase) override;
     void ShowCompletion() override;
     void EndSearch(SearchOutcome outcome) override;

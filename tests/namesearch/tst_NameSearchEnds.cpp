@@ -276,6 +276,8 @@ void tst_NameSearchEnds::aRowWithTooFewFieldsLosesTheSearch()
     QVERIFY(desk->Folder.Logged(searchFailed));
     QVERIFY(window->SearchIncomplete);
     QTEST(window->RowCount(), "rows");
+    // The count knows whole rows only.
+    QCOMPARE(TextOf(window, "Label3"), u"Retrieved: 1"_s);
     QCOMPARE(court->Requests(), QStringList{adams});
     QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
 }
