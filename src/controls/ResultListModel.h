@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QByteArray>
 #include <QElapsedTimer>
 #include <QString>
 #include <QStringList>
@@ -75,7 +76,7 @@ private:
     /// All that belongs to a row moves with it.
     struct Row
     {
-        QStringList cells;
+        QByteArray cells; ///< in one block, see packed()
         QString key;
         bool checked = false;
     };

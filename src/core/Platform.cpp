@@ -28,6 +28,30 @@ std::filesystem::path nativePath(const QString &path)
 }
 } // namespace
 
+#ifdef Q_OS_UNIX
+namespace {
+struct FileFacts
+{
+    qint64 size = 0;
+    mode_t mode = 0;
+};
+
+FileFacts factsOf(int descriptor)
+{
+#ifdef STATX_SIZE
+    // The times are not asked for: Linux notes that somebody has seen them, and then writes a new
+    // one at every append, which costs more than looking.
+    struct statx info = {};
+    if (::statx(descriptor, "", AT_EMPTY_PATH, STATX_MODE | STATX_SIZE, &info) == 0)
+        return {static_cast<qint64>(info.stx_size), info.stx_mode};
+#endif
+    struct stat all = {};
+    ::fstat(descriptor, &all);
+    return {all.st_size, all.st_mode};
+}
+} // namespace
+#endif
+
 AppendResult AppendOwnerOnly(const QString &path, const QByteArray &bytes, qint64 largest)
 {
 #ifdef Q_OS_UNIX
@@ -36,10 +60,10 @@ AppendResult AppendOwnerOnly(const QString &path, const QByteArray &bytes, qint6
                                   O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, S_IRUSR | S_IWUSR);
     if (descriptor < 0)
         return AppendResult::Failed;
-    struct stat info = {};
-    if (::fstat(descriptor, &info) == 0 && (info.st_mode & (S_IRWXG | S_IRWXO)) != 0)
+    const FileFacts facts = factsOf(descriptor);
+    if ((facts.mode & (S_IRWXG | S_IRWXO)) != 0)
         ::fchmod(descriptor, S_IRUSR | S_IWUSR);
-    if (info.st_size > largest) {
+    if (facts.size > largest) {
         ::close(descriptor);
         return AppendResult::TooLarge;
     }

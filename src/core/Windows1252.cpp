@@ -34,15 +34,17 @@ QChar AnsiCharacter(quint8 code)
 
 QByteArray ToWindows1252(QStringView text)
 {
-    QByteArray bytes;
-    bytes.reserve(text.size());
+    QByteArray bytes(text.size(), Qt::Uninitialized);
+    // Written in place: the log of a busy search encodes megabytes.
+    char *next = bytes.data();
     for (qsizetype i = 0; i < text.size(); ++i) {
         const int code = AnsiCode(text[i]);
-        bytes.append(code < 0 ? '?' : static_cast<char>(code));
+        *next++ = code < 0 ? '?' : static_cast<char>(code);
         // A character beyond the basic plane is one character to the reader, so one "?".
         if (text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate())
             ++i;
     }
+    bytes.truncate(next - bytes.constData());
     return bytes;
 }
 

@@ -39,6 +39,8 @@ private Q_SLOTS:
     void flushTellsEvenWithoutNewRows();
     void setCell();
     void missingAndExcessCells();
+    void cellsComeBackAsTheyWent_data();
+    void cellsComeBackAsTheyWent();
     void clearForgetsWhatWasNotShownYet();
     void modelKeepsTheRulesOfModels();
     void allByteValues();
@@ -159,6 +161,28 @@ void tst_ResultList::missingAndExcessCells()
     QCOMPARE(model.columnCount(), 3);
     QCOMPARE(model.Cell(1, 3), u"d"_s);
     QCOMPARE(model.Cell(1, 4), QString());
+}
+
+void tst_ResultList::cellsComeBackAsTheyWent_data()
+{
+    QTest::addColumn<QStringList>("cells");
+    QTest::newRow("no cell") << QStringList();
+    QTest::newRow("one empty cell") << QStringList{u""_s};
+    QTest::newRow("empty cells between and behind") << QStringList{u"a"_s, u""_s, u"b"_s, u""_s};
+    QTest::newRow("a NUL character") << QStringList{u"a"_s + QChar(u'\0') + u"b"_s, u"c"_s};
+    QTest::newRow("above ASCII") << QStringList{u"MU\u00D1OZ \u20AC"_s, u"\u00FF\u00FE"_s, u"c"_s};
+}
+
+void tst_ResultList::cellsComeBackAsTheyWent()
+{
+    QFETCH(const QStringList, cells);
+    ResultListModel model;
+    model.AddRow(cells);
+    QCOMPARE(model.Cells(0), cells);
+    for (int column = 0; column < cells.size(); ++column)
+        QCOMPARE(model.Cell(0, column), cells[column]);
+    QCOMPARE(model.Cell(0, -1), QString());
+    QCOMPARE(model.Cell(0, static_cast<int>(cells.size())), QString());
 }
 
 void tst_ResultList::clearForgetsWhatWasNotShownYet()
