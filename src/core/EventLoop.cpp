@@ -7,12 +7,21 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 constexpr qint64 turningNanoseconds = 50'000;
 constexpr double longestSleepSeconds = 3600.0;
 
 unsigned long long yields = 0;
+std::function<void()> yieldWatcher;
+
+void countYield()
+{
+    ++yields;
+    if (yieldWatcher)
+        yieldWatcher();
+}
 
 bool handlePending()
 {
@@ -23,13 +32,13 @@ bool handlePending()
 
 void Yield()
 {
-    ++yields;
+    countYield();
     handlePending();
 }
 
 void YieldUntilEvent(double seconds)
 {
-    ++yields;
+    countYield();
     if (handlePending())
         return;
     QElapsedTimer turning;
@@ -52,4 +61,9 @@ void YieldUntilEvent(double seconds)
 unsigned long long YieldCount()
 {
     return yields;
+}
+
+void WatchYields(std::function<void()> watcher)
+{
+    yieldWatcher = std::move(watcher);
 }

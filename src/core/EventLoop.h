@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 /// Handles every event that is pending and returns at once.
 ///
 /// Anything may have happened on return: windows closed, flags set, the link lost.
@@ -16,3 +18,8 @@ void YieldUntilEvent(double seconds);
 /// How many yields of either kind the process has made so far. A run that behaves well at one
 /// yield must behave well at each of them; the tests count them through this.
 unsigned long long YieldCount();
+
+/// Called at the beginning of every yield of either kind, before anything is handled; an empty
+/// function takes it away again. For tests, which let something happen inside a yield of their
+/// choice; the program itself watches nothing.
+void WatchYields(std::function<void()> watcher);

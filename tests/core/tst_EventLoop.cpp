@@ -47,6 +47,7 @@ private Q_SLOTS:
     void aWaitReturnsWhenSomethingWasPending();
     void waitsMayBeNested();
     void everyYieldIsCounted();
+    void everyYieldCanBeWatched();
 };
 
 void tst_EventLoop::init()
@@ -217,6 +218,27 @@ void tst_EventLoop::everyYieldIsCounted()
     YieldUntilEvent(0.0);
     Yield();
     QCOMPARE(YieldCount() - before, 3ULL);
+}
+
+void tst_EventLoop::everyYieldCanBeWatched()
+{
+    // What the watcher posts is handled in that very yield.
+    int watched = 0;
+    int handled = 0;
+    WatchYields([&] {
+        ++watched;
+        QMetaObject::invokeMethod(
+            this, [&handled] { ++handled; }, Qt::QueuedConnection);
+    });
+    Yield();
+    QCOMPARE(watched, 1);
+    QCOMPARE(handled, 1);
+    YieldUntilEvent(0.0);
+    QCOMPARE(watched, 2);
+    QCOMPARE(handled, 2);
+    WatchYields({});
+    Yield();
+    QCOMPARE(watched, 2);
 }
 
 QTEST_GUILESS_MAIN(tst_EventLoop)

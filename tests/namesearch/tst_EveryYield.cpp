@@ -1,0 +1,500 @@
+// A search is repeated with something done to it inside each of its yields in turn: whatever can be
+// clicked meanwhile, and at whichever moment, the run ends in the way that is meant for it.
+
+#include "core/EndProgram.h"
+#include "core/EventLoop.h"
+#include "core/GlobalState.h"
+#include "jobs/TurnTaking.h"
+#include "jobs/frmQueue.h"
+#include "link/ConnectState.h"
+#include "link/Router.h"
+#include "link/frmWinsock.h"
+#include "namesearch/DupesSearch.h"
+#include "namesearch/EveryYield.h"
+#include "session/frmMain.h"
+#include "support/FakeSocket.h"
+
+#include <QAction>
+#include <QDeadlineTimer>
+#include <QPointer>
+#include <QTest>
+
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <optional>
+
+namespace {
+constexpr int fewestYields = 8;
+constexpr int mostYields = 60;
+constexpr int longestRunMilliseconds = 5'000;
+constexpr double longestNapSeconds = 0.01;
+constexpr int blinkMilliseconds = 500;
+/// Long enough for a pending window to see the stop before the program ends.
+constexpr int exitMilliseconds = 20;
+
+/// The key of a job behind the search, which nothing that happens to the search may touch.
+const QString otherKey = u"00000000000000000001"_s;
+
+/// The last two are done by a window that has searched before: the run that is watched is its
+/// second.
+enum class Kind { Superior, Index, Civil, NonCivil, NextPage, CasesOfNames };
+
+bool isSecondRun(Kind kind)
+{
+    return kind == Kind::NextPage || kind == Kind::CasesOfNames;
+}
+
+const QString indexLine =
+    u"INDEX~SEARCH~SMITH~JOHN~Q~~Adams,King,~Criminal,~1970~2005~LL=1~UL=500~"_s;
+const QString indexRow =
+    u"SMITH~02-1-02029-9~01/02/2002~Felony~King~Defendant~STATE V SMITH~03/04/2005~"_s;
+
+QStringList linesOf(Kind kind)
+{
+    switch (kind) {
+    case Kind::Index:
+    case Kind::NextPage:
+        return {indexLine};
+    case Kind::CasesOfNames:
+        return {StatewideLine()};
+    case Kind::Civil:
+        return {DistrictLine(), DistrictLine(u"BEN"_s)};
+    case Kind::NonCivil:
+        return {StatewideLine(), StatewideLine()};
+    case Kind::Superior:
+        break;
+    }
+    return {RequestLine(), RequestLine(u"SMYTHE"_s)};
+}
+
+/// What the court says to each of the lines.
+QStringList repliesOf(Kind kind, const QByteArray &request)
+{
+    switch (kind) {
+    case Kind::NextPage:
+        if (request.contains("LL=1~"))
+            return {indexRow, u"WARNING~Reached Search Limit~1~2~"_s};
+        [[fallthrough]];
+    case Kind::Index:
+        return {indexRow, u"SEARCHING~King~"_s, indexRow, u"EOF~"_s};
+    case Kind::Civil:
+        return {CaseRow(u"SMITH"_s), u"EOF~"_s};
+    case Kind::NonCivil:
+        return {CaseRow(u"SMITH"_s), PersonRow(u"A"_s), u"EOF~"_s};
+    case Kind::CasesOfNames:
+        if (request.contains("SNCINMD"))
+            return {CaseRow(u"SMITH"_s), u"EOF~"_s};
+        return {PersonRow(u"A"_s), PersonRow(u"B"_s), u"EOF~"_s};
+    case Kind::Superior:
+        break;
+    }
+    return {u"Searching~King~County~"_s, ResultLine(u"SMITH"_s), u"EOF~"_s};
+}
+
+NameResultsWindow *makeWindow(Kind kind)
+{
+    switch (kind) {
+    case Kind::Index:
+    case Kind::NextPage:
+        return new frmNameSearchResults(u"WA"_s, true);
+    case Kind::Civil:
+        return MakeWindow(Which::Civil);
+    case Kind::NonCivil:
+    case Kind::CasesOfNames:
+        return MakeWindow(Which::NonCivil);
+    case Kind::Superior:
+        break;
+    }
+    return MakeWindow(Which::Name);
+}
+
+/// A court that answers every search alike, each token in two pieces, one piece a turn of the event
+/// loop. A request to stop it takes note of: the replies come all the same, as from one that was
+/// nearly done.
+class AnsweringSocket : public FakeSocket
+{
+    Q_OBJECT
+public:
+    using FakeSocket::FakeSocket;
+
+    static void Install(Kind kind, std::function<void()> onRequest)
+    {
+        frmWinsock::SetSocketFactory([kind, onRequest](QObject *parent) {
+            auto *socket = new AnsweringSocket(parent);
+            socket->searchKind = kind;
+            socket->requested = onRequest;
+            return socket;
+        });
+    }
+
+    void SendData(const QByteArray &data) override
+    {
+        FakeSocket::SendData(data);
+        if (data == QByteArray("|STOP\xA6|"))
+            return;
+        if (requested)
+            requested();
+        QByteArrayList pieces;
+        const QStringList replies = repliesOf(searchKind, data);
+        for (const QString &reply : replies) {
+            const QByteArray token = ScriptedCourt::Tokens({reply});
+            pieces.append({token.left(token.size() / 2), token.mid(token.size() / 2)});
+        }
+        ArriveLater(pieces);
+    }
+
+private:
+    Kind searchKind = Kind::Superior;
+    std::function<void()> requested;
+};
+
+constexpr std::array<const char *, 6> kindNames{"Superior",         "Index",
+                                                "District civil",   "District non-civil",
+                                                "Index, next page", "cases of names"};
+/// From event to event, without naps in between: there are hundreds of searches.
+bool waitFor(const std::function<bool()> &condition)
+{
+    const QDeadlineTimer deadline(longestRunMilliseconds);
+    while (!condition()) {
+        if (deadline.hasExpired())
+            return false;
+        YieldUntilEvent(longestNapSeconds);
+    }
+    return true;
+}
+
+/// What is left of the program behind a search, as one line.
+QString stateLine(const QString &end, bool gone, const QStringList &queue, bool loggedIn,
+                  bool stopsOthers, bool endsProgram)
+{
+    return u"%1, window %2, queue %3, %4, others %5, program %6"_s.arg(
+        end, gone ? u"gone"_s : u"there"_s, queue.join(u'+'),
+        loggedIn ? u"logged in"_s : u"logged out"_s, stopsOthers ? u"stopped"_s : u"wait"_s,
+        endsProgram ? u"ended"_s : u"runs"_s);
+}
+} // namespace
+
+Q_DECLARE_METATYPE(Act)
+Q_DECLARE_METATYPE(Kind)
+
+class tst_EveryYield : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void everyYield_data();
+    void everyYield();
+
+private:
+    /// A new session in a program without windows.
+    void connectAgain();
+    /// A window whose next run has its key in the queue, its timers at a standstill.
+    void prepare();
+    /// One search with the act in its nth yield, or behind its end if it has no such yield.
+    void searchWith(int nth);
+    void act();
+    void perform() const;
+    /// Handles what happens until the search is over and its run has left the stack.
+    bool waitForTheEnd() const;
+    /// The same until the program has ended.
+    bool waitForTheEnding() const;
+    Moment momentNow() const;
+    QString endOf() const;
+    void checkTexts(End end) const;
+    void checkControls(const Told &told) const;
+    void leaveAtLast();
+    void searchAgain();
+
+    Act what = Act::StopButton;
+    Kind kind = Kind::Superior;
+    std::unique_ptr<SearchDesk> desk;
+    std::unique_ptr<frmMain> main;
+    QPointer<NameResultsWindow> window;
+    std::optional<Moment> moment; ///< when it happened
+    int endings = 0;
+};
+
+void tst_EveryYield::init()
+{
+    desk = std::make_unique<SearchDesk>();
+    ReplaceEndProgram([this](int) { ++endings; });
+}
+
+void tst_EveryYield::cleanup()
+{
+    WatchYields({});
+    main.reset();
+    desk.reset();
+}
+
+void tst_EveryYield::connectAgain()
+{
+    CloseServerLink();
+    AnsweringSocket::Install(kind, [this] {
+        // The status blinks while the court is asked: a yield inside the yields.
+        if (window && !window->IsUnloaded() && window->tmrBlink->isActive())
+            window->tmrBlink->start(0);
+    });
+    frmWinsock::Form();
+    Global.intConnectState = ConnectDone;
+    Global.bLoggedIn = true;
+    // As the search form does for every search.
+    Global.bStopRequested = false;
+    if (!main) {
+        main = std::make_unique<frmMain>();
+        main->show();
+        // Painting is no matter here, and takes half of the time.
+        main->setUpdatesEnabled(false);
+    }
+    main->TimerExit->setInterval(exitMilliseconds);
+    main->SetTxtConnectStatus(u"Connected"_s);
+    Global.bShowAlerts = false;
+    frmQueue::Form().FIFO.Clear();
+}
+
+Moment tst_EveryYield::momentNow() const
+{
+    if (!ButtonOf(window, "cmdStopSearching")->isEnabled())
+        return Moment::Over;
+    return Global.bSearchInProgress ? Moment::Running : Moment::Pending;
+}
+
+void tst_EveryYield::act()
+{
+    moment = momentNow();
+    if (*moment == Moment::Running) {
+        for (const Refusal &refusal : refusals) {
+            if (refusal.act == what)
+                desk->Boxes.Expect(refusal.text.toString(), refusal.title.toString());
+        }
+    }
+    perform();
+}
+
+void tst_EveryYield::perform() const
+{
+    switch (what) {
+    case Act::StopButton:
+        ButtonOf(window, "cmdStopSearching")->click();
+        return;
+    case Act::Logout:
+        main->Logout();
+        return;
+    case Act::Disconnect:
+        main->findChild<QAction *>(u"mnuConnectionDisConnect"_s)->trigger();
+        return;
+    case Act::Exit:
+        main->findChild<QAction *>(u"mnuFileExit"_s)->trigger();
+        return;
+    case Act::CloseMain:
+        main->close();
+        return;
+    case Act::CloseFrame:
+        window->parentWidget()->close();
+        return;
+    case Act::UnloadByCode:
+        window->Unload();
+        return;
+    case Act::SessionEnds:
+        window->Unload(UnloadMode::SessionEnd);
+        return;
+    case Act::UnloadUnconditionally:
+        window->lbl911 = u"T"_s;
+        window->Unload();
+        return;
+    }
+}
+
+bool tst_EveryYield::waitForTheEnd() const
+{
+    const bool ended = waitFor([this] {
+        return !Global.bSearchInProgress
+               && (!window || window->IsUnloaded()
+                   || !ButtonOf(window, "cmdStopSearching")->isEnabled());
+    });
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    return ended;
+}
+
+bool tst_EveryYield::waitForTheEnding() const
+{
+    return waitFor([this] { return endings > 0; });
+}
+
+QString tst_EveryYield::endOf() const
+{
+    QStringList ends;
+    const QStringList log = desk->Folder.Log();
+    for (const QString &line : log) {
+        for (const EndLine &row : endLines) {
+            if (line == row.line)
+                ends.append(nameOf(row.end, endNames));
+        }
+    }
+    if (!ends.isEmpty())
+        return ends.join(u" and "_s);
+    const bool stopped = window && !ButtonOf(window, "cmdStopSearching")->isEnabled();
+    return nameOf(stopped ? End::StoppedPending : End::None, endNames);
+}
+
+void tst_EveryYield::checkTexts(End end) const
+{
+    const auto *const texts = std::find_if(endTexts.begin(), endTexts.end(),
+                                           [end](const EndTexts &row) { return row.end == end; });
+    QVERIFY(texts != endTexts.end());
+    const QString status = TextOf(window, "lblStatus");
+    const QString searchStatus = TextOf(window, "lblSearchStatus");
+    QVERIFY2(status.startsWith(texts->status), qPrintable(status));
+    QVERIFY2(searchStatus.startsWith(texts->searchStatus), qPrintable(searchStatus));
+    const qsizetype rows = RowsOf(window).size();
+    if (end == End::Stopped)
+        QCOMPARE(status, u"Search Stopped By User: %1 Cases Retrieved."_s.arg(rows));
+    if (end == End::Completed)
+        QCOMPARE(rows, kind == Kind::NextPage ? 3 : 2);
+    QCOMPARE(window->SearchIncomplete, end == End::ConnectionLost);
+}
+
+void tst_EveryYield::checkControls(const Told &told) const
+{
+    QVERIFY(!window->Timer1->isActive());
+    QVERIFY(!window->tmrBlink->isActive());
+    QVERIFY(!ButtonOf(window, "cmdStopSearching")->isEnabled());
+    // The main window, and the search in it, is hidden when the program has ended.
+    QCOMPARE(window->isVisible(), !told.endsProgram);
+    QVERIFY(!window->IsUnloaded());
+}
+
+void tst_EveryYield::prepare()
+{
+    window = makeWindow(kind);
+    main->ShowChild(window);
+    desk->Enqueue(window, linesOf(kind));
+    QTimer *blink = window->tmrBlink;
+    connect(blink, &QTimer::timeout, blink, [blink] { blink->setInterval(blinkMilliseconds); });
+    if (!isSecondRun(kind))
+        return;
+    window->Timer1->start(0);
+    QVERIFY(waitForTheEnd());
+    if (kind == Kind::CasesOfNames) {
+        CheckRow(window, 0);
+        CheckRow(window, 1);
+    }
+    ButtonOf(window, kind == Kind::NextPage ? "cmdSearchResults_4" : "cmdSearchResults_0")->click();
+    QVERIFY(window->Timer1->isActive());
+    window->Timer1->stop();
+}
+
+void tst_EveryYield::searchWith(int nth)
+{
+    connectAgain();
+    moment.reset();
+    endings = 0;
+    int yields = 0;
+    prepare();
+    EnqueueKey(otherKey);
+    desk->Folder.Remove(u"AppInfo.txt"_s);
+    const QString key = window->txtMasterKey;
+    window->tmrBlink->start(0);
+    window->Timer1->start(0);
+    WatchYields([&] {
+        if (++yields == nth)
+            QMetaObject::invokeMethod(
+                this, [this] { act(); }, Qt::QueuedConnection);
+    });
+    QVERIFY(waitForTheEnd());
+    WatchYields({});
+    if (!moment)
+        act();
+    Told told = toldOf(what, *moment);
+    // An index search ends with its end mark, stopped or not.
+    if ((kind == Kind::Index || kind == Kind::NextPage) && told.end == End::Stopped)
+        told.end = End::Completed;
+    if (told.endsProgram)
+        QVERIFY(waitForTheEnding());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QStringList queue;
+    if (told.keyLeft)
+        queue.append(key);
+    // The queue is unloaded at the very end.
+    if (!told.endsProgram)
+        queue.append(otherKey);
+    QCOMPARE(stateLine(endOf(), window.isNull(), frmQueue::Form().FIFO.Lines(), Global.bLoggedIn,
+                       Global.bStopRequested, endings == 1),
+             stateLine(nameOf(told.end, endNames), told.gone, queue, told.staysLoggedIn,
+                       told.stopsOthers, told.endsProgram));
+    QVERIFY(!Global.bSearchInProgress);
+    QVERIFY(!Global.bSendBusy);
+    QCOMPARE(desk->Boxes.Complaints(), QString());
+    if (window) {
+        checkTexts(told.end);
+        checkControls(told);
+    }
+}
+
+/// Whoever was refused during the search leaves now. Leaving saves files, which takes longer than
+/// all else, and does not depend on the window that has searched: one kind of them is enough.
+void tst_EveryYield::leaveAtLast()
+{
+    if (kind != Kind::Superior || *moment != Moment::Running
+        || (what != Act::Exit && what != Act::CloseMain))
+        return;
+    main->TimerExit->setInterval(1);
+    perform();
+    QVERIFY(waitForTheEnding());
+    QVERIFY(!Global.bLoggedIn);
+}
+
+void tst_EveryYield::searchAgain()
+{
+    delete window;
+    if (endings > 0)
+        main.reset();
+    connectAgain();
+    prepare();
+    window->Timer1->start(0);
+    QVERIFY(waitForTheEnd());
+    checkTexts(End::Completed);
+    QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList());
+    delete window;
+}
+
+void tst_EveryYield::everyYield_data()
+{
+    QTest::addColumn<Kind>("search");
+    QTest::addColumn<Act>("happening");
+    for (size_t i = 0; i < kindNames.size(); ++i) {
+        for (size_t j = 0; j < actNames.size(); ++j)
+            QTest::addRow("%s: %s", kindNames.at(i), actNames.at(j))
+                << static_cast<Kind>(i) << static_cast<Act>(j);
+    }
+}
+
+void tst_EveryYield::everyYield()
+{
+    QFETCH(Kind, search);
+    QFETCH(Act, happening);
+    kind = search;
+    what = happening;
+    std::array<int, 3> times{};
+    int nth = 0;
+    do {
+        searchWith(++nth);
+        if (!QTest::currentTestFailed())
+            leaveAtLast();
+        if (!QTest::currentTestFailed())
+            searchAgain();
+        if (QTest::currentTestFailed()) {
+            QFAIL(qPrintable(u"in yield %1, %2"_s.arg(nth).arg(moment ? nameOf(*moment, momentNames)
+                                                                      : u"before it happened"_s)));
+        }
+        ++times.at(static_cast<size_t>(*moment));
+    } while (*moment != Moment::Over && nth < mostYields);
+    QVERIFY2(times[0] >= 2 && times[1] >= fewestYields && times[2] == 1,
+             qPrintable(u"%1 %2 %3"_s.arg(times[0]).arg(times[1]).arg(times[2])));
+}
+
+QTEST_MAIN(tst_EveryYield)
+#include "tst_EveryYield.moc"
