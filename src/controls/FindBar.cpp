@@ -92,7 +92,8 @@ void FindBar::placeBelowTable()
         // The table makes room for a column of the table and the bar.
         auto *both = new QWidget(view->parentWidget());
         const QWidget *focus = view->window()->focusWidget();
-        layout->replaceWidget(view, both);
+        // The item that held the table alone comes back to us.
+        delete layout->replaceWidget(view, both);
         auto *column = new QVBoxLayout(both);
         column->setContentsMargins(0, 0, 0, 0);
         column->addWidget(view);
