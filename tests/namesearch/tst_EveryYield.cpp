@@ -434,6 +434,9 @@ void tst_EveryYield::searchWith(int nth)
     // An index search ends with its end mark, stopped or not.
     if ((kind == Kind::Index || kind == Kind::NextPage) && told.end == End::Stopped)
         told.end = End::Completed;
+    // A pending window sees the wish to leave before the program ends, and with it the queue.
+    if (told.end == End::AllJobsStopped && endings == 0)
+        QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{otherKey});
     if (told.endsProgram)
         QVERIFY(waitForTheEnding());
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
