@@ -123,7 +123,7 @@ public:
         connect(&turns, &QTimer::timeout, this, &AnsweringSocket::takeStep);
     }
 
-    static void Install(Kind kind, std::function<void()> onRequest)
+    static void Install(Kind kind, const std::function<void()> &onRequest)
     {
         frmWinsock::SetSocketFactory([kind, onRequest](QObject *parent) {
             auto *socket = new AnsweringSocket(parent);
