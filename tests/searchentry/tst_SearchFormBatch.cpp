@@ -8,6 +8,8 @@
 #include <QLineEdit>
 #include <QTest>
 
+#include <algorithm>
+
 namespace {
 const QString noSelection = u"---- NO SELECTION ----"_s;
 } // namespace
@@ -63,6 +65,12 @@ void tst_SearchFormBatch::batchCounties()
     for (int i = 0; i < 10; ++i) {
         QCOMPARE(user->BatchCounty(i)->count(), count);
         QCOMPARE(user->BatchCounty(i)->currentText(), known ? county : noSelection);
+        // Whatever will be chosen in it can be read.
+        int widest = 0;
+        for (int item = 0; item < user->BatchCounty(i)->count(); ++item)
+            widest = std::max(widest, user->BatchCounty(i)->fontMetrics().horizontalAdvance(
+                                          user->BatchCounty(i)->itemText(item)));
+        QTRY_VERIFY(user->BatchCounty(i)->width() > widest);
     }
 }
 
