@@ -1,0 +1,32 @@
+#pragma once
+
+#include "casedetails/CaseTabs.h"
+#include "controls/GridTable.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+/// What the Summary reply of a District or Municipal case does to its window. A text that is not
+/// set is left as it is.
+struct DiscisSummaryView
+{
+    std::optional<QString> Name;      ///< lblName, non-civil
+    std::optional<QString> Sex;       ///< lblSex, non-civil
+    std::optional<QString> CaseTitle; ///< civil
+    std::optional<QString> Cause;     ///< civil
+    std::optional<QString> SuitAmt;   ///< civil
+    std::optional<QString> CaseNo;
+    std::optional<QString> CourtName;
+    std::optional<QString> CourtType; ///< non-civil
+    std::optional<QString> DateFiled;
+    std::optional<QString> Note;     ///< lblNote
+    std::optional<QString> SumNote2; ///< lblSumNote2, non-civil
+    std::optional<QString> CaptionSuffix;
+    std::optional<QString> Status; ///< lblStatus, when the reply ends the run
+    GridTable Grid;
+};
+
+/// Reads the reply. Throws error 9 when a header line has too few fields.
+DiscisSummaryView ReadDiscisSummary(CaseKind kind, const QStringList &lines);

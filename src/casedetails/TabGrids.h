@@ -1,0 +1,31 @@
+#pragma once
+
+#include "casedetails/CaseTabs.h"
+#include "controls/GridTable.h"
+
+#include <QString>
+#include <QStringList>
+
+// From the reply of a tab to its grid: one reader for all tabs but Summary and Documents.
+
+/// What a tab shows for its reply.
+struct TabView
+{
+    GridTable Grid;
+    /// District and Municipal Courts: the notes ahead of the table, at most two.
+    QStringList Notes;
+    QStringList LogLines; ///< in order, complete
+};
+
+/// `state` is lblState; `request` goes into the log lines.
+TabView ShowTabResponse(CaseKind kind, const QString &state, CaseTab tab, const QStringList &lines,
+                        bool incomplete, const QString &request);
+
+/// What a line of a tab's reply is.
+enum class TabLine {
+    EndOfReply,
+    Error, ///< not stored; its text is the reason why the tab is incomplete
+    Progress,
+    Data
+};
+TabLine ClassifyTabLine(CaseTab tab, const QString &line);

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+/// A column of a grid.
+struct GridColumn
+{
+    QString Header;
+    double Percent = 1; ///< its width, in hundredths of the grid's
+
+    bool operator==(const GridColumn &) const = default;
+};
+
+/// What a grid shows. A row may have fewer cells than there are columns: the others are empty.
+struct GridTable
+{
+    QList<GridColumn> Columns;
+    QList<QStringList> Rows; ///< without the headers
+    /// The headers are the grid's row 0. Without them row 0 is the first of Rows.
+    bool HasHeader = true;
+
+    bool operator==(const GridTable &) const = default;
+};
