@@ -10,6 +10,7 @@
 #include "jobs/frmQueue.h"
 #include "link/frmWinsock.h"
 #include "prefs/frmAbout.h"
+#include "prefs/frmCaseDetailsHelp.h"
 #include "prefs/frmInfo.h"
 #include "prefs/frmNameSearchResultsHelp.h"
 #include "prefs/frmSearchHelp.h"
@@ -67,6 +68,8 @@ void wireSession()
     });
     QObject::connect(session, &SessionEvents::ResultsHelpWanted, session,
                      &frmNameSearchResultsHelp::ShowForm);
+    QObject::connect(session, &SessionEvents::CaseHelpWanted, session,
+                     &frmCaseDetailsHelp::ShowForm);
     QObject::connect(session, &SessionEvents::AboutWanted, session,
                      [] { frmAbout(frmMain::Form()).exec(); });
 }

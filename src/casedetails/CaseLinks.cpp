@@ -67,7 +67,8 @@ void frmCaseDetails::GridJudgment_DblClick(int row)
 
 void frmCaseDetails::openListedCase(int row)
 {
-    const QString line = List1.value(row - 1);
+    // A line holds the command and the number of its row, each closed by "^".
+    const QStringList fields = List1.value(row - 1).split(u'^');
     NewWindow form(new frmCaseDetails);
     form->SetCourtName(lblCourtName());
     form->lblState = lblState;
@@ -77,7 +78,8 @@ void frmCaseDetails::openListedCase(int row)
     form->chkBK = true;
     form->SetCaseTitle(u"Bankruptcy"_s);
     form->ClientAcctgCode = ClientAcctgCode;
-    const QString request = TrimBlanks(QString(line.split(u'^').value(1)).remove(retrieveCommand));
+    QString command = fields.filter(retrieveCommand).value(0);
+    const QString request = TrimBlanks(command.remove(retrieveCommand));
     form->tboxCaseNumberQueue = request;
     form->lboxTabReqQueue.Clear();
     form->lboxTabReqQueue.AddItem(request);

@@ -1,42 +1,102 @@
+// The life of a case window: its load, its tabs, the ways in which it stops and closes.
+
 #include "casedetails/CaseWindow.h"
 
+#include "casedetails/OnDemandPanel.h"
+#include "casedetails/TabGrids.h"
+#include "casedetails/frmOnDemand.h"
+#include "controls/FlexGrid.h"
+#include "controls/JobVoice.h"
+#include "controls/MsgBox.h"
 #include "controls/StatusColour.h"
+#include "controls/TabStrip.h"
+#include "core/CSetting.h"
+#include "core/GlobalState.h"
 #include "core/Log.h"
 #include "jobs/TurnTaking.h"
+#include "session/SessionEvents.h"
 
 #include <QFontInfo>
 #include <QLabel>
 #include <QPushButton>
+#include <QStackedWidget>
 
 #include <algorithm>
-#include <array>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 constexpr JobPace casePace{2000, 500, 900, 700};
+constexpr int searchOnDemandInterval = 900;
+constexpr int flashInterval = 500;
 constexpr double headerScale = 1.2;
 
 constexpr std::array<QStringView, 4> bankruptcyStates{u"WAWBK", u"WAEBK", u"IDBK", u"ORBK"};
 
-bool isBankruptcy(const QString &state)
+/// Behind a list of several cases, "&" is written twice where a label would take it for a mnemonic.
+QString withoutDoubledAmpersands(QString text)
 {
-    return std::find(bankruptcyStates.begin(), bankruptcyStates.end(), state)
-           != bankruptcyStates.end();
+    return text.replace(u"&&"_s, u"&"_s);
 }
 } // namespace
 
-CaseWindow::CaseWindow(QWidget *parent) : JobWindow(casePace, parent) {}
-
-void CaseWindow::load(QPushButton *cmdStopSearching, QPushButton *cmdCloseDetails)
+CaseWindow::CaseWindow(CaseKind windowKind, QWidget *parent)
+    : JobWindow(casePace, parent), TmrSearchOnDemand(new QTimer(this)), TmrFlash(new QTimer(this)),
+      kind(windowKind)
 {
-    SetStatusStyle(lblStatus, StatusColour::Normal, true);
+    TmrSearchOnDemand->setObjectName(u"TmrSearchOnDemand"_s);
+    TmrSearchOnDemand->setInterval(searchOnDemandInterval);
+    TmrFlash->setObjectName(u"TmrFlash"_s);
+    TmrFlash->setInterval(flashInterval);
+    connect(TmrSearchOnDemand, &QTimer::timeout, this, &CaseWindow::TmrSearchOnDemand_Tick);
+    connect(TmrFlash, &QTimer::timeout, this, &CaseWindow::TmrFlash_Tick);
+    Global.bOnDemandPrompt = true;
+    Global.bOnDemandRetry = true;
+}
+
+CaseWindow::~CaseWindow() = default;
+
+void CaseWindow::UseTab(CaseTab tab, QWidget *frame, FlexGrid *grid)
+{
+    TabOf(tab).Frame = frame;
+    TabOf(tab).Grid = grid;
+}
+
+void CaseWindow::load(QPushButton *cmdStopSearching, QPushButton *cmdCloseDetails,
+                      QPushButton *help)
+{
+    SetStatusText(u"Pending .."_s);
     QFont large = header->font();
     large.setBold(true);
     large.setPointSizeF(QFontInfo(large).pointSizeF() * headerScale);
     header->setFont(large);
+    // Nothing around a warning that comes and goes may jump.
+    QSizePolicy keepsPlace = lblWarning->sizePolicy();
+    keepsPlace.setRetainSizeWhenHidden(true);
+    lblWarning->setSizePolicy(keepsPlace);
+    voice = new JobVoice(this, lblStatus, TabOf(CaseTab::Summary).Grid);
     connect(cmdCloseDetails, &QPushButton::clicked, this, [this] { Unload(UnloadMode::Code); });
+    connect(printButton, &QPushButton::clicked, this, &CaseWindow::printDetails);
+    connect(help, &QPushButton::clicked, &SessionEvents::Of(), &SessionEvents::CaseHelpWanted);
+    connect(tabStrip, &TabStrip::TabClicked, this, &CaseWindow::ActivateTab);
+    connectPanel();
+    SetTabs({CaseTabRowOf(CaseTab::Summary).caption.toString()});
+    showFrame(CaseTab::Summary);
     StartJob(lblStatus, cmdStopSearching);
+}
+
+void CaseWindow::connectPanel()
+{
+    panel->HideBoxes();
+    for (int i = 0; i < caseTabCount; ++i) {
+        const auto tab = static_cast<CaseTab>(i);
+        if (!Tab(tab).Frame)
+            continue;
+        const CaseTabRow &row = CaseTabRowOf(tab);
+        panel->UseBox(row.check, tab == CaseTab::Documents ? u"Documents Available"_s
+                                                           : row.caption.toString());
+    }
+    connect(panel, &OnDemandPanel::SearchNow, this, &CaseWindow::cmdSearchNow_Click);
 }
 
 void CaseWindow::SetCaseDetailsHdr(const QString &text)
@@ -61,12 +121,13 @@ QString CaseWindow::lblCourtName() const
 
 void CaseWindow::SetCaseTitle(const QString &text)
 {
-    caseTitle->setText(text);
+    if (caseTitle)
+        caseTitle->setText(withoutDoubledAmpersands(text));
 }
 
 QString CaseWindow::lblCaseTitle() const
 {
-    return caseTitle->text();
+    return caseTitle ? caseTitle->text() : QString();
 }
 
 void CaseWindow::SetDateFiled(const QString &text)
@@ -79,11 +140,183 @@ QString CaseWindow::lblDateFiled() const
     return dateFiled->text();
 }
 
+bool CaseWindow::IsBankruptcy() const
+{
+    return std::find(bankruptcyStates.begin(), bankruptcyStates.end(), lblState)
+           != bankruptcyStates.end();
+}
+
+void CaseWindow::SetStatusText(const QString &text, bool trouble)
+{
+    SetStatusStyle(lblStatus, trouble ? StatusColour::Trouble : StatusColour::Normal, true);
+    lblStatus->setText(text);
+    if (voice)
+        voice->SayState();
+}
+
+void CaseWindow::SetWarning(const QString &text, bool trouble)
+{
+    SetStatusStyle(lblWarning, trouble ? StatusColour::Trouble : StatusColour::Normal, true);
+    lblWarning->setText(text);
+    lblWarning->setVisible(!text.isEmpty());
+}
+
+void CaseWindow::ShowGrid(CaseTab tab, const GridTable &table)
+{
+    if (Tab(tab).Grid)
+        Tab(tab).Grid->Show(table);
+}
+
+void CaseWindow::ShowTab(CaseTab tab, bool incomplete, const QString &request)
+{
+    const QStringList &lines = lboxResponses.Lines();
+    const TabView view = tab == CaseTab::Documents
+                             ? ShowDocumentsResponse(lines, incomplete, request)
+                             : ShowTabResponse(kind, lblState, tab, lines, incomplete, request);
+    for (const QString &line : view.LogLines)
+        WriteAppInfo(line);
+    ShowNotes(tab, view.Notes);
+    ShowGrid(tab, view.Grid);
+}
+
+void CaseWindow::ShowNotes(CaseTab, const QStringList &) {}
+
+void CaseWindow::SetTabs(const QStringList &captions)
+{
+    tabCaptions = captions;
+    tabStrip->SetCaptions(captions);
+}
+
+void CaseWindow::RemoveAllTabsButFirst()
+{
+    SetTabs(tabCaptions.first(std::min<qsizetype>(1, tabCaptions.size())));
+}
+
+bool CaseWindow::TabExists(const QString &word) const
+{
+    const QStringList captions = tabStrip->Captions();
+    return std::any_of(captions.begin(), captions.end(), [&](const QString &caption) {
+        return caption.compare(word, Qt::CaseInsensitive) == 0;
+    });
+}
+
+bool CaseWindow::TabExists(CaseTab tab) const
+{
+    return TabExists(CaseTabRowOf(tab).caption.toString());
+}
+
+bool CaseWindow::IsTabCaption(const QString &word) const
+{
+    return tabCaptions.contains(word);
+}
+
+bool CaseWindow::AnyTabIncomplete() const
+{
+    for (int i = 0; i < caseTabCount; ++i) {
+        const auto tab = static_cast<CaseTab>(i);
+        if (Tab(tab).TabIncomplete && TabExists(tab))
+            return true;
+    }
+    return false;
+}
+
+/// Asks whether an incomplete tab shall be retrieved again. False when the window went meanwhile.
+bool CaseWindow::askOnDemand(CaseTabState &state)
+{
+    if (!state.TabIncomplete || !Global.bOnDemandPrompt || frmOnDemand::IsLoaded())
+        return true;
+    frmOnDemand::ShowModal(this);
+    state.TabNotRetrieved = Global.bOnDemandRetry;
+    return !IsUnloaded();
+}
+
+void CaseWindow::ActivateTab(const QString &caption)
+{
+    const RunScope scope(this);
+    const std::optional<CaseTab> tab = CaseTabOf(caption);
+    if (!tab || !Tab(*tab).Frame)
+        return;
+    if (!askOnDemand(TabOf(*tab)))
+        return;
+    showFrame(*tab);
+    if (Tab(*tab).TabIncomplete)
+        SetWarning(CaseTabRowOf(*tab).review.toString());
+    tabStrip->SelectCaption(CaseTabRowOf(*tab).caption.toString());
+}
+
+void CaseWindow::showFrame(CaseTab tab)
+{
+    QWidget *frame = Tab(tab).Frame;
+    if (Tab(tab).TabNotRetrieved) {
+        frame = panel;
+        setOnDemandPanel();
+    }
+    // What is out of sight takes no part: neither the keyboard nor a screen reader finds it.
+    for (int i = 0; i < frameTabs->count(); ++i)
+        frameTabs->widget(i)->setEnabled(frameTabs->widget(i) == frame);
+    frameTabs->setCurrentWidget(frame);
+}
+
+CaseOfRequest CaseWindow::requestFields() const
+{
+    return {.Kind = kind,
+            .State = lblState,
+            .CaseNumber = txtCaseNumber,
+            .CountyName = txtCountyName,
+            .OrCourtType = lblOrCourtType,
+            .CaseType = txtCaseType,
+            .CourtCode = txtCourtCode};
+}
+
+QList<CaseTab> CaseWindow::requestOrder() const
+{
+    if (kind == CaseKind::State)
+        return RequestOrder(lblState);
+    QList<CaseTab> order;
+    for (const QString &caption : DiscisTabs(kind)) {
+        if (const std::optional<CaseTab> tab = CaseTabOf(caption); tab && tab != CaseTab::Summary)
+            order.append(*tab);
+    }
+    return order;
+}
+
+void CaseWindow::BuildTabRequests()
+{
+    lboxTabReqQueue.Clear();
+    CSetting settings;
+    settings.Init(u"options.ini"_s);
+    const CaseOfRequest fields = requestFields();
+    lboxTabReqQueue.AddItem(CaseTabRequest(fields, CaseTab::Summary));
+    const QString section = CaseTabsSection(kind, lblState);
+    for (const CaseTab tab : requestOrder()) {
+        if (!TabExists(tab))
+            continue;
+        CaseTabState &state = TabOf(tab);
+        state.TabRequest = CaseTabRequest(fields, tab);
+        const QString key = CaseTabRowOf(tab).caption.toString();
+        state.TabNotRetrieved = settings.GetSettingStr(section, key, u"0"_s) != u"1";
+        if (!state.TabNotRetrieved)
+            lboxTabReqQueue.AddItem(state.TabRequest);
+    }
+}
+
 void CaseWindow::BeginTick()
 {
     setWindowTitle(u"Case Details ("_s + txtCaseNumber + u')');
-    if (isBankruptcy(lblState))
+    if (IsBankruptcy()) {
+        RequestsBuilt = true;
         chkBK = true;
+        RemoveAllTabsButFirst();
+        return;
+    }
+    if (TabsPending) {
+        SetTabs(TabsOfCase());
+        TabsPending = false;
+    }
+    if (!RequestsBuilt) {
+        BuildTabRequests();
+        RequestsBuilt = true;
+    }
 }
 
 QString CaseWindow::WorkingText() const
@@ -91,17 +324,9 @@ QString CaseWindow::WorkingText() const
     return u"Searching .."_s;
 }
 
-void CaseWindow::ProcessSearchRequests()
-{
-    EndJob();
-    lblStatus->setText(u"Case details come with a later version."_s);
-    WriteAppInfo(u"Case details were not asked for: they come with a later version."_s);
-    ReleaseTurn();
-}
-
 QString CaseWindow::StopRequest() const
 {
-    return isBankruptcy(lblState) ? u"BKRPT~STOP~"_s : u"\u00A6STOP"_s;
+    return IsBankruptcy() ? u"BKRPT~STOP~"_s : u"\u00A6STOP"_s;
 }
 
 void CaseWindow::StopPressed()
@@ -111,21 +336,37 @@ void CaseWindow::StopPressed()
     StopBlinking();
 }
 
+/// Every tab of the strip that has neither been left out nor come offers to be fetched.
+void CaseWindow::leaveUnretrieved()
+{
+    for (int i = 0; i < caseTabCount; ++i) {
+        CaseTabState &state = tabs.at(static_cast<size_t>(i));
+        if (!state.TabNotRetrieved && !state.TabDone && TabExists(static_cast<CaseTab>(i)))
+            state.TabNotRetrieved = true;
+    }
+}
+
 void CaseWindow::ShowStopped(StopCase stopCase)
 {
     SearchStopped = true;
     ShowStoppedStatus();
-    if (stopCase != StopCase::AllJobs)
-        return;
-    WriteAppInfo(u"INCOMPLETE EXIT - from Timer1 - Case Details."_s);
-    SetStatusStyle(lblWarning, StatusColour::Trouble, true);
-    lblWarning->setText(u"Search Stopped .."_s);
+    TmrSearchOnDemand->stop();
+    if (stopCase == StopCase::AllJobs) {
+        WriteAppInfo(onDemand ? u"INCOMPLETE EXIT - from OnDemandTimer1 - Case Details."_s
+                              : u"INCOMPLETE EXIT - from Timer1 - Case Details."_s);
+        SetWarning(u"Search Stopped .."_s);
+        leaveUnretrieved();
+    }
+    // What was stopped before it began can be chosen again.
+    if (onDemand && stopCase != StopCase::Active)
+        restoreOnDemandButtons();
+    voice->SayState();
 }
 
 bool CaseWindow::QueryUnload(UnloadMode mode)
 {
     // A window that never came on the screen has nothing that the user could lose.
-    return !wasShown
+    return closesUnasked || !wasShown
            || MayClose(mode, u"Are you sure you want to close this form?\r\nAny data that has not "
                              "been printed or saved will be lost!"_s);
 }
@@ -133,6 +374,8 @@ bool CaseWindow::QueryUnload(UnloadMode mode)
 void CaseWindow::Unloading()
 {
     JobWindow::Unloading();
+    TmrSearchOnDemand->stop();
+    TmrFlash->stop();
     WithdrawKey(txtMasterKey);
 }
 
@@ -140,4 +383,19 @@ void CaseWindow::showEvent(QShowEvent *event)
 {
     wasShown = true;
     JobWindow::showEvent(event);
+}
+
+void CaseWindow::printDetails()
+{
+    MsgBox(this, u"Printing of case details comes with a later version."_s);
+}
+
+/// The count is compared with a limit that is never set, so the window does not flash: somebody who
+/// works in another window is told by a notice of the desktop instead.
+void CaseWindow::TmrFlash_Tick()
+{
+    constexpr qint16 flashLimit = 0;
+    ++flashTicks;
+    if (flashTicks >= flashLimit)
+        TmrFlash->stop();
 }

@@ -2,6 +2,11 @@
 
 #include "casedetails/CaseWindow.h"
 
+#include <array>
+#include <utility>
+
+struct DiscisSummaryView;
+
 /// What the two case windows of the District and Municipal Courts have in common, besides what all
 /// case windows have.
 class DiscisCaseWindow : public CaseWindow
@@ -14,7 +19,7 @@ public:
     QString lblCaseNo() const;
 
 protected:
-    explicit DiscisCaseWindow(QWidget *parent);
+    DiscisCaseWindow(CaseKind windowKind, QWidget *parent);
 
     /// UseControls, with the controls that only these windows have.
     template<class Controls>
@@ -24,8 +29,20 @@ protected:
         caseNo = ui.lblCaseNo;
         UseControls(ui);
     }
+    /// The labels that show the notes of a tab; none is seen before it has something to say.
+    void UseNotes(CaseTab tab, QLabel *first, QLabel *second);
+
+    QStringList TabsOfCase() const override;
+    void ShowNotes(CaseTab tab, const QStringList &notes) override;
+    void ShowSummaryResponse() override;
+    void ShowSummaryFailure(const QString &reason) override;
+    /// The header fields that only one of the two windows has.
+    virtual void ShowOwnFields(const DiscisSummaryView &view) = 0;
+
+    static void SetText(QLabel *label, const std::optional<QString> &text);
 
 private:
     QLabel *caseType = nullptr;
     QLabel *caseNo = nullptr;
+    std::array<std::pair<QLabel *, QLabel *>, caseTabCount> notesOf;
 };

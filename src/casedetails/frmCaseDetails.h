@@ -8,6 +8,8 @@ namespace Ui {
 class frmCaseDetails;
 }
 
+struct SummaryView;
+
 /// One case of the Washington Superior Courts, the courts of Oregon and Idaho, or a Federal
 /// Bankruptcy Court.
 class frmCaseDetails : public CaseWindow
@@ -20,6 +22,27 @@ public:
     void SetTopFrameCaseType(const QString &text);
     QString lblTopFrameCaseType() const;
 
+    /// Opens an associated case of the same county, by its number, in a window of its own. False,
+    /// and a line in the log, when that fails.
+    bool DoCaseNumberSearchAss(const QString &number);
+    /// The same for a case of the list of judgments.
+    bool DoCaseNumberSearchJudgment(const QString &number);
+
+    /// Of several bankruptcy cases: the retrieval command of each row, in order.
+    QStringList List1;
+
+protected:
+    QStringList TabsOfCase() const override;
+    void ShowSummaryResponse() override;
+    void ShowSummaryFailure(const QString &reason) override;
+    void ShowTab(CaseTab tab, bool incomplete, const QString &request) override;
+
 private:
+    void applySummary(const SummaryView &view);
+    void GridSummary_DblClick(int row);
+    void GridJudgment_DblClick(int row);
+    void openListedCase(int row);
+    bool openCaseOfCounty(const QString &number, const QString &procedure);
+
     const std::unique_ptr<Ui::frmCaseDetails> ui;
 };

@@ -16,6 +16,9 @@ public:
     explicit frmCivilCaseDetails(QWidget *parent = nullptr);
     ~frmCivilCaseDetails() override;
 
+protected:
+    void ShowOwnFields(const DiscisSummaryView &view) override;
+
 private:
     const std::unique_ptr<Ui::frmCivilCaseDetails> ui;
 };

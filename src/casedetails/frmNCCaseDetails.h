@@ -17,6 +17,9 @@ public:
     explicit frmNCCaseDetails(QWidget *parent = nullptr);
     ~frmNCCaseDetails() override;
 
+protected:
+    void ShowOwnFields(const DiscisSummaryView &view) override;
+
 private:
     const std::unique_ptr<Ui::frmNCCaseDetails> ui;
 };

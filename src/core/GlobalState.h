@@ -45,6 +45,11 @@ struct GlobalState
     Boolean bGettingParams;     ///< parameter update phase
     Boolean bGettingMessages;   ///< broadcast message phase
 
+    // Case windows
+    Boolean ArbitrationChosen; ///< the last answer of frmArbPrompt
+    Boolean bOnDemandPrompt;   ///< an incomplete tab asks whether it shall be retrieved again
+    Boolean bOnDemandRetry;    ///< the last answer to that
+
     // The search being entered
     QString strSearchState;       ///< "WA", "OR", "ID" or "FED"
     QString strCurrentCourt;      ///< "WASUP", "WADISCIS", "OR", "IDSUP" or "FED"

@@ -39,13 +39,13 @@ void JobWindow::StartJob(QLabel *lblStatus, QPushButton *cmdStopSearching)
     tmrBlink->start();
 }
 
-void JobWindow::RestartJob()
+void JobWindow::RestartJob(QTimer *timer)
 {
     EnqueueKey(txtMasterKey);
     stopButton->setEnabled(true);
     over = false;
     blinking = true;
-    Timer1->start();
+    timer->start();
     tmrBlink->start();
 }
 
@@ -54,13 +54,24 @@ void JobWindow::Timer1_Tick()
     const RunScope scope(this);
     Timer1->stop();
     BeginTick();
+    AskTurn({.Timer = Timer1,
+             .WorkingBlink = pace.workingBlink,
+             .Run = [this] { ProcessSearchRequests(); },
+             .Stopped =
+                 [this] {
+                     ShowStopped(StopCase::AllJobs);
+                     WithdrawKey(txtMasterKey);
+                 }});
+}
+
+void JobWindow::AskTurn(const TurnRequest &request)
+{
     switch (AskForTurn(txtMasterKey)) {
     case Turn::Stopped:
-        ShowStopped(StopCase::AllJobs);
-        WithdrawKey(txtMasterKey);
+        request.Stopped();
         return;
     case Turn::Taken:
-        Timer1->start();
+        request.Timer->start();
         tmrBlink->setInterval(pace.takenBlink);
         return;
     case Turn::Mine: {
@@ -71,14 +82,14 @@ void JobWindow::Timer1_Tick()
             HasTurn = false;
         });
         statusLabel->setText(WorkingText());
-        tmrBlink->setInterval(pace.workingBlink);
+        tmrBlink->setInterval(request.WorkingBlink);
         if (blinking)
             tmrBlink->start();
-        ProcessSearchRequests();
+        request.Run();
         return;
     }
     case Turn::NotYet:
-        Timer1->start();
+        request.Timer->start();
         return;
     }
 }

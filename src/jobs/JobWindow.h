@@ -5,6 +5,8 @@
 #include <QString>
 #include <QTimer>
 
+#include <functional>
+
 class QLabel;
 class QPushButton;
 
@@ -77,7 +79,20 @@ protected:
     /// The job is over: no more stopping, no more blinking.
     void EndJob();
     /// Puts the window back into the queue, with the key it has.
-    void RestartJob();
+    void RestartJob() { RestartJob(Timer1); }
+    /// The same, for a job whose turn another timer asks for.
+    void RestartJob(QTimer *timer);
+
+    /// A job that asks for its turn.
+    struct TurnRequest
+    {
+        QTimer *Timer;    ///< asks again
+        int WorkingBlink; ///< tmrBlink during the run, in milliseconds
+        std::function<void()> Run;
+        std::function<void()> Stopped; ///< every job was asked to stop
+    };
+    /// Asks once, and does what the answer says.
+    void AskTurn(const TurnRequest &request);
     /// The rule for closing, for a window that asks this question.
     bool MayClose(UnloadMode mode, const QString &question);
 

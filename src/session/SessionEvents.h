@@ -25,4 +25,6 @@ Q_SIGNALS:
     void AboutWanted();
     /// Help on a window of results.
     void ResultsHelpWanted();
+    /// Help on a window of a case.
+    void CaseHelpWanted();
 };
