@@ -11,7 +11,7 @@ struct CaseOfRequest
 {
     CaseKind Kind = CaseKind::State;
     QString State;       ///< "WA", "OR" or "ID"
-    QString CaseNumber;  ///< txtCaseNumber, as it stands
+    QString CaseNumber;  ///< txtCaseNumber, with its marks
     QString CountyName;  ///< txtCountyName
     QString OrCourtType; ///< lblOrCourtType
     QString CaseType;    ///< txtCaseType: "CV" or "IN", District and Municipal Courts

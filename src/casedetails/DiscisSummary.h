@@ -22,7 +22,7 @@ struct DiscisSummaryView
     std::optional<QString> CourtType; ///< non-civil
     std::optional<QString> DateFiled;
     std::optional<QString> Note;     ///< lblNote
-    std::optional<QString> SumNote2; ///< lblSumNote2, non-civil
+    std::optional<QString> SumNote2; ///< lblSumNote2, non-civil: emptied by a case that has come
     std::optional<QString> CaptionSuffix;
     std::optional<QString> Status; ///< lblStatus, when the reply ends the run
     GridTable Grid;

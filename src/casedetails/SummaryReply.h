@@ -38,7 +38,8 @@ struct SummaryView
 {
     std::optional<QString> CourtName;
     std::optional<QString> TopFrameCaseType;
-    std::optional<QString> CaseTitle;
+    std::optional<QString>
+        CaseTitle; ///< Superior Courts: with each "&" doubled, as a label takes it
     std::optional<QString> DateFiled;
     std::optional<QString> Caption;       ///< of the window
     std::optional<QString> CaptionSuffix; ///< added to the caption
@@ -46,7 +47,7 @@ struct SummaryView
     std::optional<GridTable> Grid;
     std::optional<QStringList> Tabs; ///< the strip is cut to, or made of, these
     QStringList TabRequests;         ///< bankruptcy: lines for lboxTabReqQueue
-    QStringList List1;               ///< bankruptcy: the retrieval command of each listed case
+    QStringList List1;               ///< bankruptcy: each listed case's command^grid row^
     bool ActivateSummary = false;
     bool Multiple = false;   ///< several bankruptcy cases are on the screen
     bool NotLocated = false; ///< the search is over: nothing came at all
@@ -63,5 +64,5 @@ struct SummaryContext
 };
 
 /// Reads a whole reply of the Superior, Oregon, Idaho or bankruptcy courts. Throws error 9 when a
-/// header line has too few fields.
+/// header line has too few fields, unless the reply is too short for a case: then the grid says so.
 SummaryView ReadSummary(const SummaryContext &context, const QStringList &lines);
