@@ -161,8 +161,7 @@ void CaseTest::ClickTab(CaseWindow *window, const QString &caption)
     auto *strip = window->findChild<TabStrip *>(u"TabStrip1"_s);
     const qsizetype index = strip->Captions().indexOf(caption);
     QVERIFY2(index >= 0, qPrintable(caption));
-    QTest::mouseClick(strip, Qt::LeftButton, {},
-                      strip->tabRect(static_cast<int>(index)).center());
+    QTest::mouseClick(strip, Qt::LeftButton, {}, strip->tabRect(static_cast<int>(index)).center());
 }
 
 QString SuperiorLine(const QString &word, const QString &number)

@@ -16,7 +16,7 @@ private Q_SLOTS:
 
 void tst_CaseRun::aCriminalCaseTabByTab()
 {
-    const QStringList all{u"Names"_s,    u"Docket"_s,   u"Judgments"_s, u"Charges"_s,
+    const QStringList all{u"Names"_s,    u"Docket"_s,     u"Judgments"_s, u"Charges"_s,
                           u"Sentence"_s, u"Accounting"_s, u"Schedule"_s,  u"Documents"_s};
     FetchAtOnce(u"CaseSearchTabs"_s, all);
     court->Expect(SuperiorLine(u"SUMMARY"_s)).Reply(SuperiorSummary() + QStringList{u"EOF~"_s});
