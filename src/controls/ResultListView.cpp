@@ -1,10 +1,10 @@
 #include "controls/ResultListView.h"
 
 #include "controls/ColumnWidths.h"
+#include "controls/TableLook.h"
 #include "controls/TableTools.h"
 #include "controls/Twips.h"
 
-#include <QFontInfo>
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -16,14 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 constexpr int rowPaddingPixels = 6;
-constexpr double smallFontScale = 0.9;
 constexpr int leastSeenTwips = 100;
-
-QFont smaller(QFont font)
-{
-    font.setPointSizeF(QFontInfo(font).pointSizeF() * smallFontScale);
-    return font;
-}
 
 /// Shows a cell's whole text when the cell is too narrow for it: as plain text, whatever the server
 /// put there.
@@ -47,23 +40,11 @@ ResultListView::ResultListView(QWidget *parent) : QTableView(parent), list(this)
 {
     setModel(&list);
     setItemDelegate(new PlainCellDelegate(this));
-    setSelectionBehavior(SelectRows);
-    setSelectionMode(ExtendedSelection);
-    setEditTriggers(NoEditTriggers);
-    setShowGrid(false);
-    setAlternatingRowColors(true);
+    SetTableLook(this);
     setWordWrap(false);
-    setTabKeyNavigation(false);
     setTextElideMode(Qt::ElideRight);
-    setHorizontalScrollMode(ScrollPerPixel);
-    verticalHeader()->hide();
-    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + rowPaddingPixels);
-    horizontalHeader()->setHighlightSections(false);
-    // A little smaller, so that a title and the sort arrow share a column of its width.
-    horizontalHeader()->setFont(smaller(font()));
     horizontalHeader()->setStretchLastSection(true);
-    horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     horizontalHeader()->setMinimumSectionSize(PixelsFromTwips(30));
     tools = new TableTools(this);
     connectHeader();
@@ -111,7 +92,7 @@ void ResultListView::SetColumnTwips(int column, int twips)
 
 void ResultListView::UseSmallText()
 {
-    setFont(smaller(font()));
+    setFont(SmallerFont(font()));
 }
 
 void ResultListView::ShowHeaderIcon(int column, Qt::SortOrder order, bool show)
