@@ -38,7 +38,7 @@ ShortRandom DrawingFor(const CaseFile &file, quint64 salt)
 
 bool IsOver(const CaseFile &file, QDate today)
 {
-    return file.filed.daysTo(today) > openFor;
+    return !file.stillOpen && file.filed.daysTo(today) > openFor;
 }
 
 QString BareNumber(QStringView number)

@@ -21,6 +21,7 @@ enum class Nature : quint8 {
     Probate,
     Judgment,
     Bankruptcy,
+    SmallClaims,
     Arbitration, ///< the part of a civil case that went before an arbitrator
 };
 
@@ -48,6 +49,7 @@ struct CaseFile
     bool archived = false;
     /// Whether somebody was given something, when a list has said so.
     std::optional<bool> judgment;
+    bool stillOpen = false; ///< a list has said that it is not over, however old it is
     std::vector<CaseParty> parties;
     quint64 seed = 0;
 };

@@ -62,6 +62,7 @@ constexpr std::array hearingTimes{u"08:30 AM", u"09:00 AM", u"10:15 AM", u"01:30
 /// What a docket calls the papers with which something is given, or a sentence passed.
 constexpr std::array<QStringView, 5> decidingCodes{u"JD", u"FJS", u"DCD", u"ORD", u"ABJ"};
 constexpr std::array<QStringView, 3> sentencingCodes{u"FJS", u"ORD", u"FNDCM"};
+constexpr std::array<QStringView, 4> disposingCodes{u"FJS", u"ORD", u"PAID", u"CLO"};
 /// What happens in a room and leaves no paper behind.
 constexpr std::array<QStringView, 13> hearingCodes{
     u"MTHRG",  u"ARRAIGN", u"OMNHRG", u"STAHRG", u"SNTHRG", u"PTHRG",  u"DSPHRG",
@@ -163,7 +164,8 @@ std::vector<ChargeRecord> ChargesOf(const CaseFile &file, QDate today)
         return charges;
     ShortRandom random = DrawingFor(file, ChargeSalt);
     const std::vector<DocketEntry> docket = DocketOf(file, today);
-    const bool decided = findEntry(docket, sentencingCodes) != nullptr;
+    const bool decided = findEntry(docket, disposingCodes) != nullptr
+                         || findEntry(docket, sentencingCodes) != nullptr;
     const int counts =
         file.nature == Nature::Infraction ? random.Between(1, 2) : random.Between(1, 4);
     for (int count = 1; count <= counts; ++count) {
@@ -172,7 +174,7 @@ std::vector<ChargeRecord> ChargesOf(const CaseFile &file, QDate today)
         charge.law = text(random.OneOf(lawsOf(file)));
         charge.text = text(random.OneOf(offensesOf(file)));
         // What the list says is what the first count says.
-        if (count == 1 && !file.cause.isEmpty())
+        if (count == 1 && !file.cause.isEmpty() && !file.cause.startsWith(u"Offense"))
             charge.text = file.cause;
         charge.date = file.filed.addDays(-random.Between(1, 60));
         const bool infraction = file.nature == Nature::Infraction;
@@ -264,10 +266,12 @@ std::vector<JudgmentRecord> JudgmentsOf(const CaseFile &file, QDate today)
         return {};
     ShortRandom random = DrawingFor(file, JudgmentSalt);
     const auto [creditor, debtor] = sidesOf(file);
+    const bool small = file.nature == Nature::SmallClaims;
     const bool paid = findEntry(docket, std::array<QStringView, 2>{u"SATIS", u"CTDSC"}) != nullptr;
     std::vector<JudgmentRecord> records;
     records.push_back({given == nullptr ? docket.back().date : given->date, creditor, debtor,
-                       random.Between(400'00, 48'000'00), paid ? u"Satisfied"_s : u"Unpaid"_s});
+                       random.Between(400'00, small ? 4'000'00 : 48'000'00),
+                       paid ? u"Satisfied"_s : u"Unpaid"_s});
     if (random.Percent(25))
         records.push_back({records.front().date, creditor, debtor, random.Between(50'00, 900'00),
                            u"Costs Awarded"_s});

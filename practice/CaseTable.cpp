@@ -30,7 +30,7 @@ QStringList DefinitionLines(const TabTable &table)
 {
     const QStringList columns = columnFields(table);
     if (table.form == TableForm::GridDef)
-        return {CaseLine(QStringList{u"GRIDDEF"_s} + columns)};
+        return table.notes + QStringList{CaseLine(QStringList{u"GRIDDEF"_s} + columns)};
     QStringList alignment{u"COLALIGNMENT"_s};
     alignment.insert(1, static_cast<qsizetype>(table.columns.size()), u"L"_s);
     return {CaseLine({u"TABNAME"_s, table.name.toString()}),

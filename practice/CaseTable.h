@@ -35,6 +35,7 @@ struct TabTable
     QStringView name;
     CaseColumns columns;
     CaseRows rows;
+    QStringList notes = {}; ///< lines ahead of the definition
 };
 
 /// The lines ahead of the rows.

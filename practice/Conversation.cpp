@@ -1,10 +1,13 @@
 #include "practice/Conversation.h"
 
 #include "practice/BankruptcySearch.h"
+#include "practice/BankruptcyTabs.h"
 #include "practice/DistrictSearch.h"
+#include "practice/DistrictTabs.h"
 #include "practice/IndexSearch.h"
 #include "practice/SearchFields.h"
 #include "practice/StateSearch.h"
+#include "practice/StateTabs.h"
 #include "practice/SuperiorSearch.h"
 #include "practice/SuperiorTabs.h"
 
@@ -180,9 +183,16 @@ Reply Conversation::answerTab(CourtFamily family, const Request &request)
     switch (family) {
     case CourtFamily::Superior:
         return AnswerSuperiorTab(context, *asked);
-    default:
-        return nothing();
+    case CourtFamily::Oregon:
+        return AnswerStateTab(OtherFamily::Oregon, context, *asked);
+    case CourtFamily::Idaho:
+        return AnswerStateTab(OtherFamily::Idaho, context, *asked);
+    case CourtFamily::District:
+        return AnswerDistrictTab(context, *asked);
+    case CourtFamily::Bankruptcy:
+        break;
     }
+    return AnswerBankruptcyTab(context, *asked);
 }
 
 Reply Conversation::answerSuperior(const Request &request)

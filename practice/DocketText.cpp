@@ -86,7 +86,7 @@ constexpr std::array criminalClosing{
     Step{u"VRD", u"Verdict", 1, 6, 25},
     Step{u"PSI", u"Presentence Investigation Report", 10, 30, 40},
     Step{u"SNTHRG", u"Sentencing Hearing", 7, 30, 80},
-    Step{u"FJS", u"Felony Judgment & Sentence", 0, 0, 80},
+    Step{u"FJS", u"Judgment & Sentence", 0, 0, 80},
     Step{u"WRCD", u"Warrant Of Commitment", 0, 1, 50},
     Step{u"NTAPCA", u"Notice Of Appeal To Court Of Appeals", 5, 29, 12},
     Step{u"CTDSC", u"Certificate Of Discharge", 300, 900, 30},
@@ -199,6 +199,21 @@ constexpr std::array bankruptcyClosing{
     Step{u"DSC", u"Discharge Of Debtor", 30, 90, 85},
     Step{u"FDC", u"Final Decree, Case Closed", 5, 40, 80},
 };
+constexpr std::array smallClaimsOpening{
+    Step{u"NTSC", u"Notice Of Small Claim", 0, 0, 100},
+    Step{u"AFSR", u"Affidavit Of Service", 4, 25, 90},
+};
+constexpr std::array smallClaimsMiddle{
+    Step{u"HRCNT", u"Hearing Continued", 10, 30, 100},
+    Step{u"MEDN", u"Referred To Mediation", 5, 20, 100},
+    Step{u"CTRCL", u"Counterclaim", 3, 15, 100},
+};
+constexpr std::array smallClaimsClosing{
+    Step{u"HRHELD", u"Small Claims Hearing Held", 10, 40, 90},
+    Step{u"JD", u"Judgment", 0, 0, 60},
+    Step{u"ORDSM", u"Order Of Dismissal", 1, 10, 80},
+    Step{u"SATIS", u"Full Satisfaction Of Judgment", 30, 200, 40},
+};
 constexpr std::array arbitrationOpening{
     Step{u"NTARB", u"Request For Arbitration", 0, 0, 100},
     Step{u"ORTRF", u"Order Transferring Case To Arbitration", 2, 20, 100},
@@ -215,7 +230,7 @@ constexpr std::array arbitrationClosing{
 };
 
 /// In the order of the natures.
-constexpr std::array<Course, 9> courses{{
+constexpr std::array<Course, 10> courses{{
     {criminalOpening, criminalMiddle, 1, 9, criminalClosing},
     {juvenileOpening, juvenileMiddle, 1, 5, juvenileClosing},
     {infractionOpening, infractionMiddle, 0, 3, infractionClosing},
@@ -224,8 +239,12 @@ constexpr std::array<Course, 9> courses{{
     {probateOpening, probateMiddle, 1, 7, probateClosing},
     {judgmentOpening, judgmentMiddle, 0, 4, judgmentClosing},
     {bankruptcyOpening, bankruptcyMiddle, 1, 6, bankruptcyClosing},
+    {smallClaimsOpening, smallClaimsMiddle, 0, 2, smallClaimsClosing},
     {arbitrationOpening, arbitrationMiddle, 1, 3, arbitrationClosing},
 }};
+
+/// Month and day.
+constexpr std::array holidays{101, 704, 1111, 1225};
 
 constexpr quint64 docketSalt = 0xD0;
 constexpr QStringView judgmentCode = u"JD";
@@ -237,9 +256,12 @@ constexpr QStringView verdictCode = u"VRD";
 constexpr QStringView warrantCode = u"ORWRA";
 constexpr QStringView arrestedCode = u"SHRTWA";
 
-/// The day itself, or the Monday behind it.
+/// The day itself, or the first one behind it on which a court is open.
 QDate workingDay(QDate day)
 {
+    const int code = day.month() * 100 + day.day();
+    if (std::find(holidays.begin(), holidays.end(), code) != holidays.end())
+        day = day.addDays(1);
     return day.dayOfWeek() > Qt::Friday ? day.addDays(8 - day.dayOfWeek()) : day;
 }
 
@@ -324,7 +346,8 @@ std::vector<DocketEntry> DocketOf(const CaseFile &file, QDate today)
     DocketWriter writer(file, today);
     writer.Write(course.opening);
     writer.WriteSome(course.middle, writer.Between(course.leastInMiddle, course.mostInMiddle));
-    writer.Write(course.closing);
+    if (!file.stillOpen)
+        writer.Write(course.closing);
     return std::move(writer.entries);
 }
 

@@ -3,6 +3,7 @@
 #include "practice/CaseRecords.h"
 #include "practice/Counties.h"
 #include "practice/DocketText.h"
+#include "practice/RecordRows.h"
 #include "practice/SearchFields.h"
 #include "practice/SuperiorCases.h"
 
@@ -189,67 +190,11 @@ void saySummary(const TabTask &task, const Found &found, Reply &reply)
         say(u"Associated Case:"_s, number);
 }
 
-CaseRows nameRows(const CaseFile &file)
-{
-    CaseRows rows;
-    for (const PartyRecord &record : PartiesOf(file))
-        rows.push_back({record.name, record.role, record.address, record.attorney});
-    return rows;
-}
-
-CaseRows docketRows(const CaseFile &file, QDate today)
-{
-    CaseRows rows;
-    for (const DocketEntry &entry : DocketOf(file, today))
-        rows.push_back(DocketCells(entry.date, entry.code, entry.text));
-    return rows;
-}
-
-CaseRows accountRows(const CaseFile &file, QDate today)
-{
-    CaseRows rows;
-    for (const AccountRecord &one : AccountsOf(file, today)) {
-        const QString amount =
-            one.amount < 0 ? u'-' + MoneyText(-one.amount) : MoneyText(one.amount);
-        rows.push_back({DateText(one.date), one.receipt, one.text, amount, MoneyText(one.balance)});
-    }
-    return rows;
-}
-
 CaseRows judgmentRows(const TabTask &task, const Found &found)
 {
     const QString other = associatedNumber(task, found);
-    CaseRows rows;
-    for (const JudgmentRecord &one : JudgmentsOf(found.file, task.context.today)) {
-        rows.push_back({DateText(one.date), other.isEmpty() ? found.file.number : other,
-                        one.creditor, one.debtor, MoneyText(one.cents), one.status});
-    }
-    return rows;
-}
-
-CaseRows chargeRows(const CaseFile &file, QDate today)
-{
-    CaseRows rows;
-    for (const ChargeRecord &one : ChargesOf(file, today))
-        rows.push_back({QString::number(one.count), one.law, one.text, DateText(one.date), one.plea,
-                        one.result});
-    return rows;
-}
-
-CaseRows sentenceRows(const CaseFile &file, QDate today)
-{
-    CaseRows rows;
-    for (const SentenceRecord &one : SentenceOf(file, today))
-        rows.push_back({one.item, one.text});
-    return rows;
-}
-
-CaseRows scheduleRows(const CaseFile &file, QDate today)
-{
-    CaseRows rows;
-    for (const HearingRecord &one : HearingsOf(file, today))
-        rows.push_back({DateText(one.date), one.time, one.text, one.room});
-    return rows;
+    return JudgmentRows(found.file, other.isEmpty() ? found.file.number : other,
+                        task.context.today);
 }
 
 CaseRows documentRows(const CaseFile &file, QDate today)
@@ -292,19 +237,19 @@ TabTable tableOf(const TabTask &task, const Found &found)
     constexpr auto grid = TableForm::GridDef;
     switch (task.asked.tab) {
     case CaseTab::Names:
-        return {grid, u"Names", nameColumns, nameRows(file)};
+        return {grid, u"Names", nameColumns, NameRows(file)};
     case CaseTab::Docket:
-        return {grid, u"Docket", docketColumns, docketRows(file, today)};
+        return {grid, u"Docket", docketColumns, DocketRows(file, today)};
     case CaseTab::Accounting:
-        return {grid, u"Accounting", accountColumns, accountRows(file, today)};
+        return {grid, u"Accounting", accountColumns, AccountRows(file, today)};
     case CaseTab::Judgments:
         return {grid, u"Judgments", judgmentColumns, judgmentRows(task, found)};
     case CaseTab::Charges:
-        return {grid, u"Charges", chargeColumns, chargeRows(file, today)};
+        return {grid, u"Charges", chargeColumns, ChargeRows(file, today)};
     case CaseTab::Sentence:
-        return {grid, u"Sentence", sentenceColumns, sentenceRows(file, today)};
+        return {grid, u"Sentence", sentenceColumns, SentenceRows(file, today)};
     case CaseTab::Schedule:
-        return {grid, u"Schedule", scheduleColumns, scheduleRows(file, today)};
+        return {grid, u"Schedule", scheduleColumns, ScheduleRows(file, today)};
     case CaseTab::Documents:
         return {TableForm::Paired, u"Documents",
                 file.county == pierce ? CaseColumns(pierceColumns) : CaseColumns(documentColumns),

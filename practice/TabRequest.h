@@ -1,12 +1,21 @@
 #pragma once
 
+#include "practice/OtherCourts.h"
+
 #include <QString>
 #include <QStringList>
 
 #include <optional>
 
 namespace Practice {
+/// All court families; behind the Superior Courts the others in their order.
 enum class CourtFamily : quint8 { Superior, Oregon, Idaho, District, Bankruptcy };
+
+/// The family of a search.
+constexpr CourtFamily CourtFamilyOf(OtherFamily family)
+{
+    return static_cast<CourtFamily>(static_cast<int>(family) + 1);
+}
 
 enum class CaseTab : quint8 {
     Summary,

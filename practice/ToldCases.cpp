@@ -67,8 +67,10 @@ constexpr std::array<ToldCaseRow, 43> toldCases{{
     {33, wa, judgmentType, ToldCase::DocumentsLine,
      u"Documents for this Judgment are available by searching its associated case~"},
     {34, wa, sealedType, ToldCase::EmptyTabs},
-    {40, district, civil, line, u"Archived case, Summary information is not available~"},
-    {41, district, civil, line, u"Non-JIS case. Summary information not available~"},
+    {40, district, civil, ToldCase::SummaryLine,
+     u"Archived case, Summary information is not available"},
+    {41, district, civil, ToldCase::SummaryLine,
+     u"Non-JIS case. Summary information not available"},
     {42, district, civil, ToldCase::NoNotes},
     {43, district, civil, ToldCase::OneNote},
     {44, district, civil, ToldCase::TwoNotes},
@@ -156,6 +158,11 @@ bool SayToldTab(const ToldCaseRow &row, CaseTab tab, const QString &key, TabMemo
 {
     switch (row.meaning) {
     case ToldCase::OneLine:
+        reply.Say(QString::fromUtf16(row.line));
+        return true;
+    case ToldCase::SummaryLine:
+        if (tab != CaseTab::Summary)
+            return false;
         reply.Say(QString::fromUtf16(row.line));
         return true;
     case ToldCase::Nothing:

@@ -16,6 +16,7 @@ namespace Practice {
 /// What comes of a case number with a meaning.
 enum class ToldCase : quint8 {
     OneLine,       ///< one line stands in place of everything
+    SummaryLine,   ///< one line stands in place of the summary
     Nothing,       ///< the end mark alone
     Silence,       ///< no answer
     DropLink,      ///< the connection is closed
@@ -33,10 +34,9 @@ enum class ToldCase : quint8 {
     NoNotes,       ///< district courts: no note, one, and two ahead of the tables
     OneNote,
     TwoNotes,
-    EmptyHeader,   ///< district courts: the heading of the summary is empty
-    HeaderOnly,    ///< district courts: nothing behind the heading
-    Multiple,      ///< bankruptcy: several cases have the number
-    OneOfMultiple, ///< bankruptcy: one of these
+    EmptyHeader, ///< district courts: the heading of the summary is empty
+    HeaderOnly,  ///< district courts: nothing behind the heading
+    Multiple,    ///< bankruptcy: several cases have the number
 };
 
 /// Entries of the long docket, and seconds of the slow one.
