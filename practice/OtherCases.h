@@ -43,6 +43,18 @@ int MonthOf(OtherFamily family, int value);
 std::vector<OtherCase> OtherCasesOf(const Population &population, quint32 person,
                                     OtherFamily family);
 
+/// A party of a case, and the part in it.
+struct OtherParty
+{
+    Person person;
+    OtherCase courtCase;
+};
+
+/// Everybody with a part in the case of that number, the side that brought it first; nobody when
+/// there is no such case. Dashes, blanks and capitals do not matter.
+std::vector<OtherParty> PartiesOfOtherCase(const Population &population, OtherFamily family,
+                                           const QString &number);
+
 /// Whom a bankruptcy search for nine digits means: a person by the social security number, a
 /// business by the tax number; nullopt when the number is nobody's. Dashes and blanks do not
 /// matter. The made-up people are numbered in their order: 900-01-0000 is the first one, and a
