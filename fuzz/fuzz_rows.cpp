@@ -17,6 +17,7 @@
 #include "courts/DiscisCourts.h"
 
 #include <QCoreApplication>
+#include <QHash>
 
 #include <algorithm>
 #include <array>
@@ -175,7 +176,12 @@ void checkCells(const QStringList &cells, ResultKind kind)
                       cell);
         return;
     }
-    for (const QString &state : {u"WA"_s, u"OR"_s, u"ID"_s}) {
+    // Of each kind the states that have it.
+    static const QHash<ResultKind, QStringList> statesOf{{ResultKind::Superior, {u"WA"_s, u"OR"_s}},
+                                                         {ResultKind::Idaho, {u"ID"_s}},
+                                                         {ResultKind::Bankruptcy, {u"WAWBK"_s}},
+                                                         {ResultKind::Index, {u"WA"_s}}};
+    for (const QString &state : statesOf.value(kind)) {
         const CaseFromRow fields = CaseOfRow(cells, kind, state);
         require(fields.txtCaseNumber == cell, "the cell that was opened has changed");
         checkCase(fields, CaseOfRow(opened, kind, state), cell);
