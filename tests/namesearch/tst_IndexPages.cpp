@@ -198,6 +198,7 @@ void tst_IndexPages::theButtonStandsInThePlaceOfSave()
     court->Expect(IndexLine(501, 1000)).Reply({u"EOF~"_s});
     QVERIFY(takeNextPage(*desk, window));
     QCoreApplication::sendPostedEvents();
+    QCOMPARE(buttonsOf(window), u"save PRINT"_s);
     QCOMPARE(save->y(), top);
     QCOMPARE(gapToPrint(save), gap);
 }
