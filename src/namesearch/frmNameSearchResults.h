@@ -41,6 +41,9 @@ public:
     bool ORchkboxJGMcasetype = false; ///< only cases with judgments were asked for
 
     qint16 SearchRunCount = 1; ///< plus 1 for each further page
+    // The rows of the next page of an index search, counted from 1; 0 as long as none was offered
+    qint16 NextLowerLimit = 0;
+    qint16 NextUpperLimit = 0;
 
 protected:
     ReplyEffect TakeReply(const QString &reply) override;
@@ -65,7 +68,4 @@ private:
     QString ServerErrorText;
     bool ServerWarningSeen = false;
     QString ServerWarningText;
-    // The next page of an index search
-    qint16 NextLowerLimit = 0;
-    qint16 NextUpperLimit = 0;
 };

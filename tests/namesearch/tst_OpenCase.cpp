@@ -87,6 +87,8 @@ private Q_SLOTS:
     void notLoggedIn();
     void nothingSelected();
     void theButtonFollowsTheSelection();
+    void theMouseDownAloneSelects_data();
+    void theMouseDownAloneSelects();
     void theNewWindowWaitsItsTurn();
     void aStopForAllJobsIsOver();
     void whileTheSearchStillRuns();
@@ -208,6 +210,7 @@ void tst_OpenCase::eachCourt_data()
     bankruptcy(u"ORBK"_s, u"Oregon Bankruptcy Court (Statewide)"_s);
     bankruptcy(u"WAWBK"_s, u"Washington Western Bankruptcy Courts"_s);
     bankruptcy(u"WAEBK"_s, u"Washington Eastern Bankruptcy Courts"_s);
+    bankruptcy(u"IDBK"_s, u"Idaho Bankruptcy Court (Statewide)"_s);
 }
 
 void tst_OpenCase::eachCourt()
@@ -387,6 +390,34 @@ void tst_OpenCase::theButtonFollowsTheSelection()
     QVERIFY(button->isEnabled());
     listOf(window)->clearSelection();
     QVERIFY(!button->isEnabled());
+}
+
+void tst_OpenCase::theMouseDownAloneSelects_data()
+{
+    QTest::addColumn<Which>("which");
+    QTest::newRow("name") << Which::Name;
+    QTest::newRow("civil") << Which::Civil;
+    QTest::newRow("non-civil") << Which::NonCivil;
+}
+
+void tst_OpenCase::theMouseDownAloneSelects()
+{
+    QFETCH(Which, which);
+    const QString line = which == Which::Name ? RequestLine() : DistrictLine(u"BED"_s, u"IN"_s);
+    const QString row = which == Which::Name ? ResultLine(u"SMITH"_s) : CaseRow(u"SMITH"_s);
+    const NameResultsWindow *window = finishedDistrict(which, line, {row, row, row});
+    ResultListView *list = listOf(window);
+    QCOMPARE(list->SelectedRow(), -1);
+    for (const int pressed : {1, 2, 0}) {
+        QTest::mousePress(list->viewport(), Qt::LeftButton, {},
+                          list->visualRect(list->List()->index(pressed, 0)).center());
+        QCOMPARE(list->SelectedRow(), pressed);
+        QCOMPARE(list->selectionModel()->selectedRows().size(), 1);
+        QVERIFY(ButtonOf(window, "cmdSearchResults_0")->isEnabled());
+        QTest::mouseRelease(list->viewport(), Qt::LeftButton, {},
+                            list->visualRect(list->List()->index(pressed, 0)).center());
+    }
+    QCOMPARE(caseWindows().size(), 0);
 }
 
 void tst_OpenCase::theNewWindowWaitsItsTurn()

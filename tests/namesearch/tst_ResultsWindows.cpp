@@ -2,10 +2,12 @@
 #include "courts/DiscisCourts.h"
 #include "jobs/frmQueue.h"
 #include "namesearch/DistrictSearch.h"
+#include "session/SessionEvents.h"
 #include "support/FakeSocket.h"
 
 #include <QPointer>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTest>
 
 // In what the three results windows differ, and what they all do alike.
@@ -43,6 +45,10 @@ private Q_SLOTS:
     void progressRule();
     void logOfTheReplies_data();
     void logOfTheReplies();
+    void theHelpButton_data();
+    void theHelpButton();
+    void anEmptyTokenBetweenRowsIsNoRow_data();
+    void anEmptyTokenBetweenRowsIsNoRow();
     void closeRules_data();
     void closeRules();
     void windowsOfDifferentKindsRunInTheOrderOfTheQueue();
@@ -280,6 +286,53 @@ void tst_ResultsWindows::logOfTheReplies()
     window->Timer1->start(1);
     QVERIFY(desk->Finish(window));
     QTEST(desk->Folder.Log().mid(before), "log");
+}
+
+void tst_ResultsWindows::theHelpButton_data()
+{
+    QTest::addColumn<Which>("which");
+    QTest::newRow("name search") << Which::Name;
+    QTest::newRow("civil") << Which::Civil;
+}
+
+void tst_ResultsWindows::theHelpButton()
+{
+    QFETCH(Which, which);
+    const std::unique_ptr<NameResultsWindow> window(MakeWindow(which));
+    const QSignalSpy wanted(&SessionEvents::Of(), &SessionEvents::ResultsHelpWanted);
+    window->show();
+    QTest::mouseClick(ButtonOf(window.get(), "lblHelp"), Qt::LeftButton);
+    QCOMPARE(wanted.size(), 1);
+}
+
+void tst_ResultsWindows::anEmptyTokenBetweenRowsIsNoRow_data()
+{
+    QTest::addColumn<Which>("which");
+    QTest::addColumn<bool>("index");
+    QTest::newRow("name search") << Which::Name << false;
+    QTest::newRow("index") << Which::Name << true;
+    QTest::newRow("civil") << Which::Civil << false;
+    QTest::newRow("non-civil") << Which::NonCivil << false;
+}
+
+void tst_ResultsWindows::anEmptyTokenBetweenRowsIsNoRow()
+{
+    QFETCH(Which, which);
+    QFETCH(bool, index);
+    const QString line =
+        index ? u"INDEX~SEARCH~SMITH~JOHN~Q~~King,~Civil,~~~LL=1~UL=500~"_s : lineOf(which);
+    const QByteArray row =
+        (index ? u"SMITH~02-2~01/02/2002~Civil~King~Role~A title~01/03/2002~"_s : rowOf(which))
+            .toLatin1();
+    court->Expect(line).ReplyBytes("||" + ('|' + row) + "|||||" + ('|' + row) + "|||EOF~|");
+    desk->ConnectTo(*court);
+    NameResultsWindow *window = index ? new frmNameSearchResults(u"WA"_s, true) : MakeWindow(which);
+    desk->Enqueue(window, {line});
+    window->Timer1->start(1);
+    QVERIFY(desk->Finish(window));
+    QCOMPARE(window->RowCount(), 2);
+    QVERIFY(TextOf(window, "lblStatus").contains(u"Complete"));
+    QVERIFY(!window->SearchIncomplete);
 }
 
 void tst_ResultsWindows::closeRules_data()

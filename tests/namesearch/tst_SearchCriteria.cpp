@@ -257,14 +257,17 @@ void tst_SearchCriteria::county_data()
     QTest::newRow("blanks") << u"WASUP/SEARCH/SMITH//// Grays Harbor , /Civil,///"_s
                             << u"Grays Harbor"_s;
     QTest::newRow("several") << u"WASUP/SEARCH/SMITH////Adams,King,/Civil,///"_s << u"AdamsKing"_s;
-    QTest::newRow("no field 6") << u"WASUP/SEARCH/"_s << QString();
-    QTest::newRow("nothing") << QString() << QString();
+    QTest::newRow("an empty field 6") << u"WASUP/SEARCH/SMITH/////Civil,///"_s << QString();
+    QTest::newRow("field 6 without its bar") << u"WASUP/SEARCH/SMITH////King"_s << u"King"_s;
+    QTest::newRow("no field 6") << u"WASUP/SEARCH/SMITH///"_s << u"none"_s;
+    QTest::newRow("index line") << u"INDEX~SEARCH~SMITH~~~~King,~"_s << u"none"_s;
+    QTest::newRow("nothing") << QString() << u"none"_s;
 }
 
 void tst_SearchCriteria::county()
 {
     QFETCH(QString, line);
-    QTEST(CountyOfRequest(wire(line)), "county");
+    QTEST(CountyOfRequest(wire(line)).value_or(u"none"_s), "county");
 }
 
 QTEST_GUILESS_MAIN(tst_SearchCriteria)
