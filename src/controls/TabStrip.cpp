@@ -1,8 +1,11 @@
 #include "controls/TabStrip.h"
 
+#include <QKeyEvent>
+#include <QMouseEvent>
 #include <QScopedValueRollback>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -73,4 +76,32 @@ void TabStrip::SelectCaption(const QString &caption)
 QString TabStrip::SelectedCaption() const
 {
     return tabData(currentIndex()).toString();
+}
+
+void TabStrip::mousePressEvent(QMouseEvent *event)
+{
+    const int tab = tabAt(event->position().toPoint());
+    pressedAgain = event->button() == Qt::LeftButton && tab == currentIndex() ? tab : -1;
+    QTabBar::mousePressEvent(event);
+}
+
+void TabStrip::mouseReleaseEvent(QMouseEvent *event)
+{
+    QTabBar::mouseReleaseEvent(event);
+    const int tab = std::exchange(pressedAgain, -1);
+    if (tab >= 0 && tab == currentIndex() && tab == tabAt(event->position().toPoint()))
+        Q_EMIT TabClicked(SelectedCaption());
+}
+
+void TabStrip::keyPressEvent(QKeyEvent *event)
+{
+    const int key = event->key();
+    const bool chooses = key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter;
+    if (!chooses || event->modifiers() & ~Qt::KeypadModifier || currentIndex() < 0) {
+        QTabBar::keyPressEvent(event);
+        return;
+    }
+    // A key that is held chooses once.
+    if (!event->isAutoRepeat())
+        Q_EMIT TabClicked(SelectedCaption());
 }

@@ -24,10 +24,17 @@ public:
     /// Empty without tabs.
     QString SelectedCaption() const;
 
+protected:
+    // The selected tab can be chosen again, by a click or with Enter or the space bar.
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+
 Q_SIGNALS:
     /// The user chose a tab, by mouse or key; perhaps the one that is selected.
     void TabClicked(const QString &caption);
 
 private:
-    bool quiet = false; ///< what changes now is not the user's doing
+    bool quiet = false;    ///< what changes now is not the user's doing
+    int pressedAgain = -1; ///< the selected tab, while the button is down on it
 };
