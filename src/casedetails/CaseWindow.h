@@ -231,7 +231,7 @@ private:
     QStringList tabCaptions;
     bool CaseInvalid = false;  ///< the court says that it has no such case
     int FatalError = 0;        ///< 911 once a tab's exchange broke down
-    bool UserQuestion = false; ///< the court asked whether arbitration is meant
+    bool UserQuestion = false; ///< the court asked whether arbitration is meant, and was answered
     bool ArbitrationAnswer = false;
     ArbitrationMode arbitration = ArbitrationMode::NotAsked;
     bool RequestsBuilt = false;

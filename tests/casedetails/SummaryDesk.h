@@ -56,9 +56,12 @@ protected:
 
     static QStringList superiorReply()
     {
-        return {u"Case#:~02-1-00123-4~"_s,  u"Court:~King  Co Superior Ct~"_s,
-                u"Title:~A & B VS C && D~"_s, u"Date Filed:~03/04/2002~"_s,
-                u"Orig cause: Theft~Theft~"_s, u"Status:~Active~"_s,
+        return {u"Case#:~02-1-00123-4~"_s,
+                u"Court:~King  Co Superior Ct~"_s,
+                u"Title:~A & B VS C && D~"_s,
+                u"Date Filed:~03/04/2002~"_s,
+                u"Orig cause: Theft~Theft~"_s,
+                u"Status:~Active~"_s,
                 u"EOF~"_s};
     }
     static QStringList stateReply()

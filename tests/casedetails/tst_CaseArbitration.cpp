@@ -167,8 +167,7 @@ void tst_CaseArbitration::aTabThatWasLeftOutCarriesItToo()
     answer(u"Command1"_s);
     frmCaseDetails *window = Superior();
     Run(window);
-    QCOMPARE(window->Tab(CaseTab::Docket).TabRequest,
-             answered(u"DOCKET"_s, u" ARBITRATION"_s));
+    QCOMPARE(window->Tab(CaseTab::Docket).TabRequest, answered(u"DOCKET"_s, u" ARBITRATION"_s));
     ClickTab(window, u"Docket"_s);
     ButtonOf(window, "cmdClearAll")->click();
     window->findChild<QAbstractButton *>(u"chkTab_2"_s)->click();

@@ -9,7 +9,7 @@ namespace {
 const QStringList severalCases{u"MULTIPLE"_s,
                                u" 99-20077 /RETRIEVECOMMAND=BKRPT~SUMMARY~1~/ BK / SMITH & DOE /"_s,
                                u"no case/x/y/"_s,
-                               u"99-20078^ RETRIEVECOMMAND= BKRPT~SUMMARY~2~ "_s,
+                               u"99-20078#RETRIEVECOMMAND=BKRPT~SUMMARY~2~#"_s,
                                u"99-20079/RETRIEVECOMMAND= BKRPT~SUMMARY~3~ /AP/DOE/"_s,
                                u"EOF~"_s};
 const QString notLoggedIn =
@@ -19,8 +19,13 @@ const QString notLoggedInTitle = u"Cannot Perform Search! Not Logged In to Halva
 
 QStringList superiorWith(const QString &row)
 {
-    return {u"Case#:~02-1-00123-4~"_s, u"Court:~King County~"_s, u"Title:~A VS B~"_s,
-            u"Date Filed:~03/04/2002~"_s, u"Status:~02-2-00111-1~"_s, row, u"EOF~"_s};
+    return {u"Case#:~02-1-00123-4~"_s,
+            u"Court:~King County~"_s,
+            u"Title:~A VS B~"_s,
+            u"Date Filed:~03/04/2002~"_s,
+            u"Status:~02-2-00111-1~"_s,
+            row,
+            u"EOF~"_s};
 }
 } // namespace
 
@@ -67,20 +72,18 @@ frmCaseDetails *tst_CaseLinks::otherThan(const frmCaseDetails *window)
 void tst_CaseLinks::severalBankruptcyCases()
 {
     const frmCaseDetails *window = summarised(u"WAWBK"_s, severalCases);
-    QCOMPARE(summaryCells(window),
-             (QList<QStringList>{{u"Case#"_s, u"Type"_s, u"Title"_s},
-                                 {u"99-20077"_s, u"BK"_s, u"SMITH & DOE"_s},
-                                 {u"99-20078^ RETRIEVECOMMAND= BKRPT~SUMMARY~2~"_s, QString(),
-                                  QString()},
-                                 {u"99-20079"_s, u"AP"_s, u"DOE"_s}}));
+    QCOMPARE(summaryCells(window), (QList<QStringList>{{u"Case#"_s, u"Type"_s, u"Title"_s},
+                                                       {u"99-20077"_s, u"BK"_s, u"SMITH & DOE"_s},
+                                                       {u"99-20078"_s, QString(), QString()},
+                                                       {u"99-20079"_s, u"AP"_s, u"DOE"_s}}));
     const QList<GridColumn> columns = window->Tab(CaseTab::Summary).Grid->Table().Columns;
     QCOMPARE(columns[0].Percent, 15.0);
     QCOMPARE(columns[1].Percent, 10.0);
     QCOMPARE(columns[2].Percent, 74.0);
     QVERIFY(window->chkBKYass);
-    QCOMPARE(window->List1,
-             (QStringList{u"RETRIEVECOMMAND=BKRPT~SUMMARY~1~^1^"_s, u"^2^"_s,
-                          u"RETRIEVECOMMAND= BKRPT~SUMMARY~3~ ^3^"_s}));
+    QCOMPARE(window->List1, (QStringList{u"RETRIEVECOMMAND=BKRPT~SUMMARY~1~^1^"_s,
+                                         u"RETRIEVECOMMAND=BKRPT~SUMMARY~2~^2^"_s,
+                                         u"RETRIEVECOMMAND= BKRPT~SUMMARY~3~ ^3^"_s}));
     QCOMPARE(TextOf(window, "Label1_2"), u"Multiple Cases Found for Number Entered. Double-Click "
                                          "on a Case# to Retrieve Details."_s);
     QVERIFY(!isHidden(window, "Label1_2"));
@@ -133,7 +136,8 @@ void tst_CaseLinks::aCaseOfTheList()
 
 void tst_CaseLinks::anAssociatedCase()
 {
-    frmCaseDetails *window = summarised(u"WA"_s, superiorWith(u"Associated Case:~ 02-2-0045a-7 ~"_s));
+    frmCaseDetails *window =
+        summarised(u"WA"_s, superiorWith(u"Associated Case:~ 02-2-0045a-7 ~"_s));
     window->ClientAcctgCode = u"ACME"_s;
     doubleClick(window, CaseTab::Summary, 2, 1);
     frmCaseDetails *opened = otherThan(window);
@@ -169,8 +173,8 @@ void tst_CaseLinks::whatOpensNothing_data()
     QTest::addColumn<QString>("state");
     QTest::addColumn<QStringList>("reply");
     QTest::addColumn<int>("row");
-    QTest::newRow("another row")
-        << u"WA"_s << superiorWith(u"Associated Case:~02-2-00456-7~"_s) << 1;
+    QTest::newRow("another row") << u"WA"_s << superiorWith(u"Associated Case:~02-2-00456-7~"_s)
+                                 << 1;
     QTest::newRow("no number") << u"WA"_s << superiorWith(u"Associated Case:~~"_s) << 2;
     QTest::newRow("another name for it")
         << u"WA"_s << superiorWith(u"Associated Cases:~02-2-00456-7~"_s) << 2;

@@ -127,8 +127,7 @@ void tst_CaseSummary::oregonHeader()
     QCOMPARE(TextOf(window, "lblTopFrameCaseType"), u"N/A"_s);
     QCOMPARE(TextOf(window, "lblCaseTitle"), u"STATE & PEOPLE VS SMITH"_s);
     QCOMPARE(TextOf(window, "lblDateFiled"), u"05/08/1998"_s);
-    QCOMPARE(window->windowTitle(),
-             u"Case Details (CV0100001) -- Oregon State -  Ada County"_s);
+    QCOMPARE(window->windowTitle(), u"Case Details (CV0100001) -- Oregon State -  Ada County"_s);
 }
 
 void tst_CaseSummary::idahoHeader()
@@ -251,9 +250,9 @@ void tst_CaseSummary::stripOfOregonAndIdaho_data()
     QTest::addColumn<QStringList>("tabs");
     const QString all = u"SENTENCE finance Accounting CHARGES judgments docket Names"_s;
     QTest::newRow("Oregon, all") << u"OR"_s << all
-                                 << QStringList{u"Summary"_s,    u"Names"_s,   u"Docket"_s,
-                                                u"Judgments"_s,  u"Charges"_s, u"Accounting"_s,
-                                                u"Finance"_s,    u"Sentence"_s};
+                                 << QStringList{u"Summary"_s,   u"Names"_s,   u"Docket"_s,
+                                                u"Judgments"_s, u"Charges"_s, u"Accounting"_s,
+                                                u"Finance"_s,   u"Sentence"_s};
     QTest::newRow("Oregon, two") << u"OR"_s << u"x~FINANCE~names~"_s
                                  << QStringList{u"Summary"_s, u"Names"_s, u"Finance"_s};
     QTest::newRow("Oregon, none") << u"OR"_s << u"SUMMARY"_s << QStringList{u"Summary"_s};

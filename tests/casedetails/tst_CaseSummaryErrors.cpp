@@ -10,12 +10,10 @@
 
 namespace {
 const QString notLocated = u"This case was not located."_s;
-const QString notComplete =
-    u"Summary Incomplete. Some information may not have been retrieved."_s;
+const QString notComplete = u"Summary Incomplete. Some information may not have been retrieved."_s;
 const QString oregonIsDown = u"Search Incomplete. Oregon Courts Are Currently Unavailable."_s;
 const QString idahoIsDown = u"Search Incomplete. Idaho Courts Are Currently Unavailable."_s;
-const QString timedOut =
-    u"Search Error! Reason: Timed Out Waiting For Response from Server."_s;
+const QString timedOut = u"Search Error! Reason: Timed Out Waiting For Response from Server."_s;
 const QString incompleteWarning = u"Summary Information Incomplete! Please Retry Search."_s;
 const QString normalExit = u"NORMAL EXIT - from ProcessSearchReqeusts."_s;
 const QString errorExit = u"SEARCH ERROR EXIT - from ProcessSearchReqeusts."_s;
@@ -192,7 +190,8 @@ void tst_CaseSummaryErrors::invalidNumber()
 {
     QFETCH(QString, state);
     QFETCH(QStringList, header);
-    court->Expect(requestOf(state)).Reply({u"ERROR -- 02-1 is Not a Valid Case Number"_s, u"EOF~"_s});
+    court->Expect(requestOf(state))
+        .Reply({u"ERROR -- 02-1 is Not a Valid Case Number"_s, u"EOF~"_s});
     frmCaseDetails *window = windowOf(state);
     window->SetCaseTitle(u"A"_s);
     window->SetCourtName(u"B"_s);
@@ -252,10 +251,9 @@ void tst_CaseSummaryErrors::noSuchBankruptcyCase()
     QVERIFY(window->Tab(CaseTab::Summary).TabDone);
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete"_s);
     const QString all = u"All Responses For SUMMARY were Received: "_s + requestOf(u"WAWBK"_s);
-    QCOMPARE(tailOfLog(6),
-             (QStringList{u"Current Response: --> "_s + line + u" 0"_s, all,
-                          u"Current Response: --> EOF~ 0"_s, all,
-                          u"NORMAL EXIT - from DoSummarySearch()."_s, normalExit}));
+    QCOMPARE(tailOfLog(6), (QStringList{u"Current Response: --> "_s + line + u" 0"_s, all,
+                                        u"Current Response: --> EOF~ 0"_s, all,
+                                        u"NORMAL EXIT - from DoSummarySearch()."_s, normalExit}));
 }
 
 void tst_CaseSummaryErrors::otherBankruptcyErrors()
