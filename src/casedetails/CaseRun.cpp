@@ -139,10 +139,10 @@ CaseWindow::RunEnd CaseWindow::runTab(CaseTab tab)
 /// The court has given the lines of a bankruptcy case in its Summary.
 void CaseWindow::takeBankruptcyRequest(CaseTab tab)
 {
-    const QString word = CaseTabRowOf(tab).caption.toString().toUpper();
+    const QStringView word = CaseTabRowOf(tab).caption;
     TabOf(tab).TabRequest.clear();
     for (const QString &line : lboxTabReqQueue.Lines()) {
-        if (line.contains(word)) {
+        if (line.contains(word, Qt::CaseInsensitive)) {
             TabOf(tab).TabRequest = line;
             return;
         }

@@ -37,6 +37,7 @@ private Q_SLOTS:
     void stripOfOregonAndIdaho_data();
     void stripOfOregonAndIdaho();
     void bankruptcyTabsAreRetrieved();
+    void bankruptcyRequestsInSmallLetters();
     void bankruptcyWithoutTabs();
     void courtUnavailable_data();
     void courtUnavailable();
@@ -290,6 +291,19 @@ void tst_CaseSummary::bankruptcyTabsAreRetrieved()
     QCOMPARE(CellsOf(window, CaseTab::Names).last(), (QStringList{u"1"_s, u"Doe"_s}));
     QCOMPARE(CellsOf(window, CaseTab::Docket).last(), (QStringList{u"2"_s, u"Filed"_s}));
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete"_s);
+}
+
+/// A line that makes a tab is the line of this tab, however it is written.
+void tst_CaseSummary::bankruptcyRequestsInSmallLetters()
+{
+    QStringList reply = bankruptcyReply();
+    reply[1] = u"TABDEF/RETRIEVECOMMAND=bkrpt~docket~99-20077~/"_s;
+    court->Expect(requestOf(u"WAWBK"_s)).Reply(reply);
+    court->Expect(u"bkrpt~docket~99-20077~"_s).Reply(TableForm({u"2~Filed~"_s}));
+    frmCaseDetails *window = Bankruptcy(requestOf(u"WAWBK"_s));
+    Run(window);
+    QCOMPARE(CaptionsOf(window), (QStringList{u"Summary"_s, u"Docket"_s}));
+    QVERIFY(window->Tab(CaseTab::Docket).TabDone);
 }
 
 void tst_CaseSummary::bankruptcyWithoutTabs()
