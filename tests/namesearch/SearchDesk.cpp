@@ -1,5 +1,6 @@
 #include "namesearch/SearchDesk.h"
 
+#include "controls/ResultListView.h"
 #include "core/EventLoop.h"
 #include "core/GlobalState.h"
 #include "core/TextUtilities.h"
@@ -14,7 +15,6 @@
 #include <QDeadlineTimer>
 #include <QPointer>
 #include <QPushButton>
-#include <QTableView>
 #include <QTest>
 
 #include <utility>
@@ -149,6 +149,19 @@ void SearchTest::cleanup()
     QCOMPARE(conversation, QString());
 }
 
+void SearchTest::begin(NameResultsWindow *window, const QStringList &lines)
+{
+    desk->ConnectTo(*court);
+    desk->Enqueue(window, lines);
+    window->Timer1->start(shortestTick);
+}
+
+void SearchTest::finish(const QWidget *window)
+{
+    if (!desk->Finish(window))
+        qFatal("the search does not end");
+}
+
 QString TextOf(const QWidget *window, const char *name)
 {
     const auto *control = window->findChild<QWidget *>(QLatin1StringView(name));
@@ -174,9 +187,14 @@ bool IsBold(const QWidget *window, const char *name)
     return window->findChild<QWidget *>(QLatin1StringView(name))->font().bold();
 }
 
-QList<QStringList> RowsOf(const QWidget *window)
+ResultListView *ListOf(const QWidget *window, const char *name)
 {
-    const QAbstractItemModel *model = window->findChild<QTableView *>(u"listview1"_s)->model();
+    return window->findChild<ResultListView *>(QLatin1StringView(name));
+}
+
+QList<QStringList> RowsOf(const QWidget *window, const char *list)
+{
+    const QAbstractItemModel *model = ListOf(window, list)->model();
     QList<QStringList> rows;
     for (int row = 0; row < model->rowCount(); ++row) {
         QStringList cells;
@@ -189,7 +207,7 @@ QList<QStringList> RowsOf(const QWidget *window)
 
 QStringList HeadersOf(const QWidget *window)
 {
-    const QAbstractItemModel *model = window->findChild<QTableView *>(u"listview1"_s)->model();
+    const QAbstractItemModel *model = ListOf(window)->model();
     QStringList headers;
     for (int column = 0; column < model->columnCount(); ++column)
         headers.append(model->headerData(column, Qt::Horizontal).toString());

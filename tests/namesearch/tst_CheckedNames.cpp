@@ -74,7 +74,7 @@ void tst_CheckedNames::retrievingTwoCheckedNamesWithAddresses()
     frmDiscisNCNameResults *window =
         Searched({AddressRow(u"A"_s, u"K1"_s), AddressRow(u"B"_s, u"K/2"_s), u"EOF~"_s}, u"DND"_s);
     const auto line = [](const QString &first, const QString &key) {
-        return Bars(u"WADISCIS/SEARCH/SMITH, JOHN, Q/SMITH, %1/M/01|02|1970/%2/DNDND/"_s.arg(first,
+        return Wire(u"WADISCIS/SEARCH/SMITH, JOHN, Q/SMITH, %1/M/01|02|1970/%2/DNDND/"_s.arg(first,
                                                                                              key))
             .replace(u'|', u'/');
     };

@@ -9,11 +9,6 @@
 // Sorting a list of results by clicks on its headers, in the windows themselves.
 
 namespace {
-ResultListView *listOf(const QWidget *window, const QString &name = u"listview1"_s)
-{
-    return window->findChild<ResultListView *>(name);
-}
-
 void clickHeader(const ResultListView *list, int column)
 {
     const QHeaderView *header = list->horizontalHeader();
@@ -102,7 +97,7 @@ void tst_ResultSorting::eachColumnBothWays()
         finished({u"B~99-2-00001-1~02/01/2003~Zoning~Adams~Aide~"_s,
                   u"a~00-2-00001-1~12/31/1999~probate~King~Widow~"_s,
                   u"c~98-2-00001-1~01/02/2002~Civil~yakima~heir~"_s});
-    const ResultListView *list = listOf(window);
+    const ResultListView *list = ListOf(window);
     QCOMPARE(columnOf(list, 0), u"B a c"_s);
     clickHeader(list, column);
     QTEST(columnOf(list, 0), "first");
@@ -142,13 +137,9 @@ void tst_ResultSorting::eachDistrictColumnBothWays()
         .Reply({u"B~99~SED~Zillah~AA~AA~BB~02/01/2003~"_s,
                 u"a~0100~BED~Pasco~BB~CC~AA~12/31/1999~"_s, u"c~9~otd~Kent~cc~bb~CC~01/02/2002~"_s,
                 u"EOF~"_s});
-    desk->ConnectTo(*court);
-    NameResultsWindow *window = MakeWindow(which);
-    desk->Enqueue(window, {DistrictLine()});
-    window->Timer1->start(1);
-    QVERIFY(desk->Finish(window));
+    NameResultsWindow *window = Search(MakeWindow(which), {DistrictLine()});
     window->resize(1200, 500);
-    const ResultListView *list = listOf(window);
+    const ResultListView *list = ListOf(window);
     clickHeader(list, column);
     QTEST(columnOf(list, 0), "first");
     clickHeader(list, column);
@@ -159,7 +150,7 @@ void tst_ResultSorting::aDateColumnTurnsTheOrderThatTheListHas()
 {
     const frmNameSearchResults *window = finished(
         {courtRow(u"A"_s, u"1"_s, u"01/01/2001"_s), courtRow(u"B"_s, u"2"_s, u"01/01/2002"_s)});
-    const ResultListView *list = listOf(window);
+    const ResultListView *list = ListOf(window);
     clickHeader(list, 0);
     QCOMPARE(columnOf(list, 0), u"B A"_s);
     QCOMPARE(arrowOf(list), u"0v"_s);
@@ -181,7 +172,7 @@ void tst_ResultSorting::anUnparsableDateStaysAsTextAmongTheDates()
         finished({courtRow(u"A"_s, u"1"_s, u"Unknown"_s), courtRow(u"B"_s, u"2"_s, u"12/31/1999"_s),
                   courtRow(u"C"_s, u"3"_s, u""_s), courtRow(u"D"_s, u"4"_s, u"13/45/2002"_s),
                   courtRow(u"E"_s, u"5"_s, u"01/02/2002"_s)});
-    const ResultListView *list = listOf(window);
+    const ResultListView *list = ListOf(window);
     clickHeader(list, 2);
     clickHeader(list, 2);
     // Texts in the order of texts: "13/45/2002" is before "1999...", as "/" is before "9".
@@ -197,7 +188,7 @@ void tst_ResultSorting::archivedAndOpenedNumbersStandBesideTheirTwins()
          courtRow(u"C"_s, u"99-2-00003-1"_s, date), courtRow(u"D"_s, u"99-2-00002-1"_s, date),
          courtRow(u"E"_s, u">>99-2-00001-1"_s, date),
          courtRow(u"F"_s, u">>*99-2-00003-1"_s, date)});
-    const ResultListView *list = listOf(window);
+    const ResultListView *list = ListOf(window);
     clickHeader(list, 1);
     clickHeader(list, 1);
     QCOMPARE(columnOf(list, 0), u"B E A D C F"_s);
@@ -212,7 +203,7 @@ void tst_ResultSorting::negativeAndZeroLedNumbers()
         finished({courtRow(u"A"_s, u"02-2-00001-1"_s, date), courtRow(u"B"_s, u"(7)"_s, date),
                   courtRow(u"C"_s, u"99-2-00001-1"_s, date), courtRow(u"D"_s, u"-12"_s, date),
                   courtRow(u"E"_s, u"(30)"_s, date), courtRow(u"F"_s, u"CV-1"_s, date)});
-    const ResultListView *list = listOf(window);
+    const ResultListView *list = ListOf(window);
     clickHeader(list, 1);
     clickHeader(list, 1);
     QCOMPARE(columnOf(list, 1), u"(30) (7) -12 99-2-00001-1 02-2-00001-1 CV-1"_s);
@@ -241,7 +232,7 @@ void tst_ResultSorting::theArrowAndTheNameFollowTheFirstSixColumns()
     const std::unique_ptr<NameResultsWindow> window(MakeWindow(Which::Civil));
     window->resize(1200, 500);
     window->show();
-    const ResultListView *list = listOf(window.get());
+    const ResultListView *list = ListOf(window.get());
     QCOMPARE(window->SortColumnName, u"Name"_s);
     QCOMPARE(arrowOf(list), u"0"_s);
     clickHeader(list, column);
@@ -256,21 +247,21 @@ void tst_ResultSorting::newRowsStandBelowSortedOnes()
     frmNameSearchResults *window = desk->Start({RequestLine()});
     desk->When([&] { return window->RowCount() == 2; },
                [&] {
-                   clickHeader(listOf(window), 0);
+                   clickHeader(ListOf(window), 0);
                    court->SendTokens({ResultLine(u"D"_s), ResultLine(u"C"_s), u"EOF~"_s});
                });
     QVERIFY(desk->Finish(window));
-    QCOMPARE(columnOf(listOf(window), 0), u"B A D C"_s);
+    QCOMPARE(columnOf(ListOf(window), 0), u"B A D C"_s);
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete: 4 Cases Retrieved."_s);
-    clickHeader(listOf(window), 0);
-    QCOMPARE(columnOf(listOf(window), 0), u"A B C D"_s);
+    clickHeader(ListOf(window), 0);
+    QCOMPARE(columnOf(ListOf(window), 0), u"A B C D"_s);
 }
 
 void tst_ResultSorting::selectionAndCurrentRowSurvive()
 {
     const frmNameSearchResults *window =
         finished({ResultLine(u"A"_s), ResultLine(u"B"_s), ResultLine(u"C"_s)});
-    ResultListView *list = listOf(window);
+    ResultListView *list = ListOf(window);
     list->selectRow(0);
     QVERIFY(ButtonOf(window, "cmdSearchResults_0")->isEnabled());
     clickHeader(list, 0);
@@ -285,7 +276,7 @@ void tst_ResultSorting::theNoteOfTooManyResultsCanBeClicked()
 {
     const frmNameSearchResults *window =
         finished({u"This search resulted in more than 200 results."_s});
-    const ResultListView *list = listOf(window);
+    const ResultListView *list = ListOf(window);
     clickHeader(list, 0);
     QVERIFY(list->List()->Cell(0, 0).startsWith(u"Tip:"));
     QVERIFY(window->SortColumnName.startsWith(u"NOTE:"));
@@ -294,7 +285,7 @@ void tst_ResultSorting::theNoteOfTooManyResultsCanBeClicked()
 void tst_ResultSorting::anEmptyListCanBeClicked()
 {
     const frmNameSearchResults *window = finished({});
-    clickHeader(listOf(window), 1);
+    clickHeader(ListOf(window), 1);
     QCOMPARE(window->RowCount(), 0);
     QCOMPARE(window->SortColumnName, u"Case Number"_s);
 }
@@ -303,11 +294,11 @@ void tst_ResultSorting::datesOfBirthOfNames()
 {
     frmDiscisNCNameResults window;
     window.resize(1200, 500);
-    ResultListView *names = listOf(&window, u"lvDupe"_s);
+    ResultListView *names = ListOf(&window, "lvDupe");
     QCOMPARE(arrowOf(names), u"0"_s);
     window.ShowHeaderIconNC(0, Qt::DescendingOrder, true);
     QCOMPARE(arrowOf(names), u"0v"_s);
-    QCOMPARE(arrowOf(listOf(&window)), u"0"_s);
+    QCOMPARE(arrowOf(ListOf(&window)), u"0"_s);
     names->show();
     window.show();
     for (const QString &birth : {u"12/31/1960"_s, u"n/a"_s, u"01/02/1970"_s})
@@ -315,7 +306,7 @@ void tst_ResultSorting::datesOfBirthOfNames()
     clickHeader(names, 2);
     QCOMPARE(columnOf(names, 2), u"n/a 01/02/1970 12/31/1960"_s);
     QCOMPARE(arrowOf(names), u"2v"_s);
-    QCOMPARE(arrowOf(listOf(&window)), u"0"_s);
+    QCOMPARE(arrowOf(ListOf(&window)), u"0"_s);
     QCOMPARE(window.SortColumnName, u"D.O.B."_s);
 }
 
@@ -324,7 +315,7 @@ void tst_ResultSorting::eachWindowHasItsOwnFlag()
     const std::unique_ptr<NameResultsWindow> one(MakeWindow(Which::Civil));
     const std::unique_ptr<NameResultsWindow> other(MakeWindow(Which::Civil));
     for (const auto *window : {one.get(), other.get()}) {
-        auto *list = listOf(window);
+        auto *list = ListOf(window);
         list->window()->show();
         clickHeader(list, 0);
         QCOMPARE(arrowOf(list), u"0v"_s);

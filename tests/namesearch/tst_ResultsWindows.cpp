@@ -1,5 +1,4 @@
 #include "core/GlobalState.h"
-#include "courts/DiscisCourts.h"
 #include "jobs/frmQueue.h"
 #include "namesearch/DistrictSearch.h"
 #include "support/FakeSocket.h"
@@ -10,25 +9,10 @@
 
 // In what the three results windows differ, and what they all do alike.
 
-namespace {
-QString lineOf(Which which)
-{
-    return which == Which::Name ? RequestLine() : DistrictLine();
-}
-
-QString rowOf(Which which)
-{
-    return which == Which::Name ? ResultLine(u"SMITH"_s) : CaseRow(u"SMITH"_s);
-}
-} // namespace
-
-class tst_ResultsWindows : public QObject
+class tst_ResultsWindows : public DistrictTest
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
-
     void atLoad_data();
     void atLoad();
     void workingCaption_data();
@@ -43,33 +27,10 @@ private Q_SLOTS:
     void progressRule();
     void logOfTheReplies_data();
     void logOfTheReplies();
-    void closeRules_data();
+    void closeRules_data() { EachResultsWindow(); }
     void closeRules();
     void windowsOfDifferentKindsRunInTheOrderOfTheQueue();
-
-private:
-    std::unique_ptr<SearchDesk> desk;
-    std::unique_ptr<ScriptedCourt> court;
 };
-
-void tst_ResultsWindows::init()
-{
-    desk = std::make_unique<SearchDesk>();
-    court = std::make_unique<ScriptedCourt>();
-    LoadDiscisCourts();
-}
-
-void tst_ResultsWindows::cleanup()
-{
-    const QString boxes = desk->Boxes.Complaints();
-    const bool allHappened = desk->AllHappened();
-    const QString conversation = court->Complaints();
-    desk.reset();
-    court.reset();
-    QCOMPARE(boxes, QString());
-    QVERIFY(allHappened);
-    QCOMPARE(conversation, QString());
-}
 
 void tst_ResultsWindows::atLoad_data()
 {
@@ -115,11 +76,8 @@ void tst_ResultsWindows::workingCaption_data()
 void tst_ResultsWindows::workingCaption()
 {
     QFETCH(Which, which);
-    court->Expect(lineOf(which)).Reply({});
-    desk->ConnectTo(*court);
-    NameResultsWindow *window = MakeWindow(which);
-    desk->Enqueue(window, {lineOf(which)});
-    window->Timer1->start(1);
+    court->Expect(LineOf(which)).Reply({});
+    NameResultsWindow *window = Begin(MakeWindow(which), {LineOf(which)});
     QString shown;
     desk->When([&] { return court->Requests().size() == 1; },
                [&] {
@@ -147,7 +105,7 @@ void tst_ResultsWindows::lostConnectionLog()
     QFETCH(Which, which);
     FakeSocket *socket = desk->ConnectToNothing();
     NameResultsWindow *window = MakeWindow(which);
-    desk->Enqueue(window, {lineOf(which)});
+    desk->Enqueue(window, {LineOf(which)});
     window->Timer1->start(1);
     desk->When([&] { return socket->sent.size() == 1; }, [&] { socket->PeerCloses(); });
     QVERIFY(desk->Finish(window));
@@ -173,12 +131,8 @@ void tst_ResultsWindows::theEndMark()
 {
     QFETCH(Which, which);
     QFETCH(QString, mark);
-    court->Expect(lineOf(which)).Reply({rowOf(which), mark});
-    desk->ConnectTo(*court);
-    NameResultsWindow *window = MakeWindow(which);
-    desk->Enqueue(window, {lineOf(which)});
-    window->Timer1->start(1);
-    QVERIFY(desk->Finish(window));
+    court->Expect(LineOf(which)).Reply({RowOf(which), mark});
+    NameResultsWindow *window = Search(MakeWindow(which), {LineOf(which)});
     QCOMPARE(TextOf(window, "lblSearchStatus"), complete);
     QCOMPARE(window->RowCount(), 1);
 }
@@ -204,12 +158,8 @@ void tst_ResultsWindows::errorRule()
 {
     QFETCH(Which, which);
     QFETCH(QString, error);
-    court->Expect(lineOf(which)).Reply({error, u"EOF~"_s});
-    desk->ConnectTo(*court);
-    NameResultsWindow *window = MakeWindow(which);
-    desk->Enqueue(window, {lineOf(which)});
-    window->Timer1->start(1);
-    QVERIFY(desk->Finish(window));
+    court->Expect(LineOf(which)).Reply({error, u"EOF~"_s});
+    NameResultsWindow *window = Search(MakeWindow(which), {LineOf(which)});
     QTEST(TextOf(window, "lblStatus"), "status");
     QCOMPARE(window->SearchIncomplete, TextOf(window, "lblStatus") == u"Search Incomplete!");
     QCOMPARE(desk->Folder.Logged(u"Error Response Received in Task Processor.."_s),
@@ -232,11 +182,8 @@ void tst_ResultsWindows::progressRule()
 {
     QFETCH(Which, which);
     QFETCH(QString, reply);
-    court->Expect(lineOf(which)).Reply({reply, rowOf(which)});
-    desk->ConnectTo(*court);
-    NameResultsWindow *window = MakeWindow(which);
-    desk->Enqueue(window, {lineOf(which)});
-    window->Timer1->start(1);
+    court->Expect(LineOf(which)).Reply({reply, RowOf(which)});
+    NameResultsWindow *window = Begin(MakeWindow(which), {LineOf(which)});
     QString shown;
     desk->When([&] { return window->RowCount() == 1; },
                [&] {
@@ -253,11 +200,11 @@ void tst_ResultsWindows::logOfTheReplies_data()
     QTest::addColumn<QStringList>("log");
     const auto log = [](Which which, const QString &number, bool counts) {
         QStringList lines{
-            u"SendReq: "_s + lineOf(which),
-            u"Current Response: --> "_s + number + rowOf(which),
-            u"Sent response to caller: "_s + rowOf(which),
+            u"SendReq: "_s + LineOf(which),
+            u"Current Response: --> "_s + number + RowOf(which),
+            u"Sent response to caller: "_s + RowOf(which),
             u"Current Response: --> "_s + number + u"EOF~"_s,
-            u"All Responses Received For Request: "_s + lineOf(which),
+            u"All Responses Received For Request: "_s + LineOf(which),
             u"NORMAL EXIT - from ProcessSearchReqeusts."_s,
         };
         if (counts)
@@ -272,32 +219,24 @@ void tst_ResultsWindows::logOfTheReplies_data()
 void tst_ResultsWindows::logOfTheReplies()
 {
     QFETCH(Which, which);
-    court->Expect(lineOf(which)).Reply({rowOf(which), u"EOF~"_s});
+    court->Expect(LineOf(which)).Reply({RowOf(which), u"EOF~"_s});
     desk->ConnectTo(*court);
     NameResultsWindow *window = MakeWindow(which);
-    desk->Enqueue(window, {lineOf(which)});
+    desk->Enqueue(window, {LineOf(which)});
     const qsizetype before = desk->Folder.Log().size();
     window->Timer1->start(1);
     QVERIFY(desk->Finish(window));
     QTEST(desk->Folder.Log().mid(before), "log");
 }
 
-void tst_ResultsWindows::closeRules_data()
-{
-    QTest::addColumn<Which>("which");
-    QTest::newRow("name search") << Which::Name;
-    QTest::newRow("civil") << Which::Civil;
-    QTest::newRow("non-civil") << Which::NonCivil;
-}
-
 void tst_ResultsWindows::closeRules()
 {
     QFETCH(Which, which);
-    court->Expect(lineOf(which)).Reply({});
+    court->Expect(LineOf(which)).Reply({});
     desk->ConnectTo(*court);
     Global.bShowAlerts = true;
     const QPointer<NameResultsWindow> window(MakeWindow(which));
-    desk->Enqueue(window.data(), {lineOf(which)});
+    desk->Enqueue(window.data(), {LineOf(which)});
     desk->Boxes.Expect(u"This form cannot be closed until the current search completes."_s,
                        u"Stop Current Search .."_s);
     window->Timer1->start(1);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "namesearch/Handed.h"
 #include "namesearch/SearchDesk.h"
 
 #include <QPointer>
@@ -65,15 +66,6 @@ private:
 
 /// All job windows that are open, in the order of their keys in the queue.
 QList<JobWindow *> OpenJobs();
-
-/// Everything a window was handed: its class, its caption, then each field that holds something, as
-/// "name text". In the lines "/" stands for the broken bar.
-QStringList Handed(const JobWindow *window);
-
-/// "/" for the broken bar, as Handed has it.
-QString Readable(QString line);
-/// The other way.
-QString Wire(QString line);
 
 /// The keys of the turn queue.
 QStringList Keys();
