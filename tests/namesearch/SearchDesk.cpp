@@ -13,6 +13,7 @@
 
 #include <QApplication>
 #include <QDeadlineTimer>
+#include <QHeaderView>
 #include <QPointer>
 #include <QPushButton>
 #include <QTest>
@@ -212,6 +213,22 @@ QStringList HeadersOf(const QWidget *window)
     for (int column = 0; column < model->columnCount(); ++column)
         headers.append(model->headerData(column, Qt::Horizontal).toString());
     return headers;
+}
+
+void ClickHeader(const ResultListView *list, int column)
+{
+    const QHeaderView *header = list->horizontalHeader();
+    const QPoint where(header->sectionViewportPosition(column) + 4, header->height() / 2);
+    QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, where);
+}
+
+QString ArrowOf(const ResultListView *list)
+{
+    const QHeaderView *header = list->horizontalHeader();
+    if (!header->isSortIndicatorShown())
+        return {};
+    return QString::number(header->sortIndicatorSection())
+           + (header->sortIndicatorOrder() == Qt::DescendingOrder ? u"v"_s : QString());
 }
 
 QString RequestLine(const QString &last, const QString &county)

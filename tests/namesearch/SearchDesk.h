@@ -111,6 +111,9 @@ ResultListView *ListOf(const QWidget *window, const char *name = "listview1");
 /// The cells of a list, row by row, as the view has them.
 QList<QStringList> RowsOf(const QWidget *window, const char *list = "listview1");
 QStringList HeadersOf(const QWidget *window);
+void ClickHeader(const ResultListView *list, int column);
+/// Where the arrow stands, and "v" for descending; "" without one.
+QString ArrowOf(const ResultListView *list);
 
 /// A Superior request line, as the search form makes it.
 QString RequestLine(const QString &last = u"SMITH"_s, const QString &county = u"King"_s);

@@ -1,10 +1,12 @@
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
 #include "namesearch/DistrictSearch.h"
+#include "session/SessionEvents.h"
 #include "support/FakeSocket.h"
 
 #include <QPointer>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTest>
 
 // In what the three results windows differ, and what they all do alike.
@@ -29,6 +31,8 @@ private Q_SLOTS:
     void logOfTheReplies();
     void closeRules_data() { EachResultsWindow(); }
     void closeRules();
+    void helpIsWanted_data();
+    void helpIsWanted();
     void windowsOfDifferentKindsRunInTheOrderOfTheQueue();
 };
 
@@ -256,6 +260,23 @@ void tst_ResultsWindows::closeRules()
     window->close();
     QVERIFY(desk->Folder.Logged(u"Unconditional Form Close Called. Closing Name Search form."_s));
     QTRY_VERIFY(window.isNull());
+}
+
+void tst_ResultsWindows::helpIsWanted_data()
+{
+    QTest::addColumn<Which>("which");
+    QTest::newRow("name search") << Which::Name;
+    QTest::newRow("civil") << Which::Civil;
+}
+
+void tst_ResultsWindows::helpIsWanted()
+{
+    QFETCH(Which, which);
+    NameResultsWindow *window = MakeWindow(which);
+    desk->Enqueue(window, {LineOf(which)});
+    const QSignalSpy wanted(&SessionEvents::Of(), &SessionEvents::ResultsHelpWanted);
+    QTest::mouseClick(ButtonOf(window, "lblHelp"), Qt::LeftButton);
+    QCOMPARE(wanted.size(), 1);
 }
 
 void tst_ResultsWindows::windowsOfDifferentKindsRunInTheOrderOfTheQueue()
