@@ -5,7 +5,7 @@
 #include "core/GlobalState.h"
 #include "jobs/JobWindow.h"
 #include "jobs/frmQueue.h"
-#include "searchentry/frmSearchWA.h"
+#include "namesearch/NameResultsWindow.h"
 #include "session/frmMain.h"
 
 #include <QApplication>
@@ -25,6 +25,9 @@ QString disclaimerOf(const QString &state)
            + state + u" Court data except for court purposes. \r\n\r\nDo you want to continue?"_s;
 }
 } // namespace
+
+const QStringList smithJohnQ{u"type txtSearchName_0 Smith"_s, u"type txtSearchName_1 John"_s,
+                             u"type txtSearchName_2 q"_s};
 
 const QString washingtonDisclaimer = disclaimerOf(u"Washington"_s);
 const QString oregonDisclaimer = disclaimerOf(u"Oregon"_s);
@@ -205,4 +208,35 @@ QList<JobWindow *> OpenJobs()
 QStringList Keys()
 {
     return frmQueue::Form().FIFO.Lines();
+}
+
+void EntryTest::init()
+{
+    desk = std::make_unique<EntryDesk>();
+}
+
+void EntryTest::cleanup()
+{
+    const QString complaints = desk->Complaints();
+    desk.reset();
+    QCOMPARE(complaints, QString());
+}
+
+void EntryTest::SearchWithCode(const QStringList &steps, const QStringList &requests)
+{
+    ScriptedCourt court;
+    for (const QString &request : requests)
+        court.Expect(Wire(request)).Reply({u"EOF~"_s});
+    desk->Desk.ConnectTo(court);
+    desk->Do(steps);
+    desk->ExpectCode(u" abc "_s);
+    auto *window = desk->StartOne<NameResultsWindow>();
+    QVERIFY(window);
+    QCOMPARE(window->ClientAcctgCode, u"ABC"_s);
+    QVERIFY(!window->lboxQueue.Lines().join(u' ').contains(u"CAC"));
+    window->Timer1->start(1);
+    QVERIFY(desk->Desk.Finish(window));
+    QCOMPARE(court.Complaints(), QString());
+    QCOMPARE(TextOf(window, "lblStatus").simplified(), u"Search Complete: 0 Cases Retrieved."_s);
+    QCOMPARE(Keys(), QStringList());
 }
