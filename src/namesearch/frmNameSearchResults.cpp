@@ -31,6 +31,9 @@ frmNameSearchResults::frmNameSearchResults(const QString &state, bool indexSearc
     showPageButton(false);
     connect(cmdSearchResults[GetNext], &QPushButton::clicked, this,
             &frmNameSearchResults::cmdGetNext_Click);
+    // Its eight columns have too little room otherwise.
+    if (kind == ResultKind::Index)
+        ui->listview1->UseSmallText();
     UseControls(*ui);
 }
 

@@ -56,6 +56,8 @@ private Q_SLOTS:
 
     void aSearchCompletes_data();
     void aSearchCompletes();
+    void anErrorAmongTheRowsLeavesTheRows_data();
+    void anErrorAmongTheRowsLeavesTheRows();
     void severalWindowsTakeTheirTurns();
     void aCompulsoryCodeGoesAlong();
     void everyCountyOfTheStateIsAsked();
@@ -164,6 +166,30 @@ void tst_AllFamilies::aSearchCompletes()
     QCOMPARE(found, numbers);
     QCOMPARE(Keys(), QStringList());
     QVERIFY(!Global.bSearchInProgress);
+}
+
+void tst_AllFamilies::anErrorAmongTheRowsLeavesTheRows_data()
+{
+    QTest::addColumn<QStringList>("steps");
+    const QStringList badRow{u"type txtSearchName_0 Badrow"_s};
+    QTest::newRow("Superior") << badRow + county(u"King"_s) + types({u"Civil"_s});
+    QTest::newRow("Idaho") << QStringList{u"click optState_3"_s, u"click optSearchWhere_2"_s}
+                                  + badRow + types({u"Civil"_s});
+    QTest::newRow("District, civil") << discis + badRow + seattle;
+    QTest::newRow("Bankruptcy") << federal + badRow;
+}
+
+void tst_AllFamilies::anErrorAmongTheRowsLeavesTheRows()
+{
+    QFETCH(QStringList, steps);
+    QVERIFY(logIn(u"quiet"_s));
+    desk->Do(steps);
+    auto *window = desk->StartOne<NameResultsWindow>();
+    QVERIFY(window);
+    window->Timer1->start(1);
+    QVERIFY(desk->Desk.Finish(window));
+    QCOMPARE(TextOf(window, "lblStatus"), u"Search Incomplete!"_s);
+    QCOMPARE(RowsOf(window).size(), 6);
 }
 
 void tst_AllFamilies::severalWindowsTakeTheirTurns()

@@ -61,7 +61,7 @@ inline constexpr std::array<Told, 30> allTold{{
     {Act::Disconnect, Moment::Over, End::Completed, false, false, false, false, false},
     {Act::DisconnectFromSilence, Moment::Pending, End::ConnectionLost, false, false, false, false,
      false},
-    // Refused, and the search has little time left for what the court still owes.
+    // Refused, and what the court still owes never comes: the wait for it ends by its limit.
     {Act::DisconnectFromSilence, Moment::Running, End::ConnectionLost, false, false, true, true,
      false},
     {Act::DisconnectFromSilence, Moment::Over, End::Completed, false, false, false, false, false},

@@ -76,6 +76,7 @@ private Q_SLOTS:
     void aSuperiorCaseAmongTheNonCivil();
     void theRowIsMarkedOnce();
     void anArchivedCaseKeepsItsMark();
+    void theMarkDoesNotCutTheNumber();
     void notLoggedIn_data();
     void notLoggedIn();
     void nothingSelected();
@@ -328,6 +329,17 @@ void tst_OpenCase::anArchivedCaseKeepsItsMark()
     const CaseWindow *opened = caseWindows().constFirst();
     QCOMPARE(opened->txtCaseNumber, u"*02-2-02029-9"_s);
     QCOMPARE(opened->lblCaseDetailsHdr(), u"Case Details (*02-2-02029-9)"_s);
+}
+
+void tst_OpenCase::theMarkDoesNotCutTheNumber()
+{
+    const NameResultsWindow *window =
+        finishedDistrict(Which::NonCivil, DistrictLine(u"BED"_s, u"IN"_s), {CaseRow(u"SMITH"_s)});
+    const ResultListView *list = ListOf(window);
+    const int before = list->columnWidth(1);
+    choose(window, 0);
+    QVERIFY(list->columnWidth(1) > before);
+    QVERIFY(list->columnWidth(1) >= list->sizeHintForIndex(list->List()->index(0, 1)).width());
 }
 
 void tst_OpenCase::notLoggedIn_data()

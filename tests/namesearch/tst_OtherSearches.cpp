@@ -1,3 +1,4 @@
+#include "controls/ResultListView.h"
 #include "core/GlobalState.h"
 #include "namesearch/SearchDesk.h"
 #include "namesearch/frmNameSearchResults.h"
@@ -21,6 +22,7 @@ class tst_OtherSearches : public SearchTest
 private Q_SLOTS:
     void columnsOfEachState_data();
     void columnsOfEachState();
+    void onlyTheIndexIsWrittenSmall();
     void whatTheStarterHandsOver();
     void searchOfEachState_data();
     void searchOfEachState();
@@ -54,6 +56,15 @@ void tst_OtherSearches::columnsOfEachState()
     QTEST(static_cast<int>(HeadersOf(&window).size()), "columns");
     QTEST(HeadersOf(&window).last(), "lastHeader");
     QTEST(window.chkBK, "bankruptcy");
+}
+
+void tst_OtherSearches::onlyTheIndexIsWrittenSmall()
+{
+    const frmNameSearchResults direct(u"WA"_s);
+    const frmNameSearchResults index(u"WA"_s, true);
+    const auto size = [](const QWidget &window) { return ListOf(&window)->font().pointSizeF(); };
+    QCOMPARE(size(direct), direct.font().pointSizeF());
+    QVERIFY(size(index) < index.font().pointSizeF());
 }
 
 void tst_OtherSearches::whatTheStarterHandsOver()
