@@ -35,12 +35,12 @@ enum class CaseKind {
 struct CaseTabRow
 {
     CaseTab tab;
-    QStringView caption; ///< in TabStrip1, and the key of its setting
-    int frame;           ///< its element of frameTabs
-    int check;           ///< its element of chkTab
-    QStringView title;   ///< its word in the status line and in the log
-    QStringView procedure;
-    QStringView review; ///< lblWarning when the tab is shown and is incomplete
+    QStringView caption;   ///< in TabStrip1, and the key of its setting
+    int frame;             ///< its element of frameTabs
+    int check;             ///< its element of chkTab
+    QStringView title;     ///< its word in the status line and in the log
+    QStringView procedure; ///< without its brackets
+    QStringView review;    ///< lblWarning when the tab is shown and is incomplete
 };
 
 /// The element of frameTabs that offers to retrieve what was left out.
@@ -48,11 +48,26 @@ inline constexpr int onDemandFrame = 8;
 
 const CaseTabRow &CaseTabRowOf(CaseTab tab);
 
+/// What the status line, lblWarning and the log say of one exchange of a tab.
+struct TabTexts
+{
+    QString Retrieving; ///< the status line and the log
+    QString Complete;
+    QString Incomplete;
+    QString Warning;          ///< lblWarning when the exchange failed
+    QString AllReceived;      ///< logged with the request behind it, as is the next
+    QString SearchIncomplete; ///< logged
+    QString SearchResult;     ///< logged with the reason behind it
+    QString ProcError;        ///< logged with the description of the error behind it
+    QString NormalExit;       ///< logged
+};
+TabTexts TextsOf(CaseTab tab);
+
 /// The tab with this caption, in capitals or not, with a leading "&" or not.
 std::optional<CaseTab> CaseTabOf(const QString &caption);
 
 /// The captions of a case of the Superior Courts by the type digit of its number. Neither "*" nor
-/// ">>" stand in front of the number any more.
+/// ">>" stands in front of the number any more.
 QStringList GetTabsForCaseType(const QString &number, bool archived);
 
 /// The same for the text of txtCaseNumber, whose marks tell whether the case is archived.
@@ -67,4 +82,5 @@ QStringList TabsOfSummary(const QString &firstLine);
 QStringList DiscisTabs(CaseKind kind);
 
 /// The order in which the tabs of a state's courts get their request lines; "WA", "OR" or "ID".
+/// Summary is not in it: its line is always the first. Nothing for other courts.
 QList<CaseTab> RequestOrder(const QString &state);

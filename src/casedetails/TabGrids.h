@@ -6,7 +6,8 @@
 #include <QString>
 #include <QStringList>
 
-// From the reply of a tab to its grid: one reader for all tabs but Summary and Documents.
+// From the reply of a tab to its grid: one reader for all tabs but Summary and Documents, and one
+// for Documents.
 
 /// What a tab shows for its reply.
 struct TabView
@@ -17,11 +18,19 @@ struct TabView
     QStringList LogLines; ///< in order, complete
 };
 
-/// `state` is lblState; `request` goes into the log lines.
+/// `state` is lblState; `request` goes into the log lines. Throws error 6 or 13 when a width is no
+/// number. Nothing for Summary and Documents.
 TabView ShowTabResponse(CaseKind kind, const QString &state, CaseTab tab, const QStringList &lines,
                         bool incomplete, const QString &request);
 
-/// What a line of a tab's reply is.
+/// The documents of a case: the columns of the reply's definition lines, and a row for each line
+/// from the fifth. Nothing is in it before the fourth line has come. Throws as ShowTabResponse.
+GridTable DocumentsTable(const QStringList &lines);
+
+/// The whole reply of the Documents tab, with a message when it holds no list.
+TabView ShowDocumentsResponse(const QStringList &lines, bool incomplete, const QString &request);
+
+/// What a line of a tab's reply is; the first that holds. Not for Summary.
 enum class TabLine {
     EndOfReply,
     Error, ///< not stored; its text is the reason why the tab is incomplete

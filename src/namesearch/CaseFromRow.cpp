@@ -1,6 +1,7 @@
 #include "namesearch/CaseFromRow.h"
 
 #include "core/TextUtilities.h"
+#include "courts/CaseMarks.h"
 #include "courts/Counties.h"
 #include "courts/DiscisCourts.h"
 
@@ -27,9 +28,6 @@ constexpr int requestTypeField = 6;
 
 constexpr QStringView openedMark = u">>";
 constexpr QStringView warningCell = u"**Warning**";
-
-/// The longest mark first: each is the beginning of the text behind which the number stands.
-constexpr std::array<QStringView, 3> marks{u">>*", u">>", u"*"};
 
 /// Each field closed by its bar. A frame has no escape: what would break the line is left out.
 QString lineOf(const QStringList &fields)
@@ -243,15 +241,6 @@ CaseFromRow discisCase(const QStringList &cells, const DiscisRow &row)
     return fields;
 }
 } // namespace
-
-QString CaseNumberOf(const QString &cell)
-{
-    for (const QStringView mark : marks) {
-        if (cell.startsWith(mark))
-            return TrimBlanks(cell.sliced(mark.size()));
-    }
-    return TrimBlanks(cell);
-}
 
 QString MarkedAsOpened(const QString &cell)
 {

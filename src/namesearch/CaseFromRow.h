@@ -37,9 +37,6 @@ struct CaseFromRow
     QString Log; ///< what is logged before the window is shown
 };
 
-/// The number without the marks of an archived case, "*", and of one opened before, ">>".
-QString CaseNumberOf(const QString &cell);
-
 /// The cell of a case that has been opened: with ">>" in front, once.
 QString MarkedAsOpened(const QString &cell);
 

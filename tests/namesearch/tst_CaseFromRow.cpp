@@ -39,8 +39,6 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void numbersLoseTheirMarks_data();
-    void numbersLoseTheirMarks();
     void theOpenedMarkIsPutOnce_data();
     void theOpenedMarkIsPutOnce();
     void onlyCasesAreCases_data();
@@ -86,26 +84,6 @@ void tst_CaseFromRow::init()
 void tst_CaseFromRow::cleanup()
 {
     folder.reset();
-}
-
-void tst_CaseFromRow::numbersLoseTheirMarks_data()
-{
-    QTest::addColumn<QString>("cell");
-    QTest::addColumn<QString>("number");
-    QTest::newRow("no mark") << u"02-2-02029-9"_s << u"02-2-02029-9"_s;
-    QTest::newRow("archived") << u"*02-2-02029-9"_s << u"02-2-02029-9"_s;
-    QTest::newRow("opened") << u">>02-2-02029-9"_s << u"02-2-02029-9"_s;
-    QTest::newRow("opened and archived") << u">>*02-2-02029-9"_s << u"02-2-02029-9"_s;
-    QTest::newRow("blanks behind the mark") << u">>*  02-2 "_s << u"02-2"_s;
-    QTest::newRow("half a mark") << u">02-2"_s << u">02-2"_s;
-    QTest::newRow("a mark alone") << u">>*"_s << QString();
-    QTest::newRow("empty") << QString() << QString();
-}
-
-void tst_CaseFromRow::numbersLoseTheirMarks()
-{
-    QFETCH(QString, cell);
-    QTEST(CaseNumberOf(cell), "number");
 }
 
 void tst_CaseFromRow::theOpenedMarkIsPutOnce_data()

@@ -1,0 +1,119 @@
+// What double clicks in a case window open: other cases, each in a window of its own.
+
+#include "casedetails/frmCaseDetails.h"
+#include "controls/FlexGrid.h"
+#include "core/GlobalState.h"
+#include "core/Log.h"
+#include "core/RunTimeError.h"
+#include "core/TextUtilities.h"
+#include "session/LoginOffer.h"
+#include "session/NewWindow.h"
+
+#include <QLabel>
+#include <QRegularExpression>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+const QString retrieveCommand = u"RETRIEVECOMMAND="_s;
+
+/// The first cell of a row that reads like a number of the Superior Courts, "" when none does.
+QString caseNumberIn(const FlexGrid &grid, int row)
+{
+    static const QRegularExpression pattern(u"^\\d{2}-\\d-\\d{5}-\\d$"_s);
+    for (int column = 0; column < grid.Cols(); ++column) {
+        const QString cell = TrimBlanks(grid.Cell(row, column));
+        if (pattern.match(cell).hasMatch())
+            return cell;
+    }
+    return {};
+}
+
+/// Whether a search may begin; asks for the login otherwise.
+bool mayBegin(QWidget *window)
+{
+    if (Global.bLoggedIn)
+        return true;
+    if (OfferLogin(window))
+        ShowLogin();
+    return false;
+}
+} // namespace
+
+void frmCaseDetails::GridSummary_DblClick(int row)
+{
+    const RunScope scope(this);
+    const FlexGrid &grid = *Tab(CaseTab::Summary).Grid;
+    if (row < 1 || (grid.Cell(row, 0) != u"Associated Case:" && !chkBKYass))
+        return;
+    const QString number = grid.Cell(row, chkBKYass ? 0 : 1);
+    if (number.isEmpty() || !mayBegin(this))
+        return;
+    if (chkBKYass)
+        openListedCase(row);
+    else
+        DoCaseNumberSearchAss(number);
+}
+
+void frmCaseDetails::GridJudgment_DblClick(int row)
+{
+    const RunScope scope(this);
+    const FlexGrid &grid = *Tab(CaseTab::Judgments).Grid;
+    const QString number = row < 1 ? QString() : caseNumberIn(grid, row);
+    if (lblState != u"WA" || number.isEmpty() || !mayBegin(this))
+        return;
+    DoCaseNumberSearchJudgment(number);
+}
+
+void frmCaseDetails::openListedCase(int row)
+{
+    const QString line = List1.value(row - 1);
+    NewWindow form(new frmCaseDetails);
+    form->SetCourtName(lblCourtName());
+    form->lblState = lblState;
+    form->txtCaseNumber = txtCaseNumber;
+    form->SetCaseDetailsHdr(lblCaseDetailsHdr());
+    form->setWindowTitle(windowTitle());
+    form->chkBK = true;
+    form->SetCaseTitle(u"Bankruptcy"_s);
+    form->ClientAcctgCode = ClientAcctgCode;
+    const QString request = TrimBlanks(QString(line.split(u'^').value(1)).remove(retrieveCommand));
+    form->tboxCaseNumberQueue = request;
+    form->lboxTabReqQueue.Clear();
+    form->lboxTabReqQueue.AddItem(request);
+    form.GiveKey();
+    form.Launch();
+}
+
+bool frmCaseDetails::DoCaseNumberSearchAss(const QString &number)
+{
+    return openCaseOfCounty(number, u"DoCaseNumberSearchAss"_s);
+}
+
+bool frmCaseDetails::DoCaseNumberSearchJudgment(const QString &number)
+{
+    return openCaseOfCounty(number, u"DoCaseNumberSearchJudgment"_s);
+}
+
+bool frmCaseDetails::openCaseOfCounty(const QString &number, const QString &procedure)
+{
+    try {
+        const QString asked = TrimBlanks(number).toUpper();
+        NewWindow form(new frmCaseDetails);
+        form->lblState = u"WA"_s;
+        form->txtCountyName = txtCountyName;
+        form->txtCaseNumber = asked;
+        form->tboxCaseNumberQueue = u"WASUP\u00A6SUMMARY\u00A6"_s + asked;
+        form->SetCaseDetailsHdr(u"Case Details ("_s + asked + u')');
+        form->SetCourtName(txtCountyName + u" County, Washington Superior Courts"_s);
+        form->SetCaseTitle(u"Pending .. "_s);
+        form->ClientAcctgCode = ClientAcctgCode;
+        form.GiveKey();
+        form.Launch();
+        return true;
+    } catch (const RunTimeError &error) {
+        WriteAppInfo(u"Error Executing Case Number Search: frmCaseDetails::"_s + procedure
+                     + u"(): Error: "_s + error.Description());
+        return false;
+    }
+}

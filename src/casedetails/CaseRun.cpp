@@ -1,0 +1,310 @@
+// The first run of a case window: CaseWindow::ProcessSearchRequests and what it is made of.
+
+#include "casedetails/CaseWindow.h"
+#include "controls/FlexGrid.h"
+#include "controls/JobVoice.h"
+#include "controls/MsgBox.h"
+#include "controls/TabStrip.h"
+#include "core/Clock.h"
+#include "core/GlobalState.h"
+#include "core/Log.h"
+#include "core/RunTimeError.h"
+#include "core/TextUtilities.h"
+#include "courts/CaseMarks.h"
+#include "jobs/TurnTaking.h"
+#include "jobs/frmQueue.h"
+
+#include <QLabel>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr float pauseBeforeTab = 0.15F; ///< seconds
+constexpr int brokenDown = 911;
+} // namespace
+
+void CaseWindow::ProcessSearchRequests()
+{
+    lboxResponses.Clear();
+    voice->SayState();
+    CaseInvalid = false;
+    if (lboxTabReqQueue.ListCount() == 0) {
+        reportEmptyQueue();
+        return;
+    }
+    try {
+        endRun(runTabs());
+    } catch (const RunTimeError &error) {
+        WriteAppInfo(u"Exiting ProcessSearchRequests via PROCERR in Case Details. Error: "_s
+                     + error.Description());
+    }
+}
+
+void CaseWindow::reportEmptyQueue()
+{
+    MsgBox(this,
+           u"No Search Requests For Case Details Can Be Located! This Form will be closed when you "
+           "select OK. The Request Queue Appears to be Empty."_s,
+           u"Search Queue Empty .."_s, MsgButtons::Ok, MsgIcon::Exclamation);
+    closesUnasked = true;
+    Unload();
+}
+
+CaseWindow::RunEnd CaseWindow::runTabs()
+{
+    const RunEnd summary = runSummary();
+    if (summary != RunEnd::Normal)
+        return summary;
+    for (int i = 1; i < tabStrip->count(); ++i) {
+        PauseSeconds(pauseBeforeTab);
+        const std::optional<CaseTab> tab = CaseTabOf(tabCaptions.value(i));
+        if (!tab)
+            continue;
+        const RunEnd end = runTab(*tab);
+        if (end != RunEnd::Normal)
+            return end;
+        // A bankruptcy case has nothing behind its docket.
+        if (IsBankruptcy() && *tab == CaseTab::Docket)
+            break;
+    }
+    return RunEnd::Normal;
+}
+
+/// The Summary, and a second time with the answer when the court asks about arbitration.
+CaseWindow::RunEnd CaseWindow::runSummary()
+{
+    Global.strRecvBuffer.Clear();
+    CaseTabState &summary = TabOf(CaseTab::Summary);
+    summary.TabRequest = TrimBlanks(lboxTabReqQueue.List(0));
+    retrieveSummary();
+    if (summary.Grid->Cell(0, 0).contains(u"not a valid case number", Qt::CaseInsensitive))
+        return RunEnd::InvalidCase;
+    if (NotLocated)
+        return RunEnd::NotLocated;
+    if (CaseInvalid || FatalError == brokenDown)
+        return RunEnd::Error;
+    if (lboxTabReqQueue.ListCount() > 0)
+        lboxTabReqQueue.RemoveItem(0);
+    if (Archived) {
+        SetCaseDetailsHdr(u"Case Details (*"_s + CaseNumberOf(txtCaseNumber) + u')');
+        setWindowTitle(lblCaseDetailsHdr());
+    }
+    if (lblCaseDetailsHdr().contains(u'*'))
+        Archived = true;
+    return endOf(testStopFlags());
+}
+
+void CaseWindow::retrieveSummary()
+{
+    CaseTabState &summary = TabOf(CaseTab::Summary);
+    doSummarySearch(summary.TabRequest);
+    if (!UserQuestion)
+        return;
+    summary.TabRequest = WithArbitration(summary.TabRequest, arbitration);
+    UserQuestion = false;
+    ArbitrationAnswer = false;
+    Global.ArbitrationChosen = false;
+    doSummarySearch(summary.TabRequest);
+}
+
+CaseWindow::RunEnd CaseWindow::endOf(StopPoint point)
+{
+    switch (point) {
+    case StopPoint::Stop:
+        return RunEnd::Stopped;
+    case StopPoint::Close:
+        return RunEnd::Closed;
+    case StopPoint::GoOn:
+        break;
+    }
+    return RunEnd::Normal;
+}
+
+CaseWindow::RunEnd CaseWindow::runTab(CaseTab tab)
+{
+    rewriteForArbitration(tab);
+    if (IsBankruptcy())
+        takeBankruptcyRequest(tab);
+    const CaseTabState &state = Tab(tab);
+    const bool nothingToAsk = IsBankruptcy() && state.TabRequest.isEmpty();
+    if (!state.TabNotRetrieved && !nothingToAsk)
+        retrieveTab(tab, state.TabRequest);
+    if (FatalError == brokenDown)
+        return RunEnd::Fatal;
+    return endOf(testStopFlags());
+}
+
+/// The court has given the lines of a bankruptcy case in its Summary.
+void CaseWindow::takeBankruptcyRequest(CaseTab tab)
+{
+    const QString word = CaseTabRowOf(tab).caption.toString().toUpper();
+    TabOf(tab).TabRequest.clear();
+    for (const QString &line : lboxTabReqQueue.Lines()) {
+        if (line.contains(word)) {
+            TabOf(tab).TabRequest = line;
+            return;
+        }
+    }
+}
+
+/// The answer goes into the line every time that the line is about to be used; the court reads the
+/// end of the field.
+void CaseWindow::rewriteForArbitration(CaseTab tab)
+{
+    if (arbitration == ArbitrationMode::NotAsked || tab == CaseTab::Documents)
+        return;
+    TabOf(tab).TabRequest = WithArbitration(Tab(tab).TabRequest, arbitration);
+    Global.ArbitrationChosen = false;
+}
+
+CaseWindow::StopPoint CaseWindow::testStopFlags()
+{
+    if (Global.bStopRequested) {
+        WriteAppInfo(u"Searching Stopped - Yielding to Logout Process."_s);
+        return StopPoint::Stop;
+    }
+    if (CloseRequested) {
+        WriteAppInfo(u"Searching Stopped - Yielding to Form Close Request by User."_s);
+        return StopPoint::Close;
+    }
+    if (StopRequested) {
+        WriteAppInfo(u"Searching Stopped - Yielding to Stop Command from User."_s);
+        return StopPoint::Stop;
+    }
+    return StopPoint::GoOn;
+}
+
+void CaseWindow::endRun(RunEnd end)
+{
+    switch (end) {
+    case RunEnd::Normal:
+        WriteAppInfo(u"NORMAL EXIT - from ProcessSearchReqeusts."_s);
+        endNormally();
+        break;
+    case RunEnd::InvalidCase:
+        WriteAppInfo(u"NORMAL EXIT - INVALID CASE NUMBER in ProcessSearchReqeusts."_s);
+        endInvalid();
+        break;
+    case RunEnd::Stopped:
+        WriteAppInfo(u"SEARCHING STOPPED DUE TO LOGOUT or STOP - from ProcessSearchReqeusts in "
+                     "Case Details."_s);
+        endStopped();
+        break;
+    case RunEnd::Closed:
+        WriteAppInfo(
+            u"SEARCH FORM CLOSED BY USER - from Process Search Reqeusts in Case Details."_s);
+        endClosed();
+        return;
+    case RunEnd::Error:
+        WriteAppInfo(u"SEARCH ERROR EXIT - from ProcessSearchReqeusts."_s);
+        endInError();
+        break;
+    case RunEnd::NotLocated:
+        // Its turn is given back and its status said already.
+        printButton->setEnabled(true);
+        leaveUnretrieved();
+        break;
+    case RunEnd::Fatal:
+        // The link broke under it: it keeps its place until it is closed, so that nothing is sent
+        // into a conversation in an unknown state.
+        return;
+    }
+    voice->Ended(StopRequested);
+}
+
+/// Gives the turn back, if it is still this window's: the next job's key is not ours to remove.
+void CaseWindow::releaseOwnTurn()
+{
+    const ListBox &queue = frmQueue::Form().FIFO;
+    if (queue.ListCount() > 0 && queue.List(0) == txtMasterKey)
+        ReleaseTurn();
+}
+
+void CaseWindow::showEndStatus()
+{
+    if (AnyTabIncomplete()) {
+        SetStatusText(u"Search Incomplete!"_s, true);
+    } else {
+        SetStatusText(u"Search Complete"_s);
+        SetWarning({});
+    }
+}
+
+void CaseWindow::endNormally()
+{
+    releaseOwnTurn();
+    EndJob();
+    showEndStatus();
+    printButton->setEnabled(true);
+    TmrFlash->start();
+    printIfAsked();
+}
+
+void CaseWindow::endInvalid()
+{
+    releaseOwnTurn();
+    EndJob();
+    SetStatusText(u"Search Complete - Case Number Invalid"_s);
+    SetWarning({});
+    printButton->setEnabled(true);
+    FlexGrid *grid = TabOf(CaseTab::Summary).Grid;
+    grid->SetColumnAlignment(0, Qt::AlignLeft | Qt::AlignTop);
+    grid->scrollToTop();
+    printIfAsked();
+}
+
+void CaseWindow::endStopped()
+{
+    WithdrawKey(txtMasterKey);
+    EndJob();
+    SetStatusText(u"Search Stopped by User .."_s, true);
+    SetWarning(u"Warning: Some results may NOT have been retrieved .."_s);
+    printButton->setEnabled(true);
+    SearchStopped = true;
+    // The list of documents is no part of what a stop leaves out.
+    const bool documents = Tab(CaseTab::Documents).TabNotRetrieved;
+    leaveUnretrieved();
+    TabOf(CaseTab::Documents).TabNotRetrieved = documents;
+}
+
+void CaseWindow::endClosed()
+{
+    SetStatusText(u"Search Stopped - Form Closing .."_s, true);
+    StopBlinking();
+    SetWarning(u"Closing Form .."_s);
+    releaseOwnTurn();
+    Global.bSearchInProgress = false;
+    HasTurn = false;
+    closesUnasked = true;
+    Unload();
+}
+
+void CaseWindow::endInError()
+{
+    EndJob();
+    releaseOwnTurn();
+    Global.bSearchInProgress = false;
+    HasTurn = false;
+    printButton->setEnabled(true);
+    TmrFlash->start();
+}
+
+void CaseWindow::EndNotLocated(const QString &status, const QString &captionSuffix)
+{
+    NotLocated = true;
+    releaseOwnTurn();
+    EndJob();
+    SetStatusText(status);
+    TmrFlash->start();
+    setWindowTitle(windowTitle() + captionSuffix);
+}
+
+void CaseWindow::printIfAsked()
+{
+    if (!chkAutoPrint)
+        return;
+    chkAutoPrint = false;
+    // Behind the run: a box must not keep the link from the other cases of a batch.
+    QMetaObject::invokeMethod(this, &CaseWindow::printDetails, Qt::QueuedConnection);
+}

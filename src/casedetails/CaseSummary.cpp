@@ -1,0 +1,230 @@
+// The exchange of the Summary, which says what kind of case it is, whether there is one at all, and
+// which tabs it has.
+
+#include "casedetails/CaseWindow.h"
+#include "casedetails/GridGrammar.h"
+#include "casedetails/SummaryReply.h"
+#include "casedetails/frmArbPrompt.h"
+#include "core/GlobalState.h"
+#include "core/Log.h"
+#include "core/RunTimeError.h"
+#include "core/TextUtilities.h"
+#include "link/Comm.h"
+
+#include <QLabel>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+const QString caseNotFound = u"Case Not Found"_s;
+const QString notAvailable = u"N/A"_s;
+const QString warningsStatus = u"Search Warnings - See Summary"_s;
+const QString idahoIsDown = u"Idaho courts are currently unavailable, please try later."_s;
+} // namespace
+
+/// What the lines of a Summary reply amount to.
+struct CaseWindow::SummaryRead
+{
+    QString ErrorText;
+    QString TimeOut;        ///< the reason, when the end mark did not come
+    bool Warnings = false;  ///< an error that makes the case invalid
+    bool NotOnFile = false; ///< the reply ended before its end mark
+};
+
+void CaseWindow::doSummarySearch(const QString &request)
+{
+    CaseTabState &summary = TabOf(CaseTab::Summary);
+    const TabTexts texts = TextsOf(CaseTab::Summary);
+    try {
+        summary.TabIncomplete = false;
+        NotLocated = false;
+        UserQuestion = false;
+        if (summary.TabNotRetrieved)
+            lblWarning->hide();
+        Global.strRecvBuffer.Clear();
+        WriteAppInfo(texts.Retrieving);
+        SetStatusText(texts.Retrieving);
+        summary.TabDone = false;
+        lboxResponses.Clear();
+        sendTabRequest(request, true);
+        const SummaryRead read = readSummary(request);
+        if (!read.TimeOut.isEmpty())
+            summaryIncomplete(request, read.TimeOut);
+        else if (read.NotOnFile)
+            summaryNotOnFile(request);
+        else
+            evaluateSummary(request, read);
+    } catch (const RunTimeError &error) {
+        tabFailed(CaseTab::Summary, error);
+    }
+}
+
+CaseWindow::SummaryRead CaseWindow::readSummary(const QString &request)
+{
+    SummaryRead read;
+    for (;;) {
+        const Response response = ReadResponse();
+        WriteAppInfo(u"Current Response: --> "_s + response.Token + u' '
+                     + QString::number(Number(response.Status)));
+        if (response.Status == ReadStatus::TimedOutOrLost) {
+            read.TimeOut = u"Search Error! Reason: Timed Out Waiting For Response from Server."_s;
+            return read;
+        }
+        if (response.Status != ReadStatus::Token)
+            throw RunTimeError(0, u"Halvane Server Connection was Dropped!"_s);
+        if (takeSummaryLine(response.Token, request, read))
+            return read;
+    }
+}
+
+/// True when nothing more is read.
+bool CaseWindow::takeSummaryLine(const QString &line, const QString &request, SummaryRead &read)
+{
+    switch (ClassifySummaryLine(lblState, line)) {
+    case SummaryLine::EndOfReply:
+        return true;
+    case SummaryLine::BankruptcyNotFound:
+        lboxResponses.Clear();
+        lboxResponses.AddItem(caseNotFound);
+        SetCaseTitle(notAvailable);
+        SetDateFiled(notAvailable);
+        SetStatusText(TextsOf(CaseTab::Summary).Complete);
+        WriteAppInfo(TextsOf(CaseTab::Summary).AllReceived + request);
+        break;
+    case SummaryLine::NotOnFile:
+        read.NotOnFile = true;
+        return true;
+    case SummaryLine::Error:
+        takeSummaryError(line, read);
+        break;
+    case SummaryLine::Progress:
+        break;
+    case SummaryLine::UserQuestion:
+        UserQuestion = true;
+        break;
+    case SummaryLine::Data:
+        lboxResponses.AddItem(TrimBlanks(line));
+        break;
+    }
+    return false;
+}
+
+void CaseWindow::takeSummaryError(const QString &line, SummaryRead &read)
+{
+    const SummaryError error = ReadSummaryError(line);
+    read.ErrorText = error.Text;
+    if (!error.LogLine.isEmpty())
+        WriteAppInfo(error.LogLine);
+    lboxResponses.AddItem(error.Response);
+    if (error.Warnings) {
+        read.Warnings = true;
+        CaseInvalid = true;
+    }
+}
+
+/// The court does not go on before it knows; the answer is part of every later request of the case.
+void CaseWindow::askArbitration()
+{
+    ArbitrationAnswer = false;
+    frmArbPrompt::ShowModal(this);
+    ArbitrationAnswer = Global.ArbitrationChosen;
+    arbitration = ArbitrationAnswer ? ArbitrationMode::Arbitration : ArbitrationMode::NoArbitration;
+    Global.ArbitrationChosen = false;
+}
+
+void CaseWindow::summaryNotOnFile(const QString &request)
+{
+    lboxResponses.Clear();
+    lboxResponses.AddItem(caseNotFound);
+    ShowSummaryResponse();
+    SetStatusText(TextsOf(CaseTab::Summary).Complete);
+    summaryComplete(request);
+}
+
+void CaseWindow::evaluateSummary(const QString &request, const SummaryRead &read)
+{
+    lblStatus->show();
+    if (UserQuestion) {
+        askArbitration();
+        return;
+    }
+    if (read.ErrorText.contains(u"not a valid case number", Qt::CaseInsensitive)) {
+        summaryInvalid(request, read.ErrorText);
+        return;
+    }
+    if (read.ErrorText.contains(u"idaho courts are currently unavailable, please try later",
+                                Qt::CaseInsensitive)) {
+        logSummaryFailure(TextsOf(CaseTab::Summary).SearchIncomplete, request,
+                          u"Search Incomplete. Idaho Courts Are Currently Unavailable."_s);
+        lblState = u"ID"_s;
+        lboxResponses.Clear();
+        lboxResponses.AddItem(idahoIsDown);
+    } else if (read.Warnings) {
+        SetStatusText(warningsStatus);
+        summaryIncomplete(request, read.ErrorText);
+        return;
+    } else if (IsBankruptcy() && lboxResponses.ListCount() == 0) {
+        lboxResponses.AddItem(caseNotFound);
+        SetCaseTitle(notAvailable);
+        SetDateFiled(notAvailable);
+    }
+    showSummary();
+    summaryComplete(request);
+}
+
+void CaseWindow::showSummary()
+{
+    ShowSummaryResponse();
+    // A reply that ended the search has said so itself.
+    if (!NotLocated)
+        SetStatusText(TextsOf(CaseTab::Summary).Complete);
+}
+
+void CaseWindow::summaryComplete(const QString &request)
+{
+    const TabTexts texts = TextsOf(CaseTab::Summary);
+    WriteAppInfo(texts.AllReceived + request);
+    WriteAppInfo(texts.NormalExit);
+    TabOf(CaseTab::Summary).TabDone = true;
+    TabOf(CaseTab::Summary).TabIncomplete = false;
+}
+
+void CaseWindow::logSummaryFailure(const QString &first, const QString &request,
+                                   const QString &reason)
+{
+    WriteAppInfo(first + request);
+    WriteAppInfo(TextsOf(CaseTab::Summary).SearchResult + reason);
+}
+
+/// The reason stands where the Summary would, alone.
+void CaseWindow::showFailedSummary(const QString &reason)
+{
+    SetStatusText(warningsStatus, true);
+    ShowSummaryFailure(reason);
+    ShowGrid(CaseTab::Summary, OneCellTable(lboxResponses.List(0)));
+    ActivateTab(CaseTabRowOf(CaseTab::Summary).caption.toString());
+    RemoveAllTabsButFirst();
+}
+
+void CaseWindow::summaryInvalid(const QString &request, const QString &reason)
+{
+    logSummaryFailure(u"Summary Search Incomplete. Invalid Case# for County. Request: "_s, request,
+                      reason);
+    SetWarning(u"Summary Information Unvavailable! Case Number Invalid For County."_s);
+    showFailedSummary(reason);
+    CaseTabState &summary = TabOf(CaseTab::Summary);
+    summary.TabNotRetrieved = false;
+    summary.TabIncomplete = false;
+    summary.TabDone = false;
+}
+
+void CaseWindow::summaryIncomplete(const QString &request, const QString &reason)
+{
+    logSummaryFailure(TextsOf(CaseTab::Summary).SearchIncomplete, request, reason);
+    SetWarning(u"Summary Information Incomplete! Please Retry Search."_s);
+    showFailedSummary(reason);
+    CaseTabState &summary = TabOf(CaseTab::Summary);
+    summary.TabIncomplete = true;
+    summary.TabNotRetrieved = false;
+    summary.TabDone = false;
+}

@@ -1,0 +1,172 @@
+#include "casedetails/DiscisSummary.h"
+
+#include "core/RunTimeError.h"
+#include "core/TextUtilities.h"
+
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr QChar fieldMark(u'~');
+constexpr QStringView notOnFile = u"Not on File";
+constexpr QStringView notAssociated = u"Case Number not associated with this court";
+constexpr QStringView noCase = u"This Case Was Not Located. No Summary Details Retrieved.";
+
+/// A first line of a non-civil reply that says why there is no summary.
+struct PhraseRow
+{
+    QStringView phrase;
+    QStringView cell;
+};
+constexpr std::array<PhraseRow, 3> nonCivilPhrases{{
+    {u"Archived case, Summary information is not available",
+     u"Archived Case. No Summary Information Found."},
+    {notAssociated, u"Case Number not associated with this court."},
+    {u"Non-JIS case. Summary information not available",
+     u"Non-JIS case. Summary information not available."},
+}};
+
+/// Where the header lines go, in their order.
+using Header = std::array<std::optional<QString> DiscisSummaryView::*, 6>;
+constexpr Header nonCivilHeader{&DiscisSummaryView::Name,      &DiscisSummaryView::Sex,
+                                &DiscisSummaryView::CaseNo,    &DiscisSummaryView::CourtName,
+                                &DiscisSummaryView::CourtType, &DiscisSummaryView::DateFiled};
+constexpr Header civilHeader{&DiscisSummaryView::CaseTitle, &DiscisSummaryView::CaseNo,
+                             &DiscisSummaryView::CourtName, &DiscisSummaryView::DateFiled,
+                             &DiscisSummaryView::Cause,     &DiscisSummaryView::SuitAmt};
+
+GridTable oneCell(QStringView text)
+{
+    return {{{QString(), 100}}, {{text.toString()}}, false};
+}
+
+/// The line as a sentence, without the marks that close its fields.
+QString sentence(const QString &line)
+{
+    return TrimBlanks(QString(line).replace(fieldMark, u' '));
+}
+
+/// The value of a header line; a line that is missing has an empty one.
+QString headerValue(const QStringList &lines, qsizetype line)
+{
+    const QString text = lines.value(line);
+    return text.isEmpty() ? QString() : TrimBlanks(FieldAt(text.split(fieldMark), 1));
+}
+
+void fillHeader(DiscisSummaryView &view, const Header &header, const QStringList &lines)
+{
+    qsizetype line = 0;
+    for (const auto label : header) {
+        const QString value = headerValue(lines, line++);
+        view.*label = value.isEmpty() ? notOnFile.toString() : value;
+    }
+}
+
+/// The lines behind the header, without the empty ones.
+QStringList itemsBehind(const QStringList &lines)
+{
+    QStringList items = lines.mid(static_cast<qsizetype>(nonCivilHeader.size()));
+    items.removeAll(QString());
+    return items;
+}
+
+/// The reply held no case at all.
+DiscisSummaryView notLocated()
+{
+    DiscisSummaryView view;
+    view.CaptionSuffix = u" - This Case Was Not Located!"_s;
+    view.Status = u"Search Stopped. Case Was Not Located."_s;
+    view.Grid = oneCell(noCase);
+    return view;
+}
+
+/// The item and its description, twice in a row.
+GridTable pairGrid(const QStringList &items)
+{
+    constexpr qsizetype cellsOfRow = 4;
+    GridTable grid{
+        {{u"Item"_s, 15}, {u"Description"_s, 35}, {u"Item"_s, 15}, {u"Description"_s, 35}},
+        {},
+        true};
+    for (const QString &item : items) {
+        const QStringList fields = item.split(fieldMark);
+        if (grid.Rows.isEmpty() || grid.Rows.back().size() == cellsOfRow)
+            grid.Rows.append(QStringList());
+        grid.Rows.back() += {fields.front(), fields.value(1)};
+    }
+    return grid;
+}
+
+/// Nothing of an earlier try stays beside a summary that has come.
+void clearNotes(DiscisSummaryView &view)
+{
+    view.Note = QString();
+    view.SumNote2 = QString();
+}
+
+DiscisSummaryView nonCivilSummary(const QStringList &lines)
+{
+    DiscisSummaryView view;
+    for (const PhraseRow &row : nonCivilPhrases) {
+        if (!lines.front().contains(row.phrase))
+            continue;
+        view.Note = u"Note: "_s + sentence(lines.front());
+        view.Grid = oneCell(row.cell);
+        // The labels keep what the list of results told of the case, unless the court tells more.
+        if (lines.size() > 1)
+            fillHeader(view, nonCivilHeader, lines.sliced(1));
+        return view;
+    }
+    clearNotes(view);
+    fillHeader(view, nonCivilHeader, lines);
+    const QStringList items = itemsBehind(lines);
+    view.Grid =
+        items.isEmpty() ? oneCell(u"No Additional Summary Details Available.") : pairGrid(items);
+    return view;
+}
+
+/// An amount that is not on file is none.
+QString dollars(const QString &amount)
+{
+    return amount == notOnFile ? amount : QString(u'$' + amount);
+}
+
+DiscisSummaryView civilSummary(const QStringList &lines)
+{
+    DiscisSummaryView view;
+    if (lines.front().contains(notAssociated)) {
+        view.Note = u"Note: "_s + sentence(lines.front());
+        view.Status = u"Search Stopped. "_s + notAssociated + u'.';
+        view.CaptionSuffix = u" - "_s + notAssociated + u'!';
+        view.Grid =
+            oneCell(u"Case Number not associated with this court! No Summary Details Retrieved.");
+        return view;
+    }
+    clearNotes(view);
+    fillHeader(view, civilHeader, lines);
+    // A label takes a single "&" for the sign of an access key.
+    view.CaseTitle->replace(u'&', u"&&"_s).replace(u"  "_s, u" "_s);
+    const QStringList items = itemsBehind(lines);
+    if (items.isEmpty()) {
+        view.Grid = oneCell(u"This case was not located.");
+        return view;
+    }
+    view.Grid = {{{u"Summary Item"_s, 25}, {u"Item Description"_s, 50}, {u"Notes"_s, 25}},
+                 {{u"Case Type: "_s, u"Civil"_s, u"WA State District/Municipal Cts."_s},
+                  {u"Court Location: "_s, *view.CourtName},
+                  {u"Date Filed: "_s, *view.DateFiled},
+                  {u"Suit Amount: "_s, dollars(*view.SuitAmt)}},
+                 true};
+    for (const QString &item : items)
+        view.Grid.Rows.append(item.split(fieldMark).mid(0, view.Grid.Columns.size()));
+    return view;
+}
+} // namespace
+
+DiscisSummaryView ReadDiscisSummary(CaseKind kind, const QStringList &lines)
+{
+    if (lines.isEmpty())
+        return notLocated();
+    return kind == CaseKind::Civil ? civilSummary(lines) : nonCivilSummary(lines);
+}

@@ -1,0 +1,58 @@
+#include "casedetails/OnDemandPanel.h"
+
+#include "ui_OnDemandPanel.h"
+
+OnDemandPanel::OnDemandPanel(QWidget *parent)
+    : QGroupBox(parent), ui(std::make_unique<Ui::OnDemandPanel>())
+{
+    ui->setupUi(this);
+    chkTab = {ui->chkTab_0, ui->chkTab_1, ui->chkTab_2, ui->chkTab_3, ui->chkTab_4,
+              ui->chkTab_5, ui->chkTab_6, ui->chkTab_7, ui->chkTab_8, ui->chkTab_9};
+    const auto tickAll = [this](bool on) {
+        for (QCheckBox *box : chkTab) {
+            if (box->isEnabled())
+                box->setChecked(on);
+        }
+    };
+    connect(ui->cmdSelectAll, &QPushButton::clicked, this, [tickAll] { tickAll(true); });
+    connect(ui->cmdClearAll, &QPushButton::clicked, this, [tickAll] { tickAll(false); });
+    connect(ui->cmdSearchNow, &QPushButton::clicked, this, &OnDemandPanel::SearchNow);
+}
+
+OnDemandPanel::~OnDemandPanel() = default;
+
+void OnDemandPanel::HideBoxes()
+{
+    for (QCheckBox *box : chkTab) {
+        box->hide();
+        box->setEnabled(false);
+    }
+}
+
+void OnDemandPanel::UseBox(int index, const QString &caption)
+{
+    QCheckBox *box = chkTab.at(static_cast<size_t>(index));
+    box->setText(caption);
+    box->show();
+}
+
+void OnDemandPanel::Offer(int index, bool available)
+{
+    QCheckBox *box = chkTab.at(static_cast<size_t>(index));
+    box->setEnabled(available);
+    box->setChecked(available);
+}
+
+bool OnDemandPanel::IsChosen(int index) const
+{
+    const QCheckBox *box = chkTab.at(static_cast<size_t>(index));
+    // Of its own: while the panel is not on the screen, it counts as disabled with all it holds.
+    return box->isChecked() && box->isEnabledTo(this);
+}
+
+void OnDemandPanel::SetCommandsEnabled(bool enabled)
+{
+    ui->cmdSearchNow->setEnabled(enabled);
+    ui->cmdClearAll->setEnabled(enabled);
+    ui->cmdSelectAll->setEnabled(enabled);
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QGroupBox>
+
+#include <array>
+#include <memory>
+
+class QCheckBox;
+
+namespace Ui {
+class OnDemandPanel;
+}
+
+/// The panel that stands in the place of a tab which has not been retrieved: the user ticks what
+/// shall be fetched. Element n of the boxes is chkTab_n.
+class OnDemandPanel : public QGroupBox
+{
+    Q_OBJECT
+public:
+    static constexpr int BoxCount = 10;
+
+    explicit OnDemandPanel(QWidget *parent = nullptr);
+    ~OnDemandPanel() override;
+
+    /// Only these boxes are there; the caption of one that stands for another tab is changed.
+    void UseBox(int index, const QString &caption);
+    void HideBoxes();
+
+    /// A tab that can be fetched is enabled and ticked; one that cannot is neither.
+    void Offer(int index, bool available);
+    bool IsChosen(int index) const;
+
+    /// While a run waits or goes on nothing can be chosen for another.
+    void SetCommandsEnabled(bool enabled);
+
+Q_SIGNALS:
+    void SearchNow();
+
+private:
+    const std::unique_ptr<Ui::OnDemandPanel> ui;
+    std::array<QCheckBox *, BoxCount> chkTab;
+};

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QDialog>
+
+#include <memory>
+
+namespace Ui {
+class frmOnDemand;
+}
+
+/// Asks whether an incomplete tab shall be retrieved again, and leaves the answer in
+/// Global.bOnDemandRetry. Its check box is there and changes nothing: the question comes back at
+/// the next click on an incomplete tab, so that nobody prints half a docket unknowingly.
+class frmOnDemand : public QDialog
+{
+    Q_OBJECT
+public:
+    explicit frmOnDemand(QWidget *parent = nullptr);
+    ~frmOnDemand() override;
+
+    /// True while the window is open, in whatever case window.
+    static bool IsLoaded();
+    /// Shows the window and waits until it is answered.
+    static void ShowModal(QWidget *parent);
+
+    /// Esc and the title bar: what is there can be looked at.
+    void reject() override;
+
+private:
+    void answer(bool retry);
+
+    const std::unique_ptr<Ui::frmOnDemand> ui;
+};

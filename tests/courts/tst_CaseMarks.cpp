@@ -1,0 +1,36 @@
+#include "courts/CaseMarks.h"
+
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+class tst_CaseMarks : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void numbersLoseTheirMarks_data();
+    void numbersLoseTheirMarks();
+};
+
+void tst_CaseMarks::numbersLoseTheirMarks_data()
+{
+    QTest::addColumn<QString>("cell");
+    QTest::addColumn<QString>("number");
+    QTest::newRow("no mark") << u"02-2-02029-9"_s << u"02-2-02029-9"_s;
+    QTest::newRow("archived") << u"*02-2-02029-9"_s << u"02-2-02029-9"_s;
+    QTest::newRow("opened") << u">>02-2-02029-9"_s << u"02-2-02029-9"_s;
+    QTest::newRow("opened and archived") << u">>*02-2-02029-9"_s << u"02-2-02029-9"_s;
+    QTest::newRow("blanks behind the mark") << u">>*  02-2 "_s << u"02-2"_s;
+    QTest::newRow("half a mark") << u">02-2"_s << u">02-2"_s;
+    QTest::newRow("a mark alone") << u">>*"_s << QString();
+    QTest::newRow("empty") << QString() << QString();
+}
+
+void tst_CaseMarks::numbersLoseTheirMarks()
+{
+    QFETCH(QString, cell);
+    QTEST(CaseNumberOf(cell), "number");
+}
+
+QTEST_GUILESS_MAIN(tst_CaseMarks)
+#include "tst_CaseMarks.moc"
