@@ -2,6 +2,7 @@
 // splitting the same bytes with no window; how long it takes until every row has its height; and
 // what a row costs in memory.
 
+#include "casedetails/GridGrammar.h"
 #include "controls/FlexGrid.h"
 
 #include <QApplication>
@@ -60,9 +61,11 @@ QList<QStringList> split(const QByteArray &bytes)
     return rows;
 }
 
+/// As a case window makes it of the lines that have come.
 GridTable tableOf(const QByteArray &bytes)
 {
-    return {{{u"Date"_s, 15}, {u"Code"_s, 10}, {u"Entry"_s, 75}}, split(bytes), true};
+    const QStringList lines = QString::fromLatin1(bytes).split(u'\n', Qt::SkipEmptyParts);
+    return GridDefTable(lines, RowOrder::LastFirst);
 }
 
 /// Knows when the rows have been painted.
@@ -102,10 +105,16 @@ void prepare(FlexGrid &grid)
     QCoreApplication::processEvents();
 }
 
-void waitForAllHeights(const FlexGrid &grid, int rows)
+/// The longest time in which the program did not hear the user meanwhile.
+double waitForAllHeights(const FlexGrid &grid, int rows)
 {
-    while (grid.MeasuredRows() < rows)
+    double longest = 0.0;
+    while (grid.MeasuredRows() < rows) {
+        const auto start = Clock::now();
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        longest = std::max(longest, secondsSince(start));
+    }
+    return longest;
 }
 
 void FirstScreen(benchmark::State &state)
@@ -115,6 +124,7 @@ void FirstScreen(benchmark::State &state)
     double baseline = 0.0;
     double subject = 0.0;
     double longest = 0.0;
+    double longestTurn = 0.0;
     double allHeights = 0.0;
     int measured = 0;
     for (auto _ : state) {
@@ -130,7 +140,7 @@ void FirstScreen(benchmark::State &state)
         const int atFirst = grid.MeasuredRows();
         watch.WaitForPaint();
         const double seconds = secondsSince(start);
-        waitForAllHeights(grid, rows);
+        longestTurn = std::max(longestTurn, waitForAllHeights(grid, rows));
         allHeights += secondsSince(start);
         measured = std::max(measured, atFirst);
         subject += seconds;
@@ -142,6 +152,7 @@ void FirstScreen(benchmark::State &state)
     state.counters["longest_ms"] = longest * 1e3;
     state.counters["us_a_row"] = subject / runs / rows * 1e6;
     state.counters["rows_measured_at_first"] = measured;
+    state.counters["longest_turn_ms"] = longestTurn * 1e3;
     state.counters["all_heights_ms"] = allHeights / runs * 1e3;
     state.counters["all_heights_us_a_row"] = allHeights / runs / rows * 1e6;
 }
