@@ -155,7 +155,7 @@ OtherFile ToldOtherFile(const TabTask &task, OtherFamily family)
     one.number = found.file.number;
     one.filed = found.file.filed;
     const OtherCaseType &type = CaseTypesOf(family)[static_cast<std::size_t>(one.type)];
-    one.text = QString::fromUtf16(type.texts.front());
+    one.text = family == OtherFamily::District ? u"CL"_s : QString::fromUtf16(type.texts.front());
     one.role = QString::fromUtf16(type.role);
     one.judgment = true;
     found.file.parties.front().role = one.role;

@@ -296,8 +296,8 @@ Reply AnswerSuperiorTab(const TabContext &context, const TabAsked &asked)
         if (found)
             sayTab(task, *found, reply);
         else if (asked.tab == CaseTab::Summary)
-            reply.Say(
-                u"ERROR -- %1 is not a valid case number for this county"_s.arg(asked.number));
+            reply.Say(u"ERROR -- %1 is not a valid case number for %2 County"_s.arg(asked.number,
+                                                                                    asked.court));
     }
     reply.Finish();
     return reply;
