@@ -78,6 +78,9 @@ private Q_SLOTS:
     void aJudgmentIsWhereTheListSaysSo();
     void documentsOfPierce();
     void smallCountiesScanNothing();
+    void rowsOfNamesWithAMeaningOpen_data();
+    void rowsOfNamesWithAMeaningOpen();
+    void listsAreOfOneClient();
     void theSameAgain();
     void theDayChangesOnlyWhatIsAhead();
 
@@ -481,6 +484,77 @@ void tst_PracticeTabs::theDayChangesOnlyWhatIsAhead()
         grown += then.size() > now.size() ? 1 : 0;
     }
     QVERIFY(grown > 0);
+}
+
+void tst_PracticeTabs::rowsOfNamesWithAMeaningOpen_data()
+{
+    QTest::addColumn<QString>("search");
+    QTest::addColumn<QString>("names"); // %1: the number, %2: the court
+
+    const QString superior = u"WASUP¦NAMES¦%1¦%2¦¦"_s;
+    QTest::newRow("Superior") << u"WASUP¦SEARCH¦MANY¦900¦¦¦King,¦¦¦¦"_s << superior;
+    QTest::newRow("Superior, one year")
+        << u"WASUP¦SEARCH¦MANY¦900¦¦¦King,¦Civil,¦1998¦1998¦"_s << superior;
+    QTest::newRow("Superior, an error row")
+        << u"WASUP¦SEARCH¦ERRORROW¦¦¦¦Pierce,King,¦¦¦¦"_s << superior;
+    QTest::newRow("the index") << u"INDEX~SEARCH~PAGES~~~~King,~~1970~2026~LL=501~UL=1000~"_s
+                               << superior;
+    QTest::newRow("Oregon") << u"OREGON¦SEARCH¦MANY¦900¦¦¦MCR C¦¦¦¦"_s << u"OREGON@NAMES,@%1@%2@"_s;
+    QTest::newRow("Oregon, judgments")
+        << u"OREGON¦SEARCH¦OVER200¦¦¦¦MCR C¦CV,JG,¦¦¦"_s << u"OREGON@NAMES,@%1@%2@"_s;
+    QTest::newRow("Idaho") << u"IDSUP¦SEARCH¦MANY¦900¦¦¦Ada¦¦¦¦"_s << u"IDSUP¦NAMES,¦%1¦%2¦"_s;
+    QTest::newRow("civil") << u"WADISCIS¦SEARCH¦MANY¦900¦¦KSD¦CV¦CNCI¦"_s
+                           << u"WADISCIS¦¦¦¦%1¦CV¦%2¦CV¦CVPAR¦¦"_s;
+    const QString nonCivil = u"WADISCIS¦¦¦¦%1¦IN¦%2¦IN¦NCPAR¦¦"_s;
+    QTest::newRow("statewide") << u"WADISCIS¦SEARCH¦MANY¦900¦¦*SW¦IN¦SNCI¦"_s << nonCivil;
+    QTest::newRow("a listed person")
+        << u"WADISCIS¦SEARCH¦DUPES¦DUPES, JOHN C¦M¦n/a¦W¦507¦162¦BLN/BLU¦Alias¦1¦SNCINMD¦"_s
+        << nonCivil;
+    QTest::newRow("bankruptcy") << u"BKRPT~SEARCH~MANY~900~~~OR~*ALL~1980~2026~"_s
+                                << u"BKRPT~NAMES~%1~%2~"_s;
+}
+
+void tst_PracticeTabs::rowsOfNamesWithAMeaningOpen()
+{
+    QFETCH(QString, search);
+    QFETCH(QString, names);
+
+    int opened = 0;
+    for (const QString &row : listed(search)) {
+        if (row.startsWith(u"ERROR~") || row.startsWith(u"WARNING") || row.startsWith(u"This")
+            || row == end)
+            continue;
+        const QStringList cells = row.split(row.back());
+        QString court = u"King"_s;
+        if (search.startsWith(u"WADISCIS"))
+            court = cells[2];
+        else if (search.startsWith(u"OREGON"))
+            court = u"MCR C"_s;
+        else if (search.startsWith(u"IDSUP"))
+            court = u"Ada"_s;
+        else if (search.startsWith(u"BKRPT"))
+            court = u"OR"_s;
+        else if (cells[4].contains(u"Pierce"))
+            court = u"Pierce"_s;
+        const QStringList lines = ask(names.arg(cells[1], court));
+        QVERIFY2(firstCells(rowsOf(lines)).contains(cells[0]), qPrintable(row + lines.join(u' ')));
+        ++opened;
+    }
+    QVERIFY2(opened >= 2, qPrintable(QString::number(opened)));
+    // Another search means its own cases again.
+    listed(u"WASUP¦SEARCH¦SMITH¦JOHN¦Q¦¦King,¦¦¦¦"_s);
+    QVERIFY(
+        firstCells(rowsOf(ask(u"WASUP¦NAMES¦98-2-00017-7¦King¦¦"_s))).contains(u"SMITH, JOHN Q"_s));
+}
+
+/// A list of one client does not open for another one.
+void tst_PracticeTabs::listsAreOfOneClient()
+{
+    listed(u"IDSUP¦SEARCH¦MANY¦¦¦¦Ada¦CV,¦1990¦1990¦"_s);
+    const QString request = u"IDSUP¦SUMMARY,NAMES,DOCKET,¦CV-1990-0000001-OC¦Ada¦"_s;
+    QVERIFY(ask(request).size() > 5);
+    Conversation other = LoggedIn(u"bob"_s);
+    QCOMPARE(Ask(other, request).first(), u"ERROR~Requested case is not on file~"_s);
 }
 
 QTEST_GUILESS_MAIN(tst_PracticeTabs)
