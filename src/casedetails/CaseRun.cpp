@@ -139,10 +139,10 @@ CaseWindow::RunEnd CaseWindow::runTab(CaseTab tab)
 /// The court has given the lines of a bankruptcy case in its Summary.
 void CaseWindow::takeBankruptcyRequest(CaseTab tab)
 {
-    const QString word = CaseTabRowOf(tab).caption.toString().toUpper();
+    const QStringView word = CaseTabRowOf(tab).caption;
     TabOf(tab).TabRequest.clear();
     for (const QString &line : lboxTabReqQueue.Lines()) {
-        if (line.contains(word)) {
+        if (line.contains(word, Qt::CaseInsensitive)) {
             TabOf(tab).TabRequest = line;
             return;
         }
@@ -238,7 +238,7 @@ void CaseWindow::endNormally()
     EndJob();
     showEndStatus();
     printButton->setEnabled(true);
-    TmrFlash->start();
+    startFlash();
     printIfAsked();
 }
 
@@ -288,7 +288,7 @@ void CaseWindow::endInError()
     Global.bSearchInProgress = false;
     HasTurn = false;
     printButton->setEnabled(true);
-    TmrFlash->start();
+    startFlash();
 }
 
 void CaseWindow::EndNotLocated(const QString &status, const QString &captionSuffix)
@@ -297,7 +297,7 @@ void CaseWindow::EndNotLocated(const QString &status, const QString &captionSuff
     releaseOwnTurn();
     EndJob();
     SetStatusText(status);
-    TmrFlash->start();
+    startFlash();
     setWindowTitle(windowTitle() + captionSuffix);
 }
 
