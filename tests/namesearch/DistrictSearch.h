@@ -61,7 +61,7 @@ inline void EachResultsWindow()
 }
 
 /// A test whose functions know the courts of the catalogue.
-class DistrictTest : public SearchTest
+class DistrictSearchTest : public SearchTest
 {
 protected:
     void init() override

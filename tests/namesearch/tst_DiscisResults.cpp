@@ -10,7 +10,7 @@
 #include <QTableView>
 #include <QTest>
 
-class tst_DiscisResults : public DistrictTest
+class tst_DiscisResults : public DistrictSearchTest
 {
     Q_OBJECT
 private Q_SLOTS:

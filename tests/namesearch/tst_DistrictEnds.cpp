@@ -67,7 +67,7 @@ QString found(int rows)
 
 Q_DECLARE_METATYPE(Ending)
 
-class tst_DistrictEnds : public DistrictTest
+class tst_DistrictEnds : public DistrictSearchTest
 {
     Q_OBJECT
 private Q_SLOTS:

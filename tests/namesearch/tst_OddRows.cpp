@@ -114,7 +114,7 @@ QString everyCharacter()
 }
 } // namespace
 
-class tst_OddRows : public DistrictTest
+class tst_OddRows : public DistrictSearchTest
 {
     Q_OBJECT
 private Q_SLOTS:

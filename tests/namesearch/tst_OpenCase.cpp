@@ -59,7 +59,7 @@ void choose(const QWidget *window, int row, Way way = Way::DoubleClick)
 
 Q_DECLARE_METATYPE(Way)
 
-class tst_OpenCase : public DistrictTest
+class tst_OpenCase : public DistrictSearchTest
 {
     Q_OBJECT
 private Q_SLOTS:

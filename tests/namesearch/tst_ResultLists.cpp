@@ -22,7 +22,7 @@ constexpr double longSearchSeconds = 21.0;
 
 } // namespace
 
-class tst_ResultLists : public DistrictTest
+class tst_ResultLists : public DistrictSearchTest
 {
     Q_OBJECT
 private Q_SLOTS:

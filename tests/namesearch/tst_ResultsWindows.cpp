@@ -11,7 +11,7 @@
 
 // In what the three results windows differ, and what they all do alike.
 
-class tst_ResultsWindows : public DistrictTest
+class tst_ResultsWindows : public DistrictSearchTest
 {
     Q_OBJECT
 private Q_SLOTS:
