@@ -411,7 +411,7 @@ void tst_OpenCase::theMouseDownAloneSelects()
     const QString line = which == Which::Name ? RequestLine() : DistrictLine(u"BED"_s, u"IN"_s);
     const QString row = which == Which::Name ? ResultLine(u"SMITH"_s) : CaseRow(u"SMITH"_s);
     const NameResultsWindow *window = finishedDistrict(which, line, {row, row, row});
-    ResultListView *list = listOf(window);
+    ResultListView *list = ListOf(window);
     QCOMPARE(list->SelectedRow(), -1);
     for (const int pressed : {1, 2, 0}) {
         QTest::mousePress(list->viewport(), Qt::LeftButton, {},

@@ -1,3 +1,4 @@
+#include "courts/CaseMarks.h"
 #include "courts/Counties.h"
 #include "courts/DiscisCourts.h"
 #include "namesearch/CaseFromRow.h"
