@@ -238,7 +238,7 @@ void CaseWindow::endNormally()
     EndJob();
     showEndStatus();
     printButton->setEnabled(true);
-    TmrFlash->start();
+    startFlash();
     printIfAsked();
 }
 
@@ -288,7 +288,7 @@ void CaseWindow::endInError()
     Global.bSearchInProgress = false;
     HasTurn = false;
     printButton->setEnabled(true);
-    TmrFlash->start();
+    startFlash();
 }
 
 void CaseWindow::EndNotLocated(const QString &status, const QString &captionSuffix)
@@ -297,7 +297,7 @@ void CaseWindow::EndNotLocated(const QString &status, const QString &captionSuff
     releaseOwnTurn();
     EndJob();
     SetStatusText(status);
-    TmrFlash->start();
+    startFlash();
     setWindowTitle(windowTitle() + captionSuffix);
 }
 

@@ -85,7 +85,7 @@ public:
     bool CloseRequested = false;
 
     QTimer *TmrSearchOnDemand; ///< asks for the turn of a later run
-    QTimer *TmrFlash;          ///< started at the end of a run; stops at its first tick
+    QTimer *TmrFlash;          ///< has no interval before the end of a run; stops at its first tick
 
 protected:
     CaseWindow(CaseKind windowKind, QWidget *parent);
@@ -187,6 +187,7 @@ private:
     void releaseOwnTurn();
     void reportEmptyQueue();
     void printIfAsked();
+    void startFlash();
     void TmrFlash_Tick();
 
     // The exchange of a tab

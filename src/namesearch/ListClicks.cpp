@@ -148,6 +148,8 @@ void NameResultsWindow::OpenCaseFromRow(int row)
     const CaseFromRow fields = CaseOf(cells);
     const int number = 1;
     listview1->List()->SetCell(row, number, MarkedAsOpened(cells.at(number)));
+    // A number is what a case is known by: its mark must not push the end of it out of sight.
+    listview1->WidenForCell(row, number);
     for (const FormRow &one : forms) {
         if (one.form == fields.Form)
             one.open(fields, ClientAcctgCode);

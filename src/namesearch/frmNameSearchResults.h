@@ -17,10 +17,10 @@ class frmNameSearchResults : public NameResultsWindow
 {
     Q_OBJECT
 public:
-    /// `state` is what lblState will hold; it decides the columns, with the other two. A window
+    /// `state` is what lblState will hold; it decides the columns, with `indexSearch`. A window
     /// that is made while Global.BkFormLoading is set is a bankruptcy window, too.
     explicit frmNameSearchResults(const QString &state, bool indexSearch = false,
-                                  bool bankruptcy = false, QWidget *parent = nullptr);
+                                  QWidget *parent = nullptr);
     ~frmNameSearchResults() override;
 
     void InitListView() override;

@@ -11,13 +11,10 @@ const QString complete =
     u"Search Completed Successfully. Double-Click on any Case to Retrieve Details."_s;
 } // namespace
 
-class tst_IndexSearch : public QObject
+class tst_IndexSearch : public SearchTest
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
-
     void anEndMarkAtOnceCompletes_data();
     void anEndMarkAtOnceCompletes();
     void rowsAndTheEndMark();
@@ -40,36 +37,11 @@ private Q_SLOTS:
 
 private:
     frmNameSearchResults *start();
-
-    std::unique_ptr<SearchDesk> desk;
-    std::unique_ptr<ScriptedCourt> court;
 };
-
-void tst_IndexSearch::init()
-{
-    desk = std::make_unique<SearchDesk>();
-    court = std::make_unique<ScriptedCourt>();
-}
-
-void tst_IndexSearch::cleanup()
-{
-    const QString boxes = desk->Boxes.Complaints();
-    const bool allHappened = desk->AllHappened();
-    const QString conversation = court->Complaints();
-    desk.reset();
-    court.reset();
-    QCOMPARE(boxes, QString());
-    QVERIFY(allHappened);
-    QCOMPARE(conversation, QString());
-}
 
 frmNameSearchResults *tst_IndexSearch::start()
 {
-    desk->ConnectTo(*court);
-    auto *window = new frmNameSearchResults(u"WA"_s, true);
-    desk->Enqueue(window, {IndexLine()});
-    window->Timer1->start(1);
-    return window;
+    return Begin(new frmNameSearchResults(u"WA"_s, true), {IndexLine()});
 }
 
 void tst_IndexSearch::anEndMarkAtOnceCompletes_data()
