@@ -14,9 +14,9 @@ QString wire(const QString &text)
     return QString(text).replace(u'/', u'\u00A6');
 }
 
-const QStringList allTabs{u"Names"_s,      u"Docket"_s,  u"Judgments"_s,
-                          u"Charges"_s,    u"Sentence"_s, u"Accounting"_s,
-                          u"Schedule"_s,   u"Finance"_s, u"Documents"_s};
+const QStringList allTabs{u"Names"_s,    u"Docket"_s,   u"Judgments"_s,
+                          u"Charges"_s,  u"Sentence"_s, u"Accounting"_s,
+                          u"Schedule"_s, u"Finance"_s,  u"Documents"_s};
 
 const QString oregonNumber = u"02C12345"_s;
 const QString idahoNumber = u"CV-2002-12345"_s;
@@ -24,10 +24,9 @@ const QString idahoNumber = u"CV-2002-12345"_s;
 /// A summary of Oregon or Idaho that names these tabs in its first line.
 QStringList stateSummary(const QString &tabs)
 {
-    return {u"TABS~"_s + tabs + u'~',        u"Court~BAKER~"_s,
-            u"Case#~CV-2002-12345~"_s,       u"Title~SMITH VS JONES~"_s,
-            u"Judge~NONE~"_s,                u"Status~OPEN~"_s,
-            u"Filed~03/04/2002~"_s,          u"EOF~"_s};
+    return {u"TABS~"_s + tabs + u'~',   u"Court~BAKER~"_s, u"Case#~CV-2002-12345~"_s,
+            u"Title~SMITH VS JONES~"_s, u"Judge~NONE~"_s,  u"Status~OPEN~"_s,
+            u"Filed~03/04/2002~"_s,     u"EOF~"_s};
 }
 
 QStringList listOfDocuments()
@@ -41,9 +40,8 @@ QStringList superiorLines(const QStringList &words, const QString &number)
 {
     QStringList lines;
     for (const QString &word : words)
-        lines.append(word == u"DOCUMENTS"
-                         ? wire(u"WASUPDOC/GETDOCTAB/King/"_s + number + u'/')
-                         : SuperiorLine(word, number));
+        lines.append(word == u"DOCUMENTS" ? wire(u"WASUPDOC/GETDOCTAB/King/"_s + number + u'/')
+                                          : SuperiorLine(word, number));
     return lines;
 }
 
@@ -188,9 +186,9 @@ void tst_CaseConversation::oregon()
     QFETCH(QString, letter);
     FetchAtOnce(u"OrCaseSearchTabs"_s, allTabs);
     QStringList lines;
-    for (const QString &word : {u"SUMMARY,NAMES,DOCKET,"_s, u"NAMES,"_s, u"DOCKET,"_s,
-                                u"JUDGMENTS,"_s, u"CHARGES,"_s, u"ACCOUNTING,"_s, u"FINANCE,"_s,
-                                u"SENTENCES,"_s})
+    for (const QString &word :
+         {u"SUMMARY,NAMES,DOCKET,"_s, u"NAMES,"_s, u"DOCKET,"_s, u"JUDGMENTS,"_s, u"CHARGES,"_s,
+          u"ACCOUNTING,"_s, u"FINANCE,"_s, u"SENTENCES,"_s})
         lines.append(u"OREGON@"_s + word + u"@02C12345@BAK "_s + letter + u'@');
     expect(lines, stateSummary(u"Sentence,Finance,Names,Docket,Judgments,Charges,Accounting"_s));
     frmCaseDetails *window = OfState(u"OR"_s, oregonNumber);
@@ -218,15 +216,13 @@ void tst_CaseConversation::theSummaryCutsTheTabs_data()
     QTest::addColumn<QString>("named");
     QTest::addColumn<QStringList>("captions");
     QTest::addColumn<QStringList>("asked");
-    QTest::newRow("Oregon, one")
-        << u"OR"_s << u"FINANCE"_s << words("Summary Finance") << words("FINANCE,");
-    QTest::newRow("Oregon, in any letters") << u"OR"_s << u"docket names"_s
-                                            << words("Summary Names Docket")
-                                            << words("NAMES, DOCKET,");
+    QTest::newRow("Oregon, one") << u"OR"_s << u"FINANCE"_s << words("Summary Finance")
+                                 << words("FINANCE,");
+    QTest::newRow("Oregon, in any letters")
+        << u"OR"_s << u"docket names"_s << words("Summary Names Docket") << words("NAMES, DOCKET,");
     QTest::newRow("Oregon, none") << u"OR"_s << QString() << words("Summary") << QStringList();
     QTest::newRow("Idaho, two") << u"ID"_s << u"Judgments~Docket"_s
-                                << words("Summary Docket Judgments")
-                                << words("DOCKET, JUDGMENTS,");
+                                << words("Summary Docket Judgments") << words("DOCKET, JUDGMENTS,");
 }
 
 void tst_CaseConversation::theSummaryCutsTheTabs()
@@ -362,7 +358,7 @@ void tst_CaseConversation::linesAreKeptForTabsThatAreOff()
     expect({SuperiorLine(u"SUMMARY"_s)}, SuperiorSummary() + QStringList{u"EOF~"_s});
     frmCaseDetails *window = Superior();
     Run(window);
-    const QList<CaseTab> off{CaseTab::Names,    CaseTab::Docket,   CaseTab::Accounting,
+    const QList<CaseTab> off{CaseTab::Names,     CaseTab::Docket,  CaseTab::Accounting,
                              CaseTab::Judgments, CaseTab::Charges, CaseTab::Sentence,
                              CaseTab::Schedule};
     for (const CaseTab tab : off) {
@@ -383,8 +379,8 @@ void tst_CaseConversation::theQueueHoldsTheLinesInTheirOrder_data()
     QTest::newRow("Washington")
         << u"WA"_s
         << words("Names Docket Accounting Judgments Charges Sentence Schedule Documents");
-    QTest::newRow("Oregon")
-        << u"OR"_s << words("Names Docket Accounting Finance Judgments Charges Sentence");
+    QTest::newRow("Oregon") << u"OR"_s
+                            << words("Names Docket Accounting Finance Judgments Charges Sentence");
     QTest::newRow("Idaho") << u"ID"_s << words("Names Docket Judgments Charges");
 }
 
@@ -421,8 +417,7 @@ void tst_CaseConversation::theClientCodeGoesWithSummaryAndNames()
     Run(window);
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete"_s);
     // The lines themselves stay as they are.
-    QCOMPARE(window->Tab(CaseTab::Names).TabRequest,
-             SuperiorLine(u"NAMES"_s, u"02-9-00123-4"_s));
+    QCOMPARE(window->Tab(CaseTab::Names).TabRequest, SuperiorLine(u"NAMES"_s, u"02-9-00123-4"_s));
 }
 
 void tst_CaseConversation::aPauseBeforeEveryTab()

@@ -192,8 +192,16 @@ void tst_CaseEnds::everyEnd_data()
          u"Summary Information Incomplete! Please Retry Search."_s, true, false, false, true, false,
          true});
     row("invalid case", Way::InvalidNumber,
-        {invalidExit, u"Search Complete - Case Number Invalid"_s, u"blue"_s, {}, true, false, false,
-         false, false, true});
+        {invalidExit,
+         u"Search Complete - Case Number Invalid"_s,
+         u"blue"_s,
+         {},
+         true,
+         false,
+         false,
+         false,
+         false,
+         true});
     row("stopped by the button", Way::StopButton,
         {stopExit, u"Search Stopped by User .."_s, u"red"_s, notAll, true, false, false, false,
          true, false});
@@ -205,12 +213,28 @@ void tst_CaseEnds::everyEnd_data()
          u"Summary Information Incomplete! Please Retry Search."_s, true, false, false, true, false,
          false});
     row("error, the summary broke down", Way::NotConnected,
-        {errorExit, u"Retrieving Summary .."_s, u"blue"_s, {}, true, false, false, true, false,
+        {errorExit,
+         u"Retrieving Summary .."_s,
+         u"blue"_s,
+         {},
+         true,
+         false,
+         false,
+         true,
+         false,
          false});
     row("a tab broke down", Way::TabBreaksDown,
         {{}, u"Retrieving Docket .."_s, u"blue"_s, {}, false, true, true, false, false, false});
     row("not located", Way::NothingThere,
-        {{}, u"Search Stopped. Case Not Located."_s, u"blue"_s, {}, true, false, false, true, false,
+        {{},
+         u"Search Stopped. Case Not Located."_s,
+         u"blue"_s,
+         {},
+         true,
+         false,
+         false,
+         true,
+         false,
          false});
 }
 
@@ -226,8 +250,7 @@ void tst_CaseEnds::everyEnd()
     if (way != Way::NotConnected)
         desk->ConnectTo(*court);
     if (ending.Prints)
-        desk->Boxes.Expect(u"Printing of case details comes with a later version."_s,
-                           u"Halvane"_s);
+        desk->Boxes.Expect(u"Printing of case details comes with a later version."_s, u"Halvane"_s);
     runToItsEnd(window);
     if (ending.Prints)
         QTRY_COMPARE(desk->Boxes.Answered(), 1);
@@ -301,8 +324,7 @@ void tst_CaseEnds::aRunThatBrokeDownKeepsItsTurnUntilItCloses()
     frmCaseDetails *second = Superior(u"03-2-00456-7"_s);
     desk->ConnectTo(*court);
     runToItsEnd(first);
-    QCOMPARE(desk->Folder
-                 .Log()
+    QCOMPARE(desk->Folder.Log()
                  .filter(u"Exiting DoDocketSearch() via PROCERR in Case Details. Error: "_s)
                  .size(),
              1);

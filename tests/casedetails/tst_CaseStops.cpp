@@ -1,5 +1,5 @@
-// Every way in which a case is stopped: by its button while it waits and in its run, and by a wish to
-// leave that all jobs hear.
+// Every way in which a case is stopped: by its button while it waits and in its run, and by a wish
+// to leave that all jobs hear.
 
 #include "casedetails/CaseDesk.h"
 #include "casedetails/CaseKinds.h"

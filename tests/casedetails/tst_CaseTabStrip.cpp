@@ -16,9 +16,8 @@
 
 namespace {
 constexpr std::array<CaseTab, 10> tabsOfTheWindow{
-    CaseTab::Summary, CaseTab::Names,    CaseTab::Docket,   CaseTab::Accounting,
-    CaseTab::Judgments, CaseTab::Charges, CaseTab::Sentence, CaseTab::Schedule,
-    CaseTab::Documents, CaseTab::Finance};
+    CaseTab::Summary, CaseTab::Names,    CaseTab::Docket,   CaseTab::Accounting, CaseTab::Judgments,
+    CaseTab::Charges, CaseTab::Sentence, CaseTab::Schedule, CaseTab::Documents,  CaseTab::Finance};
 
 QString captionOf(CaseTab tab)
 {
@@ -88,8 +87,8 @@ frmCaseDetails *tst_CaseTabStrip::withIncomplete(CaseTab tab)
 {
     const bool oregon = stateWith(tab) == u"OR";
     FetchAtOnce(oregon ? u"OrCaseSearchTabs"_s : u"CaseSearchTabs"_s, {captionOf(tab)});
-    const QStringList oregonSummary{u"TABS~FINANCE~"_s, u"Court~BAKER~"_s, u"Case#~02C12345~"_s,
-                                    u"Title~A VS B~"_s, u"Judge~NONE~"_s,  u"Status~OPEN~"_s,
+    const QStringList oregonSummary{u"TABS~FINANCE~"_s,    u"Court~BAKER~"_s, u"Case#~02C12345~"_s,
+                                    u"Title~A VS B~"_s,    u"Judge~NONE~"_s,  u"Status~OPEN~"_s,
                                     u"Filed~03/04/2002~"_s};
     const QStringList summary =
         (oregon ? oregonSummary : SuperiorSummary()) + QStringList{u"EOF~"_s};
