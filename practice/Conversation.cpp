@@ -1,13 +1,18 @@
 #include "practice/Conversation.h"
 
 #include "practice/BankruptcySearch.h"
+#include "practice/BankruptcyTabs.h"
 #include "practice/DistrictSearch.h"
+#include "practice/DistrictTabs.h"
 #include "practice/IndexSearch.h"
 #include "practice/SearchFields.h"
 #include "practice/StateSearch.h"
+#include "practice/StateTabs.h"
 #include "practice/SuperiorSearch.h"
+#include "practice/SuperiorTabs.h"
 
 #include <array>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -50,7 +55,7 @@ struct Conversation::Known
 const Conversation::Known *Conversation::find(const Request &request)
 {
     using C = Conversation;
-    static constexpr std::array<Known, 12> table{{
+    static constexpr std::array<Known, 14> table{{
         {u"LOGON", brokenBar, 3, false, &C::answerLogon},
         {u"GETINIVAL", brokenBar, 0, false, &C::answerParameters},
         {u"GETMSG", brokenBar, 0, false, &C::answerBroadcast},
@@ -58,7 +63,9 @@ const Conversation::Known *Conversation::find(const Request &request)
         {u"COURT_STATUS", brokenBar, 0, false, &C::answerCourtStatus},
         {u"GETCLIENTACCTGOPT", tilde, 0, false, &C::answerAccountingOption},
         {u"WASUP", brokenBar, anyNumber, true, &C::answerSuperior},
+        {u"WASUPDOC", brokenBar, anyNumber, true, &C::answerDocuments},
         {u"OREGON", brokenBar, anyNumber, true, &C::answerOregon},
+        {u"OREGON", atSign, anyNumber, true, &C::answerOregon},
         {u"IDSUP", brokenBar, anyNumber, true, &C::answerIdaho},
         {u"WADISCIS", brokenBar, anyNumber, true, &C::answerDistrict},
         {u"INDEX", tilde, anyNumber, true, &C::answerIndex},
@@ -72,8 +79,10 @@ const Conversation::Known *Conversation::find(const Request &request)
     return nullptr;
 }
 
-Conversation::Conversation(const Population &population, QDate today)
-    : people(population), thisYear(today.year())
+Conversation::Conversation(const Population &population, QDate theDay,
+                           std::shared_ptr<TabMemory> remembered)
+    : people(population), today(theDay), thisYear(theDay.year()), memory(std::move(remembered)),
+      lists(theDay.year())
 {
 }
 
@@ -100,6 +109,7 @@ Reply Conversation::Answer(QByteArrayView request)
 
 Reply Conversation::answerLogon(const Request &request)
 {
+    userName = request.fields[0].trimmed().toLower();
     user = KindOfUser(request.fields[0], request.fields[1]);
     loggedIn = false;
     Reply reply;
@@ -163,41 +173,89 @@ Reply Conversation::answerAccountingOption(const Request & /*request*/)
     return tell(loggedIn && user == UserKind::Accounting ? u"TRUE~"_s : u"FALSE~"_s);
 }
 
-// What is not a search asks for a case, and no case is told yet: it is an empty one.
+TabContext Conversation::context() const
+{
+    return {people, today, *memory, lists, userName};
+}
+
+// What is not a search asks for a tab of a case.
+
+Reply Conversation::answerTab(CourtFamily family, const Request &request)
+{
+    const std::optional<TabAsked> asked = ParseTabRequest(family, request.fields);
+    if (!asked)
+        return Refusal(u"Unknown request"_s);
+    switch (family) {
+    case CourtFamily::Superior:
+        return AnswerSuperiorTab(context(), *asked);
+    case CourtFamily::Oregon:
+        return AnswerStateTab(OtherFamily::Oregon, context(), *asked);
+    case CourtFamily::Idaho:
+        return AnswerStateTab(OtherFamily::Idaho, context(), *asked);
+    case CourtFamily::District:
+        return AnswerDistrictTab(context(), *asked);
+    case CourtFamily::Bankruptcy:
+        break;
+    }
+    return AnswerBankruptcyTab(context(), *asked);
+}
 
 Reply Conversation::answerSuperior(const Request &request)
 {
-    return isSearch(request) ? AnswerSuperiorSearch(people, request.fields, thisYear) : nothing();
+    if (!isSearch(request))
+        return answerTab(CourtFamily::Superior, request);
+    lists.Note(CourtFamily::Superior, request.fields);
+    return AnswerSuperiorSearch(people, request.fields, thisYear);
+}
+
+Reply Conversation::answerDocuments(const Request &request)
+{
+    const std::optional<TabAsked> asked = ParseDocumentsRequest(request.fields);
+    if (!asked)
+        return Refusal(u"Unknown request"_s);
+    return AnswerSuperiorTab(context(), *asked);
 }
 
 Reply Conversation::answerOregon(const Request &request)
 {
-    return isSearch(request)
-               ? AnswerStateSearch(OtherFamily::Oregon, people, request.fields, thisYear)
-               : nothing();
+    return answerState(OtherFamily::Oregon, request);
 }
 
 Reply Conversation::answerIdaho(const Request &request)
 {
-    return isSearch(request)
-               ? AnswerStateSearch(OtherFamily::Idaho, people, request.fields, thisYear)
-               : nothing();
+    return answerState(OtherFamily::Idaho, request);
+}
+
+Reply Conversation::answerState(OtherFamily family, const Request &request)
+{
+    if (!isSearch(request))
+        return answerTab(CourtFamilyOf(family), request);
+    lists.Note(CourtFamilyOf(family), request.fields);
+    return AnswerStateSearch(family, people, request.fields, thisYear);
 }
 
 Reply Conversation::answerDistrict(const Request &request)
 {
-    return isSearch(request) ? AnswerDistrictSearch(people, request.fields, thisYear) : nothing();
+    if (!isSearch(request))
+        return answerTab(CourtFamily::District, request);
+    lists.Note(CourtFamily::District, request.fields);
+    return AnswerDistrictSearch(people, request.fields, thisYear);
 }
 
+/// The index has no cases of its own: its rows open those of the Superior Courts.
 Reply Conversation::answerIndex(const Request &request)
 {
-    return isSearch(request) ? AnswerIndexSearch(people, request.fields, thisYear) : nothing();
+    if (!isSearch(request))
+        return Refusal(u"Unknown request"_s);
+    lists.Note(CourtFamily::Superior, request.fields);
+    return AnswerIndexSearch(people, request.fields, thisYear);
 }
 
 Reply Conversation::answerBankruptcy(const Request &request)
 {
-    return IsBankruptcySearch(request.fields)
-               ? AnswerBankruptcySearch(people, request.fields, thisYear)
-               : nothing();
+    if (!IsBankruptcySearch(request.fields))
+        return answerTab(CourtFamily::Bankruptcy, request);
+    lists.Note(CourtFamily::Bankruptcy, request.fields);
+    return AnswerBankruptcySearch(people, request.fields, thisYear);
 }
 } // namespace Practice

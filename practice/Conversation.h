@@ -1,12 +1,18 @@
 #pragma once
 
+#include "practice/CaseTabs.h"
 #include "practice/Population.h"
 #include "practice/Reply.h"
 #include "practice/Request.h"
+#include "practice/TabRequest.h"
+#include "practice/ToldCases.h"
+#include "practice/ToldLists.h"
 #include "practice/ToldNames.h"
 
 #include <QByteArrayView>
 #include <QDate>
+
+#include <memory>
 
 namespace Practice {
 /// What the court says to one client, request by request, without a socket: who is logged in, and
@@ -15,8 +21,9 @@ class Conversation
 {
 public:
     /// `population` must outlive the conversation and its replies; `today` ends the years of a
-    /// search for all of them.
-    Conversation(const Population &population, QDate today);
+    /// search for all of them. `memory` is what the court remembers beyond one connection.
+    Conversation(const Population &population, QDate today,
+                 std::shared_ptr<TabMemory> memory = std::make_shared<TabMemory>());
 
     /// How a request is to be taken.
     enum class Turn : quint8 {
@@ -42,15 +49,24 @@ private:
     Reply answerCourtStatus(const Request &request);
     Reply answerAccountingOption(const Request &request);
     Reply answerSuperior(const Request &request);
+    Reply answerDocuments(const Request &request);
     Reply answerOregon(const Request &request);
     Reply answerIdaho(const Request &request);
+    Reply answerState(OtherFamily family, const Request &request);
     Reply answerDistrict(const Request &request);
     Reply answerIndex(const Request &request);
     Reply answerBankruptcy(const Request &request);
 
+    TabContext context() const;
+    Reply answerTab(CourtFamily family, const Request &request);
+
     const Population &people;
+    QDate today;
     int thisYear;
+    std::shared_ptr<TabMemory> memory;
+    ToldLists lists;
     bool loggedIn = false;
+    QString userName;
     UserKind user = UserKind::Ordinary;
 };
 } // namespace Practice

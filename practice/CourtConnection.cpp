@@ -30,8 +30,10 @@ constexpr auto answerLimit = 1s;
 } // namespace
 
 CourtConnection::CourtConnection(QTcpSocket &socket, const Population &population,
-                                 const Switches &switches, QObject *parent)
-    : QObject(parent), link(socket), conversation(population, QDate::currentDate()), gate(switches)
+                                 const Switches &switches, std::shared_ptr<TabMemory> memory,
+                                 QObject *parent)
+    : QObject(parent), link(socket),
+      conversation(population, QDate::currentDate(), std::move(memory)), gate(switches)
 {
     link.setParent(this);
     link.setSocketOption(QAbstractSocket::LowDelayOption, 1);

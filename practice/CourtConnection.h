@@ -24,7 +24,7 @@ class CourtConnection : public QObject
 public:
     /// Takes `socket` over. `population` must outlive the connection.
     CourtConnection(QTcpSocket &socket, const Population &population, const Switches &switches,
-                    QObject *parent);
+                    std::shared_ptr<TabMemory> memory, QObject *parent);
 
 private:
     void read();

@@ -25,7 +25,7 @@ void CourtServer::welcome()
             socket->deleteLater();
             continue;
         }
-        new CourtConnection(*socket, people, faults, this);
+        new CourtConnection(*socket, people, faults, memory, this);
     }
 }
 } // namespace Practice

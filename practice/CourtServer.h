@@ -2,9 +2,12 @@
 
 #include "practice/CommandLine.h"
 #include "practice/Population.h"
+#include "practice/ToldCases.h"
 
 #include <QString>
 #include <QTcpServer>
+
+#include <memory>
 
 namespace Practice {
 /// Listens on this machine only and gives each client a connection of its own.
@@ -25,6 +28,8 @@ private:
 
     const Population &people;
     Switches faults;
+    /// What connections that were closed must not forget.
+    std::shared_ptr<TabMemory> memory = std::make_shared<TabMemory>();
     QTcpServer server;
 };
 } // namespace Practice

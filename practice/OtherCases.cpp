@@ -1,6 +1,8 @@
 #include "practice/OtherCases.h"
 
+#include "practice/CaseFile.h"
 #include "practice/Random.h"
+#include "practice/ToldCases.h"
 
 #include <algorithm>
 #include <array>
@@ -136,6 +138,46 @@ std::vector<OtherCase> fixedCasesOf(const Person &person, OtherFamily family)
     return cases;
 }
 
+Person personOf(const FixedCase &fixed)
+{
+    if (fixed.first == nullptr)
+        return {QString::fromUtf16(fixed.last), {}, {}, true};
+    return {QString::fromUtf16(fixed.last), QString::fromUtf16(fixed.first),
+            QString::fromUtf16(fixed.middle), false};
+}
+
+/// Where the serial stands in a number without its dashes.
+struct SerialPlace
+{
+    qsizetype at;
+    qsizetype digits;
+    qsizetype size; ///< of the whole number
+};
+
+// In the order of the families.
+constexpr std::array<SerialPlace, 4> serialPlaces{{
+    {4, 6, 10}, // the month goes with it
+    {6, 7, 15},
+    {3, 6, 9},
+    {2, 5, 7},
+}};
+
+/// The first slot whose number has this value: what undoes the stride.
+qint64 slotOfValue(qint64 value, qint64 numbers)
+{
+    // The inverse of the stride, by the extended algorithm of Euclid.
+    qint64 old = numbers;
+    qint64 rest = stride % numbers;
+    qint64 oldFactor = 0;
+    qint64 factor = 1;
+    while (rest > 1) {
+        const qint64 quotient = old / rest;
+        old = std::exchange(rest, old - quotient * rest);
+        oldFactor = std::exchange(factor, oldFactor - quotient * factor);
+    }
+    return value * ((factor % numbers + numbers) % numbers) % numbers;
+}
+
 /// A place in the list, the heavier ones more often.
 template<typename Row>
 int drawByWeight(ShortRandom &random, std::span<const Row> rows)
@@ -191,7 +233,8 @@ bool makeCase(const Population &population, quint32 person, OtherFamily family, 
 
     const Person &other = population.People()[person ^ 1U];
     const bool both = type.otherRole != nullptr;
-    if ((!both && !isFirst) || isFixedNumber(made.number))
+    if ((!both && !isFirst) || isFixedNumber(made.number)
+        || IsToldCaseNumber(CourtFamilyOf(family), made.number))
         return false;
     if (type.personal && (population.People()[person].business || (both && other.business)))
         return false;
@@ -254,6 +297,65 @@ std::vector<OtherCase> OtherCasesOf(const Population &population, quint32 person
             cases.push_back(std::move(made));
     }
     return cases;
+}
+
+std::optional<qint64> ValueOfNumber(OtherFamily family, const QString &number)
+{
+    const QString bare = BareNumber(number);
+    const SerialPlace &place = serialPlaces[static_cast<std::size_t>(family)];
+    bool isNumber = false;
+    const qint64 serial = bare.mid(place.at, place.digits).toLongLong(&isNumber);
+    if (bare.size() != place.size || !isNumber)
+        return std::nullopt;
+    switch (family) {
+    case OtherFamily::Oregon: {
+        constexpr qint64 serials = 10'000;
+        const qint64 aMonth = NumbersOf(family) / 12;
+        return (serial / serials - 1) * aMonth + serial % serials;
+    }
+    case OtherFamily::Idaho: // counted from 1
+        return serial - 1;
+    case OtherFamily::District:
+    case OtherFamily::Bankruptcy:
+        break;
+    }
+    return serial;
+}
+
+std::vector<OtherParty> PartiesOfOtherCase(const Population &population, OtherFamily family,
+                                           const QString &number)
+{
+    const QString bare = BareNumber(number);
+    std::vector<OtherParty> parties;
+    const auto take = [&](const Person &person, const std::vector<OtherCase> &cases) {
+        for (const OtherCase &one : cases) {
+            if (BareNumber(one.number) == bare)
+                parties.push_back({person, one});
+        }
+    };
+    for (const FixedCase &fixed : fixedCases) {
+        if (fixed.family == family && BareNumber(fixed.number) == bare) {
+            const Person person = personOf(fixed);
+            take(person, fixedCasesOf(person, family));
+        }
+    }
+    const auto slots = static_cast<qint64>(population.origin.madeUp / 2) * casesAPair;
+    const qint64 numbers = NumbersOf(family);
+    const std::optional<qint64> value = ValueOfNumber(family, bare);
+    if (value && *value >= 0 && *value < numbers) {
+        for (qint64 slot = slotOfValue(*value, numbers); slot < slots; slot += numbers) {
+            const auto pair = static_cast<quint32>(slot / casesAPair) * 2;
+            for (const quint32 person : {pair, pair + 1})
+                take(population.People()[person], OtherCasesOf(population, person, family));
+        }
+    }
+    const auto isFirst = [family](const OtherParty &party) {
+        const OtherCaseType &type =
+            CaseTypesOf(family)[static_cast<std::size_t>(party.courtCase.type)];
+        return party.courtCase.role == QStringView(type.role);
+    };
+    std::stable_partition(parties.begin(), parties.end(), isFirst);
+    return parties;
 }
 
 std::optional<quint32> FindByPersonalNumber(const Population &population, QStringView digits,

@@ -34,7 +34,7 @@ Request ParseRequest(QByteArrayView bytes)
 {
     Request request;
     QString text = FromWindows1252(bytes);
-    if (!text.endsWith(brokenBar) && !text.endsWith(tilde)) {
+    if (!text.endsWith(brokenBar) && !text.endsWith(tilde) && !text.endsWith(atSign)) {
         request.keyword = text;
         return request;
     }
@@ -50,6 +50,9 @@ Request ParseRequest(QByteArrayView bytes)
 
 bool IsStop(const Request &request)
 {
+    // A case window puts the bar first.
+    if (request.delimiter.isNull())
+        return request.keyword == u"¦STOP";
     if (request.delimiter == brokenBar)
         return request.keyword == u"STOP" && request.fields.isEmpty();
     return request.delimiter == tilde && request.keyword == u"BKRPT"

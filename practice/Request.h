@@ -9,7 +9,7 @@ namespace Practice {
 /// fields "SEARCH", "SMITH" and so on.
 struct Request
 {
-    QChar delimiter; ///< "¦" or "~"; null when the text ends in neither
+    QChar delimiter; ///< "¦", "~" or "@"; null when the text ends in none of them
     QString keyword;
     QStringList fields;     ///< what follows the keyword
     bool tagged = false;    ///< carried an accounting tag
@@ -20,11 +20,14 @@ struct Request
 inline constexpr QChar brokenBar(u'\u00A6');
 inline constexpr QChar tilde(u'~');
 
+/// The delimiter of requests for the cases of Oregon.
+inline constexpr QChar atSign(u'@');
+
 /// Takes the text between the bars apart. The last character is the delimiter; the accounting tag
 /// "^^CAC:code^^", which may stand directly before it, is taken out.
 Request ParseRequest(QByteArrayView text);
 
-/// Takes the running reply to its end: "STOP¦" or "BKRPT~STOP~".
+/// Takes the running reply to its end: "STOP¦" or "BKRPT~STOP~", and of a case "¦STOP".
 bool IsStop(const Request &request);
 
 /// The answer to a ping: "IMALIVE¦".

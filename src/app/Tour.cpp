@@ -1,11 +1,14 @@
 #include "app/Tour.h"
 
+#include "controls/TabStrip.h"
 #include "core/EndProgram.h"
 #include "core/GlobalState.h"
+#include "session/SessionEvents.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QLabel>
@@ -13,6 +16,7 @@
 #include <QListWidget>
 #include <QPixmap>
 #include <QPushButton>
+#include <QTableView>
 
 #include <array>
 #include <cstdio>
@@ -107,7 +111,40 @@ void tick(const QString &window, const QString &list, const QStringList &items)
         box->scrollToItem(box->item(i), QAbstractItemView::PositionAtCenter);
     }
 }
+void choose(const QString &window, const QString &name, const QString &text)
+{
+    if (auto *box = child<QComboBox>(window, name))
+        box->setCurrentText(text);
+}
+
+bool isOver(const QString &window)
+{
+    const auto *stop = child<QPushButton>(window, u"cmdStopSearching"_s);
+    return stop && !stop->isEnabled();
+}
+
+void chooseTab(const QString &window, const QString &caption)
+{
+    auto *strip = child<TabStrip>(window, u"TabStrip1"_s);
+    const qsizetype index = strip ? strip->Captions().indexOf(caption) : -1;
+    if (index >= 0)
+        strip->setCurrentIndex(static_cast<int>(index));
+}
+
+QString shownCaption(const QString &window)
+{
+    const auto *strip = child<TabStrip>(window, u"TabStrip1"_s);
+    return strip ? strip->SelectedCaption() : QString();
+}
 } // namespace
+
+/// A case that the tour opens.
+struct TourCase
+{
+    QString Window;
+    QString Picture; ///< the pictures' names begin so
+    QStringList Tabs;
+};
 
 Tour::Tour(const QString &outputFolder, std::function<void()> atEnd, QObject *parent)
     : QObject(parent), output(QDir(outputFolder).absolutePath()), cleanUp(std::move(atEnd)),
@@ -118,6 +155,17 @@ Tour::Tour(const QString &outputFolder, std::function<void()> atEnd, QObject *pa
     addSessionSteps();
     addFormSteps();
     addSearchSteps();
+    addOpenSteps(u"frmNameSearchResults"_s);
+    addCaseSteps({u"frmCaseDetails"_s,
+                  u"case"_s,
+                  {u"Names"_s, u"Docket"_s, u"Judgments"_s, u"Charges"_s, u"Sentence"_s,
+                   u"Accounting"_s, u"Schedule"_s, u"Documents"_s}});
+    addDistrictSteps(
+        u"optDiscisSearch_0"_s,
+        {u"frmCivilCaseDetails"_s, u"civil-case"_s, {u"Names"_s, u"Docket"_s, u"Judgments"_s}});
+    addDistrictSteps(
+        u"optDiscisSearch_1"_s,
+        {u"frmNCCaseDetails"_s, u"non-civil-case"_s, {u"Names"_s, u"Docket"_s, u"Violations"_s}});
 }
 
 void Tour::Start()
@@ -217,6 +265,83 @@ void Tour::addSearchSteps()
                              != u"Search Complete: 2 Cases Retrieved.")
                              fail(u"Two cases were expected."_s);
                      }});
+}
+
+/// Opens the first case of a list of results.
+void Tour::addOpenSteps(const QString &results)
+{
+    steps.push_back({u"The first case is opened"_s, [results] { return isOver(results); },
+                     [results] {
+                         child<QTableView>(results, u"listview1"_s)->selectRow(0);
+                         click(results, u"cmdSearchResults_0"_s);
+                     }});
+}
+
+/// Looks at a case: its Summary, what else there is to fetch, and then each of its tabs.
+void Tour::addCaseSteps(const TourCase &tourCase)
+{
+    const QString window = tourCase.Window;
+    const QString name = tourCase.Picture;
+    const QString first = tourCase.Tabs.first();
+    const auto complete = [window] {
+        return isOver(window) && labelText(window, u"lblStatus"_s) == u"Search Complete";
+    };
+    steps.push_back({u"Its Summary arrives"_s, complete, [this, window, name] {
+                         say(windowNamed(window)->windowTitle());
+                         picture(windowNamed(u"frmMain"_s), name + u"-summary"_s);
+                     }});
+    steps.push_back({u"A tab that was left out can be fetched"_s, [] { return true; },
+                     [window, first] { chooseTab(window, first); }});
+    steps.push_back({u"Everything is asked for"_s,
+                     [window] { return canClick(window, u"cmdSearchNow"_s); },
+                     [this, window, name] {
+                         picture(windowNamed(u"frmMain"_s), name + u"-on-demand"_s);
+                         click(window, u"cmdSearchNow"_s);
+                     }});
+    // The first step sees the window before the click has come to it.
+    steps.push_back({u"The case takes its turn again"_s, [window] { return !isOver(window); },
+                     [this, window] { say(labelText(window, u"lblStatus"_s)); }});
+    for (const QString &caption : tourCase.Tabs) {
+        steps.push_back({caption + u" is looked at"_s, complete,
+                         [window, caption] { chooseTab(window, caption); }});
+        steps.push_back({caption + u" is shown"_s,
+                         [window, caption] { return shownCaption(window) == caption; },
+                         [this, window, name, caption] {
+                             const auto *panel = child<QAbstractButton>(window, u"cmdSearchNow"_s);
+                             if (!panel || panel->isVisible()) {
+                                 fail(caption + u" was not retrieved."_s);
+                                 return;
+                             }
+                             picture(windowNamed(u"frmMain"_s), name + u'-' + caption.toLower());
+                         }});
+    }
+}
+
+/// Searches in a District Court for the person whom the practice court always has, and opens the
+/// case.
+void Tour::addDistrictSteps(const QString &kindButton, const TourCase &tourCase)
+{
+    const QString form = u"frmSearchWA"_s;
+    const bool civil = kindButton == u"optDiscisSearch_0";
+    const QString results = civil ? u"frmDiscisNameResults"_s : u"frmDiscisNCNameResults"_s;
+    steps.push_back({u"The District Courts are searched"_s, [] { return true; },
+                     [this, form, kindButton] {
+                         SessionEvents::Of().CourtWanted(CourtEntry::WaDiscis);
+                         for (const QString &button : {u"optCourtSelection_1"_s, kindButton}) {
+                             if (auto *option = child<QAbstractButton>(form, button))
+                                 option->click();
+                         }
+                         type(form, u"txtSearchName_0"_s, u"Smith"_s);
+                         type(form, u"txtSearchName_1"_s, u"John"_s);
+                         type(form, u"txtSearchName_2"_s, u"Q"_s);
+                         choose(form, u"cboxCountyList"_s, u"King"_s);
+                         if (auto *clear = child<QAbstractButton>(form, u"cmdClearCourtList"_s))
+                             clear->click();
+                         tick(form, u"lboxDiscisCourtNames"_s, {u"King District Seattle (KSD)"_s});
+                         click(form, u"cmdBeginSearch"_s);
+                     }});
+    addOpenSteps(results);
+    addCaseSteps(tourCase);
 }
 
 void Tour::Tick()

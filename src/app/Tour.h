@@ -9,6 +9,7 @@
 #include <vector>
 
 class QWidget;
+struct TourCase;
 
 /// Plays the main job by itself through the real windows: connects, logs in, searches, and looks at
 /// what comes back. Each step is printed with the texts that the windows really show, and pictures
@@ -34,6 +35,9 @@ private:
     void addSessionSteps();
     void addFormSteps();
     void addSearchSteps();
+    void addOpenSteps(const QString &results);
+    void addCaseSteps(const TourCase &tourCase);
+    void addDistrictSteps(const QString &kindButton, const TourCase &tourCase);
     void Tick();
     void say(const QString &text);
     void picture(QWidget *window, const QString &name);

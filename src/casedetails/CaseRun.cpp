@@ -39,6 +39,7 @@ void CaseWindow::ProcessSearchRequests()
         WriteAppInfo(u"Exiting ProcessSearchRequests via PROCERR in Case Details. Error: "_s
                      + error.Description());
     }
+    offerNextRun();
 }
 
 void CaseWindow::reportEmptyQueue()

@@ -94,6 +94,8 @@ void CaseWindow::connectPanel()
         panel->UseBox(row.check, tab == CaseTab::Documents ? u"Documents Available"_s
                                                            : row.caption.toString());
     }
+    // One run at a time, and the first has its place in the queue already.
+    panel->SetCommandsEnabled(false);
     connect(panel, &OnDemandPanel::SearchNow, this, &CaseWindow::cmdSearchNow_Click);
 }
 
@@ -356,9 +358,9 @@ void CaseWindow::ShowStopped(StopCase stopCase)
         SetWarning(u"Search Stopped .."_s);
         leaveUnretrieved();
     }
-    // What was stopped before it began can be chosen again.
-    if (onDemand && stopCase != StopCase::Active)
-        restoreOnDemandButtons();
+    // A run that is using the link ends in its own time.
+    if (!HasTurn)
+        offerNextRun();
     voice->SayState();
 }
 

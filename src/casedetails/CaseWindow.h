@@ -215,13 +215,17 @@ private:
 
     // The later runs
     void setOnDemandPanel();
+    void offerMissing(bool keepTicks);
     void cmdSearchNow_Click();
     void TmrSearchOnDemand_Tick();
     void processOnDemandSearchRequests();
     RunEnd runOnDemandTabs();
+    RunEnd runOnDemandTab(CaseTab tab);
+    void prepareOnDemand(CaseTab tab);
     std::optional<CaseTab> tabOfBox(int box) const;
     void endOnDemand(RunEnd end);
     void restoreOnDemandButtons();
+    void offerNextRun();
 
     const CaseKind kind;
     std::array<CaseTabState, caseTabCount> tabs;
@@ -235,7 +239,8 @@ private:
     bool TabsPending = true; ///< until the strip was cut to the case
     bool Archived = false;
     bool NotLocated = false;
-    bool onDemand = false; ///< the run that waits or goes on is a later one
+    bool onDemand = false;     ///< the run that waits or goes on is a later one
+    bool choiceStands = false; ///< a later run waits or goes on: its ticks are the user's
     bool closesUnasked = false;
     qint16 flashTicks = 0;
 

@@ -51,6 +51,13 @@ QString DiscisCaseWindow::lblCaseNo() const
     return caseNo->text();
 }
 
+/// Nobody hands these windows a heading: it reads as their caption.
+void DiscisCaseWindow::BeginTick()
+{
+    CaseWindow::BeginTick();
+    SetCaseDetailsHdr(windowTitle());
+}
+
 QStringList DiscisCaseWindow::TabsOfCase() const
 {
     return DiscisTabs(Kind());

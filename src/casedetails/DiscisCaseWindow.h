@@ -32,6 +32,7 @@ protected:
     /// The labels that show the notes of a tab; none is seen before it has something to say.
     void UseNotes(CaseTab tab, QLabel *first, QLabel *second);
 
+    void BeginTick() override;
     QStringList TabsOfCase() const override;
     void ShowNotes(CaseTab tab, const QStringList &notes) override;
     void ShowSummaryResponse() override;

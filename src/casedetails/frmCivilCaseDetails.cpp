@@ -17,6 +17,7 @@ frmCivilCaseDetails::frmCivilCaseDetails(QWidget *parent)
     UseNotes(CaseTab::Judgments, ui->lblCvjiNote1, ui->lblCvjiNote2);
     UseCaseTitle(ui->lblCaseTitle);
     UseDiscisControls(*ui);
+    SetCaseType(QStringLiteral("CIVIL  CV"));
 }
 
 frmCivilCaseDetails::~frmCivilCaseDetails() = default;

@@ -16,6 +16,7 @@ frmNCCaseDetails::frmNCCaseDetails(QWidget *parent)
     UseNotes(CaseTab::Docket, ui->lblNoteCDK1, ui->lblNoteCDK2);
     UseNotes(CaseTab::Violations, ui->lblNCVIONote1, ui->lblNCVIONote2);
     UseDiscisControls(*ui);
+    SetCaseType(QStringLiteral("NON-CIVIL"));
 }
 
 frmNCCaseDetails::~frmNCCaseDetails() = default;

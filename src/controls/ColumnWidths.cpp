@@ -50,6 +50,12 @@ void ColumnWidths::Reset()
         SaveUserStoreValue(storeSection(), kindName, QString());
     for (int column = 0; column < toldTwips.size(); ++column)
         view->setColumnWidth(column, PixelsFromTwips(toldTwips[column]));
+    Q_EMIT UserChanged(true);
+}
+
+bool ColumnWidths::IsUsers(int column) const
+{
+    return !users.isEmpty() && users.contains(nameOf(column));
 }
 
 bool ColumnWidths::eventFilter(QObject *watched, QEvent *event)
@@ -80,12 +86,13 @@ void ColumnWidths::takeUserWidths()
     if (changed.isEmpty())
         return;
     users.insert(changed);
-    if (kindName.isEmpty())
-        return;
-    // Another window of this kind may have written since: only what changed here is put in.
-    StoredWidths stored = WidthsOfText(UserStoreValue(storeSection(), kindName, QString()));
-    stored.insert(changed);
-    SaveUserStoreValue(storeSection(), kindName, WidthsText(stored));
+    if (!kindName.isEmpty()) {
+        // Another window of this kind may have written since: only what changed here is put in.
+        StoredWidths stored = WidthsOfText(UserStoreValue(storeSection(), kindName, QString()));
+        stored.insert(changed);
+        SaveUserStoreValue(storeSection(), kindName, WidthsText(stored));
+    }
+    Q_EMIT UserChanged(false);
 }
 
 /// A column is known by its header, so that a width stays with its column when others come or go.
@@ -106,8 +113,8 @@ QString ColumnWidths::nameOf(int column) const
 /// The last column takes the room that is left: its width follows from the others'.
 bool ColumnWidths::isStretched(int column) const
 {
-    return view->horizontalHeader()->stretchLastSection()
-           && column + 1 == view->model()->columnCount();
+    const QHeaderView *header = view->horizontalHeader();
+    return header->stretchLastSection() && header->visualIndex(column) + 1 == header->count();
 }
 
 QList<int> ColumnWidths::widths() const

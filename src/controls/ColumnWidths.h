@@ -24,9 +24,16 @@ public:
 
     /// Whether a column has a width of the user's.
     bool ChangedByUser() const { return !users.isEmpty(); }
+    bool IsUsers(int column) const;
+    /// Whether the user may be about to change one.
+    bool InHand() const { return !atPress.isEmpty(); }
 
     /// Goes back to the told widths, for good.
     void Reset();
+
+Q_SIGNALS:
+    /// The user has just given columns a width, or gone back to the told ones (reset).
+    void UserChanged(bool reset);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;

@@ -80,7 +80,8 @@ QByteArray CsvText(const ShownTable &table)
         cells.append(CsvCell(HarmlessCell(header)));
         caseNumbers.append(HoldsCaseNumbers(header));
     }
-    appendCsvLine(csv, cells);
+    if (!cells.isEmpty())
+        appendCsvLine(csv, cells);
     for (const QStringList &row : table.Rows) {
         cells.clear();
         for (qsizetype i = 0; i < row.size(); ++i) {
@@ -102,7 +103,7 @@ QString ClipboardText(const ShownTable &table, bool withHeaders)
             cells.append(HarmlessCell(onOneLine(cell)));
         lines.append(cells.join(u'\t'));
     };
-    if (withHeaders)
+    if (withHeaders && !table.Headers.isEmpty())
         append(table.Headers);
     for (const QStringList &row : table.Rows)
         append(row);

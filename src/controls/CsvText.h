@@ -5,7 +5,7 @@
 #include <QString>
 #include <QStringList>
 
-/// What a list shows, as text: its headers, and its rows cell by cell in the same order.
+/// What a list shows, as text: its headers, if any, and its rows cell by cell in the same order.
 struct ShownTable
 {
     QStringList Headers;

@@ -207,6 +207,9 @@ ShownTable TableTools::table(const QList<int> &rows) const
     ShownTable shown;
     for (const int column : columns)
         shown.Headers.append(model->headerData(column, Qt::Horizontal).toString());
+    // Columns without a title, or with an empty one above a message, have none to be written.
+    if (shown.Headers.join(QString()).isEmpty())
+        shown.Headers.clear();
     shown.Rows.reserve(rows.size());
     for (const int row : rows) {
         QStringList cells;

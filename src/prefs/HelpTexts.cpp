@@ -137,10 +137,9 @@ Capital and small letters are the same.)help"},
 }};
 
 constexpr QStringView caseDetails =
-    uR"help(The details inside a case window come with a later version. They will work as follows.
-
-= Tabs
-A case opens on its Summary, and fetches its other tabs one after the other. Which tabs there are depends on the court and the case type:
+    uR"help(= Tabs
+A case opens on its Summary, and fetches its other tabs one after the other. Ctrl+Tab goes to the next tab, Ctrl+1 to Ctrl+9 to one of the first nine. Which tabs there are depends on the court and the case type:
+• District and municipal courts: Names, Docket, and Judgments for a civil case, Violations for any other.
 • Washington Superior: Names, Docket, Judgments, Charges, Sentence, Accounting, Schedule, Documents. A criminal case has all of them; a civil, domestic or probate case has no Charges and Sentence.
 • Oregon: Names, Docket, Judgments, Accounting, Finance, Charges, Sentence, where the court has them.
 • Idaho: Names, Docket, Judgments, Charges, where the court has them.
@@ -148,13 +147,16 @@ A case opens on its Summary, and fetches its other tabs one after the other. Whi
 An archived case ("*" before its number) has fewer tabs, and in most cases no Docket.
 
 = Retrieve on Demand
-A tab that your options do not fetch by themselves shows a panel instead. Check the details that you want and choose Search Now; they join the line of waiting searches. Which tabs are fetched at once is set for each state in Options and Preferences.
+A tab that your options do not fetch by themselves shows a panel instead. Check the details that you want and choose Search Now; they join the line of waiting searches. Which tabs are fetched at once is set for each court in options.ini: 1 behind the tab's name in CaseSearchTabs (Washington Superior), OrCaseSearchTabs, IdCaseSearchTabs, CivilCaseTabs or NonCivilCaseTabs. A window for these settings comes with a later version.
 
 = Incomplete tabs
-"Information Incomplete! Click Tab to Review." means that the court's answer broke off. Click the tab: Yes offers another try, No shows what has arrived.
+"Information Incomplete! Click Tab to Review." means that the court's answer broke off. Click the tab: YES offers another try, NO shows what has arrived.
+
+= Other cases
+In the Summary of a Superior case, double-click an "Associated Case:" to open it; in its Judgments, a row with a case number. A bankruptcy number that fits several cases lists them: double-click one.
 
 = Documents
-Washington Superior only. Double-click a row to fetch the document; it is saved in the folder Reports of the application folder and opened. "(Unavail.)" marks a document that the court does not give out.
+Washington Superior only: the list of the documents that the court has. "(Unavail.)" marks one that it does not give out. Fetching the documents themselves comes with a later version.
 
 = Stopping and closing
 Stop Search ends the retrieval; tabs that have arrived stay, and the rest can be retrieved on demand. A window that is retrieving cannot be closed: stop it first.
@@ -167,7 +169,7 @@ Stop Search ends the retrieval; tabs that have arrived stay, and the rest can be
 Dark blue: all is well. Red: stopped or incomplete; do not rely on the case being whole.)help";
 
 constexpr QStringView nameSearchResults =
-    uR"help(Double-click a case to open its window, or select it and choose Retrieve Case Details; the details inside it come with a later version. Click a column header to sort by it, and again to turn the order round.
+    uR"help(Double-click a case to open its window, or select it and choose Retrieve Case Details. Click a column header to sort by it, and again to turn the order round.
 
 = Marks before a case number
 • *  The case is archived. It may have fewer details.

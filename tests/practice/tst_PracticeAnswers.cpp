@@ -51,6 +51,7 @@ private Q_SLOTS:
     void malformedSearches();
     void toldNames_data();
     void toldNames();
+    void noToldNameReadsLikeAnotherReply();
     void toldRowsPassTheFilters();
     void manyRows_data();
     void manyRows();
@@ -150,21 +151,21 @@ void tst_PracticeAnswers::exchanges_data()
     QTest::newRow("superior courts by tildes")
         << u"ann"_s << u"WASUP~SEARCH~SMITH~~~~King,~~~~"_s << unknown;
     QTest::newRow("index by broken bars") << u"ann"_s << u"INDEX¦SEARCH¦"_s << unknown;
-    const QStringList empty{end};
-    QTest::newRow("a case of the superior courts")
-        << u"ann"_s << u"WASUP¦SUMMARY¦94-1-00042-1¦King¦¦"_s << empty;
-    QTest::newRow("nothing of the superior courts") << u"ann"_s << u"WASUP¦"_s << empty;
-    const auto nothing = [&](const char *name, const QString &request) {
-        QTest::newRow(name) << u"ann"_s << request << QStringList{end};
+    const auto unknownRow = [&](const char *name, const QString &request) {
+        QTest::newRow(name) << u"ann"_s << request << unknown;
     };
-    nothing("a case of Oregon", u"OREGON¦SUMMARY,NAMES,DOCKET,¦CV08060677¦MCR C¦"_s);
-    nothing("a case of Idaho", u"IDSUP¦SUMMARY,NAMES,DOCKET,¦CR-1998-0002546-IN¦Ada¦"_s);
-    nothing("a civil case", u"WADISCIS¦¦¦¦5KS000123¦SC¦KSD¦CV¦CIVI¦¦"_s);
-    nothing("a non-civil case", u"WADISCIS¦¦¦¦3YH809020¦IT¦KSD¦IN¦NCC¦¦"_s);
-    nothing("a bankruptcy", u"BKRPT~SUMMARY~99-20077~OR~"_s);
-    nothing("cases of the index", u"INDEX~SUMMARY~94-1-00042-1~"_s);
-    nothing("nothing of Oregon", u"OREGON¦"_s);
-    nothing("nothing of the bankruptcy courts", u"BKRPT~"_s);
+    unknownRow("nothing of the superior courts", u"WASUP¦"_s);
+    unknownRow("a tab that the superior courts have not", u"WASUP¦FINANCE¦94-1-00042-1¦King¦¦"_s);
+    unknownRow("a tab of too many fields", u"WASUP¦NAMES¦94-1-00042-1¦King¦¦¦"_s);
+    unknownRow("documents in the order of the other tabs", u"WASUPDOC¦GETDOC¦King¦94-1-00042-1¦"_s);
+    unknownRow("a tab that Idaho has not", u"IDSUP¦SENTENCES,¦CR-1998-0002546-IN¦Ada¦"_s);
+    unknownRow("a sentence of Oregon in the singular", u"OREGON@SENTENCE,@CV08060677@MCR C@"_s);
+    unknownRow("the superior courts by the sign of Oregon", u"WASUP@SUMMARY@94-1-00042-1@King@@"_s);
+    unknownRow("a district tab of no side", u"WADISCIS¦¦¦¦5KS000123¦SC¦KSD¦CV¦NAMES¦¦"_s);
+    unknownRow("a bankruptcy tab that there is not", u"BKRPT~CLAIMS~99-20077~OR~"_s);
+    unknownRow("cases of the index", u"INDEX~SUMMARY~94-1-00042-1~"_s);
+    unknownRow("nothing of Oregon", u"OREGON¦"_s);
+    unknownRow("nothing of the bankruptcy courts", u"BKRPT~"_s);
     const QStringList nobody{u"ERROR~Nobody was listed so~"_s, end};
     QTest::newRow("cases of a person of no list, statewide")
         << u"ann"_s << u"WADISCIS¦SEARCH¦SMITH¦SMITH, JOHN¦M¦¦¦¦¦¦¦1¦SNCINMD¦"_s << nobody;
@@ -387,8 +388,8 @@ void tst_PracticeAnswers::toldNames_data()
                                         + u"This search resulted in more than 200 results. EOF~");
     QTest::newRow("OVER200 NONE") << u"OVER200¦NONE"_s
                                   << u"This search resulted in more than 200 results. EOF~"_s;
-    QTest::newRow("ERRORROW") << u"ERRORROW¦"_s
-                              << u"r r r ERROR~A court record could not be read~ r r r EOF~"_s;
+    QTest::newRow("BADROW") << u"BADROW¦"_s
+                            << u"r r r ERROR~A court record could not be read~ r r r EOF~"_s;
     QTest::newRow("THEREOF") << u"THEREOF¦"_s << u"r r t r r EOF~"_s;
     QTest::newRow("STALL") << u"STALL¦"_s << QString(rows5 + u"<silence>");
     QTest::newRow("DROPLINK") << u"DROPLINK¦"_s << QString(rows5 + u"<drop>");
@@ -412,6 +413,16 @@ void tst_PracticeAnswers::toldNames()
         found.append(!row ? step : step.endsWith(u"~Heirs THEREOF~"_s) ? u"t"_s : u"r"_s);
     }
     QCOMPARE(found.join(u' '), shape);
+}
+
+void tst_PracticeAnswers::noToldNameReadsLikeAnotherReply()
+{
+    // A row begins with the name, and is a row only if that means nothing else.
+    for (const Practice::ToldName &told : Practice::toldNames) {
+        const QStringView name(told.name);
+        for (const QStringView word : {u"ERROR", u"WARNING", u"SEARCHING", u"EOF"})
+            QVERIFY2(!name.startsWith(word), qPrintable(name.toString()));
+    }
 }
 
 void tst_PracticeAnswers::toldRowsPassTheFilters()

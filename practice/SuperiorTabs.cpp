@@ -1,0 +1,340 @@
+#include "practice/SuperiorTabs.h"
+
+#include "practice/CaseRecords.h"
+#include "practice/Counties.h"
+#include "practice/DocketText.h"
+#include "practice/RecordRows.h"
+#include "practice/SearchFields.h"
+#include "practice/SuperiorCases.h"
+
+#include <algorithm>
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace Practice {
+namespace {
+enum Digit : int { Criminal = 1, Civil, Domestic, Probate, Juvenile = 8, JudgmentCase };
+
+constexpr std::array nameColumns{CaseColumn{u"Participant", 30}, CaseColumn{u"Role", 18},
+                                 CaseColumn{u"Address", 30}, CaseColumn{u"Attorney", 22}};
+constexpr std::array docketColumns{CaseColumn{u"Date", 14}, CaseColumn{u"Code", 12},
+                                   CaseColumn{u"Description", 74}};
+constexpr std::array accountColumns{CaseColumn{u"Date", 14}, CaseColumn{u"Receipt", 16},
+                                    CaseColumn{u"Description", 40}, CaseColumn{u"Amount", 15},
+                                    CaseColumn{u"Balance", 15}};
+// The program opens the case in the second column.
+constexpr std::array judgmentColumns{CaseColumn{u"Date", 12},     CaseColumn{u"Case Number", 17},
+                                     CaseColumn{u"Creditor", 23}, CaseColumn{u"Debtor", 23},
+                                     CaseColumn{u"Amount", 12},   CaseColumn{u"Status", 13}};
+constexpr std::array chargeColumns{CaseColumn{u"Count", 8},   CaseColumn{u"RCW", 18},
+                                   CaseColumn{u"Charge", 34}, CaseColumn{u"Date", 14},
+                                   CaseColumn{u"Plea", 13},   CaseColumn{u"Result", 13}};
+constexpr std::array sentenceColumns{CaseColumn{u"Item", 35}, CaseColumn{u"Description", 65}};
+constexpr std::array scheduleColumns{CaseColumn{u"Date", 16}, CaseColumn{u"Time", 14},
+                                     CaseColumn{u"Event", 45}, CaseColumn{u"Location", 25}};
+// The program finds the number of pages in the third column, in Pierce county in the second, and
+// the description in the fourth.
+constexpr std::array documentColumns{CaseColumn{u"Sub No", 10}, CaseColumn{u"Date", 15},
+                                     CaseColumn{u"Pages", 10}, CaseColumn{u"Description", 65}};
+constexpr std::array pierceColumns{CaseColumn{u"Date", 15}, CaseColumn{u"Pages", 10},
+                                   CaseColumn{u"Sub No", 10}, CaseColumn{u"Description", 65}};
+constexpr QStringView pierce = u"Pierce";
+
+// Counties with fewer people, in thousands, have nothing scanned.
+constexpr int leastToScan = 10;
+
+Nature natureOf(int digit)
+{
+    switch (digit) {
+    case Criminal:
+        return Nature::Criminal;
+    case Domestic:
+        return Nature::Domestic;
+    case Probate:
+        return Nature::Probate;
+    case Juvenile:
+        return Nature::Juvenile;
+    case JudgmentCase:
+        return Nature::Judgment;
+    default:
+        return Nature::Civil;
+    }
+}
+
+/// A case and its place in the population; the told ones have none.
+struct Found
+{
+    CaseFile file;
+    std::optional<quint32> place;
+    int county = 0;
+};
+
+CaseFile fileOf(const Population &people, quint32 place)
+{
+    const CourtCase &courtCase = people.Cases()[place];
+    const std::vector<quint32> parties = people.PartiesOf(place);
+    CaseFile file;
+    file.number = CaseNumberText(courtCase.number);
+    file.cause = courtCase.description;
+    file.filed = courtCase.filed;
+    file.nature = natureOf(courtCase.number.type);
+    file.archived = courtCase.archived;
+    for (const quint32 part : parties) {
+        const Part &one = people.Parts()[part];
+        file.parties.push_back({people.People()[one.person], one.role});
+    }
+    if (!parties.empty())
+        file.title = SuperiorRowOf(people, parties.front()).title;
+    return file;
+}
+
+void nameCourt(const Population &people, int county, CaseFile &file)
+{
+    file.county = CountyName(county).toString();
+    file.court = u"%1 County Superior Court"_s.arg(file.county);
+    file.seed = SeedOfCase(people, file.county, file.number);
+}
+
+/// A case from the list of a name with a meaning.
+Found listedFound(const TabContext &context, const SuperiorRow &row)
+{
+    const CourtCase &courtCase = row.courtCase;
+    Found found;
+    found.county = courtCase.number.county;
+    found.file.number = CaseNumberText(courtCase.number);
+    found.file.cause = courtCase.description;
+    found.file.filed = courtCase.filed;
+    found.file.nature = natureOf(courtCase.number.type);
+    found.file.title = row.title;
+    found.file.parties = {{row.person, row.role}};
+    nameCourt(context.people, found.county, found.file);
+    return found;
+}
+
+std::optional<Found> findIn(const TabContext &context, const CaseNumber &number)
+{
+    const std::optional<quint32> place = context.people.FindCase(number);
+    const std::optional<SuperiorRow> row = context.lists.FindSuperior(number);
+    if (row && (!place || context.lists.AreLatest(CourtFamily::Superior)))
+        return listedFound(context, *row);
+    if (!place)
+        return std::nullopt;
+    Found found{fileOf(context.people, *place), place, number.county};
+    nameCourt(context.people, number.county, found.file);
+    return found;
+}
+
+/// The case of that number in the county, or without a county in the first one where the number can
+/// be.
+std::optional<Found> findCase(const TabContext &context, const TabAsked &asked)
+{
+    const std::optional<int> named = CountyNumber(asked.court);
+    if (!named && !asked.court.isEmpty())
+        return std::nullopt;
+    const int first = named.value_or(1);
+    const int last = named.value_or(static_cast<int>(counties.size()));
+    for (int county = first; county <= last; ++county) {
+        const std::optional<CaseNumber> number = ParseCaseNumber(county, asked.number);
+        std::optional<Found> found = number ? findIn(context, *number) : std::nullopt;
+        if (found)
+            return found;
+    }
+    return std::nullopt;
+}
+
+Found toldFound(const TabTask &task)
+{
+    Found found{ToldCaseFile(task), {}, CountyNumber(task.asked.court).value_or(1)};
+    found.file.nature = natureOf(task.told->digit);
+    if (found.file.nature == Nature::Criminal) {
+        found.file.cause = u"Forgery"_s;
+        found.file.parties = {{found.file.parties.front().person, u"Defendant"_s}};
+        found.file.title = u"STATE OF WASHINGTON VS PRACTICE, JAMES A"_s;
+    }
+    nameCourt(task.context.people, found.county, found.file);
+    if (task.told->meaning == ToldCase::Arbitration
+        && task.asked.arbitration == ArbitrationAnswer::Arbitration) {
+        found.file.nature = Nature::Arbitration;
+        found.file.court += u" - Arbitration"_s;
+    }
+    return found;
+}
+
+/// Another case that belongs to this one: a judgment and the case in which it was given, in the
+/// same county and with a party in common.
+QString associatedNumber(const TabTask &task, const Found &found)
+{
+    if (IsMeaning(task.told, ToldCase::Associated)) {
+        for (const ToldCaseRow &row : toldCases) {
+            if (row.meaning == ToldCase::Associated && row.place != task.told->place)
+                return ToldCaseNumber(CourtFamily::Superior, row);
+        }
+    }
+    if (!found.place)
+        return {};
+    const Population &people = task.context.people;
+    const CaseNumber &own = people.Cases()[*found.place].number;
+    const auto belongs = [&](const CaseNumber &other) {
+        return other.county == own.county
+               && ((own.type == JudgmentCase && (other.type == Civil || other.type == Domestic))
+                   || (other.type == JudgmentCase && (own.type == Civil || own.type == Domestic)));
+    };
+    for (const quint32 party : people.PartiesOf(*found.place)) {
+        for (const quint32 part : people.PartsOf(people.Parts()[party].person)) {
+            const CaseNumber &other = people.Cases()[people.Parts()[part].courtCase].number;
+            if (belongs(other))
+                return CaseNumberText(other);
+        }
+    }
+    return {};
+}
+
+void saySummary(const TabTask &task, const Found &found, Reply &reply)
+{
+    const CaseFile &file = found.file;
+    const auto say = [&reply](const QString &item, const QString &text) {
+        reply.Say(CaseLine({item, text}));
+    };
+    // The program takes the four lines of the heading by their places, and the case type from the
+    // number.
+    say(u"Case Number"_s, file.number);
+    say(u"Court"_s, file.court);
+    say(u"Case Title"_s, file.title);
+    say(u"Date Filed"_s, DateText(file.filed));
+
+    const std::vector<DocketEntry> docket = DocketOf(file, task.context.today);
+    const bool over = IsOver(file, task.context.today);
+    say(u"Cause:"_s, file.cause);
+    say(u"Case Status:"_s, file.archived ? u"Archived"_s : over ? u"Completed"_s : u"Active"_s);
+    say(u"Judge:"_s, JudgeOf(file));
+    if (over)
+        say(u"Completion Date:"_s, DateText(docket.back().date));
+    say(u"Last Docket Entry:"_s, docket.back().text);
+    if (const QString number = associatedNumber(task, found); !number.isEmpty())
+        say(u"Associated Case:"_s, number);
+}
+
+CaseRows judgmentRows(const TabTask &task, const Found &found)
+{
+    const QString other = associatedNumber(task, found);
+    return JudgmentRows(found.file, other.isEmpty() ? found.file.number : other,
+                        task.context.today);
+}
+
+CaseRows documentRows(const CaseFile &file, QDate today)
+{
+    CaseRows rows;
+    for (const DocumentRecord &one : DocumentsOf(file, today)) {
+        const QString place = QString::number(one.place);
+        const QString pages = QString::number(one.pages);
+        QStringList cells = file.county == pierce
+                                ? QStringList{DateText(one.date), pages, place, one.text}
+                                : QStringList{place, DateText(one.date), pages, one.text};
+        if (one.retrievable) {
+            cells.prepend(u"RETRIEVEDOC="_s
+                          + DocumentCommand(file.county, file.number, one.place, one.date,
+                                            one.pages, one.text));
+        }
+        rows.push_back(cells);
+    }
+    return rows;
+}
+
+/// A county that scans nothing, or a judgment whose papers are in another case, says so in a line.
+bool sayWhyNoDocuments(const TabTask &task, const Found &found, Reply &reply)
+{
+    const County &county = counties[static_cast<std::size_t>(found.county - 1)];
+    if (county.weight < leastToScan) {
+        reply.Say(u"Documents n/a for: %1 County~"_s.arg(found.file.county));
+        return true;
+    }
+    if (found.file.nature != Nature::Judgment || associatedNumber(task, found).isEmpty())
+        return false;
+    reply.Say(u"Documents for this Judgment are available by searching its associated case~"_s);
+    return true;
+}
+
+TabTable tableOf(const TabTask &task, const Found &found)
+{
+    const CaseFile &file = found.file;
+    const QDate today = task.context.today;
+    constexpr auto grid = TableForm::GridDef;
+    switch (task.asked.tab) {
+    case CaseTab::Names:
+        return {grid, u"Names", nameColumns, NameRows(file)};
+    case CaseTab::Docket:
+        return {grid, u"Docket", docketColumns, DocketRows(file, today)};
+    case CaseTab::Accounting:
+        return {grid, u"Accounting", accountColumns, AccountRows(file, today)};
+    case CaseTab::Judgments:
+        return {grid, u"Judgments", judgmentColumns, judgmentRows(task, found)};
+    case CaseTab::Charges:
+        return {grid, u"Charges", chargeColumns, ChargeRows(file, today)};
+    case CaseTab::Sentence:
+        return {grid, u"Sentence", sentenceColumns, SentenceRows(file, today)};
+    case CaseTab::Schedule:
+        return {grid, u"Schedule", scheduleColumns, ScheduleRows(file, today)};
+    case CaseTab::Documents:
+        return {TableForm::Paired, u"Documents",
+                file.county == pierce ? CaseColumns(pierceColumns) : CaseColumns(documentColumns),
+                documentRows(file, today)};
+    default:
+        return {};
+    }
+}
+
+/// An archived case has no docket and no accounts any more, but a judgment keeps its docket.
+bool isGone(const CaseFile &file, CaseTab tab)
+{
+    return file.archived
+           && (tab == CaseTab::Accounting
+               || (tab == CaseTab::Docket && file.nature != Nature::Judgment));
+}
+
+void sayTab(const TabTask &task, const Found &found, Reply &reply)
+{
+    if (task.asked.tab == CaseTab::Summary) {
+        saySummary(task, found, reply);
+        return;
+    }
+    if (isGone(found.file, task.asked.tab))
+        return;
+    if (task.asked.tab == CaseTab::Documents && sayWhyNoDocuments(task, found, reply))
+        return;
+    SayTab(task, found.file, tableOf(task, found), reply);
+}
+} // namespace
+
+Reply AnswerSuperiorTab(const TabContext &context, const TabAsked &asked)
+{
+    const TabTask task{context, asked, FindToldCase(asked)};
+    Reply reply;
+    if (IsMeaning(task.told, ToldCase::Arbitration) && asked.tab == CaseTab::Summary
+        && asked.arbitration == ArbitrationAnswer::NotGiven) {
+        reply.Say(u"USERQUESTION~This case is in arbitration~"_s).Finish();
+        return reply;
+    }
+    if (!SayToldTab(task, reply)) {
+        const std::optional<Found> found =
+            task.told != nullptr ? std::optional(toldFound(task)) : findCase(context, asked);
+        if (found)
+            sayTab(task, *found, reply);
+        else if (asked.tab == CaseTab::Summary)
+            reply.Say(u"ERROR -- %1 is not a valid case number for %2 County"_s.arg(asked.number,
+                                                                                    asked.court));
+    }
+    reply.Finish();
+    return reply;
+}
+
+QString DocumentCommand(const QString &county, const QString &number, int place, QDate date,
+                        int pages, const QString &text)
+{
+    return u"WASUPDOC^GETDOC^%1^%2^%3^¦IMG¦%4¦%5¦%6¦"_s.arg(county, number)
+        .arg(place)
+        .arg(DateText(date))
+        .arg(pages)
+        .arg(text);
+}
+} // namespace Practice

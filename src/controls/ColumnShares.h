@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QList>
+
+/// A column's claim on the width of its grid.
+struct ColumnShare
+{
+    double Percent = 1;
+    int Fixed = -1; ///< its width when that is settled already, in pixels
+};
+
+/// Whether the columns are meant to fill the grid: their hundredths make a whole, or so nearly that
+/// only rounding can be the cause, as with three columns of 33.
+bool FillsGrid(const QList<ColumnShare> &columns);
+
+/// The widths of the columns in a grid that is `width` pixels wide, none below `least` but those
+/// that are fixed. Columns that fill the grid do so to the pixel while there is room; what the
+/// fixed ones leave goes to the others in proportion. Any other column has its own hundredths.
+QList<int> ColumnPixels(const QList<ColumnShare> &columns, int width, int least);

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QFont>
+
+class QTableView;
+
+/// What the tables of the program have in common: whole rows are selected, nothing is edited, rows
+/// alternate, headers are a little smaller.
+void SetTableLook(QTableView *table);
+
+/// What the titles of columns are scaled by.
+constexpr double smallFontScale = 0.9;
+
+/// A font for what is to take little room.
+QFont SmallerFont(QFont font, double scale = smallFontScale);
