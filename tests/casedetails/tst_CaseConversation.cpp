@@ -423,9 +423,9 @@ void tst_CaseConversation::theClientCodeGoesWithSummaryAndNames()
 void tst_CaseConversation::aPauseBeforeEveryTab()
 {
     FetchAtOnce(u"CaseSearchTabs"_s, {u"Docket"_s});
-    expect({SuperiorLine(u"SUMMARY"_s, u"02-5-00123-4"_s),
-            SuperiorLine(u"DOCKET"_s, u"02-5-00123-4"_s)},
-           SuperiorSummary() + QStringList{u"EOF~"_s});
+    court->Expect(SuperiorLine(u"SUMMARY"_s, u"02-5-00123-4"_s))
+        .Reply(SuperiorSummary() + QStringList{u"EOF~"_s});
+    court->Expect(SuperiorLine(u"DOCKET"_s, u"02-5-00123-4"_s)).Reply({});
     frmCaseDetails *window = Superior(u"02-5-00123-4"_s);
     desk->ConnectTo(*court);
     QDateTime summaryDone;
@@ -433,7 +433,10 @@ void tst_CaseConversation::aPauseBeforeEveryTab()
     desk->When([&] { return window->Tab(CaseTab::Summary).TabDone; },
                [&] { summaryDone = desk->Time.Now(); });
     desk->When([&] { return court->Requests().size() == 2; },
-               [&] { docketAsked = desk->Time.Now(); });
+               [&] {
+                   docketAsked = desk->Time.Now();
+                   court->SendTokens(GridDef({u"01/02/2003~A~"_s}));
+               });
     desk->Time.Run(0.01);
     Begin(window);
     QVERIFY(Finished(window));

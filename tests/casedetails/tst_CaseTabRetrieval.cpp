@@ -20,8 +20,7 @@
 
 namespace {
 const QString endMark = u"EOF~"_s;
-const QString timedOut =
-    u"Search Error! Reason: Timed Out Waiting For Response from Server."_s;
+const QString timedOut = u"Search Error! Reason: Timed Out Waiting For Response from Server."_s;
 const QString linkLost = u"Halvane Server Connection was Dropped!"_s;
 const QString bankruptcySummary = u"BKRPT~SUMMARY~99-20077~"_s;
 const QString runEnded = u"NORMAL EXIT - from ProcessSearchReqeusts."_s;
@@ -275,9 +274,8 @@ QStringList tst_CaseTabRetrieval::wholeTable(const FamilyMember &member)
 
 QList<QStringList> tst_CaseTabRetrieval::wholeCells(const FamilyMember &member)
 {
-    QList<QStringList> cells{{u"Date"_s, u"Entry"_s},
-                             {u"01/02/2003"_s, u"First"_s},
-                             {u"01/03/2003"_s, u"Second"_s}};
+    QList<QStringList> cells{
+        {u"Date"_s, u"Entry"_s}, {u"01/02/2003"_s, u"First"_s}, {u"01/03/2003"_s, u"Second"_s}};
     if (member.lastFirst)
         cells.swapItemsAt(1, 2);
     return cells;
@@ -328,11 +326,11 @@ void tst_CaseTabRetrieval::aTable()
     QCOMPARE(CellsOf(window, row.tab), wholeCells(row));
     verifyDone(window, row);
     const FamilyTexts texts = TextsOfMember(row);
-    QCOMPARE(logOf(row), (QStringList{texts.Retrieving, u"SendReq: "_s + row.request}
-                          + loggedReply(row, reply)
-                          + QStringList{u"All Responses For "_s + row.word
-                                            + u" were Received: "_s + row.request,
-                                        texts.NormalExit}));
+    QCOMPARE(
+        logOf(row),
+        (QStringList{texts.Retrieving, u"SendReq: "_s + row.request} + loggedReply(row, reply)
+         + QStringList{u"All Responses For "_s + row.word + u" were Received: "_s + row.request,
+                       texts.NormalExit}));
 }
 
 void tst_CaseTabRetrieval::theEndMarkAloneGivesTheEmptyMessageAndTheTabIsDone()
@@ -449,8 +447,7 @@ void tst_CaseTabRetrieval::aTimeOutInDocketAndTheRunGoesOn()
              (QList<QStringList>{{u"Date"_s, u"Entry"_s}, {u"01/02/2003"_s, u"Paid"_s}}));
     QVERIFY(window->Tab(CaseTab::Judgments).TabDone);
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Incomplete!"_s);
-    QCOMPARE(TextOf(window, "lblWarning"),
-             u"Docket Information Incomplete! Click Tab to Retry."_s);
+    QCOMPARE(TextOf(window, "lblWarning"), u"Docket Information Incomplete! Click Tab to Retry."_s);
 }
 
 /// The wait for a reply does not tell a lost link from silence; the next request is what finds out.
@@ -510,8 +507,8 @@ void tst_CaseTabRetrieval::aSocketThatHasGone()
     Begin(window);
     verifyBrokenDown(window, row);
     const bool names = row.tab == CaseTab::Names;
-    QVERIFY(logOf(row).contains(u"Current Response: --> "_s
-                                + (names ? u" Ret Val: -1"_s : u" -1"_s)));
+    QVERIFY(
+        logOf(row).contains(u"Current Response: --> "_s + (names ? u" Ret Val: -1"_s : u" -1"_s)));
 }
 
 void tst_CaseTabRetrieval::aRequestThatDoesNotLeave()
@@ -550,8 +547,9 @@ void tst_CaseTabRetrieval::wordsCountInCapitalsAndInFront()
         reply += TableRow(row, line);
     reply += u"EOF~that was all"_s;
     const frmCaseDetails *window = retrieved(row, reply);
-    QList<QStringList> cells{{u"eof"_s, u"2"_s}, {u"Error"_s, u"3"_s},     {u"4"_s, u"EOF"_s},
-                             {u"5"_s, u"ERROR"_s}, {u"6"_s, u"Searching"_s}, {u"research"_s, u"7"_s}};
+    QList<QStringList> cells{{u"eof"_s, u"2"_s},       {u"Error"_s, u"3"_s},
+                             {u"4"_s, u"EOF"_s},       {u"5"_s, u"ERROR"_s},
+                             {u"6"_s, u"Searching"_s}, {u"research"_s, u"7"_s}};
     if (row.lastFirst)
         std::reverse(cells.begin(), cells.end());
     QCOMPARE(CellsOf(window, row.tab), QList<QStringList>({{u"Date"_s, u"Entry"_s}}) + cells);
@@ -582,8 +580,8 @@ void tst_CaseTabRetrieval::onlySummaryAndNamesCarryTheClientCode()
 void tst_CaseTabRetrieval::aDataLineIsTrimmed()
 {
     const FamilyMember &docket = family[1];
-    const frmCaseDetails *window = retrieved(
-        docket, {u"  GRIDDEF~Date~Entry~20~80~ "_s, u" ERROR~in a row~ "_s, endMark});
+    const frmCaseDetails *window =
+        retrieved(docket, {u"  GRIDDEF~Date~Entry~20~80~ "_s, u" ERROR~in a row~ "_s, endMark});
     QCOMPARE(window->lboxResponses.Lines(),
              (QStringList{u"GRIDDEF~Date~Entry~20~80~"_s, u"ERROR~in a row~"_s}));
     QCOMPARE(CellsOf(window, CaseTab::Docket),
