@@ -16,6 +16,7 @@
 
 #include <QLabel>
 #include <QPushButton>
+#include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
 
@@ -26,6 +27,7 @@ constexpr int brokenDown = 911;
 
 void CaseWindow::ProcessSearchRequests()
 {
+    const auto atEnd = qScopeGuard([this] { withdrawIfGone(); });
     lboxResponses.Clear();
     voice->SayState();
     CaseInvalid = false;

@@ -364,6 +364,13 @@ void CaseWindow::ShowStopped(StopCase stopCase)
     voice->SayState();
 }
 
+/// The run of a window that has gone meanwhile is over.
+void CaseWindow::withdrawIfGone()
+{
+    if (IsUnloaded())
+        WithdrawKey(txtMasterKey);
+}
+
 bool CaseWindow::QueryUnload(UnloadMode mode)
 {
     // A window that never came on the screen has nothing that the user could lose.
@@ -377,7 +384,9 @@ void CaseWindow::Unloading()
     JobWindow::Unloading();
     TmrSearchOnDemand->stop();
     TmrFlash->stop();
-    WithdrawKey(txtMasterKey);
+    // A run keeps its place until its reply has come: the next job would read what is left of it.
+    if (!HasTurn)
+        WithdrawKey(txtMasterKey);
 }
 
 void CaseWindow::showEvent(QShowEvent *event)

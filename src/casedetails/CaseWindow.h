@@ -167,6 +167,7 @@ private:
     bool askOnDemand(CaseTabState &state);
     void printDetails();
     void leaveUnretrieved();
+    void withdrawIfGone();
 
     // The first run
     RunEnd runTabs();

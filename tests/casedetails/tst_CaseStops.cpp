@@ -1,5 +1,5 @@
-// Every way in which a case is stopped: by its button while it waits and in its run, and by a wish to
-// leave that all jobs hear.
+// Every way in which a case is stopped: by its button while it waits and in its run, and by a wish
+// to leave that all jobs hear.
 
 #include "casedetails/CaseDesk.h"
 #include "casedetails/CaseKinds.h"
@@ -70,6 +70,7 @@ private Q_SLOTS:
     void aStopThatCannotBeSentReleasesTheTurn();
     void aStopThatCannotBeSentInARun();
     void stopInARunEndsItAtTheNextTest();
+    void stoppedAndClosedItKeepsTheLinkUntilItsReplyHasCome();
     void everyFlagAtEveryStopPoint_data();
     void everyFlagAtEveryStopPoint();
     void theFirstOfSeveralFlagsDecides_data();
@@ -385,6 +386,38 @@ void tst_CaseStops::stopInARunEndsItAtTheNextTest()
     QVERIFY(window->Tab(CaseTab::Docket).TabNotRetrieved);
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Stopped by User .."_s);
     QVERIFY(window->SearchStopped);
+}
+
+void tst_CaseStops::stoppedAndClosedItKeepsTheLinkUntilItsReplyHasCome()
+{
+    Global.bShowAlerts = false;
+    court->Expect(SuperiorLine(u"SUMMARY"_s)).Reply({u"Type:~1~"_s});
+    court->Expect(u"\u00A6STOP"_s).Reply({});
+    court->Expect(SuperiorLine(u"SUMMARY"_s, u"03-2-00456-7"_s)).Reply({u"EOF~"_s});
+    const QPointer<CaseWindow> window(pending());
+    CaseWindow *second = Superior(u"03-2-00456-7"_s);
+    int ticks = 0;
+    connect(second->Timer1, &QTimer::timeout, second, [&ticks] { ++ticks; });
+    desk->When([&] { return court->Requests().size() == 1; },
+               [&] {
+                   ButtonOf(window, "cmdStopSearching")->click();
+                   QVERIFY(window->Unload());
+                   ticks = 0;
+                   Begin(second);
+               });
+    QString status;
+    desk->When([&] { return court->Requests().size() == 2 && ticks >= 3; },
+               [&] {
+                   status = TextOf(second, "lblStatus");
+                   court->SendTokens({u"EOF~"_s});
+               });
+    desk->ConnectTo(*court);
+    Begin(window);
+    QTRY_VERIFY(window.isNull());
+    QVERIFY(Finished(second));
+    QCOMPARE(status, u"Pending .."_s);
+    QCOMPARE(TextOf(second, "lblStatus"), u"Search Stopped. Case Not Located."_s);
+    QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
 }
 
 void tst_CaseStops::everyFlagAtEveryStopPoint_data()

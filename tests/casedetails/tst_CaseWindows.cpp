@@ -264,9 +264,8 @@ void tst_CaseWindows::theFirstTickCutsTheStrip_data()
     QTest::addColumn<QStringList>("captions");
     const QStringList first{u"Summary"_s, u"Names"_s, u"Docket"_s};
     QTest::newRow("case") << Which::Case
-                          << first
-                                 + QStringList{u"Judgments"_s,  u"Charges"_s,  u"Sentence"_s,
-                                               u"Accounting"_s, u"Schedule"_s, u"Documents"_s};
+                          << first + QStringList{u"Judgments"_s,  u"Charges"_s,  u"Sentence"_s,
+                                                 u"Accounting"_s, u"Schedule"_s, u"Documents"_s};
     QTest::newRow("civil") << Which::Civil << first + QStringList{u"Judgments"_s};
     QTest::newRow("non-civil") << Which::NonCivil << first + QStringList{u"Violations"_s};
 }
@@ -367,8 +366,9 @@ void tst_CaseWindows::theStatusBlinks()
     const auto *status = window->findChild<QWidget *>(u"lblStatus"_s);
     window->tmrBlink->setInterval(1);
     QList<bool> seen;
-    connect(window->tmrBlink, &QTimer::timeout, window,
-            [&] { seen.append(status->isVisible()); }, Qt::QueuedConnection);
+    connect(
+        window->tmrBlink, &QTimer::timeout, window, [&] { seen.append(status->isVisible()); },
+        Qt::QueuedConnection);
     QTRY_VERIFY(seen.size() >= 4);
     for (qsizetype i = 1; i < seen.size(); ++i)
         QCOMPARE(seen[i], !seen[i - 1]);
