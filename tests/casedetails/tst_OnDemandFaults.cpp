@@ -1,5 +1,6 @@
 #include "casedetails/OnDemandDesk.h"
 #include "casedetails/frmCaseDetails.h"
+#include "casedetails/frmCivilCaseDetails.h"
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
 
