@@ -66,9 +66,8 @@ CaseWindow *OnDemandTest::Pending(CaseWindowKind kind, const QStringList &fetche
                                   const QStringList &failing)
 {
     FetchAtOnce(sectionOf(kind), fetched + failing);
-    const QStringList summary = kind == CaseWindowKind::Superior
-                                    ? SuperiorSummary()
-                                    : DistrictSummary(districtOf(kind));
+    const QStringList summary =
+        kind == CaseWindowKind::Superior ? SuperiorSummary() : DistrictSummary(districtOf(kind));
     court->Expect(LineOf(kind, CaseTab::Summary)).Reply(summary + QStringList{u"EOF~"_s});
     for (const CaseTab tab : TabsOf(kind)) {
         if (failing.contains(CaptionOf(tab)))

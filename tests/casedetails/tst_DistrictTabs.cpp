@@ -116,8 +116,7 @@ void tst_DistrictTabs::aNoteOfAnotherTabIsNone_data()
     QTest::addColumn<CaseKind>("kind");
     QTest::addColumn<CaseTab>("tab");
     eachTab([](const DistrictWindow &window, const DistrictTab &tab) {
-        QTest::newRow(rowName(window, tab, "a foreign note").constData())
-            << window.kind << tab.tab;
+        QTest::newRow(rowName(window, tab, "a foreign note").constData()) << window.kind << tab.tab;
     });
 }
 
@@ -136,14 +135,13 @@ void tst_DistrictTabs::aNoteOfAnotherTabIsNone()
 void tst_DistrictTabs::notesAreGoneBehindARetryWithout()
 {
     const DistrictTab &names = districtWindows.front().tabs.front();
-    CaseWindow *window = AfterTab(
-        CaseKind::NonCivil, names,
-        {u"CPARNOTE~First~"_s, tableHead, u"1~2~"_s, u"ERROR No more~"_s, u"EOF~"_s});
+    CaseWindow *window =
+        AfterTab(CaseKind::NonCivil, names,
+                 {u"CPARNOTE~First~"_s, tableHead, u"1~2~"_s, u"ERROR No more~"_s, u"EOF~"_s});
     QCOMPARE(TextOf(window, "lblNameNote1"), u"First"_s);
     QVERIFY(window->Tab(CaseTab::Names).TabIncomplete);
-    desk->Boxes.ExpectDialog(u"frmOnDemand"_s, [](QDialog *dialog) {
-        ButtonOf(dialog, "Command1")->click();
-    });
+    desk->Boxes.ExpectDialog(u"frmOnDemand"_s,
+                             [](QDialog *dialog) { ButtonOf(dialog, "Command1")->click(); });
     ClickTab(window, u"Names"_s);
     court->Expect(DistrictLineOf(CaseKind::NonCivil, names.word)).Reply(GridDef({u"3~4~"_s}));
     ButtonOf(window, "cmdClearAll")->click();
@@ -356,8 +354,8 @@ void tst_DistrictTabs::arbitrationGoesIntoEveryLine()
     FetchAtOnce(district.section.toString(), {u"Names"_s});
     court->Expect(DistrictLineOf(kind, district.summaryWord))
         .Reply({u"USERQUESTION~"_s, u"EOF~"_s});
-    court->Expect(DistrictLineOf(kind, district.summaryWord).chopped(2) + answer
-                  + u"\u00A6\u00A6"_s)
+    court
+        ->Expect(DistrictLineOf(kind, district.summaryWord).chopped(2) + answer + u"\u00A6\u00A6"_s)
         .Reply(DistrictSummary(kind) + QStringList{u"EOF~"_s});
     for (size_t i = 0; i < district.tabs.size(); ++i) {
         // The first run has passed by the line of each tab, and left its answer there.

@@ -132,9 +132,9 @@ void tst_OnDemandFaults::aTabThatFailsAgainShowsWhatThereIsWithNo()
                             CellsOf(window, CaseTab::Names).at(1).at(0)};
                });
     SearchNowToTheEnd(window);
-    QCOMPARE(shown, (QStringList{u"frameTabs_1"_s,
-                                 u"Names Information Incomplete! Click Tab to Review."_s,
-                                 u"Name Search Incomplete. Please Retry Search."_s}));
+    QCOMPARE(shown,
+             (QStringList{u"frameTabs_1"_s, u"Names Information Incomplete! Click Tab to Review."_s,
+                          u"Name Search Incomplete. Please Retry Search."_s}));
     // The run has gone on with the next.
     QVERIFY(window->Tab(CaseTab::Docket).TabDone);
     QVERIFY(!window->Tab(CaseTab::Names).TabNotRetrieved);
@@ -215,8 +215,7 @@ void tst_OnDemandFaults::aLostLink()
                                     "Halvane Server Connection was Dropped!"_s));
     QTRY_VERIFY(!Global.bSearchInProgress);
     // Nothing further is done or said; the window keeps its place until it goes.
-    QVERIFY(!desk->Folder.Logged(
-        u"NORMAL EXIT - from Process On Demand Search Reqeusts."_s));
+    QVERIFY(!desk->Folder.Logged(u"NORMAL EXIT - from Process On Demand Search Reqeusts."_s));
     QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{window->txtMasterKey});
     QVERIFY(!window->Tab(CaseTab::Docket).TabDone);
     // What is missing can be asked for again.
@@ -308,8 +307,7 @@ void tst_OnDemandFaults::aSummaryThatFailsAgain()
     CaseWindow *window = withoutSummary(kind);
     AnswerPrompt(true);
     ClickTab(window, u"Summary"_s);
-    court->Expect(LineOf(kind, CaseTab::Summary))
-        .Reply({u"ERROR Connection lost~"_s, u"EOF~"_s});
+    court->Expect(LineOf(kind, CaseTab::Summary)).Reply({u"ERROR Connection lost~"_s, u"EOF~"_s});
     // The failed Summary brings itself to the front, and the question with it.
     AnswerPrompt(true);
     SearchNowToTheEnd(window);
@@ -330,8 +328,7 @@ void tst_OnDemandFaults::aSummaryThatSaysThatThereIsNoCase()
     SearchNow(window);
     frmQueue::Form().FIFO.AddItem(otherKey);
     window->TmrSearchOnDemand->start(1);
-    QTRY_VERIFY(
-        desk->Folder.Logged(u"NORMAL EXIT - from Process On Demand Search Reqeusts."_s));
+    QTRY_VERIFY(desk->Folder.Logged(u"NORMAL EXIT - from Process On Demand Search Reqeusts."_s));
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Stopped. Case Was Not Located."_s);
     QVERIFY(window->windowTitle().endsWith(u" - This Case Was Not Located!"));
     // The turn was given back once.
@@ -383,8 +380,7 @@ void tst_OnDemandFaults::arbitrationInTheSecondPass()
     };
     court->Expect(LineOf(kind, CaseTab::Summary)).Reply({u"USERQUESTION~"_s, u"EOF~"_s});
     court->Expect(answered(CaseTab::Summary, 1)).Reply(summaryOf(kind));
-    court->Expect(answered(CaseTab::Names, 1))
-        .Reply({u"ERROR The court is busy~"_s, u"EOF~"_s});
+    court->Expect(answered(CaseTab::Names, 1)).Reply({u"ERROR The court is busy~"_s, u"EOF~"_s});
     desk->Boxes.ExpectDialog(u"frmArbPrompt"_s, [yes](QDialog *dialog) {
         ButtonOf(dialog, yes ? "Command1" : "Command2")->click();
     });

@@ -99,21 +99,22 @@ void tst_OnDemandPanel::thePanelsTexts()
     const auto *panel = window->findChild<QGroupBox *>(u"frameTabs_8"_s);
     QVERIFY(panel->isVisible() && panel->isEnabled());
     QCOMPARE(panel->title(), u"Retrieve on Demand:"_s);
-    QCOMPARE(textsOf(panel),
-             (QStringList{
-                 u"The details for this tab have not been retrieved yet."_s,
-                 u"To Continue, choose the details to retrieve and select Search. "_s, u"TIP:"_s,
-                 u"You can also select other Case Details to include as part of this search."_s,
-                 u"Note:"_s,
-                 u"Only Case Details that have NOT been retrieved are available for this search."_s}));
+    QCOMPARE(
+        textsOf(panel),
+        (QStringList{
+            u"The details for this tab have not been retrieved yet."_s,
+            u"To Continue, choose the details to retrieve and select Search. "_s, u"TIP:"_s,
+            u"You can also select other Case Details to include as part of this search."_s,
+            u"Note:"_s,
+            u"Only Case Details that have NOT been retrieved are available for this search."_s}));
 }
 
 void tst_OnDemandPanel::theTenBoxes()
 {
     const CaseWindow *window = AfterFirstRun(CaseWindowKind::Superior);
-    const QStringList captions{u"Summary"_s,   u"Names"_s,    u"Docket"_s,     u"Judgments"_s,
-                               u"Charges"_s,   u"Sentence"_s, u"Accounting"_s, u"Schedule"_s,
-                               u"Documents Available"_s, u"Finance"_s};
+    const QStringList captions{
+        u"Summary"_s,  u"Names"_s,      u"Docket"_s,   u"Judgments"_s,           u"Charges"_s,
+        u"Sentence"_s, u"Accounting"_s, u"Schedule"_s, u"Documents Available"_s, u"Finance"_s};
     for (int i = 0; i < captions.size(); ++i) {
         const auto *box = window->findChild<QCheckBox *>(u"chkTab_%1"_s.arg(i));
         QVERIFY(!box->isHidden());
@@ -258,7 +259,8 @@ void tst_OnDemandPanel::duringTheFirstRunNothingCanBeStarted()
     // The panel is in sight still: what has come leaves it, the rest is as the user has left it.
     QCOMPARE(ShownFrame(window), u"frameTabs_8"_s);
     QVERIFY(CommandsEnabled(window));
-    QVERIFY(!BoxOf(window, CaseTab::Names)->isEnabled() && !BoxOf(window, CaseTab::Names)->isChecked());
+    QVERIFY(!BoxOf(window, CaseTab::Names)->isEnabled()
+            && !BoxOf(window, CaseTab::Names)->isChecked());
     QVERIFY(BoxOf(window, CaseTab::Docket)->isEnabled());
     QVERIFY(!BoxOf(window, CaseTab::Docket)->isChecked());
 }
@@ -268,11 +270,11 @@ void tst_OnDemandPanel::thePromptsTexts()
     frmOnDemand form;
     QCOMPARE(form.windowTitle(), u"Halvane - On Demand Search"_s);
     const QStringList texts = textsOf(&form);
-    QCOMPARE(texts.first(4),
-             (QStringList{
-                 u"This search is incomplete. Some results may not have been retrieved."_s,
-                 u"Try Retrieval Again?"_s, u"Click 'YES' to allow a retry of this search."_s,
-                 u"Click 'NO' to review/print any incomplete results."_s}));
+    QCOMPARE(
+        texts.first(4),
+        (QStringList{u"This search is incomplete. Some results may not have been retrieved."_s,
+                     u"Try Retrieval Again?"_s, u"Click 'YES' to allow a retry of this search."_s,
+                     u"Click 'NO' to review/print any incomplete results."_s}));
     QVERIFY(texts.value(4).contains(u"wait for the current search to complete"));
     QVERIFY(texts.value(4).contains(u"\"SEARCH NOW\""));
     QCOMPARE(TextOf(&form, "Command1").remove(u'&'), u"YES"_s);
