@@ -44,6 +44,7 @@ private Q_SLOTS:
     void eachTabIsShownAsItArrives();
     void nothingTicked_data();
     void nothingTicked();
+    void aDisabledBoxDoesNotCount();
     void lookingAtAnotherTabAddsNothing();
     void aTickCanBeTakenBackBeforeItsTurn();
     void roundAndRound_data();
@@ -311,6 +312,16 @@ void tst_OnDemand::nothingTicked()
     // The panel is in sight still, and offers all again.
     QCOMPARE(ShownFrame(window), u"frameTabs_8"_s);
     QVERIFY(BoxOf(window, CaseTab::Docket)->isChecked());
+}
+
+void tst_OnDemand::aDisabledBoxDoesNotCount()
+{
+    CaseWindow *window = AfterFirstRun(CaseWindowKind::Civil, {u"Names"_s});
+    ClickTab(window, u"Docket"_s);
+    Tick(window, {});
+    BoxOf(window, CaseTab::Names)->setChecked(true);
+    SearchNowToTheEnd(window);
+    QCOMPARE(court->Requests().size(), 2);
 }
 
 void tst_OnDemand::lookingAtAnotherTabAddsNothing()
