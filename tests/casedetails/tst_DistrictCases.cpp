@@ -93,8 +93,7 @@ void tst_DistrictCases::everyLineFromACaseNumber()
     SearchEntry entry;
     entry.Court = CourtFamily::Discis;
     entry.Kind = SearchKind::Number;
-    entry.Where =
-        kind == CaseKind::Civil ? SearchScope::DiscisCivil : SearchScope::DiscisNonCivil;
+    entry.Where = kind == CaseKind::Civil ? SearchScope::DiscisCivil : SearchScope::DiscisNonCivil;
     entry.Names[LastName] = u"5KS000123"_s;
     entry.DiscisCounty = u"King"_s;
     entry.DiscisSelected = QStringList{u"King District Seattle (SED)"_s};
@@ -245,8 +244,8 @@ void tst_DistrictCases::summaryPhrases_data()
     const QString wholeRun = u"Search Complete"_s;
     const QString notLocated = u"Search Stopped. Case Was Not Located."_s;
     const QString notLocatedCaption = u" - This Case Was Not Located!"_s;
-    QTest::newRow("non-civil, no lines") << nonCivil << QStringList() << notLocatedCell
-                                         << QString() << notLocated << notLocatedCaption;
+    QTest::newRow("non-civil, no lines") << nonCivil << QStringList() << notLocatedCell << QString()
+                                         << notLocated << notLocatedCaption;
     QTest::newRow("non-civil, archived")
         << nonCivil << QStringList{archived} << u"Archived Case. No Summary Information Found."_s
         << QString(u"Note: "_s + archived) << wholeRun << QString();
@@ -256,8 +255,8 @@ void tst_DistrictCases::summaryPhrases_data()
     QTest::newRow("non-civil, non-JIS")
         << nonCivil << QStringList{nonJis} << u"Non-JIS case. Summary information not available."_s
         << QString(u"Note: "_s + nonJis) << wholeRun << QString();
-    QTest::newRow("civil, no lines") << civil << QStringList() << notLocatedCell << QString()
-                                     << notLocated << notLocatedCaption;
+    QTest::newRow("civil, no lines")
+        << civil << QStringList() << notLocatedCell << QString() << notLocated << notLocatedCaption;
     QTest::newRow("civil, not associated")
         << civil << QStringList{notAssociated}
         << u"Case Number not associated with this court! No Summary Details Retrieved."_s
@@ -458,14 +457,14 @@ void tst_DistrictCases::twoPairsInARow()
 void tst_DistrictCases::theRowsOfACivilCase()
 {
     const CaseWindow *window = AfterSummary(CaseKind::Civil, DistrictSummary(CaseKind::Civil));
-    QCOMPARE(CellsOf(window, CaseTab::Summary),
-             (QList<QStringList>{{u"Summary Item"_s, u"Item Description"_s, u"Notes"_s},
-                                 {u"Case Type: "_s, u"Civil"_s,
-                                  u"WA State District/Municipal Cts."_s},
-                                 {u"Court Location: "_s, u"Southeast District"_s, QString()},
-                                 {u"Date Filed: "_s, u"01/11/2005"_s, QString()},
-                                 {u"Suit Amount: "_s, u"$1,250.00"_s, QString()},
-                                 {u"Status"_s, u"Open"_s, QString()}}));
+    QCOMPARE(
+        CellsOf(window, CaseTab::Summary),
+        (QList<QStringList>{{u"Summary Item"_s, u"Item Description"_s, u"Notes"_s},
+                            {u"Case Type: "_s, u"Civil"_s, u"WA State District/Municipal Cts."_s},
+                            {u"Court Location: "_s, u"Southeast District"_s, QString()},
+                            {u"Date Filed: "_s, u"01/11/2005"_s, QString()},
+                            {u"Suit Amount: "_s, u"$1,250.00"_s, QString()},
+                            {u"Status"_s, u"Open"_s, QString()}}));
 }
 
 void tst_DistrictCases::nothingBehindTheHeaders_data()

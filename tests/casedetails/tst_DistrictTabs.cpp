@@ -116,8 +116,7 @@ void tst_DistrictTabs::aNoteOfAnotherTabIsNone_data()
     QTest::addColumn<CaseKind>("kind");
     QTest::addColumn<CaseTab>("tab");
     eachTab([](const DistrictWindow &window, const DistrictTab &tab) {
-        QTest::newRow(rowName(window, tab, "a foreign note").constData())
-            << window.kind << tab.tab;
+        QTest::newRow(rowName(window, tab, "a foreign note").constData()) << window.kind << tab.tab;
     });
 }
 
@@ -136,14 +135,13 @@ void tst_DistrictTabs::aNoteOfAnotherTabIsNone()
 void tst_DistrictTabs::notesAreGoneBehindARetryWithout()
 {
     const DistrictTab &names = districtWindows.front().tabs.front();
-    CaseWindow *window = AfterTab(
-        CaseKind::NonCivil, names,
-        {u"CPARNOTE~First~"_s, tableHead, u"1~2~"_s, u"ERROR No more~"_s, u"EOF~"_s});
+    CaseWindow *window =
+        AfterTab(CaseKind::NonCivil, names,
+                 {u"CPARNOTE~First~"_s, tableHead, u"1~2~"_s, u"ERROR No more~"_s, u"EOF~"_s});
     QCOMPARE(TextOf(window, "lblNameNote1"), u"First"_s);
     QVERIFY(window->Tab(CaseTab::Names).TabIncomplete);
-    desk->Boxes.ExpectDialog(u"frmOnDemand"_s, [](QDialog *dialog) {
-        ButtonOf(dialog, "Command1")->click();
-    });
+    desk->Boxes.ExpectDialog(u"frmOnDemand"_s,
+                             [](QDialog *dialog) { ButtonOf(dialog, "Command1")->click(); });
     ClickTab(window, u"Names"_s);
     court->Expect(DistrictLineOf(CaseKind::NonCivil, names.word)).Reply(GridDef({u"3~4~"_s}));
     ButtonOf(window, "cmdClearAll")->click();
@@ -270,14 +268,16 @@ void tst_DistrictTabs::violationsThatBreakDown()
     FetchAtOnce(u"NonCivilCaseTabs"_s, {u"Violations"_s});
     ExpectSummary(CaseKind::NonCivil, DistrictSummary(CaseKind::NonCivil));
     CaseWindow *window = Make(CaseKind::NonCivil);
-    // The link goes in the pause ahead of the tab.
+    // The link goes in the pause ahead of the tab, which lasts as long as the clock stands still.
     desk->When([window] { return window->Tab(CaseTab::Summary).TabDone; },
-               [this] { court->DropClient(); });
+               [this] {
+                   court->DropClient();
+                   QTRY_VERIFY(!court->HasClient());
+                   desk->Time.Run(0.05);
+               });
     desk->ConnectTo(*court);
     Begin(window);
-    QTRY_VERIFY(window->Tab(CaseTab::Summary).TabDone);
-    desk->Time.Run(0.05);
-    QTRY_VERIFY(!Global.bSearchInProgress);
+    QTRY_VERIFY(window->Tab(CaseTab::Summary).TabDone && !Global.bSearchInProgress);
     desk->Time.Stop();
     QVERIFY(desk->Folder.Logged(u"Exiting DoViolationsSearch() via PROCERR in Case Details. Error: "
                                 "Halvane Server Connection was Dropped!"_s));
@@ -354,8 +354,8 @@ void tst_DistrictTabs::arbitrationGoesIntoEveryLine()
     FetchAtOnce(district.section.toString(), {u"Names"_s});
     court->Expect(DistrictLineOf(kind, district.summaryWord))
         .Reply({u"USERQUESTION~"_s, u"EOF~"_s});
-    court->Expect(DistrictLineOf(kind, district.summaryWord).chopped(2) + answer
-                  + u"\u00A6\u00A6"_s)
+    court
+        ->Expect(DistrictLineOf(kind, district.summaryWord).chopped(2) + answer + u"\u00A6\u00A6"_s)
         .Reply(DistrictSummary(kind) + QStringList{u"EOF~"_s});
     for (size_t i = 0; i < district.tabs.size(); ++i) {
         // The first run has passed by the line of each tab, and left its answer there.

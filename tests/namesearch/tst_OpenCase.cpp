@@ -428,6 +428,9 @@ void tst_OpenCase::theMouseDownAloneSelects()
 void tst_OpenCase::theNewWindowWaitsItsTurn()
 {
     const frmNameSearchResults *window = finished({ResultLine(u"A"_s), ResultLine(u"B"_s)});
+    const QString line = Wire(u"WASUP/SUMMARY/02-2-02029-9/King//"_s);
+    court->Expect(line).Reply({u"EOF~"_s});
+    court->Expect(line).Reply({u"EOF~"_s});
     choose(window, 0);
     choose(window, 1);
     const QList<CaseWindow *> opened = caseWindows();
@@ -439,9 +442,10 @@ void tst_OpenCase::theNewWindowWaitsItsTurn()
         QVERIFY(one->Timer1->isActive());
         one->Timer1->setInterval(1);
     }
-    QTRY_COMPARE(TextOf(opened[1], "lblStatus"), u"Case details come with a later version."_s);
-    QCOMPARE(TextOf(opened[0], "lblStatus"), u"Case details come with a later version."_s);
-    QCOMPARE(opened[0]->windowTitle(), u"Case Details (02-2-02029-9)"_s);
+    QTRY_COMPARE(TextOf(opened[1], "lblStatus"), u"Search Stopped. Case Not Located."_s);
+    QCOMPARE(TextOf(opened[0], "lblStatus"), u"Search Stopped. Case Not Located."_s);
+    QCOMPARE(opened[0]->windowTitle(),
+             u"Case Details (02-2-02029-9) - This Case Was Not Located!"_s);
     QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
 }
 

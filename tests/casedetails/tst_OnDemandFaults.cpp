@@ -1,0 +1,457 @@
+#include "casedetails/OnDemandDesk.h"
+#include "casedetails/frmCaseDetails.h"
+#include "casedetails/frmCivilCaseDetails.h"
+#include "core/GlobalState.h"
+#include "jobs/frmQueue.h"
+
+#include <QDialog>
+#include <QPushButton>
+#include <QTest>
+
+// Later runs that go wrong, and what the court asks or has not said before them.
+
+class tst_OnDemandFaults : public OnDemandTest
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void aTabThatFailsAgainReturnsToThePanel_data();
+    void aTabThatFailsAgainReturnsToThePanel();
+    void aTabThatFailsAgainShowsWhatThereIsWithNo_data();
+    void aTabThatFailsAgainShowsWhatThereIsWithNo();
+    void aFailureAddsNothingToTheRun();
+    void aSilentCourt();
+    void silentDocuments();
+    void aLostLink_data();
+    void aLostLink();
+    void afterALostLinkTheNextRunIsTheOnlyOneInTheQueue();
+    void aStopBehindALostLink();
+
+    void aSummaryThatCameNotBringsItsTabsBack_data();
+    void aSummaryThatCameNotBringsItsTabsBack();
+    void aSummaryThatFailsAgain();
+    void aSummaryThatSaysThatThereIsNoCase();
+    void aSummaryOfACaseThatWasStoppedBeforeItsTurn_data();
+    void aSummaryOfACaseThatWasStoppedBeforeItsTurn();
+
+    void arbitrationInTheSecondPass_data();
+    void arbitrationInTheSecondPass();
+    void aBankruptcyTab();
+    void aBankruptcySummary();
+
+private:
+    /// Runs a case whose Summary the court does not answer.
+    CaseWindow *withoutSummary(CaseWindowKind kind);
+    QStringList summaryOf(CaseWindowKind kind) const;
+    /// Lets the clock run, so that a wait comes to its end.
+    void untilTimeOut(CaseWindow *window);
+};
+
+QStringList tst_OnDemandFaults::summaryOf(CaseWindowKind kind) const
+{
+    if (kind == CaseWindowKind::Superior)
+        return SuperiorSummary() + QStringList{u"EOF~"_s};
+    return DistrictSummary(kind == CaseWindowKind::Civil ? CaseKind::Civil : CaseKind::NonCivil)
+           + QStringList{u"EOF~"_s};
+}
+
+void tst_OnDemandFaults::untilTimeOut(CaseWindow *window)
+{
+    desk->Time.Run(10.0);
+    QVERIFY(Finished(window));
+    desk->Time.Stop();
+}
+
+CaseWindow *tst_OnDemandFaults::withoutSummary(CaseWindowKind kind)
+{
+    CaseWindow *window = nullptr;
+    if (kind == CaseWindowKind::Superior)
+        window = Superior();
+    else
+        window = Make(kind == CaseWindowKind::Civil ? CaseKind::Civil : CaseKind::NonCivil);
+    court->Expect(LineOf(kind, CaseTab::Summary)).Reply({});
+    desk->ConnectTo(*court);
+    Begin(window);
+    untilTimeOut(window);
+    return window;
+}
+
+void tst_OnDemandFaults::aTabThatFailsAgainReturnsToThePanel_data()
+{
+    EachCaseWindow();
+}
+
+void tst_OnDemandFaults::aTabThatFailsAgainReturnsToThePanel()
+{
+    QFETCH(CaseWindowKind, kind);
+    CaseWindow *window = AfterFirstRun(kind, {}, {u"Docket"_s});
+    for (int round = 0; round < 2; ++round) {
+        // The click on it asks, and so does the tab when it has failed.
+        AnswerPrompt(true);
+        ClickTab(window, u"Docket"_s);
+        Tick(window, {CaseTab::Docket});
+        ExpectFailingTab(kind, CaseTab::Docket);
+        AnswerPrompt(true);
+        SearchNowToTheEnd(window);
+        QCOMPARE(desk->Boxes.Answered(), 2 * (round + 1));
+        QCOMPARE(ShownFrame(window), u"frameTabs_8"_s);
+        QVERIFY(BoxOf(window, CaseTab::Docket)->isChecked());
+        const CaseTabState &state = window->Tab(CaseTab::Docket);
+        QVERIFY(state.TabNotRetrieved && state.TabIncomplete && !state.TabDone);
+        QCOMPARE(TextOf(window, "lblStatus"), u"Search Incomplete!"_s);
+        QCOMPARE(ColourOf(window, "lblStatus"), u"red"_s);
+        QVERIFY(IsSeen(window, "lblWarning"));
+        QVERIFY(CommandsEnabled(window));
+    }
+    Tick(window, {CaseTab::Docket});
+    ExpectTab(kind, CaseTab::Docket);
+    SearchNowToTheEnd(window);
+    QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete"_s);
+    QVERIFY(!window->Tab(CaseTab::Docket).TabIncomplete);
+    QVERIFY(!IsSeen(window, "lblWarning"));
+    QCOMPARE(ShownFrame(window), u"frameTabs_2"_s);
+}
+
+void tst_OnDemandFaults::aTabThatFailsAgainShowsWhatThereIsWithNo_data()
+{
+    EachCaseWindow();
+}
+
+void tst_OnDemandFaults::aTabThatFailsAgainShowsWhatThereIsWithNo()
+{
+    QFETCH(CaseWindowKind, kind);
+    CaseWindow *window = AfterFirstRun(kind);
+    ClickTab(window, u"Docket"_s);
+    Tick(window, {CaseTab::Names, CaseTab::Docket});
+    ExpectFailingTab(kind, CaseTab::Names);
+    ExpectTab(kind, CaseTab::Docket);
+    QStringList shown;
+    AnswerPrompt(false);
+    desk->When([this] { return court->Requests().size() == 3; },
+               [&] {
+                   shown = {ShownFrame(window), TextOf(window, "lblWarning"),
+                            CellsOf(window, CaseTab::Names).at(1).at(0)};
+               });
+    SearchNowToTheEnd(window);
+    QCOMPARE(shown,
+             (QStringList{u"frameTabs_1"_s, u"Names Information Incomplete! Click Tab to Review."_s,
+                          u"Name Search Incomplete. Please Retry Search."_s}));
+    // The run has gone on with the next.
+    QVERIFY(window->Tab(CaseTab::Docket).TabDone);
+    QVERIFY(!window->Tab(CaseTab::Names).TabNotRetrieved);
+    QCOMPARE(TextOf(window, "lblStatus"), u"Search Incomplete!"_s);
+}
+
+void tst_OnDemandFaults::aFailureAddsNothingToTheRun()
+{
+    const CaseWindowKind kind = CaseWindowKind::Superior;
+    CaseWindow *window = AfterFirstRun(kind);
+    ClickTab(window, u"Docket"_s);
+    Tick(window, {CaseTab::Names, CaseTab::Charges});
+    ExpectFailingTab(kind, CaseTab::Names);
+    ExpectTab(kind, CaseTab::Charges);
+    // With YES the panel comes in sight in the middle of the run.
+    AnswerPrompt(true);
+    SearchNowToTheEnd(window);
+    QCOMPARE(court->Requests().size(), 3);
+    QVERIFY(!window->Tab(CaseTab::Docket).TabDone);
+}
+
+void tst_OnDemandFaults::aSilentCourt()
+{
+    const CaseWindowKind kind = CaseWindowKind::NonCivil;
+    CaseWindow *window = AfterFirstRun(kind);
+    ClickTab(window, u"Docket"_s);
+    Tick(window, {CaseTab::Docket, CaseTab::Violations});
+    court->Expect(LineOf(kind, CaseTab::Docket)).Reply({});
+    ExpectTab(kind, CaseTab::Violations);
+    AnswerPrompt(true);
+    SearchNow(window);
+    window->TmrSearchOnDemand->start(1);
+    untilTimeOut(window);
+    QVERIFY(desk->Folder.Logged(u"Docket Search Incomplete. Request: "_s
+                                + LineOf(kind, CaseTab::Docket)));
+    QVERIFY(desk->Folder.Logged(u"Docket Search Result Was: Search Error! Reason: Timed Out "
+                                "Waiting For Response from Server."_s));
+    QVERIFY(window->Tab(CaseTab::Docket).TabIncomplete);
+    QVERIFY(window->Tab(CaseTab::Violations).TabDone);
+    QCOMPARE(TextOf(window, "lblStatus"), u"Search Incomplete!"_s);
+    QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
+}
+
+void tst_OnDemandFaults::silentDocuments()
+{
+    const CaseWindowKind kind = CaseWindowKind::Superior;
+    CaseWindow *window = AfterFirstRun(kind);
+    ClickTab(window, u"Documents"_s);
+    Tick(window, {CaseTab::Documents});
+    court->Expect(LineOf(kind, CaseTab::Documents)).Reply({});
+    AnswerPrompt(true);
+    SearchNow(window);
+    window->TmrSearchOnDemand->start(1);
+    untilTimeOut(window);
+    QVERIFY(window->Tab(CaseTab::Documents).TabIncomplete);
+    QCOMPARE(ShownFrame(window), u"frameTabs_8"_s);
+    QCOMPARE(TextOf(window, "lblWarning"),
+             u"Document Information Not Retrieved. Click Tab to Retry."_s);
+}
+
+void tst_OnDemandFaults::aLostLink_data()
+{
+    EachCaseWindow();
+}
+
+void tst_OnDemandFaults::aLostLink()
+{
+    QFETCH(CaseWindowKind, kind);
+    CaseWindow *window = AfterFirstRun(kind);
+    ClickTab(window, u"Docket"_s);
+    Tick(window, {CaseTab::Docket});
+    SearchNow(window);
+    court->DropClient();
+    QTRY_VERIFY(!court->HasClient());
+    QTest::qWait(10);
+    window->TmrSearchOnDemand->start(1);
+    QTRY_VERIFY(desk->Folder.Logged(u"Exiting DoDocketSearch() via PROCERR in Case Details. Error: "
+                                    "Halvane Server Connection was Dropped!"_s));
+    QTRY_VERIFY(!Global.bSearchInProgress);
+    // Nothing further is done or said; the window keeps its place until it goes.
+    QVERIFY(!desk->Folder.Logged(u"NORMAL EXIT - from Process On Demand Search Reqeusts."_s));
+    QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{window->txtMasterKey});
+    QVERIFY(!window->Tab(CaseTab::Docket).TabDone);
+    // What is missing can be asked for again.
+    QVERIFY(CommandsEnabled(window));
+}
+
+void tst_OnDemandFaults::afterALostLinkTheNextRunIsTheOnlyOneInTheQueue()
+{
+    const CaseWindowKind kind = CaseWindowKind::Superior;
+    CaseWindow *window = AfterFirstRun(kind);
+    ClickTab(window, u"Docket"_s);
+    Tick(window, {CaseTab::Docket});
+    SearchNow(window);
+    court->DropClient();
+    QTRY_VERIFY(!court->HasClient());
+    QTest::qWait(10);
+    window->TmrSearchOnDemand->start(1);
+    QTRY_VERIFY(desk->Folder.Logged(u"Exiting DoDocketSearch() via PROCERR in Case Details. Error: "
+                                    "Halvane Server Connection was Dropped!"_s));
+    QTRY_VERIFY(!Global.bSearchInProgress);
+    desk->ConnectTo(*court);
+    ClickTab(window, u"Names"_s);
+    Tick(window, {CaseTab::Names, CaseTab::Docket});
+    SearchNow(window);
+    QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{window->txtMasterKey});
+    ExpectTab(kind, CaseTab::Names);
+    ExpectTab(kind, CaseTab::Docket);
+    window->TmrSearchOnDemand->start(1);
+    QVERIFY(Finished(window));
+    QVERIFY(window->Tab(CaseTab::Docket).TabDone);
+    QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete"_s);
+    QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
+}
+
+void tst_OnDemandFaults::aStopBehindALostLink()
+{
+    CaseWindow *window = AfterFirstRun(CaseWindowKind::Civil);
+    ClickTab(window, u"Docket"_s);
+    SearchNow(window);
+    court->DropClient();
+    QTRY_VERIFY(!court->HasClient());
+    QTest::qWait(10);
+    window->TmrSearchOnDemand->start(1);
+    QTRY_VERIFY(frmQueue::Form().FIFO.ListCount() == 1 && !Global.bSearchInProgress
+                && !window->TmrSearchOnDemand->isActive());
+    ButtonOf(window, "cmdStopSearching")->click();
+    QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
+    QVERIFY(!window->tmrBlink->isActive());
+    QVERIFY(CommandsEnabled(window));
+    QVERIFY(ButtonOf(window, "cmdPrintDetails")->isEnabled());
+}
+
+void tst_OnDemandFaults::aSummaryThatCameNotBringsItsTabsBack_data()
+{
+    EachCaseWindow();
+}
+
+void tst_OnDemandFaults::aSummaryThatCameNotBringsItsTabsBack()
+{
+    QFETCH(CaseWindowKind, kind);
+    CaseWindow *window = withoutSummary(kind);
+    QCOMPARE(CaptionsOf(window), QStringList{u"Summary"_s});
+    QCOMPARE(TextOf(window, "lblStatus"), u"Search Incomplete!"_s);
+    // The only tab is the selected one: a click on it asks all the same.
+    AnswerPrompt(true);
+    ClickTab(window, u"Summary"_s);
+    QCOMPARE(ShownFrame(window), u"frameTabs_8"_s);
+    QVERIFY(BoxOf(window, CaseTab::Summary)->isChecked());
+    for (const CaseTab tab : TabsOf(kind))
+        QVERIFY(!BoxOf(window, tab)->isEnabled());
+    court->Expect(LineOf(kind, CaseTab::Summary)).Reply(summaryOf(kind));
+    SearchNowToTheEnd(window);
+    QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete"_s);
+    QCOMPARE(ShownFrame(window), u"frameTabs_0"_s);
+    QCOMPARE(CaptionsOf(window).size(), TabsOf(kind).size() + 1);
+    // Everything else can be fetched now.
+    ClickTab(window, u"Names"_s);
+    QCOMPARE(ShownFrame(window), u"frameTabs_8"_s);
+    QVERIFY(!BoxOf(window, CaseTab::Summary)->isEnabled());
+    Tick(window, {CaseTab::Names});
+    ExpectTab(kind, CaseTab::Names);
+    SearchNowToTheEnd(window);
+    QVERIFY(window->Tab(CaseTab::Names).TabDone);
+}
+
+void tst_OnDemandFaults::aSummaryThatFailsAgain()
+{
+    const CaseWindowKind kind = CaseWindowKind::Superior;
+    CaseWindow *window = withoutSummary(kind);
+    AnswerPrompt(true);
+    ClickTab(window, u"Summary"_s);
+    court->Expect(LineOf(kind, CaseTab::Summary)).Reply({u"ERROR Connection lost~"_s, u"EOF~"_s});
+    // The failed Summary brings itself to the front, and the question with it.
+    AnswerPrompt(true);
+    SearchNowToTheEnd(window);
+    QCOMPARE(CaptionsOf(window), QStringList{u"Summary"_s});
+    QCOMPARE(TextOf(window, "lblStatus"), u"Search Incomplete!"_s);
+    QVERIFY(BoxOf(window, CaseTab::Summary)->isChecked());
+    QVERIFY(CommandsEnabled(window));
+    QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
+}
+
+void tst_OnDemandFaults::aSummaryThatSaysThatThereIsNoCase()
+{
+    const CaseWindowKind kind = CaseWindowKind::Civil;
+    CaseWindow *window = withoutSummary(kind);
+    AnswerPrompt(true);
+    ClickTab(window, u"Summary"_s);
+    court->Expect(LineOf(kind, CaseTab::Summary)).Reply({u"EOF~"_s});
+    SearchNow(window);
+    frmQueue::Form().FIFO.AddItem(otherKey);
+    window->TmrSearchOnDemand->start(1);
+    QTRY_VERIFY(desk->Folder.Logged(u"NORMAL EXIT - from Process On Demand Search Reqeusts."_s));
+    QCOMPARE(TextOf(window, "lblStatus"), u"Search Stopped. Case Was Not Located."_s);
+    QVERIFY(window->windowTitle().endsWith(u" - This Case Was Not Located!"));
+    // The turn was given back once.
+    QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{otherKey});
+    QVERIFY(CommandsEnabled(window));
+}
+
+void tst_OnDemandFaults::aSummaryOfACaseThatWasStoppedBeforeItsTurn_data()
+{
+    EachCaseWindow();
+}
+
+void tst_OnDemandFaults::aSummaryOfACaseThatWasStoppedBeforeItsTurn()
+{
+    QFETCH(CaseWindowKind, kind);
+    // Of the conversation of the first run comes only what is asked for later.
+    CaseWindow *window = Pending(kind);
+    Global.bStopRequested = true;
+    desk->ConnectTo(*court);
+    Begin(window);
+    QTRY_VERIFY(desk->Folder.Logged(u"INCOMPLETE EXIT - from Timer1 - Case Details."_s));
+    QVERIFY(CommandsEnabled(window));
+    ClickTab(window, u"Summary"_s);
+    QCOMPARE(ShownFrame(window), u"frameTabs_8"_s);
+    Tick(window, {CaseTab::Summary, CaseTab::Docket});
+    ExpectTab(kind, CaseTab::Docket);
+    SearchNowToTheEnd(window);
+    QVERIFY(window->Tab(CaseTab::Summary).TabDone);
+    QVERIFY(window->Tab(CaseTab::Docket).TabDone);
+    QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete"_s);
+}
+
+void tst_OnDemandFaults::arbitrationInTheSecondPass_data()
+{
+    QTest::addColumn<bool>("yes");
+    QTest::newRow("yes") << true;
+    QTest::newRow("no") << false;
+}
+
+void tst_OnDemandFaults::arbitrationInTheSecondPass()
+{
+    QFETCH(bool, yes);
+    const CaseWindowKind kind = CaseWindowKind::Superior;
+    const QString answer = yes ? u" ARBITRATION"_s : u" NOARBITRATION"_s;
+    const QString end = u"\u00A6\u00A6"_s;
+    FetchAtOnce(u"CaseSearchTabs"_s, {u"Names"_s});
+    const auto answered = [&](CaseTab tab, int times) {
+        return QString(LineOf(kind, tab).chopped(2) + answer.repeated(times) + end);
+    };
+    court->Expect(LineOf(kind, CaseTab::Summary)).Reply({u"USERQUESTION~"_s, u"EOF~"_s});
+    court->Expect(answered(CaseTab::Summary, 1)).Reply(summaryOf(kind));
+    court->Expect(answered(CaseTab::Names, 1)).Reply({u"ERROR The court is busy~"_s, u"EOF~"_s});
+    desk->Boxes.ExpectDialog(u"frmArbPrompt"_s, [yes](QDialog *dialog) {
+        ButtonOf(dialog, yes ? "Command1" : "Command2")->click();
+    });
+    CaseWindow *window = Superior();
+    Run(window);
+    ClickTab(window, u"Docket"_s);
+    Tick(window, {CaseTab::Names, CaseTab::Docket, CaseTab::Documents});
+    // The answer goes in each time that a line is about to be used, but never into the documents'.
+    Global.ArbitrationChosen = true;
+    court->Expect(answered(CaseTab::Names, 2)).Reply(ReplyOf(CaseTab::Names));
+    court->Expect(answered(CaseTab::Docket, 2)).Reply(ReplyOf(CaseTab::Docket));
+    ExpectTab(kind, CaseTab::Documents);
+    SearchNowToTheEnd(window);
+    QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete"_s);
+    QVERIFY(!Global.ArbitrationChosen);
+}
+
+namespace {
+const QString bankruptcyLine = u"BKRPT~SUMMARY~WAW~99-20077~"_s;
+const QString bankruptcyNames = u"BKRPT~NAMES~WAW~1~"_s;
+const QString bankruptcyDocket = u"BKRPT~DOCKET~WAW~1~"_s;
+QStringList bankruptcySummary()
+{
+    return {u"TABDEF^RETRIEVECOMMAND=BKRPT~SUMMARY~WAW~1~^RETRIEVECOMMAND=BKRPT~NAMES~WAW~1~^"
+            "RETRIEVECOMMAND=BKRPT~DOCKET~WAW~1~^"_s,
+            u"Case Title~SMITH, JOHN~"_s,
+            u"Chapter~7~"_s,
+            u"Date Filed~01/02/1999~"_s,
+            u"Judge~DOE~"_s,
+            u"EOF~"_s};
+}
+} // namespace
+
+void tst_OnDemandFaults::aBankruptcyTab()
+{
+    const QStringList failure{u"ERROR The court is busy~"_s, u"EOF~"_s};
+    court->Expect(bankruptcyLine).Reply(bankruptcySummary());
+    court->Expect(bankruptcyNames).Reply(TableForm({u"1~2~"_s}));
+    court->Expect(bankruptcyDocket).Reply(failure);
+    CaseWindow *window = Bankruptcy(bankruptcyLine);
+    Run(window);
+    QCOMPARE(TextOf(window, "lblStatus"), u"Search Incomplete!"_s);
+    AnswerPrompt(true);
+    ClickTab(window, u"Docket"_s);
+    QVERIFY(!BoxOf(window, CaseTab::Names)->isEnabled());
+    court->Expect(bankruptcyDocket).Reply(TableForm({u"1~2~"_s}));
+    SearchNowToTheEnd(window);
+    QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete"_s);
+    QVERIFY(window->Tab(CaseTab::Docket).TabDone);
+}
+
+void tst_OnDemandFaults::aBankruptcySummary()
+{
+    CaseWindow *window = Bankruptcy(bankruptcyLine);
+    Global.bStopRequested = true;
+    desk->ConnectTo(*court);
+    Begin(window);
+    QTRY_VERIFY(desk->Folder.Logged(u"INCOMPLETE EXIT - from Timer1 - Case Details."_s));
+    ClickTab(window, u"Summary"_s);
+    court->Expect(bankruptcyLine).Reply(bankruptcySummary());
+    SearchNowToTheEnd(window);
+    QCOMPARE(CaptionsOf(window), (QStringList{u"Summary"_s, u"Names"_s, u"Docket"_s}));
+    // The lines of the tabs have come with it.
+    ClickTab(window, u"Docket"_s);
+    QCOMPARE(ShownFrame(window), u"frameTabs_8"_s);
+    court->Expect(bankruptcyNames).Reply(TableForm({u"1~2~"_s}));
+    court->Expect(bankruptcyDocket).Reply(TableForm({u"1~2~"_s}));
+    SearchNowToTheEnd(window);
+    QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete"_s);
+    QVERIFY(window->Tab(CaseTab::Docket).TabDone && window->Tab(CaseTab::Names).TabDone);
+}
+
+QTEST_MAIN(tst_OnDemandFaults)
+#include "tst_OnDemandFaults.moc"

@@ -1,0 +1,471 @@
+// A later run of a case is repeated with something done to it inside each of its yields in turn:
+// whatever can be clicked meanwhile, and at whichever moment, the run ends as is meant for it.
+
+#include "casedetails/OnDemandDesk.h"
+#include "casedetails/frmCaseDetails.h"
+#include "casedetails/frmCivilCaseDetails.h"
+#include "core/EndProgram.h"
+#include "core/EventLoop.h"
+#include "core/GlobalState.h"
+#include "jobs/TurnTaking.h"
+#include "jobs/frmQueue.h"
+#include "link/ConnectState.h"
+#include "link/Router.h"
+#include "link/frmWinsock.h"
+#include "namesearch/EveryYield.h"
+#include "session/frmMain.h"
+#include "support/FakeSocket.h"
+
+#include <QAction>
+#include <QDeadlineTimer>
+#include <QLabel>
+#include <QPointer>
+#include <QPushButton>
+#include <QTest>
+
+#include <optional>
+
+namespace {
+constexpr int fewestYields = 6;
+constexpr int mostYields = 60;
+constexpr int longestRunMilliseconds = 5'000;
+constexpr double longestNapSeconds = 0.01;
+constexpr int blinkMilliseconds = 500;
+/// Long enough for a pending window to see the stop before the program ends.
+constexpr int exitMilliseconds = 20;
+
+const QString started = u"On Demand Search Started.."_s;
+const QString normalExit = u"NORMAL EXIT - from Process On Demand Search Reqeusts."_s;
+const QString stopExit =
+    u"SEARCHING STOPPED DUE TO LOGOUT - from ProcessSearchReqeusts in Case Details."_s;
+const QString timerExit = u"INCOMPLETE EXIT - from OnDemandTimer1 - Case Details."_s;
+const QString breakDown = u" via PROCERR in Case Details. Error: "_s;
+
+/// How a later run ends, by the lines that it leaves in the log.
+const QString nothing = u"nothing"_s;
+const QString completed = u"completed"_s;
+const QString stopped = u"stopped"_s;
+const QString stoppedForAll = u"stopped with all jobs"_s;
+const QString stoppedBefore = u"stopped before its turn"_s;
+const QString brokenDown = u"broken down"_s;
+
+/// How a run must end with this done to it at this moment.
+struct Outcome
+{
+    Act act;
+    Moment moment;
+    QString end;
+    bool gone; ///< the window goes
+    bool keyLeft;
+    bool staysLoggedIn;
+    bool stopsOthers;
+    bool endsProgram;
+};
+
+const QList<Outcome> outcomes{
+    {Act::StopButton, Moment::Pending, nothing, false, false, true, false, false},
+    {Act::StopButton, Moment::Running, stopped, false, false, true, false, false},
+    {Act::StopButton, Moment::Over, completed, false, false, true, false, false},
+    // Without a link the run has its turn, cannot send, and keeps its place.
+    {Act::Logout, Moment::Pending, brokenDown, false, true, false, false, false},
+    {Act::Logout, Moment::Running, brokenDown, false, true, false, false, false},
+    {Act::Logout, Moment::Over, completed, false, false, false, false, false},
+    {Act::Disconnect, Moment::Pending, brokenDown, false, true, false, false, false},
+    {Act::Disconnect, Moment::Running, stoppedForAll, false, false, true, true, false},
+    {Act::Disconnect, Moment::Over, completed, false, false, false, false, false},
+    {Act::Exit, Moment::Pending, stoppedBefore, false, false, false, false, true},
+    {Act::Exit, Moment::Running, stoppedForAll, false, false, true, true, false},
+    {Act::Exit, Moment::Over, completed, false, false, false, false, true},
+    {Act::CloseMain, Moment::Pending, stoppedBefore, false, false, false, false, true},
+    {Act::CloseMain, Moment::Running, stoppedForAll, false, false, true, true, false},
+    {Act::CloseMain, Moment::Over, completed, false, false, false, false, true},
+    {Act::CloseFrame, Moment::Pending, nothing, true, false, true, false, false},
+    {Act::CloseFrame, Moment::Running, completed, false, false, true, false, false},
+    {Act::CloseFrame, Moment::Over, completed, true, false, true, false, false},
+    {Act::UnloadByCode, Moment::Pending, nothing, true, false, true, false, false},
+    {Act::UnloadByCode, Moment::Running, completed, false, false, true, false, false},
+    {Act::UnloadByCode, Moment::Over, completed, true, false, true, false, false},
+    // These ask nobody: the run goes on to its end behind a window that is out of sight.
+    {Act::SessionEnds, Moment::Pending, nothing, true, false, true, false, false},
+    {Act::SessionEnds, Moment::Running, completed, true, false, true, false, false},
+    {Act::SessionEnds, Moment::Over, completed, true, false, true, false, false},
+    {Act::UnloadUnconditionally, Moment::Pending, nothing, true, false, true, false, false},
+    {Act::UnloadUnconditionally, Moment::Running, completed, true, false, true, false, false},
+    {Act::UnloadUnconditionally, Moment::Over, completed, true, false, true, false, false},
+};
+
+/// A court that answers every line alike. One thing happens a turn of the event loop: a send is
+/// complete, or a token arrives, the end mark in two pieces. To a request to stop it says no more
+/// than what is on its way.
+class CaseSocket : public FakeSocket
+{
+    Q_OBJECT
+public:
+    explicit CaseSocket(QObject *parent) : FakeSocket(parent)
+    {
+        completesSends = false;
+        // A timer, since all that is posted would be handled in one turn.
+        connect(&turns, &QTimer::timeout, this, &CaseSocket::takeStep);
+    }
+
+    static void Install(const std::function<QStringList(const QByteArray &)> &answer)
+    {
+        frmWinsock::SetSocketFactory([answer](QObject *parent) {
+            auto *socket = new CaseSocket(parent);
+            socket->answerOf = answer;
+            return socket;
+        });
+    }
+
+    void SendData(const QByteArray &data) override
+    {
+        FakeSocket::SendData(data);
+        turns.start(0);
+        // An empty step is the end of the send; it goes before what is still to come.
+        steps.prepend({});
+        if (data == QByteArray("|\xA6STOP|"))
+            return;
+        QStringList replies = answerOf(data);
+        const QByteArray last = ScriptedCourt::Tokens({replies.takeLast()});
+        for (const QString &reply : replies)
+            steps.append(ScriptedCourt::Tokens({reply}));
+        steps.append({last.left(2), last.mid(2)});
+    }
+
+private:
+    void takeStep()
+    {
+        const QByteArray step = steps.takeFirst();
+        if (steps.isEmpty())
+            turns.stop();
+        if (step.isEmpty())
+            Q_EMIT SendComplete();
+        else
+            Arrive(step);
+    }
+
+    QTimer turns;
+    QByteArrayList steps;
+    std::function<QStringList(const QByteArray &)> answerOf;
+};
+
+/// From event to event, without naps in between: there are hundreds of runs.
+bool waitFor(const std::function<bool()> &condition)
+{
+    const QDeadlineTimer deadline(longestRunMilliseconds);
+    while (!condition()) {
+        if (deadline.hasExpired())
+            return false;
+        YieldUntilEvent(longestNapSeconds);
+    }
+    return true;
+}
+
+/// What is left of the program behind a run, as one line.
+QString stateLine(const QString &end, bool gone, const QStringList &queue, bool loggedIn,
+                  bool stopsOthers, bool endsProgram)
+{
+    return u"%1, window %2, queue %3, %4, others %5, program %6"_s.arg(
+        end, gone ? u"gone"_s : u"there"_s, queue.join(u'+'),
+        loggedIn ? u"logged in"_s : u"logged out"_s, stopsOthers ? u"stopped"_s : u"wait"_s,
+        endsProgram ? u"ended"_s : u"runs"_s);
+}
+} // namespace
+
+Q_DECLARE_METATYPE(Act)
+
+class tst_OnDemandYield : public OnDemandTest
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void cleanup();
+
+    void everyYield_data();
+    void everyYield();
+
+private:
+    /// A new session in a program without case windows.
+    void connectAgain();
+    /// A window behind its first run whose later run has its key in the queue.
+    void prepare();
+    /// One later run with the act in its nth yield, or behind its end if it has no such yield.
+    void runWith(int nth);
+    void act();
+    void perform() const;
+    QString endOf() const;
+    bool isOver() const;
+    Moment momentNow() const;
+    Outcome expected(const QString &end) const;
+    void checkWindow(const Outcome &outcome) const;
+
+    Act what = Act::StopButton;
+    CaseWindowKind kind = CaseWindowKind::Civil;
+    std::unique_ptr<frmMain> main;
+    QPointer<CaseWindow> window;
+    std::optional<Moment> moment; ///< when it happened
+    int timesInASend = 0;
+    int endings = 0;
+};
+
+void tst_OnDemandYield::cleanup()
+{
+    WatchYields({});
+    main.reset();
+    SearchTest::cleanup();
+}
+
+void tst_OnDemandYield::connectAgain()
+{
+    CloseServerLink();
+    CaseSocket::Install([this](const QByteArray &request) {
+        // The status blinks while the court is asked: a yield inside the yields.
+        if (window && !window->IsUnloaded() && window->tmrBlink->isActive())
+            window->tmrBlink->start(0);
+        if (request.contains("CIVI\xA6") || request.contains("SUMMARY"))
+            return (kind == CaseWindowKind::Civil ? DistrictSummary(CaseKind::Civil)
+                                                  : SuperiorSummary())
+                   + QStringList{u"EOF~"_s};
+        return GridDef({u"1~2~"_s});
+    });
+    frmWinsock::Form();
+    Global.intConnectState = ConnectDone;
+    Global.bLoggedIn = true;
+    Global.bStopRequested = false;
+    if (!main) {
+        main = std::make_unique<frmMain>();
+        main->show();
+        // Painting is no matter here, and takes half of the time.
+        main->setUpdatesEnabled(false);
+    }
+    main->TimerExit->setInterval(exitMilliseconds);
+    main->SetTxtConnectStatus(u"Connected"_s);
+    Global.bShowAlerts = false;
+    frmQueue::Form().FIFO.Clear();
+}
+
+void tst_OnDemandYield::prepare()
+{
+    window = kind == CaseWindowKind::Civil ? static_cast<CaseWindow *>(Civil()) : Superior();
+    main->ShowChild(window);
+    QTimer *blink = window->tmrBlink;
+    connect(blink, &QTimer::timeout, blink, [blink] { blink->setInterval(blinkMilliseconds); });
+    // The pauses ahead of the tabs are no matter here.
+    desk->Time.Run(1.0);
+    Begin(window);
+    QVERIFY(Finished(window));
+    desk->Time.Stop();
+    // A tab that fails would ask whether it shall be retrieved again.
+    Global.bOnDemandPrompt = false;
+    window->ActivateTab(u"Docket"_s);
+    Tick(window, {CaseTab::Names, CaseTab::Docket});
+    SearchNow(window);
+}
+
+QString tst_OnDemandYield::endOf() const
+{
+    QStringList ends;
+    const QString log = desk->Folder.Log().join(u'\n');
+    const bool forAll = log.contains(timerExit);
+    if (log.contains(normalExit))
+        ends.append(completed);
+    if (log.contains(breakDown))
+        ends.append(brokenDown);
+    if (log.contains(stopExit))
+        ends.append(forAll ? stoppedForAll : stopped);
+    else if (forAll)
+        ends.append(stoppedBefore);
+    return ends.isEmpty() ? nothing : ends.join(u" and "_s);
+}
+
+bool tst_OnDemandYield::isOver() const
+{
+    if (Global.bSearchInProgress)
+        return false;
+    if (endOf() != nothing)
+        return true;
+    // Before its turn it may be stopped, or gone, without a line.
+    const bool waits =
+        window && !window->IsUnloaded() && ButtonOf(window, "cmdStopSearching")->isEnabled();
+    return !waits && !desk->Folder.Logged(started);
+}
+
+Moment tst_OnDemandYield::momentNow() const
+{
+    if (endOf() != nothing)
+        return Moment::Over;
+    return desk->Folder.Logged(started) ? Moment::Running : Moment::Pending;
+}
+
+void tst_OnDemandYield::act()
+{
+    moment = momentNow();
+    if (Global.bSendBusy)
+        ++timesInASend;
+    if (*moment == Moment::Running) {
+        for (const Refusal &refusal : refusals) {
+            if (refusal.act == what)
+                desk->Boxes.Expect(refusal.text.toString(), refusal.title.toString());
+        }
+    }
+    perform();
+}
+
+void tst_OnDemandYield::perform() const
+{
+    switch (what) {
+    case Act::StopButton:
+        ButtonOf(window, "cmdStopSearching")->click();
+        return;
+    case Act::Logout:
+        main->Logout();
+        return;
+    case Act::Disconnect:
+        main->findChild<QAction *>(u"mnuConnectionDisConnect"_s)->trigger();
+        return;
+    case Act::Exit:
+        main->findChild<QAction *>(u"mnuFileExit"_s)->trigger();
+        return;
+    case Act::CloseMain:
+        main->close();
+        return;
+    case Act::CloseFrame:
+        window->parentWidget()->close();
+        return;
+    case Act::UnloadByCode:
+        window->Unload();
+        return;
+    case Act::SessionEnds:
+        window->Unload(UnloadMode::SessionEnd);
+        return;
+    case Act::UnloadUnconditionally:
+        window->Unload(UnloadMode::MdiParent);
+        return;
+    }
+}
+
+Outcome tst_OnDemandYield::expected(const QString &end) const
+{
+    Outcome outcome = *std::find_if(outcomes.begin(), outcomes.end(), [&](const Outcome &row) {
+        return row.act == what && row.moment == *moment;
+    });
+    // A link that goes under the last tab leaves nothing to send: the run ends, incomplete.
+    if (outcome.end == brokenDown && *moment == Moment::Running && end == completed
+        && window->AnyTabIncomplete()) {
+        outcome.end = completed;
+        outcome.keyLeft = false;
+    }
+    return outcome;
+}
+
+void tst_OnDemandYield::checkWindow(const Outcome &outcome) const
+{
+    QVERIFY(!window->IsUnloaded());
+    QCOMPARE(window->isVisible(), !outcome.endsProgram);
+    QVERIFY(!window->TmrSearchOnDemand->isActive());
+    QVERIFY(!window->Timer1->isActive());
+    QVERIFY(CommandsEnabled(window));
+    if (outcome.end == brokenDown)
+        return;
+    QVERIFY(!window->tmrBlink->isActive());
+    QVERIFY(!window->findChild<QLabel *>(u"lblStatus"_s)->isHidden());
+    QVERIFY(!ButtonOf(window, "cmdStopSearching")->isEnabled());
+    QVERIFY(ButtonOf(window, "cmdPrintDetails")->isEnabled());
+    for (const CaseTab tab : {CaseTab::Names, CaseTab::Docket}) {
+        const CaseTabState &state = window->Tab(tab);
+        // What has not come can be asked for.
+        QVERIFY(state.TabDone != state.TabNotRetrieved);
+    }
+    const bool all = window->Tab(CaseTab::Names).TabDone && window->Tab(CaseTab::Docket).TabDone;
+    if (outcome.end == completed)
+        QCOMPARE(TextOf(window, "lblStatus"), all ? u"Search Complete"_s : u"Search Incomplete!"_s);
+    else if (outcome.end == stopped)
+        QCOMPARE(TextOf(window, "lblStatus"), u"Search Stopped by User .."_s);
+    else
+        QCOMPARE(TextOf(window, "lblStatus"), u"Search Stopped By User .. "_s);
+}
+
+void tst_OnDemandYield::runWith(int nth)
+{
+    connectAgain();
+    moment.reset();
+    endings = 0;
+    int yields = 0;
+    prepare();
+    EnqueueKey(otherKey);
+    desk->Folder.Remove(u"AppInfo.txt"_s);
+    const QString key = window->txtMasterKey;
+    window->tmrBlink->start(0);
+    window->TmrSearchOnDemand->start(0);
+    WatchYields([&] {
+        if (++yields == nth)
+            QMetaObject::invokeMethod(
+                this, [this] { act(); }, Qt::QueuedConnection);
+    });
+    QVERIFY(waitFor([this] { return isOver(); }));
+    WatchYields({});
+    if (!moment)
+        act();
+    const Outcome outcome = expected(endOf());
+    if (outcome.endsProgram)
+        QVERIFY(waitFor([this] { return endings > 0; }));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QStringList queue;
+    if (outcome.keyLeft)
+        queue.append(key);
+    // The queue is unloaded at the very end.
+    if (!outcome.endsProgram)
+        queue.append(otherKey);
+    QCOMPARE(stateLine(endOf(), window.isNull(), frmQueue::Form().FIFO.Lines(), Global.bLoggedIn,
+                       Global.bStopRequested, endings == 1),
+             stateLine(outcome.end, outcome.gone, queue, outcome.staysLoggedIn, outcome.stopsOthers,
+                       outcome.endsProgram));
+    QVERIFY(!Global.bSearchInProgress);
+    QVERIFY(!Global.bSendBusy);
+    QCOMPARE(desk->Boxes.Complaints(), QString());
+    if (window)
+        checkWindow(outcome);
+    delete window;
+    if (endings > 0)
+        main.reset();
+}
+
+void tst_OnDemandYield::everyYield_data()
+{
+    QTest::addColumn<CaseWindowKind>("caseKind");
+    QTest::addColumn<Act>("happening");
+    for (const CaseWindowKind caseKind : {CaseWindowKind::Civil, CaseWindowKind::Superior}) {
+        for (size_t i = 0; i < actNames.size(); ++i)
+            QTest::addRow("%s: %s", caseWindowNames.at(static_cast<size_t>(caseKind)),
+                          actNames.at(i))
+                << caseKind << static_cast<Act>(i);
+    }
+}
+
+void tst_OnDemandYield::everyYield()
+{
+    QFETCH(CaseWindowKind, caseKind);
+    QFETCH(Act, happening);
+    kind = caseKind;
+    what = happening;
+    ReplaceEndProgram([this](int) { ++endings; });
+    FetchAtOnce(u"CivilCaseTabs"_s, {});
+    FetchAtOnce(u"CaseSearchTabs"_s, {});
+    std::array<int, 3> times{};
+    timesInASend = 0;
+    int nth = 0;
+    do {
+        runWith(++nth);
+        if (QTest::currentTestFailed()) {
+            QFAIL(qPrintable(u"in yield %1, %2"_s.arg(nth).arg(moment ? nameOf(*moment, momentNames)
+                                                                      : u"before it happened"_s)));
+        }
+        ++times.at(static_cast<size_t>(*moment));
+    } while (*moment != Moment::Over && nth < mostYields);
+    // The run was met everywhere: before its turn, while a line was sent, and in its replies.
+    QVERIFY2(
+        times[0] >= 1 && times[1] >= fewestYields && times[2] == 1 && timesInASend >= 1,
+        qPrintable(u"%1 %2 %3 %4"_s.arg(times[0]).arg(times[1]).arg(times[2]).arg(timesInASend)));
+}
+
+QTEST_MAIN(tst_OnDemandYield)
+#include "tst_OnDemandYield.moc"
