@@ -184,7 +184,6 @@ private:
     void endClosed();
     void endInError();
     void showEndStatus();
-    void releaseOwnTurn();
     void reportEmptyQueue();
     void printIfAsked();
     void TmrFlash_Tick();

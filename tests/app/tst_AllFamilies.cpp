@@ -1,29 +1,13 @@
 #include "app/PracticeCourt.h"
+#include "app/PracticeUser.h"
 #include "core/GlobalState.h"
-#include "core/Options.h"
 #include "namesearch/NameResultsWindow.h"
-#include "searchentry/EntryDesk.h"
 #include "searchentry/frmSearchWA.h"
-#include "session/frmLogin.h"
 
-#include <QApplication>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QTest>
 
 namespace {
 const QString practice = QStringLiteral(HALVANE_BIN_DIR "/halvane-practice");
-constexpr int longestLoginMilliseconds = 10'000;
-
-QWidget *shownLogin()
-{
-    const QWidgetList widgets = QApplication::allWidgets();
-    for (QWidget *widget : widgets) {
-        if (widget->objectName() == u"frmLogin" && widget->isVisible())
-            return widget;
-    }
-    return nullptr;
-}
 
 /// Who the practice court has whatever its seed.
 const QStringList smith{u"type txtSearchName_0 Smith"_s, u"type txtSearchName_1 John"_s,
@@ -64,10 +48,8 @@ private Q_SLOTS:
     void everyCountyOfTheStateIsAsked();
 
 private:
-    bool logIn(const QString &user);
-
     PracticeCourt court;
-    std::unique_ptr<EntryDesk> desk;
+    std::unique_ptr<PracticeUser> desk;
 };
 
 void tst_AllFamilies::initTestCase()
@@ -77,10 +59,7 @@ void tst_AllFamilies::initTestCase()
 
 void tst_AllFamilies::init()
 {
-    desk = std::make_unique<EntryDesk>();
-    PointSessionAt(court.Port());
-    LoadAppOptions();
-    Global.bLoggedIn = false;
+    desk = std::make_unique<PracticeUser>(court.Port());
 }
 
 void tst_AllFamilies::cleanup()
@@ -88,21 +67,6 @@ void tst_AllFamilies::cleanup()
     const QString complaints = desk->Complaints();
     desk.reset();
     QCOMPARE(complaints, QString());
-}
-
-bool tst_AllFamilies::logIn(const QString &user)
-{
-    frmLogin::ShowForm(nullptr);
-    QWidget *login = shownLogin();
-    if (!login
-        || !QTest::qWaitFor([&] { return ButtonOf(login, "cmdLogin")->isEnabled(); },
-                            longestLoginMilliseconds))
-        return false;
-    login->findChild<QLineEdit *>(u"txtUsername"_s)->setText(user);
-    login->findChild<QLineEdit *>(u"txtPassword"_s)->setText(u"secret"_s);
-    QTest::mouseClick(ButtonOf(login, "cmdLogin"), Qt::LeftButton);
-    return QTest::qWaitFor([] { return !frmLogin::IsLoaded(); }, longestLoginMilliseconds)
-           && Global.bLoggedIn && desk->Form()->isVisible();
 }
 
 void tst_AllFamilies::aSearchCompletes_data()
@@ -162,7 +126,7 @@ void tst_AllFamilies::aSearchCompletes()
     QFETCH(QStringList, steps);
     QFETCH(QStringList, numbers);
     QFETCH(QString, status);
-    QVERIFY(logIn(u"quiet"_s));
+    QVERIFY(desk->LogIn());
     desk->Do(steps);
     auto *window = desk->StartOne<NameResultsWindow>();
     QVERIFY(window);
@@ -179,7 +143,7 @@ void tst_AllFamilies::aSearchCompletes()
 
 void tst_AllFamilies::severalWindowsTakeTheirTurns()
 {
-    QVERIFY(logIn(u"quiet"_s));
+    QVERIFY(desk->LogIn());
     desk->Do(QStringList{u"click optState_2"_s, u"click cmdSelBk_0"_s} + smith);
     const QList<JobWindow *> windows = desk->Start();
     QCOMPARE(windows.size(), 4);
@@ -199,7 +163,7 @@ void tst_AllFamilies::severalWindowsTakeTheirTurns()
 
 void tst_AllFamilies::aCompulsoryCodeGoesAlong()
 {
-    QVERIFY(logIn(u"acctg"_s));
+    QVERIFY(desk->LogIn(u"acctg"_s));
     QVERIFY(Global.bClientAcctgOpt);
     desk->Do(smith + county(u"King"_s) + types({u"Civil"_s, u"Criminal"_s}));
     desk->ExpectCode(u"abc"_s);
@@ -212,7 +176,7 @@ void tst_AllFamilies::aCompulsoryCodeGoesAlong()
 
 void tst_AllFamilies::everyCountyOfTheStateIsAsked()
 {
-    QVERIFY(logIn(u"quiet"_s));
+    QVERIFY(desk->LogIn());
     desk->Do(smith + QStringList{u"click optSearchWhere_2"_s} + types({u"Civil"_s}));
     auto *window = desk->StartOne<NameResultsWindow>();
     QVERIFY(window);
