@@ -20,13 +20,36 @@ constexpr int onDemandBlink = 500;
 constexpr int brokenDown = 911;
 } // namespace
 
+/// What is missing is offered and ticked. Only while a run waits or goes on are the ticks what the
+/// user has made them: looking at another tab must not add to what is fetched.
 void CaseWindow::setOnDemandPanel()
+{
+    offerMissing(choiceStands);
+}
+
+void CaseWindow::offerMissing(bool keepTicks)
 {
     for (int i = 0; i < caseTabCount; ++i) {
         const auto tab = static_cast<CaseTab>(i);
-        if (Tab(tab).Frame)
-            panel->Offer(CaseTabRowOf(tab).check, TabExists(tab) && !Tab(tab).TabDone);
+        const bool missing = TabExists(tab) && !Tab(tab).TabDone;
+        if (Tab(tab).Frame && !(missing && keepTicks))
+            panel->Offer(CaseTabRowOf(tab).check, missing);
     }
+}
+
+/// No run of this window waits or goes on: another can be started.
+void CaseWindow::offerNextRun()
+{
+    choiceStands = false;
+    if (IsUnloaded())
+        return;
+    if (onDemand) {
+        restoreOnDemandButtons();
+        return;
+    }
+    // The panel may be in sight, with tabs on it that have come since.
+    offerMissing(true);
+    panel->SetCommandsEnabled(true);
 }
 
 void CaseWindow::cmdSearchNow_Click()
@@ -47,6 +70,7 @@ void CaseWindow::cmdSearchNow_Click()
     txtMasterKey = MakeMasterKey();
     HasTurn = false;
     onDemand = true;
+    choiceStands = true;
     SetStatusText(u"Pending .."_s);
     lblStatus->show();
     printButton->setEnabled(false);
@@ -82,6 +106,7 @@ void CaseWindow::processOnDemandSearchRequests()
 {
     lboxResponses.Clear();
     CaseInvalid = false;
+    NotLocated = false;
     WriteAppInfo(u"On Demand Search Started.."_s);
     voice->SayState();
     try {
@@ -90,6 +115,9 @@ void CaseWindow::processOnDemandSearchRequests()
         WriteAppInfo(u"ERROR EXIT - from ProcessOnDemandSearchReqeusts. Error: "_s
                      + error.Description());
     }
+    // A run that broke down says nothing more, but it is over.
+    choiceStands = false;
+    panel->SetCommandsEnabled(true);
 }
 
 /// The tabs of the panel in the order of its boxes. What is ticked is asked for when its box is
@@ -98,23 +126,53 @@ CaseWindow::RunEnd CaseWindow::runOnDemandTabs()
 {
     for (int box = 0; box < OnDemandPanel::BoxCount; ++box) {
         const std::optional<CaseTab> tab = tabOfBox(box);
-        if (!tab || !panel->IsChosen(box))
+        if (!tab || !panel->IsChosen(box) || !TabExists(*tab))
             continue;
-        TabOf(*tab).TabNotRetrieved = false;
-        if (*tab != CaseTab::Summary)
-            rewriteForArbitration(*tab);
-        // The Summary may have come only now, and the lines of a bankruptcy case with it.
-        if (IsBankruptcy() && Tab(*tab).TabRequest.isEmpty())
-            takeBankruptcyRequest(*tab);
-        retrieveTab(*tab, Tab(*tab).TabRequest);
-        ActivateTab(CaseTabRowOf(*tab).caption.toString());
-        if (FatalError == brokenDown)
-            return RunEnd::Fatal;
-        const RunEnd end = endOf(testStopFlags());
+        const RunEnd end = runOnDemandTab(*tab);
         if (end != RunEnd::Normal)
             return end;
     }
     return RunEnd::Normal;
+}
+
+CaseWindow::RunEnd CaseWindow::runOnDemandTab(CaseTab tab)
+{
+    prepareOnDemand(tab);
+    if (!Tab(tab).TabRequest.isEmpty())
+        retrieveTab(tab, Tab(tab).TabRequest);
+    ActivateTab(CaseTabRowOf(tab).caption.toString());
+    if (FatalError == brokenDown)
+        return RunEnd::Fatal;
+    if (NotLocated)
+        return RunEnd::NotLocated;
+    if (CaseInvalid)
+        return RunEnd::Error;
+    // A Summary that came only now has brought tabs that nobody has asked for yet.
+    if (tab == CaseTab::Summary && Tab(tab).TabDone)
+        leaveUnretrieved();
+    return endOf(testStopFlags());
+}
+
+void CaseWindow::prepareOnDemand(CaseTab tab)
+{
+    CaseTabState &state = TabOf(tab);
+    state.TabNotRetrieved = false;
+    if (tab != CaseTab::Summary) {
+        // The lines of a bankruptcy case came with its Summary.
+        if (IsBankruptcy() && state.TabRequest.isEmpty())
+            takeBankruptcyRequest(tab);
+        if (!state.TabRequest.isEmpty())
+            rewriteForArbitration(tab);
+        return;
+    }
+    // The first run may have been stopped before its turn: its line is in the queue still.
+    if (state.TabRequest.isEmpty() && lboxTabReqQueue.ListCount() > 0) {
+        state.TabRequest = TrimBlanks(lboxTabReqQueue.List(0));
+        lboxTabReqQueue.RemoveItem(0);
+    }
+    // A Summary that failed has left no other tab; the reply says which there are.
+    if (!IsBankruptcy())
+        SetTabs(TabsOfCase());
 }
 
 std::optional<CaseTab> CaseWindow::tabOfBox(int box) const
@@ -129,6 +187,7 @@ std::optional<CaseTab> CaseWindow::tabOfBox(int box) const
 
 void CaseWindow::endOnDemand(RunEnd end)
 {
+    choiceStands = false;
     switch (end) {
     case RunEnd::Stopped:
         WriteAppInfo(

@@ -38,6 +38,7 @@ void CaseWindow::ProcessSearchRequests()
         WriteAppInfo(u"Exiting ProcessSearchRequests via PROCERR in Case Details. Error: "_s
                      + error.Description());
     }
+    offerNextRun();
 }
 
 void CaseWindow::reportEmptyQueue()
@@ -137,10 +138,10 @@ CaseWindow::RunEnd CaseWindow::runTab(CaseTab tab)
 /// The court has given the lines of a bankruptcy case in its Summary.
 void CaseWindow::takeBankruptcyRequest(CaseTab tab)
 {
-    const QString word = CaseTabRowOf(tab).caption.toString().toUpper();
+    const QStringView word = CaseTabRowOf(tab).caption;
     TabOf(tab).TabRequest.clear();
     for (const QString &line : lboxTabReqQueue.Lines()) {
-        if (line.contains(word)) {
+        if (line.contains(word, Qt::CaseInsensitive)) {
             TabOf(tab).TabRequest = line;
             return;
         }
@@ -228,7 +229,7 @@ void CaseWindow::endNormally()
     EndJob();
     showEndStatus();
     printButton->setEnabled(true);
-    TmrFlash->start();
+    startFlash();
     printIfAsked();
 }
 
@@ -278,7 +279,7 @@ void CaseWindow::endInError()
     Global.bSearchInProgress = false;
     HasTurn = false;
     printButton->setEnabled(true);
-    TmrFlash->start();
+    startFlash();
 }
 
 void CaseWindow::EndNotLocated(const QString &status, const QString &captionSuffix)
@@ -287,7 +288,7 @@ void CaseWindow::EndNotLocated(const QString &status, const QString &captionSuff
     ReleaseTurnOf(txtMasterKey);
     EndJob();
     SetStatusText(status);
-    TmrFlash->start();
+    startFlash();
     setWindowTitle(windowTitle() + captionSuffix);
 }
 

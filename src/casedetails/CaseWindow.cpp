@@ -28,7 +28,6 @@ using namespace Qt::StringLiterals;
 namespace {
 constexpr JobPace casePace{2000, 500, 900, 700};
 constexpr int searchOnDemandInterval = 900;
-constexpr int flashInterval = 500;
 constexpr double headerScale = 1.2;
 
 constexpr std::array<QStringView, 4> bankruptcyStates{u"WAWBK", u"WAEBK", u"IDBK", u"ORBK"};
@@ -47,7 +46,6 @@ CaseWindow::CaseWindow(CaseKind windowKind, QWidget *parent)
     TmrSearchOnDemand->setObjectName(u"TmrSearchOnDemand"_s);
     TmrSearchOnDemand->setInterval(searchOnDemandInterval);
     TmrFlash->setObjectName(u"TmrFlash"_s);
-    TmrFlash->setInterval(flashInterval);
     connect(TmrSearchOnDemand, &QTimer::timeout, this, &CaseWindow::TmrSearchOnDemand_Tick);
     connect(TmrFlash, &QTimer::timeout, this, &CaseWindow::TmrFlash_Tick);
     Global.bOnDemandPrompt = true;
@@ -96,6 +94,8 @@ void CaseWindow::connectPanel()
         panel->UseBox(row.check, tab == CaseTab::Documents ? u"Documents Available"_s
                                                            : row.caption.toString());
     }
+    // One run at a time, and the first has its place in the queue already.
+    panel->SetCommandsEnabled(false);
     connect(panel, &OnDemandPanel::SearchNow, this, &CaseWindow::cmdSearchNow_Click);
 }
 
@@ -311,6 +311,7 @@ void CaseWindow::BeginTick()
     }
     if (TabsPending) {
         SetTabs(TabsOfCase());
+        Archived = lblCaseDetailsHdr().contains(u'*');
         TabsPending = false;
     }
     if (!RequestsBuilt) {
@@ -357,9 +358,9 @@ void CaseWindow::ShowStopped(StopCase stopCase)
         SetWarning(u"Search Stopped .."_s);
         leaveUnretrieved();
     }
-    // What was stopped before it began can be chosen again.
-    if (onDemand && stopCase != StopCase::Active)
-        restoreOnDemandButtons();
+    // A run that is using the link ends in its own time.
+    if (!HasTurn)
+        offerNextRun();
     voice->SayState();
 }
 
@@ -388,6 +389,12 @@ void CaseWindow::showEvent(QShowEvent *event)
 void CaseWindow::printDetails()
 {
     MsgBox(this, u"Printing of case details comes with a later version."_s);
+}
+
+void CaseWindow::startFlash()
+{
+    constexpr int flashInterval = 500;
+    TmrFlash->start(flashInterval);
 }
 
 /// The count is compared with a limit that is never set, so the window does not flash: somebody who

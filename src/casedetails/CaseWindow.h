@@ -85,7 +85,7 @@ public:
     bool CloseRequested = false;
 
     QTimer *TmrSearchOnDemand; ///< asks for the turn of a later run
-    QTimer *TmrFlash;          ///< started at the end of a run; stops at its first tick
+    QTimer *TmrFlash;          ///< has no interval before the end of a run; stops at its first tick
 
 protected:
     CaseWindow(CaseKind windowKind, QWidget *parent);
@@ -186,6 +186,7 @@ private:
     void showEndStatus();
     void reportEmptyQueue();
     void printIfAsked();
+    void startFlash();
     void TmrFlash_Tick();
 
     // The exchange of a tab
@@ -213,13 +214,17 @@ private:
 
     // The later runs
     void setOnDemandPanel();
+    void offerMissing(bool keepTicks);
     void cmdSearchNow_Click();
     void TmrSearchOnDemand_Tick();
     void processOnDemandSearchRequests();
     RunEnd runOnDemandTabs();
+    RunEnd runOnDemandTab(CaseTab tab);
+    void prepareOnDemand(CaseTab tab);
     std::optional<CaseTab> tabOfBox(int box) const;
     void endOnDemand(RunEnd end);
     void restoreOnDemandButtons();
+    void offerNextRun();
 
     const CaseKind kind;
     std::array<CaseTabState, caseTabCount> tabs;
@@ -233,7 +238,8 @@ private:
     bool TabsPending = true; ///< until the strip was cut to the case
     bool Archived = false;
     bool NotLocated = false;
-    bool onDemand = false; ///< the run that waits or goes on is a later one
+    bool onDemand = false;     ///< the run that waits or goes on is a later one
+    bool choiceStands = false; ///< a later run waits or goes on: its ticks are the user's
     bool closesUnasked = false;
     qint16 flashTicks = 0;
 

@@ -1,5 +1,6 @@
 #include "casedetails/frmOnDemand.h"
 
+#include "controls/FormWindow.h"
 #include "core/GlobalState.h"
 #include "jobs/TurnTaking.h"
 #include "ui_frmOnDemand.h"
@@ -28,10 +29,11 @@ bool frmOnDemand::IsLoaded()
     return loaded > 0;
 }
 
-void frmOnDemand::ShowModal(QWidget *parent)
+void frmOnDemand::ShowModal(FormWindow *parent)
 {
     // The parent may go while the window is open, and takes it along.
     const QPointer<frmOnDemand> form = new frmOnDemand(parent);
+    connect(parent, &FormWindow::Unloaded, form, &frmOnDemand::reject);
     const TurnHold hold;
     form->exec();
     delete form;

@@ -45,6 +45,7 @@ void JobWindow::RestartJob(QTimer *timer)
     stopButton->setEnabled(true);
     over = false;
     blinking = true;
+    BlinkOn = false;
     timer->start();
     tmrBlink->start();
 }

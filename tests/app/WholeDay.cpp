@@ -208,7 +208,7 @@ void WholeDay::keepLink()
     ticks.stop();
     CloseServerLink();
     Global.bLoggedIn = false;
-    if (!user.LogIn())
+    if (!LogInAs(u"quiet"_s))
         complain(u"the login failed"_s);
     note(u"logins"_s);
     if (acting)
