@@ -208,7 +208,7 @@ void CaseWindow::endOnDemand(RunEnd end)
     case RunEnd::Error:
     case RunEnd::NotLocated:
         setOnDemandPanel();
-        releaseOwnTurn();
+        ReleaseTurnOf(txtMasterKey);
         EndJob();
         WriteAppInfo(u"NORMAL EXIT - from Process On Demand Search Reqeusts."_s);
         if (!NotLocated)

@@ -12,7 +12,6 @@
 #include "core/TextUtilities.h"
 #include "courts/CaseMarks.h"
 #include "jobs/TurnTaking.h"
-#include "jobs/frmQueue.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -216,14 +215,6 @@ void CaseWindow::endRun(RunEnd end)
     voice->Ended(StopRequested);
 }
 
-/// Gives the turn back, if it is still this window's: the next job's key is not ours to remove.
-void CaseWindow::releaseOwnTurn()
-{
-    const ListBox &queue = frmQueue::Form().FIFO;
-    if (queue.ListCount() > 0 && queue.List(0) == txtMasterKey)
-        ReleaseTurn();
-}
-
 void CaseWindow::showEndStatus()
 {
     if (AnyTabIncomplete()) {
@@ -236,7 +227,7 @@ void CaseWindow::showEndStatus()
 
 void CaseWindow::endNormally()
 {
-    releaseOwnTurn();
+    ReleaseTurnOf(txtMasterKey);
     EndJob();
     showEndStatus();
     printButton->setEnabled(true);
@@ -246,7 +237,7 @@ void CaseWindow::endNormally()
 
 void CaseWindow::endInvalid()
 {
-    releaseOwnTurn();
+    ReleaseTurnOf(txtMasterKey);
     EndJob();
     SetStatusText(u"Search Complete - Case Number Invalid"_s);
     SetWarning({});
@@ -276,7 +267,7 @@ void CaseWindow::endClosed()
     SetStatusText(u"Search Stopped - Form Closing .."_s, true);
     StopBlinking();
     SetWarning(u"Closing Form .."_s);
-    releaseOwnTurn();
+    ReleaseTurnOf(txtMasterKey);
     Global.bSearchInProgress = false;
     HasTurn = false;
     closesUnasked = true;
@@ -286,7 +277,7 @@ void CaseWindow::endClosed()
 void CaseWindow::endInError()
 {
     EndJob();
-    releaseOwnTurn();
+    ReleaseTurnOf(txtMasterKey);
     Global.bSearchInProgress = false;
     HasTurn = false;
     printButton->setEnabled(true);
@@ -296,7 +287,7 @@ void CaseWindow::endInError()
 void CaseWindow::EndNotLocated(const QString &status, const QString &captionSuffix)
 {
     NotLocated = true;
-    releaseOwnTurn();
+    ReleaseTurnOf(txtMasterKey);
     EndJob();
     SetStatusText(status);
     startFlash();

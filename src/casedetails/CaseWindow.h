@@ -185,7 +185,6 @@ private:
     void endClosed();
     void endInError();
     void showEndStatus();
-    void releaseOwnTurn();
     void reportEmptyQueue();
     void printIfAsked();
     void startFlash();

@@ -191,7 +191,7 @@ void JobWindow::StopCurrentSearch()
     } catch (const RunTimeError &raised) {
         error = raised.Description();
     }
-    ReleaseTurn();
+    ReleaseTurnOf(txtMasterKey);
     WriteAppInfo(u"Exiting Via StopCurrentSearch in PROCERR. Error: "_s + error);
 }
 

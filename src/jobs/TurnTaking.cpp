@@ -41,6 +41,13 @@ void ReleaseTurn()
         queue.RemoveItem(0);
 }
 
+void ReleaseTurnOf(const QString &txtMasterKey)
+{
+    const ListBox &queue = frmQueue::Form().FIFO;
+    if (queue.ListCount() > 0 && queue.List(0) == txtMasterKey)
+        ReleaseTurn();
+}
+
 void WithdrawKey(const QString &txtMasterKey)
 {
     ListBox &queue = frmQueue::Form().FIFO;

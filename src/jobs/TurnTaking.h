@@ -35,5 +35,9 @@ void EnqueueKey(const QString &txtMasterKey);
 /// Gives the turn back: removes line 0. Every way out of a job's run does this once.
 void ReleaseTurn();
 
+/// The same, if the turn is still this job's: a stop that could not be sent has given it back
+/// already, and the key at the head is then the next job's, which would wait for ever without it.
+void ReleaseTurnOf(const QString &txtMasterKey);
+
 /// Removes every line that holds the key: for a job that ends without having had its turn.
 void WithdrawKey(const QString &txtMasterKey);

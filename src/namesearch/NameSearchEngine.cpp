@@ -184,7 +184,7 @@ void NameResultsWindow::FinishRun()
 {
     EndJob();
     printButton->setEnabled(true);
-    ReleaseTurn();
+    ReleaseTurnOf(txtMasterKey);
     voice->Ended(StopRequested);
 }
 

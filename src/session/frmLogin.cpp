@@ -355,6 +355,7 @@ void frmLogin::LoginRefused(SessionResult result)
 void frmLogin::cmdCancel_Click()
 {
     cancelled = true;
+    hold.reset();
     tmrUI->stop();
     tmrLbl->stop();
     setHourglass(false);
@@ -373,6 +374,7 @@ void frmLogin::Unloading()
         cancelled = true;
         frmWinsock::Unload();
     }
+    hold.reset();
     tmrUI->stop();
     tmrLbl->stop();
     setHourglass(false);

@@ -1,11 +1,13 @@
 #pragma once
 
 #include "controls/FormWindow.h"
+#include "jobs/TurnTaking.h"
 #include "session/LoginExchange.h"
 
 #include <QTimer>
 
 #include <memory>
+#include <optional>
 
 namespace Ui {
 class frmLogin;
@@ -54,6 +56,9 @@ private:
     ShowStatus statusLine();
 
     const std::unique_ptr<Ui::frmLogin> ui;
+    /// A job that waits from before must not talk into the login, nor to a court that does not know
+    /// the user yet.
+    std::optional<TurnHold> hold{std::in_place};
     bool cancelled = false;
     bool hourglass = false;
     int blinks = 0;

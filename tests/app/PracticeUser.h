@@ -16,8 +16,6 @@ public:
     /// The session goes to the practice court at this port.
     explicit PracticeUser(quint16 port);
 
-    bool LogIn(const QString &user = u"quiet"_s);
-
     /// Enters the search, starts it and waits for its end. nullptr when it does not make one window
     /// of results.
     NameResultsWindow *Search(const QStringList &steps);
@@ -31,6 +29,9 @@ public:
     /// is no panel to be used.
     bool FetchOnDemand(CaseWindow *window);
 };
+
+/// Logs in at the court that options.ini names; true when the search form is there then.
+bool LogInAs(const QString &user);
 
 /// The tabs of these captions are fetched at once in every court; all others wait to be asked for.
 void FetchAtOnce(const QStringList &captions);

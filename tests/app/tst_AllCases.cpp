@@ -346,7 +346,7 @@ void tst_AllCases::aCaseOfAList()
 {
     QFETCH(QStringList, steps);
     QFETCH(Expected, expected);
-    QVERIFY(user->LogIn());
+    QVERIFY(LogInAs(u"quiet"_s));
     NameResultsWindow *results = user->Search(steps);
     QVERIFY(results);
     const int index = expected.cell.isEmpty() ? 0 : rowOf(results, expected.cell);
@@ -389,7 +389,7 @@ void tst_AllCases::aCaseOfAList()
 void tst_AllCases::aCaseThatWasOpenedBeforeCountsAsArchived()
 {
     FetchAtOnce(everyTab);
-    QVERIFY(user->LogIn());
+    QVERIFY(LogInAs(u"quiet"_s));
     NameResultsWindow *results = user->Search(smith + county(u"King"_s) + type(u"Criminal"_s));
     QVERIFY(results);
     QVERIFY(user->Run(user->OpenRow(results, 0)));
@@ -472,7 +472,7 @@ void tst_AllCases::aCaseByItsNumber()
     QFETCH(Expected, expected);
     QFETCH(QString, filed);
     FetchAtOnce(everyTab);
-    QVERIFY(user->LogIn());
+    QVERIFY(LogInAs(u"quiet"_s));
     CaseWindow *window = startNumber(steps, expected.cell, asks);
     QVERIFY(window);
     QCOMPARE(window->objectName(), expected.form);
@@ -485,7 +485,7 @@ void tst_AllCases::aCaseByItsNumber()
 
 void tst_AllCases::severalBankruptcyCasesOfOneNumber()
 {
-    QVERIFY(user->LogIn());
+    QVERIFY(LogInAs(u"quiet"_s));
     const QString number = told(Practice::CourtFamily::Bankruptcy, Practice::ToldCase::Multiple);
     CaseWindow *list = startNumber(federal + byNumber, number, false);
     QVERIFY(list);
@@ -530,7 +530,7 @@ void tst_AllCases::aCaseInArbitration()
     QFETCH(QString, button);
     QFETCH(bool, arbitration);
     FetchAtOnce(everyTab);
-    QVERIFY(user->LogIn());
+    QVERIFY(LogInAs(u"quiet"_s));
     const QString number = told(Practice::CourtFamily::Superior, Practice::ToldCase::Arbitration);
     CaseWindow *window = startNumber(inCounty(u"King"_s), number, false);
     QVERIFY(window);
@@ -552,7 +552,7 @@ void tst_AllCases::aCaseInArbitration()
 void tst_AllCases::aBatch()
 {
     FetchAtOnce(everyTab);
-    QVERIFY(user->LogIn());
+    QVERIFY(LogInAs(u"quiet"_s));
     struct Row
     {
         QString number;
@@ -611,7 +611,7 @@ void tst_AllCases::aDocketOfTwentyThousandEntries()
     QFETCH(int, family);
     const auto courts = static_cast<Practice::CourtFamily>(family);
     FetchAtOnce({u"Docket"_s});
-    QVERIFY(user->LogIn());
+    QVERIFY(LogInAs(u"quiet"_s));
     CaseWindow *window = startNumber(steps, told(courts, Practice::ToldCase::LongDocket),
                                      courts == Practice::CourtFamily::Oregon
                                          || courts == Practice::CourtFamily::District);

@@ -1,29 +1,14 @@
 #include "app/PracticeCourt.h"
+#include "app/PracticeUser.h"
 #include "core/GlobalState.h"
 #include "core/Options.h"
 #include "namesearch/NameResultsWindow.h"
-#include "searchentry/EntryDesk.h"
 #include "searchentry/frmSearchWA.h"
-#include "session/frmLogin.h"
 
-#include <QApplication>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QTest>
 
 namespace {
 const QString practice = QStringLiteral(HALVANE_BIN_DIR "/halvane-practice");
-constexpr int longestLoginMilliseconds = 10'000;
-
-QWidget *shownLogin()
-{
-    const QWidgetList widgets = QApplication::allWidgets();
-    for (QWidget *widget : widgets) {
-        if (widget->objectName() == u"frmLogin" && widget->isVisible())
-            return widget;
-    }
-    return nullptr;
-}
 
 /// Who the practice court has whatever its seed.
 const QStringList acme{u"click optSearchType_1"_s, u"type txtSearchName_0 Acme Plumbing Inc"_s};
@@ -63,8 +48,6 @@ private Q_SLOTS:
     void everyCountyOfTheStateIsAsked();
 
 private:
-    bool logIn(const QString &user);
-
     PracticeCourt court;
 };
 
@@ -79,21 +62,6 @@ void tst_AllFamilies::init()
     PointSessionAt(court.Port());
     LoadAppOptions();
     Global.bLoggedIn = false;
-}
-
-bool tst_AllFamilies::logIn(const QString &user)
-{
-    frmLogin::ShowForm(nullptr);
-    QWidget *login = shownLogin();
-    if (!login
-        || !QTest::qWaitFor([&] { return ButtonOf(login, "cmdLogin")->isEnabled(); },
-                            longestLoginMilliseconds))
-        return false;
-    login->findChild<QLineEdit *>(u"txtUsername"_s)->setText(user);
-    login->findChild<QLineEdit *>(u"txtPassword"_s)->setText(u"secret"_s);
-    QTest::mouseClick(ButtonOf(login, "cmdLogin"), Qt::LeftButton);
-    return QTest::qWaitFor([] { return !frmLogin::IsLoaded(); }, longestLoginMilliseconds)
-           && Global.bLoggedIn && desk->Form()->isVisible();
 }
 
 void tst_AllFamilies::aSearchCompletes_data()
@@ -153,7 +121,7 @@ void tst_AllFamilies::aSearchCompletes()
     QFETCH(QStringList, steps);
     QFETCH(QStringList, numbers);
     QFETCH(QString, status);
-    QVERIFY(logIn(u"quiet"_s));
+    QVERIFY(LogInAs(u"quiet"_s));
     desk->Do(steps);
     auto *window = desk->StartOne<NameResultsWindow>();
     QVERIFY(window);
@@ -182,7 +150,7 @@ void tst_AllFamilies::anErrorAmongTheRowsLeavesTheRows_data()
 void tst_AllFamilies::anErrorAmongTheRowsLeavesTheRows()
 {
     QFETCH(QStringList, steps);
-    QVERIFY(logIn(u"quiet"_s));
+    QVERIFY(LogInAs(u"quiet"_s));
     desk->Do(steps);
     auto *window = desk->StartOne<NameResultsWindow>();
     QVERIFY(window);
@@ -194,7 +162,7 @@ void tst_AllFamilies::anErrorAmongTheRowsLeavesTheRows()
 
 void tst_AllFamilies::severalWindowsTakeTheirTurns()
 {
-    QVERIFY(logIn(u"quiet"_s));
+    QVERIFY(LogInAs(u"quiet"_s));
     desk->Do(QStringList{u"click optState_2"_s, u"click cmdSelBk_0"_s} + smithJohnQ);
     const QList<JobWindow *> windows = desk->Start();
     QCOMPARE(windows.size(), 4);
@@ -214,7 +182,7 @@ void tst_AllFamilies::severalWindowsTakeTheirTurns()
 
 void tst_AllFamilies::aCompulsoryCodeGoesAlong()
 {
-    QVERIFY(logIn(u"acctg"_s));
+    QVERIFY(LogInAs(u"acctg"_s));
     QVERIFY(Global.bClientAcctgOpt);
     desk->Do(smithJohnQ + county(u"King"_s) + types({u"Civil"_s, u"Criminal"_s}));
     desk->ExpectCode(u"abc"_s);
@@ -227,7 +195,7 @@ void tst_AllFamilies::aCompulsoryCodeGoesAlong()
 
 void tst_AllFamilies::everyCountyOfTheStateIsAsked()
 {
-    QVERIFY(logIn(u"quiet"_s));
+    QVERIFY(LogInAs(u"quiet"_s));
     desk->Do(smithJohnQ + QStringList{u"click optSearchWhere_2"_s} + types({u"Civil"_s}));
     auto *window = desk->StartOne<NameResultsWindow>();
     QVERIFY(window);

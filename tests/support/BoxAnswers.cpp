@@ -118,6 +118,11 @@ void BoxAnswers::ExpectDialog(const QString &objectName, std::function<void(QDia
     announced.append(one);
 }
 
+void BoxAnswers::Whenever(const QString &objectName, std::function<void(QDialog *)> act)
+{
+    standing.insert(objectName, std::move(act));
+}
+
 void BoxAnswers::Meanwhile(std::function<void()> act)
 {
     pendingMeanwhile = std::move(act);
@@ -147,6 +152,10 @@ void BoxAnswers::answerBox(QDialog *dialog)
     const QString text = box ? box->text() : QString();
     if (announced.isEmpty() || announced.first().name != dialog->objectName()
         || (box && announced.first().text != text)) {
+        if (const auto act = standing.value(dialog->objectName())) {
+            act(dialog);
+            return;
+        }
         complaints.append(u"unexpected "_s + dialog->objectName() + u": "_s + text);
         dialog->reject();
         return;

@@ -2,6 +2,7 @@
 
 #include "controls/MsgBox.h"
 
+#include <QHash>
 #include <QList>
 #include <QObject>
 #include <QString>
@@ -37,6 +38,10 @@ public:
     /// The next modal dialog has this object name; do this with it (it must be closed by it).
     void ExpectDialog(const QString &objectName, std::function<void(QDialog *)> act);
 
+    /// Modal dialogs of this object name ("MsgBox" for a box) may come at any time, any number of
+    /// times; do this with them. What is announced goes first.
+    void Whenever(const QString &objectName, std::function<void(QDialog *)> act);
+
     /// Something to do while the next announced box is open, before it is answered.
     void Meanwhile(std::function<void()> act);
 
@@ -62,6 +67,7 @@ private:
     void compare(const QMessageBox *box, const Announced &one);
 
     QList<Announced> announced;
+    QHash<QString, std::function<void(QDialog *)>> standing;
     QStringList complaints;
     std::function<void()> pendingMeanwhile;
     QTimer timer;

@@ -1,0 +1,75 @@
+#include "app/PracticeCourt.h"
+#include "app/PracticeUser.h"
+#include "app/WholeDay.h"
+#include "searchentry/frmSearchWA.h"
+#include "support/ObjectCount.h"
+
+#include <QTest>
+
+namespace {
+const QString practice = QStringLiteral(HALVANE_BIN_DIR "/halvane-practice");
+
+/// Small pieces, a limit to their number a second, connections that end in the middle of a reply,
+/// and pings.
+const QStringList faults{u"--split"_s,      u"61"_s,    u"--drip"_s,       u"4000000"_s,
+                         u"--drop-after"_s, u"60000"_s, u"--ping-every"_s, u"5"_s};
+
+constexpr const char *seedVariable = "HALVANE_DAY_SEED";
+constexpr quint32 usualSeed = 20'260'310;
+
+quint32 seedOfToday()
+{
+    bool given = false;
+    const int seed = qEnvironmentVariableIntValue(seedVariable, &given);
+    return given ? static_cast<quint32>(seed) : usualSeed;
+}
+} // namespace
+
+/// A day of somebody who opens, stops, retries and closes windows of every kind, with a court whose
+/// link is bad. What has been done is settled by the seed, which can be given in HALVANE_DAY_SEED.
+class tst_WholeDay : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void nothingIsLeftOfAWholeDay();
+};
+
+void tst_WholeDay::nothingIsLeftOfAWholeDay()
+{
+    constexpr int warmUps = 4;
+    constexpr int rounds = 20;
+    constexpr long long growth = 512LL * 1024;
+    const quint32 seed = seedOfToday();
+    qInfo("the seed of the day is %u", seed);
+
+    PracticeCourt court;
+    QVERIFY2(court.Start(practice, faults), qPrintable(court.Error()));
+    PracticeUser user(court.Port());
+    const ObjectCount count;
+    WholeDay day(user, seed);
+    ObjectCount::Holdings atFirst;
+    long long memory = 0;
+    for (int round = 0; round < warmUps + rounds; ++round) {
+        day.Round();
+        QCOMPARE(day.Complaints(), QString());
+        const ObjectCount::Holdings now = ObjectCount::Now();
+        if (round == warmUps - 1) {
+            atFirst = now;
+            memory = ObjectCount::HeapBytes();
+        } else if (round >= warmUps) {
+            QCOMPARE(now.objects, atFirst.objects);
+            QCOMPARE(now.timers, atFirst.timers);
+            QCOMPARE(now.files, atFirst.files);
+        }
+        qInfo() << now.objects << now.timers << now.files << ObjectCount::HeapBytes();
+    }
+    const long long grown = ObjectCount::HeapBytes() - memory;
+    QVERIFY2(grown < growth, qPrintable(QString::number(grown)));
+    qInfo("%s", qPrintable(day.Story()));
+    // The day had of everything.
+    QVERIFY2(day.HadEverything(), qPrintable(day.Story()));
+    QCOMPARE(user.Complaints(), QString());
+}
+
+QTEST_MAIN(tst_WholeDay)
+#include "tst_WholeDay.moc"
