@@ -20,6 +20,11 @@ if(HALVANE_SANITIZE)
   add_link_options(-fsanitize=${HALVANE_SANITIZE})
 endif()
 
+# The fuzzer follows the branches of what is compiled for it: the libraries, not its own few lines.
+if(HALVANE_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
+
 # halvane_library(<folder> <logic|forms> SOURCES ... LIBS ...): one of the two libraries of a
 # folder. The logic library does not link Widgets: what a window needs is the forms library's.
 function(halvane_library folder kind)

@@ -1,7 +1,5 @@
 #include "practice/BankruptcySearch.h"
 
-#include "practice/OtherSearch.h"
-
 #include <algorithm>
 #include <array>
 
@@ -71,11 +69,11 @@ bool IsBankruptcySearch(const QStringList &fields)
     return findVerb(fields) != nullptr;
 }
 
-Reply AnswerBankruptcySearch(const Population &population, const QStringList &fields, int thisYear)
+ParsedSearch ParseBankruptcySearch(const QStringList &fields, int thisYear)
 {
     const Verb *verb = findVerb(fields);
     if (verb == nullptr || fields.size() != 1 + verb->keys + TailCount)
-        return Refusal(u"Wrong number of fields"_s);
+        return u"Wrong number of fields"_s;
     const QStringList tail = fields.mid(1 + verb->keys);
 
     OtherSearch search;
@@ -83,16 +81,25 @@ Reply AnswerBankruptcySearch(const Population &population, const QStringList &fi
     search.name = verb->by == By::Name ? ParseName(fields[1], fields[2], fields[3])
                                        : ParseName(fields[1], {}, {});
     if (search.name.last.isEmpty())
-        return Refusal(u"No name"_s);
+        return u"No name"_s;
     const auto years =
         ParseYears(tail[FromYear], tail[ToYear], FirstYearOf(search.family), thisYear);
     if (!years)
-        return Refusal(u"Not a year"_s);
+        return u"Not a year"_s;
     search.years = *years;
-    search.people = findPeople(population, verb->by, search);
     TakeCourts(tail[InCourt], {}, {}, search);
     TakeTypes(tail[Types], search);
     search.write = rowText;
+    return search;
+}
+
+Reply AnswerBankruptcySearch(const Population &population, const QStringList &fields, int thisYear)
+{
+    ParsedSearch parsed = ParseBankruptcySearch(fields, thisYear);
+    if (const QString *trouble = std::get_if<QString>(&parsed))
+        return Refusal(*trouble);
+    auto &search = std::get<OtherSearch>(parsed);
+    search.people = findPeople(population, findVerb(fields)->by, search);
     return AnswerOther(population, search, thisYear);
 }
 } // namespace Practice

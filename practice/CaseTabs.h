@@ -4,6 +4,7 @@
 #include "practice/CaseTable.h"
 #include "practice/TabRequest.h"
 #include "practice/ToldCases.h"
+#include "practice/ToldLists.h"
 
 #include <QDate>
 #include <QString>
@@ -18,6 +19,7 @@ struct TabContext
     const Population &people;
     QDate today;
     TabMemory &memory;
+    const ToldLists &lists;
     QString user;
 };
 

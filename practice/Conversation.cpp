@@ -81,7 +81,8 @@ const Conversation::Known *Conversation::find(const Request &request)
 
 Conversation::Conversation(const Population &population, QDate theDay,
                            std::shared_ptr<TabMemory> remembered)
-    : people(population), today(theDay), thisYear(theDay.year()), memory(std::move(remembered))
+    : people(population), today(theDay), thisYear(theDay.year()), memory(std::move(remembered)),
+      lists(theDay.year())
 {
 }
 
@@ -172,6 +173,11 @@ Reply Conversation::answerAccountingOption(const Request & /*request*/)
     return tell(loggedIn && user == UserKind::Accounting ? u"TRUE~"_s : u"FALSE~"_s);
 }
 
+TabContext Conversation::context() const
+{
+    return {people, today, *memory, lists, userName};
+}
+
 // What is not a search asks for a tab of a case.
 
 Reply Conversation::answerTab(CourtFamily family, const Request &request)
@@ -179,26 +185,27 @@ Reply Conversation::answerTab(CourtFamily family, const Request &request)
     const std::optional<TabAsked> asked = ParseTabRequest(family, request.fields);
     if (!asked)
         return Refusal(u"Unknown request"_s);
-    const TabContext context{people, today, *memory, userName};
     switch (family) {
     case CourtFamily::Superior:
-        return AnswerSuperiorTab(context, *asked);
+        return AnswerSuperiorTab(context(), *asked);
     case CourtFamily::Oregon:
-        return AnswerStateTab(OtherFamily::Oregon, context, *asked);
+        return AnswerStateTab(OtherFamily::Oregon, context(), *asked);
     case CourtFamily::Idaho:
-        return AnswerStateTab(OtherFamily::Idaho, context, *asked);
+        return AnswerStateTab(OtherFamily::Idaho, context(), *asked);
     case CourtFamily::District:
-        return AnswerDistrictTab(context, *asked);
+        return AnswerDistrictTab(context(), *asked);
     case CourtFamily::Bankruptcy:
         break;
     }
-    return AnswerBankruptcyTab(context, *asked);
+    return AnswerBankruptcyTab(context(), *asked);
 }
 
 Reply Conversation::answerSuperior(const Request &request)
 {
-    return isSearch(request) ? AnswerSuperiorSearch(people, request.fields, thisYear)
-                             : answerTab(CourtFamily::Superior, request);
+    if (!isSearch(request))
+        return answerTab(CourtFamily::Superior, request);
+    lists.Note(CourtFamily::Superior, request.fields);
+    return AnswerSuperiorSearch(people, request.fields, thisYear);
 }
 
 Reply Conversation::answerDocuments(const Request &request)
@@ -206,40 +213,49 @@ Reply Conversation::answerDocuments(const Request &request)
     const std::optional<TabAsked> asked = ParseDocumentsRequest(request.fields);
     if (!asked)
         return Refusal(u"Unknown request"_s);
-    return AnswerSuperiorTab({people, today, *memory, userName}, *asked);
+    return AnswerSuperiorTab(context(), *asked);
 }
 
 Reply Conversation::answerOregon(const Request &request)
 {
-    return isSearch(request)
-               ? AnswerStateSearch(OtherFamily::Oregon, people, request.fields, thisYear)
-               : answerTab(CourtFamily::Oregon, request);
+    return answerState(OtherFamily::Oregon, request);
 }
 
 Reply Conversation::answerIdaho(const Request &request)
 {
-    return isSearch(request)
-               ? AnswerStateSearch(OtherFamily::Idaho, people, request.fields, thisYear)
-               : answerTab(CourtFamily::Idaho, request);
+    return answerState(OtherFamily::Idaho, request);
+}
+
+Reply Conversation::answerState(OtherFamily family, const Request &request)
+{
+    if (!isSearch(request))
+        return answerTab(CourtFamilyOf(family), request);
+    lists.Note(CourtFamilyOf(family), request.fields);
+    return AnswerStateSearch(family, people, request.fields, thisYear);
 }
 
 Reply Conversation::answerDistrict(const Request &request)
 {
-    return isSearch(request) ? AnswerDistrictSearch(people, request.fields, thisYear)
-                             : answerTab(CourtFamily::District, request);
+    if (!isSearch(request))
+        return answerTab(CourtFamily::District, request);
+    lists.Note(CourtFamily::District, request.fields);
+    return AnswerDistrictSearch(people, request.fields, thisYear);
 }
 
 /// The index has no cases of its own: its rows open those of the Superior Courts.
 Reply Conversation::answerIndex(const Request &request)
 {
-    return isSearch(request) ? AnswerIndexSearch(people, request.fields, thisYear)
-                             : Refusal(u"Unknown request"_s);
+    if (!isSearch(request))
+        return Refusal(u"Unknown request"_s);
+    lists.Note(CourtFamily::Superior, request.fields);
+    return AnswerIndexSearch(people, request.fields, thisYear);
 }
 
 Reply Conversation::answerBankruptcy(const Request &request)
 {
-    return IsBankruptcySearch(request.fields)
-               ? AnswerBankruptcySearch(people, request.fields, thisYear)
-               : answerTab(CourtFamily::Bankruptcy, request);
+    if (!IsBankruptcySearch(request.fields))
+        return answerTab(CourtFamily::Bankruptcy, request);
+    lists.Note(CourtFamily::Bankruptcy, request.fields);
+    return AnswerBankruptcySearch(people, request.fields, thisYear);
 }
 } // namespace Practice

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "practice/CaseTabs.h"
 #include "practice/Population.h"
 #include "practice/Reply.h"
 #include "practice/Request.h"
 #include "practice/TabRequest.h"
 #include "practice/ToldCases.h"
+#include "practice/ToldLists.h"
 #include "practice/ToldNames.h"
 
 #include <QByteArrayView>
@@ -50,16 +52,19 @@ private:
     Reply answerDocuments(const Request &request);
     Reply answerOregon(const Request &request);
     Reply answerIdaho(const Request &request);
+    Reply answerState(OtherFamily family, const Request &request);
     Reply answerDistrict(const Request &request);
     Reply answerIndex(const Request &request);
     Reply answerBankruptcy(const Request &request);
 
+    TabContext context() const;
     Reply answerTab(CourtFamily family, const Request &request);
 
     const Population &people;
     QDate today;
     int thisYear;
     std::shared_ptr<TabMemory> memory;
+    ToldLists lists;
     bool loggedIn = false;
     QString userName;
     UserKind user = UserKind::Ordinary;

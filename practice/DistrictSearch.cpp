@@ -120,22 +120,66 @@ OtherSearch searchFor(const Command &command, int thisYear)
     return search;
 }
 
-Reply answerListed(const ListedCommand &command, const QStringList &fields, int thisYear)
+/// Somebody from a list of people, and a search for that person's cases.
+struct ListedSearch
+{
+    QString name;
+    qint64 place = 0;
+    OtherSearch search;
+};
+
+std::variant<ListedSearch, QString> parseListed(const ListedCommand &command,
+                                                const QStringList &fields, int thisYear)
 {
     if (fields.size() != command.fields)
-        return Refusal(u"Wrong number of fields"_s);
+        return u"Wrong number of fields"_s;
     const std::optional<qint64> place = FindListed(fields, command.withAddresses);
     if (!place)
-        return Refusal(u"Nobody was listed so"_s);
-    OtherSearch search =
-        searchFor(*findCommand(commands, QString::fromUtf16(command.listedBy)), thisYear);
-    TakeCourts(QString::fromUtf16(statewide), statewide, everywhere.toString(), search);
-    TakeTypes(QString::fromUtf16(nonCivil), search);
+        return u"Nobody was listed so"_s;
+    ListedSearch listed{
+        fields[ListedPerson], *place,
+        searchFor(*findCommand(commands, QString::fromUtf16(command.listedBy)), thisYear)};
+    TakeCourts(QString::fromUtf16(statewide), statewide, everywhere.toString(), listed.search);
+    TakeTypes(QString::fromUtf16(nonCivil), listed.search);
+    return listed;
+}
+
+Reply answerListed(const ListedCommand &command, const QStringList &fields, int thisYear)
+{
+    const auto parsed = parseListed(command, fields, thisYear);
+    if (const QString *trouble = std::get_if<QString>(&parsed))
+        return Refusal(*trouble);
+    const auto &listed = std::get<ListedSearch>(parsed);
     Reply reply;
-    SayProgress(search.places, reply);
-    SayListedCases(fields[ListedPerson], *place, search, reply);
+    SayProgress(listed.search.places, reply);
+    SayListedCases(listed.name, listed.place, listed.search, reply);
     reply.Finish();
     return reply;
+}
+
+bool isStatewide(const QStringList &fields)
+{
+    return fields[InCourt].trimmed() == QStringView(statewide);
+}
+
+/// Understands a search by name, all but whom it means.
+ParsedSearch parseSearch(const QStringList &fields, int thisYear)
+{
+    if (fields.size() != districtSearchFields)
+        return u"Wrong number of fields"_s;
+    const Command *command = findCommand(commands, fields[Wanted]);
+    if (command == nullptr)
+        return u"Unknown request"_s;
+    OtherSearch search = searchFor(*command, thisYear);
+    search.name = ParseName(fields[Last], fields[First], fields[Middle]);
+    if (search.name.last.isEmpty())
+        return u"No name"_s;
+    // A statewide search and the state belong together, and it knows no civil cases.
+    if (isStatewide(fields) == command->statewide
+        && (!command->statewide || fields[Kind] == QStringView(nonCivil)))
+        TakeCourts(fields[InCourt], statewide, everywhere.toString(), search);
+    TakeTypes(fields[Kind], search);
+    return search;
 }
 
 /// Says what the name means if it is one of those that list people; false when it is not.
@@ -150,33 +194,41 @@ bool sayListed(const OtherSearch &search, const Command &command, Reply &reply)
 }
 } // namespace
 
+std::optional<OtherHit> FindMadeUpDistrictHit(const QStringList &fields, int thisYear,
+                                              const QString &number)
+{
+    const ListedCommand *command = findCommand(listedCommands, fields.last());
+    if (command == nullptr) {
+        const ParsedSearch parsed = parseSearch(fields, thisYear);
+        const auto *search = std::get_if<OtherSearch>(&parsed);
+        return search == nullptr ? std::nullopt : FindMadeUpHit(*search, thisYear, number);
+    }
+    const auto parsed = parseListed(*command, fields, thisYear);
+    const auto *listed = std::get_if<ListedSearch>(&parsed);
+    for (int i = 0; listed != nullptr && i < ListedCases(listed->place); ++i) {
+        const OtherHit hit = ListedCase(listed->name, listed->place, i, listed->search);
+        if (hit.courtCase.number == number)
+            return hit;
+    }
+    return std::nullopt;
+}
+
 Reply AnswerDistrictSearch(const Population &population, const QStringList &fields, int thisYear)
 {
     if (const ListedCommand *listed = findCommand(listedCommands, fields.last()))
         return answerListed(*listed, fields, thisYear);
-    if (fields.size() != districtSearchFields)
-        return Refusal(u"Wrong number of fields"_s);
+    ParsedSearch parsed = parseSearch(fields, thisYear);
+    if (const QString *trouble = std::get_if<QString>(&parsed))
+        return Refusal(*trouble);
+    auto &search = std::get<OtherSearch>(parsed);
     const Command *command = findCommand(commands, fields[Wanted]);
-    if (command == nullptr)
-        return Refusal(u"Unknown request"_s);
-
-    OtherSearch search = searchFor(*command, thisYear);
-    search.name = ParseName(fields[Last], fields[First], fields[Middle]);
-    if (search.name.last.isEmpty())
-        return Refusal(u"No name"_s);
     search.people = population.Find(search.name);
-    // A statewide search and the state belong together, and it knows no civil cases.
-    const bool isStatewide = fields[InCourt].trimmed() == QStringView(statewide);
-    if (isStatewide == command->statewide
-        && (!isStatewide || fields[Kind] == QStringView(nonCivil)))
-        TakeCourts(fields[InCourt], statewide, everywhere.toString(), search);
-    TakeTypes(fields[Kind], search);
 
     Reply reply;
     SayProgress(search.places, reply);
     if (!sayListed(search, *command, reply) && !SayOtherTold(search, thisYear, reply)) {
         std::vector<OrderedRow> rows = FindOtherRows(population, search);
-        if (!search.courts.empty() && isStatewide)
+        if (!search.courts.empty() && isStatewide(fields))
             addSuperior(population, search.name, *command, thisYear, rows);
         SayOrdered(std::move(rows), reply);
     }

@@ -133,12 +133,18 @@ std::optional<qint64> FindListed(const QStringList &fields, bool withAddresses)
     return std::nullopt;
 }
 
+OtherHit ListedCase(const QString &name, qint64 place, int number, const OtherSearch &search)
+{
+    OtherHit hit = MadeUpHit(search, 2 + (place * 3 + number) * caseStride);
+    hit.person = {name, {}, {}, true}; // the name as it was listed
+    return hit;
+}
+
 void SayListedCases(const QString &name, qint64 place, const OtherSearch &search, Reply &reply)
 {
     std::vector<OrderedRow> rows;
     for (int i = 0; i < ListedCases(place); ++i) {
-        OtherHit hit = MadeUpHit(search, 2 + (place * 3 + i) * caseStride);
-        hit.person = {name, {}, {}, true}; // the name as it was listed
+        const OtherHit hit = ListedCase(name, place, i, search);
         rows.push_back(
             {name, hit.courtCase.filed, hit.courtCase.number, search.write(hit, QString())});
     }

@@ -24,6 +24,9 @@ inline constexpr qsizetype listedAddressFields = 8;
 /// Who is meant by such fields: the person's place in the list; nullopt when nobody was listed so.
 std::optional<qint64> FindListed(const QStringList &fields, bool withAddresses);
 
+/// Case `number`, from 0, of that person.
+OtherHit ListedCase(const QString &name, qint64 place, int number, const OtherSearch &search);
+
 /// The cases of that person, who is called `name`; `search` says in which courts and how a row
 /// looks.
 void SayListedCases(const QString &name, qint64 place, const OtherSearch &search, Reply &reply);

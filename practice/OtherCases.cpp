@@ -162,29 +162,6 @@ constexpr std::array<SerialPlace, 4> serialPlaces{{
     {2, 5, 7},
 }};
 
-/// The value that a number was made of; nullopt when it is not in the form of its family.
-std::optional<qint64> valueOfNumber(OtherFamily family, const QString &bare)
-{
-    const SerialPlace &place = serialPlaces[static_cast<std::size_t>(family)];
-    bool isNumber = false;
-    const qint64 serial = bare.mid(place.at, place.digits).toLongLong(&isNumber);
-    if (bare.size() != place.size || !isNumber)
-        return std::nullopt;
-    switch (family) {
-    case OtherFamily::Oregon: {
-        constexpr qint64 serials = 10'000;
-        const qint64 aMonth = NumbersOf(family) / 12;
-        return (serial / serials - 1) * aMonth + serial % serials;
-    }
-    case OtherFamily::Idaho: // counted from 1
-        return serial - 1;
-    case OtherFamily::District:
-    case OtherFamily::Bankruptcy:
-        break;
-    }
-    return serial;
-}
-
 /// The first slot whose number has this value: what undoes the stride.
 qint64 slotOfValue(qint64 value, qint64 numbers)
 {
@@ -322,6 +299,29 @@ std::vector<OtherCase> OtherCasesOf(const Population &population, quint32 person
     return cases;
 }
 
+std::optional<qint64> ValueOfNumber(OtherFamily family, const QString &number)
+{
+    const QString bare = BareNumber(number);
+    const SerialPlace &place = serialPlaces[static_cast<std::size_t>(family)];
+    bool isNumber = false;
+    const qint64 serial = bare.mid(place.at, place.digits).toLongLong(&isNumber);
+    if (bare.size() != place.size || !isNumber)
+        return std::nullopt;
+    switch (family) {
+    case OtherFamily::Oregon: {
+        constexpr qint64 serials = 10'000;
+        const qint64 aMonth = NumbersOf(family) / 12;
+        return (serial / serials - 1) * aMonth + serial % serials;
+    }
+    case OtherFamily::Idaho: // counted from 1
+        return serial - 1;
+    case OtherFamily::District:
+    case OtherFamily::Bankruptcy:
+        break;
+    }
+    return serial;
+}
+
 std::vector<OtherParty> PartiesOfOtherCase(const Population &population, OtherFamily family,
                                            const QString &number)
 {
@@ -341,7 +341,7 @@ std::vector<OtherParty> PartiesOfOtherCase(const Population &population, OtherFa
     }
     const auto slots = static_cast<qint64>(population.origin.madeUp / 2) * casesAPair;
     const qint64 numbers = NumbersOf(family);
-    const std::optional<qint64> value = valueOfNumber(family, bare);
+    const std::optional<qint64> value = ValueOfNumber(family, bare);
     if (value && *value >= 0 && *value < numbers) {
         for (qint64 slot = slotOfValue(*value, numbers); slot < slots; slot += numbers) {
             const auto pair = static_cast<quint32>(slot / casesAPair) * 2;

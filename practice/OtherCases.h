@@ -7,6 +7,7 @@
 #include <QDate>
 #include <QString>
 
+#include <optional>
 #include <vector>
 
 namespace Practice {
@@ -42,6 +43,10 @@ int MonthOf(OtherFamily family, int value);
 /// Nobody has a case of the running year, so that a year's days change no number.
 std::vector<OtherCase> OtherCasesOf(const Population &population, quint32 person,
                                     OtherFamily family);
+
+/// The value of a number, with its dashes or without; nullopt when it is not in the form of the
+/// family.
+std::optional<qint64> ValueOfNumber(OtherFamily family, const QString &number);
 
 /// A party of a case, and the part in it.
 struct OtherParty

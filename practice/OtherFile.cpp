@@ -123,6 +123,19 @@ void complete(const TabContext &context, OtherFamily family, OtherFile &found)
     file.title = titleOf(family, kind.title, file.parties);
     file.seed = SeedOfCase(context.people, court.code, one.number);
 }
+
+/// Whoever the list of a name with a meaning tells of.
+std::vector<OtherParty> partiesOfHit(OtherFamily family, const OtherHit &hit)
+{
+    std::vector<OtherParty> parties{{hit.person, hit.courtCase}};
+    const OtherCaseType &type = CaseTypesOf(family)[static_cast<std::size_t>(hit.courtCase.type)];
+    if (!hit.courtCase.otherParty.isEmpty() && type.otherRole != nullptr) {
+        OtherCase other = hit.courtCase;
+        other.role = QString::fromUtf16(type.otherRole);
+        parties.push_back({{hit.courtCase.otherParty, {}, {}, true}, other});
+    }
+    return parties;
+}
 } // namespace
 
 const OtherCourt &CourtOf(OtherFamily family, const OtherCase &courtCase)
@@ -133,7 +146,10 @@ const OtherCourt &CourtOf(OtherFamily family, const OtherCase &courtCase)
 std::optional<OtherFile> FindOtherFile(const TabContext &context, OtherFamily family,
                                        const QString &number)
 {
-    const std::vector<OtherParty> parties = PartiesOfOtherCase(context.people, family, number);
+    std::vector<OtherParty> parties = PartiesOfOtherCase(context.people, family, number);
+    const std::optional<OtherHit> hit = context.lists.FindOther(family, number);
+    if (hit && (parties.empty() || context.lists.AreLatest(CourtFamilyOf(family))))
+        parties = partiesOfHit(family, *hit);
     if (parties.empty())
         return std::nullopt;
     OtherFile found;
@@ -155,7 +171,7 @@ OtherFile ToldOtherFile(const TabTask &task, OtherFamily family)
     one.number = found.file.number;
     one.filed = found.file.filed;
     const OtherCaseType &type = CaseTypesOf(family)[static_cast<std::size_t>(one.type)];
-    one.text = QString::fromUtf16(type.texts.front());
+    one.text = family == OtherFamily::District ? u"CL"_s : QString::fromUtf16(type.texts.front());
     one.role = QString::fromUtf16(type.role);
     one.judgment = true;
     found.file.parties.front().role = one.role;

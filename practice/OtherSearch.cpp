@@ -1,5 +1,6 @@
 #include "practice/OtherSearch.h"
 
+#include "practice/CaseFile.h"
 #include "practice/NameTables.h"
 #include "practice/ToldSearches.h"
 
@@ -21,6 +22,19 @@ bool passes(const OtherSearch &search, const OtherCase &courtCase)
            && (courtCase.judgment || !search.judgmentsOnly)
            && std::binary_search(search.courts.begin(), search.courts.end(), courtCase.court)
            && std::binary_search(search.types.begin(), search.types.end(), courtCase.type);
+}
+
+/// Rows are made up for the years of which the family has cases, whatever else is asked for.
+OtherSearch withinItsYears(OtherSearch search, int thisYear)
+{
+    search.years.from = std::max(search.years.from, FirstYearOf(search.family));
+    search.years.to = std::min(search.years.to, thisYear);
+    return search;
+}
+
+bool letsSomethingThrough(const OtherSearch &search)
+{
+    return !search.courts.empty() && !search.types.empty() && search.years.from <= search.years.to;
 }
 } // namespace
 
@@ -110,16 +124,29 @@ OtherHit MadeUpHit(const OtherSearch &search, qint64 number)
     return hit;
 }
 
+std::optional<OtherHit> FindMadeUpHit(const OtherSearch &asked, int thisYear, const QString &number)
+{
+    const OtherSearch search = withinItsYears(asked, thisYear);
+    const std::optional<qint64> value = ValueOfNumber(search.family, number);
+    if (!value || !letsSomethingThrough(search))
+        return std::nullopt;
+    // The numbers of a year come up again in a very long list.
+    for (qint64 row = *value; row < mostManyRows; row += NumbersOf(search.family)) {
+        const OtherHit hit = MadeUpHit(search, row);
+        if (BareNumber(hit.courtCase.number) == BareNumber(number))
+            return hit;
+    }
+    return std::nullopt;
+}
+
 bool SayOtherTold(const OtherSearch &asked, int thisYear, Reply &reply)
 {
     const ToldName *told = FindToldName(asked.name.last);
     if (told == nullptr)
         return false;
-    OtherSearch search = asked;
-    search.years.from = std::max(search.years.from, FirstYearOf(search.family));
-    search.years.to = std::min(search.years.to, thisYear);
+    const OtherSearch search = withinItsYears(asked, thisYear);
     ToldScene scene{search.name, {}, search.places.value(0, u"the courts"_s)};
-    if (!search.courts.empty() && !search.types.empty() && search.years.from <= search.years.to) {
+    if (letsSomethingThrough(search)) {
         scene.row = [search](qint64 number, const QString &lastField) {
             return search.write(MadeUpHit(search, number), lastField);
         };

@@ -9,6 +9,7 @@
 
 #include <functional>
 #include <optional>
+#include <variant>
 #include <vector>
 
 namespace Practice {
@@ -48,6 +49,9 @@ struct OtherSearch
     OtherRowWriter write;
 };
 
+/// A search, or why it is refused.
+using ParsedSearch = std::variant<OtherSearch, QString>;
+
 /// Takes the courts of a field: all of them for `everywhere`, when there is such a word, else each
 /// that a request can name.
 void TakeCourts(const QString &field, QStringView everywhere, const QString &placeOfAll,
@@ -65,6 +69,10 @@ void SayOrdered(std::vector<OrderedRow> rows, Reply &reply);
 /// A case that is made up on the spot for a name with a meaning, and passes the filters: another
 /// one for each `number`.
 OtherHit MadeUpHit(const OtherSearch &search, qint64 number);
+
+/// The row of a name with a meaning that has this case number; nullopt when none has.
+std::optional<OtherHit> FindMadeUpHit(const OtherSearch &search, int thisYear,
+                                      const QString &number);
 
 /// Says what the search's name means if it has a meaning; false when it has none.
 bool SayOtherTold(const OtherSearch &search, int thisYear, Reply &reply);

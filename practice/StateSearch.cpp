@@ -1,7 +1,5 @@
 #include "practice/StateSearch.h"
 
-#include "practice/OtherSearch.h"
-
 using namespace Qt::StringLiterals;
 
 namespace Practice {
@@ -23,21 +21,19 @@ QString rowText(OtherFamily family, const OtherHit &hit, const QString &lastFiel
 }
 } // namespace
 
-Reply AnswerStateSearch(OtherFamily family, const Population &population, const QStringList &fields,
-                        int thisYear)
+ParsedSearch ParseStateSearch(OtherFamily family, const QStringList &fields, int thisYear)
 {
     if (fields.size() != stateSearchFields)
-        return Refusal(u"Wrong number of fields"_s);
+        return u"Wrong number of fields"_s;
     OtherSearch search;
     search.family = family;
     search.name = ParseName(fields[Last], fields[First], fields[Middle]);
     if (search.name.last.isEmpty())
-        return Refusal(u"No name"_s);
+        return u"No name"_s;
     const auto years = ParseYears(fields[FromYear], fields[ToYear], FirstYearOf(family), thisYear);
     if (!years)
-        return Refusal(u"Not a year"_s);
+        return u"Not a year"_s;
     search.years = *years;
-    search.people = population.Find(search.name);
     TakeCourts(fields[InCourts], everywhere,
                family == OtherFamily::Oregon ? u"all Oregon Courts"_s : u"all Idaho Courts"_s,
                search);
@@ -45,6 +41,17 @@ Reply AnswerStateSearch(OtherFamily family, const Population &population, const 
     search.write = [family](const OtherHit &hit, const QString &lastField) {
         return rowText(family, hit, lastField);
     };
+    return search;
+}
+
+Reply AnswerStateSearch(OtherFamily family, const Population &population, const QStringList &fields,
+                        int thisYear)
+{
+    ParsedSearch parsed = ParseStateSearch(family, fields, thisYear);
+    if (const QString *trouble = std::get_if<QString>(&parsed))
+        return Refusal(*trouble);
+    auto &search = std::get<OtherSearch>(parsed);
+    search.people = population.Find(search.name);
     return AnswerOther(population, search, thisYear);
 }
 } // namespace Practice

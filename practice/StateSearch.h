@@ -1,6 +1,6 @@
 #pragma once
 
-#include "practice/OtherCourts.h"
+#include "practice/OtherSearch.h"
 #include "practice/Population.h"
 #include "practice/Reply.h"
 
@@ -10,6 +10,9 @@ namespace Practice {
 /// What follows "OREGON" or "IDSUP" in a name search: SEARCH, LAST, FIRST, MI, empty, the court or
 /// "*ALL", case codes, from year, to year.
 inline constexpr qsizetype stateSearchFields = 9;
+
+/// Understands such a search, all but whom it means.
+ParsedSearch ParseStateSearch(OtherFamily family, const QStringList &fields, int thisYear);
 
 /// Answers a name search of the courts of Oregon or of Idaho, as AnswerSuperiorSearch() does for
 /// Washington.

@@ -127,6 +127,51 @@ SuperiorRow MadeUpSuperiorRow(const SuperiorQuery &query, qint64 number)
     return row;
 }
 
+std::optional<SuperiorRow> FindMadeUpRow(const SuperiorQuery &query, const CaseNumber &number)
+{
+    if (!LetsSomethingThrough(query) || number.year < query.years.from
+        || number.year > query.years.to || number.serial < 1)
+        return std::nullopt;
+    const auto hasDigit = [&](const CaseType *type) { return type->digit == number.type; };
+    const auto type = std::find_if(query.types.begin(), query.types.end(), hasDigit);
+    if (type == query.types.end())
+        return std::nullopt;
+    // Undoes the sharing out of the rows.
+    const qint64 years = query.years.to - query.years.from + 1;
+    const qint64 turn = (number.serial - 1) * years + number.year - query.years.from;
+    const qint64 row =
+        turn * static_cast<qint64>(query.types.size()) + (type - query.types.begin());
+    SuperiorRow made = MadeUpSuperiorRow(query, row);
+    if (made.courtCase.number != number)
+        return std::nullopt;
+    return made;
+}
+
+std::optional<SuperiorQuery> ParseToldSearch(const QStringList &fields, int thisYear)
+{
+    // Both kinds of search have these in the same places.
+    enum Field : qsizetype {
+        Last = 1,
+        First,
+        Middle,
+        InCounties = 5,
+        Types,
+        FromYear,
+        ToYear,
+        Least
+    };
+    if (fields.size() < Least)
+        return std::nullopt;
+    SuperiorQuery query;
+    query.name = ParseName(fields[Last], fields[First], fields[Middle]);
+    ParseCountiesAndTypes(fields[InCounties], fields[Types], query);
+    const auto years = ParseYears(fields[FromYear], fields[ToYear], firstCaseYear, thisYear);
+    if (!years)
+        return std::nullopt;
+    query.years = {std::max(years->from, firstCaseYear), std::min(years->to, thisYear)};
+    return query;
+}
+
 QString SuperiorLocation(const CaseNumber &number)
 {
     return u"WA Superior Ct %1 County"_s.arg(CountyName(number.county));

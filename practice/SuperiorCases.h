@@ -7,6 +7,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
 #include <vector>
 
 namespace Practice {
@@ -45,6 +46,13 @@ bool LetsSomethingThrough(const SuperiorQuery &query);
 /// Row `number` of a name with a meaning: a case that is made up on the spot and passes the filters
 /// of the query. A filter that lets nothing through must have been looked for before.
 SuperiorRow MadeUpSuperiorRow(const SuperiorQuery &query, qint64 number);
+
+/// The row of such a name that has this number; nullopt when none has.
+std::optional<SuperiorRow> FindMadeUpRow(const SuperiorQuery &query, const CaseNumber &number);
+
+/// What follows the keyword of a search, of the Superior Courts or of their index; nullopt when it
+/// is not well formed. The years are those of which there are cases.
+std::optional<SuperiorQuery> ParseToldSearch(const QStringList &fields, int thisYear);
 
 /// "WA Superior Ct King County": the program finds the county between "Ct " and " County".
 QString SuperiorLocation(const CaseNumber &number);

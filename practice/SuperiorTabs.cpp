@@ -96,6 +96,35 @@ void nameCourt(const Population &people, int county, CaseFile &file)
     file.seed = SeedOfCase(people, file.county, file.number);
 }
 
+/// A case from the list of a name with a meaning.
+Found listedFound(const TabContext &context, const SuperiorRow &row)
+{
+    const CourtCase &courtCase = row.courtCase;
+    Found found;
+    found.county = courtCase.number.county;
+    found.file.number = CaseNumberText(courtCase.number);
+    found.file.cause = courtCase.description;
+    found.file.filed = courtCase.filed;
+    found.file.nature = natureOf(courtCase.number.type);
+    found.file.title = row.title;
+    found.file.parties = {{row.person, row.role}};
+    nameCourt(context.people, found.county, found.file);
+    return found;
+}
+
+std::optional<Found> findIn(const TabContext &context, const CaseNumber &number)
+{
+    const std::optional<quint32> place = context.people.FindCase(number);
+    const std::optional<SuperiorRow> row = context.lists.FindSuperior(number);
+    if (row && (!place || context.lists.AreLatest(CourtFamily::Superior)))
+        return listedFound(context, *row);
+    if (!place)
+        return std::nullopt;
+    Found found{fileOf(context.people, *place), place, number.county};
+    nameCourt(context.people, number.county, found.file);
+    return found;
+}
+
 /// The case of that number in the county, or without a county in the first one where the number can
 /// be.
 std::optional<Found> findCase(const TabContext &context, const TabAsked &asked)
@@ -107,13 +136,9 @@ std::optional<Found> findCase(const TabContext &context, const TabAsked &asked)
     const int last = named.value_or(static_cast<int>(counties.size()));
     for (int county = first; county <= last; ++county) {
         const std::optional<CaseNumber> number = ParseCaseNumber(county, asked.number);
-        const std::optional<quint32> place =
-            number ? context.people.FindCase(*number) : std::nullopt;
-        if (!place)
-            continue;
-        Found found{fileOf(context.people, *place), place, county};
-        nameCourt(context.people, county, found.file);
-        return found;
+        std::optional<Found> found = number ? findIn(context, *number) : std::nullopt;
+        if (found)
+            return found;
     }
     return std::nullopt;
 }
@@ -296,8 +321,8 @@ Reply AnswerSuperiorTab(const TabContext &context, const TabAsked &asked)
         if (found)
             sayTab(task, *found, reply);
         else if (asked.tab == CaseTab::Summary)
-            reply.Say(
-                u"ERROR -- %1 is not a valid case number for this county"_s.arg(asked.number));
+            reply.Say(u"ERROR -- %1 is not a valid case number for %2 County"_s.arg(asked.number,
+                                                                                    asked.court));
     }
     reply.Finish();
     return reply;

@@ -39,7 +39,7 @@ struct ToldName
 inline constexpr std::array<ToldName, 18> toldNames{{
     {u"TOOMANY", ToldSearch::TooManyHits}, // some rows, then "too many hits"
     {u"OVER200", ToldSearch::Over200},     // rows, then the notice of more than 200 results
-    {u"ERRORROW", ToldSearch::ErrorRow},   // rows with an error among them
+    {u"BADROW", ToldSearch::ErrorRow},     // rows with an error among them
     {u"THEREOF", ToldSearch::Thereof},     // a row that ends like an end mark
     {u"STALL", ToldSearch::Stall},         // some rows, then silence
     {u"DROPLINK", ToldSearch::DropLink},   // some rows, then the connection is closed

@@ -12,6 +12,7 @@
 
 #include <QLabel>
 #include <QPushButton>
+#include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
 
@@ -104,6 +105,7 @@ void CaseWindow::TmrSearchOnDemand_Tick()
 
 void CaseWindow::processOnDemandSearchRequests()
 {
+    const auto atEnd = qScopeGuard([this] { withdrawIfGone(); });
     lboxResponses.Clear();
     CaseInvalid = false;
     NotLocated = false;

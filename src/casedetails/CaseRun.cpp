@@ -16,6 +16,7 @@
 
 #include <QLabel>
 #include <QPushButton>
+#include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
 
@@ -26,6 +27,7 @@ constexpr int brokenDown = 911;
 
 void CaseWindow::ProcessSearchRequests()
 {
+    const auto atEnd = qScopeGuard([this] { withdrawIfGone(); });
     lboxResponses.Clear();
     voice->SayState();
     CaseInvalid = false;
@@ -139,10 +141,10 @@ CaseWindow::RunEnd CaseWindow::runTab(CaseTab tab)
 /// The court has given the lines of a bankruptcy case in its Summary.
 void CaseWindow::takeBankruptcyRequest(CaseTab tab)
 {
-    const QString word = CaseTabRowOf(tab).caption.toString().toUpper();
+    const QStringView word = CaseTabRowOf(tab).caption;
     TabOf(tab).TabRequest.clear();
     for (const QString &line : lboxTabReqQueue.Lines()) {
-        if (line.contains(word)) {
+        if (line.contains(word, Qt::CaseInsensitive)) {
             TabOf(tab).TabRequest = line;
             return;
         }
@@ -238,7 +240,7 @@ void CaseWindow::endNormally()
     EndJob();
     showEndStatus();
     printButton->setEnabled(true);
-    TmrFlash->start();
+    startFlash();
     printIfAsked();
 }
 
@@ -288,7 +290,7 @@ void CaseWindow::endInError()
     Global.bSearchInProgress = false;
     HasTurn = false;
     printButton->setEnabled(true);
-    TmrFlash->start();
+    startFlash();
 }
 
 void CaseWindow::EndNotLocated(const QString &status, const QString &captionSuffix)
@@ -297,7 +299,7 @@ void CaseWindow::EndNotLocated(const QString &status, const QString &captionSuff
     releaseOwnTurn();
     EndJob();
     SetStatusText(status);
-    TmrFlash->start();
+    startFlash();
     setWindowTitle(windowTitle() + captionSuffix);
 }
 

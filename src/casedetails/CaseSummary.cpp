@@ -27,6 +27,7 @@ struct CaseWindow::SummaryRead
 {
     QString ErrorText;
     QString TimeOut;        ///< the reason, when the end mark did not come
+    bool Question = false;  ///< the court asks whether arbitration is meant
     bool Warnings = false;  ///< an error that makes the case invalid
     bool NotOnFile = false; ///< the reply ended before its end mark
 };
@@ -100,7 +101,7 @@ bool CaseWindow::takeSummaryLine(const QString &line, const QString &request, Su
     case SummaryLine::Progress:
         break;
     case SummaryLine::UserQuestion:
-        UserQuestion = true;
+        read.Question = true;
         break;
     case SummaryLine::Data:
         lboxResponses.AddItem(TrimBlanks(line));
@@ -125,6 +126,7 @@ void CaseWindow::takeSummaryError(const QString &line, SummaryRead &read)
 /// The court does not go on before it knows; the answer is part of every later request of the case.
 void CaseWindow::askArbitration()
 {
+    UserQuestion = true;
     ArbitrationAnswer = false;
     frmArbPrompt::ShowModal(this);
     ArbitrationAnswer = Global.ArbitrationChosen;
@@ -144,7 +146,7 @@ void CaseWindow::summaryNotOnFile(const QString &request)
 void CaseWindow::evaluateSummary(const QString &request, const SummaryRead &read)
 {
     lblStatus->show();
-    if (UserQuestion) {
+    if (read.Question) {
         askArbitration();
         return;
     }

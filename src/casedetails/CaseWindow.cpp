@@ -28,7 +28,6 @@ using namespace Qt::StringLiterals;
 namespace {
 constexpr JobPace casePace{2000, 500, 900, 700};
 constexpr int searchOnDemandInterval = 900;
-constexpr int flashInterval = 500;
 constexpr double headerScale = 1.2;
 
 constexpr std::array<QStringView, 4> bankruptcyStates{u"WAWBK", u"WAEBK", u"IDBK", u"ORBK"};
@@ -47,7 +46,6 @@ CaseWindow::CaseWindow(CaseKind windowKind, QWidget *parent)
     TmrSearchOnDemand->setObjectName(u"TmrSearchOnDemand"_s);
     TmrSearchOnDemand->setInterval(searchOnDemandInterval);
     TmrFlash->setObjectName(u"TmrFlash"_s);
-    TmrFlash->setInterval(flashInterval);
     connect(TmrSearchOnDemand, &QTimer::timeout, this, &CaseWindow::TmrSearchOnDemand_Tick);
     connect(TmrFlash, &QTimer::timeout, this, &CaseWindow::TmrFlash_Tick);
     Global.bOnDemandPrompt = true;
@@ -313,6 +311,7 @@ void CaseWindow::BeginTick()
     }
     if (TabsPending) {
         SetTabs(TabsOfCase());
+        Archived = lblCaseDetailsHdr().contains(u'*');
         TabsPending = false;
     }
     if (!RequestsBuilt) {
@@ -365,6 +364,13 @@ void CaseWindow::ShowStopped(StopCase stopCase)
     voice->SayState();
 }
 
+/// The run of a window that has gone meanwhile is over.
+void CaseWindow::withdrawIfGone()
+{
+    if (IsUnloaded())
+        WithdrawKey(txtMasterKey);
+}
+
 bool CaseWindow::QueryUnload(UnloadMode mode)
 {
     // A window that never came on the screen has nothing that the user could lose.
@@ -378,7 +384,9 @@ void CaseWindow::Unloading()
     JobWindow::Unloading();
     TmrSearchOnDemand->stop();
     TmrFlash->stop();
-    WithdrawKey(txtMasterKey);
+    // A run keeps its place until its reply has come: the next job would read what is left of it.
+    if (!HasTurn)
+        WithdrawKey(txtMasterKey);
 }
 
 void CaseWindow::showEvent(QShowEvent *event)
@@ -390,6 +398,12 @@ void CaseWindow::showEvent(QShowEvent *event)
 void CaseWindow::printDetails()
 {
     MsgBox(this, u"Printing of case details comes with a later version."_s);
+}
+
+void CaseWindow::startFlash()
+{
+    constexpr int flashInterval = 500;
+    TmrFlash->start(flashInterval);
 }
 
 /// The count is compared with a limit that is never set, so the window does not flash: somebody who

@@ -85,7 +85,7 @@ public:
     bool CloseRequested = false;
 
     QTimer *TmrSearchOnDemand; ///< asks for the turn of a later run
-    QTimer *TmrFlash;          ///< started at the end of a run; stops at its first tick
+    QTimer *TmrFlash;          ///< has no interval before the end of a run; stops at its first tick
 
 protected:
     CaseWindow(CaseKind windowKind, QWidget *parent);
@@ -167,6 +167,7 @@ private:
     bool askOnDemand(CaseTabState &state);
     void printDetails();
     void leaveUnretrieved();
+    void withdrawIfGone();
 
     // The first run
     RunEnd runTabs();
@@ -187,6 +188,7 @@ private:
     void releaseOwnTurn();
     void reportEmptyQueue();
     void printIfAsked();
+    void startFlash();
     void TmrFlash_Tick();
 
     // The exchange of a tab
@@ -231,7 +233,7 @@ private:
     QStringList tabCaptions;
     bool CaseInvalid = false;  ///< the court says that it has no such case
     int FatalError = 0;        ///< 911 once a tab's exchange broke down
-    bool UserQuestion = false; ///< the court asked whether arbitration is meant
+    bool UserQuestion = false; ///< the court asked whether arbitration is meant, and was answered
     bool ArbitrationAnswer = false;
     ArbitrationMode arbitration = ArbitrationMode::NotAsked;
     bool RequestsBuilt = false;

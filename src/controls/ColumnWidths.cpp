@@ -113,8 +113,8 @@ QString ColumnWidths::nameOf(int column) const
 /// The last column takes the room that is left: its width follows from the others'.
 bool ColumnWidths::isStretched(int column) const
 {
-    return view->horizontalHeader()->stretchLastSection()
-           && column + 1 == view->model()->columnCount();
+    const QHeaderView *header = view->horizontalHeader();
+    return header->stretchLastSection() && header->visualIndex(column) + 1 == header->count();
 }
 
 QList<int> ColumnWidths::widths() const

@@ -9,14 +9,25 @@
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QStyle>
 #include <QStyledItemDelegate>
 #include <QToolTip>
+
+#include <algorithm>
+#include <array>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 constexpr int rowPaddingPixels = 6;
+/// For the titles of columns: the first with which each has room.
+constexpr std::array<double, 3> titleScales{smallFontScale, 0.85, 0.8};
 constexpr int leastSeenTwips = 100;
+
+bool isSeen(const ListColumn &column)
+{
+    return column.Width > leastSeenTwips;
+}
 
 /// Shows a cell's whole text when the cell is too narrow for it: as plain text, whatever the server
 /// put there.
@@ -36,7 +47,7 @@ public:
 };
 } // namespace
 
-ResultListView::ResultListView(QWidget *parent) : QTableView(parent), list(this)
+ResultListView::ResultListView(QWidget *parent) : QTableView(parent), list(this), largeFont(font())
 {
     setModel(&list);
     setItemDelegate(new PlainCellDelegate(this));
@@ -76,13 +87,42 @@ void ResultListView::SetColumns(const ListLayout &layout)
 {
     const QList<ListColumn> &columns = layout.Columns;
     list.SetColumns(columns);
-    // A column too narrow to be seen is meant to stay so.
-    horizontalHeader()->setStretchLastSection(columns.isEmpty()
-                                              || columns.last().Width > leastSeenTwips);
+    // The last column takes the room that is left. One too narrow to be seen is meant to stay so:
+    // it stands before the last that can be.
+    const auto last = static_cast<int>(columns.size()) - 1;
+    if (last > 0 && !isSeen(columns[last]))
+        horizontalHeader()->moveSection(last, last - 1);
+    fitTitles(columns);
     QList<int> told;
     for (const ListColumn &column : columns)
         told.append(column.Width);
     tools->Widths()->Begin(layout.Kind, told);
+}
+
+/// Titles are the same for everybody: none of them is cut in its own width.
+void ResultListView::fitTitles(const QList<ListColumn> &columns)
+{
+    const int margins =
+        2 * style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, horizontalHeader());
+    for (const double scale : titleScales) {
+        const QFont titles = SmallerFont(largeFont, scale);
+        horizontalHeader()->setFont(titles);
+        const QFontMetrics metrics(titles);
+        const bool fit = std::all_of(columns.begin(), columns.end(), [&](const ListColumn &column) {
+            return !isSeen(column)
+                   || metrics.horizontalAdvance(column.Header) + margins
+                          <= PixelsFromTwips(column.Width);
+        });
+        if (fit)
+            return;
+    }
+}
+
+void ResultListView::WidenForCell(int row, int column)
+{
+    const int needed = sizeHintForIndex(list.index(row, column)).width();
+    if (needed > columnWidth(column))
+        SetColumnTwips(column, TwipsFromPixels(needed));
 }
 
 void ResultListView::SetColumnTwips(int column, int twips)

@@ -36,6 +36,9 @@ public:
     /// Sets a column's width in twips. One that the user has changed stays as it is.
     void SetColumnTwips(int column, int twips);
 
+    /// Widens a column until this cell is not cut, unless the user has set its width.
+    void WidenForCell(int row, int column);
+
     /// Writes the cells as small as the headers, for columns that are narrow for what they hold.
     void UseSmallText();
 
@@ -66,10 +69,12 @@ protected:
 
 private:
     void connectHeader();
+    void fitTitles(const QList<ListColumn> &columns);
     void showArrow();
     void turnCheckBoxes();
 
     ResultListModel list;
+    QFont largeFont; ///< before anything is written small
     Qt::SortOrder sortOrder = Qt::AscendingOrder;
     int arrowColumn = -1;
     Qt::SortOrder arrowOrder = Qt::AscendingOrder;

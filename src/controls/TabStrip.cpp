@@ -1,15 +1,29 @@
 #include "controls/TabStrip.h"
 
+#include "controls/FormWindow.h"
+
 #include <QKeyEvent>
-#include <QMouseEvent>
 #include <QScopedValueRollback>
+#include <QShortcut>
+#include <QStyle>
+#include <QWheelEvent>
 
 #include <algorithm>
-#include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+constexpr int tabsWithDigit = 9;
+
+/// The window that the strip is in: one of the screen's, or one inside the main window.
+QWidget *windowAround(QWidget *widget)
+{
+    while (widget->parentWidget() && !widget->isWindow() && widget->windowType() != Qt::SubWindow
+           && !qobject_cast<FormWindow *>(widget))
+        widget = widget->parentWidget();
+    return widget;
+}
+
 QString doubled(QString text)
 {
     return text.replace(u'&', u"&&"_s);
@@ -25,6 +39,11 @@ QString tabTextOf(const QString &caption)
 
 TabStrip::TabStrip(QWidget *parent) : QTabBar(parent)
 {
+    setExpanding(false);
+    setElideMode(Qt::ElideNone);
+    setUsesScrollButtons(true);
+    // Whatever selects a tab is the user, be it a mnemonic or a screen reader, unless it is known
+    // to be the program.
     connect(this, &QTabBar::currentChanged, this, [this](int index) {
         if (!quiet && index >= 0)
             Q_EMIT TabClicked(SelectedCaption());
@@ -78,30 +97,114 @@ QString TabStrip::SelectedCaption() const
     return tabData(currentIndex()).toString();
 }
 
-void TabStrip::mousePressEvent(QMouseEvent *event)
+void TabStrip::showEvent(QShowEvent *event)
 {
-    const int tab = tabAt(event->position().toPoint());
-    pressedAgain = event->button() == Qt::LeftButton && tab == currentIndex() ? tab : -1;
-    QTabBar::mousePressEvent(event);
+    QTabBar::showEvent(event);
+    // Not before: only now it is surely known what window this is.
+    listenForKeys();
 }
 
-void TabStrip::mouseReleaseEvent(QMouseEvent *event)
+void TabStrip::listenForKeys()
 {
-    QTabBar::mouseReleaseEvent(event);
-    const int tab = std::exchange(pressedAgain, -1);
-    if (tab >= 0 && tab == currentIndex() && tab == tabAt(event->position().toPoint()))
+    QWidget *window = windowAround(this);
+    if (window == listeningIn)
+        return;
+    shortcuts.clear();
+    listeningIn = window;
+    const auto listen = [this, window](const QKeySequence &keys, const auto &action) {
+        auto *shortcut = new QShortcut(keys, window);
+        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+        connect(shortcut, &QShortcut::activated, this, action);
+        shortcuts.add(shortcut);
+    };
+    listen(Qt::CTRL | Qt::Key_Tab, [this] { step(1); });
+    listen(Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, [this] { step(-1); });
+    for (int digit = 1; digit <= tabsWithDigit; ++digit)
+        listen(QKeySequence(u"Ctrl+"_s + QString::number(digit)),
+               [this, digit] { choose(digit - 1); });
+}
+
+/// Behind the last tab comes the first.
+void TabStrip::step(int by)
+{
+    if (count() > 1)
+        choose((currentIndex() + by + count()) % count());
+}
+
+/// As a click on the tab does.
+void TabStrip::choose(int index)
+{
+    if (index >= count())
+        return;
+    {
+        const QScopedValueRollback later(quiet, true);
+        setCurrentIndex(index);
+    }
+    tellClickOn(index);
+}
+
+void TabStrip::tellClickOn(int index)
+{
+    if (index >= 0 && index == currentIndex())
         Q_EMIT TabClicked(SelectedCaption());
 }
 
 void TabStrip::keyPressEvent(QKeyEvent *event)
 {
-    const int key = event->key();
-    const bool chooses = key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter;
-    if (!chooses || event->modifiers() & ~Qt::KeypadModifier || currentIndex() < 0) {
-        QTabBar::keyPressEvent(event);
+    switch (event->key()) {
+    case Qt::Key_Home:
+        choose(0);
+        break;
+    case Qt::Key_End:
+        choose(count() - 1);
+        break;
+    case Qt::Key_Space:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        choose(currentIndex());
+        break;
+    default: {
+        const int before = currentIndex();
+        {
+            const QScopedValueRollback later(quiet, true);
+            QTabBar::keyPressEvent(event);
+        }
+        if (currentIndex() != before)
+            tellClickOn(currentIndex());
         return;
     }
-    // A key that is held chooses once.
-    if (!event->isAutoRepeat())
-        Q_EMIT TabClicked(SelectedCaption());
+    }
+    event->accept();
+}
+
+/// The click is told when the tab bar has done its part: who hears of it may open a box, or close
+/// the window.
+void TabStrip::mousePressEvent(QMouseEvent *event)
+{
+    {
+        const QScopedValueRollback later(quiet, true);
+        QTabBar::mousePressEvent(event);
+    }
+    pressed = event->button() == Qt::LeftButton ? tabAt(event->position().toPoint()) : -1;
+    if (style()->styleHint(QStyle::SH_TabBar_SelectMouseType, nullptr, this)
+        == QEvent::MouseButtonPress)
+        tellClickOn(std::exchange(pressed, -1));
+}
+
+void TabStrip::mouseReleaseEvent(QMouseEvent *event)
+{
+    {
+        const QScopedValueRollback later(quiet, true);
+        QTabBar::mouseReleaseEvent(event);
+    }
+    const int released = tabAt(event->position().toPoint());
+    if (std::exchange(pressed, -1) == released)
+        tellClickOn(released);
+}
+
+/// A turn of the wheel over the strip would go through tabs that nobody asked for, and each may ask
+/// a question.
+void TabStrip::wheelEvent(QWheelEvent *event)
+{
+    event->ignore();
 }

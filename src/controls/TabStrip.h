@@ -1,10 +1,15 @@
 #pragma once
 
+#include <QObjectCleanupHandler>
+#include <QPointer>
 #include <QStringList>
 #include <QTabBar>
 
 /// The tabs of a case. What the user does to them is told by TabClicked; what the program does to
 /// them is not.
+///
+/// Ctrl+Tab and Ctrl+Shift+Tab go to the next and the previous tab, Ctrl+1 to Ctrl+9 to the first
+/// nine, wherever in its window the focus is.
 class TabStrip : public QTabBar
 {
     Q_OBJECT
@@ -24,17 +29,25 @@ public:
     /// Empty without tabs.
     QString SelectedCaption() const;
 
-protected:
-    // The selected tab can be chosen again, by a click or with Enter or the space bar.
-    void mousePressEvent(QMouseEvent *event) override;
-    void mouseReleaseEvent(QMouseEvent *event) override;
-    void keyPressEvent(QKeyEvent *event) override;
-
 Q_SIGNALS:
     /// The user chose a tab, by mouse or key; perhaps the one that is selected.
     void TabClicked(const QString &caption);
 
+protected:
+    void showEvent(QShowEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+
 private:
-    bool quiet = false;    ///< what changes now is not the user's doing
-    int pressedAgain = -1; ///< the selected tab, while the button is down on it
+    void listenForKeys();
+    void step(int by);
+    void choose(int index);
+    void tellClickOn(int index);
+
+    bool quiet = false; ///< what changes now is not the user's doing, or is told later
+    int pressed = -1;
+    QObjectCleanupHandler shortcuts;
+    QPointer<QWidget> listeningIn;
 };

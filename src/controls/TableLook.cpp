@@ -4,10 +4,6 @@
 #include <QHeaderView>
 #include <QTableView>
 
-namespace {
-constexpr double smallFontScale = 0.9;
-} // namespace
-
 void SetTableLook(QTableView *table)
 {
     table->setSelectionBehavior(QAbstractItemView::SelectRows);
@@ -26,8 +22,8 @@ void SetTableLook(QTableView *table)
     header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
 }
 
-QFont SmallerFont(QFont font)
+QFont SmallerFont(QFont font, double scale)
 {
-    font.setPointSizeF(QFontInfo(font).pointSizeF() * smallFontScale);
+    font.setPointSizeF(QFontInfo(font).pointSizeF() * scale);
     return font;
 }

@@ -8,5 +8,8 @@ class QTableView;
 /// alternate, headers are a little smaller.
 void SetTableLook(QTableView *table);
 
+/// What the titles of columns are scaled by.
+constexpr double smallFontScale = 0.9;
+
 /// A font for what is to take little room.
-QFont SmallerFont(QFont font);
+QFont SmallerFont(QFont font, double scale = smallFontScale);

@@ -16,12 +16,13 @@ using namespace Qt::StringLiterals;
 namespace {
 constexpr qint64 rotationBytes = 1'024'000;
 
-/// The present date and time, in the form of the system's locale.
-const QString &generalDate()
+/// The present date and time, in the form of the system's locale, and what stands behind it, as
+/// bytes of the log.
+const QByteArray &headOfEntry()
 {
     // A busy search logs thousands of lines a second: each second is formatted once.
     static qint64 formattedSecond = -1;
-    static QString formatted;
+    static QByteArray formatted;
     const qint64 second = Clock::Current().EpochSeconds();
     if (second == formattedSecond)
         return formatted;
@@ -30,8 +31,8 @@ const QString &generalDate()
     static const QString timeFormat = locale.timeFormat(QLocale::LongFormat).remove(u't').trimmed();
     const QDateTime moment = Clock::Current().Now();
     formattedSecond = second;
-    formatted = locale.toString(moment.date(), QLocale::ShortFormat) + u' '
-                + locale.toString(moment.time(), timeFormat);
+    formatted = ToWindows1252(QString(locale.toString(moment.date(), QLocale::ShortFormat) + u' '
+                                      + locale.toString(moment.time(), timeFormat) + u" -- "_s));
     return formatted;
 }
 
@@ -47,8 +48,7 @@ void WriteAppInfo(const QString &message)
     try {
         // Not through the case-blind look-up: the file is written for every token of a result.
         const QString path = AppFolder() + u"/AppInfo.txt"_s;
-        const QString entry = generalDate() + u" -- "_s + message + u"\r\n"_s;
-        const QByteArray bytes = ToWindows1252(entry);
+        const QByteArray bytes = headOfEntry() + ToWindows1252(message) + "\r\n";
         // The size is looked at before the writing, so that the file may exceed it by one entry.
         if (AppendOwnerOnly(path, bytes, rotationBytes) == AppendResult::TooLarge) {
             rotate(path);

@@ -34,6 +34,11 @@ QChar AnsiCharacter(quint8 code)
 
 QByteArray ToWindows1252(QStringView text)
 {
+    const bool allSame = std::none_of(text.begin(), text.end(), [](QChar c) {
+        return c.unicode() > 0xFF || (c.unicode() >= firstMapped && c.unicode() <= lastMapped);
+    });
+    if (allSame)
+        return text.toLatin1();
     QByteArray bytes(text.size(), Qt::Uninitialized);
     // Written in place: the log of a busy search encodes megabytes.
     char *next = bytes.data();

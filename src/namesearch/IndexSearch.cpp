@@ -5,33 +5,36 @@
 #include "core/Log.h"
 #include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
+#include "namesearch/Replies.h"
 #include "namesearch/ServerMessages.h"
 #include "namesearch/frmNameSearchResults.h"
 #include "ui_frmNameSearchResults.h"
 
 using namespace Qt::StringLiterals;
 
-/// The order of these tests is meant. An error by itself does not end the search: the end mark
+/// An error by itself does not end the search: the end mark
 /// behind it completes the search as if nothing had happened, and the error's own words are shown
 /// only when a warning comes between the two.
 NameResultsWindow::ReplyEffect frmNameSearchResults::takeIndexReply(const QString &reply)
 {
-    if (reply.startsWith(u"SEARCHING", Qt::CaseInsensitive))
-        return {};
-    if (reply == u"EOF~" || reply == u"EOF~|")
+    switch (ClassifyIndexReply(reply)) {
+    case IndexReplyKind::Progress:
+        break;
+    case IndexReplyKind::EndOfSearch:
         return {.EndsSearch = SearchOutcome::Completed};
-    if (reply.startsWith(u"ERROR~")) {
+    case IndexReplyKind::Error:
         ServerErrorSeen = true;
         ServerErrorText = TrimBlanks(reply);
-        return {};
-    }
-    if (reply.startsWith(u"WARNING~")) {
+        break;
+    case IndexReplyKind::Warning:
         ServerWarningSeen = true;
         ServerWarningText = TrimBlanks(reply);
         WriteAppInfo(u"Error or Warning Message Received During Index Search: "_s + reply);
         return {.EndsSearch = SearchOutcome::ServerMessage};
+    case IndexReplyKind::Row:
+        AddResultRow(TrimBlanks(reply));
+        break;
     }
-    AddResultRow(TrimBlanks(reply));
     return {};
 }
 

@@ -3,15 +3,14 @@
 #include "casedetails/frmCaseDetails.h"
 #include "casedetails/frmCivilCaseDetails.h"
 #include "casedetails/frmNCCaseDetails.h"
-#include "controls/MsgBox.h"
 #include "controls/ResultListView.h"
 #include "core/GlobalState.h"
 #include "core/Log.h"
 #include "namesearch/CaseFromRow.h"
 #include "namesearch/NameResultsWindow.h"
 #include "namesearch/SortKeys.h"
+#include "session/LoginOffer.h"
 #include "session/NewWindow.h"
-#include "session/frmLogin.h"
 
 #include <QPushButton>
 
@@ -132,14 +131,8 @@ void NameResultsWindow::chooseRow(int row)
         return;
     const RunScope scope(this);
     if (!Global.bLoggedIn) {
-        const MsgAnswer answer =
-            MsgBox(this,
-                   u"This Search Cannot be Started!\r\nThis is because you are not currently "
-                   "Logged-In to the Halvane Server.\r\n\r\nDo you want to Login Now?"_s,
-                   u"Cannot Perform Search! Not Logged In to Halvane"_s, MsgButtons::YesNo,
-                   MsgIcon::Exclamation);
-        if (answer == MsgAnswer::Yes)
-            frmLogin::ShowForm(frmMain::Form());
+        if (OfferLogin(this))
+            ShowLogin();
         return;
     }
     OpenCaseFromRow(row);
@@ -155,6 +148,8 @@ void NameResultsWindow::OpenCaseFromRow(int row)
     const CaseFromRow fields = CaseOf(cells);
     const int number = 1;
     listview1->List()->SetCell(row, number, MarkedAsOpened(cells.at(number)));
+    // A number is what a case is known by: its mark must not push the end of it out of sight.
+    listview1->WidenForCell(row, number);
     for (const FormRow &one : forms) {
         if (one.form == fields.Form)
             one.open(fields, ClientAcctgCode);

@@ -67,7 +67,8 @@ SearchOutcome NameResultsWindow::runRequests()
         if (!sendLine(i))
             return SearchOutcome::ConnectionLost;
         const QString line = lboxQueue.List(i);
-        countyOfRequest = CountyOfRequest(line);
+        // A line without a county leaves that of the line before.
+        countyOfRequest = CountyOfRequest(line).value_or(countyOfRequest);
         tooManyHits = false;
         if (const std::optional<SearchOutcome> early = readReplies())
             return *early;

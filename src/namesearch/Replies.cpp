@@ -36,6 +36,19 @@ ReplyKind ClassifyReply(const QString &reply, const ReplyRules &rules)
     return ReplyKind::Row;
 }
 
+IndexReplyKind ClassifyIndexReply(const QString &reply)
+{
+    if (reply.startsWith(u"SEARCHING", Qt::CaseInsensitive))
+        return IndexReplyKind::Progress;
+    if (reply == u"EOF~" || reply == u"EOF~|")
+        return IndexReplyKind::EndOfSearch;
+    if (reply.startsWith(u"ERROR~"))
+        return IndexReplyKind::Error;
+    if (reply.startsWith(u"WARNING~"))
+        return IndexReplyKind::Warning;
+    return IndexReplyKind::Row;
+}
+
 QString ProgressText(const QString &reply, bool asItIs)
 {
     if (reply.size() < shortestProgress)

@@ -29,6 +29,19 @@ struct ReplyRules
 /// Which of these a reply is, blind to case but for the word "ERROR" at its beginning.
 ReplyKind ClassifyReply(const QString &reply, const ReplyRules &rules = {});
 
+/// What a reply in the stream of an index search is.
+enum class IndexReplyKind {
+    Progress,
+    EndOfSearch, ///< of the page, and of the whole search with it
+    Error,       ///< kept; the reply goes on
+    Warning,     ///< ends the search
+    Row
+};
+
+/// Which of these a reply is. The end mark is the whole reply, unlike that of the other searches,
+/// and the words stand in capitals; only progress is told in any case.
+IndexReplyKind ClassifyIndexReply(const QString &reply);
+
 /// What a progress reply shows, or "" when it is too short to show anything. `asItIs` leaves each
 /// "~" as it stands; otherwise it becomes a blank.
 QString ProgressText(const QString &reply, bool asItIs = false);

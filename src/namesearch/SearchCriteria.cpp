@@ -127,8 +127,10 @@ SearchCriteria DiscisCriteria(const QString &requestLine, const QString &courtCo
     return criteria;
 }
 
-QString CountyOfRequest(const QString &requestLine)
+std::optional<QString> CountyOfRequest(const QString &requestLine)
 {
-    QString county = requestLine.split(fieldBar).value(countyField);
-    return TrimBlanks(county.remove(u','));
+    const QStringList fields = requestLine.split(fieldBar);
+    if (fields.size() <= countyField)
+        return std::nullopt;
+    return TrimBlanks(QString(fields[countyField]).remove(u','));
 }

@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <optional>
+
 /// What a request line says of its search, in the words that the window shows.
 struct SearchCriteria
 {
@@ -31,5 +33,6 @@ bool KeepsGivenCriteria(const QString &state);
 /// 9 when the line has too few fields.
 SearchCriteria DiscisCriteria(const QString &requestLine, const QString &courtCounty);
 
-/// The county of a request line: field 6, trimmed and without its commas; "" when there is none.
-QString CountyOfRequest(const QString &requestLine);
+/// The county of a request line: field 6, trimmed and without its commas; nothing when the line has
+/// no such field.
+std::optional<QString> CountyOfRequest(const QString &requestLine);

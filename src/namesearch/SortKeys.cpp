@@ -26,6 +26,7 @@ constexpr std::array<SortColumn, 5> sortColumns{{
 }};
 
 constexpr qsizetype zerosEitherSide = 30;
+constexpr qsizetype digitsOfAGroup = 3;
 constexpr int noonHour = 12;
 constexpr int hoursOfHalfADay = 12;
 
@@ -120,12 +121,33 @@ void appendPadded(QString &text, int number, int digits)
     text.append(characters, digits);
 }
 
-/// A number without a sign: digits, with one point among them or not.
-bool isNumber(QStringView text)
+/// The digits of a number without a sign, with one point among them or not, and with its thousands
+/// set apart by commas or not: "1,234.5" gives "1234.5". Nothing for any other text.
+std::optional<QString> digitsOf(QStringView text)
 {
-    const qsizetype digits = std::count_if(text.begin(), text.end(), isDigit);
-    return digits > 0
-           && (digits == text.size() || (digits == text.size() - 1 && text.contains(u'.')));
+    QString digits;
+    digits.reserve(text.size());
+    qsizetype ofThisGroup = 0;
+    bool grouped = false;
+    bool pointSeen = false;
+    const auto groupIsWhole = [&] { return !grouped || ofThisGroup == digitsOfAGroup; };
+    for (const QChar c : text) {
+        if (isDigit(c)) {
+            digits.append(c);
+            ++ofThisGroup;
+        } else if (c == u',' && !pointSeen && groupIsWhole() && ofThisGroup > 0
+                   && ofThisGroup <= digitsOfAGroup) {
+            grouped = true;
+            ofThisGroup = 0;
+        } else if (c == u'.' && !pointSeen && groupIsWhole()) {
+            digits.append(c);
+            pointSeen = true;
+        } else {
+            return std::nullopt;
+        }
+    }
+    const bool anyDigit = digits.size() > (pointSeen ? 1 : 0);
+    return anyDigit && (pointSeen || groupIsWhole()) ? std::optional(digits) : std::nullopt;
 }
 
 QString fillUp(QStringView number)
@@ -189,14 +211,18 @@ QString CaseNumberSortText(const QString &cell)
     if (text.startsWith(u'0'))
         text.prepend(u'1');
     const QString trimmed = TrimBlanks(text);
-    if (isNumber(trimmed))
-        return fillUp(trimmed);
-    const bool bracketed = trimmed.startsWith(u'(') && trimmed.endsWith(u')');
-    const QString value = bracketed ? trimmed.sliced(1).chopped(1) : QString();
-    if (!isNumber(value))
+    const bool bracketed = trimmed.size() > 1 && trimmed.startsWith(u'(') && trimmed.endsWith(u')');
+    QStringView value = trimmed;
+    if (bracketed)
+        value = value.sliced(1).chopped(1);
+    else if (value.startsWith(u'+'))
+        value = value.sliced(1);
+    const std::optional<QString> number = digitsOf(value);
+    if (!number)
         return text;
     // Nothing is less than zero by being in brackets.
-    return isZero(value) ? fillUp(value) : QString(u'&' + InvertDigits(fillUp(value)));
+    const bool negative = bracketed && !isZero(*number);
+    return negative ? QString(u'&' + InvertDigits(fillUp(*number))) : fillUp(*number);
 }
 
 QString InvertDigits(QString text)

@@ -17,8 +17,9 @@ SortAs SortAsOf(QStringView header);
 QString DateSortText(const QString &cell);
 
 /// A case number without its marks and hyphens; a number is filled up with zeros, a negative one
-/// (in brackets) behind "&" and with its digits inverted, so that it comes before the others. Years
-/// from 2000 on, which begin with "0", come after those before. Any other text stays.
+/// (in brackets) behind "&" and with its digits inverted, so that it comes before the others. A
+/// number may have a "+" in front and commas between its thousands. Years from 2000 on, which begin
+/// with "0", come after those before. Any other text stays.
 QString CaseNumberSortText(const QString &cell);
 
 /// Each digit d as 9 minus d, and each "-" as a blank: the text order of negative numbers becomes

@@ -146,6 +146,8 @@ void frmDiscisNCNameResults::RetrieveCheckedNames()
     showCaseColumnsAgain();
     allowRetrieval(false);
     SortColumnName = FirstSortColumn();
+    // As after load: the cases that come now stand below those that were sorted.
+    ShowHeaderIcon(0, Qt::AscendingOrder, true);
     StopRequested = false;
     Global.bUserStoppedSearch = false;
     SearchIncomplete = false;

@@ -13,11 +13,10 @@ namespace {
 enum ResultButton { CaseDetails, CloseResults, PrintResults, CreateSearch, GetNext, Email, Save };
 } // namespace
 
-frmNameSearchResults::frmNameSearchResults(const QString &state, bool indexSearch, bool bankruptcy,
-                                           QWidget *parent)
+frmNameSearchResults::frmNameSearchResults(const QString &state, bool indexSearch, QWidget *parent)
     : NameResultsWindow(ResultsWindow::Name, parent), chkIndexSearch(indexSearch),
       ui(std::make_unique<Ui::frmNameSearchResults>()),
-      kind(ResultKindOf(state, indexSearch, bankruptcy || Global.BkFormLoading))
+      kind(ResultKindOf(state, indexSearch, Global.BkFormLoading))
 {
     lblState = state;
     ui->setupUi(this);
@@ -32,6 +31,9 @@ frmNameSearchResults::frmNameSearchResults(const QString &state, bool indexSearc
     showPageButton(false);
     connect(cmdSearchResults[GetNext], &QPushButton::clicked, this,
             &frmNameSearchResults::cmdGetNext_Click);
+    // Its eight columns have too little room otherwise.
+    if (kind == ResultKind::Index)
+        ui->listview1->UseSmallText();
     UseControls(*ui);
 }
 

@@ -17,10 +17,10 @@ class frmNameSearchResults : public NameResultsWindow
 {
     Q_OBJECT
 public:
-    /// `state` is what lblState will hold; it decides the columns, with the other two. A window
+    /// `state` is what lblState will hold; it decides the columns, with `indexSearch`. A window
     /// that is made while Global.BkFormLoading is set is a bankruptcy window, too.
     explicit frmNameSearchResults(const QString &state, bool indexSearch = false,
-                                  bool bankruptcy = false, QWidget *parent = nullptr);
+                                  QWidget *parent = nullptr);
     ~frmNameSearchResults() override;
 
     void InitListView() override;
@@ -41,6 +41,9 @@ public:
     bool ORchkboxJGMcasetype = false; ///< only cases with judgments were asked for
 
     qint16 SearchRunCount = 1; ///< plus 1 for each further page
+    // The rows of the next page of an index search, counted from 1; 0 as long as none was offered
+    qint16 NextLowerLimit = 0;
+    qint16 NextUpperLimit = 0;
 
 protected:
     ReplyEffect TakeReply(const QString &reply) override;
@@ -65,7 +68,4 @@ private:
     QString ServerErrorText;
     bool ServerWarningSeen = false;
     QString ServerWarningText;
-    // The next page of an index search
-    qint16 NextLowerLimit = 0;
-    qint16 NextUpperLimit = 0;
 };

@@ -26,8 +26,6 @@ QWidget *shownLogin()
 }
 
 /// Who the practice court has whatever its seed.
-const QStringList smith{u"type txtSearchName_0 Smith"_s, u"type txtSearchName_1 John"_s,
-                        u"type txtSearchName_2 q"_s};
 const QStringList acme{u"click optSearchType_1"_s, u"type txtSearchName_0 Acme Plumbing Inc"_s};
 const QStringList federal{u"click optState_2"_s, u"click chkBKcourt_2"_s};
 const QStringList discis{u"click optCourtSelection_1"_s};
@@ -49,16 +47,17 @@ QStringList types(const QStringList &words)
 } // namespace
 
 /// Every family of courts, from the search form to the last row, against the practice court.
-class tst_AllFamilies : public QObject
+class tst_AllFamilies : public EntryTest
 {
     Q_OBJECT
 private Q_SLOTS:
     void initTestCase();
-    void init();
-    void cleanup();
+    void init() override;
 
     void aSearchCompletes_data();
     void aSearchCompletes();
+    void anErrorAmongTheRowsLeavesTheRows_data();
+    void anErrorAmongTheRowsLeavesTheRows();
     void severalWindowsTakeTheirTurns();
     void aCompulsoryCodeGoesAlong();
     void everyCountyOfTheStateIsAsked();
@@ -67,7 +66,6 @@ private:
     bool logIn(const QString &user);
 
     PracticeCourt court;
-    std::unique_ptr<EntryDesk> desk;
 };
 
 void tst_AllFamilies::initTestCase()
@@ -77,17 +75,10 @@ void tst_AllFamilies::initTestCase()
 
 void tst_AllFamilies::init()
 {
-    desk = std::make_unique<EntryDesk>();
+    EntryTest::init();
     PointSessionAt(court.Port());
     LoadAppOptions();
     Global.bLoggedIn = false;
-}
-
-void tst_AllFamilies::cleanup()
-{
-    const QString complaints = desk->Complaints();
-    desk.reset();
-    QCOMPARE(complaints, QString());
 }
 
 bool tst_AllFamilies::logIn(const QString &user)
@@ -114,40 +105,40 @@ void tst_AllFamilies::aSearchCompletes_data()
     const QString two = u"Search Complete: 2 Cases Retrieved."_s;
     const QStringList bankrupt{u"99-20077"_s};
     const QStringList civilAndCriminal = types({u"Civil"_s, u"Criminal"_s});
-    QTest::newRow("Superior") << smith + county(u"King"_s) + civilAndCriminal
+    QTest::newRow("Superior") << smithJohnQ + county(u"King"_s) + civilAndCriminal
                               << QStringList{u"94-1-00042-1"_s, u"98-2-00017-7"_s} << two;
-    QTest::newRow("Index") << QStringList{u"click chkUseIndex"_s} + smith + county(u"Adams"_s)
+    QTest::newRow("Index") << QStringList{u"click chkUseIndex"_s} + smithJohnQ + county(u"Adams"_s)
                                   + county(u"King"_s) + types({u"Criminal"_s, u"Judgment"_s})
                            << QStringList{u"94-1-00042-1"_s, u"*96-9-00005-9"_s} << two;
     QTest::newRow("Oregon, a county")
-        << QStringList{u"click optState_0"_s} + smith + county(u"Multnomah"_s)
+        << QStringList{u"click optState_0"_s} + smithJohnQ + county(u"Multnomah"_s)
                + types({u"Civil"_s, u"Domestic"_s})
                + QStringList{u"click optSearchYears_1"_s, u"choose cboxSearchStartYear 1990"_s,
                              u"choose cboxSearchEndYear 2008"_s}
         << QStringList{u"DO99120007"_s, u"CV08060677"_s} << two;
     QTest::newRow("Oregon, statewide, with judgments")
-        << QStringList{u"click optState_0"_s, u"click optSearchWhere_2"_s} + smith
+        << QStringList{u"click optState_0"_s, u"click optSearchWhere_2"_s} + smithJohnQ
                + types({u"Civil"_s, u"Small Claims"_s}) + QStringList{u"click optORjgmtsONLY"_s}
         << QStringList{u"SC97030044"_s} << one;
     QTest::newRow("Idaho") << QStringList{u"click optState_3"_s, u"click optSearchWhere_2"_s}
-                                  + smith + civilAndCriminal
+                                  + smithJohnQ + civilAndCriminal
                            << QStringList{u"CR-1998-0002546-IN"_s, u"CV-2004-0000711-OC"_s} << two;
     QTest::newRow("District, civil")
-        << discis + smith + seattle << QStringList{u"5KS000123"_s} << one;
+        << discis + smithJohnQ + seattle << QStringList{u"5KS000123"_s} << one;
     QTest::newRow("District, non-civil")
-        << discis + QStringList{u"click optDiscisSearch_1"_s} + smith + seattle
+        << discis + QStringList{u"click optDiscisSearch_1"_s} + smithJohnQ + seattle
         << QStringList{u"3YH809020"_s} << u"Search Complete:    1 Case Retrieved."_s;
     QTest::newRow("District, statewide")
-        << discis + QStringList{u"click optDiscisSearch_1"_s} + smith
+        << discis + QStringList{u"click optDiscisSearch_1"_s} + smithJohnQ
                + QStringList{u"choose cboxCountyList -- ALL COUNTIES/STATEWIDE --"_s}
         << QStringList{u"94-1-00042-1"_s, u"1TA004410"_s, u"3YH809020"_s}
         << u"Search Complete:    3 Cases Retrieved."_s;
     QTest::newRow("District, defendants with addresses")
-        << discis + QStringList{u"click optDiscisSearch_1"_s} + smith
+        << discis + QStringList{u"click optDiscisSearch_1"_s} + smithJohnQ
                + QStringList{u"choose cboxCountyList -- SHOW ADDRESS/DEFS ONLY --"_s}
         << QStringList{u"94-1-00042-1"_s, u"1TA004410"_s, u"3YH809020"_s}
         << u"Search Complete:    3 Cases Retrieved."_s;
-    QTest::newRow("Bankruptcy, a person") << federal + smith << bankrupt << one;
+    QTest::newRow("Bankruptcy, a person") << federal + smithJohnQ << bankrupt << one;
     QTest::newRow("Bankruptcy, a business") << federal + acme << bankrupt << one;
     QTest::newRow("Bankruptcy, a tax identifier")
         << federal + QStringList{u"click optSearchType_3"_s, u"type txtSearchName_0 00-0000001"_s}
@@ -177,10 +168,34 @@ void tst_AllFamilies::aSearchCompletes()
     QVERIFY(!Global.bSearchInProgress);
 }
 
+void tst_AllFamilies::anErrorAmongTheRowsLeavesTheRows_data()
+{
+    QTest::addColumn<QStringList>("steps");
+    const QStringList badRow{u"type txtSearchName_0 Badrow"_s};
+    QTest::newRow("Superior") << badRow + county(u"King"_s) + types({u"Civil"_s});
+    QTest::newRow("Idaho") << QStringList{u"click optState_3"_s, u"click optSearchWhere_2"_s}
+                                  + badRow + types({u"Civil"_s});
+    QTest::newRow("District, civil") << discis + badRow + seattle;
+    QTest::newRow("Bankruptcy") << federal + badRow;
+}
+
+void tst_AllFamilies::anErrorAmongTheRowsLeavesTheRows()
+{
+    QFETCH(QStringList, steps);
+    QVERIFY(logIn(u"quiet"_s));
+    desk->Do(steps);
+    auto *window = desk->StartOne<NameResultsWindow>();
+    QVERIFY(window);
+    window->Timer1->start(1);
+    QVERIFY(desk->Desk.Finish(window));
+    QCOMPARE(TextOf(window, "lblStatus"), u"Search Incomplete!"_s);
+    QCOMPARE(RowsOf(window).size(), 6);
+}
+
 void tst_AllFamilies::severalWindowsTakeTheirTurns()
 {
     QVERIFY(logIn(u"quiet"_s));
-    desk->Do(QStringList{u"click optState_2"_s, u"click cmdSelBk_0"_s} + smith);
+    desk->Do(QStringList{u"click optState_2"_s, u"click cmdSelBk_0"_s} + smithJohnQ);
     const QList<JobWindow *> windows = desk->Start();
     QCOMPARE(windows.size(), 4);
     for (JobWindow *window : windows)
@@ -201,7 +216,7 @@ void tst_AllFamilies::aCompulsoryCodeGoesAlong()
 {
     QVERIFY(logIn(u"acctg"_s));
     QVERIFY(Global.bClientAcctgOpt);
-    desk->Do(smith + county(u"King"_s) + types({u"Civil"_s, u"Criminal"_s}));
+    desk->Do(smithJohnQ + county(u"King"_s) + types({u"Civil"_s, u"Criminal"_s}));
     desk->ExpectCode(u"abc"_s);
     auto *window = desk->StartOne<NameResultsWindow>();
     QVERIFY(window);
@@ -213,7 +228,7 @@ void tst_AllFamilies::aCompulsoryCodeGoesAlong()
 void tst_AllFamilies::everyCountyOfTheStateIsAsked()
 {
     QVERIFY(logIn(u"quiet"_s));
-    desk->Do(smith + QStringList{u"click optSearchWhere_2"_s} + types({u"Civil"_s}));
+    desk->Do(smithJohnQ + QStringList{u"click optSearchWhere_2"_s} + types({u"Civil"_s}));
     auto *window = desk->StartOne<NameResultsWindow>();
     QVERIFY(window);
     QCOMPARE(window->lboxQueue.ListCount(), 39);

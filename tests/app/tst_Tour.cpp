@@ -2,6 +2,7 @@
 #include <QElapsedTimer>
 #include <QImage>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -39,9 +40,10 @@ void tst_Tour::theTourShowsWhatItMust()
     for (const QString &name :
          {u"connect"_s, u"login"_s, u"form-district"_s, u"form-oregon"_s, u"form-idaho"_s,
           u"form-bankruptcy"_s, u"form-number"_s, u"form-batch"_s, u"search-form"_s, u"results"_s,
-          u"-case-summary"_s, u"-case-on-demand"_s, u"-case-docket"_s, u"-case-documents"_s,
+          u"case-summary"_s, u"case-on-demand"_s, u"case-docket"_s, u"case-documents"_s,
           u"civil-case-judgments"_s, u"non-civil-case-violations"_s}) {
-        const QStringList found = pictures.filter(name);
+        const QStringList found =
+            pictures.filter(QRegularExpression(u"^\\d+-"_s + name + u"\\.png$"_s));
         QVERIFY2(found.size() == 1, qPrintable(name));
         const QImage picture(output.filePath(found.first()));
         QVERIFY2(picture.width() > 100 && picture.height() > 100, qPrintable(name));

@@ -3,21 +3,17 @@
 #include "controls/ResultListView.h"
 #include "core/GlobalState.h"
 #include "namesearch/DistrictSearch.h"
+#include "support/Wire.h"
 
 #include <QPushButton>
 #include <QTest>
 
 // What the tests of searches that find people of one name have in common.
 
-inline QString Bars(QString line)
-{
-    return line.replace(u'/', u'\u00A6');
-}
-
 /// The request line of a statewide search, as the search form makes it.
 inline QString StatewideLine(const QString &search = u"SNCI"_s)
 {
-    return Bars(u"WADISCIS/SEARCH/SMITH/JOHN/Q/*SW/IN/%1/"_s.arg(search));
+    return Wire(u"WADISCIS/SEARCH/SMITH/JOHN/Q/*SW/IN/%1/"_s.arg(search));
 }
 
 /// A person without an address, of the name SMITH and this first name.
@@ -36,28 +32,15 @@ inline QString AddressRow(const QString &first, const QString &number)
 inline QString CasesLine(const QString &first, int row,
                          const QString &searched = u"SMITH, JOHN, Q"_s)
 {
-    return Bars(u"WADISCIS/SEARCH/%1/SMITH, %2/M/01|02|1970/W/510/180/BRO/NONE/%3/SNCINMD/"_s
+    return Wire(u"WADISCIS/SEARCH/%1/SMITH, %2/M/01|02|1970/W/510/180/BRO/NONE/%3/SNCINMD/"_s
                     .arg(searched, first)
                     .arg(row))
         .replace(u'|', u'/');
 }
 
-inline ResultListView *ListOf(const QWidget *window, const char *name)
-{
-    return window->findChild<ResultListView *>(QLatin1StringView(name));
-}
-
 inline QList<QStringList> NamesOf(const QWidget *window)
 {
-    const ResultListModel *list = ListOf(window, "lvDupe")->List();
-    QList<QStringList> rows;
-    for (int row = 0; row < list->Count(); ++row) {
-        QStringList cells;
-        for (int column = 0; column < list->columnCount(); ++column)
-            cells.append(list->Cell(row, column));
-        rows.append(cells);
-    }
-    return rows;
+    return RowsOf(window, "lvDupe");
 }
 
 inline QString FrontOf(const QWidget *window)

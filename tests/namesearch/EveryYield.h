@@ -14,6 +14,7 @@ enum class Act {
     StopButton,
     Logout,
     Disconnect,
+    DisconnectFromSilence, ///< the same, from a court that says no more
     Exit,
     CloseMain,
     CloseFrame,
@@ -47,7 +48,7 @@ struct Told
     bool endsProgram;
 };
 
-inline constexpr std::array<Told, 27> allTold{{
+inline constexpr std::array<Told, 30> allTold{{
     {Act::StopButton, Moment::Pending, End::StoppedPending, false, false, true, false, false},
     {Act::StopButton, Moment::Running, End::Stopped, false, false, true, false, false},
     {Act::StopButton, Moment::Over, End::Completed, false, false, true, false, false},
@@ -58,6 +59,12 @@ inline constexpr std::array<Told, 27> allTold{{
     {Act::Disconnect, Moment::Pending, End::ConnectionLost, false, false, false, false, false},
     {Act::Disconnect, Moment::Running, End::Completed, false, false, true, true, false},
     {Act::Disconnect, Moment::Over, End::Completed, false, false, false, false, false},
+    {Act::DisconnectFromSilence, Moment::Pending, End::ConnectionLost, false, false, false, false,
+     false},
+    // Refused, and what the court still owes never comes: the wait for it ends by its limit.
+    {Act::DisconnectFromSilence, Moment::Running, End::ConnectionLost, false, false, true, true,
+     false},
+    {Act::DisconnectFromSilence, Moment::Over, End::Completed, false, false, false, false, false},
     {Act::Exit, Moment::Pending, End::AllJobsStopped, false, false, false, false, true},
     {Act::Exit, Moment::Running, End::Completed, false, false, true, true, false},
     {Act::Exit, Moment::Over, End::Completed, false, false, false, false, true},
@@ -97,10 +104,12 @@ struct Refusal
 
 inline constexpr QStringView formRefusal = u"This form cannot be closed until the current search "
                                            "completes.";
-inline constexpr std::array<Refusal, 5> refusals{{
-    {Act::Disconnect, u"Disconnect From Halvane ..",
-     u"You must wait for the current search to complete before disconnecting. All Pending Searches "
-     "will be stopped."},
+inline constexpr QStringView disconnectRefusal =
+    u"You must wait for the current search to complete before disconnecting. All Pending Searches "
+    "will be stopped.";
+inline constexpr std::array<Refusal, 6> refusals{{
+    {Act::Disconnect, u"Disconnect From Halvane ..", disconnectRefusal},
+    {Act::DisconnectFromSilence, u"Disconnect From Halvane ..", disconnectRefusal},
     {Act::Exit, u"Exit Halvane ..",
      u"You must wait for the current search to complete or be stopped before Exiting. All Pending "
      "Searches will be stopped."},
@@ -145,15 +154,16 @@ inline constexpr std::array<EndTexts, 5> endTexts{{
      u"Search Stopped. Court Connection Lost. Please Close Form and Retry"},
 }};
 
-inline constexpr std::array<const char *, 9> actNames{"Stop",
-                                                      "logout",
-                                                      "Disconnect",
-                                                      "Exit",
-                                                      "the main window is closed",
-                                                      "the window is closed by its frame",
-                                                      "the window is unloaded by code",
-                                                      "the session of the desktop ends",
-                                                      "the window is unloaded unconditionally"};
+inline constexpr std::array<const char *, 10> actNames{"Stop",
+                                                       "logout",
+                                                       "Disconnect",
+                                                       "Disconnect from a silent court",
+                                                       "Exit",
+                                                       "the main window is closed",
+                                                       "the window is closed by its frame",
+                                                       "the window is unloaded by code",
+                                                       "the session of the desktop ends",
+                                                       "the window is unloaded unconditionally"};
 inline constexpr std::array<const char *, 3> momentNames{"pending", "running", "over"};
 inline constexpr std::array<const char *, 6> endNames{
     "none", "completed", "stopped", "stopped while pending", "all jobs stopped", "connection lost"};

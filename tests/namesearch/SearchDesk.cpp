@@ -1,5 +1,6 @@
 #include "namesearch/SearchDesk.h"
 
+#include "controls/ResultListView.h"
 #include "core/EventLoop.h"
 #include "core/GlobalState.h"
 #include "core/TextUtilities.h"
@@ -12,9 +13,9 @@
 
 #include <QApplication>
 #include <QDeadlineTimer>
+#include <QHeaderView>
 #include <QPointer>
 #include <QPushButton>
-#include <QTableView>
 #include <QTest>
 
 #include <utility>
@@ -149,6 +150,19 @@ void SearchTest::cleanup()
     QCOMPARE(conversation, QString());
 }
 
+void SearchTest::begin(NameResultsWindow *window, const QStringList &lines)
+{
+    desk->ConnectTo(*court);
+    desk->Enqueue(window, lines);
+    window->Timer1->start(shortestTick);
+}
+
+void SearchTest::finish(const QWidget *window)
+{
+    if (!desk->Finish(window))
+        qFatal("the search does not end");
+}
+
 QString TextOf(const QWidget *window, const char *name)
 {
     const auto *control = window->findChild<QWidget *>(QLatin1StringView(name));
@@ -174,9 +188,14 @@ bool IsBold(const QWidget *window, const char *name)
     return window->findChild<QWidget *>(QLatin1StringView(name))->font().bold();
 }
 
-QList<QStringList> RowsOf(const QWidget *window)
+ResultListView *ListOf(const QWidget *window, const char *name)
 {
-    const QAbstractItemModel *model = window->findChild<QTableView *>(u"listview1"_s)->model();
+    return window->findChild<ResultListView *>(QLatin1StringView(name));
+}
+
+QList<QStringList> RowsOf(const QWidget *window, const char *list)
+{
+    const QAbstractItemModel *model = ListOf(window, list)->model();
     QList<QStringList> rows;
     for (int row = 0; row < model->rowCount(); ++row) {
         QStringList cells;
@@ -189,11 +208,27 @@ QList<QStringList> RowsOf(const QWidget *window)
 
 QStringList HeadersOf(const QWidget *window)
 {
-    const QAbstractItemModel *model = window->findChild<QTableView *>(u"listview1"_s)->model();
+    const QAbstractItemModel *model = ListOf(window)->model();
     QStringList headers;
     for (int column = 0; column < model->columnCount(); ++column)
         headers.append(model->headerData(column, Qt::Horizontal).toString());
     return headers;
+}
+
+void ClickHeader(const ResultListView *list, int column)
+{
+    const QHeaderView *header = list->horizontalHeader();
+    const QPoint where(header->sectionViewportPosition(column) + 4, header->height() / 2);
+    QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, where);
+}
+
+QString ArrowOf(const ResultListView *list)
+{
+    const QHeaderView *header = list->horizontalHeader();
+    if (!header->isSortIndicatorShown())
+        return {};
+    return QString::number(header->sortIndicatorSection())
+           + (header->sortIndicatorOrder() == Qt::DescendingOrder ? u"v"_s : QString());
 }
 
 QString RequestLine(const QString &last, const QString &county)

@@ -20,6 +20,7 @@ class JobWindow;
 class NameResultsWindow;
 class QPushButton;
 class QWidget;
+class ResultListView;
 class frmNameSearchResults;
 
 /// A program with a user at it: an application folder, a clock that stands still, announced boxes,
@@ -71,12 +72,33 @@ class SearchTest : public QObject
 {
     Q_OBJECT
 protected Q_SLOTS:
-    void init();
+    virtual void init();
     void cleanup();
 
 protected:
+    /// Connects to the court, which knows by now what it will say, and has this window ask for its
+    /// turn with these lines.
+    template<class Window>
+    Window *Begin(Window *window, const QStringList &lines)
+    {
+        begin(window, lines);
+        return window;
+    }
+    /// The same, up to the end of the search.
+    template<class Window>
+    Window *Search(Window *window, const QStringList &lines)
+    {
+        begin(window, lines);
+        finish(window);
+        return window;
+    }
+
     std::unique_ptr<SearchDesk> desk;
     std::unique_ptr<ScriptedCourt> court;
+
+private:
+    void begin(NameResultsWindow *window, const QStringList &lines);
+    void finish(const QWidget *window);
 };
 
 /// The text of a control, found by its name.
@@ -85,9 +107,13 @@ QPushButton *ButtonOf(const QWidget *window, const char *name);
 /// "blue" or "red" for the two colours of the status texts, the colour's name otherwise.
 QString ColourOf(const QWidget *window, const char *name);
 bool IsBold(const QWidget *window, const char *name);
-/// The cells of listview1, row by row, as the view has them.
-QList<QStringList> RowsOf(const QWidget *window);
+ResultListView *ListOf(const QWidget *window, const char *name = "listview1");
+/// The cells of a list, row by row, as the view has them.
+QList<QStringList> RowsOf(const QWidget *window, const char *list = "listview1");
 QStringList HeadersOf(const QWidget *window);
+void ClickHeader(const ResultListView *list, int column);
+/// Where the arrow stands, and "v" for descending; "" without one.
+QString ArrowOf(const ResultListView *list);
 
 /// A Superior request line, as the search form makes it.
 QString RequestLine(const QString &last = u"SMITH"_s, const QString &county = u"King"_s);

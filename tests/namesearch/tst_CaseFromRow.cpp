@@ -3,18 +3,13 @@
 #include "courts/Counties.h"
 #include "courts/DiscisCourts.h"
 #include "support/TestFolder.h"
+#include "support/Wire.h"
 
 #include <QTest>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-/// A line as it is read easily: its fields with "/" for the broken bar.
-QString wire(const QString &text)
-{
-    return QString(text).replace(u'/', u'\u00A6');
-}
-
 QStringList rowOf(const QString &number, const QString &location, const QString &role = u"Role"_s)
 {
     return {u"SMITH"_s, number, u"01/02/2002"_s, u"Civil"_s, location, role};
@@ -133,20 +128,20 @@ void tst_CaseFromRow::eachState_data()
     QTest::addColumn<QString>("court");
     QTest::addColumn<QString>("courtType");
     QTest::newRow("Washington") << u"WA"_s << u"WA Superior Ct King County"_s << u"King"_s
-                                << wire(u"WASUP/SUMMARY/02-2/King//"_s)
+                                << Wire(u"WASUP/SUMMARY/02-2/King//"_s)
                                 << u"Washington Summary Request: "_s
                                 << u"02-2 - King County Superior Courts"_s
                                 << u"King County, Washington Superior Courts"_s << QString();
     QTest::newRow("Oregon, circuit")
         << u"OR"_s << u"OR Linn Co Cir Ct"_s << u"Linn"_s
-        << wire(u"OREGON/SUMMARY,NAMES,DOCKET,/02-2/LIN C/"_s) << u"Oregon Summary Request: "_s
+        << Wire(u"OREGON/SUMMARY,NAMES,DOCKET,/02-2/LIN C/"_s) << u"Oregon Summary Request: "_s
         << u"Case Details (02-2)"_s << u"Linn County, Oregon Circuit Courts"_s << u"C"_s;
     QTest::newRow("Oregon, district")
         << u"OR"_s << u"OR Linn Co Dist Ct"_s << u"Linn"_s
-        << wire(u"OREGON/SUMMARY,NAMES,DOCKET,/02-2/LIN D/"_s) << u"Oregon Summary Request: "_s
+        << Wire(u"OREGON/SUMMARY,NAMES,DOCKET,/02-2/LIN D/"_s) << u"Oregon Summary Request: "_s
         << u"Case Details (02-2)"_s << u"Linn County, Oregon District Courts"_s << u"D"_s;
     QTest::newRow("Idaho") << u"ID"_s << u"ID District Ct Ada County"_s << u"Ada"_s
-                           << wire(u"IDSUP/SUMMARY,NAMES,DOCKET,/02-2/Ada/"_s)
+                           << Wire(u"IDSUP/SUMMARY,NAMES,DOCKET,/02-2/Ada/"_s)
                            << u"Idaho Summary Request: "_s << u"Case Details (02-2)"_s
                            << u"Ada County, Idaho District Courts"_s << QString();
 }
@@ -199,7 +194,7 @@ void tst_CaseFromRow::theNumberKeepsItsMarksForTheCaseWindow()
     const CaseFromRow fields = washington(cell, u"WA Superior Ct King County"_s);
     QCOMPARE(fields.txtCaseNumber, cell);
     QTEST(fields.lblCaseDetailsHdr, "heading");
-    QCOMPARE(fields.tboxCaseNumberQueue, wire(u"WASUP/SUMMARY/02-2/King//"_s));
+    QCOMPARE(fields.tboxCaseNumberQueue, Wire(u"WASUP/SUMMARY/02-2/King//"_s));
 }
 
 void tst_CaseFromRow::washingtonCounties_data()
@@ -245,7 +240,7 @@ void tst_CaseFromRow::oregonCourts()
     const CaseFromRow fields = CaseOfRow(rowOf(u"02-2"_s, location), ResultKind::Superior, u"OR"_s);
     QTEST(fields.txtCountyName, "county");
     QCOMPARE(fields.tboxCaseNumberQueue,
-             wire(u"OREGON/SUMMARY,NAMES,DOCKET,/02-2/"_s + court + u'/'));
+             Wire(u"OREGON/SUMMARY,NAMES,DOCKET,/02-2/"_s + court + u'/'));
 }
 
 void tst_CaseFromRow::oregonCountiesAreReadWhenTheyAreNeeded()
@@ -331,7 +326,7 @@ void tst_CaseFromRow::discisCases_data()
                                    : u"WADISCIS////C0012345/IT/BED/IN/NCC//"_s;
         QTest::newRow(name) << static_cast<int>(kind) << type
                             << static_cast<int>(civil ? CaseForm::Civil : CaseForm::NonCivil)
-                            << wire(line)
+                            << Wire(line)
                             << (civil ? u"Discis CIVI Search Request: "_s
                                       : u"Discis NCC Search Request: "_s);
     };
@@ -387,7 +382,7 @@ void tst_CaseFromRow::aSuperiorCodeAmongTheNonCivilCases()
     const CaseFromRow fields =
         DiscisCaseOfRow(discisRow(u"*02-1-00017-3"_s, code), ResultKind::DiscisStatewide, u"IN"_s);
     QCOMPARE(fields.Form, CaseForm::Case);
-    const QString line = wire(u"WASUP/SUMMARY/02-1-00017-3/"_s + county + u"//"_s);
+    const QString line = Wire(u"WASUP/SUMMARY/02-1-00017-3/"_s + county + u"//"_s);
     QCOMPARE(fields.tboxCaseNumberQueue, line);
     QCOMPARE(fields.Log, QString(u"Summary Request: "_s + line));
     QCOMPARE(fields.txtCountyName, county);
@@ -413,7 +408,7 @@ void tst_CaseFromRow::anUnknownCourtReadsAsItsRow()
     QCOMPARE(fields.Caption, u"C1 - Benton District"_s);
     QCOMPARE(fields.lblCourtName, u"Benton District"_s);
     QCOMPARE(fields.txtCountyName, QString());
-    QCOMPARE(fields.tboxCaseNumberQueue, wire(u"WADISCIS////C1/IN/ZZZ/CV/CIVI//"_s));
+    QCOMPARE(fields.tboxCaseNumberQueue, Wire(u"WADISCIS////C1/IN/ZZZ/CV/CIVI//"_s));
 }
 
 void tst_CaseFromRow::caseTypeOfARequest_data()
@@ -429,7 +424,7 @@ void tst_CaseFromRow::caseTypeOfARequest_data()
 void tst_CaseFromRow::caseTypeOfARequest()
 {
     QFETCH(QString, line);
-    QTEST(CaseTypeOfRequest(wire(line)), "type");
+    QTEST(CaseTypeOfRequest(Wire(line)), "type");
 }
 
 void tst_CaseFromRow::rowsWithTooFewCells_data()
@@ -457,13 +452,13 @@ void tst_CaseFromRow::rowsWithTooFewCells()
         QCOMPARE(fields.txtCaseNumber, row.value(1));
         QCOMPARE(fields.txtCaseType, row.value(4));
     }
-    QCOMPARE(washington(u"02-2"_s, {}).tboxCaseNumberQueue, wire(u"WASUP/SUMMARY/02-2///"_s));
+    QCOMPARE(washington(u"02-2"_s, {}).tboxCaseNumberQueue, Wire(u"WASUP/SUMMARY/02-2///"_s));
 }
 
 void tst_CaseFromRow::nothingBreaksTheLine()
 {
     const CaseFromRow fields = washington(u"0\u00A62|-2"_s, u"WA Superior Ct Ki\u00A6n|g County"_s);
-    QCOMPARE(fields.tboxCaseNumberQueue, wire(u"WASUP/SUMMARY/02-2/King//"_s));
+    QCOMPARE(fields.tboxCaseNumberQueue, Wire(u"WASUP/SUMMARY/02-2/King//"_s));
 }
 
 QTEST_GUILESS_MAIN(tst_CaseFromRow)

@@ -10,6 +10,9 @@ private Q_SLOTS:
     void retrievingWithoutACheckIsRefused();
     void retrievingTwoCheckedNamesSendsTwoLinesInListOrder();
     void retrievingTwoCheckedNamesWithAddresses();
+    void theCheckedRowsAreTheRightOnesInASortedList_data();
+    void theCheckedRowsAreTheRightOnesInASortedList();
+    void theArrowAgreesWithTheSortColumn();
     void aCheckedNameIsSentWithoutItsMark();
     void theSecondSearchIsAFreshJob();
     void theSecondSearchCarriesTheClientCode();
@@ -74,7 +77,7 @@ void tst_CheckedNames::retrievingTwoCheckedNamesWithAddresses()
     frmDiscisNCNameResults *window =
         Searched({AddressRow(u"A"_s, u"K1"_s), AddressRow(u"B"_s, u"K/2"_s), u"EOF~"_s}, u"DND"_s);
     const auto line = [](const QString &first, const QString &key) {
-        return Bars(u"WADISCIS/SEARCH/SMITH, JOHN, Q/SMITH, %1/M/01|02|1970/%2/DNDND/"_s.arg(first,
+        return Wire(u"WADISCIS/SEARCH/SMITH, JOHN, Q/SMITH, %1/M/01|02|1970/%2/DNDND/"_s.arg(first,
                                                                                              key))
             .replace(u'|', u'/');
     };
@@ -85,6 +88,66 @@ void tst_CheckedNames::retrievingTwoCheckedNamesWithAddresses()
     CheckRow(window, 1);
     Retrieve(window);
     QCOMPARE(RowsOf(window).size(), 2);
+}
+
+void tst_CheckedNames::theCheckedRowsAreTheRightOnesInASortedList_data()
+{
+    QTest::addColumn<bool>("checkedFirst");
+    QTest::newRow("checked, then sorted") << true;
+    QTest::newRow("sorted, then checked") << false;
+}
+
+void tst_CheckedNames::theCheckedRowsAreTheRightOnesInASortedList()
+{
+    QFETCH(bool, checkedFirst);
+    frmDiscisNCNameResults *window = Searched(
+        {PersonRow(u"B"_s), PersonRow(u"A"_s), PersonRow(u"D"_s), PersonRow(u"C"_s), u"EOF~"_s});
+    ResultListView *names = ListOf(window, "lvDupe");
+    if (checkedFirst) {
+        CheckRow(window, 1);
+        CheckRow(window, 2);
+    }
+    ClickHeader(names, 0);
+    QCOMPARE(NamesOf(window)[0][0], u"SMITH, D"_s);
+    if (!checkedFirst) {
+        CheckRow(window, 0);
+        CheckRow(window, 3);
+    }
+    QCOMPARE(names->List()->CheckedRows(), (QList<int>{0, 3}));
+    // In the order that the list has now; the number is the one that the court sent them in.
+    const QStringList lines{CasesLine(u"D"_s, 3), CasesLine(u"A"_s, 2)};
+    court->Expect(lines[0]).Reply({CaseRow(u"SMITH, D"_s), u"EOF~"_s});
+    court->Expect(lines[1]).Reply({CaseRow(u"SMITH, A"_s), u"EOF~"_s});
+    Retrieve(window);
+    QCOMPARE(window->lboxQueue.Lines(), lines);
+    QStringList shown;
+    for (const QStringList &cells : NamesOf(window))
+        shown.append(cells[0]);
+    QCOMPARE(shown, (QStringList{u">>SMITH, D"_s, u"SMITH, C"_s, u"SMITH, B"_s, u">>SMITH, A"_s}));
+    QCOMPARE(names->List()->CheckedRows(), (QList<int>{0, 3}));
+}
+
+void tst_CheckedNames::theArrowAgreesWithTheSortColumn()
+{
+    frmDiscisNCNameResults *window =
+        Searched({CaseRow(u"SMITH, X"_s), PersonRow(u"A"_s), PersonRow(u"B"_s), u"EOF~"_s});
+    window->resize(1200, 600);
+    window->ToggleDupesView();
+    ClickHeader(ListOf(window), 1);
+    QCOMPARE(window->SortColumnName, u"Case No."_s);
+    QCOMPARE(ArrowOf(ListOf(window)), u"1v"_s);
+    window->ToggleDupesView();
+    ClickHeader(ListOf(window, "lvDupe"), 2);
+    QCOMPARE(window->SortColumnName, u"D.O.B."_s);
+    QCOMPARE(ArrowOf(ListOf(window, "lvDupe")), u"2v"_s);
+    QCOMPARE(ArrowOf(ListOf(window)), u"1v"_s);
+    court->Expect(CasesLine(u"A"_s, 1)).Reply({CaseRow(u"SMITH, A"_s), u"EOF~"_s});
+    CheckRow(window, 0);
+    Retrieve(window);
+    QCOMPARE(window->SortColumnName, u"Name"_s);
+    QCOMPARE(ArrowOf(ListOf(window)), u"0"_s);
+    // The names stand as they were sorted.
+    QCOMPARE(ArrowOf(ListOf(window, "lvDupe")), u"2v"_s);
 }
 
 void tst_CheckedNames::aCheckedNameIsSentWithoutItsMark()

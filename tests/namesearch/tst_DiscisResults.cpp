@@ -1,5 +1,4 @@
 #include "core/GlobalState.h"
-#include "courts/DiscisCourts.h"
 #include "jobs/frmQueue.h"
 #include "namesearch/DistrictSearch.h"
 #include "session/SessionEvents.h"
@@ -11,13 +10,10 @@
 #include <QTableView>
 #include <QTest>
 
-class tst_DiscisResults : public QObject
+class tst_DiscisResults : public DistrictSearchTest
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
-
     void columns_data();
     void columns();
     void theAddressMarkIsTakenAtLoad();
@@ -52,29 +48,7 @@ private Q_SLOTS:
 
 private:
     static void eachDistrictWindow();
-
-    std::unique_ptr<SearchDesk> desk;
-    std::unique_ptr<ScriptedCourt> court;
 };
-
-void tst_DiscisResults::init()
-{
-    desk = std::make_unique<SearchDesk>();
-    court = std::make_unique<ScriptedCourt>();
-    LoadDiscisCourts();
-}
-
-void tst_DiscisResults::cleanup()
-{
-    const QString boxes = desk->Boxes.Complaints();
-    const bool allHappened = desk->AllHappened();
-    const QString conversation = court->Complaints();
-    desk.reset();
-    court.reset();
-    QCOMPARE(boxes, QString());
-    QVERIFY(allHappened);
-    QCOMPARE(conversation, QString());
-}
 
 void tst_DiscisResults::eachDistrictWindow()
 {
@@ -191,10 +165,8 @@ void tst_DiscisResults::civilSearchOverTwoCourts()
     court->Expect(DistrictLine(u"BED"_s))
         .Reply({CaseRow(u"SMITH, A"_s), CaseRow(u"SMITH, B"_s), u"EOF~"_s});
     court->Expect(DistrictLine(u"OTD"_s)).Reply({u"Searching~Othello~"_s, CaseRow(u"SMITH, C"_s)});
-    desk->ConnectTo(*court);
-    auto *window = new frmDiscisNameResults;
-    desk->Enqueue(window, {DistrictLine(u"BED"_s), DistrictLine(u"OTD"_s)});
-    window->Timer1->start(1);
+    auto *window =
+        Begin(new frmDiscisNameResults, {DistrictLine(u"BED"_s), DistrictLine(u"OTD"_s)});
     QStringList meanwhile;
     desk->When([&] { return window->RowCount() == 3; },
                [&] {
@@ -246,11 +218,7 @@ void tst_DiscisResults::endOfFileBehindTextIsARow()
 {
     const QString row = u"SMITH~1~2~3~4~5~6~EOF~"_s;
     court->Expect(DistrictLine()).Reply({row, u"EOF~"_s});
-    desk->ConnectTo(*court);
-    auto *window = new frmDiscisNameResults;
-    desk->Enqueue(window, {DistrictLine()});
-    window->Timer1->start(1);
-    QVERIFY(desk->Finish(window));
+    auto *window = Search(new frmDiscisNameResults, {DistrictLine()});
     QCOMPARE(RowsOf(window)[0].last(), u"EOF"_s);
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete: 1 Cases Retrieved."_s);
 }
@@ -258,11 +226,7 @@ void tst_DiscisResults::endOfFileBehindTextIsARow()
 void tst_DiscisResults::aRowInThereofIsARow()
 {
     court->Expect(DistrictLine()).Reply({u"HEIRS~1~2~3~4~5~6~THEREOF~"_s, u"EOF~THEREOF~"_s});
-    desk->ConnectTo(*court);
-    auto *window = new frmDiscisNameResults;
-    desk->Enqueue(window, {DistrictLine()});
-    window->Timer1->start(1);
-    QVERIFY(desk->Finish(window));
+    auto *window = Search(new frmDiscisNameResults, {DistrictLine()});
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete: 1 Cases Retrieved."_s);
 }
 
@@ -270,11 +234,8 @@ void tst_DiscisResults::anErrorRowSendsTheLinesThatFollow()
 {
     court->Expect(DistrictLine(u"BED"_s)).Reply({u"ERROR~Court is down~"_s, u"EOF~"_s});
     court->Expect(DistrictLine(u"OTD"_s)).Reply({CaseRow(u"SMITH"_s), u"EOF~"_s});
-    desk->ConnectTo(*court);
-    auto *window = new frmDiscisNameResults;
-    desk->Enqueue(window, {DistrictLine(u"BED"_s), DistrictLine(u"OTD"_s)});
-    window->Timer1->start(1);
-    QVERIFY(desk->Finish(window));
+    auto *window =
+        Search(new frmDiscisNameResults, {DistrictLine(u"BED"_s), DistrictLine(u"OTD"_s)});
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Incomplete!"_s);
     QCOMPARE(window->RowCount(), 1);
 }
@@ -295,11 +256,7 @@ void tst_DiscisResults::nonCivilCompletion()
     for (int i = 0; i < rows; ++i)
         reply.append(CaseRow(u"SMITH"_s));
     court->Expect(DistrictLine()).Reply(reply << u"EOF~"_s);
-    desk->ConnectTo(*court);
-    auto *window = new frmDiscisNCNameResults;
-    desk->Enqueue(window, {DistrictLine()});
-    window->Timer1->start(1);
-    QVERIFY(desk->Finish(window));
+    auto *window = Search(new frmDiscisNCNameResults, {DistrictLine()});
     QTEST(TextOf(window, "lblStatus"), "status");
     QCOMPARE(TextOf(window, "lblSearchStatus"), complete);
     QCOMPARE(ColourOf(window, "lblStatus"), u"blue"_s);
@@ -310,11 +267,7 @@ void tst_DiscisResults::nonCivilCompletion()
 void tst_DiscisResults::aShortRowLosesTheSearch()
 {
     court->Expect(DistrictLine()).Reply({u"SMITH~1~2~3~"_s, u"EOF~"_s});
-    desk->ConnectTo(*court);
-    auto *window = new frmDiscisNameResults;
-    desk->Enqueue(window, {DistrictLine()});
-    window->Timer1->start(1);
-    QVERIFY(desk->Finish(window));
+    auto *window = Search(new frmDiscisNameResults, {DistrictLine()});
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Stopped - Court Connection Lost!"_s);
 }
 
@@ -351,10 +304,7 @@ void tst_DiscisResults::stopWhileSearching()
     QFETCH(Which, which);
     court->Expect(DistrictLine()).Reply({CaseRow(u"A"_s)});
     court->Expect(u"STOP\u00A6"_s).Reply({u"EOF~"_s});
-    desk->ConnectTo(*court);
-    NameResultsWindow *window = MakeWindow(which);
-    desk->Enqueue(window, {DistrictLine()});
-    window->Timer1->start(1);
+    NameResultsWindow *window = Begin(MakeWindow(which), {DistrictLine()});
     desk->When([&] { return window->RowCount() == 1; },
                [&] { ButtonOf(window, "cmdStopSearching")->click(); });
     QTRY_COMPARE(TextOf(window, "lblStatus"), u"Search Stopped By User: 1 Cases Retrieved."_s);

@@ -1,5 +1,7 @@
 #include "namesearch/DuplicateNames.h"
 
+#include "support/Wire.h"
+
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -168,7 +170,7 @@ void tst_DuplicateNames::requests()
     QFETCH(QString, cells);
     QFETCH(QString, key);
     QFETCH(QString, line);
-    QString expected = line.replace(u'/', u'\u00A6');
+    QString expected = Wire(line);
     QCOMPARE(CasesOfNameRequest(search, u"SMITH, J"_s, cells.split(u'|'), key),
              expected.replace(u'\\', u'/'));
 }

@@ -133,6 +133,11 @@ public:
         });
     }
 
+    /// From now on nothing comes but the rest of a token.
+    void FallSilent() { silent = true; }
+    /// Something that the court had to say has not come.
+    bool OwesAnswers() const { return owes; }
+
     void SendData(const QByteArray &data) override
     {
         FakeSocket::SendData(data);
@@ -156,14 +161,19 @@ private:
         const QByteArray step = steps.takeFirst();
         if (steps.isEmpty())
             turns.stop();
-        if (step.isEmpty())
+        if (step.isEmpty()) {
             Q_EMIT SendComplete();
-        else
+            return;
+        }
+        owes = owes || (silent && step.startsWith('|'));
+        if (!owes)
             Arrive(step);
     }
 
     QTimer turns;
     QByteArrayList steps;
+    bool silent = false;
+    bool owes = false;
     Kind searchKind = Kind::Superior;
     std::function<void()> requested;
 };
@@ -234,6 +244,7 @@ private:
     QPointer<NameResultsWindow> window;
     std::optional<Moment> moment; ///< when it happened
     int timesInASend = 0;
+    int timesUnanswered = 0;
     int endings = 0;
 };
 
@@ -305,6 +316,12 @@ void tst_EveryYield::perform() const
     case Act::Logout:
         main->Logout();
         return;
+    case Act::DisconnectFromSilence:
+        if (*moment == Moment::Running) {
+            qobject_cast<AnsweringSocket *>(Global.sckServer)->FallSilent();
+            desk->Time.Run(1.0);
+        }
+        [[fallthrough]];
     case Act::Disconnect:
         main->findChild<QAction *>(u"mnuConnectionDisConnect"_s)->trigger();
         return;
@@ -426,11 +443,20 @@ void tst_EveryYield::searchWith(int nth)
             QMetaObject::invokeMethod(
                 this, [this] { act(); }, Qt::QueuedConnection);
     });
+    const QPointer<ServerSocket> socket(Global.sckServer);
     QVERIFY(waitForTheEnd());
     WatchYields({});
+    desk->Time.Stop();
     if (!moment)
         act();
     Told told = toldOf(what, *moment);
+    // Who has said all before falling silent owes nothing.
+    if (what == Act::DisconnectFromSilence && *moment == Moment::Running) {
+        if (qobject_cast<AnsweringSocket *>(socket)->OwesAnswers())
+            ++timesUnanswered;
+        else
+            told.end = End::Completed;
+    }
     // An index search ends with its end mark, stopped or not.
     if ((kind == Kind::Index || kind == Kind::NextPage) && told.end == End::Stopped)
         told.end = End::Completed;
@@ -505,6 +531,7 @@ void tst_EveryYield::everyYield()
     what = happening;
     std::array<int, 3> times{};
     timesInASend = 0;
+    timesUnanswered = 0;
     int nth = 0;
     do {
         searchWith(++nth);
@@ -518,6 +545,7 @@ void tst_EveryYield::everyYield()
         }
         ++times.at(static_cast<size_t>(*moment));
     } while (*moment != Moment::Over && nth < mostYields);
+    QCOMPARE(timesUnanswered > 0, what == Act::DisconnectFromSilence);
     // The search was met everywhere: before its turn, while a line was sent, and in its replies.
     QVERIFY2(
         times[0] >= 2 && times[1] >= fewestYields && times[2] == 1 && timesInASend >= 1,

@@ -1,40 +1,20 @@
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
-#include "namesearch/SearchDesk.h"
-#include "namesearch/frmNameSearchResults.h"
+#include "namesearch/IndexLines.h"
 
 #include <QPushButton>
 #include <QTest>
 
 namespace {
-QString indexLine(int lower = 1, int upper = 500)
-{
-    return u"INDEX~SEARCH~SMITH~JOHN~Q~~Adams,King,~Criminal,~1970~2005~LL=%1~UL=%2~"_s.arg(lower)
-        .arg(upper);
-}
-
-QString indexRow(const QString &name)
-{
-    return name + u"~02-1-02029-9~01/02/2002~Felony~King~Defendant~STATE V SMITH~03/04/2005~"_s;
-}
-
-QString limitRow(int last, int left)
-{
-    return u"WARNING~Reached Search Limit~%1~%2~"_s.arg(last).arg(left);
-}
-
 const QString completed = u"NORMAL EXIT - from ProcessSearchReqeusts."_s;
 const QString complete =
     u"Search Completed Successfully. Double-Click on any Case to Retrieve Details."_s;
 } // namespace
 
-class tst_IndexSearch : public QObject
+class tst_IndexSearch : public SearchTest
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
-
     void anEndMarkAtOnceCompletes_data();
     void anEndMarkAtOnceCompletes();
     void rowsAndTheEndMark();
@@ -57,36 +37,11 @@ private Q_SLOTS:
 
 private:
     frmNameSearchResults *start();
-
-    std::unique_ptr<SearchDesk> desk;
-    std::unique_ptr<ScriptedCourt> court;
 };
-
-void tst_IndexSearch::init()
-{
-    desk = std::make_unique<SearchDesk>();
-    court = std::make_unique<ScriptedCourt>();
-}
-
-void tst_IndexSearch::cleanup()
-{
-    const QString boxes = desk->Boxes.Complaints();
-    const bool allHappened = desk->AllHappened();
-    const QString conversation = court->Complaints();
-    desk.reset();
-    court.reset();
-    QCOMPARE(boxes, QString());
-    QVERIFY(allHappened);
-    QCOMPARE(conversation, QString());
-}
 
 frmNameSearchResults *tst_IndexSearch::start()
 {
-    desk->ConnectTo(*court);
-    auto *window = new frmNameSearchResults(u"WA"_s, true);
-    desk->Enqueue(window, {indexLine()});
-    window->Timer1->start(1);
-    return window;
+    return Begin(new frmNameSearchResults(u"WA"_s, true), {IndexLine()});
 }
 
 void tst_IndexSearch::anEndMarkAtOnceCompletes_data()
@@ -99,20 +54,20 @@ void tst_IndexSearch::anEndMarkAtOnceCompletes_data()
 void tst_IndexSearch::anEndMarkAtOnceCompletes()
 {
     QFETCH(QByteArray, bytes);
-    court->Expect(indexLine()).ReplyBytes(bytes);
+    court->Expect(IndexLine()).ReplyBytes(bytes);
     frmNameSearchResults *window = start();
     QVERIFY(desk->Finish(window));
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete: 0 Cases Retrieved."_s);
     QCOMPARE(TextOf(window, "lblSearchStatus"), complete);
     QCOMPARE(TextOf(window, "Label3"), QString());
     QCOMPARE(desk->Folder.TimesLogged(completed), 1);
-    QVERIFY(!desk->Folder.Logged(u"All Responses Received For Request: "_s + indexLine()));
+    QVERIFY(!desk->Folder.Logged(u"All Responses Received For Request: "_s + IndexLine()));
     QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
 }
 
 void tst_IndexSearch::rowsAndTheEndMark()
 {
-    court->Expect(indexLine()).Reply({indexRow(u"A"_s), u"  "_s + indexRow(u"B"_s), u"EOF~"_s});
+    court->Expect(IndexLine()).Reply({IndexRow(u"A"_s), u"  "_s + IndexRow(u"B"_s), u"EOF~"_s});
     frmNameSearchResults *window = start();
     QVERIFY(desk->Finish(window));
     QCOMPARE(RowsOf(window).size(), 2);
@@ -121,14 +76,14 @@ void tst_IndexSearch::rowsAndTheEndMark()
                           u"STATE V SMITH"_s, u"King"_s, u"Defendant"_s, u"03/04/2005"_s}));
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete: 2 Cases Retrieved."_s);
     // Replies of the index are not logged.
-    QVERIFY(!desk->Folder.Logged(u"Current Response: --> "_s + indexRow(u"A"_s)));
-    QVERIFY(!desk->Folder.Logged(u"Sent response to caller: "_s + indexRow(u"A"_s)));
+    QVERIFY(!desk->Folder.Logged(u"Current Response: --> "_s + IndexRow(u"A"_s)));
+    QVERIFY(!desk->Folder.Logged(u"Sent response to caller: "_s + IndexRow(u"A"_s)));
 }
 
 void tst_IndexSearch::theEndMarkIsTheWholeReply()
 {
     const QString row = u"A~1~2~3~4~5~6~EOF~"_s;
-    court->Expect(indexLine()).Reply({row, u"EOF~"_s});
+    court->Expect(IndexLine()).Reply({row, u"EOF~"_s});
     frmNameSearchResults *window = start();
     QVERIFY(desk->Finish(window));
     QCOMPARE(window->RowCount(), 1);
@@ -137,7 +92,7 @@ void tst_IndexSearch::theEndMarkIsTheWholeReply()
 
 void tst_IndexSearch::theCriteriaAreReadAtTheTilde()
 {
-    court->Expect(indexLine()).Reply({u"EOF~"_s});
+    court->Expect(IndexLine()).Reply({u"EOF~"_s});
     frmNameSearchResults *window = start();
     QCOMPARE(TextOf(window, "Label2"), u"Search Results"_s);
     QVERIFY(desk->Finish(window));
@@ -150,7 +105,7 @@ void tst_IndexSearch::theCriteriaAreReadAtTheTilde()
 
 void tst_IndexSearch::progressIsNotShown()
 {
-    court->Expect(indexLine()).Reply({u"searching~King~County~"_s, indexRow(u"A"_s)});
+    court->Expect(IndexLine()).Reply({u"searching~King~County~"_s, IndexRow(u"A"_s)});
     frmNameSearchResults *window = start();
     QString shown;
     desk->When([&] { return window->RowCount() == 1; },
@@ -166,7 +121,7 @@ void tst_IndexSearch::progressIsNotShown()
 
 void tst_IndexSearch::anErrorByItselfEndsCompleted()
 {
-    court->Expect(indexLine()).Reply({u"ERROR~Illegal Role~"_s, u"EOF~"_s});
+    court->Expect(IndexLine()).Reply({u"ERROR~Illegal Role~"_s, u"EOF~"_s});
     frmNameSearchResults *window = start();
     QVERIFY(desk->Finish(window));
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete: 0 Cases Retrieved."_s);
@@ -176,7 +131,7 @@ void tst_IndexSearch::anErrorByItselfEndsCompleted()
 
 void tst_IndexSearch::tooManyHitsIsNoMaxNames()
 {
-    court->Expect(indexLine()).Reply({u"ERROR~too many hits~"_s, u"EOF~"_s});
+    court->Expect(IndexLine()).Reply({u"ERROR~too many hits~"_s, u"EOF~"_s});
     frmNameSearchResults *window = start();
     QVERIFY(desk->Finish(window));
     QCOMPARE(TextOf(window, "Label3"), QString());
@@ -190,13 +145,44 @@ void tst_IndexSearch::message_data()
     QTest::addColumn<QString>("searchStatus");
     QTest::addColumn<QString>("count");
     QTest::addColumn<bool>("next");
-    const QString row = indexRow(u"A"_s);
+    const QString row = IndexRow(u"A"_s);
     QTest::newRow("second name")
         << QStringList{row, u"WARNING~Second Name has More Than 200~"_s}
         << u"Warning - Too Many Results For First Name!"_s
         << u"Too Many Results for First Name! Enter a More Specific Name and Retry the Search."_s
         << u"1"_s << false;
-    QTest::newRow("page limit") << QStringList{row, limitRow(500, 700)}
+    const QString manyShort = u"Warning - Too Many Results For First Name!"_s;
+    const QString manyLong =
+        u"Too Many Results for First Name! Enter a More Specific Name and Retry the Search."_s;
+    const QString unexpected = u"Error - Unexpected Search Results."_s;
+    const QString check = u"Error. Check Search Criteria Before Trying Again .."_s;
+    const QString other = u"WARNING~Something~"_s;
+    QTest::newRow("error, first name")
+        << QStringList{row, u"ERROR~FIRST NAME has more than 200 hits~"_s, other} << manyShort
+        << manyLong << u"1"_s << false;
+    QTest::newRow("error, illegal role")
+        << QStringList{row, u"ERROR~Illegal Role~"_s, other}
+        << u"Error - Invalid Role Assignment!"_s
+        << u"Error. Invalid Role! Enter a Valid Role and Retry the Search."_s << u"1"_s << false;
+    QTest::newRow("any other error")
+        << QStringList{u"ERROR~Down~"_s, other} << unexpected << check << u"0"_s << false;
+    QTest::newRow("error, second name")
+        << QStringList{u"ERROR~Second Name: More Than 200~"_s, other} << unexpected << check
+        << u"0"_s << false;
+    QTest::newRow("error, search limit")
+        << QStringList{u"ERROR~Reached Search Limit~500~700~"_s, other} << unexpected << check
+        << u"0"_s << false;
+    QTest::newRow("of two errors the last")
+        << QStringList{u"ERROR~Illegal Role~"_s, row, u"ERROR~Down~"_s, other} << unexpected
+        << check << u"1"_s << false;
+    QTest::newRow("error before a page limit")
+        << QStringList{row, u"ERROR~Down~"_s, LimitRow(500, 700)} << unexpected << check << u"1"_s
+        << false;
+    QTest::newRow("first name is no warning of its own")
+        << QStringList{row, u"WARNING~First Name has More Than 200~"_s} << u"Searching .."_s
+        << u" Search In Progress. Select Stop Search Button to Cancel Current Search .."_s << u"1"_s
+        << false;
+    QTest::newRow("page limit") << QStringList{row, LimitRow(500, 700)}
                                 << u"Complete - 700 More Results Available"_s
                                 << u"700 more results are available for retrieval."_s
                                 << u"Retrieved: 1"_s << true;
@@ -210,7 +196,7 @@ void tst_IndexSearch::message()
 {
     QFETCH(QStringList, reply);
     QFETCH(bool, next);
-    court->Expect(indexLine()).Reply(reply);
+    court->Expect(IndexLine()).Reply(reply);
     frmNameSearchResults *window = start();
     QVERIFY(desk->Finish(window));
     QTEST(TextOf(window, "lblStatus"), "status");
@@ -234,18 +220,18 @@ void tst_IndexSearch::message()
 
 void tst_IndexSearch::anErrorInFrontOfAWarningDecides()
 {
-    court->Expect(indexLine()).Reply({u"ERROR~Illegal Role~"_s, limitRow(500, 700)});
+    court->Expect(IndexLine()).Reply({u"ERROR~Illegal Role~"_s, LimitRow(500, 700)});
     frmNameSearchResults *window = start();
     QVERIFY(desk->Finish(window));
     QCOMPARE(TextOf(window, "lblStatus"), u"Error - Invalid Role Assignment!"_s);
     QVERIFY(!ButtonOf(window, "cmdSearchResults_4")->isVisible());
-    QCOMPARE(window->lboxQueue.Lines(), QStringList{indexLine()});
+    QCOMPARE(window->lboxQueue.Lines(), QStringList{IndexLine()});
 }
 
 void tst_IndexSearch::aFirstNameErrorLeavesABareNumber()
 {
-    court->Expect(indexLine())
-        .Reply({indexRow(u"A"_s), u"ERROR~First Name: More Than 200~"_s, u"WARNING~x~"_s});
+    court->Expect(IndexLine())
+        .Reply({IndexRow(u"A"_s), u"ERROR~First Name: More Than 200~"_s, u"WARNING~x~"_s});
     frmNameSearchResults *window = start();
     QVERIFY(desk->Finish(window));
     QCOMPARE(TextOf(window, "lblStatus"), u"Warning - Too Many Results For First Name!"_s);
@@ -256,14 +242,14 @@ void tst_IndexSearch::aFirstNameErrorLeavesABareNumber()
 
 void tst_IndexSearch::pages()
 {
-    court->Expect(indexLine()).Reply({indexRow(u"A"_s), limitRow(500, 700)});
-    court->Expect(indexLine(501, 1000)).Reply({indexRow(u"B"_s), limitRow(1000, 200)});
-    court->Expect(indexLine(1001, 1200)).Reply({indexRow(u"C"_s), u"EOF~"_s});
+    court->Expect(IndexLine()).Reply({IndexRow(u"A"_s), LimitRow(500, 700)});
+    court->Expect(IndexLine(501, 1000)).Reply({IndexRow(u"B"_s), LimitRow(1000, 200)});
+    court->Expect(IndexLine(1001, 1200)).Reply({IndexRow(u"C"_s), u"EOF~"_s});
     frmNameSearchResults *window = start();
     QPushButton *next = ButtonOf(window, "cmdSearchResults_4");
     QVERIFY(desk->Finish(window));
     QCOMPARE(next->text(), u"Get Next 500 Cases"_s);
-    QCOMPARE(window->lboxQueue.Lines(), QStringList{indexLine(501, 1000)});
+    QCOMPARE(window->lboxQueue.Lines(), QStringList{IndexLine(501, 1000)});
     next->click();
     QVERIFY(desk->Finish(window));
     QCOMPARE(next->text(), u"Get Next 200 Cases"_s);
@@ -281,7 +267,7 @@ void tst_IndexSearch::pages()
 
 void tst_IndexSearch::getNextIsPendingAgain()
 {
-    court->Expect(indexLine()).Reply({limitRow(500, 700)});
+    court->Expect(IndexLine()).Reply({LimitRow(500, 700)});
     frmNameSearchResults *window = start();
     QVERIFY(desk->Finish(window));
     const QString key = window->txtMasterKey;
@@ -298,7 +284,7 @@ void tst_IndexSearch::getNextIsPendingAgain()
 
 void tst_IndexSearch::aPendingPageCanBeStopped()
 {
-    court->Expect(indexLine()).Reply({limitRow(500, 700)});
+    court->Expect(IndexLine()).Reply({LimitRow(500, 700)});
     frmNameSearchResults *window = start();
     QVERIFY(desk->Finish(window));
     window->Timer1->setInterval(60'000);
@@ -312,23 +298,46 @@ void tst_IndexSearch::aPendingPageCanBeStopped()
 
 void tst_IndexSearch::aMalformedLimitLeavesTheButtonAsItWas_data()
 {
-    QTest::addColumn<QString>("warning");
-    QTest::newRow("no numbers") << u"WARNING~Reached Search Limit~"_s;
-    QTest::newRow("words") << u"WARNING~Reached Search Limit~some~more~"_s;
-    QTest::newRow("too great") << u"WARNING~Reached Search Limit~99999~99999~"_s;
+    QTest::addColumn<QString>("fields");
+    QTest::addColumn<QString>("more"); ///< what the labels say is still to be had
+    QTest::newRow("no numbers") << QString() << QString();
+    QTest::newRow("one number") << u"500"_s << QString();
+    QTest::newRow("words") << u"some~more~"_s << u"more"_s;
+    QTest::newRow("a word for the last row") << u"some~700~"_s << u"700"_s;
+    QTest::newRow("a word for what is left") << u"500~more~"_s << u"more"_s;
+    QTest::newRow("nothing for the last row") << u"~700~"_s << u"700"_s;
+    QTest::newRow("too great") << u"99999~99999~"_s << u"99999"_s;
+    QTest::newRow("a page behind the greatest") << u"32767~10~"_s << u"10"_s;
 }
 
 void tst_IndexSearch::aMalformedLimitLeavesTheButtonAsItWas()
 {
-    QFETCH(QString, warning);
-    court->Expect(indexLine()).Reply({indexRow(u"A"_s), warning});
+    QFETCH(QString, fields);
+    QFETCH(QString, more);
+    court->Expect(IndexLine())
+        .Reply({IndexRow(u"A"_s), u"WARNING~Reached Search Limit~"_s + fields});
     frmNameSearchResults *window = start();
     QVERIFY(desk->Finish(window));
+    QCOMPARE(TextOf(window, "lblStatus"),
+             more.isEmpty() ? u"Searching .."_s
+                            : QString(u"Complete - "_s + more + u" More Results Available"_s));
+    QCOMPARE(TextOf(window, "lblSearchStatus"),
+             more.isEmpty()
+                 ? u" Search In Progress. Select Stop Search Button to Cancel Current Search .."_s
+                 : QString(more + u" more results are available for retrieval."_s));
+    QCOMPARE(TextOf(window, "Label3"), u"1"_s);
+    QCOMPARE(ColourOf(window, "lblSearchStatus"), u"red"_s);
+    QVERIFY(IsBold(window, "lblStatus") && IsBold(window, "lblSearchStatus"));
+    QVERIFY(!ButtonOf(window, "cmdStopSearching")->isEnabled());
+    QVERIFY(ButtonOf(window, "cmdSearchResults_6")->isVisible());
+    QCOMPARE(window->NextLowerLimit, qint16(0));
+    QCOMPARE(window->NextUpperLimit, qint16(0));
+    QVERIFY(Global.strRecvBuffer.IsEmpty());
     QCOMPARE(ButtonOf(window, "cmdSearchResults_4")->text(), u"Get &Next 500 Cases"_s);
     QVERIFY(!ButtonOf(window, "cmdSearchResults_4")->isVisible());
     QVERIFY(!ButtonOf(window, "cmdSearchResults_4")->isEnabled());
     QVERIFY(ButtonOf(window, "cmdSearchResults_2")->isEnabled());
-    QCOMPARE(window->lboxQueue.Lines(), QStringList{indexLine()});
+    QCOMPARE(window->lboxQueue.Lines(), QStringList{IndexLine()});
     QCOMPARE(ColourOf(window, "lblStatus"), u"red"_s);
     QVERIFY(!desk->Folder.Logged(
         u"SEARCH FAILED - COURT CONNECTION LOST - from ProcessSearchReqeusts."_s));
@@ -337,7 +346,7 @@ void tst_IndexSearch::aMalformedLimitLeavesTheButtonAsItWas()
 
 void tst_IndexSearch::aShortRowLosesTheSearch()
 {
-    court->Expect(indexLine()).Reply({u"A~1~2~3~4~5~"_s, u"EOF~"_s});
+    court->Expect(IndexLine()).Reply({u"A~1~2~3~4~5~"_s, u"EOF~"_s});
     frmNameSearchResults *window = start();
     QVERIFY(desk->Finish(window));
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Stopped - Court Connection Lost!"_s);
@@ -345,7 +354,7 @@ void tst_IndexSearch::aShortRowLosesTheSearch()
 
 void tst_IndexSearch::aStoppedIndexSearchEndsByItsEndMark()
 {
-    court->Expect(indexLine()).Reply({});
+    court->Expect(IndexLine()).Reply({});
     court->Expect(u"STOP\u00A6"_s).Reply({u"EOF~"_s});
     frmNameSearchResults *window = start();
     desk->When([&] { return court->Requests().size() == 1; },

@@ -47,6 +47,7 @@ private Q_SLOTS:
     void maxResultsWithRowsAddsAWarningRow();
     void maxResultsWithoutRowsShowsANote();
     void maxResultsNamesTheCountyOfTheCurrentLine();
+    void aLineWithoutACountyKeepsThatOfTheLineBefore();
     void aRowWithTooFewFieldsLosesTheSearch_data();
     void aRowWithTooFewFieldsLosesTheSearch();
     void aLineWithTooFewFieldsLosesTheSearch();
@@ -252,6 +253,19 @@ void tst_NameSearchEnds::maxResultsNamesTheCountyOfTheCurrentLine()
     QCOMPARE(TextOf(window, "lblSearchStatus"),
              u"Search Stopped on Grays Harbor Cty. Refine Search and Try Again."_s);
     QCOMPARE(RowsOf(window).last()[4], u"Grays Harbor Cty"_s);
+}
+
+void tst_NameSearchEnds::aLineWithoutACountyKeepsThatOfTheLineBefore()
+{
+    const QString without = u"BKRPT~SEARCH~SMITH~JOHN~Q~~ORE~*ALL~1980~2005~"_s;
+    court->Expect(RequestLine(u"SMITH"_s, u"Linn"_s)).Reply({u"EOF~"_s});
+    court->Expect(without).Reply({tooMany});
+    desk->ConnectTo(*court);
+    frmNameSearchResults *window =
+        desk->Start({RequestLine(u"SMITH"_s, u"Linn"_s), without}, u"ORBK"_s);
+    QVERIFY(desk->Finish(window));
+    QCOMPARE(TextOf(window, "lblSearchStatus"),
+             u"Search Stopped on Linn Cty. Refine Search and Try Again."_s);
 }
 
 void tst_NameSearchEnds::aRowWithTooFewFieldsLosesTheSearch_data()

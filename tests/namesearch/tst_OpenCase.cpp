@@ -3,14 +3,16 @@
 #include "casedetails/frmNCCaseDetails.h"
 #include "controls/ResultListView.h"
 #include "core/GlobalState.h"
-#include "courts/DiscisCourts.h"
 #include "jobs/frmQueue.h"
 #include "namesearch/DistrictSearch.h"
+#include "namesearch/Handed.h"
 #include "session/frmLogin.h"
 
 #include <QApplication>
 #include <QPushButton>
 #include <QTest>
+
+#include <tuple>
 
 // From a row of results to the window of its case.
 
@@ -19,16 +21,6 @@ const QString loginQuestion =
     u"This Search Cannot be Started!\r\nThis is because you are not currently Logged-In to the "
     "Halvane Server.\r\n\r\nDo you want to Login Now?"_s;
 const QString loginTitle = u"Cannot Perform Search! Not Logged In to Halvane"_s;
-
-QString wire(const QString &text)
-{
-    return QString(text).replace(u'/', u'\u00A6');
-}
-
-ResultListView *listOf(const QWidget *window)
-{
-    return window->findChild<ResultListView *>(u"listview1"_s);
-}
 
 /// The case windows on the screen, the oldest first.
 QList<CaseWindow *> caseWindows()
@@ -48,7 +40,7 @@ enum class Way { DoubleClick, Enter, Button };
 
 void choose(const QWidget *window, int row, Way way = Way::DoubleClick)
 {
-    ResultListView *list = listOf(window);
+    ResultListView *list = ListOf(window);
     const QPoint where = list->visualRect(list->List()->index(row, 1)).center();
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, where);
     switch (way) {
@@ -67,26 +59,30 @@ void choose(const QWidget *window, int row, Way way = Way::DoubleClick)
 
 Q_DECLARE_METATYPE(Way)
 
-class tst_OpenCase : public SearchTest
+class tst_OpenCase : public DistrictSearchTest
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-
     void eachWayOpensTheCase_data();
     void eachWayOpensTheCase();
     void eachCourt_data();
     void eachCourt();
+    void eachBankruptcyCourt_data();
+    void eachBankruptcyCourt();
     void anIndexSearch();
     void eachDistrictCase_data();
     void eachDistrictCase();
+    void aSuperiorCaseAmongTheNonCivil_data();
     void aSuperiorCaseAmongTheNonCivil();
     void theRowIsMarkedOnce();
     void anArchivedCaseKeepsItsMark();
+    void theMarkDoesNotCutTheNumber();
     void notLoggedIn_data();
     void notLoggedIn();
     void nothingSelected();
     void theButtonFollowsTheSelection();
+    void theMouseDownAloneSelects_data();
+    void theMouseDownAloneSelects();
     void theNewWindowWaitsItsTurn();
     void aStopForAllJobsIsOver();
     void whileTheSearchStillRuns();
@@ -103,34 +99,18 @@ private:
     NameResultsWindow *finishedDistrict(Which which, const QString &line, const QStringList &rows);
 };
 
-void tst_OpenCase::init()
-{
-    SearchTest::init();
-    LoadDiscisCourts();
-}
-
 frmNameSearchResults *tst_OpenCase::finished(const QStringList &rows, const QString &state,
                                              const QString &line)
 {
     court->Expect(line).Reply(rows + QStringList{u"EOF~"_s});
-    desk->ConnectTo(*court);
-    frmNameSearchResults *window = desk->Start({line}, state);
-    if (!desk->Finish(window))
-        qFatal("the search does not end");
-    return window;
+    return Search(new frmNameSearchResults(state), {line});
 }
 
 NameResultsWindow *tst_OpenCase::finishedDistrict(Which which, const QString &line,
                                                   const QStringList &rows)
 {
     court->Expect(line).Reply(rows + QStringList{u"EOF~"_s});
-    desk->ConnectTo(*court);
-    NameResultsWindow *window = MakeWindow(which);
-    desk->Enqueue(window, {line});
-    window->Timer1->start(1);
-    if (!desk->Finish(window))
-        qFatal("the search does not end");
-    return window;
+    return Search(MakeWindow(which), {line});
 }
 
 void tst_OpenCase::eachWayOpensTheCase_data()
@@ -150,90 +130,106 @@ void tst_OpenCase::eachWayOpensTheCase()
 {
     QFETCH(Which, which);
     QFETCH(Way, way);
-    const QString line = which == Which::Name ? RequestLine() : DistrictLine(u"BED"_s, u"IN"_s);
-    const QString row = which == Which::Name ? ResultLine(u"SMITH"_s) : CaseRow(u"SMITH"_s);
-    NameResultsWindow *window = finishedDistrict(which, line, {row, row});
+    const NameResultsWindow *window =
+        finishedDistrict(which, LineOf(which), {RowOf(which), RowOf(which)});
     choose(window, 1, way);
     QCOMPARE(caseWindows().size(), 1);
-    QVERIFY(listOf(window)->List()->Cell(1, 1).startsWith(u">>"));
-    QVERIFY(!listOf(window)->List()->Cell(0, 1).startsWith(u">>"));
+    QVERIFY(ListOf(window)->List()->Cell(1, 1).startsWith(u">>"));
+    QVERIFY(!ListOf(window)->List()->Cell(0, 1).startsWith(u">>"));
 }
 
 void tst_OpenCase::eachCourt_data()
 {
     QTest::addColumn<QString>("state");
     QTest::addColumn<QString>("row");
-    QTest::addColumn<QString>("line");
+    QTest::addColumn<QStringList>("handed");
     QTest::addColumn<QString>("log");
-    QTest::addColumn<QString>("title");
-    QTest::addColumn<QString>("court");
-    QTest::addColumn<QString>("type");
+    // Archived cases: their "*" goes into the number and the heading, and into nothing else.
     const auto row = [](const char *name, const QString &state, const QString &number,
-                        const QString &location, const QString &line, const QString &log,
-                        const QString &title, const QString &courtName, const QString &type = {}) {
+                        const QString &location, const QString &caption, const QString &log,
+                        const QStringList &own, const QString &line) {
+        QStringList handed{u"frmCaseDetails"_s, u"caption "_s + caption, u"lblState "_s + state,
+                           u"lblCaseDetailsHdr Case Details (*"_s + number + u')'};
+        handed += own;
+        handed.append(u"tboxCaseNumberQueue "_s + line);
         QTest::newRow(name) << state
-                            << QString(u"SMITH~"_s + number + u"~01/02/2002~Civil~"_s + location
+                            << QString(u"SMITH~*"_s + number + u"~01/02/2002~Civil~"_s + location
                                        + u"~Plaintiff~"_s)
-                            << wire(line) << log << title << courtName << type;
+                            << handed << QString(log + Wire(line));
     };
-    row("Washington", u"WA"_s, u"02-2-02029-9"_s, u"WA Superior Ct King County"_s,
-        u"WASUP/SUMMARY/02-2-02029-9/King//"_s, u"Washington Summary Request: "_s,
-        u"02-2-02029-9 - King County Superior Courts"_s,
-        u"King County, Washington Superior Courts"_s);
-    row("Oregon, circuit", u"OR"_s, u"02C17"_s, u"OR Linn Co Cir Ct"_s,
-        u"OREGON/SUMMARY,NAMES,DOCKET,/02C17/LIN C/"_s, u"Oregon Summary Request: "_s,
-        u"Case Details (02C17)"_s, u"Linn County, Oregon Circuit Courts"_s);
-    row("Oregon, district", u"OR"_s, u"02C17"_s, u"OR Linn Co Dist Ct"_s,
-        u"OREGON/SUMMARY,NAMES,DOCKET,/02C17/LIN D/"_s, u"Oregon Summary Request: "_s,
-        u"Case Details (02C17)"_s, u"Linn County, Oregon District Courts"_s);
-    row("Idaho, civil", u"ID"_s, u"CV-2002-17"_s, u"ID District Ct Ada County"_s,
-        u"IDSUP/SUMMARY,NAMES,DOCKET,/CV-2002-17/Ada/"_s, u"Idaho Summary Request: "_s,
-        u"Case Details (CV-2002-17)"_s, u"Ada County, Idaho District Courts"_s,
-        u"Civil/Plaintiff"_s);
-    row("Idaho, criminal", u"ID"_s, u"CR-2002-17"_s, u"ID District Ct Ada County"_s,
-        u"IDSUP/SUMMARY,NAMES,DOCKET,/CR-2002-17/Ada/"_s, u"Idaho Summary Request: "_s,
-        u"Case Details (CR-2002-17)"_s, u"Ada County, Idaho District Courts"_s,
-        u"Criminal/Plaintiff"_s);
-    row("Idaho, juvenile", u"ID"_s, u"JV-2002-17"_s, u"ID District Ct Ada County"_s,
-        u"IDSUP/SUMMARY,NAMES,DOCKET,/JV-2002-17/Ada/"_s, u"Idaho Summary Request: "_s,
-        u"Case Details (JV-2002-17)"_s, u"Ada County, Idaho District Courts"_s,
-        u"Juvenile/Plaintiff"_s);
-    const auto bankruptcy = [](const QString &state, const QString &courtName) {
-        QTest::newRow(qPrintable(state))
-            << state
-            << u"SMITH~05-1~RETRIEVECOMMAND=BKRPT-SUMMARY-05~01/02/2002~Chapter 7~Seattle~Debtor~X~"_s
-            << u"05-1"_s << u"Bankruptcy Request: BKRPT-SUMMARY-05"_s << u"Case Details (05-1)"_s
-            << courtName << QString();
-    };
-    bankruptcy(u"ORBK"_s, u"Oregon Bankruptcy Court (Statewide)"_s);
-    bankruptcy(u"WAWBK"_s, u"Washington Western Bankruptcy Courts"_s);
-    bankruptcy(u"WAEBK"_s, u"Washington Eastern Bankruptcy Courts"_s);
+    const QString pending = u"lblCaseTitle Pending .. "_s;
+    const QString filed = u"lblDateFiled 01/02/2002"_s;
+    row("Washington", u"WA"_s, u"02-2-02029-9"_s, u"WA Superior Ct Walla Walla County"_s,
+        u"02-2-02029-9 - Walla Walla County Superior Courts"_s, u"Washington Summary Request: "_s,
+        {u"txtCountyName Walla Walla"_s,
+         u"lblCourtName Walla Walla County, Washington Superior Courts"_s,
+         u"txtCaseNumber *02-2-02029-9"_s, pending, filed},
+        u"WASUP/SUMMARY/02-2-02029-9/Walla Walla//"_s);
+    for (const auto &[name, place, courts, type] :
+         {std::tuple{"Oregon, circuit", u"Linn Co Cir Ct"_s, u"Circuit"_s, u"C"_s},
+          std::tuple{"Oregon, district", u"Linn Co Dist Ct"_s, u"District"_s, u"D"_s}}) {
+        row(name, u"OR"_s, u"02C17"_s, u"OR "_s + place, u"Case Details (02C17)"_s,
+            u"Oregon Summary Request: "_s,
+            {u"txtCountyName Linn"_s,
+             u"lblCourtName Linn County, Oregon "_s + courts + u" Courts"_s,
+             u"lblOrCourtType "_s + type, u"txtCaseNumber *02C17"_s, pending, filed},
+            u"OREGON/SUMMARY,NAMES,DOCKET,/02C17/LIN "_s + type + u'/');
+    }
+    for (const auto &[name, head, type] : {std::tuple{"Idaho, civil", u"CV"_s, u"Civil"_s},
+                                           std::tuple{"Idaho, criminal", u"CR"_s, u"Criminal"_s},
+                                           std::tuple{"Idaho, juvenile", u"JV"_s, u"Juvenile"_s}}) {
+        const QString number = head + u"-2002-17"_s;
+        row(name, u"ID"_s, number, u"ID District Ct Ada County"_s,
+            u"Case Details ("_s + number + u')', u"Idaho Summary Request: "_s,
+            {u"txtCountyName Ada"_s, u"lblCourtName Ada County, Idaho District Courts"_s,
+             u"txtCaseNumber *"_s + number, pending, filed,
+             u"lblTopFrameCaseType "_s + type + u"/Plaintiff"_s},
+            u"IDSUP/SUMMARY,NAMES,DOCKET,/"_s + number + u"/Ada/"_s);
+    }
 }
 
 void tst_OpenCase::eachCourt()
 {
     QFETCH(QString, state);
     QFETCH(QString, row);
-    QFETCH(QString, line);
     QFETCH(QString, log);
     const frmNameSearchResults *window = finished({row}, state);
     choose(window, 0);
     QCOMPARE(caseWindows().size(), 1);
-    const auto *opened = qobject_cast<frmCaseDetails *>(caseWindows().constFirst());
-    QVERIFY(opened);
-    QCOMPARE(opened->lblState, state);
-    QCOMPARE(opened->tboxCaseNumberQueue, line);
-    QTEST(opened->windowTitle(), "title");
-    QTEST(TextOf(opened, "lblCourtName"), "court");
-    QTEST(TextOf(opened, "lblTopFrameCaseType"), "type");
-    QCOMPARE(TextOf(opened, "lblCaseTitle"), u"Pending .. "_s);
-    QCOMPARE(TextOf(opened, "lblDateFiled"), u"01/02/2002"_s);
-    QCOMPARE(TextOf(opened, "lblStatus"), u"Pending .."_s);
-    const bool bankruptcy = state.endsWith(u"BK");
-    QVERIFY(desk->Folder.Logged(bankruptcy ? log : QString(log + line)));
-    QCOMPARE(opened->chkBK, bankruptcy);
-    QCOMPARE(opened->lboxTabReqQueue.Lines(),
-             bankruptcy ? QStringList{u"BKRPT-SUMMARY-05"_s} : QStringList());
+    QTEST(Handed(caseWindows().constFirst()), "handed");
+    QCOMPARE(TextOf(caseWindows().constFirst(), "lblStatus"), u"Pending .."_s);
+    QVERIFY(desk->Folder.Logged(log));
+}
+
+void tst_OpenCase::eachBankruptcyCourt_data()
+{
+    QTest::addColumn<QString>("state");
+    QTest::addColumn<QString>("courtName");
+    const auto row = [](const char *state, const QString &courtName) {
+        QTest::newRow(state) << QString::fromLatin1(state) << courtName;
+    };
+    row("ORBK", u"Oregon Bankruptcy Court (Statewide)"_s);
+    row("WAWBK", u"Washington Western Bankruptcy Courts"_s);
+    row("WAEBK", u"Washington Eastern Bankruptcy Courts"_s);
+    row("IDBK", u"Idaho Bankruptcy Court (Statewide)"_s);
+}
+
+void tst_OpenCase::eachBankruptcyCourt()
+{
+    QFETCH(QString, state);
+    QFETCH(QString, courtName);
+    const frmNameSearchResults *window = finished(
+        {u"SMITH~*05-1~RETRIEVECOMMAND=BKRPT-SUMMARY-05~01/02/2002~Chapter 7~Seattle~Debtor~X~"_s},
+        state);
+    choose(window, 0);
+    QCOMPARE(caseWindows().size(), 1);
+    QCOMPARE(Handed(caseWindows().constFirst()),
+             (QStringList{u"frmCaseDetails"_s, u"caption Case Details (05-1)"_s,
+                          u"lblState "_s + state, u"lblCaseDetailsHdr Case Details (*05-1)"_s,
+                          u"lblCourtName "_s + courtName, u"txtCaseNumber *05-1"_s,
+                          u"lblCaseTitle Pending .. "_s, u"lblDateFiled 01/02/2002"_s, u"chkBK"_s,
+                          u"tboxCaseNumberQueue 05-1"_s, u"lboxTabReqQueue BKRPT-SUMMARY-05"_s}));
+    QVERIFY(desk->Folder.Logged(u"Bankruptcy Request: BKRPT-SUMMARY-05"_s));
 }
 
 void tst_OpenCase::anIndexSearch()
@@ -242,14 +238,10 @@ void tst_OpenCase::anIndexSearch()
     court->Expect(line).Reply(
         {u"SMITH~02-2~01/02/2002~Civil~WA Superior Ct King County~Role~A title~01/03/2002~"_s,
          u"EOF~"_s});
-    desk->ConnectTo(*court);
-    auto *window = new frmNameSearchResults(u"WA"_s, true);
-    desk->Enqueue(window, {line});
-    window->Timer1->start(1);
-    QVERIFY(desk->Finish(window));
+    auto *window = Search(new frmNameSearchResults(u"WA"_s, true), {line});
     choose(window, 0);
     QCOMPARE(caseWindows().size(), 1);
-    QCOMPARE(caseWindows().constFirst()->tboxCaseNumberQueue, wire(u"WASUP/SUMMARY/02-2/King//"_s));
+    QCOMPARE(caseWindows().constFirst()->tboxCaseNumberQueue, Wire(u"WASUP/SUMMARY/02-2/King//"_s));
 }
 
 void tst_OpenCase::eachDistrictCase_data()
@@ -272,40 +264,47 @@ void tst_OpenCase::eachDistrictCase()
                          {u"SMITH~*C0012345~BED~Benton District~IT~OPN~DEF~01/02/2002~"_s});
     choose(window, 0);
     QCOMPARE(caseWindows().size(), 1);
-    const auto *opened = qobject_cast<DiscisCaseWindow *>(caseWindows().constFirst());
-    QVERIFY(opened);
-    QCOMPARE(opened->objectName(), civil ? u"frmCivilCaseDetails"_s : u"frmNCCaseDetails"_s);
-    const QString line = wire(civil ? u"WADISCIS////C0012345/IT/BED/CV/CIVI//"_s
-                                    : u"WADISCIS////C0012345/IT/BED/IN/NCC//"_s);
-    QCOMPARE(opened->tboxCaseNumberQueue, line);
+    const QString line =
+        u"WADISCIS////C0012345/IT/BED/"_s + (civil ? u"CV/CIVI//"_s : u"IN/NCC//"_s);
+    QCOMPARE(Handed(caseWindows().constFirst()),
+             (QStringList{civil ? u"frmCivilCaseDetails"_s : u"frmNCCaseDetails"_s,
+                          u"caption C0012345 - Benton District Cty. / Benton"_s, u"lblState WA"_s,
+                          u"lblCaseDetailsHdr Case Details"_s, u"txtCountyName Benton"_s,
+                          u"lblCourtName Benton Cty. - Benton District"_s,
+                          u"txtCaseNumber C0012345"_s, u"txtCourtCode BED"_s, u"txtCaseType IT"_s,
+                          civil ? u"lblCaseType CIVIL  CV"_s : u"lblCaseType NON-CIVIL"_s,
+                          u"lblCaseNo C0012345"_s, u"lblCaseTitle Pending .. "_s,
+                          u"lblDateFiled 01/02/2002"_s, u"tboxCaseNumberQueue "_s + line}));
     QVERIFY(desk->Folder.Logged(
-        (civil ? u"Discis CIVI Search Request: "_s : u"Discis NCC Search Request: "_s) + line));
-    QCOMPARE(opened->windowTitle(), u"C0012345 - Benton District Cty. / Benton"_s);
-    QCOMPARE(opened->txtCourtCode, u"BED"_s);
-    QCOMPARE(opened->txtCaseType, u"IT"_s);
-    QCOMPARE(opened->txtCaseNumber, u"C0012345"_s);
-    QCOMPARE(opened->txtCountyName, u"Benton"_s);
-    QCOMPARE(opened->lblCaseNo(), u"C0012345"_s);
-    QCOMPARE(TextOf(opened, "lblCaseTitle"), u"Pending .. "_s);
-    QCOMPARE(TextOf(opened, "lblDateFiled"), u"01/02/2002"_s);
-    QCOMPARE(opened->lblCaseType(), civil ? u"CIVIL  CV"_s : u"NON-CIVIL"_s);
+        (civil ? u"Discis CIVI Search Request: "_s : u"Discis NCC Search Request: "_s)
+        + Wire(line)));
     QCOMPARE(RowsOf(window)[0][1], u">>*C0012345"_s);
+}
+
+void tst_OpenCase::aSuperiorCaseAmongTheNonCivil_data()
+{
+    QTest::addColumn<QString>("requestType");
+    QTest::newRow("non-civil request") << u"IN"_s;
+    QTest::newRow("civil request") << u"CV"_s;
 }
 
 void tst_OpenCase::aSuperiorCaseAmongTheNonCivil()
 {
+    QFETCH(QString, requestType);
     const NameResultsWindow *window =
-        finishedDistrict(Which::NonCivil, DistrictLine(u"*SW"_s, u"IN"_s),
+        finishedDistrict(Which::NonCivil, DistrictLine(u"*SW"_s, requestType),
                          {u"SMITH~02-1-00017-3~S17~King~FEL~OPN~DEF~01/02/2002~"_s});
     choose(window, 0);
     QCOMPARE(caseWindows().size(), 1);
-    const auto *opened = qobject_cast<frmCaseDetails *>(caseWindows().constFirst());
-    QVERIFY(opened);
-    QCOMPARE(opened->lblState, u"WA"_s);
-    QCOMPARE(opened->txtCountyName, u"King"_s);
-    QCOMPARE(opened->windowTitle(), u"02-1-00017-3 - King County Superior Courts"_s);
-    QVERIFY(
-        desk->Folder.Logged(u"Summary Request: "_s + wire(u"WASUP/SUMMARY/02-1-00017-3/King//"_s)));
+    const QString line = u"WASUP/SUMMARY/02-1-00017-3/King//"_s;
+    QCOMPARE(Handed(caseWindows().constFirst()),
+             (QStringList{
+                 u"frmCaseDetails"_s, u"caption 02-1-00017-3 - King County Superior Courts"_s,
+                 u"lblState WA"_s, u"lblCaseDetailsHdr Case Details (02-1-00017-3)"_s,
+                 u"txtCountyName King"_s, u"lblCourtName King County, Washington Superior Courts"_s,
+                 u"txtCaseNumber 02-1-00017-3"_s, u"lblCaseTitle Pending .. "_s,
+                 u"lblDateFiled 01/02/2002"_s, u"tboxCaseNumberQueue "_s + line}));
+    QVERIFY(desk->Folder.Logged(u"Summary Request: "_s + Wire(line)));
 }
 
 void tst_OpenCase::theRowIsMarkedOnce()
@@ -319,7 +318,7 @@ void tst_OpenCase::theRowIsMarkedOnce()
     QCOMPARE(caseWindows().size(), 3);
     for (const CaseWindow *opened : caseWindows()) {
         QCOMPARE(opened->windowTitle(), u"02-2-02029-9 - King County Superior Courts"_s);
-        QCOMPARE(opened->tboxCaseNumberQueue, wire(u"WASUP/SUMMARY/02-2-02029-9/King//"_s));
+        QCOMPARE(opened->tboxCaseNumberQueue, Wire(u"WASUP/SUMMARY/02-2-02029-9/King//"_s));
     }
 }
 
@@ -332,6 +331,17 @@ void tst_OpenCase::anArchivedCaseKeepsItsMark()
     const CaseWindow *opened = caseWindows().constFirst();
     QCOMPARE(opened->txtCaseNumber, u"*02-2-02029-9"_s);
     QCOMPARE(opened->lblCaseDetailsHdr(), u"Case Details (*02-2-02029-9)"_s);
+}
+
+void tst_OpenCase::theMarkDoesNotCutTheNumber()
+{
+    const NameResultsWindow *window =
+        finishedDistrict(Which::NonCivil, DistrictLine(u"BED"_s, u"IN"_s), {CaseRow(u"SMITH"_s)});
+    const ResultListView *list = ListOf(window);
+    const int before = list->columnWidth(1);
+    choose(window, 0);
+    QVERIFY(list->columnWidth(1) > before);
+    QVERIFY(list->columnWidth(1) >= list->sizeHintForIndex(list->List()->index(0, 1)).width());
 }
 
 void tst_OpenCase::notLoggedIn_data()
@@ -351,9 +361,7 @@ void tst_OpenCase::notLoggedIn()
     QFETCH(Which, which);
     QFETCH(Way, way);
     QFETCH(bool, login);
-    const QString line = which == Which::Name ? RequestLine() : DistrictLine();
-    const QString row = which == Which::Name ? ResultLine(u"SMITH"_s) : CaseRow(u"SMITH"_s);
-    const NameResultsWindow *window = finishedDistrict(which, line, {row});
+    const NameResultsWindow *window = finishedDistrict(which, LineOf(which), {RowOf(which)});
     Global.bLoggedIn = false;
     desk->Boxes.Expect(loginQuestion, loginTitle, MsgIcon::Exclamation,
                        login ? MsgAnswer::Yes : MsgAnswer::No);
@@ -367,7 +375,7 @@ void tst_OpenCase::notLoggedIn()
 void tst_OpenCase::nothingSelected()
 {
     const frmNameSearchResults *window = finished({ResultLine(u"SMITH"_s)});
-    ResultListView *list = listOf(window);
+    ResultListView *list = ListOf(window);
     Global.bLoggedIn = false;
     QTest::mouseDClick(list->viewport(), Qt::LeftButton, {},
                        QPoint(20, list->viewport()->height() - 4));
@@ -383,10 +391,38 @@ void tst_OpenCase::theButtonFollowsTheSelection()
     const frmNameSearchResults *window = finished({ResultLine(u"SMITH"_s)});
     const QPushButton *button = ButtonOf(window, "cmdSearchResults_0");
     QVERIFY(!button->isEnabled());
-    listOf(window)->selectRow(0);
+    ListOf(window)->selectRow(0);
     QVERIFY(button->isEnabled());
-    listOf(window)->clearSelection();
+    ListOf(window)->clearSelection();
     QVERIFY(!button->isEnabled());
+}
+
+void tst_OpenCase::theMouseDownAloneSelects_data()
+{
+    QTest::addColumn<Which>("which");
+    QTest::newRow("name") << Which::Name;
+    QTest::newRow("civil") << Which::Civil;
+    QTest::newRow("non-civil") << Which::NonCivil;
+}
+
+void tst_OpenCase::theMouseDownAloneSelects()
+{
+    QFETCH(Which, which);
+    const QString line = which == Which::Name ? RequestLine() : DistrictLine(u"BED"_s, u"IN"_s);
+    const QString row = which == Which::Name ? ResultLine(u"SMITH"_s) : CaseRow(u"SMITH"_s);
+    const NameResultsWindow *window = finishedDistrict(which, line, {row, row, row});
+    ResultListView *list = ListOf(window);
+    QCOMPARE(list->SelectedRow(), -1);
+    for (const int pressed : {1, 2, 0}) {
+        QTest::mousePress(list->viewport(), Qt::LeftButton, {},
+                          list->visualRect(list->List()->index(pressed, 0)).center());
+        QCOMPARE(list->SelectedRow(), pressed);
+        QCOMPARE(list->selectionModel()->selectedRows().size(), 1);
+        QVERIFY(ButtonOf(window, "cmdSearchResults_0")->isEnabled());
+        QTest::mouseRelease(list->viewport(), Qt::LeftButton, {},
+                            list->visualRect(list->List()->index(pressed, 0)).center());
+    }
+    QCOMPARE(caseWindows().size(), 0);
 }
 
 void tst_OpenCase::theNewWindowWaitsItsTurn()
@@ -447,7 +483,7 @@ void tst_OpenCase::theOneOfSeveralSelectedRowsThatIsCurrent()
 {
     const frmNameSearchResults *window =
         finished({ResultLine(u"A"_s), ResultLine(u"B"_s), ResultLine(u"C"_s)});
-    ResultListView *list = listOf(window);
+    ResultListView *list = ListOf(window);
     list->selectAll();
     list->selectionModel()->setCurrentIndex(list->List()->index(1, 0),
                                             QItemSelectionModel::NoUpdate);
@@ -492,14 +528,14 @@ void tst_OpenCase::aRowThatWasCutShortDoesNotCrash()
     QCOMPARE(window->RowCount(), 1);
     choose(window, 0);
     QCOMPARE(caseWindows().size(), 1);
-    QCOMPARE(caseWindows().constFirst()->tboxCaseNumberQueue, wire(line));
+    QCOMPARE(caseWindows().constFirst()->tboxCaseNumberQueue, Wire(line));
 }
 
 void tst_OpenCase::aSortedRowOpensItsOwnCase()
 {
     const frmNameSearchResults *window =
         finished({ResultLine(u"A"_s, u"02-2-00001-1"_s), ResultLine(u"B"_s, u"02-2-00002-1"_s)});
-    ResultListView *list = listOf(window);
+    ResultListView *list = ListOf(window);
     list->SortRows({u"2"_s, u"1"_s}, Qt::AscendingOrder);
     choose(window, 0);
     QCOMPARE(caseWindows().size(), 1);

@@ -1,6 +1,8 @@
+#include "controls/ResultListView.h"
 #include "core/GlobalState.h"
 #include "namesearch/SearchDesk.h"
 #include "namesearch/frmNameSearchResults.h"
+#include "support/Wire.h"
 
 #include <QPushButton>
 #include <QTest>
@@ -9,25 +11,18 @@
 // Oregon, Idaho and Bankruptcy.
 
 namespace {
-QString wire(const QString &text)
-{
-    return QString(text).replace(u'/', u'\u00A6');
-}
-
 const QString bankruptcyLine = u"BKRPT~SEARCH~SMITH~JOHN~Q~~WAW~*ALL~1980~2005~"_s;
 const QString bankruptcyRow = u"SMITH~05-1~RETRIEVECOMMAND=BKRPT-SUMMARY-05~01/02/2005~Chapter 7~"
                               "Seattle~Debtor~Attorney~"_s;
 } // namespace
 
-class tst_OtherSearches : public QObject
+class tst_OtherSearches : public SearchTest
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
-
     void columnsOfEachState_data();
     void columnsOfEachState();
+    void onlyTheIndexIsWrittenSmall();
     void whatTheStarterHandsOver();
     void searchOfEachState_data();
     void searchOfEachState();
@@ -35,29 +30,7 @@ private Q_SLOTS:
     void aStoppedBankruptcySearch_data();
     void aStoppedBankruptcySearch();
     void anIndexMarkTakenBackGivesCourtRows();
-
-private:
-    std::unique_ptr<SearchDesk> desk;
-    std::unique_ptr<ScriptedCourt> court;
 };
-
-void tst_OtherSearches::init()
-{
-    desk = std::make_unique<SearchDesk>();
-    court = std::make_unique<ScriptedCourt>();
-}
-
-void tst_OtherSearches::cleanup()
-{
-    const QString boxes = desk->Boxes.Complaints();
-    const bool allHappened = desk->AllHappened();
-    const QString conversation = court->Complaints();
-    desk.reset();
-    court.reset();
-    QCOMPARE(boxes, QString());
-    QVERIFY(allHappened);
-    QCOMPARE(conversation, QString());
-}
 
 void tst_OtherSearches::columnsOfEachState_data()
 {
@@ -83,6 +56,15 @@ void tst_OtherSearches::columnsOfEachState()
     QTEST(static_cast<int>(HeadersOf(&window).size()), "columns");
     QTEST(HeadersOf(&window).last(), "lastHeader");
     QTEST(window.chkBK, "bankruptcy");
+}
+
+void tst_OtherSearches::onlyTheIndexIsWrittenSmall()
+{
+    const frmNameSearchResults direct(u"WA"_s);
+    const frmNameSearchResults index(u"WA"_s, true);
+    const auto size = [](const QWidget &window) { return ListOf(&window)->font().pointSizeF(); };
+    QCOMPARE(size(direct), direct.font().pointSizeF());
+    QVERIFY(size(index) < index.font().pointSizeF());
 }
 
 void tst_OtherSearches::whatTheStarterHandsOver()
@@ -111,8 +93,8 @@ void tst_OtherSearches::searchOfEachState_data()
     QTest::addColumn<QString>("cells");
     const QString courtRow = u"SMITH~1~01/02/2002~Civil~Baker Co Cir Ct~Plaintiff~"_s;
     const QString courtCells = u"SMITH/1/01~02~2002/Civil/Baker Co Cir Ct/Plaintiff"_s;
-    const QString oregon = wire(u"OREGON/SEARCH/SMITH/JOHN///BAK C/CV,DO,/1990/2002/"_s);
-    const QString idaho = wire(u"IDSUP/SEARCH/SMITH/JOHN///Ada,/CV,CR,////"_s);
+    const QString oregon = Wire(u"OREGON/SEARCH/SMITH/JOHN///BAK C/CV,DO,/1990/2002/"_s);
+    const QString idaho = Wire(u"IDSUP/SEARCH/SMITH/JOHN///Ada,/CV,CR,////"_s);
     QTest::newRow("Oregon") << u"OR"_s << oregon << courtRow
                             << u"SMITH, JOHN in Baker County, Oregon Circuit/District Courts"_s
                             << u"Civil, Domestic"_s << courtCells;
@@ -133,14 +115,11 @@ void tst_OtherSearches::searchOfEachState()
     QFETCH(QString, line);
     QFETCH(QString, row);
     court->Expect(line).Reply({row, u"EOF~"_s});
-    desk->ConnectTo(*court);
     auto *window = new frmNameSearchResults(state);
     window->SetNameVal(u"given name"_s);
     window->SetCaseTypeVals(u"given types"_s);
     window->SetTxtCountyList(u"the list"_s);
-    desk->Enqueue(window, {line});
-    window->Timer1->start(1);
-    QVERIFY(desk->Finish(window));
+    Search(window, {line});
     QTEST(window->windowTitle(), "title");
     QTEST(TextOf(window, "lblCaseTypeVals"), "types");
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete: 1 Cases Retrieved."_s);
@@ -153,13 +132,10 @@ void tst_OtherSearches::searchOfEachState()
 void tst_OtherSearches::idahosBankruptcyCourtKeepsWhatItWasGiven()
 {
     court->Expect(bankruptcyLine).Reply({bankruptcyRow, u"EOF~"_s});
-    desk->ConnectTo(*court);
     auto *window = new frmNameSearchResults(u"IDBK"_s);
     window->SetNameVal(u"given name"_s);
     window->SetCaseTypeVals(u"Bankruptcy"_s);
-    desk->Enqueue(window, {bankruptcyLine});
-    window->Timer1->start(1);
-    QVERIFY(desk->Finish(window));
+    Search(window, {bankruptcyLine});
     QCOMPARE(TextOf(window, "lblNameVal"), u"given name"_s);
     QCOMPARE(TextOf(window, "lblCaseTypeVals"), u"Bankruptcy"_s);
     QVERIFY(desk->Folder.Logged(u"Cannot show the search criteria: Subscript out of range"_s));
@@ -181,10 +157,7 @@ void tst_OtherSearches::aStoppedBankruptcySearch()
     QFETCH(QString, stop);
     court->Expect(bankruptcyLine).Reply({bankruptcyRow});
     court->Expect(stop).Reply({u"EOF~"_s});
-    desk->ConnectTo(*court);
-    auto *window = new frmNameSearchResults(state);
-    desk->Enqueue(window, {bankruptcyLine});
-    window->Timer1->start(1);
+    auto *window = Begin(new frmNameSearchResults(state), {bankruptcyLine});
     desk->When([&] { return window->RowCount() == 1; },
                [&] { ButtonOf(window, "cmdStopSearching")->click(); });
     QTRY_COMPARE(TextOf(window, "lblStatus"), u"Search Stopped By User: 1 Cases Retrieved."_s);
@@ -194,14 +167,11 @@ void tst_OtherSearches::aStoppedBankruptcySearch()
 void tst_OtherSearches::anIndexMarkTakenBackGivesCourtRows()
 {
     // The search form copies its index mark into every window, and takes it back for Oregon.
-    const QString line = wire(u"OREGON/SEARCH/SMITH/JOHN///BAK C/CV,/1990/2002/"_s);
+    const QString line = Wire(u"OREGON/SEARCH/SMITH/JOHN///BAK C/CV,/1990/2002/"_s);
     court->Expect(line).Reply({u"A~1~2~3~4~5~"_s, u"EOF~"_s});
-    desk->ConnectTo(*court);
     auto *window = new frmNameSearchResults(u"OR"_s, true);
     window->chkIndexSearch = false;
-    desk->Enqueue(window, {line});
-    window->Timer1->start(1);
-    QVERIFY(desk->Finish(window));
+    Search(window, {line});
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete: 1 Cases Retrieved."_s);
 }
 

@@ -7,6 +7,7 @@
 using namespace Qt::StringLiterals;
 
 Q_DECLARE_METATYPE(ReplyKind)
+Q_DECLARE_METATYPE(IndexReplyKind)
 
 class tst_Replies : public QObject
 {
@@ -16,6 +17,8 @@ private Q_SLOTS:
     void kind();
     void kindInTheDistrictCourts_data();
     void kindInTheDistrictCourts();
+    void kindInAnIndexSearch_data();
+    void kindInAnIndexSearch();
     void everySingleByteIsARow();
     void aNulDoesNotHideTheEndMark();
     void veryLongRepliesAreRows();
@@ -116,6 +119,62 @@ void tst_Replies::kindInTheDistrictCourts()
 {
     QFETCH(QString, reply);
     QTEST(ClassifyReply(reply, {EndMark::AtTheBeginning, false}), "kind");
+}
+
+void tst_Replies::kindInAnIndexSearch_data()
+{
+    QTest::addColumn<QString>("reply");
+    QTest::addColumn<IndexReplyKind>("kind");
+    const auto end = IndexReplyKind::EndOfSearch;
+    const auto progress = IndexReplyKind::Progress;
+    const auto row = IndexReplyKind::Row;
+    QTest::newRow("end mark") << u"EOF~"_s << end;
+    QTest::newRow("end mark with a bar") << u"EOF~|"_s << end;
+    QTest::newRow("end mark in lower case") << u"eof~"_s << row;
+    QTest::newRow("end mark with a bar in lower case") << u"eof~|"_s << row;
+    QTest::newRow("end mark in mixed case") << u"Eof~|"_s << row;
+    QTest::newRow("end mark without its tilde") << u"EOF"_s << row;
+    QTest::newRow("end mark with a bar for its tilde") << u"EOF|"_s << row;
+    QTest::newRow("end mark with two bars") << u"EOF~||"_s << row;
+    QTest::newRow("end mark with two tildes") << u"EOF~~"_s << row;
+    QTest::newRow("end mark behind a letter") << u"XEOF~"_s << row;
+    QTest::newRow("end mark with a bar behind a letter") << u"XEOF~|"_s << row;
+    QTest::newRow("end mark behind a blank") << u" EOF~"_s << row;
+    QTest::newRow("end mark with a bar behind a blank") << u" EOF~|"_s << row;
+    QTest::newRow("end mark before a blank") << u"EOF~ "_s << row;
+    QTest::newRow("end mark before text") << u"EOF~King~"_s << row;
+    QTest::newRow("end mark behind text") << u"King~3~EOF~"_s << row;
+    QTest::newRow("a row that ends in THEREOF~") << u"HEIRS THEREOF~"_s << row;
+    QTest::newRow("nothing") << QString() << row;
+
+    QTest::newRow("progress") << u"SEARCHING~King~"_s << progress;
+    QTest::newRow("progress in lower case") << u"searching"_s << progress;
+    QTest::newRow("progress before the end mark") << u"Searching~EOF~"_s << progress;
+    QTest::newRow("progress behind a blank") << u" SEARCHING~"_s << row;
+    QTest::newRow("progress cut short") << u"SEARCHIN"_s << row;
+
+    QTest::newRow("error") << u"ERROR~Illegal Role~"_s << IndexReplyKind::Error;
+    QTest::newRow("error before the end mark") << u"ERROR~EOF~"_s << IndexReplyKind::Error;
+    QTest::newRow("too many hits") << u"ERROR~too many hits~"_s << IndexReplyKind::Error;
+    QTest::newRow("error without its tilde") << u"ERROR"_s << row;
+    QTest::newRow("error in lower case") << u"error~x~"_s << row;
+    QTest::newRow("error behind a blank") << u" ERROR~x~"_s << row;
+    QTest::newRow("a name that begins with error") << u"ERRORSON~1~2~3~4~5~6~7~"_s << row;
+
+    QTest::newRow("warning") << u"WARNING~Reached Search Limit~500~700~"_s
+                             << IndexReplyKind::Warning;
+    QTest::newRow("warning alone") << u"WARNING~"_s << IndexReplyKind::Warning;
+    QTest::newRow("warning without its tilde") << u"WARNING"_s << row;
+    QTest::newRow("warning in lower case") << u"warning~x~"_s << row;
+    QTest::newRow("warning behind text") << u"A WARNING~x~"_s << row;
+    QTest::newRow("more than 200") << u"This search resulted in more than 200 results."_s << row;
+    QTest::newRow("a row") << u"SMITH~02-1~01/02/2002~Felony~King~Role~A V B~03/04/2005~"_s << row;
+}
+
+void tst_Replies::kindInAnIndexSearch()
+{
+    QFETCH(QString, reply);
+    QTEST(ClassifyIndexReply(reply), "kind");
 }
 
 void tst_Replies::everySingleByteIsARow()

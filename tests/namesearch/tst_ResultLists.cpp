@@ -3,7 +3,6 @@
 #include "controls/ResultListView.h"
 #include "controls/TableTools.h"
 #include "core/UserStore.h"
-#include "courts/DiscisCourts.h"
 #include "namesearch/DistrictSearch.h"
 #include "namesearch/ResultColumns.h"
 
@@ -21,27 +20,15 @@
 namespace {
 constexpr double longSearchSeconds = 21.0;
 
-ResultListView *listOf(const QWidget *window, const QString &name = u"listview1"_s)
-{
-    return window->findChild<ResultListView *>(name);
-}
-
-void addWindows()
-{
-    QTest::addColumn<Which>("which");
-    QTest::newRow("name search") << Which::Name;
-    QTest::newRow("civil") << Which::Civil;
-    QTest::newRow("non-civil") << Which::NonCivil;
-}
 } // namespace
 
-class tst_ResultLists : public SearchTest
+class tst_ResultLists : public DistrictSearchTest
 {
     Q_OBJECT
 private Q_SLOTS:
-    void theListHasItsMenuAndKeys_data() { addWindows(); }
+    void theListHasItsMenuAndKeys_data() { EachResultsWindow(); }
     void theListHasItsMenuAndKeys();
-    void aLongSearchTellsOfItsEnd_data() { addWindows(); }
+    void aLongSearchTellsOfItsEnd_data() { EachResultsWindow(); }
     void aLongSearchTellsOfItsEnd();
     void aStoppedSearchIsNoNews();
     void aPendingSearchThatIsStoppedSaysSo();
@@ -53,22 +40,21 @@ private Q_SLOTS:
     void tooManyResultsIsNoColumnOfTheKind();
 
 private:
-    NameResultsWindow *searched(Which which);
+    NameResultsWindow *searched(
+        Which which, const std::function<void()> &meanwhile = [] {});
 };
 
 /// A window with one row whose search is complete, after a long time.
-NameResultsWindow *tst_ResultLists::searched(Which which)
+NameResultsWindow *tst_ResultLists::searched(Which which, const std::function<void()> &meanwhile)
 {
-    LoadDiscisCourts();
-    const QString line = which == Which::Name ? RequestLine() : DistrictLine();
-    const QString row = which == Which::Name ? ResultLine(u"=SMITH"_s) : CaseRow(u"=SMITH"_s);
+    const QString line = LineOf(which);
+    const QString row = RowOf(which, u"=SMITH"_s);
     court->Expect(line).Reply({});
-    desk->ConnectTo(*court);
-    NameResultsWindow *window = MakeWindow(which);
-    desk->Enqueue(window, {line});
-    window->Timer1->start(1);
+    NameResultsWindow *window = Begin(MakeWindow(which), {line});
+    // One watcher for both: of two that wait for the same, either may be the first.
     desk->When([this] { return court->Requests().size() == 1; },
-               [this, row] {
+               [this, row, meanwhile] {
+                   meanwhile();
                    desk->Time.Advance(longSearchSeconds);
                    court->SendTokens({row, u"EOF~"_s});
                });
@@ -84,7 +70,7 @@ void tst_ResultLists::theListHasItsMenuAndKeys()
     QVERIFY(window);
     window->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(window));
-    ResultListView *list = listOf(window);
+    ResultListView *list = ListOf(window);
     list->setFocus();
     list->selectRow(0);
     QTest::keySequence(list, QKeySequence::Copy);
@@ -119,13 +105,11 @@ void tst_ResultLists::aLongSearchTellsOfItsEnd()
     });
     // Somebody who works in another window meanwhile.
     QWidget other;
-    desk->When([this] { return court->Requests().size() == 1; },
-               [&other] {
-                   other.show();
-                   other.activateWindow();
-                   QVERIFY(QTest::qWaitForWindowActive(&other));
-               });
-    const NameResultsWindow *window = searched(which);
+    const NameResultsWindow *window = searched(which, [&other] {
+        other.show();
+        other.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&other));
+    });
     ReplaceDesktopNotice({});
     QVERIFY(window);
     QCOMPARE(notices.size(), 2);
@@ -153,15 +137,15 @@ void tst_ResultLists::aStoppedSearchIsNoNews()
     QTRY_VERIFY(TextOf(window, "lblStatus").startsWith(u"Search Stopped By User: "));
     ReplaceDesktopNotice({});
     QCOMPARE(notices, 0);
-    QVERIFY(listOf(window)->accessibleDescription().startsWith(u"Search Stopped By User"));
+    QVERIFY(ListOf(window)->accessibleDescription().startsWith(u"Search Stopped By User"));
 }
 
 void tst_ResultLists::aPendingSearchThatIsStoppedSaysSo()
 {
     const frmNameSearchResults *window = desk->MakePending({RequestLine()});
-    QCOMPARE(listOf(window)->accessibleDescription(), u"Pending .. - 0 rows"_s);
+    QCOMPARE(ListOf(window)->accessibleDescription(), u"Pending .. - 0 rows"_s);
     ButtonOf(window, "cmdStopSearching")->click();
-    QCOMPARE(listOf(window)->accessibleDescription(), u"Search Stopped By User .. - 0 rows"_s);
+    QCOMPARE(ListOf(window)->accessibleDescription(), u"Search Stopped By User .. - 0 rows"_s);
 }
 
 void tst_ResultLists::widthsOfTheKind_data()
@@ -192,10 +176,10 @@ void tst_ResultLists::widthsOfTheKind()
         return std::make_unique<frmNameSearchResults>(state, index);
     };
     const auto window = make();
-    QCOMPARE(listOf(window.get())->columnWidth(0), 200);
-    listOf(window.get())->Tools()->Widths()->Reset();
-    QVERIFY(listOf(window.get())->columnWidth(0) < 200);
-    QCOMPARE(listOf(make().get())->columnWidth(0), listOf(window.get())->columnWidth(0));
+    QCOMPARE(ListOf(window.get())->columnWidth(0), 200);
+    ListOf(window.get())->Tools()->Widths()->Reset();
+    QVERIFY(ListOf(window.get())->columnWidth(0) < 200);
+    QCOMPARE(ListOf(make().get())->columnWidth(0), ListOf(window.get())->columnWidth(0));
 }
 
 void tst_ResultLists::namesOfTheKindsAreDifferent()
@@ -212,16 +196,16 @@ void tst_ResultLists::theDuplicateNamesHaveTheirOwnWidths()
 {
     SaveUserStoreValue(u"ColumnWidths"_s, u"NamesStatewide"_s, u"Name=3000"_s);
     const frmDiscisNCNameResults window;
-    QCOMPARE(listOf(&window, u"lvDupe"_s)->columnWidth(0), 200);
-    QCOMPARE(listOf(&window)->columnWidth(0), 160);
-    listOf(&window, u"lvDupe"_s)->Tools()->Widths()->Reset();
+    QCOMPARE(ListOf(&window, "lvDupe")->columnWidth(0), 200);
+    QCOMPARE(ListOf(&window)->columnWidth(0), 160);
+    ListOf(&window, "lvDupe")->Tools()->Widths()->Reset();
 }
 
 void tst_ResultLists::idahosChangeOfWidthsLeavesTheUsersColumn()
 {
     SaveUserStoreValue(u"ColumnWidths"_s, u"Idaho"_s, u"Case%20Number=3000"_s);
     frmNameSearchResults window(u"ID"_s);
-    ResultListView *list = listOf(&window);
+    ResultListView *list = ListOf(&window);
     window.AddResultRow(ResultLine(u"SMITH"_s));
     QCOMPARE(list->columnWidth(1), 200);
     QCOMPARE(list->columnWidth(4), 80);
@@ -239,7 +223,7 @@ void tst_ResultLists::tooManyResultsIsNoColumnOfTheKind()
     frmNameSearchResults *window = desk->Start({RequestLine()});
     QVERIFY(desk->Finish(window));
     QCOMPARE(HeadersOf(window).size(), 1);
-    QVERIFY(!listOf(window)->Tools()->Widths()->ChangedByUser());
+    QVERIFY(!ListOf(window)->Tools()->Widths()->ChangedByUser());
     SaveUserStoreValue(u"ColumnWidths"_s, u"Superior"_s, QString());
 }
 

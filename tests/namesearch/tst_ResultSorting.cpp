@@ -2,25 +2,12 @@
 #include "courts/DiscisCourts.h"
 #include "namesearch/DistrictSearch.h"
 
-#include <QHeaderView>
 #include <QPushButton>
 #include <QTest>
 
 // Sorting a list of results by clicks on its headers, in the windows themselves.
 
 namespace {
-ResultListView *listOf(const QWidget *window, const QString &name = u"listview1"_s)
-{
-    return window->findChild<ResultListView *>(name);
-}
-
-void clickHeader(const ResultListView *list, int column)
-{
-    const QHeaderView *header = list->horizontalHeader();
-    const QPoint where(header->sectionViewportPosition(column) + 4, header->height() / 2);
-    QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, where);
-}
-
 /// The cells of a column, top to bottom.
 QString columnOf(const ResultListView *list, int column)
 {
@@ -28,16 +15,6 @@ QString columnOf(const ResultListView *list, int column)
     for (int row = 0; row < list->List()->Count(); ++row)
         cells.append(list->List()->Cell(row, column));
     return cells.join(u' ');
-}
-
-/// Where the arrow stands, and "v" for descending; "" without one.
-QString arrowOf(const ResultListView *list)
-{
-    const QHeaderView *header = list->horizontalHeader();
-    if (!header->isSortIndicatorShown())
-        return {};
-    return QString::number(header->sortIndicatorSection())
-           + (header->sortIndicatorOrder() == Qt::DescendingOrder ? u"v"_s : QString());
 }
 
 QString courtRow(const QString &name, const QString &number, const QString &date,
@@ -102,13 +79,13 @@ void tst_ResultSorting::eachColumnBothWays()
         finished({u"B~99-2-00001-1~02/01/2003~Zoning~Adams~Aide~"_s,
                   u"a~00-2-00001-1~12/31/1999~probate~King~Widow~"_s,
                   u"c~98-2-00001-1~01/02/2002~Civil~yakima~heir~"_s});
-    const ResultListView *list = listOf(window);
+    const ResultListView *list = ListOf(window);
     QCOMPARE(columnOf(list, 0), u"B a c"_s);
-    clickHeader(list, column);
+    ClickHeader(list, column);
     QTEST(columnOf(list, 0), "first");
-    clickHeader(list, column);
+    ClickHeader(list, column);
     QTEST(columnOf(list, 0), "second");
-    clickHeader(list, column);
+    ClickHeader(list, column);
     QTEST(columnOf(list, 0), "first");
 }
 
@@ -142,16 +119,12 @@ void tst_ResultSorting::eachDistrictColumnBothWays()
         .Reply({u"B~99~SED~Zillah~AA~AA~BB~02/01/2003~"_s,
                 u"a~0100~BED~Pasco~BB~CC~AA~12/31/1999~"_s, u"c~9~otd~Kent~cc~bb~CC~01/02/2002~"_s,
                 u"EOF~"_s});
-    desk->ConnectTo(*court);
-    NameResultsWindow *window = MakeWindow(which);
-    desk->Enqueue(window, {DistrictLine()});
-    window->Timer1->start(1);
-    QVERIFY(desk->Finish(window));
+    NameResultsWindow *window = Search(MakeWindow(which), {DistrictLine()});
     window->resize(1200, 500);
-    const ResultListView *list = listOf(window);
-    clickHeader(list, column);
+    const ResultListView *list = ListOf(window);
+    ClickHeader(list, column);
     QTEST(columnOf(list, 0), "first");
-    clickHeader(list, column);
+    ClickHeader(list, column);
     QTEST(columnOf(list, 0), "second");
 }
 
@@ -159,20 +132,20 @@ void tst_ResultSorting::aDateColumnTurnsTheOrderThatTheListHas()
 {
     const frmNameSearchResults *window = finished(
         {courtRow(u"A"_s, u"1"_s, u"01/01/2001"_s), courtRow(u"B"_s, u"2"_s, u"01/01/2002"_s)});
-    const ResultListView *list = listOf(window);
-    clickHeader(list, 0);
+    const ResultListView *list = ListOf(window);
+    ClickHeader(list, 0);
     QCOMPARE(columnOf(list, 0), u"B A"_s);
-    QCOMPARE(arrowOf(list), u"0v"_s);
-    clickHeader(list, 2);
+    QCOMPARE(ArrowOf(list), u"0v"_s);
+    ClickHeader(list, 2);
     QCOMPARE(columnOf(list, 0), u"A B"_s);
-    QCOMPARE(arrowOf(list), u"2"_s);
-    clickHeader(list, 1);
+    QCOMPARE(ArrowOf(list), u"2"_s);
+    ClickHeader(list, 1);
     QCOMPARE(columnOf(list, 0), u"B A"_s);
-    QCOMPARE(arrowOf(list), u"1v"_s);
+    QCOMPARE(ArrowOf(list), u"1v"_s);
     // The fourth click on a header clears the window's flag, whatever the list's order was.
-    clickHeader(list, 0);
+    ClickHeader(list, 0);
     QCOMPARE(columnOf(list, 0), u"A B"_s);
-    QCOMPARE(arrowOf(list), u"0"_s);
+    QCOMPARE(ArrowOf(list), u"0"_s);
 }
 
 void tst_ResultSorting::anUnparsableDateStaysAsTextAmongTheDates()
@@ -181,9 +154,9 @@ void tst_ResultSorting::anUnparsableDateStaysAsTextAmongTheDates()
         finished({courtRow(u"A"_s, u"1"_s, u"Unknown"_s), courtRow(u"B"_s, u"2"_s, u"12/31/1999"_s),
                   courtRow(u"C"_s, u"3"_s, u""_s), courtRow(u"D"_s, u"4"_s, u"13/45/2002"_s),
                   courtRow(u"E"_s, u"5"_s, u"01/02/2002"_s)});
-    const ResultListView *list = listOf(window);
-    clickHeader(list, 2);
-    clickHeader(list, 2);
+    const ResultListView *list = ListOf(window);
+    ClickHeader(list, 2);
+    ClickHeader(list, 2);
     // Texts in the order of texts: "13/45/2002" is before "1999...", as "/" is before "9".
     QCOMPARE(columnOf(list, 0), u"C D B E A"_s);
     QCOMPARE(columnOf(list, 2), u" 13/45/2002 12/31/1999 01/02/2002 Unknown"_s);
@@ -197,9 +170,9 @@ void tst_ResultSorting::archivedAndOpenedNumbersStandBesideTheirTwins()
          courtRow(u"C"_s, u"99-2-00003-1"_s, date), courtRow(u"D"_s, u"99-2-00002-1"_s, date),
          courtRow(u"E"_s, u">>99-2-00001-1"_s, date),
          courtRow(u"F"_s, u">>*99-2-00003-1"_s, date)});
-    const ResultListView *list = listOf(window);
-    clickHeader(list, 1);
-    clickHeader(list, 1);
+    const ResultListView *list = ListOf(window);
+    ClickHeader(list, 1);
+    ClickHeader(list, 1);
     QCOMPARE(columnOf(list, 0), u"B E A D C F"_s);
     QCOMPARE(columnOf(list, 1), u"99-2-00001-1 >>99-2-00001-1 *99-2-00002-1 99-2-00002-1 "
                                 "99-2-00003-1 >>*99-2-00003-1"_s);
@@ -212,11 +185,11 @@ void tst_ResultSorting::negativeAndZeroLedNumbers()
         finished({courtRow(u"A"_s, u"02-2-00001-1"_s, date), courtRow(u"B"_s, u"(7)"_s, date),
                   courtRow(u"C"_s, u"99-2-00001-1"_s, date), courtRow(u"D"_s, u"-12"_s, date),
                   courtRow(u"E"_s, u"(30)"_s, date), courtRow(u"F"_s, u"CV-1"_s, date)});
-    const ResultListView *list = listOf(window);
-    clickHeader(list, 1);
-    clickHeader(list, 1);
+    const ResultListView *list = ListOf(window);
+    ClickHeader(list, 1);
+    ClickHeader(list, 1);
     QCOMPARE(columnOf(list, 1), u"(30) (7) -12 99-2-00001-1 02-2-00001-1 CV-1"_s);
-    clickHeader(list, 1);
+    ClickHeader(list, 1);
     QCOMPARE(columnOf(list, 1), u"CV-1 02-2-00001-1 99-2-00001-1 -12 (7) (30)"_s);
 }
 
@@ -241,12 +214,12 @@ void tst_ResultSorting::theArrowAndTheNameFollowTheFirstSixColumns()
     const std::unique_ptr<NameResultsWindow> window(MakeWindow(Which::Civil));
     window->resize(1200, 500);
     window->show();
-    const ResultListView *list = listOf(window.get());
+    const ResultListView *list = ListOf(window.get());
     QCOMPARE(window->SortColumnName, u"Name"_s);
-    QCOMPARE(arrowOf(list), u"0"_s);
-    clickHeader(list, column);
+    QCOMPARE(ArrowOf(list), u"0"_s);
+    ClickHeader(list, column);
     QTEST(window->SortColumnName, "name");
-    QTEST(arrowOf(list), "arrow");
+    QTEST(ArrowOf(list), "arrow");
 }
 
 void tst_ResultSorting::newRowsStandBelowSortedOnes()
@@ -256,24 +229,24 @@ void tst_ResultSorting::newRowsStandBelowSortedOnes()
     frmNameSearchResults *window = desk->Start({RequestLine()});
     desk->When([&] { return window->RowCount() == 2; },
                [&] {
-                   clickHeader(listOf(window), 0);
+                   ClickHeader(ListOf(window), 0);
                    court->SendTokens({ResultLine(u"D"_s), ResultLine(u"C"_s), u"EOF~"_s});
                });
     QVERIFY(desk->Finish(window));
-    QCOMPARE(columnOf(listOf(window), 0), u"B A D C"_s);
+    QCOMPARE(columnOf(ListOf(window), 0), u"B A D C"_s);
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete: 4 Cases Retrieved."_s);
-    clickHeader(listOf(window), 0);
-    QCOMPARE(columnOf(listOf(window), 0), u"A B C D"_s);
+    ClickHeader(ListOf(window), 0);
+    QCOMPARE(columnOf(ListOf(window), 0), u"A B C D"_s);
 }
 
 void tst_ResultSorting::selectionAndCurrentRowSurvive()
 {
     const frmNameSearchResults *window =
         finished({ResultLine(u"A"_s), ResultLine(u"B"_s), ResultLine(u"C"_s)});
-    ResultListView *list = listOf(window);
+    ResultListView *list = ListOf(window);
     list->selectRow(0);
     QVERIFY(ButtonOf(window, "cmdSearchResults_0")->isEnabled());
-    clickHeader(list, 0);
+    ClickHeader(list, 0);
     QCOMPARE(columnOf(list, 0), u"C B A"_s);
     QCOMPARE(list->SelectedRow(), 2);
     QCOMPARE(list->currentIndex().row(), 2);
@@ -285,8 +258,8 @@ void tst_ResultSorting::theNoteOfTooManyResultsCanBeClicked()
 {
     const frmNameSearchResults *window =
         finished({u"This search resulted in more than 200 results."_s});
-    const ResultListView *list = listOf(window);
-    clickHeader(list, 0);
+    const ResultListView *list = ListOf(window);
+    ClickHeader(list, 0);
     QVERIFY(list->List()->Cell(0, 0).startsWith(u"Tip:"));
     QVERIFY(window->SortColumnName.startsWith(u"NOTE:"));
 }
@@ -294,7 +267,7 @@ void tst_ResultSorting::theNoteOfTooManyResultsCanBeClicked()
 void tst_ResultSorting::anEmptyListCanBeClicked()
 {
     const frmNameSearchResults *window = finished({});
-    clickHeader(listOf(window), 1);
+    ClickHeader(ListOf(window), 1);
     QCOMPARE(window->RowCount(), 0);
     QCOMPARE(window->SortColumnName, u"Case Number"_s);
 }
@@ -303,19 +276,19 @@ void tst_ResultSorting::datesOfBirthOfNames()
 {
     frmDiscisNCNameResults window;
     window.resize(1200, 500);
-    ResultListView *names = listOf(&window, u"lvDupe"_s);
-    QCOMPARE(arrowOf(names), u"0"_s);
+    ResultListView *names = ListOf(&window, "lvDupe");
+    QCOMPARE(ArrowOf(names), u"0"_s);
     window.ShowHeaderIconNC(0, Qt::DescendingOrder, true);
-    QCOMPARE(arrowOf(names), u"0v"_s);
-    QCOMPARE(arrowOf(listOf(&window)), u"0"_s);
+    QCOMPARE(ArrowOf(names), u"0v"_s);
+    QCOMPARE(ArrowOf(ListOf(&window)), u"0"_s);
     names->show();
     window.show();
     for (const QString &birth : {u"12/31/1960"_s, u"n/a"_s, u"01/02/1970"_s})
         names->List()->AddRow({birth.first(2), u"M"_s, birth});
-    clickHeader(names, 2);
+    ClickHeader(names, 2);
     QCOMPARE(columnOf(names, 2), u"n/a 01/02/1970 12/31/1960"_s);
-    QCOMPARE(arrowOf(names), u"2v"_s);
-    QCOMPARE(arrowOf(listOf(&window)), u"0"_s);
+    QCOMPARE(ArrowOf(names), u"2v"_s);
+    QCOMPARE(ArrowOf(ListOf(&window)), u"0"_s);
     QCOMPARE(window.SortColumnName, u"D.O.B."_s);
 }
 
@@ -324,10 +297,10 @@ void tst_ResultSorting::eachWindowHasItsOwnFlag()
     const std::unique_ptr<NameResultsWindow> one(MakeWindow(Which::Civil));
     const std::unique_ptr<NameResultsWindow> other(MakeWindow(Which::Civil));
     for (const auto *window : {one.get(), other.get()}) {
-        auto *list = listOf(window);
+        auto *list = ListOf(window);
         list->window()->show();
-        clickHeader(list, 0);
-        QCOMPARE(arrowOf(list), u"0v"_s);
+        ClickHeader(list, 0);
+        QCOMPARE(ArrowOf(list), u"0v"_s);
     }
 }
 

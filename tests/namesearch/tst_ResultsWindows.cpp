@@ -1,34 +1,20 @@
 #include "core/GlobalState.h"
-#include "courts/DiscisCourts.h"
 #include "jobs/frmQueue.h"
 #include "namesearch/DistrictSearch.h"
+#include "session/SessionEvents.h"
 #include "support/FakeSocket.h"
 
 #include <QPointer>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTest>
 
 // In what the three results windows differ, and what they all do alike.
 
-namespace {
-QString lineOf(Which which)
-{
-    return which == Which::Name ? RequestLine() : DistrictLine();
-}
-
-QString rowOf(Which which)
-{
-    return which == Which::Name ? ResultLine(u"SMITH"_s) : CaseRow(u"SMITH"_s);
-}
-} // namespace
-
-class tst_ResultsWindows : public QObject
+class tst_ResultsWindows : public DistrictSearchTest
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
-
     void atLoad_data();
     void atLoad();
     void workingCaption_data();
@@ -43,33 +29,14 @@ private Q_SLOTS:
     void progressRule();
     void logOfTheReplies_data();
     void logOfTheReplies();
-    void closeRules_data();
+    void anEmptyTokenBetweenRowsIsNoRow_data();
+    void anEmptyTokenBetweenRowsIsNoRow();
+    void closeRules_data() { EachResultsWindow(); }
     void closeRules();
+    void helpIsWanted_data();
+    void helpIsWanted();
     void windowsOfDifferentKindsRunInTheOrderOfTheQueue();
-
-private:
-    std::unique_ptr<SearchDesk> desk;
-    std::unique_ptr<ScriptedCourt> court;
 };
-
-void tst_ResultsWindows::init()
-{
-    desk = std::make_unique<SearchDesk>();
-    court = std::make_unique<ScriptedCourt>();
-    LoadDiscisCourts();
-}
-
-void tst_ResultsWindows::cleanup()
-{
-    const QString boxes = desk->Boxes.Complaints();
-    const bool allHappened = desk->AllHappened();
-    const QString conversation = court->Complaints();
-    desk.reset();
-    court.reset();
-    QCOMPARE(boxes, QString());
-    QVERIFY(allHappened);
-    QCOMPARE(conversation, QString());
-}
 
 void tst_ResultsWindows::atLoad_data()
 {
@@ -115,11 +82,8 @@ void tst_ResultsWindows::workingCaption_data()
 void tst_ResultsWindows::workingCaption()
 {
     QFETCH(Which, which);
-    court->Expect(lineOf(which)).Reply({});
-    desk->ConnectTo(*court);
-    NameResultsWindow *window = MakeWindow(which);
-    desk->Enqueue(window, {lineOf(which)});
-    window->Timer1->start(1);
+    court->Expect(LineOf(which)).Reply({});
+    NameResultsWindow *window = Begin(MakeWindow(which), {LineOf(which)});
     QString shown;
     desk->When([&] { return court->Requests().size() == 1; },
                [&] {
@@ -147,7 +111,7 @@ void tst_ResultsWindows::lostConnectionLog()
     QFETCH(Which, which);
     FakeSocket *socket = desk->ConnectToNothing();
     NameResultsWindow *window = MakeWindow(which);
-    desk->Enqueue(window, {lineOf(which)});
+    desk->Enqueue(window, {LineOf(which)});
     window->Timer1->start(1);
     desk->When([&] { return socket->sent.size() == 1; }, [&] { socket->PeerCloses(); });
     QVERIFY(desk->Finish(window));
@@ -173,12 +137,8 @@ void tst_ResultsWindows::theEndMark()
 {
     QFETCH(Which, which);
     QFETCH(QString, mark);
-    court->Expect(lineOf(which)).Reply({rowOf(which), mark});
-    desk->ConnectTo(*court);
-    NameResultsWindow *window = MakeWindow(which);
-    desk->Enqueue(window, {lineOf(which)});
-    window->Timer1->start(1);
-    QVERIFY(desk->Finish(window));
+    court->Expect(LineOf(which)).Reply({RowOf(which), mark});
+    NameResultsWindow *window = Search(MakeWindow(which), {LineOf(which)});
     QCOMPARE(TextOf(window, "lblSearchStatus"), complete);
     QCOMPARE(window->RowCount(), 1);
 }
@@ -204,12 +164,8 @@ void tst_ResultsWindows::errorRule()
 {
     QFETCH(Which, which);
     QFETCH(QString, error);
-    court->Expect(lineOf(which)).Reply({error, u"EOF~"_s});
-    desk->ConnectTo(*court);
-    NameResultsWindow *window = MakeWindow(which);
-    desk->Enqueue(window, {lineOf(which)});
-    window->Timer1->start(1);
-    QVERIFY(desk->Finish(window));
+    court->Expect(LineOf(which)).Reply({error, u"EOF~"_s});
+    NameResultsWindow *window = Search(MakeWindow(which), {LineOf(which)});
     QTEST(TextOf(window, "lblStatus"), "status");
     QCOMPARE(window->SearchIncomplete, TextOf(window, "lblStatus") == u"Search Incomplete!");
     QCOMPARE(desk->Folder.Logged(u"Error Response Received in Task Processor.."_s),
@@ -232,11 +188,8 @@ void tst_ResultsWindows::progressRule()
 {
     QFETCH(Which, which);
     QFETCH(QString, reply);
-    court->Expect(lineOf(which)).Reply({reply, rowOf(which)});
-    desk->ConnectTo(*court);
-    NameResultsWindow *window = MakeWindow(which);
-    desk->Enqueue(window, {lineOf(which)});
-    window->Timer1->start(1);
+    court->Expect(LineOf(which)).Reply({reply, RowOf(which)});
+    NameResultsWindow *window = Begin(MakeWindow(which), {LineOf(which)});
     QString shown;
     desk->When([&] { return window->RowCount() == 1; },
                [&] {
@@ -253,11 +206,11 @@ void tst_ResultsWindows::logOfTheReplies_data()
     QTest::addColumn<QStringList>("log");
     const auto log = [](Which which, const QString &number, bool counts) {
         QStringList lines{
-            u"SendReq: "_s + lineOf(which),
-            u"Current Response: --> "_s + number + rowOf(which),
-            u"Sent response to caller: "_s + rowOf(which),
+            u"SendReq: "_s + LineOf(which),
+            u"Current Response: --> "_s + number + RowOf(which),
+            u"Sent response to caller: "_s + RowOf(which),
             u"Current Response: --> "_s + number + u"EOF~"_s,
-            u"All Responses Received For Request: "_s + lineOf(which),
+            u"All Responses Received For Request: "_s + LineOf(which),
             u"NORMAL EXIT - from ProcessSearchReqeusts."_s,
         };
         if (counts)
@@ -272,32 +225,54 @@ void tst_ResultsWindows::logOfTheReplies_data()
 void tst_ResultsWindows::logOfTheReplies()
 {
     QFETCH(Which, which);
-    court->Expect(lineOf(which)).Reply({rowOf(which), u"EOF~"_s});
+    court->Expect(LineOf(which)).Reply({RowOf(which), u"EOF~"_s});
     desk->ConnectTo(*court);
     NameResultsWindow *window = MakeWindow(which);
-    desk->Enqueue(window, {lineOf(which)});
+    desk->Enqueue(window, {LineOf(which)});
     const qsizetype before = desk->Folder.Log().size();
     window->Timer1->start(1);
     QVERIFY(desk->Finish(window));
     QTEST(desk->Folder.Log().mid(before), "log");
 }
 
-void tst_ResultsWindows::closeRules_data()
+void tst_ResultsWindows::anEmptyTokenBetweenRowsIsNoRow_data()
 {
     QTest::addColumn<Which>("which");
-    QTest::newRow("name search") << Which::Name;
-    QTest::newRow("civil") << Which::Civil;
-    QTest::newRow("non-civil") << Which::NonCivil;
+    QTest::addColumn<bool>("index");
+    QTest::newRow("name search") << Which::Name << false;
+    QTest::newRow("index") << Which::Name << true;
+    QTest::newRow("civil") << Which::Civil << false;
+    QTest::newRow("non-civil") << Which::NonCivil << false;
+}
+
+void tst_ResultsWindows::anEmptyTokenBetweenRowsIsNoRow()
+{
+    QFETCH(Which, which);
+    QFETCH(bool, index);
+    const QString line =
+        index ? u"INDEX~SEARCH~SMITH~JOHN~Q~~King,~Civil,~~~LL=1~UL=500~"_s : LineOf(which);
+    const QByteArray row =
+        (index ? u"SMITH~02-2~01/02/2002~Civil~King~Role~A title~01/03/2002~"_s : RowOf(which))
+            .toLatin1();
+    court->Expect(line).ReplyBytes("||" + ('|' + row) + "|||||" + ('|' + row) + "|||EOF~|");
+    desk->ConnectTo(*court);
+    NameResultsWindow *window = index ? new frmNameSearchResults(u"WA"_s, true) : MakeWindow(which);
+    desk->Enqueue(window, {line});
+    window->Timer1->start(1);
+    QVERIFY(desk->Finish(window));
+    QCOMPARE(window->RowCount(), 2);
+    QVERIFY(TextOf(window, "lblStatus").contains(u"Complete"));
+    QVERIFY(!window->SearchIncomplete);
 }
 
 void tst_ResultsWindows::closeRules()
 {
     QFETCH(Which, which);
-    court->Expect(lineOf(which)).Reply({});
+    court->Expect(LineOf(which)).Reply({});
     desk->ConnectTo(*court);
     Global.bShowAlerts = true;
     const QPointer<NameResultsWindow> window(MakeWindow(which));
-    desk->Enqueue(window.data(), {lineOf(which)});
+    desk->Enqueue(window.data(), {LineOf(which)});
     desk->Boxes.Expect(u"This form cannot be closed until the current search completes."_s,
                        u"Stop Current Search .."_s);
     window->Timer1->start(1);
@@ -317,6 +292,23 @@ void tst_ResultsWindows::closeRules()
     window->close();
     QVERIFY(desk->Folder.Logged(u"Unconditional Form Close Called. Closing Name Search form."_s));
     QTRY_VERIFY(window.isNull());
+}
+
+void tst_ResultsWindows::helpIsWanted_data()
+{
+    QTest::addColumn<Which>("which");
+    QTest::newRow("name search") << Which::Name;
+    QTest::newRow("civil") << Which::Civil;
+}
+
+void tst_ResultsWindows::helpIsWanted()
+{
+    QFETCH(Which, which);
+    NameResultsWindow *window = MakeWindow(which);
+    desk->Enqueue(window, {LineOf(which)});
+    const QSignalSpy wanted(&SessionEvents::Of(), &SessionEvents::ResultsHelpWanted);
+    QTest::mouseClick(ButtonOf(window, "lblHelp"), Qt::LeftButton);
+    QCOMPARE(wanted.size(), 1);
 }
 
 void tst_ResultsWindows::windowsOfDifferentKindsRunInTheOrderOfTheQueue()

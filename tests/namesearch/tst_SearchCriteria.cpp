@@ -4,6 +4,7 @@
 #include "courts/Counties.h"
 #include "courts/DiscisCourts.h"
 #include "support/TestFolder.h"
+#include "support/Wire.h"
 
 #include <QTest>
 
@@ -11,11 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 /// A line as it is read easily: its fields with "/" for the broken bar.
-QString wire(const QString &text)
-{
-    return QString(text).replace(u'/', u'\u00A6');
-}
-
 SearchCriteria superiorCriteria(const QString &line)
 {
     return CriteriaOf(line, {u"WA"_s});
@@ -66,7 +62,7 @@ void tst_SearchCriteria::name_data()
 void tst_SearchCriteria::name()
 {
     QFETCH(QString, line);
-    QTEST(superiorCriteria(wire(line)).Name, "name");
+    QTEST(superiorCriteria(Wire(line)).Name, "name");
 }
 
 void tst_SearchCriteria::caption_data()
@@ -90,7 +86,7 @@ void tst_SearchCriteria::caption_data()
 void tst_SearchCriteria::caption()
 {
     QFETCH(QString, county);
-    QTEST(superiorCriteria(wire(u"WASUP/SEARCH/SMITH////"_s + county + u"/Civil,///"_s)).Caption,
+    QTEST(superiorCriteria(Wire(u"WASUP/SEARCH/SMITH////"_s + county + u"/Civil,///"_s)).Caption,
           "caption");
 }
 
@@ -115,7 +111,7 @@ void tst_SearchCriteria::caseTypes_data()
 void tst_SearchCriteria::caseTypes()
 {
     QFETCH(QString, field);
-    QTEST(superiorCriteria(wire(u"WASUP/SEARCH/SMITH////King,/"_s + field + u"///"_s)).CaseTypes,
+    QTEST(superiorCriteria(Wire(u"WASUP/SEARCH/SMITH////King,/"_s + field + u"///"_s)).CaseTypes,
           "shown");
 }
 
@@ -134,7 +130,7 @@ void tst_SearchCriteria::tooFewFields()
     QFETCH(QString, line);
     int number = 0;
     try {
-        superiorCriteria(wire(line));
+        superiorCriteria(Wire(line));
     } catch (const RunTimeError &error) {
         number = error.Number();
     }
@@ -144,7 +140,7 @@ void tst_SearchCriteria::tooFewFields()
 void tst_SearchCriteria::blanksAroundTheLine()
 {
     const SearchCriteria criteria = superiorCriteria(
-        u"   "_s + wire(u"WASUP/SEARCH/SMITH/JOHN/Q//King,/Civil,///"_s) + u"  "_s);
+        u"   "_s + Wire(u"WASUP/SEARCH/SMITH/JOHN/Q//King,/Civil,///"_s) + u"  "_s);
     QCOMPARE(criteria.Caption, u"SMITH, JOHN, Q in King County, Washington Superior Courts"_s);
 }
 
@@ -184,7 +180,7 @@ void tst_SearchCriteria::captionOfEachState()
         QVERIFY(names.join(u',').size() >= 35);
         caption = caption.arg(names.join(u',').left(35));
     }
-    const QString line = wire(u"OREGON/SEARCH/SMITH////"_s + county + u"/CV,///"_s);
+    const QString line = Wire(u"OREGON/SEARCH/SMITH////"_s + county + u"/CV,///"_s);
     QCOMPARE(CriteriaOf(line, {state, false, u"Ada, Adams, Bannock, Bear Lake, Benewah Counties"_s})
                  .Caption,
              caption);
@@ -232,7 +228,7 @@ void tst_SearchCriteria::districtCaption()
     LoadDiscisCourts();
     QFETCH(QString, court);
     const SearchCriteria criteria =
-        DiscisCriteria(wire(u"WADISCIS/SEARCH/SMITH/JOHN//"_s + court + u"/CV/CNCI/"_s),
+        DiscisCriteria(Wire(u"WADISCIS/SEARCH/SMITH/JOHN//"_s + court + u"/CV/CNCI/"_s),
                        u"Statewide - All Counties"_s);
     QCOMPARE(criteria.Name, u"SMITH, JOHN"_s);
     QTEST(criteria.Caption, "caption");
@@ -242,7 +238,7 @@ void tst_SearchCriteria::districtLineWithTooFewFields()
 {
     int number = 0;
     try {
-        DiscisCriteria(wire(u"WADISCIS/SEARCH/SMITH/JOHN/"_s), {});
+        DiscisCriteria(Wire(u"WADISCIS/SEARCH/SMITH/JOHN/"_s), {});
     } catch (const RunTimeError &error) {
         number = error.Number();
     }
@@ -257,14 +253,17 @@ void tst_SearchCriteria::county_data()
     QTest::newRow("blanks") << u"WASUP/SEARCH/SMITH//// Grays Harbor , /Civil,///"_s
                             << u"Grays Harbor"_s;
     QTest::newRow("several") << u"WASUP/SEARCH/SMITH////Adams,King,/Civil,///"_s << u"AdamsKing"_s;
-    QTest::newRow("no field 6") << u"WASUP/SEARCH/"_s << QString();
-    QTest::newRow("nothing") << QString() << QString();
+    QTest::newRow("an empty field 6") << u"WASUP/SEARCH/SMITH/////Civil,///"_s << QString();
+    QTest::newRow("field 6 without its bar") << u"WASUP/SEARCH/SMITH////King"_s << u"King"_s;
+    QTest::newRow("no field 6") << u"WASUP/SEARCH/SMITH///"_s << u"none"_s;
+    QTest::newRow("index line") << u"INDEX~SEARCH~SMITH~~~~King,~"_s << u"none"_s;
+    QTest::newRow("nothing") << QString() << u"none"_s;
 }
 
 void tst_SearchCriteria::county()
 {
     QFETCH(QString, line);
-    QTEST(CountyOfRequest(wire(line)), "county");
+    QTEST(CountyOfRequest(Wire(line)).value_or(u"none"_s), "county");
 }
 
 QTEST_GUILESS_MAIN(tst_SearchCriteria)

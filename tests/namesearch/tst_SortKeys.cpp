@@ -108,6 +108,34 @@ void tst_SortKeys::caseNumbers_data()
     const QString nines(30, u'9');
     row("negative", u"(12)"_s, u'&' + nines.first(28) + u"87."_s + nines);
     row("negative and archived", u"*(12)"_s, u'&' + nines.first(28) + u"87."_s + nines);
+    row("thousands", u"1,234"_s, filled(u"1234"_s));
+    row("millions and a fraction", u"1,234,567.25"_s, filled(u"1234567"_s, u"25"_s));
+    row("thousands with a point at the end", u"1,234."_s, filled(u"1234"_s));
+    row("thousands, zero-led", u"0,123"_s, filled(u"10123"_s));
+    row("archived thousands", u"*1,234"_s, filled(u"1234"_s));
+    row("thousands in hyphens", u"1-2,345"_s, filled(u"12345"_s));
+    row("plus", u"+5"_s, filled(u"5"_s));
+    row("plus, zero-led", u"+05"_s, filled(u"05"_s));
+    row("plus before thousands", u"+1,234.5"_s, filled(u"1234"_s, u"5"_s));
+    row("plus between blanks", u" +5 "_s, filled(u"5"_s));
+    row("opened, plus", u">>+5"_s, filled(u"5"_s));
+    row("negative thousands", u"(1,234)"_s, u'&' + nines.first(26) + u"8765."_s + nines);
+    row("too few thousands", u"1,23"_s, u"1,23"_s);
+    row("too many thousands", u"1,2345"_s, u"1,2345"_s);
+    row("too many before the thousands", u"1234,567"_s, u"1234,567"_s);
+    row("thousands only once", u"1234567,890"_s, u"1234567,890"_s);
+    row("nothing before the thousands", u",123"_s, u",123"_s);
+    row("a comma at the end", u"123,"_s, u"123,"_s);
+    row("two commas", u"1,,234"_s, u"1,,234"_s);
+    row("thousands cut short by the point", u"1,23.4"_s, u"1,23.4"_s);
+    row("thousands behind the point", u"1.234,567"_s, u"1.234,567"_s);
+    row("a comma alone", u","_s, u","_s);
+    row("plus alone", u"+"_s, u"+"_s);
+    row("two pluses", u"++5"_s, u"++5"_s);
+    row("plus at the end", u"5+"_s, u"5+"_s);
+    row("plus before a blank", u"+ 5"_s, u"+ 5"_s);
+    row("plus in brackets", u"(+5)"_s, u"(+5)"_s);
+    row("plus before brackets", u"+(5)"_s, u"+(5)"_s);
     row("no less than zero", u"(0)"_s, filled(u"0"_s));
     row("letters", u"C0012345"_s, u"C0012345"_s);
     row("letters behind a year", u"CV-2002-17"_s, u"CV200217"_s);
@@ -154,16 +182,12 @@ void tst_SortKeys::orders_data()
         << static_cast<int>(SortAs::Date)
         << QStringList{{}, u"12/31/1999"_s, u"01/02/2002"_s, u"02/01/2002"_s, u"n/a"_s, u"N/B"_s};
     QTest::newRow("case numbers") << static_cast<int>(SortAs::CaseNumber)
-                                  << QStringList{u"(12)"_s,
-                                                 u"(9)"_s,
-                                                 u"9"_s,
-                                                 u"12"_s,
-                                                 u"98-2-02029-9"_s,
-                                                 u"*99-2-02029-9"_s,
-                                                 u"00-2-02029-9"_s,
-                                                 u">>02-2-02029-9"_s,
-                                                 u"c0012345"_s,
-                                                 u"C0012346"_s};
+                                  << QStringList{
+                                         u"(12)"_s,          u"(9)"_s,          u"9"_s,
+                                         u"+10"_s,           u"12"_s,           u"1233"_s,
+                                         u"1,234"_s,         u"1235"_s,         u"98-2-02029-9"_s,
+                                         u"*99-2-02029-9"_s, u"00-2-02029-9"_s, u">>02-2-02029-9"_s,
+                                         u"c0012345"_s,      u"C0012346"_s};
 }
 
 void tst_SortKeys::orders()

@@ -51,6 +51,7 @@ private Q_SLOTS:
     void malformedSearches();
     void toldNames_data();
     void toldNames();
+    void noToldNameReadsLikeAnotherReply();
     void toldRowsPassTheFilters();
     void manyRows_data();
     void manyRows();
@@ -387,8 +388,8 @@ void tst_PracticeAnswers::toldNames_data()
                                         + u"This search resulted in more than 200 results. EOF~");
     QTest::newRow("OVER200 NONE") << u"OVER200¦NONE"_s
                                   << u"This search resulted in more than 200 results. EOF~"_s;
-    QTest::newRow("ERRORROW") << u"ERRORROW¦"_s
-                              << u"r r r ERROR~A court record could not be read~ r r r EOF~"_s;
+    QTest::newRow("BADROW") << u"BADROW¦"_s
+                            << u"r r r ERROR~A court record could not be read~ r r r EOF~"_s;
     QTest::newRow("THEREOF") << u"THEREOF¦"_s << u"r r t r r EOF~"_s;
     QTest::newRow("STALL") << u"STALL¦"_s << QString(rows5 + u"<silence>");
     QTest::newRow("DROPLINK") << u"DROPLINK¦"_s << QString(rows5 + u"<drop>");
@@ -412,6 +413,16 @@ void tst_PracticeAnswers::toldNames()
         found.append(!row ? step : step.endsWith(u"~Heirs THEREOF~"_s) ? u"t"_s : u"r"_s);
     }
     QCOMPARE(found.join(u' '), shape);
+}
+
+void tst_PracticeAnswers::noToldNameReadsLikeAnotherReply()
+{
+    // A row begins with the name, and is a row only if that means nothing else.
+    for (const Practice::ToldName &told : Practice::toldNames) {
+        const QStringView name(told.name);
+        for (const QStringView word : {u"ERROR", u"WARNING", u"SEARCHING", u"EOF"})
+            QVERIFY2(!name.startsWith(word), qPrintable(name.toString()));
+    }
 }
 
 void tst_PracticeAnswers::toldRowsPassTheFilters()

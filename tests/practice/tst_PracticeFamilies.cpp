@@ -430,7 +430,7 @@ void tst_PracticeFamilies::toldNames_data()
         row(u"TOOMANY¦"_s, rows5.repeated(5) + u"ERROR~Too many hits~ EOF~");
         row(u"OVER200¦"_s, rows5.repeated(40) + over);
         row(u"OVER200¦NONE"_s, over);
-        row(u"ERRORROW¦"_s, u"r r r ERROR~A court record could not be read~ r r r EOF~"_s);
+        row(u"BADROW¦"_s, u"r r r ERROR~A court record could not be read~ r r r EOF~"_s);
         row(u"THEREOF¦"_s, u"r r t r r EOF~"_s);
         row(u"STALL¦"_s, rows5 + u"<silence>");
         row(u"DROPLINK¦"_s, rows5 + u"<drop>");

@@ -1,5 +1,6 @@
 #include "practice/PracticeExchange.h"
 #include "practice/PracticeProcess.h"
+#include "practice/ToldCases.h"
 
 #include <QElapsedTimer>
 #include <QTest>
@@ -7,6 +8,18 @@
 #include <memory>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+/// The number of a Superior case with a meaning.
+QString superiorNumber(int place)
+{
+    for (const Practice::ToldCaseRow &row : Practice::toldCases) {
+        if (row.place == place)
+            return Practice::ToldCaseNumber(Practice::CourtFamily::Superior, row);
+    }
+    return {};
+}
+} // namespace
 
 /// What the running court sends for each family, byte for byte, and how it takes a stop.
 class tst_PracticeFamilyWire : public QObject
@@ -17,6 +30,11 @@ private Q_SLOTS:
     void initTestCase();
     void dialogues_data();
     void dialogues();
+    void tabs_data();
+    void tabs() { dialogues(); }
+    void stopEndsATab_data();
+    void stopEndsATab();
+    void aDroppedTabComesOnTheNextConnection();
     void stopEndsTheReply_data();
     void stopEndsTheReply();
     void rubbishEndsNothing_data();
@@ -109,6 +127,41 @@ void tst_PracticeFamilyWire::dialogues_data()
                       "|WARNING~Reached Search Limit~1~1~|");
 }
 
+/// Tabs of cases. Their requests and replies have no common form, so each is told whole.
+void tst_PracticeFamilyWire::tabs_data()
+{
+    QTest::addColumn<QString>("request");
+    QTest::addColumn<QByteArray>("reply");
+
+    QTest::newRow("Superior") << u"WASUP¦NAMES¦98-2-00017-7¦King¦^^CAC:ABC^^¦"_s
+                              << QByteArray(
+                                     "|GRIDDEF~Participant~Role~Address~Attorney~30~18~30~22~|"
+                                     "|SMITH, JOHN Q~Plaintiff~2865 ORCHARD LN, KING~Pro Se~|"
+                                     "|ACME PLUMBING INC~Defendant~3989 MAIN ST, KING~Pro Se~|"
+                                     "|EOF~|");
+    QTest::newRow("documents of a county that scans nothing")
+        << u"WASUPDOC¦GETDOCTAB¦King¦%1¦"_s.arg(superiorNumber(32))
+        << QByteArray("|Documents n/a for: King County~||EOF~|");
+    QTest::newRow("Oregon, which speaks otherwise")
+        << u"OREGON@FINANCE,@SC97030044@WSH D@"_s
+        << QByteArray("|TABNAME~FINANCE~||TABDEF~FINANCE~|"
+                      "|COLDEF~Obligation~40~Ordered~20~Paid~20~Owing~20~||COLALIGNMENT~L~L~L~L~|"
+                      "|Fees, Fines And Costs~231.00~231.00~0.00~||EOF~|");
+    QTest::newRow("Idaho") << u"IDSUP¦NAMES,¦CR-1998-0002546-IN¦Canyon¦"_s
+                           << QByteArray("|ERROR~Requested case is not on file~||EOF~|");
+    QTest::newRow("district") << u"WADISCIS¦¦¦¦5KS000123¦SC¦TAC¦CV¦CIVI¦¦"_s
+                              << QByteArray("|Case Number not associated with this court||EOF~|");
+    QTest::newRow("bankruptcy")
+        << u"BKRPT~SUMMARY~90-99050~OR~"_s
+        << QByteArray("|MULTIPLE|"
+                      "|90-99050-1\xA6RETRIEVECOMMAND=BKRPT~SUMMARY~90-99050-1~OR~\xA6"
+                      "Chapter 7\xA6PRACTICE, JAMES A\xA6|"
+                      "|90-99050-2\xA6RETRIEVECOMMAND=BKRPT~SUMMARY~90-99050-2~OR~\xA6"
+                      "Chapter 13\xA6PRACTICE, JAMES A\xA6|"
+                      "|90-99050-3\xA6RETRIEVECOMMAND=BKRPT~SUMMARY~90-99050-3~OR~\xA6"
+                      "Chapter 7\xA6PRACTICE, JAMES A\xA6||EOF~|");
+}
+
 void tst_PracticeFamilyWire::dialogues()
 {
     QFETCH(QString, request);
@@ -157,6 +210,62 @@ void tst_PracticeFamilyWire::stopEndsTheReply()
     QVERIFY(timer.elapsed() < 15'000); // the slow one takes 30 seconds
     client.Send(guideSearch);
     QCOMPARE(client.ReadBytes(guideReply.size()), guideReply);
+}
+
+/// The stops of a case window, on a docket that breaks off, one that is slow and one that is long.
+void tst_PracticeFamilyWire::stopEndsATab_data()
+{
+    QTest::addColumn<QString>("request");
+    QTest::addColumn<QString>("stop");
+
+    const QString bar = u"¦STOP"_s;
+    for (const int place : {23, 25, 30}) {
+        QTest::addRow("Superior %d", place)
+            << u"WASUP¦DOCKET¦%1¦King¦¦"_s.arg(superiorNumber(place)) << bar;
+        QTest::addRow("Oregon %d", place)
+            << u"OREGON@DOCKET,@CV900000%1@MCR C@"_s.arg(place) << bar;
+        QTest::addRow("Idaho %d", place)
+            << u"IDSUP¦DOCKET,¦CV-1990-09000%1-OC¦Ada¦"_s.arg(place) << bar;
+        QTest::addRow("district %d", place)
+            << u"WADISCIS¦¦¦¦0KS9000%1¦IN¦KSD¦IN¦NCCDK¦¦"_s.arg(place) << bar;
+        QTest::addRow("bankruptcy %d", place)
+            << u"BKRPT~DOCKET~90-990%1~OR~"_s.arg(place) << u"BKRPT~STOP~"_s;
+    }
+}
+
+void tst_PracticeFamilyWire::stopEndsATab()
+{
+    QFETCH(QString, request);
+    QFETCH(QString, stop);
+
+    WireClient client(*court);
+    client.LogOn(QString::fromLatin1(QTest::currentDataTag())); // nobody has asked before
+    QElapsedTimer timer;
+    timer.start();
+    client.Send(request);
+    client.Send(stop);
+    const QStringList lines = client.ReadTo();
+    QCOMPARE(lines.last(), u"EOF~"_s);
+    QVERIFY2(lines.size() < 19'000, qPrintable(QString::number(lines.size())));
+    QVERIFY(timer.elapsed() < 10'000);
+    client.Send(guideSearch);
+    QCOMPARE(client.ReadBytes(guideReply.size()), guideReply);
+}
+
+/// A docket that closes the connection comes whole on the next one.
+void tst_PracticeFamilyWire::aDroppedTabComesOnTheNextConnection()
+{
+    const QString request = u"WASUP¦DOCKET¦%1¦King¦¦"_s.arg(superiorNumber(26));
+    WireClient first(*court);
+    first.LogOn(u"drop"_s);
+    first.Send(request);
+    const QByteArray broken = first.ReadToClose();
+    QVERIFY(broken.startsWith("|GRIDDEF~") && !broken.endsWith("|EOF~|"));
+    WireClient second(*court);
+    second.LogOn(u"drop"_s);
+    const QStringList whole = second.Ask(request);
+    QCOMPARE(whole.last(), u"EOF~"_s);
+    QVERIFY(whole.size() > 4);
 }
 
 void tst_PracticeFamilyWire::rubbishEndsNothing_data()

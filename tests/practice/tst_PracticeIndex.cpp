@@ -327,8 +327,8 @@ void tst_PracticeIndex::toldNames_data()
                              << QString(rows5.repeated(5) + u"ERROR~Too many hits~" + stopped);
     QTest::newRow("OVER200") << u"OVER200~"_s << QString(rows5.repeated(40) + end);
     QTest::newRow("OVER200 NONE") << u"OVER200~NONE"_s << end;
-    QTest::newRow("ERRORROW") << u"ERRORROW~"_s
-                              << u"r r r ERROR~A court record could not be read~ r r r EOF~"_s;
+    QTest::newRow("BADROW") << u"BADROW~"_s
+                            << u"r r r ERROR~A court record could not be read~ r r r EOF~"_s;
     QTest::newRow("THEREOF") << u"THEREOF~"_s << u"r r t r r EOF~"_s;
     QTest::newRow("STALL") << u"STALL~"_s << QString(rows5 + u"<silence>");
     QTest::newRow("DROPLINK") << u"DROPLINK~"_s << QString(rows5 + u"<drop>");

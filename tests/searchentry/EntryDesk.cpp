@@ -1,15 +1,11 @@
 #include "searchentry/EntryDesk.h"
 
 #include "app/Startup.h"
-#include "casedetails/DiscisCaseWindow.h"
-#include "casedetails/frmCaseDetails.h"
 #include "controls/CheckListBox.h"
 #include "core/GlobalState.h"
+#include "jobs/JobWindow.h"
 #include "jobs/frmQueue.h"
-#include "namesearch/frmDiscisNCNameResults.h"
-#include "namesearch/frmDiscisNameResults.h"
-#include "namesearch/frmNameSearchResults.h"
-#include "searchentry/frmSearchWA.h"
+#include "namesearch/NameResultsWindow.h"
 #include "session/frmMain.h"
 
 #include <QApplication>
@@ -28,81 +24,10 @@ QString disclaimerOf(const QString &state)
            "completeness of the "_s
            + state + u" Court data except for court purposes. \r\n\r\nDo you want to continue?"_s;
 }
-
-/// Collects what holds something.
-class Fields
-{
-public:
-    explicit Fields(const QWidget *form) : window(form)
-    {
-        told.append(window->objectName());
-        Text(u"caption"_s, window->windowTitle());
-    }
-
-    void Text(const QString &name, const QString &text)
-    {
-        if (!text.isEmpty())
-            told.append(name + u' ' + text);
-    }
-    void Flag(const QString &name, bool flag)
-    {
-        if (flag)
-            told.append(name);
-    }
-    void Lines(const QString &name, const ListBox &list)
-    {
-        const QStringList &lines = list.Lines();
-        for (const QString &line : lines)
-            Text(name, Readable(line));
-    }
-    void Shown(const char *name) { Text(QString::fromLatin1(name), TextOf(window, name)); }
-
-    QStringList told;
-
-private:
-    const QWidget *window;
-};
-
-void addResults(const NameResultsWindow *window, Fields &fields)
-{
-    for (const char *name : {"lblNameVal", "lblCaseTypeVals"})
-        fields.Shown(name);
-    fields.Text(u"txtCountyList"_s, window->txtCountyList());
-    fields.Text(u"lbl911"_s, window->lbl911);
-    if (const auto *names = qobject_cast<const frmNameSearchResults *>(window)) {
-        fields.Shown("lblName");
-        fields.Flag(u"chkIndexSearch"_s, names->chkIndexSearch);
-        fields.Flag(u"chkBK"_s, names->chkBK);
-        fields.Flag(u"OrStatewide"_s, names->OrStatewide);
-        fields.Flag(u"IdStatewide"_s, names->IdStatewide);
-        fields.Flag(u"ORchkboxJGMcasetype"_s, names->ORchkboxJGMcasetype);
-    } else {
-        fields.Shown("lblCourtCounty");
-    }
-    if (const auto *nonCivil = qobject_cast<const frmDiscisNCNameResults *>(window))
-        fields.Text(u"lblDNDorSNCI"_s, nonCivil->lblDNDorSNCI);
-    fields.Lines(u"line"_s, window->lboxQueue);
-}
-
-void addCase(const CaseWindow *window, Fields &fields)
-{
-    fields.Text(u"lblCaseDetailsHdr"_s, window->lblCaseDetailsHdr());
-    fields.Text(u"txtCountyName"_s, window->txtCountyName);
-    fields.Text(u"lblCourtName"_s, window->lblCourtName());
-    fields.Text(u"lblOrCourtType"_s, window->lblOrCourtType);
-    fields.Text(u"txtCaseNumber"_s, window->txtCaseNumber);
-    fields.Text(u"txtCourtCode"_s, window->txtCourtCode);
-    fields.Text(u"txtCaseType"_s, window->txtCaseType);
-    if (const auto *discis = qobject_cast<const DiscisCaseWindow *>(window)) {
-        fields.Text(u"lblCaseType"_s, discis->lblCaseType());
-        fields.Text(u"lblCaseNo"_s, discis->lblCaseNo());
-    }
-    fields.Flag(u"chkBK"_s, window->chkBK);
-    fields.Flag(u"chkAutoPrint"_s, window->chkAutoPrint);
-    fields.Text(u"tboxCaseNumberQueue"_s, Readable(window->tboxCaseNumberQueue));
-    fields.Lines(u"lboxTabReqQueue"_s, window->lboxTabReqQueue);
-}
 } // namespace
+
+const QStringList smithJohnQ{u"type txtSearchName_0 Smith"_s, u"type txtSearchName_1 John"_s,
+                             u"type txtSearchName_2 q"_s};
 
 const QString washingtonDisclaimer = disclaimerOf(u"Washington"_s);
 const QString oregonDisclaimer = disclaimerOf(u"Oregon"_s);
@@ -280,31 +205,38 @@ QList<JobWindow *> OpenJobs()
     return windows;
 }
 
-QStringList Handed(const JobWindow *window)
-{
-    if (!window)
-        return {u"no window"_s};
-    Fields fields(window);
-    fields.Text(u"lblState"_s, window->lblState);
-    fields.Text(u"ClientAcctgCode"_s, window->ClientAcctgCode);
-    if (const auto *results = qobject_cast<const NameResultsWindow *>(window))
-        addResults(results, fields);
-    else if (const auto *details = qobject_cast<const CaseWindow *>(window))
-        addCase(details, fields);
-    return fields.told;
-}
-
-QString Readable(QString line)
-{
-    return line.replace(u'\u00A6', u'/');
-}
-
-QString Wire(QString line)
-{
-    return line.replace(u'/', u'\u00A6');
-}
-
 QStringList Keys()
 {
     return frmQueue::Form().FIFO.Lines();
+}
+
+void EntryTest::init()
+{
+    desk = std::make_unique<EntryDesk>();
+}
+
+void EntryTest::cleanup()
+{
+    const QString complaints = desk->Complaints();
+    desk.reset();
+    QCOMPARE(complaints, QString());
+}
+
+void EntryTest::SearchWithCode(const QStringList &steps, const QStringList &requests)
+{
+    ScriptedCourt court;
+    for (const QString &request : requests)
+        court.Expect(Wire(request)).Reply({u"EOF~"_s});
+    desk->Desk.ConnectTo(court);
+    desk->Do(steps);
+    desk->ExpectCode(u" abc "_s);
+    auto *window = desk->StartOne<NameResultsWindow>();
+    QVERIFY(window);
+    QCOMPARE(window->ClientAcctgCode, u"ABC"_s);
+    QVERIFY(!window->lboxQueue.Lines().join(u' ').contains(u"CAC"));
+    window->Timer1->start(1);
+    QVERIFY(desk->Desk.Finish(window));
+    QCOMPARE(court.Complaints(), QString());
+    QCOMPARE(TextOf(window, "lblStatus").simplified(), u"Search Complete: 0 Cases Retrieved."_s);
+    QCOMPARE(Keys(), QStringList());
 }

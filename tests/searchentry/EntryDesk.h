@@ -1,11 +1,14 @@
 #pragma once
 
+#include "namesearch/Handed.h"
 #include "namesearch/SearchDesk.h"
+#include "searchentry/frmSearchWA.h"
 
 #include <QPointer>
 
+#include <memory>
+
 class JobWindow;
-class frmSearchWA;
 
 /// A user who is logged in and has the search form open. What the user does is told step by step,
 /// each on a control that can be seen and used:
@@ -63,20 +66,31 @@ private:
     QStringList complaints;
 };
 
+/// A test whose functions each have a desk of their own. At the end of each, everything announced
+/// must have happened, and nothing else.
+class EntryTest : public QObject
+{
+    Q_OBJECT
+protected Q_SLOTS:
+    virtual void init();
+    void cleanup();
+
+protected:
+    /// Starts the search of these steps, which asks for a client code, and has it run: the court
+    /// must get these requests, and finds nothing.
+    void SearchWithCode(const QStringList &steps, const QStringList &requests);
+
+    std::unique_ptr<EntryDesk> desk;
+};
+
 /// All job windows that are open, in the order of their keys in the queue.
 QList<JobWindow *> OpenJobs();
 
-/// Everything a window was handed: its class, its caption, then each field that holds something, as
-/// "name text". In the lines "/" stands for the broken bar.
-QStringList Handed(const JobWindow *window);
-
-/// "/" for the broken bar, as Handed has it.
-QString Readable(QString line);
-/// The other way.
-QString Wire(QString line);
-
 /// The keys of the turn queue.
 QStringList Keys();
+
+/// The steps that enter SMITH, JOHN Q.
+extern const QStringList smithJohnQ;
 
 extern const QString washingtonDisclaimer;
 extern const QString oregonDisclaimer;

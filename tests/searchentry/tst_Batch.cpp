@@ -46,13 +46,10 @@ QStringList superior(const QString &number, const QString &county, bool autoPrin
 } // namespace
 
 /// Up to ten numbers at once: the rows, the five buttons, and the windows that they make.
-class tst_Batch : public QObject
+class tst_Batch : public EntryTest
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
-
     void theBatchTakesThePlaceOfTheSingleNumber();
     void tenFilledRowsYieldTenWindowsAndTenKeys();
     void emptyRowsInTheMiddleArePassedOver();
@@ -100,21 +97,7 @@ private:
         }
         return all;
     }
-
-    std::unique_ptr<EntryDesk> desk;
 };
-
-void tst_Batch::init()
-{
-    desk = std::make_unique<EntryDesk>();
-}
-
-void tst_Batch::cleanup()
-{
-    const QString complaints = desk->Complaints();
-    desk.reset();
-    QCOMPARE(complaints, QString());
-}
 
 void tst_Batch::theBatchTakesThePlaceOfTheSingleNumber()
 {

@@ -29,8 +29,6 @@ constexpr std::array<Court, 4> courts{{
 }};
 
 const QStringList federal{u"click optState_2"_s};
-const QStringList smith{u"type txtSearchName_0 Smith"_s, u"type txtSearchName_1 John"_s,
-                        u"type txtSearchName_2 q"_s};
 const QStringList years{u"click optSearchYears1_1"_s, u"choose cboxSearchStartYear1 1990"_s,
                         u"choose cboxSearchEndYear1 2002"_s};
 
@@ -73,12 +71,11 @@ QStringList details(const Court &court, const QString &number)
 
 /// Searches of the Federal Bankruptcy Courts: from the clicks on the form to the windows and to the
 /// wire.
-class tst_DispatchBankruptcy : public QObject
+class tst_DispatchBankruptcy : public EntryTest
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() override;
 
     void theWindowIsHanded_data();
     void theWindowIsHanded();
@@ -97,22 +94,12 @@ private Q_SLOTS:
     void theListHasTheColumnsOfTheBankruptcyCourts();
     void withoutALineNothingIsShown_data();
     void withoutALineNothingIsShown();
-
-private:
-    std::unique_ptr<EntryDesk> desk;
 };
 
 void tst_DispatchBankruptcy::init()
 {
-    desk = std::make_unique<EntryDesk>();
+    EntryTest::init();
     desk->Desk.Time.Set(QDateTime({2005, 6, 15}, {10, 0, 0}));
-}
-
-void tst_DispatchBankruptcy::cleanup()
-{
-    const QString complaints = desk->Complaints();
-    desk.reset();
-    QCOMPARE(complaints, QString());
 }
 
 void tst_DispatchBankruptcy::theWindowIsHanded_data()
@@ -123,11 +110,11 @@ void tst_DispatchBankruptcy::theWindowIsHanded_data()
         const QByteArray code = court.code.toLatin1();
         const QStringList one = check(court);
         QTest::addRow("%s, a person", code.constData())
-            << federal + smith + one
+            << federal + smithJohnQ + one
             << results(court, u"SMITH, JOHN, Q"_s, u"Name:"_s,
                        u"BKRPT~SEARCH~SMITH~JOHN~Q~~@~*ALL~1980~2005~"_s);
         QTest::addRow("%s, a person, a range of years", code.constData())
-            << federal + smith + one + years
+            << federal + smithJohnQ + one + years
             << results(court, u"SMITH, JOHN, Q"_s, u"Name:"_s,
                        u"BKRPT~SEARCH~SMITH~JOHN~Q~~@~*ALL~1990~2002~"_s);
         QTest::addRow("%s, a business", code.constData())
@@ -184,7 +171,7 @@ void tst_DispatchBankruptcy::aCaseWindowIsHanded()
 void tst_DispatchBankruptcy::twoCourtsYieldTwoWindowsAndTwoKeysInTheOrderOfTheBoxes()
 {
     // Checked the other way round.
-    desk->Do(federal + smith + check(courts[3]) + check(courts[1]));
+    desk->Do(federal + smithJohnQ + check(courts[3]) + check(courts[1]));
     const QList<JobWindow *> windows = desk->Start();
     QCOMPARE(windows.size(), 2);
     QCOMPARE(windows[0]->lblState, u"WAEBK"_s);
@@ -220,7 +207,7 @@ void tst_DispatchBankruptcy::onTheWire_data()
 {
     QTest::addColumn<QStringList>("steps");
     QTest::addColumn<QString>("request");
-    QTest::newRow("a person") << smith
+    QTest::newRow("a person") << smithJohnQ
                               << u"BKRPT~SEARCH~SMITH~JOHN~Q~~WAW~*ALL~1980~2005^^CAC:ABC^^~"_s;
     QTest::newRow("a business") << type(1, u"Acme Inc"_s)
                                 << u"BKRPT~SEARCHBUS~ACME INC~WAW~*ALL~1980~2005^^CAC:ABC^^~"_s;
@@ -235,18 +222,8 @@ void tst_DispatchBankruptcy::onTheWire()
 {
     QFETCH(QStringList, steps);
     QFETCH(QString, request);
-    ScriptedCourt court;
-    court.Expect(request).Reply({u"EOF~"_s});
-    desk->Desk.ConnectTo(court);
     Global.bClientAcctgOpt = true;
-    desk->Do(federal + steps + check(courts[0]));
-    desk->ExpectCode(u"abc"_s);
-    auto *window = desk->StartOne<frmNameSearchResults>();
-    QVERIFY(window);
-    window->Timer1->start(1);
-    QVERIFY(desk->Desk.Finish(window));
-    QCOMPARE(court.Complaints(), QString());
-    QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete: 0 Cases Retrieved."_s);
+    SearchWithCode(federal + steps + check(courts[0]), {request});
 }
 
 void tst_DispatchBankruptcy::theRecentEntryIsFiled_data()
@@ -254,7 +231,8 @@ void tst_DispatchBankruptcy::theRecentEntryIsFiled_data()
     QTest::addColumn<QStringList>("steps");
     QTest::addColumn<QString>("file");
     QTest::addColumn<QByteArray>("content");
-    QTest::newRow("a person") << smith << u"MruIName.txt"_s << QByteArray("SMITH, JOHN, Q\r\n");
+    QTest::newRow("a person") << smithJohnQ << u"MruIName.txt"_s
+                              << QByteArray("SMITH, JOHN, Q\r\n");
     QTest::newRow("a business goes to the persons")
         << type(1, u"Acme Inc"_s) << u"MruIName.txt"_s << QByteArray("ACME INC\r\n");
     QTest::newRow("a tax identifier goes to the businesses")
@@ -287,7 +265,7 @@ void tst_DispatchBankruptcy::aNumberInAnUnknownFormIsSearchedAsTyped()
 
 void tst_DispatchBankruptcy::noCourtIsRefused()
 {
-    desk->Do(federal + smith);
+    desk->Do(federal + smithJohnQ);
     desk->Desk.Boxes.Expect(u"No Court Selected! Please select a U.S. Court to continue."_s,
                             u"Halvane"_s);
     QVERIFY(desk->Start().isEmpty());
@@ -297,14 +275,14 @@ void tst_DispatchBankruptcy::noCourtIsRefused()
 
 void tst_DispatchBankruptcy::theLoadingFlagIsDownAfterwards()
 {
-    desk->Do(federal + smith + check(courts[0]));
+    desk->Do(federal + smithJohnQ + check(courts[0]));
     QVERIFY(desk->StartOne<frmNameSearchResults>());
     QVERIFY(!Global.BkFormLoading);
 }
 
 void tst_DispatchBankruptcy::theListHasTheColumnsOfTheBankruptcyCourts()
 {
-    desk->Do(federal + smith + check(courts[3]));
+    desk->Do(federal + smithJohnQ + check(courts[3]));
     const auto *window = desk->StartOne<frmNameSearchResults>();
     QVERIFY(window);
     QCOMPARE(HeadersOf(window),

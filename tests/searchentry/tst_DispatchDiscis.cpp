@@ -22,8 +22,6 @@ const QStringList civil{u"click optCourtSelection_1"_s};
 const QStringList nonCivil{u"click optCourtSelection_1"_s, u"click optDiscisSearch_1"_s};
 const QStringList business{u"click optSearchType_1"_s};
 const QStringList number{u"click optSearchType_2"_s};
-const QStringList smith{u"type txtSearchName_0 Smith"_s, u"type txtSearchName_1 John"_s,
-                        u"type txtSearchName_2 q"_s};
 const QStringList acme{u"type txtSearchName_0 Acme Inc"_s};
 const QStringList adams{u"choose cboxCountyList Adams"_s};
 /// All courts of a county are ticked once it is chosen.
@@ -51,13 +49,10 @@ QStringList results(bool isCivil, const QString &name, const QString &courtCount
 
 /// Searches of the District and Municipal Courts: from the clicks on the form to the window and to
 /// the wire.
-class tst_DispatchDiscis : public QObject
+class tst_DispatchDiscis : public EntryTest
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
-
     void theWindowIsHanded_data();
     void theWindowIsHanded();
     void onTheWire_data();
@@ -75,22 +70,7 @@ private Q_SLOTS:
     void aNumberWithoutACourtIsRefused();
     void aNumberWithNeitherCivilNorNonCivilIsTold();
     void aNameWithNeitherCivilNorNonCivilIsTold();
-
-private:
-    std::unique_ptr<EntryDesk> desk;
 };
-
-void tst_DispatchDiscis::init()
-{
-    desk = std::make_unique<EntryDesk>();
-}
-
-void tst_DispatchDiscis::cleanup()
-{
-    const QString complaints = desk->Complaints();
-    desk.reset();
-    QCOMPARE(complaints, QString());
-}
 
 void tst_DispatchDiscis::theWindowIsHanded_data()
 {
@@ -99,11 +79,11 @@ void tst_DispatchDiscis::theWindowIsHanded_data()
     const QString county = u"Adams District/Municipal Courts"_s;
     const QString both = othello + u", "_s + ritzville;
     const QString all = u"Statewide - All Counties"_s;
-    QTest::newRow("civil, one court") << civil + smith + oneCourt
+    QTest::newRow("civil, one court") << civil + smithJohnQ + oneCourt
                                       << results(true, u"SMITH, JOHN Q"_s, county, othello, {},
                                                  {u"WADISCIS/SEARCH/SMITH/JOHN/Q/OTD/CV/CNCI/"_s});
     QTest::newRow("civil, several courts")
-        << civil + smith + adams
+        << civil + smithJohnQ + adams
         << results(true, u"SMITH, JOHN Q"_s, county, both, {},
                    {u"WADISCIS/SEARCH/SMITH/JOHN/Q/OTD/CV/CNCI/"_s,
                     u"WADISCIS/SEARCH/SMITH/JOHN/Q/RID/CV/CNCI/"_s});
@@ -111,16 +91,16 @@ void tst_DispatchDiscis::theWindowIsHanded_data()
                                        << results(true, u"ACME INC,  "_s, county, othello, {},
                                                   {u"WADISCIS/SEARCH/ACME INC///OTD/CV/CNCI/"_s});
     QTest::newRow("non-civil, one court")
-        << nonCivil + smith + oneCourt
+        << nonCivil + smithJohnQ + oneCourt
         << results(false, u"SMITH, JOHN Q"_s, county, othello, u"SNCI"_s,
                    {u"WADISCIS/SEARCH/SMITH/JOHN/Q/OTD/IN/CNCI/"_s});
     QTest::newRow("non-civil, several courts")
-        << nonCivil + smith + adams
+        << nonCivil + smithJohnQ + adams
         << results(false, u"SMITH, JOHN Q"_s, county, both, u"SNCI"_s,
                    {u"WADISCIS/SEARCH/SMITH/JOHN/Q/OTD/IN/CNCI/"_s,
                     u"WADISCIS/SEARCH/SMITH/JOHN/Q/RID/IN/CNCI/"_s});
     QTest::newRow("non-civil, statewide")
-        << nonCivil + smith + QStringList{allCounties}
+        << nonCivil + smithJohnQ + QStringList{allCounties}
         << results(false, u"SMITH, JOHN Q"_s, all, {}, u"SNCI"_s,
                    {u"WADISCIS/SEARCH/SMITH/JOHN/Q/*SW/IN/SNCI/"_s});
     QTest::newRow("non-civil, a business, statewide")
@@ -128,7 +108,8 @@ void tst_DispatchDiscis::theWindowIsHanded_data()
         << results(false, u"ACME INC,  "_s, all, {}, u"SNCI"_s,
                    {u"WADISCIS/SEARCH/ACME INC///*SW/IN/SNCI/"_s});
     QTest::newRow("non-civil, defendants with addresses")
-        << nonCivil + smith + QStringList{u"choose cboxCountyList -- SHOW ADDRESS/DEFS ONLY --"_s}
+        << nonCivil + smithJohnQ
+               + QStringList{u"choose cboxCountyList -- SHOW ADDRESS/DEFS ONLY --"_s}
         << results(false, u"SMITH, JOHN Q"_s,
                    u"Statewide - All Counties - Defendants and Addresses"_s, {}, u"DND"_s,
                    {u"WADISCIS/SEARCH/SMITH/JOHN/Q/*SW/IN/DND/"_s});
@@ -159,17 +140,18 @@ void tst_DispatchDiscis::onTheWire_data()
     QTest::addColumn<QStringList>("steps");
     QTest::addColumn<QStringList>("requests");
     QTest::newRow("civil, two courts")
-        << civil + smith + adams
+        << civil + smithJohnQ + adams
         << QStringList{u"WADISCIS/SEARCH/SMITH/JOHN/Q/OTD/CV/CNCI^^CAC:ABC^^/"_s,
                        u"WADISCIS/SEARCH/SMITH/JOHN/Q/RID/CV/CNCI^^CAC:ABC^^/"_s};
     QTest::newRow("non-civil, one court")
-        << nonCivil + smith + oneCourt
+        << nonCivil + smithJohnQ + oneCourt
         << QStringList{u"WADISCIS/SEARCH/SMITH/JOHN/Q/OTD/IN/CNCI^^CAC:ABC^^/"_s};
     QTest::newRow("non-civil, statewide")
-        << nonCivil + smith + QStringList{allCounties}
+        << nonCivil + smithJohnQ + QStringList{allCounties}
         << QStringList{u"WADISCIS/SEARCH/SMITH/JOHN/Q/*SW/IN/SNCI^^CAC:ABC^^/"_s};
     QTest::newRow("non-civil, defendants with addresses")
-        << nonCivil + smith + QStringList{u"choose cboxCountyList -- SHOW ADDRESS/DEFS ONLY --"_s}
+        << nonCivil + smithJohnQ
+               + QStringList{u"choose cboxCountyList -- SHOW ADDRESS/DEFS ONLY --"_s}
         << QStringList{u"WADISCIS/SEARCH/SMITH/JOHN/Q/*SW/IN/DND^^CAC:ABC^^/"_s};
 }
 
@@ -177,26 +159,13 @@ void tst_DispatchDiscis::onTheWire()
 {
     QFETCH(QStringList, steps);
     QFETCH(QStringList, requests);
-    ScriptedCourt court;
-    for (const QString &request : requests)
-        court.Expect(Wire(request)).Reply({u"EOF~"_s});
-    desk->Desk.ConnectTo(court);
     Global.bClientAcctgOpt = true;
-    desk->Do(steps);
-    desk->ExpectCode(u"abc"_s);
-    auto *window = desk->StartOne<DiscisResultsWindow>();
-    QVERIFY(window);
-    window->Timer1->start(1);
-    QVERIFY(desk->Desk.Finish(window));
-    QCOMPARE(court.Complaints(), QString());
-    QVERIFY2(TextOf(window, "lblStatus").startsWith(u"Search Complete:"),
-             qPrintable(TextOf(window, "lblStatus")));
-    QCOMPARE(Keys(), QStringList());
+    SearchWithCode(steps, requests);
 }
 
 void tst_DispatchDiscis::civilStatewideGives173Lines()
 {
-    desk->Do(civil + smith + QStringList{allCounties});
+    desk->Do(civil + smithJohnQ + QStringList{allCounties});
     QCOMPARE(desk->Text("lblCourtNameStats"), u"Courts Available: 173   Courts Selected: 173"_s);
     QStringList courts;
     QStringList lines;
@@ -216,7 +185,7 @@ void tst_DispatchDiscis::theTextsSpeakOf173CourtsWhateverTheFileHolds()
     desk->Desk.Folder.Write(u"wadisciscts.txt"_s, "1,Adams,OTD,Othello,Othello District\r\n"
                                                   "2,King,KBD,Bellevue,King County District\r\n");
     QCOMPARE(LoadDiscisCourts(), 2);
-    desk->Do(civil + smith + QStringList{allCounties});
+    desk->Do(civil + smithJohnQ + QStringList{allCounties});
     QCOMPARE(desk->Text("lblCourtNameStats"), u"Courts Available: 173   Courts Selected: 173"_s);
     QCOMPARE(Handed(desk->StartOne<DiscisResultsWindow>()),
              results(true, u"SMITH, JOHN Q"_s, u"Statewide - All Courts / 173 Jurisdictions"_s,
@@ -239,7 +208,7 @@ void tst_DispatchDiscis::aNonCivilBusinessInTheFirstCounty()
 
 void tst_DispatchDiscis::aNonCivilSearchWithAddressesMarksOneWindowOnly()
 {
-    desk->Do(nonCivil + smith
+    desk->Do(nonCivil + smithJohnQ
              + QStringList{u"choose cboxCountyList -- SHOW ADDRESS/DEFS ONLY --"_s});
     const auto *addresses = desk->StartOne<frmDiscisNCNameResults>();
     QVERIFY(addresses);
@@ -253,7 +222,7 @@ void tst_DispatchDiscis::aNonCivilSearchWithAddressesMarksOneWindowOnly()
 
 void tst_DispatchDiscis::aCivilSearchWithoutACourtIsRefused()
 {
-    desk->Do(civil + smith + adams + QStringList{u"click cmdClearCourtList"_s});
+    desk->Do(civil + smithJohnQ + adams + QStringList{u"click cmdClearCourtList"_s});
     QStringList told;
     desk->ExpectRefusal(&told);
     QVERIFY(desk->Start().isEmpty());
@@ -270,7 +239,7 @@ void tst_DispatchDiscis::courtsThatShareANameAreSearchedTogether()
     desk->Desk.Folder.Write(u"wadisciscts.txt"_s,
                             "1,Adams,OTD,Othello,Twin\r\n2,King,KBD,Bellevue,Twin\r\n");
     LoadDiscisCourts();
-    desk->Do(civil + smith + adams);
+    desk->Do(civil + smithJohnQ + adams);
     QCOMPARE(Handed(desk->StartOne<DiscisResultsWindow>()),
              results(true, u"SMITH, JOHN Q"_s, u"Adams District/Municipal Courts"_s,
                      u"Twin (OTD), Twin (KBD)"_s, {},
@@ -373,7 +342,7 @@ void tst_DispatchDiscis::aNumberWithNeitherCivilNorNonCivilIsTold()
 
 void tst_DispatchDiscis::aNameWithNeitherCivilNorNonCivilIsTold()
 {
-    desk->Do(civil + smith + oneCourt);
+    desk->Do(civil + smithJohnQ + oneCourt);
     Global.intSearchWhere = 1;
     desk->Desk.Boxes.Expect(requestError + u"\r\n\r\nError Was: "_s,
                             u"Halvane Search Request Error"_s, MsgIcon::Exclamation);

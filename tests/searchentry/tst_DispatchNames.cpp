@@ -10,8 +10,6 @@
 #include <QTest>
 
 namespace {
-const QStringList smith{u"type txtSearchName_0 Smith"_s, u"type txtSearchName_1 John"_s,
-                        u"type txtSearchName_2 q"_s};
 const QStringList acme{u"click optSearchType_1"_s, u"type txtSearchName_0 Acme Inc"_s};
 const QStringList years{u"click optSearchYears_1"_s, u"choose cboxSearchStartYear 1990"_s,
                         u"choose cboxSearchEndYear 2002"_s};
@@ -53,12 +51,11 @@ QStringList results(const QString &state, const QString &title, const QStringLis
 } // namespace
 
 /// Name searches of the state courts: from the clicks on the form to the window and to the wire.
-class tst_DispatchNames : public QObject
+class tst_DispatchNames : public EntryTest
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() override;
 
     void theWindowIsHanded_data();
     void theWindowIsHanded();
@@ -82,22 +79,12 @@ private Q_SLOTS:
     void aTemplateIsSearchedByItsCounties();
     void keysStandInTheOrderOfTheClicks();
     void oregonTakesTheIndexMarkAway();
-
-private:
-    std::unique_ptr<EntryDesk> desk;
 };
 
 void tst_DispatchNames::init()
 {
-    desk = std::make_unique<EntryDesk>();
+    EntryTest::init();
     desk->Desk.Time.Set(QDateTime({2005, 6, 15}, {10, 0, 0}));
-}
-
-void tst_DispatchNames::cleanup()
-{
-    const QString complaints = desk->Complaints();
-    desk.reset();
-    QCOMPARE(complaints, QString());
 }
 
 void tst_DispatchNames::theWindowIsHanded_data()
@@ -109,27 +96,27 @@ void tst_DispatchNames::theWindowIsHanded_data()
     const QStringList civil = types({u"Civil"_s});
     const QStringList kingOnly = counties({u"King"_s});
     QTest::newRow("Superior, a person, two types, a range of years")
-        << smith + kingOnly + two + years
+        << smithJohnQ + kingOnly + two + years
         << results(u"WA"_s, king, {},
                    {u"WASUP/SEARCH/SMITH/JOHN/Q//King,/Civil,Criminal,/1990/2002/"_s});
     QTest::newRow("Superior, a person, all years")
-        << smith + kingOnly + two
+        << smithJohnQ + kingOnly + two
         << results(u"WA"_s, king, {}, {u"WASUP/SEARCH/SMITH/JOHN/Q//King,/Civil,Criminal,///"_s});
     QTest::newRow("Superior, a business has its name in the last name's place")
         << acme + kingOnly + civil
         << results(u"WA"_s, king, {}, {u"WASUP/SEARCH/ACME INC////King,/Civil,///"_s});
     QTest::newRow("Superior, several counties, a line each in list order")
-        << smith + counties({u"Yakima"_s, u"Adams"_s}) + civil
+        << smithJohnQ + counties({u"Yakima"_s, u"Adams"_s}) + civil
         << results(u"WA"_s, u"Adams, Yakima County - Washington Superior Courts"_s, {},
                    {u"WASUP/SEARCH/SMITH/JOHN/Q//Adams,/Civil,///"_s,
                     u"WASUP/SEARCH/SMITH/JOHN/Q//Yakima,/Civil,///"_s});
     QTest::newRow("Index, two counties, all years")
-        << useIndex + smith + counties({u"Adams"_s, u"King"_s}) + types({u"Criminal"_s})
+        << useIndex + smithJohnQ + counties({u"Adams"_s, u"King"_s}) + types({u"Criminal"_s})
         << results(u"WA"_s, u"Adams, King County - Washington Superior Courts"_s,
                    {u"chkIndexSearch"_s},
                    {u"INDEX~SEARCH~SMITH~JOHN~Q~~Adams,King,~Criminal,~1970~2005~LL=1~UL=500~"_s});
     QTest::newRow("Index, a range of years")
-        << useIndex + smith + kingOnly + two + years
+        << useIndex + smithJohnQ + kingOnly + two + years
         << results(u"WA"_s, king, {u"chkIndexSearch"_s},
                    {u"INDEX~SEARCH~SMITH~JOHN~Q~~King,~Civil,Criminal,~1990~2002~LL=1~UL=500~"_s});
     QTest::newRow("Index, a business")
@@ -137,11 +124,11 @@ void tst_DispatchNames::theWindowIsHanded_data()
         << results(u"WA"_s, king, {u"chkIndexSearch"_s},
                    {u"INDEX~SEARCH~ACME INC~~~~King,~Civil,~1970~2005~LL=1~UL=500~"_s});
     QTest::newRow("Oregon Circuit, a person, a range of years")
-        << oregon + smith + counties({u"Baker"_s}) + types({u"Civil"_s, u"Domestic"_s}) + years
+        << oregon + smithJohnQ + counties({u"Baker"_s}) + types({u"Civil"_s, u"Domestic"_s}) + years
         << results(u"OR"_s, u"Baker County - Oregon Circuit Courts"_s, {},
                    {u"OREGON/SEARCH/SMITH/JOHN/Q//BAK C/CV,DO,/1990/2002/"_s});
     QTest::newRow("Oregon Circuit, every case type")
-        << oregon + smith + counties({u"Lane"_s}) + QStringList{u"click cmdSelAll"_s}
+        << oregon + smithJohnQ + counties({u"Lane"_s}) + QStringList{u"click cmdSelAll"_s}
         << results(u"OR"_s, u"Lane County - Oregon Circuit Courts"_s, {},
                    {u"OREGON/SEARCH/SMITH/JOHN/Q//LAN C/CV,DO,JU,OF,PB,SC,///"_s});
     QTest::newRow("Oregon Circuit, a business in two counties")
@@ -150,19 +137,20 @@ void tst_DispatchNames::theWindowIsHanded_data()
                    {u"OREGON/SEARCH/ACME INC////LAN C/CV,///"_s,
                     u"OREGON/SEARCH/ACME INC////LIN C/CV,///"_s});
     QTest::newRow("Oregon District")
-        << district + smith + counties({u"Lane"_s}) + civil
+        << district + smithJohnQ + counties({u"Lane"_s}) + civil
         << results(u"OR"_s, u"Lane County - Oregon District Courts"_s, {},
                    {u"OREGON/SEARCH/SMITH/JOHN/Q//LAN D/CV,///"_s});
     QTest::newRow("Oregon, judgments only")
-        << oregon + smith + counties({u"Lane"_s}) + QStringList{u"click optORjgmtsONLY"_s}
+        << oregon + smithJohnQ + counties({u"Lane"_s}) + QStringList{u"click optORjgmtsONLY"_s}
         << results(u"OR"_s, u"Lane County - Oregon Circuit Courts"_s, {u"ORchkboxJGMcasetype"_s},
                    {u"OREGON/SEARCH/SMITH/JOHN/Q//LAN C/JG,///"_s});
     QTest::newRow("Oregon, a case type with judgments")
-        << oregon + smith + counties({u"Lane"_s}) + civil + QStringList{u"click optORjgmtsONLY"_s}
+        << oregon + smithJohnQ + counties({u"Lane"_s}) + civil
+               + QStringList{u"click optORjgmtsONLY"_s}
         << results(u"OR"_s, u"Lane County - Oregon Circuit Courts"_s, {u"ORchkboxJGMcasetype"_s},
                    {u"OREGON/SEARCH/SMITH/JOHN/Q//LAN C/CV,JG,///"_s});
     QTest::newRow("Idaho, one county")
-        << idaho + smith + counties({u"Ada"_s}) + two
+        << idaho + smithJohnQ + counties({u"Ada"_s}) + two
         << results(u"ID"_s, u"Ada County - Idaho District Courts"_s, {},
                    {u"IDSUP/SEARCH/SMITH/JOHN/Q//Ada,/CV,CR,///"_s});
     QTest::newRow("Idaho, a business, a range of years")
@@ -170,7 +158,7 @@ void tst_DispatchNames::theWindowIsHanded_data()
         << results(u"ID"_s, u"Bear Lake County - Idaho District Courts"_s, {},
                    {u"IDSUP/SEARCH/ACME INC////Bear Lake,/JU,/1990/2002/"_s});
     QTest::newRow("Idaho statewide")
-        << idaho + smith + statewide + two
+        << idaho + smithJohnQ + statewide + two
         << results(u"ID"_s, u"Statewide (All Counties) - Idaho District Courts"_s,
                    {u"IdStatewide"_s}, {u"IDSUP/SEARCH/SMITH/JOHN/Q//*ALL/CV,CR,///"_s});
 }
@@ -198,20 +186,20 @@ void tst_DispatchNames::onTheWire_data()
     QTest::addColumn<QStringList>("requests");
     const QStringList civil = types({u"Civil"_s});
     QTest::newRow("Superior, two counties")
-        << smith + counties({u"King"_s, u"Adams"_s}) + civil
+        << smithJohnQ + counties({u"King"_s, u"Adams"_s}) + civil
         << QStringList{u"WASUP/SEARCH/SMITH/JOHN/Q//Adams,/Civil,//^^CAC:ABC^^/"_s,
                        u"WASUP/SEARCH/SMITH/JOHN/Q//King,/Civil,//^^CAC:ABC^^/"_s};
     QTest::newRow("Superior, a range of years")
         << acme + counties({u"King"_s}) + civil + years
         << QStringList{u"WASUP/SEARCH/ACME INC////King,/Civil,/1990/2002^^CAC:ABC^^/"_s};
-    QTest::newRow("Index") << useIndex + smith + counties({u"Adams"_s, u"King"_s}) + civil
+    QTest::newRow("Index") << useIndex + smithJohnQ + counties({u"Adams"_s, u"King"_s}) + civil
                            << QStringList{u"INDEX~SEARCH~SMITH~JOHN~Q~~Adams,King,~Civil,~1970~"
                                           "2005~LL=1~UL=500^^CAC:ABC^^~"_s};
-    QTest::newRow("Oregon") << oregon + smith + counties({u"Baker"_s}) + civil
+    QTest::newRow("Oregon") << oregon + smithJohnQ + counties({u"Baker"_s}) + civil
                             << QStringList{
                                    u"OREGON/SEARCH/SMITH/JOHN/Q//BAK C/CV,//^^CAC:ABC^^/"_s};
     QTest::newRow("Idaho statewide")
-        << idaho + smith + statewide + civil
+        << idaho + smithJohnQ + statewide + civil
         << QStringList{u"IDSUP/SEARCH/SMITH/JOHN/Q//*ALL/CV,//^^CAC:ABC^^/"_s};
 }
 
@@ -219,27 +207,13 @@ void tst_DispatchNames::onTheWire()
 {
     QFETCH(QStringList, steps);
     QFETCH(QStringList, requests);
-    ScriptedCourt court;
-    for (const QString &request : requests)
-        court.Expect(Wire(request)).Reply({u"EOF~"_s});
-    desk->Desk.ConnectTo(court);
     SaveOptionStr(u"Accounting"_s, u"EnableAcctg"_s, u"1"_s);
-    desk->Do(steps);
-    desk->ExpectCode(u" abc "_s);
-    auto *window = desk->StartOne<frmNameSearchResults>();
-    QVERIFY(window);
-    QCOMPARE(window->ClientAcctgCode, u"ABC"_s);
-    QVERIFY(!window->lboxQueue.Lines().join(u' ').contains(u"CAC"));
-    window->Timer1->start(1);
-    QVERIFY(desk->Desk.Finish(window));
-    QCOMPARE(court.Complaints(), QString());
-    QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete: 0 Cases Retrieved."_s);
-    QCOMPARE(Keys(), QStringList());
+    SearchWithCode(steps, requests);
 }
 
 void tst_DispatchNames::aSuffixSendsTheSameLine()
 {
-    desk->Do(smith + counties({u"King"_s}) + types({u"Civil"_s}));
+    desk->Do(smithJohnQ + counties({u"King"_s}) + types({u"Civil"_s}));
     const auto *without = desk->StartOne<frmNameSearchResults>();
     desk->Do({u"type txtSearchName_3 Jr."_s});
     const auto *with = desk->StartOne<frmNameSearchResults>();
@@ -251,7 +225,7 @@ void tst_DispatchNames::aSuffixSendsTheSameLine()
 
 void tst_DispatchNames::statewideSuperiorGivesThirtyNineLines()
 {
-    desk->Do(smith + statewide + types({u"Civil"_s}));
+    desk->Do(smithJohnQ + statewide + types({u"Civil"_s}));
     const auto *window = desk->StartOne<frmNameSearchResults>();
     QVERIFY(window);
     QStringList lines;
@@ -267,7 +241,7 @@ void tst_DispatchNames::statewideSuperiorGivesThirtyNineLines()
 
 void tst_DispatchNames::statewideIndexGivesOneLine()
 {
-    desk->Do(useIndex + smith + statewide + types({u"Civil"_s}));
+    desk->Do(useIndex + smithJohnQ + statewide + types({u"Civil"_s}));
     const auto *window = desk->StartOne<frmNameSearchResults>();
     QCOMPARE(Handed(window),
              results(u"WA"_s, u"Statewide (All Counties) - Washington Superior Courts"_s,
@@ -288,7 +262,7 @@ void tst_DispatchNames::statewideOregonGivesOneLineWithoutACourtLetter()
 {
     QFETCH(QStringList, court);
     QFETCH(QString, title);
-    desk->Do(court + smith + statewide + types({u"Civil"_s}));
+    desk->Do(court + smithJohnQ + statewide + types({u"Civil"_s}));
     QCOMPARE(Handed(desk->StartOne<frmNameSearchResults>()),
              results(u"OR"_s, title, {u"OrStatewide"_s},
                      {u"OREGON/SEARCH/SMITH/JOHN/Q//*ALL/CV,///"_s}));
@@ -297,7 +271,7 @@ void tst_DispatchNames::statewideOregonGivesOneLineWithoutACourtLetter()
 void tst_DispatchNames::theIndexPageIsAsLongAsTheSettingSays()
 {
     Global.CasesPerPage = 75;
-    desk->Do(useIndex + smith + counties({u"King"_s}) + types({u"Civil"_s}));
+    desk->Do(useIndex + smithJohnQ + counties({u"King"_s}) + types({u"Civil"_s}));
     const auto *window = desk->StartOne<frmNameSearchResults>();
     QVERIFY(window);
     QVERIFY(window->lboxQueue.List(0).endsWith(u"~LL=1~UL=75~"));
@@ -325,7 +299,7 @@ const QStringList civilAndJuvenile{u"Civil"_s, u"Juvenile Offender"_s};
 
 void tst_DispatchNames::anOregonDistrictSearchOfBakerAloneYieldsNoLine()
 {
-    desk->Do(district + smith + counties({u"Baker"_s}) + types({u"Civil"_s}));
+    desk->Do(district + smithJohnQ + counties({u"Baker"_s}) + types({u"Civil"_s}));
     desk->Desk.Boxes.Expect(noDistrict, noDistrictTitle, MsgIcon::Exclamation, MsgAnswer::Yes);
     desk->Desk.Boxes.Expect(noRequests, noRequestsTitle, MsgIcon::Critical);
     QVERIFY(desk->Start().isEmpty());
@@ -338,7 +312,7 @@ void tst_DispatchNames::anOregonDistrictSearchOfBakerAloneYieldsNoLine()
 
 void tst_DispatchNames::anOregonSearchOfBentonSendsCivilAlone()
 {
-    desk->Do(oregon + smith + counties({u"Benton"_s, u"Lane"_s}) + types(civilAndJuvenile));
+    desk->Do(oregon + smithJohnQ + counties({u"Benton"_s, u"Lane"_s}) + types(civilAndJuvenile));
     desk->Desk.Boxes.Expect(noJuvenile, noJuvenileTitle, MsgIcon::Exclamation, MsgAnswer::Yes);
     QCOMPARE(Handed(desk->StartOne<frmNameSearchResults>()),
              results(u"OR"_s, u"Benton, Lane County - Oregon Circuit Courts"_s, {},
@@ -348,7 +322,7 @@ void tst_DispatchNames::anOregonSearchOfBentonSendsCivilAlone()
 
 void tst_DispatchNames::juvenileStaysForMultnomah()
 {
-    desk->Do(oregon + smith + counties({u"Multnomah"_s}) + types(civilAndJuvenile));
+    desk->Do(oregon + smithJohnQ + counties({u"Multnomah"_s}) + types(civilAndJuvenile));
     QCOMPARE(Handed(desk->StartOne<frmNameSearchResults>()),
              results(u"OR"_s, u"Multnomah County - Oregon Circuit Courts"_s, {},
                      {u"OREGON/SEARCH/SMITH/JOHN/Q//MCR C/CV,JU,///"_s}));
@@ -356,7 +330,7 @@ void tst_DispatchNames::juvenileStaysForMultnomah()
 
 void tst_DispatchNames::juvenileAloneInBentonYieldsNoLine()
 {
-    desk->Do(oregon + smith + counties({u"Benton"_s}) + types({u"Juvenile Offender"_s}));
+    desk->Do(oregon + smithJohnQ + counties({u"Benton"_s}) + types({u"Juvenile Offender"_s}));
     desk->Desk.Boxes.Expect(noJuvenile, noJuvenileTitle, MsgIcon::Exclamation, MsgAnswer::Yes);
     desk->Desk.Boxes.Expect(noRequests, noRequestsTitle, MsgIcon::Critical);
     QVERIFY(desk->Start().isEmpty());
@@ -377,7 +351,7 @@ void tst_DispatchNames::theSurnameJuddGoesOutAsDdInCrook()
 
 void tst_DispatchNames::countiesWithoutDistrictCourtAreSkipped()
 {
-    desk->Do(district + smith + QStringList{u"click cmdCheckAll"_s} + types({u"Civil"_s}));
+    desk->Do(district + smithJohnQ + QStringList{u"click cmdCheckAll"_s} + types({u"Civil"_s}));
     desk->Desk.Boxes.Expect(noDistrict, noDistrictTitle, MsgIcon::Exclamation, MsgAnswer::Yes);
     const auto *window = desk->StartOne<frmNameSearchResults>();
     QVERIFY(window);
@@ -388,7 +362,7 @@ void tst_DispatchNames::countiesWithoutDistrictCourtAreSkipped()
 
 void tst_DispatchNames::aRefusedWarningStartsNothing()
 {
-    desk->Do(oregon + smith + counties({u"Benton"_s}) + types(civilAndJuvenile));
+    desk->Do(oregon + smithJohnQ + counties({u"Benton"_s}) + types(civilAndJuvenile));
     desk->Desk.Boxes.Expect(noJuvenile, noJuvenileTitle, MsgIcon::Exclamation, MsgAnswer::No);
     QVERIFY(desk->Start().isEmpty());
     QCOMPARE(Keys(), QStringList());
@@ -397,7 +371,7 @@ void tst_DispatchNames::aRefusedWarningStartsNothing()
 
 void tst_DispatchNames::idahoSaysCountiesOnlyForSeveral()
 {
-    desk->Do(idaho + smith + counties({u"Ada"_s, u"Bear Lake"_s}) + types({u"Civil"_s}));
+    desk->Do(idaho + smithJohnQ + counties({u"Ada"_s, u"Bear Lake"_s}) + types({u"Civil"_s}));
     QCOMPARE(Handed(desk->StartOne<frmNameSearchResults>()),
              results(u"ID"_s, u"Ada, Bear Lake Counties - Idaho District Courts"_s, {},
                      {u"IDSUP/SEARCH/SMITH/JOHN/Q//Ada,/CV,///"_s,
@@ -412,7 +386,8 @@ void tst_DispatchNames::aTemplateIsSearchedByItsCounties()
     desk->Desk.Folder.Write(u"templates.ini"_s,
                             "[WaSup]\r\na=Sound\r\n[Sound]\r\nJuris=King,Nowhere,Island\r\n"
                             "Cases=Civil,Judgment\r\n");
-    desk->Do(smith + QStringList{u"click optSearchWhere_1"_s, u"tick lboxSearchProfiles Sound"_s});
+    desk->Do(smithJohnQ
+             + QStringList{u"click optSearchWhere_1"_s, u"tick lboxSearchProfiles Sound"_s});
     const auto *list = qobject_cast<QListWidget *>(desk->Control("lboxSearchProfiles"));
     QTest::mouseDClick(list->viewport(), Qt::LeftButton, {},
                        list->visualItemRect(list->item(0)).center());
@@ -425,9 +400,9 @@ void tst_DispatchNames::aTemplateIsSearchedByItsCounties()
 
 void tst_DispatchNames::keysStandInTheOrderOfTheClicks()
 {
-    desk->Do(smith + counties({u"King"_s}) + types({u"Civil"_s}));
+    desk->Do(smithJohnQ + counties({u"King"_s}) + types({u"Civil"_s}));
     const auto *first = desk->StartOne<frmNameSearchResults>();
-    desk->Do(idaho + smith + statewide + types({u"Civil"_s}));
+    desk->Do(idaho + smithJohnQ + statewide + types({u"Civil"_s}));
     const auto *second = desk->StartOne<frmNameSearchResults>();
     QVERIFY(first && second);
     QCOMPARE(Keys(), (QStringList{first->txtMasterKey, second->txtMasterKey}));
@@ -439,7 +414,7 @@ void tst_DispatchNames::keysStandInTheOrderOfTheClicks()
 
 void tst_DispatchNames::oregonTakesTheIndexMarkAway()
 {
-    desk->Do(useIndex + oregon + smith + counties({u"Lane"_s}) + types({u"Civil"_s}));
+    desk->Do(useIndex + oregon + smithJohnQ + counties({u"Lane"_s}) + types({u"Civil"_s}));
     const auto *window = desk->StartOne<frmNameSearchResults>();
     QVERIFY(window);
     QVERIFY(!window->chkIndexSearch);

@@ -41,13 +41,10 @@ QStringList details(const QString &state, const QString &text, const QStringList
 } // namespace
 
 /// Case number searches of the state courts, from the clicks on the form to the case window.
-class tst_DispatchNumbers : public QObject
+class tst_DispatchNumbers : public EntryTest
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
-
     void theWindowIsHanded_data();
     void theWindowIsHanded();
     void theCodeIsHandedOver();
@@ -73,21 +70,7 @@ private:
         desk->Desk.Boxes.Expect(notScomis, notScomisTitle, MsgIcon::Exclamation, answer,
                                 MsgButtons::OkCancel);
     }
-
-    std::unique_ptr<EntryDesk> desk;
 };
-
-void tst_DispatchNumbers::init()
-{
-    desk = std::make_unique<EntryDesk>();
-}
-
-void tst_DispatchNumbers::cleanup()
-{
-    const QString complaints = desk->Complaints();
-    desk.reset();
-    QCOMPARE(complaints, QString());
-}
 
 void tst_DispatchNumbers::theWindowIsHanded_data()
 {

@@ -68,13 +68,10 @@ void addSearches()
 
 /// What happens while a search is being built, and what is left behind: events that come in between
 /// two lines, errors, and the recent entries.
-class tst_SearchBuilding : public QObject
+class tst_SearchBuilding : public EntryTest
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
-
     void aSecondClickWhileLinesAreBuiltDoesNoHarm_data();
     void aSecondClickWhileLinesAreBuiltDoesNoHarm();
     void aBatchClickWhileLinesAreBuiltDoesNoHarm();
@@ -114,21 +111,8 @@ private:
         return windows.size() == 1 ? qobject_cast<NameResultsWindow *>(windows.first()) : nullptr;
     }
 
-    std::unique_ptr<EntryDesk> desk;
     QList<JobWindow *> windows;
 };
-
-void tst_SearchBuilding::init()
-{
-    desk = std::make_unique<EntryDesk>();
-}
-
-void tst_SearchBuilding::cleanup()
-{
-    const QString complaints = desk->Complaints();
-    desk.reset();
-    QCOMPARE(complaints, QString());
-}
 
 void tst_SearchBuilding::aSecondClickWhileLinesAreBuiltDoesNoHarm_data()
 {

@@ -35,13 +35,10 @@ const QString oregonTitle = u"Oregon State Courts"_s;
 
 /// What stands between a click on Start Search and the window: in which order it is asked, and that
 /// whatever stops leaves the form as it was and starts nothing.
-class tst_StartOrder : public QObject
+class tst_StartOrder : public EntryTest
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
-
     void refusal_data();
     void refusal();
     void entriesAreFoldedBeforeTheyAreChecked();
@@ -79,21 +76,7 @@ private:
     /// The click stops: no window, no key, and the form as it was.
     void startsNothing(const QStringList &names);
     bool starts() { return desk->StartOne<frmNameSearchResults>() != nullptr; }
-
-    std::unique_ptr<EntryDesk> desk;
 };
-
-void tst_StartOrder::init()
-{
-    desk = std::make_unique<EntryDesk>();
-}
-
-void tst_StartOrder::cleanup()
-{
-    const QString complaints = desk->Complaints();
-    desk.reset();
-    QCOMPARE(complaints, QString());
-}
 
 void tst_StartOrder::startsNothing(const QStringList &names)
 {

@@ -42,13 +42,10 @@ void cutLater(FakeSocket *socket)
 
 /// What goes on beside the click on Start Search: under its questions, with the client code, with
 /// the list of the session's searches, and with a key that is held.
-class tst_UnderQuestions : public QObject
+class tst_UnderQuestions : public EntryTest
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
-
     void theClientCodeIsChangedByItsButton_data();
     void theClientCodeIsChangedByItsButton();
     void theClientCodeIsSwitchedOffByItsButton();
@@ -73,21 +70,7 @@ private:
         frmSearchWA::HideForm();
         frmSearchWA::ShowForm();
     }
-
-    std::unique_ptr<EntryDesk> desk;
 };
-
-void tst_UnderQuestions::init()
-{
-    desk = std::make_unique<EntryDesk>();
-}
-
-void tst_UnderQuestions::cleanup()
-{
-    const QString complaints = desk->Complaints();
-    desk.reset();
-    QCOMPARE(complaints, QString());
-}
 
 // ---- the client code ----
 

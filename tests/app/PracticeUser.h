@@ -1,0 +1,45 @@
+#pragma once
+
+#include "casedetails/CaseTabs.h"
+#include "searchentry/EntryDesk.h"
+
+class CaseWindow;
+class NameResultsWindow;
+class TabStrip;
+struct CaseTabState;
+
+/// A user of the practice court: logs in, searches by the form, opens cases by double clicks and
+/// walks through their tabs. Every window asks for its turn each millisecond. One a test function.
+class PracticeUser : public EntryDesk
+{
+public:
+    /// The session goes to the practice court at this port.
+    explicit PracticeUser(quint16 port);
+
+    bool LogIn(const QString &user = u"quiet"_s);
+
+    /// Enters the search, starts it and waits for its end. nullptr when it does not make one window
+    /// of results.
+    NameResultsWindow *Search(const QStringList &steps);
+
+    /// Double-clicks this row of the list; the window of its case, in the queue.
+    CaseWindow *OpenRow(NameResultsWindow *results, int row);
+
+    /// Lets the window take its turn and waits for the end of the run.
+    bool Run(CaseWindow *window);
+    /// Asks for all tabs that the panel offers, and waits for the end of the run. False when there
+    /// is no panel to be used.
+    bool FetchOnDemand(CaseWindow *window);
+};
+
+/// The tabs of these captions are fetched at once in every court; all others wait to be asked for.
+void FetchAtOnce(const QStringList &captions);
+
+/// A job that asks for its turn every millisecond.
+void Hurry(JobWindow *window);
+
+TabStrip *StripOf(const CaseWindow *window);
+/// Clicks a tab as the user does; false when there is none of that caption.
+bool ClickTab(const CaseWindow *window, const QString &caption);
+/// True while the panel stands in the place of the tab.
+bool ShowsPanel(const CaseWindow *window);

@@ -1,0 +1,500 @@
+// A case is repeated with something done to it inside each of its yields in turn: whatever can be
+// clicked meanwhile, and at whichever moment, its run ends in the way that is meant for it.
+
+#include "casedetails/CaseDesk.h"
+#include "casedetails/CaseYields.h"
+#include "casedetails/frmCaseDetails.h"
+#include "casedetails/frmNCCaseDetails.h"
+#include "core/EndProgram.h"
+#include "core/EventLoop.h"
+#include "core/GlobalState.h"
+#include "jobs/TurnTaking.h"
+#include "jobs/frmQueue.h"
+#include "link/ConnectState.h"
+#include "link/Router.h"
+#include "link/frmWinsock.h"
+#include "session/frmMain.h"
+#include "support/AnsweringSocket.h"
+
+#include <QAction>
+#include <QDeadlineTimer>
+#include <QPointer>
+#include <QPushButton>
+#include <QTest>
+
+#include <memory>
+#include <optional>
+
+namespace {
+constexpr int fewestYields = 15;
+constexpr int mostYields = 120;
+constexpr int longestRunMilliseconds = 5'000;
+constexpr double longestNapSeconds = 0.01;
+constexpr int blinkMilliseconds = 500;
+/// Long enough for a pending window to see the stop before the program ends.
+constexpr int exitMilliseconds = 20;
+/// A millisecond of the test is a pause between two tabs.
+constexpr double secondsOfMillisecond = 0.2;
+
+/// The key of a job behind the case, which nothing that happens to the case may touch.
+const QString otherKey = u"00000000000000000001"_s;
+
+const QString secondNumber = u"03-5-00456-7"_s;
+
+enum class Kind { Superior, NonCivil };
+constexpr std::array<const char *, 2> kindNames{"Superior", "District non-civil"};
+
+/// The tab that is asked for last.
+CaseTab lastTab(Kind kind)
+{
+    return kind == Kind::Superior ? CaseTab::Docket : CaseTab::Violations;
+}
+
+QStringList answersTo(const QByteArray &frame)
+{
+    if (frame.contains("SUMMARY") || frame.contains("NCNCC"))
+        return {u"Type:~5~"_s,           u"Court:~King~"_s,  u"Title:~A~"_s,
+                u"Filed:~03/04/2002~"_s, u"CAUSE:~Theft~"_s, u"EOF~"_s};
+    return {u"GRIDDEF~Date~Entry~20~80~"_s, u"01/02/2003~Complaint~"_s, u"EOF~"_s};
+}
+
+/// From event to event, without naps in between: there are hundreds of cases.
+bool waitFor(const std::function<bool()> &condition)
+{
+    const QDeadlineTimer deadline(longestRunMilliseconds);
+    while (!condition()) {
+        if (deadline.hasExpired())
+            return false;
+        YieldUntilEvent(longestNapSeconds);
+    }
+    return true;
+}
+
+/// What is left of the program behind a case, as one line.
+QString stateLine(const QString &end, bool gone, const QStringList &queue, bool loggedIn,
+                  bool stopsOthers, bool endsProgram)
+{
+    return u"%1, window %2, queue %3, %4, others %5, program %6"_s.arg(
+        end, gone ? u"gone"_s : u"there"_s, queue.join(u'+'),
+        loggedIn ? u"logged in"_s : u"logged out"_s, stopsOthers ? u"stopped"_s : u"wait"_s,
+        endsProgram ? u"ended"_s : u"runs"_s);
+}
+} // namespace
+
+Q_DECLARE_METATYPE(Act)
+Q_DECLARE_METATYPE(Kind)
+
+class tst_CaseEveryYield : public CaseTest
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void everyYield_data();
+    void everyYield();
+    void aSecondCaseOpenedAtEveryYield_data();
+    void aSecondCaseOpenedAtEveryYield();
+
+private:
+    /// A new session in a program without windows.
+    void connectAgain();
+    /// A case with its key in the queue, its timers at a standstill.
+    CaseWindow *makeCase(const QString &number = u"02-5-00123-4"_s);
+    /// One case with this in its nth yield, or behind its end if it has no such yield.
+    void runCase(int nth, const std::function<void()> &happens);
+    void caseWith(int nth);
+    void act();
+    void perform() const;
+    static bool isOver(const CaseWindow *ofCase);
+    bool waitForTheEnd() const;
+    bool waitForTheEnding() const;
+    Moment momentNow() const;
+    /// How a run ends whose link goes now.
+    CaseEnd endOfLostLink() const;
+    QString endOf() const;
+    void checkTexts(CaseEnd end) const;
+    void checkControls(const CaseTold &told) const;
+    void closeAtLast(CaseEnd end);
+    void openAgain();
+    /// Does one case after the other, until it happens behind the end of one.
+    void walkYields(const std::function<void(int)> &caseWithNth);
+
+    Act what = Act::StopButton;
+    Kind kind = Kind::Superior;
+    std::unique_ptr<frmMain> main;
+    QPointer<CaseWindow> window;
+    std::optional<Moment> moment; ///< when it happened
+    CaseEnd lostEnd = CaseEnd::None;
+    QByteArrayList asked; ///< the frames that the court has got, but for those that stop it
+    int timesInASend = 0;
+    int endings = 0;
+};
+
+void tst_CaseEveryYield::init()
+{
+    desk = std::make_unique<SearchDesk>();
+    ReplaceEndProgram([this](int) { ++endings; });
+    FetchAtOnce(u"CaseSearchTabs"_s, {u"Names"_s, u"Docket"_s});
+    FetchAtOnce(u"NonCivilCaseTabs"_s, {u"Names"_s, u"Violations"_s});
+}
+
+void tst_CaseEveryYield::cleanup()
+{
+    WatchYields({});
+    main.reset();
+    desk.reset();
+}
+
+void tst_CaseEveryYield::connectAgain()
+{
+    CloseServerLink();
+    asked.clear();
+    const auto answers = [this](const QByteArray &frame) {
+        asked.append(frame);
+        return answersTo(frame);
+    };
+    AnsweringSocket::Install(answers, [this] {
+        // The status blinks while the court is asked: a yield inside the yields.
+        if (window && !window->IsUnloaded() && window->tmrBlink->isActive())
+            window->tmrBlink->start(0);
+    });
+    frmWinsock::Form();
+    Global.intConnectState = ConnectDone;
+    Global.bLoggedIn = true;
+    // As the search form does for every search.
+    Global.bStopRequested = false;
+    if (!main) {
+        main = std::make_unique<frmMain>();
+        main->show();
+        // Painting is no matter here, and takes half of the time.
+        main->setUpdatesEnabled(false);
+    }
+    main->TimerExit->setInterval(exitMilliseconds);
+    main->SetTxtConnectStatus(u"Connected"_s);
+    Global.bShowAlerts = false;
+    frmQueue::Form().FIFO.Clear();
+}
+
+CaseWindow *tst_CaseEveryYield::makeCase(const QString &number)
+{
+    CaseWindow *made = nullptr;
+    if (kind == Kind::Superior) {
+        made = new frmCaseDetails;
+        made->lblState = u"WA"_s;
+    } else {
+        made = new frmNCCaseDetails;
+        made->txtCourtCode = u"SED"_s;
+        made->txtCaseType = u"IN"_s;
+    }
+    made->txtCaseNumber = number;
+    made->txtCountyName = u"King"_s;
+    main->ShowChild(made);
+    desk->Enqueue(made);
+    QTimer *blink = made->tmrBlink;
+    connect(blink, &QTimer::timeout, blink, [blink] { blink->setInterval(blinkMilliseconds); });
+    return made;
+}
+
+Moment tst_CaseEveryYield::momentNow() const
+{
+    if (!ButtonOf(window, "cmdStopSearching")->isEnabled())
+        return Moment::Over;
+    return Global.bSearchInProgress ? Moment::Running : Moment::Pending;
+}
+
+CaseEnd tst_CaseEveryYield::endOfLostLink() const
+{
+    const QString status = TextOf(window, "lblStatus");
+    const bool summary = status == TextsOf(CaseTab::Summary).Retrieving;
+    const bool last = status == TextsOf(lastTab(kind)).Retrieving;
+    // What is being read is incomplete, and with it the case, unless there is more to ask for.
+    if (!Global.bSendBusy && (summary || last))
+        return CaseEnd::Incomplete;
+    return summary ? CaseEnd::Error : CaseEnd::BrokenDown;
+}
+
+void tst_CaseEveryYield::act()
+{
+    moment = momentNow();
+    if (Global.bSendBusy)
+        ++timesInASend;
+    lostEnd = endOfLostLink();
+    if (*moment == Moment::Running) {
+        for (const Refusal &refusal : refusals) {
+            if (refusal.act == what)
+                desk->Boxes.Expect(refusal.text.toString(), refusal.title.toString());
+        }
+    }
+    perform();
+}
+
+void tst_CaseEveryYield::perform() const
+{
+    switch (what) {
+    case Act::StopButton:
+        ButtonOf(window, "cmdStopSearching")->click();
+        return;
+    case Act::Logout:
+        main->Logout();
+        return;
+    case Act::Disconnect:
+        main->findChild<QAction *>(u"mnuConnectionDisConnect"_s)->trigger();
+        return;
+    case Act::Exit:
+        main->findChild<QAction *>(u"mnuFileExit"_s)->trigger();
+        return;
+    case Act::CloseMain:
+        main->close();
+        return;
+    case Act::CloseFrame:
+        window->parentWidget()->close();
+        return;
+    case Act::UnloadByCode:
+        window->Unload();
+        return;
+    case Act::SessionEnds:
+        window->Unload(UnloadMode::SessionEnd);
+        return;
+    case Act::UnloadUnconditionally:
+        window->Unload(UnloadMode::MdiParent);
+        return;
+    default:
+        QFAIL("no such act of a case");
+    }
+}
+
+/// A run that is on the stack is below whoever asks: then there is a job in progress, or a timer
+/// that has not come.
+bool tst_CaseEveryYield::isOver(const CaseWindow *ofCase)
+{
+    return !Global.bSearchInProgress
+           && (!ofCase || ofCase->IsUnloaded() || !ofCase->Timer1->isActive());
+}
+
+bool tst_CaseEveryYield::waitForTheEnd() const
+{
+    const bool ended = waitFor([this] { return isOver(window); });
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    return ended;
+}
+
+bool tst_CaseEveryYield::waitForTheEnding() const
+{
+    return waitFor([this] { return endings > 0; });
+}
+
+QString tst_CaseEveryYield::endOf() const
+{
+    QStringList ends;
+    const QStringList log = desk->Folder.Log();
+    for (const QString &line : log) {
+        for (const CaseEndLine &row : caseEndLines) {
+            if (line.startsWith(row.line))
+                ends.append(nameOf(row.end, caseEndNames));
+        }
+    }
+    if (ends == QStringList{nameOf(CaseEnd::Completed, caseEndNames)} && window
+        && window->AnyTabIncomplete())
+        return nameOf(CaseEnd::Incomplete, caseEndNames);
+    if (!ends.isEmpty())
+        return ends.join(u" and "_s);
+    const bool stopped = window && !ButtonOf(window, "cmdStopSearching")->isEnabled();
+    return nameOf(stopped ? CaseEnd::StoppedPending : CaseEnd::None, caseEndNames);
+}
+
+void tst_CaseEveryYield::checkTexts(CaseEnd end) const
+{
+    const auto *const texts =
+        std::find_if(caseEndTexts.begin(), caseEndTexts.end(),
+                     [end](const CaseEndTexts &row) { return row.end == end; });
+    QVERIFY(texts != caseEndTexts.end());
+    const QString status = TextOf(window, "lblStatus");
+    const QString warning = TextOf(window, "lblWarning");
+    QVERIFY2(status.startsWith(texts->status), qPrintable(status));
+    QVERIFY2(texts->warning.isEmpty() || warning.startsWith(texts->warning), qPrintable(warning));
+    const CaseTabState &last = window->Tab(lastTab(kind));
+    if (end == CaseEnd::Completed) {
+        QVERIFY2(warning.isEmpty(), qPrintable(warning));
+        QVERIFY(window->Tab(CaseTab::Summary).TabDone && window->Tab(CaseTab::Names).TabDone);
+        QVERIFY(last.TabDone && !last.TabNotRetrieved);
+        QCOMPARE(CellsOf(window, lastTab(kind)).size(), 2);
+    }
+    QCOMPARE(window->SearchStopped, end == CaseEnd::Stopped || end == CaseEnd::StoppedPending
+                                        || end == CaseEnd::AllJobsStopped);
+    // What a stop has cut off can be fetched later.
+    if (end == CaseEnd::Stopped || end == CaseEnd::AllJobsStopped)
+        QVERIFY(last.TabDone != last.TabNotRetrieved);
+}
+
+void tst_CaseEveryYield::checkControls(const CaseTold &told) const
+{
+    const bool broken = told.end == CaseEnd::BrokenDown;
+    QVERIFY(!window->Timer1->isActive());
+    QCOMPARE(window->tmrBlink->isActive(), broken);
+    QCOMPARE(ButtonOf(window, "cmdStopSearching")->isEnabled(), broken);
+    // The main window, and the case in it, is hidden when the program has ended.
+    QCOMPARE(window->isVisible(), !told.endsProgram);
+    QVERIFY(!window->IsUnloaded());
+}
+
+void tst_CaseEveryYield::runCase(int nth, const std::function<void()> &happens)
+{
+    connectAgain();
+    moment.reset();
+    endings = 0;
+    int yields = 0;
+    window = makeCase();
+    desk->Folder.Remove(u"AppInfo.txt"_s);
+    window->tmrBlink->start(0);
+    window->Timer1->start(0);
+    desk->Time.Run(secondsOfMillisecond);
+    WatchYields([&] {
+        if (++yields == nth)
+            QMetaObject::invokeMethod(this, happens, Qt::QueuedConnection);
+    });
+    QVERIFY(waitForTheEnd());
+    WatchYields({});
+    if (!moment)
+        happens();
+}
+
+void tst_CaseEveryYield::caseWith(int nth)
+{
+    runCase(nth, [this] {
+        EnqueueKey(otherKey);
+        act();
+    });
+    CaseTold told = caseToldOf(what, *moment);
+    if (told.end == CaseEnd::BrokenDown)
+        told.end = lostEnd;
+    // A pending window sees the wish to leave before the program ends, and with it the queue.
+    if (told.end == CaseEnd::AllJobsStopped && endings == 0)
+        QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{otherKey});
+    if (told.endsProgram)
+        QVERIFY(waitForTheEnding());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QStringList queue;
+    if (told.end == CaseEnd::BrokenDown)
+        queue.append(window->txtMasterKey);
+    // The queue is unloaded at the very end.
+    if (!told.endsProgram)
+        queue.append(otherKey);
+    QCOMPARE(stateLine(endOf(), window.isNull(), frmQueue::Form().FIFO.Lines(), Global.bLoggedIn,
+                       Global.bStopRequested, endings == 1),
+             stateLine(nameOf(told.end, caseEndNames), told.gone, queue, told.staysLoggedIn,
+                       told.stopsOthers, told.endsProgram));
+    QVERIFY(!Global.bSearchInProgress);
+    QVERIFY(!Global.bSendBusy);
+    QCOMPARE(desk->Boxes.Complaints(), QString());
+    if (window) {
+        checkTexts(told.end);
+        checkControls(told);
+    }
+    closeAtLast(told.end);
+}
+
+/// A run that broke down gives its place back when its window closes.
+void tst_CaseEveryYield::closeAtLast(CaseEnd end)
+{
+    if (end != CaseEnd::BrokenDown)
+        return;
+    QVERIFY(window->Unload());
+    QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{otherKey});
+    QTRY_VERIFY(window.isNull());
+}
+
+void tst_CaseEveryYield::openAgain()
+{
+    delete window;
+    if (endings > 0)
+        main.reset();
+    connectAgain();
+    window = makeCase();
+    window->Timer1->start(0);
+    QVERIFY(waitForTheEnd());
+    checkTexts(CaseEnd::Completed);
+    QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList());
+    delete window;
+}
+
+void tst_CaseEveryYield::walkYields(const std::function<void(int)> &caseWithNth)
+{
+    std::array<int, 3> times{};
+    timesInASend = 0;
+    int nth = 0;
+    do {
+        caseWithNth(++nth);
+        if (!QTest::currentTestFailed())
+            openAgain();
+        if (QTest::currentTestFailed()) {
+            QFAIL(qPrintable(u"in yield %1, %2"_s.arg(nth).arg(moment ? nameOf(*moment, momentNames)
+                                                                      : u"before it happened"_s)));
+        }
+        ++times.at(static_cast<size_t>(*moment));
+    } while (*moment != Moment::Over && nth < mostYields);
+    // The case was met everywhere: before its turn, while a line was sent, and in its replies.
+    QVERIFY2(
+        times[0] >= 2 && times[1] >= fewestYields && times[2] == 1 && timesInASend >= 1,
+        qPrintable(u"%1 %2 %3 %4"_s.arg(times[0]).arg(times[1]).arg(times[2]).arg(timesInASend)));
+}
+
+void tst_CaseEveryYield::everyYield_data()
+{
+    QTest::addColumn<Kind>("ofKind");
+    QTest::addColumn<Act>("happening");
+    for (size_t i = 0; i < kindNames.size(); ++i) {
+        for (const Act happening : caseActs)
+            QTest::addRow("%s: %s", kindNames.at(i), qPrintable(nameOf(happening, actNames)))
+                << static_cast<Kind>(i) << happening;
+    }
+}
+
+void tst_CaseEveryYield::everyYield()
+{
+    QFETCH(Kind, ofKind);
+    QFETCH(Act, happening);
+    kind = ofKind;
+    what = happening;
+    walkYields([this](int nth) { caseWith(nth); });
+}
+
+void tst_CaseEveryYield::aSecondCaseOpenedAtEveryYield_data()
+{
+    QTest::addColumn<Kind>("ofKind");
+    for (size_t i = 0; i < kindNames.size(); ++i)
+        QTest::newRow(kindNames.at(i)) << static_cast<Kind>(i);
+}
+
+void tst_CaseEveryYield::aSecondCaseOpenedAtEveryYield()
+{
+    QFETCH(Kind, ofKind);
+    kind = ofKind;
+    walkYields([this](int nth) {
+        QPointer<CaseWindow> second;
+        QString statusOfSecond;
+        runCase(nth, [&] {
+            moment = momentNow();
+            if (Global.bSendBusy)
+                ++timesInASend;
+            second = makeCase(secondNumber);
+            second->Timer1->start(0);
+            statusOfSecond = TextOf(second, "lblStatus");
+        });
+        QVERIFY(waitFor([&] { return isOver(second); }));
+        QCOMPARE(statusOfSecond, u"Pending .."_s);
+        QCOMPARE(endOf(), u"completed and completed"_s);
+        checkTexts(CaseEnd::Completed);
+        // The lines of the second come behind all lines of the first.
+        QCOMPARE(asked.size(), 6);
+        for (qsizetype i = 0; i < asked.size(); ++i)
+            QCOMPARE(asked[i].contains(secondNumber.toLatin1()), i >= 3);
+        QVERIFY(!second->Timer1->isActive());
+        QCOMPARE(TextOf(second, "lblStatus"), u"Search Complete"_s);
+        QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
+        delete second;
+    });
+}
+
+QTEST_MAIN(tst_CaseEveryYield)
+#include "tst_CaseEveryYield.moc"

@@ -1,0 +1,242 @@
+#include "casedetails/SummaryDesk.h"
+#include "controls/FlexGrid.h"
+#include "core/GlobalState.h"
+#include "jobs/frmQueue.h"
+
+#include <QApplication>
+
+namespace {
+const QStringList severalCases{u"MULTIPLE"_s,
+                               u" 99-20077 /RETRIEVECOMMAND=BKRPT~SUMMARY~1~/ BK / SMITH & DOE /"_s,
+                               u"no case/x/y/"_s,
+                               u"99-20078#RETRIEVECOMMAND=BKRPT~SUMMARY~2~#"_s,
+                               u"99-20079/RETRIEVECOMMAND= BKRPT~SUMMARY~3~ /AP/DOE/"_s,
+                               u"EOF~"_s};
+const QString notLoggedIn =
+    u"This Search Cannot be Started!\r\nThis is because you are not currently Logged-In to the "
+    "Halvane Server.\r\n\r\nDo you want to Login Now?"_s;
+const QString notLoggedInTitle = u"Cannot Perform Search! Not Logged In to Halvane"_s;
+
+QStringList superiorWith(const QString &row)
+{
+    return {u"Case#:~02-1-00123-4~"_s,
+            u"Court:~King County~"_s,
+            u"Title:~A VS B~"_s,
+            u"Date Filed:~03/04/2002~"_s,
+            u"Status:~02-2-00111-1~"_s,
+            row,
+            u"EOF~"_s};
+}
+} // namespace
+
+/// What a double click in a case window opens.
+class tst_CaseLinks : public SummaryTest
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void severalBankruptcyCases();
+    void aShortListIsAListToo();
+    void aCaseOfTheList();
+    void anAssociatedCase();
+    void theEnterKeyOpensItToo();
+    void whatOpensNothing_data();
+    void whatOpensNothing();
+    void notLoggedInIsAskedFirst_data();
+    void notLoggedInIsAskedFirst();
+    void aCaseOfTheJudgments();
+
+private:
+    static void doubleClick(const frmCaseDetails *window, CaseTab tab, int row, int column);
+    /// The window that was opened last, null when there is none but this.
+    static frmCaseDetails *otherThan(const frmCaseDetails *window);
+};
+
+void tst_CaseLinks::doubleClick(const frmCaseDetails *window, CaseTab tab, int row, int column)
+{
+    FlexGrid *grid = window->Tab(tab).Grid;
+    const QModelIndex cell = grid->model()->index(row - 1, column);
+    QTest::mouseDClick(grid->viewport(), Qt::LeftButton, {}, grid->visualRect(cell).center());
+}
+
+frmCaseDetails *tst_CaseLinks::otherThan(const frmCaseDetails *window)
+{
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget *other : windows) {
+        auto *opened = qobject_cast<frmCaseDetails *>(other);
+        if (opened && opened != window)
+            return opened;
+    }
+    return nullptr;
+}
+
+void tst_CaseLinks::severalBankruptcyCases()
+{
+    const frmCaseDetails *window = summarised(u"WAWBK"_s, severalCases);
+    QCOMPARE(summaryCells(window), (QList<QStringList>{{u"Case#"_s, u"Type"_s, u"Title"_s},
+                                                       {u"99-20077"_s, u"BK"_s, u"SMITH & DOE"_s},
+                                                       {u"99-20078"_s, QString(), QString()},
+                                                       {u"99-20079"_s, u"AP"_s, u"DOE"_s}}));
+    const QList<GridColumn> columns = window->Tab(CaseTab::Summary).Grid->Table().Columns;
+    QCOMPARE(columns[0].Percent, 15.0);
+    QCOMPARE(columns[1].Percent, 10.0);
+    QCOMPARE(columns[2].Percent, 74.0);
+    QVERIFY(window->chkBKYass);
+    QCOMPARE(window->List1, (QStringList{u"RETRIEVECOMMAND=BKRPT~SUMMARY~1~^1^"_s,
+                                         u"RETRIEVECOMMAND=BKRPT~SUMMARY~2~^2^"_s,
+                                         u"RETRIEVECOMMAND= BKRPT~SUMMARY~3~ ^3^"_s}));
+    QCOMPARE(TextOf(window, "Label1_2"), u"Multiple Cases Found for Number Entered. Double-Click "
+                                         "on a Case# to Retrieve Details."_s);
+    QVERIFY(!isHidden(window, "Label1_2"));
+    QCOMPARE(TextOf(window, "lblCaseTitle"),
+             u"Multiple Matching Cases Found for the Number Entered"_s);
+    QCOMPARE(TextOf(window, "lblDateFiled"), u"N/A"_s);
+    QCOMPARE(TextOf(window, "lblTopFrameCaseType"), u"N/A"_s);
+    QCOMPARE(CaptionsOf(window), QStringList{u"Summary"_s});
+    QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete"_s);
+}
+
+void tst_CaseLinks::aShortListIsAListToo()
+{
+    const frmCaseDetails *window =
+        summarised(u"WAWBK"_s, severalCases.first(2) + QStringList{u"EOF~"_s});
+    QCOMPARE(summaryCells(window).size(), 2);
+    QVERIFY(window->chkBKYass);
+}
+
+void tst_CaseLinks::aCaseOfTheList()
+{
+    QStringList reply = severalCases;
+    reply.removeAt(3);
+    frmCaseDetails *window = summarised(u"WAWBK"_s, reply);
+    window->SetCourtName(u"Western District"_s);
+    window->ClientAcctgCode = u"ACME"_s;
+    doubleClick(window, CaseTab::Summary, 2, 0);
+    frmCaseDetails *opened = otherThan(window);
+    QVERIFY(opened);
+    opened->Timer1->stop();
+    QCOMPARE(opened->lblState, u"WAWBK"_s);
+    QCOMPARE(opened->lblCourtName(), u"Western District"_s);
+    QCOMPARE(opened->txtCaseNumber, u"99-20077"_s);
+    QCOMPARE(opened->lblCaseDetailsHdr(), u"Case Details (99-20077)"_s);
+    QCOMPARE(opened->windowTitle(), window->windowTitle());
+    QCOMPARE(opened->lblCaseTitle(), u"Bankruptcy"_s);
+    QCOMPARE(opened->ClientAcctgCode, u"ACME"_s);
+    QVERIFY(opened->chkBK);
+    QVERIFY(!opened->chkBKYass);
+    QCOMPARE(opened->lboxTabReqQueue.Lines(), QStringList{u"BKRPT~SUMMARY~3~"_s});
+    QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{opened->txtMasterKey});
+    opened->ClientAcctgCode.clear();
+    court->Expect(u"BKRPT~SUMMARY~3~"_s)
+        .Reply({u"Case Title~DOE~"_s, u"Chapter~13~"_s, u"a~b~"_s, u"c~d~"_s, u"EOF~"_s});
+    desk->Time.Run(0.05);
+    Begin(opened);
+    QVERIFY(Finished(opened));
+    QCOMPARE(TextOf(opened, "lblCaseTitle"), u"DOE (Chapter 13)"_s);
+}
+
+void tst_CaseLinks::anAssociatedCase()
+{
+    frmCaseDetails *window =
+        summarised(u"WA"_s, superiorWith(u"Associated Case:~ 02-2-0045a-7 ~"_s));
+    window->ClientAcctgCode = u"ACME"_s;
+    doubleClick(window, CaseTab::Summary, 2, 1);
+    frmCaseDetails *opened = otherThan(window);
+    QVERIFY(opened);
+    opened->Timer1->stop();
+    QCOMPARE(opened->lblState, u"WA"_s);
+    QCOMPARE(opened->txtCountyName, u"King"_s);
+    QCOMPARE(opened->txtCaseNumber, u"02-2-0045A-7"_s);
+    QCOMPARE(opened->tboxCaseNumberQueue, u"WASUP\u00A6SUMMARY\u00A602-2-0045A-7"_s);
+    QCOMPARE(opened->lblCourtName(), u"King County, Washington Superior Courts"_s);
+    QCOMPARE(opened->ClientAcctgCode, u"ACME"_s);
+    QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{opened->txtMasterKey});
+    opened->ClientAcctgCode.clear();
+    court->Expect(SuperiorLine(u"SUMMARY"_s, u"02-2-0045A-7"_s)).Reply(superiorReply());
+    desk->Time.Run(0.05);
+    Begin(opened);
+    QVERIFY(Finished(opened));
+    QVERIFY(opened->Tab(CaseTab::Summary).TabDone);
+}
+
+void tst_CaseLinks::theEnterKeyOpensItToo()
+{
+    const frmCaseDetails *window =
+        summarised(u"WA"_s, superiorWith(u"Associated Case:~02-2-00456-7~"_s));
+    FlexGrid *grid = window->Tab(CaseTab::Summary).Grid;
+    grid->setCurrentIndex(grid->model()->index(1, 0));
+    QTest::keyClick(grid, Qt::Key_Return);
+    QVERIFY(otherThan(window));
+}
+
+void tst_CaseLinks::whatOpensNothing_data()
+{
+    QTest::addColumn<QString>("state");
+    QTest::addColumn<QStringList>("reply");
+    QTest::addColumn<int>("row");
+    QTest::newRow("another row") << u"WA"_s << superiorWith(u"Associated Case:~02-2-00456-7~"_s)
+                                 << 1;
+    QTest::newRow("no number") << u"WA"_s << superiorWith(u"Associated Case:~~"_s) << 2;
+    QTest::newRow("another name for it")
+        << u"WA"_s << superiorWith(u"Associated Cases:~02-2-00456-7~"_s) << 2;
+    QStringList nameless = severalCases;
+    nameless[1] = u"/RETRIEVECOMMAND=BKRPT~SUMMARY~1~/BK/DOE/"_s;
+    QTest::newRow("a case of the list without a number") << u"WAWBK"_s << nameless << 1;
+}
+
+void tst_CaseLinks::whatOpensNothing()
+{
+    QFETCH(QString, state);
+    QFETCH(QStringList, reply);
+    QFETCH(int, row);
+    const frmCaseDetails *window = summarised(state, reply);
+    doubleClick(window, CaseTab::Summary, row, 0);
+    QVERIFY(!otherThan(window));
+    QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
+}
+
+void tst_CaseLinks::notLoggedInIsAskedFirst_data()
+{
+    QTest::addColumn<QString>("state");
+    QTest::addColumn<QStringList>("reply");
+    QTest::addColumn<int>("row");
+    QTest::newRow("associated case")
+        << u"WA"_s << superiorWith(u"Associated Case:~02-2-00456-7~"_s) << 2;
+    QTest::newRow("a case of the list") << u"WAWBK"_s << severalCases << 1;
+}
+
+void tst_CaseLinks::notLoggedInIsAskedFirst()
+{
+    QFETCH(QString, state);
+    QFETCH(QStringList, reply);
+    QFETCH(int, row);
+    const frmCaseDetails *window = summarised(state, reply);
+    Global.bLoggedIn = false;
+    desk->Boxes.Expect(notLoggedIn, notLoggedInTitle, MsgIcon::Exclamation, MsgAnswer::No);
+    doubleClick(window, CaseTab::Summary, row, 0);
+    QVERIFY(!otherThan(window));
+    QCOMPARE(desk->Boxes.Answered(), 1);
+}
+
+void tst_CaseLinks::aCaseOfTheJudgments()
+{
+    FetchAtOnce(u"CaseSearchTabs"_s, {u"Judgments"_s});
+    court->Expect(SuperiorLine(u"SUMMARY"_s)).Reply(superiorReply());
+    court->Expect(SuperiorLine(u"JUDGMENTS"_s))
+        .Reply(GridDef({u"01/02/2003~02-9-00456-7~"_s, u"01/03/2003~no number~"_s}));
+    frmCaseDetails *window = Superior();
+    Run(window);
+    ClickTab(window, u"Judgments"_s);
+    doubleClick(window, CaseTab::Judgments, 1, 1); // the newest is on top
+    QVERIFY(!otherThan(window));
+    doubleClick(window, CaseTab::Judgments, 2, 0);
+    frmCaseDetails *opened = otherThan(window);
+    QVERIFY(opened);
+    QCOMPARE(opened->txtCaseNumber, u"02-9-00456-7"_s);
+    QCOMPARE(opened->txtCountyName, u"King"_s);
+    QCOMPARE(opened->lblCourtName(), u"King County, Washington Superior Courts"_s);
+    QCOMPARE(opened->tboxCaseNumberQueue, u"WASUP\u00A6SUMMARY\u00A602-9-00456-7"_s);
+    QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{opened->txtMasterKey});
+}
+
+QTEST_MAIN(tst_CaseLinks)
+#include "tst_CaseLinks.moc"

@@ -1,0 +1,208 @@
+#include "casedetails/TabDesk.h"
+#include "casedetails/frmCaseDetails.h"
+
+#include <QTest>
+
+#include <algorithm>
+
+namespace {
+const QString endMark = u"EOF~"_s;
+} // namespace
+
+/// The exchange of one tab, for every tab of every court, when it ends as it should.
+class tst_CaseTabRetrieval : public TabTest
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void aTable_data() { Members(); }
+    void aTable();
+    void theEndMarkAloneGivesTheEmptyMessageAndTheTabIsDone_data() { Members(); }
+    void theEndMarkAloneGivesTheEmptyMessageAndTheTabIsDone();
+    void aDefinitionWithoutRowsGivesTheEmptyMessage_data() { tableForms(); }
+    void aDefinitionWithoutRowsGivesTheEmptyMessage();
+    void linesWithoutADefinitionLeaveTheGridEmpty_data() { gridDefForms(); }
+    void linesWithoutADefinitionLeaveTheGridEmpty();
+    void progressLinesAreReadOver_data() { Members(); }
+    void progressLinesAreReadOver();
+    void wordsCountInCapitalsAndInFront_data() { Members(); }
+    void wordsCountInCapitalsAndInFront();
+    void onlySummaryAndNamesCarryTheClientCode_data() { Members(); }
+    void onlySummaryAndNamesCarryTheClientCode();
+    void aDataLineIsTrimmed();
+    void anotherTabsLinesDoNotStay();
+    void scheduleOfOregonHasTheWordsOfJudgments_data();
+    void scheduleOfOregonHasTheWordsOfJudgments();
+
+private:
+    static void tableForms();
+    static void gridDefForms();
+};
+
+void tst_CaseTabRetrieval::tableForms()
+{
+    QTest::addColumn<int>("row");
+    for (const FamilyMember &row : family) {
+        if (TableHead(row).size() > 1)
+            QTest::newRow(row.name) << 0;
+    }
+}
+
+void tst_CaseTabRetrieval::gridDefForms()
+{
+    QTest::addColumn<int>("row");
+    for (const FamilyMember &row : family) {
+        if (TableHead(row).size() == 1)
+            QTest::newRow(row.name) << 0;
+    }
+}
+
+void tst_CaseTabRetrieval::aTable()
+{
+    const FamilyMember &row = Member();
+    const QStringList reply = WholeTable(row) + QStringList{endMark};
+    const frmCaseDetails *window = Retrieved(row, reply);
+    QCOMPARE(CellsOf(window, row.tab), WholeCells(row));
+    VerifyDone(window, row);
+    const FamilyTexts texts = TextsOfMember(row);
+    QCOMPARE(
+        LogOf(row),
+        (QStringList{texts.Retrieving, u"SendReq: "_s + row.request} + LoggedReply(row, reply)
+         + QStringList{u"All Responses For "_s + row.word + u" were Received: "_s + row.request,
+                       texts.NormalExit}));
+}
+
+void tst_CaseTabRetrieval::theEndMarkAloneGivesTheEmptyMessageAndTheTabIsDone()
+{
+    const FamilyMember &row = Member();
+    const frmCaseDetails *window = Retrieved(row, {endMark});
+    QCOMPARE(CellsOf(window, row.tab), Message(row.empty));
+    VerifyDone(window, row);
+    const FamilyTexts texts = TextsOfMember(row);
+    QStringList log{texts.Retrieving, u"SendReq: "_s + row.request};
+    log += LoggedReply(row, {endMark});
+    log += u"All Responses For "_s + row.word + u" were Received: "_s + row.request;
+    if (!row.emptyLog.isEmpty())
+        log += row.emptyLog + row.request.toString();
+    log += texts.NormalExit;
+    QCOMPARE(LogOf(row), log);
+}
+
+void tst_CaseTabRetrieval::aDefinitionWithoutRowsGivesTheEmptyMessage()
+{
+    const FamilyMember &row = Member();
+    const frmCaseDetails *window = Retrieved(row, TableHead(row) + QStringList{endMark});
+    QCOMPARE(CellsOf(window, row.tab), Message(row.empty));
+    VerifyDone(window, row);
+}
+
+void tst_CaseTabRetrieval::linesWithoutADefinitionLeaveTheGridEmpty()
+{
+    const FamilyMember &row = Member();
+    const frmCaseDetails *window = Retrieved(row, {u"01/02/2003~First~"_s, endMark});
+    QCOMPARE(CellsOf(window, row.tab), QList<QStringList>());
+    VerifyDone(window, row);
+}
+
+void tst_CaseTabRetrieval::progressLinesAreReadOver()
+{
+    const FamilyMember &row = Member();
+    QStringList reply = WholeTable(row);
+    reply.prepend(u"SEARCHING~King Superior Court~"_s);
+    reply.insert(2, u"Searching~ EOF~"_s);
+    reply += u"searchingEOF~"_s;
+    reply += endMark;
+    const frmCaseDetails *window = Retrieved(row, reply);
+    QCOMPARE(CellsOf(window, row.tab), WholeCells(row));
+    VerifyDone(window, row);
+    QCOMPARE(LogOf(row).mid(2, LoggedReply(row, reply).size()), LoggedReply(row, reply));
+}
+
+void tst_CaseTabRetrieval::wordsCountInCapitalsAndInFront()
+{
+    const FamilyMember &row = Member();
+    QStringList reply = TableHead(row);
+    // None of these is an end mark, an error or progress, and the line behind the end is no row.
+    for (const QString &line : {u"eof~2~"_s, u"Error~3~"_s, u"4~EOF~"_s, u"5~ERROR~"_s,
+                                u"6~Searching~"_s, u"research~7~"_s})
+        reply += TableRow(row, line);
+    reply += u"EOF~that was all"_s;
+    const frmCaseDetails *window = Retrieved(row, reply);
+    QList<QStringList> cells{{u"eof"_s, u"2"_s},       {u"Error"_s, u"3"_s},
+                             {u"4"_s, u"EOF"_s},       {u"5"_s, u"ERROR"_s},
+                             {u"6"_s, u"Searching"_s}, {u"research"_s, u"7"_s}};
+    if (row.lastFirst)
+        std::reverse(cells.begin(), cells.end());
+    QCOMPARE(CellsOf(window, row.tab), QList<QStringList>({{u"Date"_s, u"Entry"_s}}) + cells);
+    VerifyDone(window, row);
+}
+
+void tst_CaseTabRetrieval::onlySummaryAndNamesCarryTheClientCode()
+{
+    const FamilyMember &row = Member();
+    const auto coded = [](const QString &line) -> QString {
+        return line.chopped(1) + u"^^CAC:ACME 7^^"_s + line.back();
+    };
+    const QString request = row.request.toString();
+    FetchAtOnce(u"CaseSearchTabs"_s, {CaptionOf(row)});
+    FetchAtOnce(u"OrCaseSearchTabs"_s, {CaptionOf(row)});
+    FetchAtOnce(u"IdCaseSearchTabs"_s, {CaptionOf(row)});
+    court->Expect(coded(SummaryLineOf(row))).Reply(SummaryReplyOf(row));
+    court->Expect(row.tab == CaseTab::Names ? coded(request) : request)
+        .Reply(WholeTable(row) + QStringList{endMark});
+    frmCaseDetails *window = WindowOf(row);
+    window->ClientAcctgCode = u" ACME 7 "_s;
+    Run(window);
+    QVERIFY(window->Tab(row.tab).TabDone);
+    // The tab's own line stays as it is: it would carry the code twice the next time.
+    QCOMPARE(window->Tab(row.tab).TabRequest, request);
+}
+
+void tst_CaseTabRetrieval::aDataLineIsTrimmed()
+{
+    const FamilyMember &docket = family[1];
+    const frmCaseDetails *window =
+        Retrieved(docket, {u"  GRIDDEF~Date~Entry~20~80~ "_s, u" ERROR~in a row~ "_s, endMark});
+    QCOMPARE(window->lboxResponses.Lines(),
+             (QStringList{u"GRIDDEF~Date~Entry~20~80~"_s, u"ERROR~in a row~"_s}));
+    QCOMPARE(CellsOf(window, CaseTab::Docket),
+             (QList<QStringList>{{u"Date"_s, u"Entry"_s}, {u"ERROR"_s, u"in a row"_s}}));
+}
+
+void tst_CaseTabRetrieval::anotherTabsLinesDoNotStay()
+{
+    FetchAtOnce(u"CaseSearchTabs"_s, {u"Names"_s, u"Docket"_s});
+    court->Expect(SuperiorLine(u"SUMMARY"_s)).Reply(SummaryReplyOf(family[1]));
+    court->Expect(SuperiorLine(u"NAMES"_s)).Reply(GridDef({u"A~Smith~"_s}));
+    court->Expect(SuperiorLine(u"DOCKET"_s)).Reply({endMark});
+    frmCaseDetails *window = Superior();
+    Run(window);
+    QCOMPARE(window->lboxResponses.ListCount(), 0);
+    QCOMPARE(CellsOf(window, CaseTab::Docket),
+             Message(u"No Docket Information Found For This Case."));
+}
+
+void tst_CaseTabRetrieval::scheduleOfOregonHasTheWordsOfJudgments_data()
+{
+    QTest::addColumn<bool>("incomplete");
+    QTest::addColumn<QString>("words");
+    QTest::newRow("empty") << false << u"No Judgments Were Found For This Case."_s;
+    QTest::newRow("incomplete") << true << u"Judgments Search Incomplete. Please Retry Search"_s;
+}
+
+/// Oregon's strip has no such tab; should it get one, this is what it says.
+void tst_CaseTabRetrieval::scheduleOfOregonHasTheWordsOfJudgments()
+{
+    struct Schedule : frmCaseDetails
+    {
+        using frmCaseDetails::ShowTab;
+    };
+    QFETCH(bool, incomplete);
+    QFETCH(QString, words);
+    Schedule window;
+    window.lblState = u"OR"_s;
+    window.ShowTab(CaseTab::Schedule, incomplete, u"OREGON@SCHEDULE,@"_s);
+    QCOMPARE(CellsOf(&window, CaseTab::Schedule), Message(words));
+}
+
+QTEST_MAIN(tst_CaseTabRetrieval)
+#include "tst_CaseTabRetrieval.moc"

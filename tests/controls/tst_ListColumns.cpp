@@ -1,0 +1,69 @@
+#include "controls/ResultListView.h"
+#include "controls/Twips.h"
+
+#include <QFontMetrics>
+#include <QHeaderView>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+// What of a list is not cut although its columns have the widths of their table.
+
+class tst_ListColumns : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void noTitleIsCutInItsOwnWidth();
+    void aColumnWidensForACell();
+    void whatIsLeftGoesToTheLastColumnThatIsSeen();
+};
+
+void tst_ListColumns::noTitleIsCutInItsOwnWidth()
+{
+    ResultListView view;
+    view.SetColumns({{u"Name"_s, 2000}, {u"Number"_s, 2000}});
+    const QFont roomy = view.horizontalHeader()->font();
+    // As narrow as nine tenths of the text's size are too wide for.
+    const int advance = QFontMetrics(roomy).horizontalAdvance(u"Description"_s);
+    view.SetColumns({{u"Name"_s, 2000}, {u"Description"_s, TwipsFromPixels(advance)}});
+    QVERIFY(view.horizontalHeader()->font().pointSizeF() < roomy.pointSizeF());
+    // A column that is not seen takes no part, and the next columns begin anew.
+    view.SetColumns({{u"Name"_s, 2000}, {u"Description"_s, 30}});
+    QCOMPARE(view.horizontalHeader()->font().pointSizeF(), roomy.pointSizeF());
+}
+
+void tst_ListColumns::aColumnWidensForACell()
+{
+    ResultListView view;
+    view.SetColumns({{u"Name"_s, 1500}, {u"Number"_s, 600}, {u"Rest"_s, 1500}});
+    view.List()->AddRow({u"A"_s, u"7"_s, u"x"_s});
+    view.List()->AddRow({u"B"_s, u">>*CR-1998-0002546-IN"_s, u"x"_s});
+    view.List()->Flush();
+    view.WidenForCell(0, 1);
+    QCOMPARE(view.columnWidth(1), 40);
+    view.WidenForCell(1, 1);
+    const int needed = view.sizeHintForIndex(view.List()->index(1, 1)).width();
+    QVERIFY(needed > 40);
+    QCOMPARE(view.columnWidth(1), needed);
+    view.WidenForCell(0, 1);
+    QCOMPARE(view.columnWidth(1), needed);
+    QCOMPARE(view.columnWidth(0), 100);
+}
+
+void tst_ListColumns::whatIsLeftGoesToTheLastColumnThatIsSeen()
+{
+    ResultListView view;
+    view.SetColumns({{u"Name"_s, 1500}, {u"Parties"_s, 1500}, {u"Command"_s, 30}});
+    view.resize(700, 300);
+    view.show();
+    QCOMPARE(view.columnWidth(0), 100);
+    QCOMPARE(view.columnWidth(2), 2);
+    QCOMPARE(view.columnWidth(1), view.viewport()->width() - 102);
+    view.SetColumns({{u"Name"_s, 1500}, {u"Parties"_s, 1500}});
+    QCOMPARE(view.columnWidth(0), 100);
+    QCOMPARE(view.columnWidth(1), view.viewport()->width() - 100);
+    QCOMPARE(view.horizontalHeader()->visualIndex(1), 1);
+}
+
+QTEST_MAIN(tst_ListColumns)
+#include "tst_ListColumns.moc"

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "support/FakeSocket.h"
+
+#include <QStringList>
+#include <QTimer>
+
+#include <functional>
+
+/// A network whose court answers every request alike. One thing happens a turn of the event loop: a
+/// send is complete, or a token arrives, the end mark in two pieces. A request to stop it takes
+/// note of: the replies come all the same, as from a court that was nearly done.
+class AnsweringSocket : public FakeSocket
+{
+    Q_OBJECT
+public:
+    /// The tokens that answer a frame.
+    using Answers = std::function<QStringList(const QByteArray &frame)>;
+
+    explicit AnsweringSocket(QObject *parent);
+
+    /// From now on frmWinsock makes these. `onRequest` is called at every request, before its
+    /// answer.
+    static void Install(const Answers &answers, const std::function<void()> &onRequest);
+
+    void SendData(const QByteArray &data) override;
+
+private:
+    void takeStep();
+
+    QTimer turns;
+    QByteArrayList steps;
+    Answers answersOf;
+    std::function<void()> requested;
+};
