@@ -15,7 +15,6 @@
 #include "namesearch/frmDiscisNameResults.h"
 #include "namesearch/frmNameSearchResults.h"
 #include "practice/ToldCases.h"
-#include "searchentry/frmSearchWA.h"
 
 #include <QApplication>
 #include <QDeadlineTimer>
@@ -46,8 +45,9 @@ NameResultsWindow *makeIndex()
 
 NameResultsWindow *makeBankruptcy()
 {
-    auto *window = new frmNameSearchResults(u"ORBK"_s, false, true);
-    window->chkBK = true;
+    Global.BkFormLoading = true;
+    auto *window = new frmNameSearchResults(u"ORBK"_s);
+    Global.BkFormLoading = false;
     return window;
 }
 
@@ -240,7 +240,7 @@ WholeDay::Act WholeDay::drawAct()
                                              {Act::OnDemand, 20},
                                              {Act::Close, 8},
                                              {Act::StopAll, 1},
-                                             {Act::Wait, 60}}};
+                                             {Act::Wait, 40}}};
     int all = 0;
     for (const Weight &one : weights)
         all += one.weight;

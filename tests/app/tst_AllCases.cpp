@@ -1,14 +1,16 @@
 #include "app/PracticeCourt.h"
 #include "app/PracticeUser.h"
-#include "casedetails/frmArbPrompt.h"
 #include "casedetails/frmCaseDetails.h"
 #include "controls/FlexGrid.h"
 #include "controls/TabStrip.h"
+#include "core/EventLoop.h"
 #include "core/GlobalState.h"
 #include "namesearch/NameResultsWindow.h"
 #include "practice/ToldCases.h"
 #include "searchentry/frmSearchWA.h"
+#include "support/ProcessorTime.h"
 
+#include <QDeadlineTimer>
 #include <QDialog>
 #include <QPushButton>
 #include <QTemporaryFile>
@@ -210,6 +212,7 @@ private Q_SLOTS:
     void aBatch();
     void aDocketOfTwentyThousandEntries_data();
     void aDocketOfTwentyThousandEntries();
+    void threeCasesAtRestUseNoProcessorTime();
 
 private:
     static void checkCase(const CaseWindow *window, const Expected &expected);
@@ -623,6 +626,42 @@ void tst_AllCases::aDocketOfTwentyThousandEntries()
     QVERIFY(grid->isVisible());
     QCOMPARE(grid->Rows(), static_cast<int>(Practice::longDocketEntries) + 1);
     QCOMPARE(troubleWith(window, CaseTab::Docket), QString());
+}
+
+void tst_AllCases::threeCasesAtRestUseNoProcessorTime()
+{
+    FetchAtOnce(everyTab);
+    QVERIFY(LogInAs(u"quiet"_s));
+    NameResultsWindow *results = user->Search(smith + county(u"King"_s) + type(u"Criminal"_s));
+    QVERIFY(results);
+    QList<CaseWindow *> windows;
+    for (int i = 0; i < 3; ++i) {
+        windows.append(user->OpenRow(results, 0));
+        QVERIFY(windows.last());
+        QVERIFY(user->Run(windows.last()));
+    }
+    // What is measured of the grids, and what announces the end of a run, comes to its end first.
+    const auto busy = [&] {
+        QStringList running;
+        for (const CaseWindow *window : windows) {
+            const QList<QTimer *> timers = window->findChildren<QTimer *>();
+            for (const QTimer *timer : timers) {
+                if (timer->isActive())
+                    running.append(timer->parent()->objectName() + u'.' + timer->objectName());
+            }
+        }
+        return running;
+    };
+    QTRY_COMPARE(busy(), QStringList());
+    constexpr double restSeconds = 0.3;
+    const double before = ProcessorSeconds();
+    const QDeadlineTimer rest(static_cast<qint64>(restSeconds * 1000.0));
+    while (!rest.hasExpired())
+        YieldUntilEvent(static_cast<double>(rest.remainingTime()) / 1000.0);
+    const double used = ProcessorSeconds() - before;
+    // The desk looks for boxes a thousand times a second, which is not the program's doing.
+    constexpr double allowed = 0.1 * restSeconds;
+    QVERIFY2(used < allowed, qPrintable(QString::number(used)));
 }
 
 QTEST_MAIN(tst_AllCases)
