@@ -464,7 +464,8 @@ void WholeDay::checkQueue(const QString &when)
         owned.append(window->txtMasterKey);
         if (waits(window) && keys.count(window->txtMasterKey) != 1)
             complain(when + u", "_s + window->objectName() + u" #"_s
-                     + window->property("opened").toString() + u" waits with "_s + QString::number(keys.count(window->txtMasterKey)) + u" keys"_s);
+                     + window->property("opened").toString() + u" waits with "_s
+                     + QString::number(keys.count(window->txtMasterKey)) + u" keys"_s);
     }
     for (const QString &key : keys) {
         if (!owned.contains(key))

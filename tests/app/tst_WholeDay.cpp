@@ -37,8 +37,8 @@ void tst_WholeDay::nothingIsLeftOfAWholeDay()
 {
     constexpr int warmUps = 4;
     constexpr int rounds = 20;
-    // What Qt keeps to use again grows until some sixty rounds have passed, by less than a megabyte.
-    // The grids of one window a round would come to several.
+    // What Qt keeps to use again grows until some sixty rounds have passed, by less than a
+    // megabyte. The grids of one window a round would come to several.
     constexpr long long growth = 2LL * 1024 * 1024;
     const quint32 seed = seedOfToday();
     qInfo("the seed of the day is %u", seed);

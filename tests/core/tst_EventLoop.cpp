@@ -9,7 +9,6 @@
 #include <QThread>
 #include <QTimer>
 
-
 namespace {
 void drain()
 {
