@@ -105,12 +105,12 @@ void FetchAtOnce(const QStringList &captions)
 {
     CSetting settings;
     settings.Init(u"options.ini"_s);
-    for (const QString &section : {u"CaseSearchTabs"_s, u"OrCaseSearchTabs"_s, u"IdCaseSearchTabs"_s,
-                                   u"NonCivilCaseTabs"_s, u"CivilCaseTabs"_s}) {
+    for (const QString &section :
+         {u"CaseSearchTabs"_s, u"OrCaseSearchTabs"_s, u"IdCaseSearchTabs"_s, u"NonCivilCaseTabs"_s,
+          u"CivilCaseTabs"_s}) {
         for (int i = 0; i < caseTabCount; ++i) {
             const QString caption = CaseTabRowOf(static_cast<CaseTab>(i)).caption.toString();
-            settings.SaveSettingStr(section, caption,
-                                    captions.contains(caption) ? u"1"_s : u"0"_s);
+            settings.SaveSettingStr(section, caption, captions.contains(caption) ? u"1"_s : u"0"_s);
         }
     }
 }

@@ -15,7 +15,6 @@
 #include "namesearch/frmDiscisNameResults.h"
 #include "namesearch/frmNameSearchResults.h"
 #include "practice/ToldCases.h"
-#include "searchentry/frmSearchWA.h"
 
 #include <QApplication>
 #include <QDeadlineTimer>
@@ -46,8 +45,9 @@ NameResultsWindow *makeIndex()
 
 NameResultsWindow *makeBankruptcy()
 {
-    auto *window = new frmNameSearchResults(u"ORBK"_s, false, true);
-    window->chkBK = true;
+    Global.BkFormLoading = true;
+    auto *window = new frmNameSearchResults(u"ORBK"_s);
+    Global.BkFormLoading = false;
     return window;
 }
 
@@ -240,7 +240,7 @@ WholeDay::Act WholeDay::drawAct()
                                              {Act::OnDemand, 20},
                                              {Act::Close, 8},
                                              {Act::StopAll, 1},
-                                             {Act::Wait, 60}}};
+                                             {Act::Wait, 40}}};
     int all = 0;
     for (const Weight &one : weights)
         all += one.weight;
@@ -464,7 +464,8 @@ void WholeDay::checkQueue(const QString &when)
         owned.append(window->txtMasterKey);
         if (waits(window) && keys.count(window->txtMasterKey) != 1)
             complain(when + u", "_s + window->objectName() + u" #"_s
-                     + window->property("opened").toString() + u" waits with "_s + QString::number(keys.count(window->txtMasterKey)) + u" keys"_s);
+                     + window->property("opened").toString() + u" waits with "_s
+                     + QString::number(keys.count(window->txtMasterKey)) + u" keys"_s);
     }
     for (const QString &key : keys) {
         if (!owned.contains(key))

@@ -1,4 +1,5 @@
 #include "core/EventLoop.h"
+#include "support/ProcessorTime.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -8,20 +9,7 @@
 #include <QThread>
 #include <QTimer>
 
-#include <sys/resource.h>
-
 namespace {
-/// Processor time of this process so far, in seconds.
-double processorSeconds()
-{
-    rusage usage = {};
-    getrusage(RUSAGE_SELF, &usage);
-    const auto seconds = [](const timeval &time) {
-        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
-    };
-    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
-}
-
 void drain()
 {
     for (int i = 0; i < 10; ++i)
@@ -77,15 +65,15 @@ void tst_EventLoop::yieldWithNothingPendingReturnsAtOnce()
 
 void tst_EventLoop::aWaitSleepsInsteadOfTurning()
 {
-    const double before = processorSeconds();
+    const double before = ProcessorSeconds();
     QElapsedTimer time;
     time.start();
     YieldUntilEvent(0.4);
     while (time.elapsed() < 400)
         YieldUntilEvent(0.4 - static_cast<double>(time.elapsed()) / 1000.0);
     // A loop that turns would have used all of the 0.4 seconds.
-    QVERIFY2(processorSeconds() - before < 0.1,
-             qPrintable(QString::number(processorSeconds() - before)));
+    QVERIFY2(ProcessorSeconds() - before < 0.1,
+             qPrintable(QString::number(ProcessorSeconds() - before)));
 }
 
 void tst_EventLoop::aWaitWakesAtOnceForAnEventFromAnotherThread()
