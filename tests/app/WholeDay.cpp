@@ -364,13 +364,13 @@ void WholeDay::close(JobWindow *window)
         return;
     }
     note(u"closed"_s, window);
-    if (!results || !Keys().contains(key))
+    if (!Keys().contains(key))
         return;
-    // A search that is closed before its turn leaves its key; one whose run is on the stack takes
-    // it along when that ends.
-    if (waited)
+    // A search that is closed before its turn leaves its key, a case never does; what is closed
+    // under its own run takes the key along when that ends.
+    if (waited && results)
         left.append(key);
-    else
+    else if (!waited)
         going.append(key);
     note(waited ? u"keys left"_s : u"closed under their run"_s, window);
 }
