@@ -92,6 +92,9 @@ void frmCaseDetails::applySummary(const SummaryView &view)
         SetCourtName(*view.CourtName);
     if (view.TopFrameCaseType)
         SetTopFrameCaseType(*view.TopFrameCaseType);
+    // The courts send a chapter for it, which stands behind the title.
+    else if (IsBankruptcy())
+        SetTopFrameCaseType(u"Bankruptcy"_s);
     if (view.CaseTitle)
         SetCaseTitle(*view.CaseTitle);
     if (view.DateFiled)

@@ -148,6 +148,7 @@ void tst_CaseSummary::bankruptcyHeader()
     const frmCaseDetails *window = summarised(u"WAWBK"_s, reply);
     QCOMPARE(TextOf(window, "lblCaseTitle"), u"SMITH & DOE (Chapter 7)"_s);
     QCOMPARE(TextOf(window, "lblDateFiled"), u"03/16/1999"_s);
+    QCOMPARE(TextOf(window, "lblTopFrameCaseType"), u"Bankruptcy"_s);
     QCOMPARE(window->windowTitle(), u"Case Details (99-20077)"_s);
 }
 
