@@ -117,7 +117,7 @@ void checkColumns(const QString &line)
     const auto columns = trapped([&] { return ApplyColDef(line); });
     if (columns)
         require(ApplyColDef(u"COLDEF~"_s + widthsOf(*columns)) == columns);
-    requireShape({trapped([&] { return ColsAndNamesAndWidths(line); }), {}});
+    requireShape({trapped([&] { return SetGridColsAndNamesAndWidths(line); }), {}});
 }
 
 void checkTabs(const QStringList &lines)

@@ -23,7 +23,7 @@ constexpr int brokenDown = 911;
 
 /// What is missing is offered and ticked. Only while a run waits or goes on are the ticks what the
 /// user has made them: looking at another tab must not add to what is fetched.
-void CaseWindow::setOnDemandPanel()
+void CaseWindow::SetOnDemandPanel()
 {
     offerMissing(choiceStands);
 }
@@ -95,7 +95,7 @@ void CaseWindow::TmrSearchOnDemand_Tick()
              .Run =
                  [this, &ran] {
                      printButton->setEnabled(false);
-                     processOnDemandSearchRequests();
+                     ProcessOnDemandSearchRequests();
                      ran = true;
                  },
              .Stopped = stopped});
@@ -103,7 +103,7 @@ void CaseWindow::TmrSearchOnDemand_Tick()
         stopped();
 }
 
-void CaseWindow::processOnDemandSearchRequests()
+void CaseWindow::ProcessOnDemandSearchRequests()
 {
     const auto atEnd = qScopeGuard([this] { withdrawIfGone(); });
     lboxResponses.Clear();
@@ -174,7 +174,7 @@ void CaseWindow::prepareOnDemand(CaseTab tab)
     }
     // A Summary that failed has left no other tab; the reply says which there are.
     if (!IsBankruptcy())
-        SetTabs(TabsOfCase());
+        CutTabsToCase();
 }
 
 std::optional<CaseTab> CaseWindow::tabOfBox(int box) const
@@ -207,7 +207,7 @@ void CaseWindow::endOnDemand(RunEnd end)
     case RunEnd::InvalidCase:
     case RunEnd::Error:
     case RunEnd::NotLocated:
-        setOnDemandPanel();
+        SetOnDemandPanel();
         ReleaseTurnOf(txtMasterKey);
         EndJob();
         WriteAppInfo(u"NORMAL EXIT - from Process On Demand Search Reqeusts."_s);
@@ -221,7 +221,7 @@ void CaseWindow::endOnDemand(RunEnd end)
 
 void CaseWindow::restoreOnDemandButtons()
 {
-    setOnDemandPanel();
+    SetOnDemandPanel();
     panel->SetCommandsEnabled(true);
     printButton->setEnabled(true);
     StopButton()->setEnabled(false);

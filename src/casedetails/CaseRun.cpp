@@ -79,11 +79,15 @@ CaseWindow::RunEnd CaseWindow::runSummary()
     Global.strRecvBuffer.Clear();
     CaseTabState &summary = TabOf(CaseTab::Summary);
     summary.TabRequest = TrimBlanks(lboxTabReqQueue.List(0));
-    retrieveSummary();
+    DoSummarySearch(summary.TabRequest);
     if (summary.Grid->Cell(0, 0).contains(u"not a valid case number", Qt::CaseInsensitive))
         return RunEnd::InvalidCase;
-    if (NotLocated)
-        return RunEnd::NotLocated;
+    askAgainWithAnswer();
+    if (NotLocated) {
+        // An empty reply that a stop has cut short says nothing of the case.
+        const RunEnd end = endOf(testStopFlags());
+        return end == RunEnd::Normal ? RunEnd::NotLocated : end;
+    }
     if (CaseInvalid || FatalError == brokenDown)
         return RunEnd::Error;
     if (lboxTabReqQueue.ListCount() > 0)
@@ -99,15 +103,21 @@ CaseWindow::RunEnd CaseWindow::runSummary()
 
 void CaseWindow::retrieveSummary()
 {
-    CaseTabState &summary = TabOf(CaseTab::Summary);
-    doSummarySearch(summary.TabRequest);
+    DoSummarySearch(Tab(CaseTab::Summary).TabRequest);
+    askAgainWithAnswer();
+}
+
+/// The Summary asked about arbitration: it is asked for once more, with the answer.
+void CaseWindow::askAgainWithAnswer()
+{
     if (!UserQuestion)
         return;
+    CaseTabState &summary = TabOf(CaseTab::Summary);
     summary.TabRequest = WithArbitration(summary.TabRequest, arbitration);
     UserQuestion = false;
     ArbitrationAnswer = false;
     Global.ArbitrationChosen = false;
-    doSummarySearch(summary.TabRequest);
+    DoSummarySearch(summary.TabRequest);
 }
 
 CaseWindow::RunEnd CaseWindow::endOf(StopPoint point)

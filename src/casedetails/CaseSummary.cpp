@@ -32,7 +32,7 @@ struct CaseWindow::SummaryRead
     bool NotOnFile = false; ///< the reply ended before its end mark
 };
 
-void CaseWindow::doSummarySearch(const QString &request)
+void CaseWindow::DoSummarySearch(const QString &request)
 {
     CaseTabState &summary = TabOf(CaseTab::Summary);
     const TabTexts texts = TextsOf(CaseTab::Summary);

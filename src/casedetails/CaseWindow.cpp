@@ -249,7 +249,7 @@ void CaseWindow::showFrame(CaseTab tab)
     QWidget *frame = Tab(tab).Frame;
     if (Tab(tab).TabNotRetrieved) {
         frame = panel;
-        setOnDemandPanel();
+        SetOnDemandPanel();
     }
     // What is out of sight takes no part: neither the keyboard nor a screen reader finds it.
     for (int i = 0; i < frameTabs->count(); ++i)
@@ -310,7 +310,7 @@ void CaseWindow::BeginTick()
         return;
     }
     if (TabsPending) {
-        SetTabs(TabsOfCase());
+        CutTabsToCase();
         Archived = lblCaseDetailsHdr().contains(u'*');
         TabsPending = false;
     }

@@ -111,7 +111,7 @@ protected:
 
     /// The tabs that this case can have, once the starter's fields are there; called on the first
     /// tick.
-    virtual QStringList TabsOfCase() const = 0;
+    virtual void CutTabsToCase() = 0;
     /// How a tab's grid is read and shown; the Summary has its own.
     virtual void ShowTab(CaseTab tab, bool incomplete, const QString &request);
     /// The Summary's reply is in lboxResponses: shows it. Throws what goes wrong.
@@ -173,6 +173,7 @@ private:
     RunEnd runTabs();
     RunEnd runSummary();
     void retrieveSummary();
+    void askAgainWithAnswer();
     static RunEnd endOf(StopPoint point);
     RunEnd runTab(CaseTab tab);
     void takeBankruptcyRequest(CaseTab tab);
@@ -198,7 +199,7 @@ private:
     void tabFailed(CaseTab tab, const RunTimeError &error);
 
     // The exchange of the Summary
-    void doSummarySearch(const QString &request);
+    void DoSummarySearch(const QString &request);
     struct SummaryRead;
     SummaryRead readSummary(const QString &request);
     bool takeSummaryLine(const QString &line, const QString &request, SummaryRead &read);
@@ -214,11 +215,11 @@ private:
     void showFailedSummary(const QString &reason);
 
     // The later runs
-    void setOnDemandPanel();
+    void SetOnDemandPanel();
     void offerMissing(bool keepTicks);
     void cmdSearchNow_Click();
     void TmrSearchOnDemand_Tick();
-    void processOnDemandSearchRequests();
+    void ProcessOnDemandSearchRequests();
     RunEnd runOnDemandTabs();
     RunEnd runOnDemandTab(CaseTab tab);
     void prepareOnDemand(CaseTab tab);

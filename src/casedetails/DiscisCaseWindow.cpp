@@ -58,9 +58,9 @@ void DiscisCaseWindow::BeginTick()
     SetCaseDetailsHdr(windowTitle());
 }
 
-QStringList DiscisCaseWindow::TabsOfCase() const
+void DiscisCaseWindow::CutTabsToCase()
 {
-    return DiscisTabs(Kind());
+    SetTabs(DiscisTabs(Kind()));
 }
 
 void DiscisCaseWindow::SetText(QLabel *label, const std::optional<QString> &text)

@@ -33,7 +33,7 @@ protected:
     void UseNotes(CaseTab tab, QLabel *first, QLabel *second);
 
     void BeginTick() override;
-    QStringList TabsOfCase() const override;
+    void CutTabsToCase() override;
     void ShowNotes(CaseTab tab, const QStringList &notes) override;
     void ShowSummaryResponse() override;
     void ShowSummaryFailure(const QString &reason) override;

@@ -231,7 +231,7 @@ QList<GridColumn> ColDefColumns(const QString &line, int count)
     return QList<GridColumn>(bounded(count), {{}, percent});
 }
 
-QList<GridColumn> ColsAndNamesAndWidths(const QString &line)
+QList<GridColumn> SetGridColsAndNamesAndWidths(const QString &line)
 {
     const QStringList elements = TrimBlanks(ReplaceText(line, u"COLDEF"_s, u" "_s)).split(u'~');
     const qsizetype upperBound = elements.size() - 1;
@@ -272,7 +272,7 @@ GridTable NamesTable(const QStringList &lines)
     GridTable table;
     if (lines.size() < fewestLines)
         return table;
-    table.Columns = ColsAndNamesAndWidths(lines[columnLine]);
+    table.Columns = SetGridColsAndNamesAndWidths(lines[columnLine]);
     if (table.Columns.isEmpty()) {
         // No headers then, as when the other reader rejects a line.
         table.Columns = ColDefColumns({}, CountDelimiters(lines[countLine], u'~'));

@@ -41,7 +41,7 @@ std::optional<QList<GridColumn>> ApplyColDef(const QString &line);
 QList<GridColumn> ColDefColumns(const QString &line, int count);
 
 /// The columns of a "COLDEF" line that has all headers and then all widths. Throws as GridDefTable.
-QList<GridColumn> ColsAndNamesAndWidths(const QString &line);
+QList<GridColumn> SetGridColsAndNamesAndWidths(const QString &line);
 
 /// The rows of a reply in the table form, with the definition lines left out, a cell with "<BR>"
 /// turned into several rows, and "<CR>" into a blank. A row that came of no "<BR>" is its line as

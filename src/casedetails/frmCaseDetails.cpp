@@ -41,13 +41,29 @@ QString frmCaseDetails::lblTopFrameCaseType() const
     return ui->lblTopFrameCaseType->text();
 }
 
-QStringList frmCaseDetails::TabsOfCase() const
+void frmCaseDetails::CutTabsToCase()
 {
     if (lblState == u"OR")
-        return OregonTabs();
-    if (lblState == u"ID")
-        return IdahoTabs();
-    return WashingtonTabs(txtCaseNumber);
+        SetOregonTabs();
+    else if (lblState == u"ID")
+        SetIdahoTabs();
+    else
+        SetWashingtonTabs(txtCaseNumber);
+}
+
+void frmCaseDetails::SetWashingtonTabs(const QString &number)
+{
+    SetTabs(WashingtonTabs(number));
+}
+
+void frmCaseDetails::SetOregonTabs()
+{
+    SetTabs(OregonTabs());
+}
+
+void frmCaseDetails::SetIdahoTabs()
+{
+    SetTabs(IdahoTabs());
 }
 
 void frmCaseDetails::ShowTab(CaseTab tab, bool incomplete, const QString &request)

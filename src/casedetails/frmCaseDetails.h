@@ -32,12 +32,15 @@ public:
     QStringList List1;
 
 protected:
-    QStringList TabsOfCase() const override;
+    void CutTabsToCase() override;
     void ShowSummaryResponse() override;
     void ShowSummaryFailure(const QString &reason) override;
     void ShowTab(CaseTab tab, bool incomplete, const QString &request) override;
 
 private:
+    void SetWashingtonTabs(const QString &number);
+    void SetOregonTabs();
+    void SetIdahoTabs();
     void applySummary(const SummaryView &view);
     void GridSummary_DblClick(int row);
     void GridJudgment_DblClick(int row);

@@ -76,7 +76,7 @@ struct DaySearch
 constexpr std::array<DaySearch, 10> daySearches{{
     {makeState<washington>, u"WASUP/SEARCH/SMITH/JOHN/Q//King,/Civil,Criminal,///"},
     {makeState<washington>, u"WASUP/SEARCH/TOOMANY////King,/Civil,///"},
-    {makeState<washington>, u"WASUP/SEARCH/ERRORROW////King,/Civil,///"},
+    {makeState<washington>, u"WASUP/SEARCH/BADROW////King,/Civil,///"},
     {makeState<oregon>, u"OREGON/SEARCH/SMITH/JOHN/Q//MCR C/CV,DO,/1990/2008/"},
     {makeState<idaho>, u"IDSUP/SEARCH/SMITH/JOHN/Q//*ALL/CR,///"},
     {makeIndex, u"INDEX~SEARCH~SMITH~JOHN~Q~~King,~Criminal,Judgment,~1970~2005~LL=1~UL=500~"},

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "casedetails/CaseDesk.h"
 #include "casedetails/frmCaseDetails.h"
 #include "casedetails/frmCivilCaseDetails.h"
 #include "casedetails/frmNCCaseDetails.h"
@@ -51,3 +52,22 @@ inline CaseWindow *MakeCase(Which which)
     }
     return new frmCaseDetails;
 }
+
+/// A test of what the three windows have in common.
+class CaseKindsTest : public CaseTest
+{
+protected:
+    /// A case in the queue, its timer stopped, shown.
+    CaseWindow *pending(Which which = Which::Case)
+    {
+        switch (which) {
+        case Which::Civil:
+            return Civil();
+        case Which::NonCivil:
+            return NonCivil();
+        case Which::Case:
+            break;
+        }
+        return Superior();
+    }
+};

@@ -5,15 +5,11 @@
 #include "casedetails/frmCaseDetails.h"
 #include "core/CSetting.h"
 #include "core/GlobalState.h"
+#include "support/Wire.h"
 
 #include <QTest>
 
 namespace {
-QString wire(const QString &text)
-{
-    return QString(text).replace(u'/', u'\u00A6');
-}
-
 const QStringList allTabs{u"Names"_s,    u"Docket"_s,   u"Judgments"_s,
                           u"Charges"_s,  u"Sentence"_s, u"Accounting"_s,
                           u"Schedule"_s, u"Finance"_s,  u"Documents"_s};
@@ -40,7 +36,7 @@ QStringList superiorLines(const QStringList &words, const QString &number)
 {
     QStringList lines;
     for (const QString &word : words)
-        lines.append(word == u"DOCUMENTS" ? wire(u"WASUPDOC/GETDOCTAB/King/"_s + number + u'/')
+        lines.append(word == u"DOCUMENTS" ? Wire(u"WASUPDOC/GETDOCTAB/King/"_s + number + u'/')
                                           : SuperiorLine(word, number));
     return lines;
 }
@@ -203,7 +199,7 @@ void tst_CaseConversation::idaho()
     QStringList lines;
     for (const QString &word :
          {u"SUMMARY,NAMES,DOCKET,"_s, u"NAMES,"_s, u"DOCKET,"_s, u"JUDGMENTS,"_s, u"CHARGES,"_s})
-        lines.append(wire(u"IDSUP/"_s + word + u"/CV-2002-12345/Ada/"_s));
+        lines.append(Wire(u"IDSUP/"_s + word + u"/CV-2002-12345/Ada/"_s));
     expect(lines, stateSummary(u"Charges,Judgments,Docket,Names"_s));
     frmCaseDetails *window = OfState(u"ID"_s, idahoNumber);
     Run(window);
@@ -235,7 +231,7 @@ void tst_CaseConversation::theSummaryCutsTheTabs()
     QStringList lines;
     for (const QString &word : QStringList{u"SUMMARY,NAMES,DOCKET,"_s} + asked)
         lines.append(state == u"OR" ? u"OREGON@"_s + word + u"@02C12345@BAK C@"_s
-                                    : wire(u"IDSUP/"_s + word + u"/02C12345/Ada/"_s));
+                                    : Wire(u"IDSUP/"_s + word + u"/02C12345/Ada/"_s));
     expect(lines, stateSummary(named));
     frmCaseDetails *window = OfState(state, oregonNumber);
     Run(window);
@@ -367,7 +363,7 @@ void tst_CaseConversation::linesAreKeptForTabsThatAreOff()
         QVERIFY(window->Tab(tab).TabNotRetrieved);
     }
     QCOMPARE(window->Tab(CaseTab::Documents).TabRequest,
-             wire(u"WASUPDOC/GETDOCTAB/King/02-1-00123-4/"_s));
+             Wire(u"WASUPDOC/GETDOCTAB/King/02-1-00123-4/"_s));
     // This court has no such tab.
     QCOMPARE(window->Tab(CaseTab::Finance).TabRequest, QString());
 }
@@ -407,10 +403,10 @@ void tst_CaseConversation::theQueueHoldsTheLinesInTheirOrder()
 void tst_CaseConversation::theClientCodeGoesWithSummaryAndNames()
 {
     FetchAtOnce(u"CaseSearchTabs"_s, {u"Names"_s, u"Docket"_s, u"Documents"_s});
-    expect({wire(u"WASUP/SUMMARY/02-9-00123-4/King/^^CAC:ACME 7^^/"_s),
-            wire(u"WASUP/NAMES/02-9-00123-4/King/^^CAC:ACME 7^^/"_s),
-            wire(u"WASUP/DOCKET/02-9-00123-4/King//"_s),
-            wire(u"WASUPDOC/GETDOCTAB/King/02-9-00123-4/"_s)},
+    expect({Wire(u"WASUP/SUMMARY/02-9-00123-4/King/^^CAC:ACME 7^^/"_s),
+            Wire(u"WASUP/NAMES/02-9-00123-4/King/^^CAC:ACME 7^^/"_s),
+            Wire(u"WASUP/DOCKET/02-9-00123-4/King//"_s),
+            Wire(u"WASUPDOC/GETDOCTAB/King/02-9-00123-4/"_s)},
            SuperiorSummary() + QStringList{u"EOF~"_s});
     frmCaseDetails *window = Superior(u"02-9-00123-4"_s);
     window->ClientAcctgCode = u"ACME 7"_s;

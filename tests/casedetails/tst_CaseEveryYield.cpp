@@ -88,7 +88,7 @@ class tst_CaseEveryYield : public CaseTest
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
+    void init() override;
     void cleanup();
 
     void everyYield_data();

@@ -1,7 +1,6 @@
 // Every way in which a case is stopped: by its button while it waits and in its run, and by a wish
 // to leave that all jobs hear.
 
-#include "casedetails/CaseDesk.h"
 #include "casedetails/CaseKinds.h"
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
@@ -49,7 +48,7 @@ const QStringList tabsAsked{u"Names"_s, u"Docket"_s, u"Judgments"_s};
 
 Q_DECLARE_METATYPE(Flag)
 
-class tst_CaseStops : public CaseTest
+class tst_CaseStops : public CaseKindsTest
 {
     Q_OBJECT
 private Q_SLOTS:
@@ -78,25 +77,11 @@ private Q_SLOTS:
     void aStopLeavesTheListOfDocumentsAlone();
 
 private:
-    CaseWindow *pending(Which which = Which::Case);
     static void raise(CaseWindow *window, Flag flag);
     /// A case with three tabs behind its summary. The court answers all requests but the last of
     /// these; what it says to that is returned.
     QStringList expectCase(qsizetype tabRequests);
 };
-
-CaseWindow *tst_CaseStops::pending(Which which)
-{
-    switch (which) {
-    case Which::Civil:
-        return Civil();
-    case Which::NonCivil:
-        return NonCivil();
-    case Which::Case:
-        break;
-    }
-    return Superior();
-}
 
 void tst_CaseStops::raise(CaseWindow *window, Flag flag)
 {

@@ -2,7 +2,6 @@
 // handed, how they wait for their turn, and how they close. How they are stopped is in
 // tst_CaseStops.
 
-#include "casedetails/CaseDesk.h"
 #include "casedetails/CaseKinds.h"
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
@@ -47,7 +46,7 @@ QString nothingThere(Which which)
 
 Q_DECLARE_METATYPE(UnloadMode)
 
-class tst_CaseWindows : public CaseTest
+class tst_CaseWindows : public CaseKindsTest
 {
     Q_OBJECT
 private Q_SLOTS:
@@ -89,23 +88,7 @@ private Q_SLOTS:
     void theCloseButtonCloses();
     void anEmptyQueueClosesTheWindow_data();
     void anEmptyQueueClosesTheWindow();
-
-private:
-    CaseWindow *pending(Which which = Which::Case);
 };
-
-CaseWindow *tst_CaseWindows::pending(Which which)
-{
-    switch (which) {
-    case Which::Civil:
-        return Civil();
-    case Which::NonCivil:
-        return NonCivil();
-    case Which::Case:
-        break;
-    }
-    return Superior();
-}
 
 void tst_CaseWindows::atLoad_data()
 {

@@ -313,7 +313,7 @@ void tst_GridGrammar::headersThenWidths()
     QFETCH(QString, line);
     QString columns;
     try {
-        columns = GridText({ColsAndNamesAndWidths(line), {}});
+        columns = GridText({SetGridColsAndNamesAndWidths(line), {}});
     } catch (const RunTimeError &error) {
         columns = u"error "_s + QString::number(error.Number());
     }
@@ -348,7 +348,8 @@ void tst_GridGrammar::aWidthThatIsNoNumber()
     };
     QCOMPARE(errorOf([&] { GridDefTable({u"GRIDDEF~Date~"_s + width + u'~'}, RowOrder::AsSent); }),
              error);
-    QCOMPARE(errorOf([&] { ColsAndNamesAndWidths(u"COLDEF~Date~"_s + width + u'~'); }), error);
+    QCOMPARE(errorOf([&] { SetGridColsAndNamesAndWidths(u"COLDEF~Date~"_s + width + u'~'); }),
+             error);
     // Here it would be a header, were it no number.
     QCOMPARE(errorOf([&] { ApplyColDef(u"COLDEF~Date~"_s + width + u'~'); }), inColDef ? error : 0);
 }

@@ -91,8 +91,7 @@ void tst_OnDemand::searchNow()
     QVERIFY(!CommandsEnabled(window));
     QVERIFY(!ButtonOf(window, "cmdPrintDetails")->isEnabled());
     QVERIFY(ButtonOf(window, "cmdStopSearching")->isEnabled());
-    QVERIFY(window->TmrSearchOnDemand->isActive());
-    QVERIFY(window->tmrBlink->isActive());
+    QVERIFY(window->TmrSearchOnDemand->isActive() && window->tmrBlink->isActive());
     QVERIFY(!window->Timer1->isActive());
     QVERIFY(!Global.bSearchInProgress);
     // So it reads, although nothing has begun.

@@ -23,7 +23,9 @@
 #include <QPushButton>
 #include <QTest>
 
+#include <algorithm>
 #include <optional>
+#include <utility>
 
 namespace {
 constexpr int fewestYields = 6;
@@ -73,6 +75,10 @@ const QList<Outcome> outcomes{
     {Act::Disconnect, Moment::Pending, brokenDown, false, true, false, false, false},
     {Act::Disconnect, Moment::Running, stoppedForAll, false, false, true, true, false},
     {Act::Disconnect, Moment::Over, completed, false, false, false, false, false},
+    {Act::DisconnectFromSilence, Moment::Pending, brokenDown, false, true, false, false, false},
+    // Refused; what the court still owes never comes, and the wait for it ends by its limit.
+    {Act::DisconnectFromSilence, Moment::Running, stoppedForAll, false, false, true, true, false},
+    {Act::DisconnectFromSilence, Moment::Over, completed, false, false, false, false, false},
     {Act::Exit, Moment::Pending, stoppedBefore, false, false, false, false, true},
     {Act::Exit, Moment::Running, stoppedForAll, false, false, true, true, false},
     {Act::Exit, Moment::Over, completed, false, false, false, false, true},
@@ -123,7 +129,7 @@ public:
         turns.start(0);
         // An empty step is the end of the send; it goes before what is still to come.
         steps.prepend({});
-        if (data == QByteArray("|\xA6STOP|"))
+        if (silent || data == QByteArray("|\xA6STOP|"))
             return;
         QStringList replies = answerOf(data);
         const QByteArray last = ScriptedCourt::Tokens({replies.takeLast()});
@@ -132,9 +138,27 @@ public:
         steps.append({last.left(2), last.mid(2)});
     }
 
+    /// From now on nothing comes but the ends of sends and the rest of a token.
+    void FallSilent()
+    {
+        silent = true;
+        QByteArrayList left;
+        bool inToken = true;
+        for (const QByteArray &step : std::as_const(steps)) {
+            inToken = inToken && !step.startsWith('|');
+            if (step.isEmpty() || inToken)
+                left.append(step);
+        }
+        steps = left;
+    }
+
 private:
     void takeStep()
     {
+        if (steps.isEmpty()) {
+            turns.stop();
+            return;
+        }
         const QByteArray step = steps.takeFirst();
         if (steps.isEmpty())
             turns.stop();
@@ -146,6 +170,7 @@ private:
 
     QTimer turns;
     QByteArrayList steps;
+    bool silent = false;
     std::function<QStringList(const QByteArray &)> answerOf;
 };
 
@@ -319,6 +344,12 @@ void tst_OnDemandYield::perform() const
     case Act::Logout:
         main->Logout();
         return;
+    case Act::DisconnectFromSilence:
+        if (*moment == Moment::Running) {
+            qobject_cast<CaseSocket *>(Global.sckServer)->FallSilent();
+            desk->Time.Run(1.0);
+        }
+        [[fallthrough]];
     case Act::Disconnect:
         main->findChild<QAction *>(u"mnuConnectionDisConnect"_s)->trigger();
         return;
@@ -403,6 +434,7 @@ void tst_OnDemandYield::runWith(int nth)
     });
     QVERIFY(waitFor([this] { return isOver(); }));
     WatchYields({});
+    desk->Time.Stop();
     if (!moment)
         act();
     const Outcome outcome = expected(endOf());

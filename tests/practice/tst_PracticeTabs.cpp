@@ -497,7 +497,7 @@ void tst_PracticeTabs::rowsOfNamesWithAMeaningOpen_data()
     QTest::newRow("Superior, one year")
         << u"WASUP¦SEARCH¦MANY¦900¦¦¦King,¦Civil,¦1998¦1998¦"_s << superior;
     QTest::newRow("Superior, an error row")
-        << u"WASUP¦SEARCH¦ERRORROW¦¦¦¦Pierce,King,¦¦¦¦"_s << superior;
+        << u"WASUP¦SEARCH¦BADROW¦¦¦¦Pierce,King,¦¦¦¦"_s << superior;
     QTest::newRow("the index") << u"INDEX~SEARCH~PAGES~~~~King,~~1970~2026~LL=501~UL=1000~"_s
                                << superior;
     QTest::newRow("Oregon") << u"OREGON¦SEARCH¦MANY¦900¦¦¦MCR C¦¦¦¦"_s << u"OREGON@NAMES,@%1@%2@"_s;
