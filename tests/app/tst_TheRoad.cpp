@@ -73,6 +73,7 @@ private Q_SLOTS:
     void fromTheLoginToTheRows();
     void twoSearchesFromOneForm();
     void afterALostConnectionTheNextLoginSearchesAgain();
+    void aSearchThatWaitsLetsTheLoginGoFirst();
     void disconnectingStopsWhatIsPending();
     void disconnectIsRefusedWhileSearchingAndTheSearchGivesUp();
 
@@ -232,6 +233,31 @@ void tst_TheRoad::afterALostConnectionTheNextLoginSearchesAgain()
     frmNameSearchResults *again = startSearch();
     QVERIFY(desk->Finish(again));
     QCOMPARE(TextOf(again, "lblStatus"), u"Search Complete: 1 Cases Retrieved."_s);
+}
+
+void tst_TheRoad::aSearchThatWaitsLetsTheLoginGoFirst()
+{
+    court->ExpectLogin(u"paralegal"_s, u"secret"_s);
+    court->ExpectLogin(u"paralegal"_s, u"secret"_s);
+    court->Expect(request).Reply({ResultLine(u"A"_s), u"EOF~"_s});
+    startProgram();
+    logIn();
+    Global.bShowAlerts = false;
+    QWidget *form = shownWindow(u"frmSearchWA"_s);
+    tick(form, "lboxCountyOrProfile", {u"King"_s});
+    tick(form, "lboxCaseTypes", {u"Civil"_s, u"Criminal"_s});
+    frmNameSearchResults *window = startSearch();
+    QVERIFY(window);
+    window->Timer1->stop();
+    main->findChild<QAction *>(u"mnuConnectionDisConnect"_s)->trigger();
+    QVERIFY(!Global.bLoggedIn);
+    main->findChild<QAction *>(u"mnuConnnectionConnect"_s)->trigger();
+    // From now on it asks for its turn in every wait of the login.
+    window->Timer1->start();
+    logIn();
+    QVERIFY(desk->Finish(window));
+    QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete: 1 Cases Retrieved."_s);
+    QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
 }
 
 void tst_TheRoad::disconnectingStopsWhatIsPending()

@@ -1,5 +1,6 @@
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
+#include "link/ServerSocket.h"
 #include "namesearch/SearchDesk.h"
 #include "namesearch/frmNameSearchResults.h"
 #include "support/FakeSocket.h"
@@ -58,6 +59,7 @@ private Q_SLOTS:
     void theStatusChangedUnderThePendingQuestion();
     void pendingOnlyByItsExactText();
     void stopThatCannotBeSentRemovesLineZeroAndLogs();
+    void aStopOverALostLinkLeavesTheNextJobItsKey();
     void stopTwiceIsNotPossible();
 };
 
@@ -380,6 +382,25 @@ void tst_NameSearchStop::stopThatCannotBeSentRemovesLineZeroAndLogs()
     QVERIFY(window->StopActiveSearch());
     QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{u"22222222222222222222"_s});
     QVERIFY(desk->Folder.Logged(u"Exiting Via StopCurrentSearch in PROCERR. Error: "_s));
+}
+
+void tst_NameSearchStop::aStopOverALostLinkLeavesTheNextJobItsKey()
+{
+    court->Expect(RequestLine()).Reply({});
+    desk->ConnectTo(*court);
+    Global.bShowAlerts = false;
+    frmNameSearchResults *window = desk->Start({RequestLine()});
+    const QString next = u"22222222222222222222"_s;
+    frmQueue::Form().FIFO.AddItem(next);
+    desk->When([&] { return court->Requests().size() == 1; },
+               [&] {
+                   Global.sckServer->Close();
+                   click(window, "cmdStopSearching");
+                   QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{next});
+               });
+    QVERIFY(QTest::qWaitFor([&] { return ButtonOf(window, "cmdSearchResults_2")->isEnabled(); }));
+    QVERIFY(desk->Folder.Logged(u"Exiting Via StopCurrentSearch in PROCERR. Error: "_s));
+    QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{next});
 }
 
 void tst_NameSearchStop::stopTwiceIsNotPossible()

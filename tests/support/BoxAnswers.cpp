@@ -118,9 +118,9 @@ void BoxAnswers::ExpectDialog(const QString &objectName, std::function<void(QDia
     announced.append(one);
 }
 
-void BoxAnswers::Whenever(const QString &objectName, std::function<void(QDialog *)> act)
+void BoxAnswers::Whenever(const QString &objectName, const std::function<void(QDialog *)> &act)
 {
-    standing.insert(objectName, std::move(act));
+    standing.insert(objectName, act);
 }
 
 void BoxAnswers::Meanwhile(std::function<void()> act)

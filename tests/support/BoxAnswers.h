@@ -40,7 +40,7 @@ public:
 
     /// Modal dialogs of this object name ("MsgBox" for a box) may come at any time, any number of
     /// times; do this with them. What is announced goes first.
-    void Whenever(const QString &objectName, std::function<void(QDialog *)> act);
+    void Whenever(const QString &objectName, const std::function<void(QDialog *)> &act);
 
     /// Something to do while the next announced box is open, before it is answered.
     void Meanwhile(std::function<void()> act);
