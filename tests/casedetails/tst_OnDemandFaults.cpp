@@ -2,7 +2,9 @@
 #include "casedetails/frmCaseDetails.h"
 #include "casedetails/frmCivilCaseDetails.h"
 #include "core/GlobalState.h"
+#include "core/RunTimeError.h"
 #include "jobs/frmQueue.h"
+#include "link/Router.h"
 
 #include <QDialog>
 #include <QPushButton>
@@ -19,16 +21,24 @@ private Q_SLOTS:
     void aTabThatFailsAgainShowsWhatThereIsWithNo_data();
     void aTabThatFailsAgainShowsWhatThereIsWithNo();
     void aFailureAddsNothingToTheRun();
+    void aSilentCourt_data();
     void aSilentCourt();
     void silentDocuments();
     void aLostLink_data();
     void aLostLink();
+    void aLinkThatIsLostInTheMiddle_data();
+    void aLinkThatIsLostInTheMiddle();
+    void aRunTimeErrorBetweenTheTabs();
+    void aTabThatWasLeftAsItIsIsOfferedAgainBehindAStop_data();
+    void aTabThatWasLeftAsItIsIsOfferedAgainBehindAStop();
     void afterALostLinkTheNextRunIsTheOnlyOneInTheQueue();
     void aStopBehindALostLink();
 
     void aSummaryThatCameNotBringsItsTabsBack_data();
     void aSummaryThatCameNotBringsItsTabsBack();
     void aSummaryThatFailsAgain();
+    void aSummaryThatDoesNotComeTakesTheOtherBoxesAlong_data();
+    void aSummaryThatDoesNotComeTakesTheOtherBoxesAlong();
     void aSummaryThatSaysThatThereIsNoCase();
     void aSummaryOfACaseThatWasStoppedBeforeItsTurn_data();
     void aSummaryOfACaseThatWasStoppedBeforeItsTurn();
@@ -156,14 +166,21 @@ void tst_OnDemandFaults::aFailureAddsNothingToTheRun()
     QVERIFY(!window->Tab(CaseTab::Docket).TabDone);
 }
 
+void tst_OnDemandFaults::aSilentCourt_data()
+{
+    EachCaseWindow();
+}
+
 void tst_OnDemandFaults::aSilentCourt()
 {
-    const CaseWindowKind kind = CaseWindowKind::NonCivil;
+    QFETCH(CaseWindowKind, kind);
     CaseWindow *window = AfterFirstRun(kind);
     ClickTab(window, u"Docket"_s);
-    Tick(window, {CaseTab::Docket, CaseTab::Violations});
+    // The tab behind the silent one is the one that only this window has.
+    const CaseTab next = TabsOf(kind).at(2);
+    Tick(window, {CaseTab::Docket, next});
     court->Expect(LineOf(kind, CaseTab::Docket)).Reply({});
-    ExpectTab(kind, CaseTab::Violations);
+    ExpectTab(kind, next);
     AnswerPrompt(true);
     SearchNow(window);
     window->TmrSearchOnDemand->start(1);
@@ -173,9 +190,13 @@ void tst_OnDemandFaults::aSilentCourt()
     QVERIFY(desk->Folder.Logged(u"Docket Search Result Was: Search Error! Reason: Timed Out "
                                 "Waiting For Response from Server."_s));
     QVERIFY(window->Tab(CaseTab::Docket).TabIncomplete);
-    QVERIFY(window->Tab(CaseTab::Violations).TabDone);
+    QVERIFY(window->Tab(CaseTab::Docket).TabNotRetrieved);
+    QVERIFY(window->Tab(next).TabDone);
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Incomplete!"_s);
     QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
+    QVERIFY(CommandsEnabled(window));
+    QVERIFY(!BoxOf(window, next)->isEnabled());
+    QVERIFY(BoxOf(window, CaseTab::Docket)->isChecked());
 }
 
 void tst_OnDemandFaults::silentDocuments()
@@ -220,6 +241,117 @@ void tst_OnDemandFaults::aLostLink()
     QVERIFY(!window->Tab(CaseTab::Docket).TabDone);
     // What is missing can be asked for again.
     QVERIFY(CommandsEnabled(window));
+}
+
+void tst_OnDemandFaults::aLinkThatIsLostInTheMiddle_data()
+{
+    EachCaseWindow();
+}
+
+void tst_OnDemandFaults::aLinkThatIsLostInTheMiddle()
+{
+    QFETCH(CaseWindowKind, kind);
+    CaseWindow *window = AfterFirstRun(kind);
+    ClickTab(window, u"Docket"_s);
+    const CaseTab last = TabsOf(kind).at(2);
+    Tick(window, {CaseTab::Names, CaseTab::Docket, last});
+    court->Expect(LineOf(kind, CaseTab::Names)).Reply({});
+    // The reply that was waited for does not come, and the next line cannot leave.
+    AnswerPrompt(true);
+    desk->When([this] { return court->Requests().size() == 2; }, [] { CloseServerLink(); });
+    SearchNow(window);
+    window->TmrSearchOnDemand->start(1);
+    QTRY_VERIFY(desk->Folder.Logged(u"Exiting DoDocketSearch() via PROCERR in Case Details. Error: "
+                                    "Halvane Server Connection was Dropped!"_s));
+    QTRY_VERIFY(!Global.bSearchInProgress);
+    QVERIFY(window->Tab(CaseTab::Names).TabIncomplete);
+    QVERIFY(!window->Tab(CaseTab::Docket).TabDone);
+    // Behind the break nothing is tried any more.
+    QVERIFY(!desk->Folder.Logged(u"Retrieving "_s + CaptionOf(last) + u" .."_s));
+    QVERIFY(window->Tab(last).TabNotRetrieved);
+    QVERIFY(!desk->Folder.Logged(u"NORMAL EXIT - from Process On Demand Search Reqeusts."_s));
+    QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{window->txtMasterKey});
+    QVERIFY(CommandsEnabled(window));
+}
+
+namespace {
+/// A case that cannot be cut to its tabs any more.
+class UncutCase : public frmCivilCaseDetails
+{
+public:
+    bool breaks = false;
+
+protected:
+    void CutTabsToCase() override
+    {
+        if (breaks)
+            throw RunTimeError(9, u"Subscript out of range"_s);
+        frmCivilCaseDetails::CutTabsToCase();
+    }
+};
+} // namespace
+
+void tst_OnDemandFaults::aRunTimeErrorBetweenTheTabs()
+{
+    auto *window = new UncutCase;
+    window->txtCaseNumber = u"Y00012345"_s;
+    window->txtCourtCode = u"SED"_s;
+    window->txtCaseType = u"CV"_s;
+    desk->Enqueue(window);
+    court->Expect(LineOf(CaseWindowKind::Civil, CaseTab::Summary)).Reply({});
+    desk->ConnectTo(*court);
+    Begin(window);
+    untilTimeOut(window);
+    AnswerPrompt(true);
+    ClickTab(window, u"Summary"_s);
+    window->breaks = true;
+    SearchNow(window);
+    window->TmrSearchOnDemand->start(1);
+    QTRY_VERIFY(desk->Folder.Logged(u"ERROR EXIT - from ProcessOnDemandSearchReqeusts. Error: "
+                                    "Subscript out of range"_s));
+    QTRY_VERIFY(!Global.bSearchInProgress);
+    QCOMPARE(court->Requests().size(), 1);
+    QVERIFY(!desk->Folder.Logged(u"NORMAL EXIT - from Process On Demand Search Reqeusts."_s));
+    // As behind every break: its place is kept until it goes, and it can be asked again.
+    QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{window->txtMasterKey});
+    QVERIFY(CommandsEnabled(window));
+}
+
+void tst_OnDemandFaults::aTabThatWasLeftAsItIsIsOfferedAgainBehindAStop_data()
+{
+    QTest::addColumn<CaseWindowKind>("kind");
+    QTest::addColumn<bool>("beforeItsTurn");
+    for (size_t i = 0; i < caseWindowNames.size(); ++i) {
+        const auto kind = static_cast<CaseWindowKind>(i);
+        QTest::addRow("%s, before its turn", caseWindowNames.at(i)) << kind << true;
+        QTest::addRow("%s, in the middle", caseWindowNames.at(i)) << kind << false;
+    }
+}
+
+void tst_OnDemandFaults::aTabThatWasLeftAsItIsIsOfferedAgainBehindAStop()
+{
+    QFETCH(CaseWindowKind, kind);
+    QFETCH(bool, beforeItsTurn);
+    CaseWindow *window = AfterFirstRun(kind, {}, {u"Docket"_s});
+    // Its incomplete line is looked at, so it is no longer one that was left out.
+    AnswerPrompt(false);
+    ClickTab(window, u"Docket"_s);
+    QVERIFY(!window->Tab(CaseTab::Docket).TabNotRetrieved);
+    ClickTab(window, u"Names"_s);
+    Tick(window, {CaseTab::Names});
+    SearchNow(window);
+    if (beforeItsTurn) {
+        Global.bStopRequested = true;
+    } else {
+        court->Expect(LineOf(kind, CaseTab::Names)).Reply({});
+        court->Expect(u"\u00A6STOP"_s).Reply(ReplyOf(CaseTab::Names));
+        desk->When([this] { return court->Requests().size() == 3; },
+                   [window] { ButtonOf(window, "cmdStopSearching")->click(); });
+    }
+    window->TmrSearchOnDemand->start(1);
+    QTRY_VERIFY(TextOf(window, "lblStatus").contains(u"Search Stopped") && !Global.bSearchInProgress
+                && frmQueue::Form().FIFO.ListCount() == 0);
+    QVERIFY(window->Tab(CaseTab::Docket).TabNotRetrieved);
 }
 
 void tst_OnDemandFaults::afterALostLinkTheNextRunIsTheOnlyOneInTheQueue()
@@ -304,6 +436,7 @@ void tst_OnDemandFaults::aSummaryThatCameNotBringsItsTabsBack()
 void tst_OnDemandFaults::aSummaryThatFailsAgain()
 {
     const CaseWindowKind kind = CaseWindowKind::Superior;
+    FetchAtOnce(u"CaseSearchTabs"_s, {u"Names"_s});
     CaseWindow *window = withoutSummary(kind);
     AnswerPrompt(true);
     ClickTab(window, u"Summary"_s);
@@ -315,6 +448,48 @@ void tst_OnDemandFaults::aSummaryThatFailsAgain()
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Incomplete!"_s);
     QVERIFY(BoxOf(window, CaseTab::Summary)->isChecked());
     QVERIFY(CommandsEnabled(window));
+    QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
+    // The third time it comes, and nothing of the failures stays: a tab that was to be fetched at
+    // once offers itself, too.
+    court->Expect(LineOf(kind, CaseTab::Summary)).Reply(summaryOf(kind));
+    SearchNowToTheEnd(window);
+    QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete"_s);
+    ClickTab(window, u"Names"_s);
+    QCOMPARE(ShownFrame(window), u"frameTabs_8"_s);
+    Tick(window, {CaseTab::Names});
+    ExpectTab(kind, CaseTab::Names);
+    SearchNowToTheEnd(window);
+    QVERIFY(window->Tab(CaseTab::Names).TabDone);
+}
+
+void tst_OnDemandFaults::aSummaryThatDoesNotComeTakesTheOtherBoxesAlong_data()
+{
+    EachCaseWindow();
+}
+
+void tst_OnDemandFaults::aSummaryThatDoesNotComeTakesTheOtherBoxesAlong()
+{
+    QFETCH(CaseWindowKind, kind);
+    CaseWindow *window =
+        kind == CaseWindowKind::Superior
+            ? static_cast<CaseWindow *>(Superior())
+            : Make(kind == CaseWindowKind::Civil ? CaseKind::Civil : CaseKind::NonCivil);
+    Global.bStopRequested = true;
+    desk->ConnectTo(*court);
+    Begin(window);
+    QTRY_VERIFY(desk->Folder.Logged(u"INCOMPLETE EXIT - from Timer1 - Case Details."_s));
+    ClickTab(window, u"Docket"_s);
+    Tick(window, {CaseTab::Summary, CaseTab::Names, CaseTab::Docket});
+    court->Expect(LineOf(kind, CaseTab::Summary)).Reply({});
+    AnswerPrompt(false);
+    SearchNow(window);
+    window->TmrSearchOnDemand->start(1);
+    untilTimeOut(window);
+    // Without its Summary nobody knows which tabs the case has.
+    QCOMPARE(court->Requests().size(), 1);
+    QCOMPARE(CaptionsOf(window), QStringList{u"Summary"_s});
+    QCOMPARE(ShownFrame(window), u"frameTabs_0"_s);
+    QCOMPARE(TextOf(window, "lblStatus"), u"Search Incomplete!"_s);
     QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
 }
 
