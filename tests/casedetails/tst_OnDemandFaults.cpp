@@ -28,62 +28,14 @@ private Q_SLOTS:
     void aLostLink();
     void aLinkThatIsLostInTheMiddle_data();
     void aLinkThatIsLostInTheMiddle();
-    void aRunTimeErrorBetweenTheTabs();
     void aTabThatWasLeftAsItIsIsOfferedAgainBehindAStop_data();
     void aTabThatWasLeftAsItIsIsOfferedAgainBehindAStop();
     void afterALostLinkTheNextRunIsTheOnlyOneInTheQueue();
     void aStopBehindALostLink();
 
-    void aSummaryThatCameNotBringsItsTabsBack_data();
-    void aSummaryThatCameNotBringsItsTabsBack();
-    void aSummaryThatFailsAgain();
-    void aSummaryThatDoesNotComeTakesTheOtherBoxesAlong_data();
-    void aSummaryThatDoesNotComeTakesTheOtherBoxesAlong();
-    void aSummaryThatSaysThatThereIsNoCase();
-    void aSummaryOfACaseThatWasStoppedBeforeItsTurn_data();
-    void aSummaryOfACaseThatWasStoppedBeforeItsTurn();
-
     void arbitrationInTheSecondPass_data();
     void arbitrationInTheSecondPass();
-    void aBankruptcyTab();
-    void aBankruptcySummary();
-
-private:
-    /// Runs a case whose Summary the court does not answer.
-    CaseWindow *withoutSummary(CaseWindowKind kind);
-    QStringList summaryOf(CaseWindowKind kind) const;
-    /// Lets the clock run, so that a wait comes to its end.
-    void untilTimeOut(CaseWindow *window);
 };
-
-QStringList tst_OnDemandFaults::summaryOf(CaseWindowKind kind) const
-{
-    if (kind == CaseWindowKind::Superior)
-        return SuperiorSummary() + QStringList{u"EOF~"_s};
-    return DistrictSummary(kind == CaseWindowKind::Civil ? CaseKind::Civil : CaseKind::NonCivil)
-           + QStringList{u"EOF~"_s};
-}
-
-void tst_OnDemandFaults::untilTimeOut(CaseWindow *window)
-{
-    desk->Time.Run(10.0);
-    QVERIFY(Finished(window));
-    desk->Time.Stop();
-}
-
-CaseWindow *tst_OnDemandFaults::withoutSummary(CaseWindowKind kind)
-{
-    CaseWindow *window = nullptr;
-    if (kind == CaseWindowKind::Superior)
-        window = Superior();
-    else
-        window = Make(kind == CaseWindowKind::Civil ? CaseKind::Civil : CaseKind::NonCivil);
-    court->Expect(LineOf(kind, CaseTab::Summary)).Reply({});
-    desk->ConnectTo(*court);
-    Begin(window);
-    untilTimeOut(window);
-    return window;
-}
 
 void tst_OnDemandFaults::aTabThatFailsAgainReturnsToThePanel_data()
 {
@@ -184,7 +136,7 @@ void tst_OnDemandFaults::aSilentCourt()
     AnswerPrompt(true);
     SearchNow(window);
     window->TmrSearchOnDemand->start(1);
-    untilTimeOut(window);
+    UntilTimeOut(window);
     QVERIFY(desk->Folder.Logged(u"Docket Search Incomplete. Request: "_s
                                 + LineOf(kind, CaseTab::Docket)));
     QVERIFY(desk->Folder.Logged(u"Docket Search Result Was: Search Error! Reason: Timed Out "
@@ -209,7 +161,7 @@ void tst_OnDemandFaults::silentDocuments()
     AnswerPrompt(true);
     SearchNow(window);
     window->TmrSearchOnDemand->start(1);
-    untilTimeOut(window);
+    UntilTimeOut(window);
     QVERIFY(window->Tab(CaseTab::Documents).TabIncomplete);
     QCOMPARE(ShownFrame(window), u"frameTabs_8"_s);
     QCOMPARE(TextOf(window, "lblWarning"),
@@ -270,49 +222,6 @@ void tst_OnDemandFaults::aLinkThatIsLostInTheMiddle()
     QVERIFY(!desk->Folder.Logged(u"Retrieving "_s + CaptionOf(last) + u" .."_s));
     QVERIFY(window->Tab(last).TabNotRetrieved);
     QVERIFY(!desk->Folder.Logged(u"NORMAL EXIT - from Process On Demand Search Reqeusts."_s));
-    QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{window->txtMasterKey});
-    QVERIFY(CommandsEnabled(window));
-}
-
-namespace {
-/// A case that cannot be cut to its tabs any more.
-class UncutCase : public frmCivilCaseDetails
-{
-public:
-    bool breaks = false;
-
-protected:
-    void CutTabsToCase() override
-    {
-        if (breaks)
-            throw RunTimeError(9, u"Subscript out of range"_s);
-        frmCivilCaseDetails::CutTabsToCase();
-    }
-};
-} // namespace
-
-void tst_OnDemandFaults::aRunTimeErrorBetweenTheTabs()
-{
-    auto *window = new UncutCase;
-    window->txtCaseNumber = u"Y00012345"_s;
-    window->txtCourtCode = u"SED"_s;
-    window->txtCaseType = u"CV"_s;
-    desk->Enqueue(window);
-    court->Expect(LineOf(CaseWindowKind::Civil, CaseTab::Summary)).Reply({});
-    desk->ConnectTo(*court);
-    Begin(window);
-    untilTimeOut(window);
-    AnswerPrompt(true);
-    ClickTab(window, u"Summary"_s);
-    window->breaks = true;
-    SearchNow(window);
-    window->TmrSearchOnDemand->start(1);
-    QTRY_VERIFY(desk->Folder.Logged(u"ERROR EXIT - from ProcessOnDemandSearchReqeusts. Error: "
-                                    "Subscript out of range"_s));
-    QTRY_VERIFY(!Global.bSearchInProgress);
-    QCOMPARE(court->Requests().size(), 1);
-    QVERIFY(!desk->Folder.Logged(u"NORMAL EXIT - from Process On Demand Search Reqeusts."_s));
-    // As behind every break: its place is kept until it goes, and it can be asked again.
     QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{window->txtMasterKey});
     QVERIFY(CommandsEnabled(window));
 }
@@ -400,142 +309,6 @@ void tst_OnDemandFaults::aStopBehindALostLink()
     QVERIFY(ButtonOf(window, "cmdPrintDetails")->isEnabled());
 }
 
-void tst_OnDemandFaults::aSummaryThatCameNotBringsItsTabsBack_data()
-{
-    EachCaseWindow();
-}
-
-void tst_OnDemandFaults::aSummaryThatCameNotBringsItsTabsBack()
-{
-    QFETCH(CaseWindowKind, kind);
-    CaseWindow *window = withoutSummary(kind);
-    QCOMPARE(CaptionsOf(window), QStringList{u"Summary"_s});
-    QCOMPARE(TextOf(window, "lblStatus"), u"Search Incomplete!"_s);
-    // The only tab is the selected one: a click on it asks all the same.
-    AnswerPrompt(true);
-    ClickTab(window, u"Summary"_s);
-    QCOMPARE(ShownFrame(window), u"frameTabs_8"_s);
-    QVERIFY(BoxOf(window, CaseTab::Summary)->isChecked());
-    for (const CaseTab tab : TabsOf(kind))
-        QVERIFY(!BoxOf(window, tab)->isEnabled());
-    court->Expect(LineOf(kind, CaseTab::Summary)).Reply(summaryOf(kind));
-    SearchNowToTheEnd(window);
-    QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete"_s);
-    QCOMPARE(ShownFrame(window), u"frameTabs_0"_s);
-    QCOMPARE(CaptionsOf(window).size(), TabsOf(kind).size() + 1);
-    // Everything else can be fetched now.
-    ClickTab(window, u"Names"_s);
-    QCOMPARE(ShownFrame(window), u"frameTabs_8"_s);
-    QVERIFY(!BoxOf(window, CaseTab::Summary)->isEnabled());
-    Tick(window, {CaseTab::Names});
-    ExpectTab(kind, CaseTab::Names);
-    SearchNowToTheEnd(window);
-    QVERIFY(window->Tab(CaseTab::Names).TabDone);
-}
-
-void tst_OnDemandFaults::aSummaryThatFailsAgain()
-{
-    const CaseWindowKind kind = CaseWindowKind::Superior;
-    FetchAtOnce(u"CaseSearchTabs"_s, {u"Names"_s});
-    CaseWindow *window = withoutSummary(kind);
-    AnswerPrompt(true);
-    ClickTab(window, u"Summary"_s);
-    court->Expect(LineOf(kind, CaseTab::Summary)).Reply({u"ERROR Connection lost~"_s, u"EOF~"_s});
-    // The failed Summary brings itself to the front, and the question with it.
-    AnswerPrompt(true);
-    SearchNowToTheEnd(window);
-    QCOMPARE(CaptionsOf(window), QStringList{u"Summary"_s});
-    QCOMPARE(TextOf(window, "lblStatus"), u"Search Incomplete!"_s);
-    QVERIFY(BoxOf(window, CaseTab::Summary)->isChecked());
-    QVERIFY(CommandsEnabled(window));
-    QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
-    // The third time it comes, and nothing of the failures stays: a tab that was to be fetched at
-    // once offers itself, too.
-    court->Expect(LineOf(kind, CaseTab::Summary)).Reply(summaryOf(kind));
-    SearchNowToTheEnd(window);
-    QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete"_s);
-    ClickTab(window, u"Names"_s);
-    QCOMPARE(ShownFrame(window), u"frameTabs_8"_s);
-    Tick(window, {CaseTab::Names});
-    ExpectTab(kind, CaseTab::Names);
-    SearchNowToTheEnd(window);
-    QVERIFY(window->Tab(CaseTab::Names).TabDone);
-}
-
-void tst_OnDemandFaults::aSummaryThatDoesNotComeTakesTheOtherBoxesAlong_data()
-{
-    EachCaseWindow();
-}
-
-void tst_OnDemandFaults::aSummaryThatDoesNotComeTakesTheOtherBoxesAlong()
-{
-    QFETCH(CaseWindowKind, kind);
-    CaseWindow *window =
-        kind == CaseWindowKind::Superior
-            ? static_cast<CaseWindow *>(Superior())
-            : Make(kind == CaseWindowKind::Civil ? CaseKind::Civil : CaseKind::NonCivil);
-    Global.bStopRequested = true;
-    desk->ConnectTo(*court);
-    Begin(window);
-    QTRY_VERIFY(desk->Folder.Logged(u"INCOMPLETE EXIT - from Timer1 - Case Details."_s));
-    ClickTab(window, u"Docket"_s);
-    Tick(window, {CaseTab::Summary, CaseTab::Names, CaseTab::Docket});
-    court->Expect(LineOf(kind, CaseTab::Summary)).Reply({});
-    AnswerPrompt(false);
-    SearchNow(window);
-    window->TmrSearchOnDemand->start(1);
-    untilTimeOut(window);
-    // Without its Summary nobody knows which tabs the case has.
-    QCOMPARE(court->Requests().size(), 1);
-    QCOMPARE(CaptionsOf(window), QStringList{u"Summary"_s});
-    QCOMPARE(ShownFrame(window), u"frameTabs_0"_s);
-    QCOMPARE(TextOf(window, "lblStatus"), u"Search Incomplete!"_s);
-    QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
-}
-
-void tst_OnDemandFaults::aSummaryThatSaysThatThereIsNoCase()
-{
-    const CaseWindowKind kind = CaseWindowKind::Civil;
-    CaseWindow *window = withoutSummary(kind);
-    AnswerPrompt(true);
-    ClickTab(window, u"Summary"_s);
-    court->Expect(LineOf(kind, CaseTab::Summary)).Reply({u"EOF~"_s});
-    SearchNow(window);
-    frmQueue::Form().FIFO.AddItem(otherKey);
-    window->TmrSearchOnDemand->start(1);
-    QTRY_VERIFY(desk->Folder.Logged(u"NORMAL EXIT - from Process On Demand Search Reqeusts."_s));
-    QCOMPARE(TextOf(window, "lblStatus"), u"Search Stopped. Case Was Not Located."_s);
-    QVERIFY(window->windowTitle().endsWith(u" - This Case Was Not Located!"));
-    // The turn was given back once.
-    QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{otherKey});
-    QVERIFY(CommandsEnabled(window));
-}
-
-void tst_OnDemandFaults::aSummaryOfACaseThatWasStoppedBeforeItsTurn_data()
-{
-    EachCaseWindow();
-}
-
-void tst_OnDemandFaults::aSummaryOfACaseThatWasStoppedBeforeItsTurn()
-{
-    QFETCH(CaseWindowKind, kind);
-    // Of the conversation of the first run comes only what is asked for later.
-    CaseWindow *window = Pending(kind);
-    Global.bStopRequested = true;
-    desk->ConnectTo(*court);
-    Begin(window);
-    QTRY_VERIFY(desk->Folder.Logged(u"INCOMPLETE EXIT - from Timer1 - Case Details."_s));
-    QVERIFY(CommandsEnabled(window));
-    ClickTab(window, u"Summary"_s);
-    QCOMPARE(ShownFrame(window), u"frameTabs_8"_s);
-    Tick(window, {CaseTab::Summary, CaseTab::Docket});
-    ExpectTab(kind, CaseTab::Docket);
-    SearchNowToTheEnd(window);
-    QVERIFY(window->Tab(CaseTab::Summary).TabDone);
-    QVERIFY(window->Tab(CaseTab::Docket).TabDone);
-    QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete"_s);
-}
-
 void tst_OnDemandFaults::arbitrationInTheSecondPass_data()
 {
     QTest::addColumn<bool>("yes");
@@ -554,7 +327,7 @@ void tst_OnDemandFaults::arbitrationInTheSecondPass()
         return QString(LineOf(kind, tab).chopped(2) + answer.repeated(times) + end);
     };
     court->Expect(LineOf(kind, CaseTab::Summary)).Reply({u"USERQUESTION~"_s, u"EOF~"_s});
-    court->Expect(answered(CaseTab::Summary, 1)).Reply(summaryOf(kind));
+    court->Expect(answered(CaseTab::Summary, 1)).Reply(SummaryReplyOf(kind));
     court->Expect(answered(CaseTab::Names, 1)).Reply({u"ERROR The court is busy~"_s, u"EOF~"_s});
     desk->Boxes.ExpectDialog(u"frmArbPrompt"_s, [yes](QDialog *dialog) {
         ButtonOf(dialog, yes ? "Command1" : "Command2")->click();
@@ -571,61 +344,6 @@ void tst_OnDemandFaults::arbitrationInTheSecondPass()
     SearchNowToTheEnd(window);
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete"_s);
     QVERIFY(!Global.ArbitrationChosen);
-}
-
-namespace {
-const QString bankruptcyLine = u"BKRPT~SUMMARY~WAW~99-20077~"_s;
-const QString bankruptcyNames = u"BKRPT~NAMES~WAW~1~"_s;
-const QString bankruptcyDocket = u"BKRPT~DOCKET~WAW~1~"_s;
-QStringList bankruptcySummary()
-{
-    return {u"TABDEF^RETRIEVECOMMAND=BKRPT~SUMMARY~WAW~1~^RETRIEVECOMMAND=BKRPT~NAMES~WAW~1~^"
-            "RETRIEVECOMMAND=BKRPT~DOCKET~WAW~1~^"_s,
-            u"Case Title~SMITH, JOHN~"_s,
-            u"Chapter~7~"_s,
-            u"Date Filed~01/02/1999~"_s,
-            u"Judge~DOE~"_s,
-            u"EOF~"_s};
-}
-} // namespace
-
-void tst_OnDemandFaults::aBankruptcyTab()
-{
-    const QStringList failure{u"ERROR The court is busy~"_s, u"EOF~"_s};
-    court->Expect(bankruptcyLine).Reply(bankruptcySummary());
-    court->Expect(bankruptcyNames).Reply(TableForm({u"1~2~"_s}));
-    court->Expect(bankruptcyDocket).Reply(failure);
-    CaseWindow *window = Bankruptcy(bankruptcyLine);
-    Run(window);
-    QCOMPARE(TextOf(window, "lblStatus"), u"Search Incomplete!"_s);
-    AnswerPrompt(true);
-    ClickTab(window, u"Docket"_s);
-    QVERIFY(!BoxOf(window, CaseTab::Names)->isEnabled());
-    court->Expect(bankruptcyDocket).Reply(TableForm({u"1~2~"_s}));
-    SearchNowToTheEnd(window);
-    QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete"_s);
-    QVERIFY(window->Tab(CaseTab::Docket).TabDone);
-}
-
-void tst_OnDemandFaults::aBankruptcySummary()
-{
-    CaseWindow *window = Bankruptcy(bankruptcyLine);
-    Global.bStopRequested = true;
-    desk->ConnectTo(*court);
-    Begin(window);
-    QTRY_VERIFY(desk->Folder.Logged(u"INCOMPLETE EXIT - from Timer1 - Case Details."_s));
-    ClickTab(window, u"Summary"_s);
-    court->Expect(bankruptcyLine).Reply(bankruptcySummary());
-    SearchNowToTheEnd(window);
-    QCOMPARE(CaptionsOf(window), (QStringList{u"Summary"_s, u"Names"_s, u"Docket"_s}));
-    // The lines of the tabs have come with it.
-    ClickTab(window, u"Docket"_s);
-    QCOMPARE(ShownFrame(window), u"frameTabs_8"_s);
-    court->Expect(bankruptcyNames).Reply(TableForm({u"1~2~"_s}));
-    court->Expect(bankruptcyDocket).Reply(TableForm({u"1~2~"_s}));
-    SearchNowToTheEnd(window);
-    QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete"_s);
-    QVERIFY(window->Tab(CaseTab::Docket).TabDone && window->Tab(CaseTab::Names).TabDone);
 }
 
 QTEST_MAIN(tst_OnDemandFaults)
