@@ -47,11 +47,16 @@ QString sentence(const QString &line)
     return TrimBlanks(QString(line).replace(fieldMark, u' '));
 }
 
-/// The value of a header line; a line that is missing has an empty one.
+/// The value of a header line; a line that is missing has an empty one. So has a line without the
+/// field in a reply that is too short for a header: that is a word of the court about the case, and
+/// no reason to keep the link from everybody else. In a reply that is long enough it is an error.
 QString headerValue(const QStringList &lines, qsizetype line)
 {
-    const QString text = lines.value(line);
-    return text.isEmpty() ? QString() : TrimBlanks(FieldAt(text.split(fieldMark), 1));
+    const QStringList fields = lines.value(line).split(fieldMark);
+    const bool tooShort = lines.size() < static_cast<qsizetype>(nonCivilHeader.size());
+    if (fields.size() < 2 && (tooShort || lines.at(line).isEmpty()))
+        return {};
+    return TrimBlanks(FieldAt(fields, 1));
 }
 
 void fillHeader(DiscisSummaryView &view, const Header &header, const QStringList &lines)

@@ -148,3 +148,32 @@ QString OnDemandTest::FrameOf(CaseTab tab)
 {
     return u"frameTabs_%1"_s.arg(CaseTabRowOf(tab).frame);
 }
+
+QStringList OnDemandTest::SummaryReplyOf(CaseWindowKind kind)
+{
+    if (kind == CaseWindowKind::Superior)
+        return SuperiorSummary() + QStringList{u"EOF~"_s};
+    return DistrictSummary(kind == CaseWindowKind::Civil ? CaseKind::Civil : CaseKind::NonCivil)
+           + QStringList{u"EOF~"_s};
+}
+
+void OnDemandTest::UntilTimeOut(CaseWindow *window)
+{
+    desk->Time.Run(10.0);
+    QVERIFY(Finished(window));
+    desk->Time.Stop();
+}
+
+CaseWindow *OnDemandTest::WithoutSummary(CaseWindowKind kind)
+{
+    CaseWindow *window = nullptr;
+    if (kind == CaseWindowKind::Superior)
+        window = Superior();
+    else
+        window = Make(kind == CaseWindowKind::Civil ? CaseKind::Civil : CaseKind::NonCivil);
+    court->Expect(LineOf(kind, CaseTab::Summary)).Reply({});
+    desk->ConnectTo(*court);
+    Begin(window);
+    UntilTimeOut(window);
+    return window;
+}

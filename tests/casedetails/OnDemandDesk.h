@@ -31,6 +31,12 @@ protected:
     /// The same behind its run.
     CaseWindow *AfterFirstRun(CaseWindowKind kind, const QStringList &fetched = {},
                               const QStringList &failing = {});
+    /// Runs a case whose Summary the court does not answer.
+    CaseWindow *WithoutSummary(CaseWindowKind kind);
+    /// The whole reply of a Summary that comes.
+    static QStringList SummaryReplyOf(CaseWindowKind kind);
+    /// Lets the clock run, so that a wait comes to its end.
+    void UntilTimeOut(CaseWindow *window);
     void ExpectTab(CaseWindowKind kind, CaseTab tab);
     /// Not for the documents, whose server has no line for an error.
     void ExpectFailingTab(CaseWindowKind kind, CaseTab tab);

@@ -51,6 +51,8 @@ private Q_SLOTS:
     void aSummaryThatHasComeLeavesNoNote();
     void aHeaderLineWithoutItsFieldIsError9_data();
     void aHeaderLineWithoutItsFieldIsError9();
+    void aWordOfTheCourtInPlaceOfACaseIsNoError_data();
+    void aWordOfTheCourtInPlaceOfACaseIsNoError();
 };
 
 void tst_DiscisSummary::noLines_data()
@@ -295,6 +297,44 @@ void tst_DiscisSummary::aHeaderLineWithoutItsFieldIsError9()
     } catch (const RunTimeError &error) {
         QCOMPARE(error.Number(), 9);
     }
+}
+
+void tst_DiscisSummary::aWordOfTheCourtInPlaceOfACaseIsNoError_data()
+{
+    QTest::addColumn<CaseKind>("kind");
+    QTest::addColumn<QStringList>("lines");
+    QTest::addColumn<QString>("shown");
+    const CaseKind nonCivil = CaseKind::NonCivil;
+    const CaseKind civil = CaseKind::Civil;
+    const QString nothing = u"No Additional Summary Details Available."_s;
+    const QString notLocated = u"This case was not located."_s;
+    const QString word = u"Case is not on file"_s;
+    QTest::newRow("non-civil") << nonCivil << QStringList{word} << nothing;
+    QTest::newRow("civil") << civil << QStringList{word} << notLocated;
+    QTest::newRow("non-civil, in two lines") << nonCivil << QStringList{word, word} << nothing;
+    QTest::newRow("civil, behind a title")
+        << civil << QStringList{u"Title~~"_s, word} << notLocated;
+    QTest::newRow("non-civil, behind a phrase")
+        << nonCivil << QStringList{u"Non-JIS case. Summary information not available"_s, word}
+        << u"Non-JIS case. Summary information not available."_s;
+    // What only the other window knows
+    for (const QString &phrase : {u"Archived case, Summary information is not available"_s,
+                                  u"Non-JIS case. Summary information not available"_s})
+        QTest::newRow(qPrintable(u"civil, "_s + phrase))
+            << civil << QStringList{phrase} << notLocated;
+}
+
+void tst_DiscisSummary::aWordOfTheCourtInPlaceOfACaseIsNoError()
+{
+    QFETCH(CaseKind, kind);
+    QFETCH(QStringList, lines);
+    QFETCH(QString, shown);
+    const DiscisSummaryView view = ReadDiscisSummary(kind, lines);
+    QCOMPARE(view.Grid, cell(shown));
+    QCOMPARE(*view.CaseNo, notOnFile);
+    QCOMPARE(*view.DateFiled, notOnFile);
+    QCOMPARE(*(kind == CaseKind::Civil ? view.CaseTitle : view.Name), notOnFile);
+    QVERIFY(!view.Status);
 }
 
 QTEST_GUILESS_MAIN(tst_DiscisSummary)

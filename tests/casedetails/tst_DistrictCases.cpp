@@ -60,6 +60,12 @@ private Q_SLOTS:
     void theRowsOfACivilCase();
     void nothingBehindTheHeaders_data();
     void nothingBehindTheHeaders();
+    void aSummaryThatFailed_data();
+    void aSummaryThatFailed();
+
+private:
+    /// Waits for the first run and, where that brings the Summary alone, fetches the rest.
+    void runToTheLastTab(CaseWindow *window, bool onDemand);
 };
 
 void tst_DistrictCases::atLoad_data()
@@ -83,13 +89,32 @@ void tst_DistrictCases::atLoad()
 
 void tst_DistrictCases::everyLineFromACaseNumber_data()
 {
-    EachWindow();
+    QTest::addColumn<CaseKind>("kind");
+    QTest::addColumn<bool>("onDemand");
+    for (const DistrictWindow &window : districtWindows) {
+        QTest::addRow("%s, at once", window.name) << window.kind << false;
+        QTest::addRow("%s, on demand", window.name) << window.kind << true;
+    }
+}
+
+void tst_DistrictCases::runToTheLastTab(CaseWindow *window, bool onDemand)
+{
+    QVERIFY(Finished(window));
+    if (onDemand) {
+        // Nothing but the Summary yet; all the rest is ticked.
+        QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete"_s);
+        ClickTab(window, u"Names"_s);
+        ButtonOf(window, "cmdSearchNow")->click();
+        QVERIFY(Finished(window));
+    }
 }
 
 void tst_DistrictCases::everyLineFromACaseNumber()
 {
     QFETCH(CaseKind, kind);
-    FetchAtOnce(DistrictOf(kind).section.toString(), CaptionsOfKind(kind));
+    QFETCH(bool, onDemand);
+    FetchAtOnce(DistrictOf(kind).section.toString(),
+                onDemand ? QStringList() : CaptionsOfKind(kind));
     SearchEntry entry;
     entry.Court = CourtFamily::Discis;
     entry.Kind = SearchKind::Number;
@@ -106,6 +131,7 @@ void tst_DistrictCases::everyLineFromACaseNumber()
     desk->Enqueue(window);
     ExpectEveryLine(kind, u"5KS000123"_s, DistrictOf(kind).family.toString(), u"SED"_s);
     Run(window);
+    runToTheLastTab(window, onDemand);
     CheckEveryTab(window, kind);
     QCOMPARE(window->windowTitle(), u"Case Details (5KS000123)"_s);
     QCOMPARE(TextOf(window, "lblCaseDetailsHdr"), u"Case Details (5KS000123)"_s);
@@ -114,14 +140,16 @@ void tst_DistrictCases::everyLineFromACaseNumber()
 
 void tst_DistrictCases::everyLineFromARow_data()
 {
-    EachWindow();
+    everyLineFromACaseNumber_data();
 }
 
 void tst_DistrictCases::everyLineFromARow()
 {
     QFETCH(CaseKind, kind);
+    QFETCH(bool, onDemand);
     LoadDiscisCourts();
-    FetchAtOnce(DistrictOf(kind).section.toString(), CaptionsOfKind(kind));
+    FetchAtOnce(DistrictOf(kind).section.toString(),
+                onDemand ? QStringList() : CaptionsOfKind(kind));
     const Which which = kind == CaseKind::Civil ? Which::Civil : Which::NonCivil;
     const QString request = DistrictLine(u"BED"_s, DistrictOf(kind).family.toString());
     // The type of the row is part of the lines, whatever kind of case the window is for.
@@ -145,7 +173,7 @@ void tst_DistrictCases::everyLineFromARow()
     QVERIFY(window);
     desk->Time.Run(0.05);
     Begin(window);
-    QVERIFY(Finished(window));
+    runToTheLastTab(window, onDemand);
     desk->Time.Stop();
     CheckEveryTab(window, kind);
     // What the row said of the case, until the court has said it better.
@@ -263,6 +291,18 @@ void tst_DistrictCases::summaryPhrases_data()
         << QString(u"Note: "_s + notAssociated)
         << u"Search Stopped. Case Number not associated with this court."_s
         << u" - Case Number not associated with this court!"_s;
+    // A word of the court in place of a case ends as any reply does.
+    const QString notOnFile = u"ERROR -- Case is not on file"_s;
+    const QString nothing = u"No Additional Summary Details Available."_s;
+    const QString noItems = u"This case was not located."_s;
+    QTest::newRow("non-civil, not on file")
+        << nonCivil << QStringList{notOnFile} << nothing << QString() << wholeRun << QString();
+    QTest::newRow("civil, not on file")
+        << civil << QStringList{notOnFile} << noItems << QString() << wholeRun << QString();
+    QTest::newRow("civil, archived")
+        << civil << QStringList{archived} << noItems << QString() << wholeRun << QString();
+    QTest::newRow("civil, non-JIS")
+        << civil << QStringList{nonJis} << noItems << QString() << wholeRun << QString();
 }
 
 void tst_DistrictCases::summaryPhrases()
@@ -485,6 +525,32 @@ void tst_DistrictCases::nothingBehindTheHeaders()
     // The headers have come, and the run goes on.
     QCOMPARE(TextOf(window, "lblDateFiled"), u"01/11/2005"_s);
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete"_s);
+}
+
+void tst_DistrictCases::aSummaryThatFailed_data()
+{
+    EachWindow();
+}
+
+void tst_DistrictCases::aSummaryThatFailed()
+{
+    QFETCH(CaseKind, kind);
+    CaseWindow *window = Make(kind);
+    window->SetCourtName(u"Southeast District"_s);
+    window->SetDateFiled(u"01/11/2005"_s);
+    ExpectSummary(kind, {u"ERROR The court is busy~"_s});
+    Run(window);
+    QCOMPARE(CellsOf(window, CaseTab::Summary), QList<QStringList>{{u" The court is busy~"_s}});
+    QCOMPARE(CaptionsOf(window), QStringList{u"Summary"_s});
+    QCOMPARE(window->lblDateFiled(), u"N/A"_s);
+    if (kind == CaseKind::Civil)
+        QCOMPARE(window->lblCaseTitle().trimmed(), u"The court is busy~"_s);
+    // The court is the one that was asked, and none of the Superior Courts.
+    QCOMPARE(window->lblCourtName(), u"Southeast District"_s);
+    QCOMPARE(TextOf(window, "lblStatus"), u"Search Warnings - See Summary"_s);
+    QCOMPARE(TextOf(window, "lblWarning"),
+             u"Summary Information Incomplete! Please Retry Search."_s);
+    QVERIFY(window->Tab(CaseTab::Summary).TabIncomplete);
 }
 
 QTEST_MAIN(tst_DistrictCases)

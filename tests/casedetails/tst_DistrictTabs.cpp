@@ -36,6 +36,8 @@ private Q_SLOTS:
     void theBoxesOfThePanel();
     void arbitrationGoesIntoEveryLine_data();
     void arbitrationGoesIntoEveryLine();
+    void theClientCodeGoesWithSummaryAndNames_data();
+    void theClientCodeGoesWithSummaryAndNames();
 };
 
 namespace {
@@ -373,6 +375,47 @@ void tst_DistrictTabs::arbitrationGoesIntoEveryLine()
     ButtonOf(window, "cmdSearchNow")->click();
     QVERIFY(Finished(window));
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete"_s);
+}
+
+void tst_DistrictTabs::theClientCodeGoesWithSummaryAndNames_data()
+{
+    QTest::addColumn<CaseKind>("kind");
+    QTest::addColumn<bool>("onDemand");
+    for (const DistrictWindow &window : districtWindows) {
+        QTest::addRow("%s, at once", window.name) << window.kind << false;
+        QTest::addRow("%s, on demand", window.name) << window.kind << true;
+    }
+}
+
+void tst_DistrictTabs::theClientCodeGoesWithSummaryAndNames()
+{
+    QFETCH(CaseKind, kind);
+    QFETCH(bool, onDemand);
+    const DistrictWindow &district = DistrictOf(kind);
+    const auto coded = [kind](QStringView word) {
+        return QString(DistrictLineOf(kind, word).chopped(1) + u"^^CAC:ACME 7^^\u00A6"_s);
+    };
+    FetchAtOnce(district.section.toString(), onDemand ? QStringList() : CaptionsOfKind(kind));
+    court->Expect(coded(district.summaryWord))
+        .Reply(DistrictSummary(kind) + QStringList{u"EOF~"_s});
+    for (const DistrictTab &tab : district.tabs) {
+        const bool names = tab.tab == CaseTab::Names;
+        court->Expect(names ? coded(tab.word) : DistrictLineOf(kind, tab.word))
+            .Reply(GridDef({u"1~2~"_s}));
+    }
+    CaseWindow *window = Make(kind);
+    window->ClientAcctgCode = u"ACME 7"_s;
+    Run(window);
+    if (onDemand) {
+        ClickTab(window, u"Docket"_s);
+        ButtonOf(window, "cmdSearchNow")->click();
+        QVERIFY(Finished(window));
+    }
+    for (const DistrictTab &tab : district.tabs) {
+        QVERIFY(window->Tab(tab.tab).TabDone);
+        // The lines themselves stay as they are: the code would be in them twice the next time.
+        QCOMPARE(window->Tab(tab.tab).TabRequest, DistrictLineOf(kind, tab.word));
+    }
 }
 
 QTEST_MAIN(tst_DistrictTabs)

@@ -303,6 +303,7 @@ void tst_OnDemand::nothingTicked()
     Tick(window, {});
     SearchNowToTheEnd(window);
     QCOMPARE(court->Requests().size(), requests);
+    QCOMPARE(window->lboxResponses.ListCount(), 0);
     QCOMPARE(TextOf(window, "lblStatus"),
              incomplete ? u"Search Incomplete!"_s : u"Search Complete"_s);
     QCOMPARE(ColourOf(window, "lblStatus"), incomplete ? u"red"_s : u"blue"_s);

@@ -2,7 +2,9 @@
 #include "casedetails/frmCaseDetails.h"
 #include "casedetails/frmCivilCaseDetails.h"
 #include "core/GlobalState.h"
+#include "core/RunTimeError.h"
 #include "jobs/frmQueue.h"
+#include "link/Router.h"
 
 #include <QDialog>
 #include <QPushButton>
@@ -19,61 +21,21 @@ private Q_SLOTS:
     void aTabThatFailsAgainShowsWhatThereIsWithNo_data();
     void aTabThatFailsAgainShowsWhatThereIsWithNo();
     void aFailureAddsNothingToTheRun();
+    void aSilentCourt_data();
     void aSilentCourt();
     void silentDocuments();
     void aLostLink_data();
     void aLostLink();
+    void aLinkThatIsLostInTheMiddle_data();
+    void aLinkThatIsLostInTheMiddle();
+    void aTabThatWasLeftAsItIsIsOfferedAgainBehindAStop_data();
+    void aTabThatWasLeftAsItIsIsOfferedAgainBehindAStop();
     void afterALostLinkTheNextRunIsTheOnlyOneInTheQueue();
     void aStopBehindALostLink();
 
-    void aSummaryThatCameNotBringsItsTabsBack_data();
-    void aSummaryThatCameNotBringsItsTabsBack();
-    void aSummaryThatFailsAgain();
-    void aSummaryThatSaysThatThereIsNoCase();
-    void aSummaryOfACaseThatWasStoppedBeforeItsTurn_data();
-    void aSummaryOfACaseThatWasStoppedBeforeItsTurn();
-
     void arbitrationInTheSecondPass_data();
     void arbitrationInTheSecondPass();
-    void aBankruptcyTab();
-    void aBankruptcySummary();
-
-private:
-    /// Runs a case whose Summary the court does not answer.
-    CaseWindow *withoutSummary(CaseWindowKind kind);
-    QStringList summaryOf(CaseWindowKind kind) const;
-    /// Lets the clock run, so that a wait comes to its end.
-    void untilTimeOut(CaseWindow *window);
 };
-
-QStringList tst_OnDemandFaults::summaryOf(CaseWindowKind kind) const
-{
-    if (kind == CaseWindowKind::Superior)
-        return SuperiorSummary() + QStringList{u"EOF~"_s};
-    return DistrictSummary(kind == CaseWindowKind::Civil ? CaseKind::Civil : CaseKind::NonCivil)
-           + QStringList{u"EOF~"_s};
-}
-
-void tst_OnDemandFaults::untilTimeOut(CaseWindow *window)
-{
-    desk->Time.Run(10.0);
-    QVERIFY(Finished(window));
-    desk->Time.Stop();
-}
-
-CaseWindow *tst_OnDemandFaults::withoutSummary(CaseWindowKind kind)
-{
-    CaseWindow *window = nullptr;
-    if (kind == CaseWindowKind::Superior)
-        window = Superior();
-    else
-        window = Make(kind == CaseWindowKind::Civil ? CaseKind::Civil : CaseKind::NonCivil);
-    court->Expect(LineOf(kind, CaseTab::Summary)).Reply({});
-    desk->ConnectTo(*court);
-    Begin(window);
-    untilTimeOut(window);
-    return window;
-}
 
 void tst_OnDemandFaults::aTabThatFailsAgainReturnsToThePanel_data()
 {
@@ -156,26 +118,37 @@ void tst_OnDemandFaults::aFailureAddsNothingToTheRun()
     QVERIFY(!window->Tab(CaseTab::Docket).TabDone);
 }
 
+void tst_OnDemandFaults::aSilentCourt_data()
+{
+    EachCaseWindow();
+}
+
 void tst_OnDemandFaults::aSilentCourt()
 {
-    const CaseWindowKind kind = CaseWindowKind::NonCivil;
+    QFETCH(CaseWindowKind, kind);
     CaseWindow *window = AfterFirstRun(kind);
     ClickTab(window, u"Docket"_s);
-    Tick(window, {CaseTab::Docket, CaseTab::Violations});
+    // The tab behind the silent one is the one that only this window has.
+    const CaseTab next = TabsOf(kind).at(2);
+    Tick(window, {CaseTab::Docket, next});
     court->Expect(LineOf(kind, CaseTab::Docket)).Reply({});
-    ExpectTab(kind, CaseTab::Violations);
+    ExpectTab(kind, next);
     AnswerPrompt(true);
     SearchNow(window);
     window->TmrSearchOnDemand->start(1);
-    untilTimeOut(window);
+    UntilTimeOut(window);
     QVERIFY(desk->Folder.Logged(u"Docket Search Incomplete. Request: "_s
                                 + LineOf(kind, CaseTab::Docket)));
     QVERIFY(desk->Folder.Logged(u"Docket Search Result Was: Search Error! Reason: Timed Out "
                                 "Waiting For Response from Server."_s));
     QVERIFY(window->Tab(CaseTab::Docket).TabIncomplete);
-    QVERIFY(window->Tab(CaseTab::Violations).TabDone);
+    QVERIFY(window->Tab(CaseTab::Docket).TabNotRetrieved);
+    QVERIFY(window->Tab(next).TabDone);
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Incomplete!"_s);
     QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
+    QVERIFY(CommandsEnabled(window));
+    QVERIFY(!BoxOf(window, next)->isEnabled());
+    QVERIFY(BoxOf(window, CaseTab::Docket)->isChecked());
 }
 
 void tst_OnDemandFaults::silentDocuments()
@@ -188,7 +161,7 @@ void tst_OnDemandFaults::silentDocuments()
     AnswerPrompt(true);
     SearchNow(window);
     window->TmrSearchOnDemand->start(1);
-    untilTimeOut(window);
+    UntilTimeOut(window);
     QVERIFY(window->Tab(CaseTab::Documents).TabIncomplete);
     QCOMPARE(ShownFrame(window), u"frameTabs_8"_s);
     QCOMPARE(TextOf(window, "lblWarning"),
@@ -220,6 +193,74 @@ void tst_OnDemandFaults::aLostLink()
     QVERIFY(!window->Tab(CaseTab::Docket).TabDone);
     // What is missing can be asked for again.
     QVERIFY(CommandsEnabled(window));
+}
+
+void tst_OnDemandFaults::aLinkThatIsLostInTheMiddle_data()
+{
+    EachCaseWindow();
+}
+
+void tst_OnDemandFaults::aLinkThatIsLostInTheMiddle()
+{
+    QFETCH(CaseWindowKind, kind);
+    CaseWindow *window = AfterFirstRun(kind);
+    ClickTab(window, u"Docket"_s);
+    const CaseTab last = TabsOf(kind).at(2);
+    Tick(window, {CaseTab::Names, CaseTab::Docket, last});
+    court->Expect(LineOf(kind, CaseTab::Names)).Reply({});
+    // The reply that was waited for does not come, and the next line cannot leave.
+    AnswerPrompt(true);
+    desk->When([this] { return court->Requests().size() == 2; }, [] { CloseServerLink(); });
+    SearchNow(window);
+    window->TmrSearchOnDemand->start(1);
+    QTRY_VERIFY(desk->Folder.Logged(u"Exiting DoDocketSearch() via PROCERR in Case Details. Error: "
+                                    "Halvane Server Connection was Dropped!"_s));
+    QTRY_VERIFY(!Global.bSearchInProgress);
+    QVERIFY(window->Tab(CaseTab::Names).TabIncomplete);
+    QVERIFY(!window->Tab(CaseTab::Docket).TabDone);
+    // Behind the break nothing is tried any more.
+    QVERIFY(!desk->Folder.Logged(u"Retrieving "_s + CaptionOf(last) + u" .."_s));
+    QVERIFY(window->Tab(last).TabNotRetrieved);
+    QVERIFY(!desk->Folder.Logged(u"NORMAL EXIT - from Process On Demand Search Reqeusts."_s));
+    QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{window->txtMasterKey});
+    QVERIFY(CommandsEnabled(window));
+}
+
+void tst_OnDemandFaults::aTabThatWasLeftAsItIsIsOfferedAgainBehindAStop_data()
+{
+    QTest::addColumn<CaseWindowKind>("kind");
+    QTest::addColumn<bool>("beforeItsTurn");
+    for (size_t i = 0; i < caseWindowNames.size(); ++i) {
+        const auto kind = static_cast<CaseWindowKind>(i);
+        QTest::addRow("%s, before its turn", caseWindowNames.at(i)) << kind << true;
+        QTest::addRow("%s, in the middle", caseWindowNames.at(i)) << kind << false;
+    }
+}
+
+void tst_OnDemandFaults::aTabThatWasLeftAsItIsIsOfferedAgainBehindAStop()
+{
+    QFETCH(CaseWindowKind, kind);
+    QFETCH(bool, beforeItsTurn);
+    CaseWindow *window = AfterFirstRun(kind, {}, {u"Docket"_s});
+    // Its incomplete line is looked at, so it is no longer one that was left out.
+    AnswerPrompt(false);
+    ClickTab(window, u"Docket"_s);
+    QVERIFY(!window->Tab(CaseTab::Docket).TabNotRetrieved);
+    ClickTab(window, u"Names"_s);
+    Tick(window, {CaseTab::Names});
+    SearchNow(window);
+    if (beforeItsTurn) {
+        Global.bStopRequested = true;
+    } else {
+        court->Expect(LineOf(kind, CaseTab::Names)).Reply({});
+        court->Expect(u"\u00A6STOP"_s).Reply(ReplyOf(CaseTab::Names));
+        desk->When([this] { return court->Requests().size() == 3; },
+                   [window] { ButtonOf(window, "cmdStopSearching")->click(); });
+    }
+    window->TmrSearchOnDemand->start(1);
+    QTRY_VERIFY(TextOf(window, "lblStatus").contains(u"Search Stopped") && !Global.bSearchInProgress
+                && frmQueue::Form().FIFO.ListCount() == 0);
+    QVERIFY(window->Tab(CaseTab::Docket).TabNotRetrieved);
 }
 
 void tst_OnDemandFaults::afterALostLinkTheNextRunIsTheOnlyOneInTheQueue()
@@ -268,99 +309,6 @@ void tst_OnDemandFaults::aStopBehindALostLink()
     QVERIFY(ButtonOf(window, "cmdPrintDetails")->isEnabled());
 }
 
-void tst_OnDemandFaults::aSummaryThatCameNotBringsItsTabsBack_data()
-{
-    EachCaseWindow();
-}
-
-void tst_OnDemandFaults::aSummaryThatCameNotBringsItsTabsBack()
-{
-    QFETCH(CaseWindowKind, kind);
-    CaseWindow *window = withoutSummary(kind);
-    QCOMPARE(CaptionsOf(window), QStringList{u"Summary"_s});
-    QCOMPARE(TextOf(window, "lblStatus"), u"Search Incomplete!"_s);
-    // The only tab is the selected one: a click on it asks all the same.
-    AnswerPrompt(true);
-    ClickTab(window, u"Summary"_s);
-    QCOMPARE(ShownFrame(window), u"frameTabs_8"_s);
-    QVERIFY(BoxOf(window, CaseTab::Summary)->isChecked());
-    for (const CaseTab tab : TabsOf(kind))
-        QVERIFY(!BoxOf(window, tab)->isEnabled());
-    court->Expect(LineOf(kind, CaseTab::Summary)).Reply(summaryOf(kind));
-    SearchNowToTheEnd(window);
-    QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete"_s);
-    QCOMPARE(ShownFrame(window), u"frameTabs_0"_s);
-    QCOMPARE(CaptionsOf(window).size(), TabsOf(kind).size() + 1);
-    // Everything else can be fetched now.
-    ClickTab(window, u"Names"_s);
-    QCOMPARE(ShownFrame(window), u"frameTabs_8"_s);
-    QVERIFY(!BoxOf(window, CaseTab::Summary)->isEnabled());
-    Tick(window, {CaseTab::Names});
-    ExpectTab(kind, CaseTab::Names);
-    SearchNowToTheEnd(window);
-    QVERIFY(window->Tab(CaseTab::Names).TabDone);
-}
-
-void tst_OnDemandFaults::aSummaryThatFailsAgain()
-{
-    const CaseWindowKind kind = CaseWindowKind::Superior;
-    CaseWindow *window = withoutSummary(kind);
-    AnswerPrompt(true);
-    ClickTab(window, u"Summary"_s);
-    court->Expect(LineOf(kind, CaseTab::Summary)).Reply({u"ERROR Connection lost~"_s, u"EOF~"_s});
-    // The failed Summary brings itself to the front, and the question with it.
-    AnswerPrompt(true);
-    SearchNowToTheEnd(window);
-    QCOMPARE(CaptionsOf(window), QStringList{u"Summary"_s});
-    QCOMPARE(TextOf(window, "lblStatus"), u"Search Incomplete!"_s);
-    QVERIFY(BoxOf(window, CaseTab::Summary)->isChecked());
-    QVERIFY(CommandsEnabled(window));
-    QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
-}
-
-void tst_OnDemandFaults::aSummaryThatSaysThatThereIsNoCase()
-{
-    const CaseWindowKind kind = CaseWindowKind::Civil;
-    CaseWindow *window = withoutSummary(kind);
-    AnswerPrompt(true);
-    ClickTab(window, u"Summary"_s);
-    court->Expect(LineOf(kind, CaseTab::Summary)).Reply({u"EOF~"_s});
-    SearchNow(window);
-    frmQueue::Form().FIFO.AddItem(otherKey);
-    window->TmrSearchOnDemand->start(1);
-    QTRY_VERIFY(desk->Folder.Logged(u"NORMAL EXIT - from Process On Demand Search Reqeusts."_s));
-    QCOMPARE(TextOf(window, "lblStatus"), u"Search Stopped. Case Was Not Located."_s);
-    QVERIFY(window->windowTitle().endsWith(u" - This Case Was Not Located!"));
-    // The turn was given back once.
-    QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{otherKey});
-    QVERIFY(CommandsEnabled(window));
-}
-
-void tst_OnDemandFaults::aSummaryOfACaseThatWasStoppedBeforeItsTurn_data()
-{
-    EachCaseWindow();
-}
-
-void tst_OnDemandFaults::aSummaryOfACaseThatWasStoppedBeforeItsTurn()
-{
-    QFETCH(CaseWindowKind, kind);
-    // Of the conversation of the first run comes only what is asked for later.
-    CaseWindow *window = Pending(kind);
-    Global.bStopRequested = true;
-    desk->ConnectTo(*court);
-    Begin(window);
-    QTRY_VERIFY(desk->Folder.Logged(u"INCOMPLETE EXIT - from Timer1 - Case Details."_s));
-    QVERIFY(CommandsEnabled(window));
-    ClickTab(window, u"Summary"_s);
-    QCOMPARE(ShownFrame(window), u"frameTabs_8"_s);
-    Tick(window, {CaseTab::Summary, CaseTab::Docket});
-    ExpectTab(kind, CaseTab::Docket);
-    SearchNowToTheEnd(window);
-    QVERIFY(window->Tab(CaseTab::Summary).TabDone);
-    QVERIFY(window->Tab(CaseTab::Docket).TabDone);
-    QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete"_s);
-}
-
 void tst_OnDemandFaults::arbitrationInTheSecondPass_data()
 {
     QTest::addColumn<bool>("yes");
@@ -379,7 +327,7 @@ void tst_OnDemandFaults::arbitrationInTheSecondPass()
         return QString(LineOf(kind, tab).chopped(2) + answer.repeated(times) + end);
     };
     court->Expect(LineOf(kind, CaseTab::Summary)).Reply({u"USERQUESTION~"_s, u"EOF~"_s});
-    court->Expect(answered(CaseTab::Summary, 1)).Reply(summaryOf(kind));
+    court->Expect(answered(CaseTab::Summary, 1)).Reply(SummaryReplyOf(kind));
     court->Expect(answered(CaseTab::Names, 1)).Reply({u"ERROR The court is busy~"_s, u"EOF~"_s});
     desk->Boxes.ExpectDialog(u"frmArbPrompt"_s, [yes](QDialog *dialog) {
         ButtonOf(dialog, yes ? "Command1" : "Command2")->click();
@@ -396,61 +344,6 @@ void tst_OnDemandFaults::arbitrationInTheSecondPass()
     SearchNowToTheEnd(window);
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete"_s);
     QVERIFY(!Global.ArbitrationChosen);
-}
-
-namespace {
-const QString bankruptcyLine = u"BKRPT~SUMMARY~WAW~99-20077~"_s;
-const QString bankruptcyNames = u"BKRPT~NAMES~WAW~1~"_s;
-const QString bankruptcyDocket = u"BKRPT~DOCKET~WAW~1~"_s;
-QStringList bankruptcySummary()
-{
-    return {u"TABDEF^RETRIEVECOMMAND=BKRPT~SUMMARY~WAW~1~^RETRIEVECOMMAND=BKRPT~NAMES~WAW~1~^"
-            "RETRIEVECOMMAND=BKRPT~DOCKET~WAW~1~^"_s,
-            u"Case Title~SMITH, JOHN~"_s,
-            u"Chapter~7~"_s,
-            u"Date Filed~01/02/1999~"_s,
-            u"Judge~DOE~"_s,
-            u"EOF~"_s};
-}
-} // namespace
-
-void tst_OnDemandFaults::aBankruptcyTab()
-{
-    const QStringList failure{u"ERROR The court is busy~"_s, u"EOF~"_s};
-    court->Expect(bankruptcyLine).Reply(bankruptcySummary());
-    court->Expect(bankruptcyNames).Reply(TableForm({u"1~2~"_s}));
-    court->Expect(bankruptcyDocket).Reply(failure);
-    CaseWindow *window = Bankruptcy(bankruptcyLine);
-    Run(window);
-    QCOMPARE(TextOf(window, "lblStatus"), u"Search Incomplete!"_s);
-    AnswerPrompt(true);
-    ClickTab(window, u"Docket"_s);
-    QVERIFY(!BoxOf(window, CaseTab::Names)->isEnabled());
-    court->Expect(bankruptcyDocket).Reply(TableForm({u"1~2~"_s}));
-    SearchNowToTheEnd(window);
-    QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete"_s);
-    QVERIFY(window->Tab(CaseTab::Docket).TabDone);
-}
-
-void tst_OnDemandFaults::aBankruptcySummary()
-{
-    CaseWindow *window = Bankruptcy(bankruptcyLine);
-    Global.bStopRequested = true;
-    desk->ConnectTo(*court);
-    Begin(window);
-    QTRY_VERIFY(desk->Folder.Logged(u"INCOMPLETE EXIT - from Timer1 - Case Details."_s));
-    ClickTab(window, u"Summary"_s);
-    court->Expect(bankruptcyLine).Reply(bankruptcySummary());
-    SearchNowToTheEnd(window);
-    QCOMPARE(CaptionsOf(window), (QStringList{u"Summary"_s, u"Names"_s, u"Docket"_s}));
-    // The lines of the tabs have come with it.
-    ClickTab(window, u"Docket"_s);
-    QCOMPARE(ShownFrame(window), u"frameTabs_8"_s);
-    court->Expect(bankruptcyNames).Reply(TableForm({u"1~2~"_s}));
-    court->Expect(bankruptcyDocket).Reply(TableForm({u"1~2~"_s}));
-    SearchNowToTheEnd(window);
-    QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete"_s);
-    QVERIFY(window->Tab(CaseTab::Docket).TabDone && window->Tab(CaseTab::Names).TabDone);
 }
 
 QTEST_MAIN(tst_OnDemandFaults)

@@ -304,6 +304,8 @@ void tst_OnDemandPanel::thePrompt()
     bool loaded = false;
     desk->Boxes.ExpectDialog(u"frmOnDemand"_s, [&](QDialog *dialog) {
         loaded = frmOnDemand::IsLoaded();
+        // Either answer sets it.
+        Global.bOnDemandPrompt = false;
         give(dialog, answer);
     });
     ClickTab(window, u"Docket"_s);
