@@ -111,6 +111,7 @@ void tick(const QString &window, const QString &list, const QStringList &items)
         box->scrollToItem(box->item(i), QAbstractItemView::PositionAtCenter);
     }
 }
+
 void choose(const QString &window, const QString &name, const QString &text)
 {
     if (auto *box = child<QComboBox>(window, name))
@@ -248,11 +249,7 @@ void Tour::addSearchSteps()
     steps.push_back({u"The search takes its turn"_s,
                      [results] { return windowNamed(results) != nullptr; },
                      [this, results] { say(labelText(results, u"lblStatus"_s)); }});
-    steps.push_back({u"The matches arrive"_s,
-                     [results] {
-                         const auto *stop = child<QPushButton>(results, u"cmdStopSearching"_s);
-                         return stop && !stop->isEnabled();
-                     },
+    steps.push_back({u"The matches arrive"_s, [results] { return isOver(results); },
                      [this, results] {
                          say(labelText(results, u"lblStatus"_s));
                          const auto *list = child<QAbstractItemView>(results, u"listview1"_s);
@@ -326,7 +323,7 @@ void Tour::addDistrictSteps(const QString &kindButton, const TourCase &tourCase)
     const QString results = civil ? u"frmDiscisNameResults"_s : u"frmDiscisNCNameResults"_s;
     steps.push_back({u"The District Courts are searched"_s, [] { return true; },
                      [this, form, kindButton] {
-                         SessionEvents::Of().CourtWanted(CourtEntry::WaDiscis);
+                         Q_EMIT SessionEvents::Of().CourtWanted(CourtEntry::WaDiscis);
                          for (const QString &button : {u"optCourtSelection_1"_s, kindButton}) {
                              if (auto *option = child<QAbstractButton>(form, button))
                                  option->click();

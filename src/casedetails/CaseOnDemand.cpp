@@ -3,6 +3,7 @@
 #include "casedetails/CaseWindow.h"
 #include "casedetails/OnDemandPanel.h"
 #include "controls/JobVoice.h"
+#include "controls/TabStrip.h"
 #include "core/GlobalState.h"
 #include "core/Log.h"
 #include "core/RunTimeError.h"
@@ -18,7 +19,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 constexpr int onDemandBlink = 500;
-constexpr int brokenDown = 911;
 } // namespace
 
 /// What is missing is offered and ticked. Only while a run waits or goes on are the ticks what the
@@ -67,6 +67,9 @@ void CaseWindow::cmdSearchNow_Click()
     // A run that broke down has kept its place in the queue: nobody else could remove it any more.
     WithdrawKey(txtMasterKey);
     FatalError = 0;
+    // The button that was pressed is off from here; the tabs are what one turns to next.
+    if (panel->isAncestorOf(window()->focusWidget()))
+        tabStrip->setFocus(Qt::OtherFocusReason);
     panel->SetCommandsEnabled(false);
     txtMasterKey = MakeMasterKey();
     HasTurn = false;
@@ -224,5 +227,5 @@ void CaseWindow::restoreOnDemandButtons()
     SetOnDemandPanel();
     panel->SetCommandsEnabled(true);
     printButton->setEnabled(true);
-    StopButton()->setEnabled(false);
+    DisableStop();
 }

@@ -21,7 +21,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 constexpr float pauseBeforeTab = 0.15F; ///< seconds
-constexpr int brokenDown = 911;
 } // namespace
 
 void CaseWindow::ProcessSearchRequests()
@@ -310,5 +309,9 @@ void CaseWindow::printIfAsked()
         return;
     chkAutoPrint = false;
     // Behind the run: a box must not keep the link from the other cases of a batch.
-    QMetaObject::invokeMethod(this, &CaseWindow::printDetails, Qt::QueuedConnection);
+    const auto print = [this] {
+        if (!IsUnloaded())
+            printDetails();
+    };
+    QMetaObject::invokeMethod(this, print, Qt::QueuedConnection);
 }

@@ -9,7 +9,6 @@
 #include "core/Log.h"
 #include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
-#include "link/Comm.h"
 
 #include <QLabel>
 
@@ -64,16 +63,10 @@ CaseWindow::SummaryRead CaseWindow::readSummary(const QString &request)
 {
     SummaryRead read;
     for (;;) {
-        const Response response = ReadResponse();
-        WriteAppInfo(u"Current Response: --> "_s + response.Token + u' '
-                     + QString::number(Number(response.Status)));
-        if (response.Status == ReadStatus::TimedOutOrLost) {
-            read.TimeOut = u"Search Error! Reason: Timed Out Waiting For Response from Server."_s;
-            return read;
-        }
-        if (response.Status != ReadStatus::Token)
-            throw RunTimeError(0, u"Halvane Server Connection was Dropped!"_s);
-        if (takeSummaryLine(response.Token, request, read))
+        const std::optional<QString> line = readLine(u" ");
+        if (!line)
+            read.TimeOut = timedOut.toString();
+        if (!line || takeSummaryLine(*line, request, read))
             return read;
     }
 }

@@ -14,7 +14,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr int brokenDown = 911;
 constexpr qsizetype errorWordLength = 5;
 
 const QString linkLost = u"Halvane Server Connection was Dropped!"_s;
@@ -28,6 +27,18 @@ void CaseWindow::sendTabRequest(const QString &request, bool withClientCode)
         line = EmbedClientCode(line, ClientAcctgCode);
     if (SendReq(line) != SendStatus::Sent)
         throw RunTimeError(0, linkLost);
+}
+
+std::optional<QString> CaseWindow::readLine(QStringView beforeStatus)
+{
+    const Response response = ReadResponse();
+    WriteAppInfo(u"Current Response: --> "_s + response.Token + beforeStatus
+                 + QString::number(Number(response.Status)));
+    if (response.Status == ReadStatus::TimedOutOrLost)
+        return std::nullopt;
+    if (response.Status != ReadStatus::Token)
+        throw RunTimeError(0, linkLost);
+    return response.Token;
 }
 
 void CaseWindow::retrieveTab(CaseTab tab, const QString &request)
@@ -85,28 +96,23 @@ CaseWindow::TabResult CaseWindow::readTab(CaseTab tab)
     QString errorText;
     bool failed = false;
     for (;;) {
-        const Response response = ReadResponse();
-        const QString status = QString::number(Number(response.Status));
-        const QString behind = tab == CaseTab::Names ? u" Ret Val: "_s : u" "_s;
-        WriteAppInfo(u"Current Response: --> "_s + response.Token + behind + status);
-        if (response.Status == ReadStatus::TimedOutOrLost)
-            return {false, u"Search Error! Reason: Timed Out Waiting For Response from Server."_s};
-        if (response.Status != ReadStatus::Token)
-            throw RunTimeError(0, linkLost);
-        switch (ClassifyTabLine(tab, response.Token)) {
+        const std::optional<QString> line = readLine(tab == CaseTab::Names ? u" Ret Val: " : u" ");
+        if (!line)
+            return {false, timedOut.toString()};
+        switch (ClassifyTabLine(tab, *line)) {
         case TabLine::EndOfReply:
             return {!failed, errorText};
         case TabLine::Error:
             failed = true;
-            errorText = response.Token.sliced(errorWordLength);
+            errorText = line->sliced(errorWordLength);
             break;
         case TabLine::Progress:
             break;
         case TabLine::Data:
-            lboxResponses.AddItem(TrimBlanks(response.Token));
+            lboxResponses.AddItem(TrimBlanks(*line));
             // The names have no such line: they would fill the log with people.
             if (tab != CaseTab::Names)
-                WriteAppInfo(u"Sent response to caller: "_s + response.Token);
+                WriteAppInfo(u"Sent response to caller: "_s + *line);
             break;
         }
     }

@@ -31,7 +31,7 @@ enum class CaseKind {
     NonCivil ///< frmNCCaseDetails
 };
 
-/// What is told of a tab wherever it appears.
+/// What a tab has of its own, wherever it appears.
 struct CaseTabRow
 {
     CaseTab tab;
@@ -42,9 +42,6 @@ struct CaseTabRow
     QStringView procedure; ///< without its brackets
     QStringView review;    ///< lblWarning when the tab is shown and is incomplete
 };
-
-/// The element of frameTabs that offers to retrieve what was left out.
-inline constexpr int onDemandFrame = 8;
 
 const CaseTabRow &CaseTabRowOf(CaseTab tab);
 

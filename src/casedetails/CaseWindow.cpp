@@ -13,6 +13,7 @@
 #include "core/CSetting.h"
 #include "core/GlobalState.h"
 #include "core/Log.h"
+#include "courts/CaseTypes.h"
 #include "jobs/TurnTaking.h"
 #include "session/SessionEvents.h"
 
@@ -29,8 +30,6 @@ namespace {
 constexpr JobPace casePace{2000, 500, 900, 700};
 constexpr int searchOnDemandInterval = 900;
 constexpr double headerScale = 1.2;
-
-constexpr std::array<QStringView, 4> bankruptcyStates{u"WAWBK", u"WAEBK", u"IDBK", u"ORBK"};
 
 /// Behind a list of several cases, "&" is written twice where a label would take it for a mnemonic.
 QString withoutDoubledAmpersands(QString text)
@@ -52,8 +51,6 @@ CaseWindow::CaseWindow(CaseKind windowKind, QWidget *parent)
     Global.bOnDemandRetry = true;
 }
 
-CaseWindow::~CaseWindow() = default;
-
 void CaseWindow::UseTab(CaseTab tab, QWidget *frame, FlexGrid *grid)
 {
     TabOf(tab).Frame = frame;
@@ -63,6 +60,7 @@ void CaseWindow::UseTab(CaseTab tab, QWidget *frame, FlexGrid *grid)
 void CaseWindow::load(QPushButton *cmdStopSearching, QPushButton *cmdCloseDetails,
                       QPushButton *help)
 {
+    voice = new JobVoice(this, lblStatus, TabOf(CaseTab::Summary).Grid);
     SetStatusText(u"Pending .."_s);
     QFont large = header->font();
     large.setBold(true);
@@ -72,15 +70,14 @@ void CaseWindow::load(QPushButton *cmdStopSearching, QPushButton *cmdCloseDetail
     QSizePolicy keepsPlace = lblWarning->sizePolicy();
     keepsPlace.setRetainSizeWhenHidden(true);
     lblWarning->setSizePolicy(keepsPlace);
-    voice = new JobVoice(this, lblStatus, TabOf(CaseTab::Summary).Grid);
     connect(cmdCloseDetails, &QPushButton::clicked, this, [this] { Unload(UnloadMode::Code); });
     connect(printButton, &QPushButton::clicked, this, &CaseWindow::printDetails);
     connect(help, &QPushButton::clicked, &SessionEvents::Of(), &SessionEvents::CaseHelpWanted);
     connect(tabStrip, &TabStrip::TabClicked, this, &CaseWindow::ActivateTab);
     connectPanel();
     SetTabs({CaseTabRowOf(CaseTab::Summary).caption.toString()});
-    showFrame(CaseTab::Summary);
-    StartJob(lblStatus, cmdStopSearching);
+    panel->FollowInTabOrder(tabStrip);
+    StartJob(lblStatus, cmdStopSearching, tabStrip);
 }
 
 void CaseWindow::connectPanel()
@@ -142,16 +139,14 @@ QString CaseWindow::lblDateFiled() const
 
 bool CaseWindow::IsBankruptcy() const
 {
-    return std::find(bankruptcyStates.begin(), bankruptcyStates.end(), lblState)
-           != bankruptcyStates.end();
+    return IsBankruptcyCourt(lblState);
 }
 
 void CaseWindow::SetStatusText(const QString &text, bool trouble)
 {
     SetStatusStyle(lblStatus, trouble ? StatusColour::Trouble : StatusColour::Normal, true);
     lblStatus->setText(text);
-    if (voice)
-        voice->SayState();
+    voice->SayState();
 }
 
 void CaseWindow::SetWarning(const QString &text, bool trouble)
@@ -183,8 +178,13 @@ void CaseWindow::ShowNotes(CaseTab, const QStringList &) {}
 
 void CaseWindow::SetTabs(const QStringList &captions)
 {
+    const QString before = tabStrip->SelectedCaption();
     tabCaptions = captions;
     tabStrip->SetCaptions(captions);
+    // The tab that was looked at may be gone.
+    const std::optional<CaseTab> tab = CaseTabOf(tabStrip->SelectedCaption());
+    if (tab && tabStrip->SelectedCaption() != before)
+        showFrame(*tab);
 }
 
 void CaseWindow::RemoveAllTabsButFirst()
@@ -251,10 +251,16 @@ void CaseWindow::showFrame(CaseTab tab)
         frame = panel;
         SetOnDemandPanel();
     }
+    // Who has the keyboard in the frame that goes has it in the one that comes, or on the strip
+    // when nothing there can take it: never on a button that nobody went to, and never nowhere.
+    const bool moves = frameTabs->isAncestorOf(window()->focusWidget());
+    frame->setEnabled(true);
+    frameTabs->setCurrentWidget(frame);
+    if (moves && !frame->isAncestorOf(window()->focusWidget()))
+        tabStrip->setFocus(Qt::OtherFocusReason);
     // What is out of sight takes no part: neither the keyboard nor a screen reader finds it.
     for (int i = 0; i < frameTabs->count(); ++i)
         frameTabs->widget(i)->setEnabled(frameTabs->widget(i) == frame);
-    frameTabs->setCurrentWidget(frame);
 }
 
 CaseOfRequest CaseWindow::requestFields() const
@@ -333,7 +339,7 @@ QString CaseWindow::StopRequest() const
 void CaseWindow::StopPressed()
 {
     // Before the question, and not taken back when it is declined: one press, one question.
-    StopButton()->setEnabled(false);
+    DisableStop();
     StopBlinking();
 }
 

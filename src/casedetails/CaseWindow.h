@@ -7,6 +7,7 @@
 #include "jobs/ListBox.h"
 
 #include <array>
+#include <optional>
 
 class FlexGrid;
 class JobVoice;
@@ -39,8 +40,6 @@ class CaseWindow : public JobWindow
 {
     Q_OBJECT
 public:
-    ~CaseWindow() override;
-
     void SetCaseDetailsHdr(const QString &text);
     QString lblCaseDetailsHdr() const;
     void SetCourtName(const QString &text);
@@ -159,6 +158,10 @@ private:
         QString Reason; ///< when it is not complete
     };
 
+    static constexpr int brokenDown = 911; ///< a value of FatalError
+    static constexpr QStringView timedOut =
+        u"Search Error! Reason: Timed Out Waiting For Response from Server.";
+
     void load(QPushButton *cmdStopSearching, QPushButton *cmdCloseDetails, QPushButton *help);
     void connectPanel();
     CaseOfRequest requestFields() const;
@@ -195,6 +198,9 @@ private:
     void retrieveTab(CaseTab tab, const QString &request);
     void doTabSearch(CaseTab tab, const QString &request);
     TabResult readTab(CaseTab tab);
+    /// The next line of a reply, logged with its status; nothing when the server fell silent.
+    /// Throws when the link broke.
+    std::optional<QString> readLine(QStringView beforeStatus);
     void sendTabRequest(const QString &request, bool withClientCode);
     void tabFailed(CaseTab tab, const RunTimeError &error);
 
@@ -232,7 +238,7 @@ private:
     std::array<CaseTabState, caseTabCount> tabs;
     QStringList tabCaptions;
     bool CaseInvalid = false;  ///< the court says that it has no such case
-    int FatalError = 0;        ///< 911 once a tab's exchange broke down
+    int FatalError = 0;        ///< brokenDown once a tab's exchange broke down
     bool UserQuestion = false; ///< the court asked whether arbitration is meant, and was answered
     bool ArbitrationAnswer = false;
     ArbitrationMode arbitration = ArbitrationMode::NotAsked;
@@ -243,6 +249,7 @@ private:
     bool onDemand = false;     ///< the run that waits or goes on is a later one
     bool choiceStands = false; ///< a later run waits or goes on: its ticks are the user's
     bool closesUnasked = false;
+    bool wasShown = false;
     qint16 flashTicks = 0;
 
     QLabel *header = nullptr;
@@ -256,5 +263,4 @@ private:
     OnDemandPanel *panel = nullptr;
     QPushButton *printButton = nullptr;
     JobVoice *voice = nullptr;
-    bool wasShown = false;
 };

@@ -1,5 +1,6 @@
 #include "casedetails/DiscisSummary.h"
 
+#include "casedetails/GridGrammar.h"
 #include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
 
@@ -35,11 +36,6 @@ constexpr Header nonCivilHeader{&DiscisSummaryView::Name,      &DiscisSummaryVie
 constexpr Header civilHeader{&DiscisSummaryView::CaseTitle, &DiscisSummaryView::CaseNo,
                              &DiscisSummaryView::CourtName, &DiscisSummaryView::DateFiled,
                              &DiscisSummaryView::Cause,     &DiscisSummaryView::SuitAmt};
-
-GridTable oneCell(QStringView text)
-{
-    return {{{QString(), 100}}, {{text.toString()}}, false};
-}
 
 /// The line as a sentence, without the marks that close its fields.
 QString sentence(const QString &line)
@@ -82,7 +78,7 @@ DiscisSummaryView notLocated()
     DiscisSummaryView view;
     view.CaptionSuffix = u" - This Case Was Not Located!"_s;
     view.Status = u"Search Stopped. Case Was Not Located."_s;
-    view.Grid = oneCell(noCase);
+    view.Grid = OneCellTable(noCase.toString());
     return view;
 }
 
@@ -117,7 +113,7 @@ DiscisSummaryView nonCivilSummary(const QStringList &lines)
         if (!lines.front().contains(row.phrase))
             continue;
         view.Note = u"Note: "_s + sentence(lines.front());
-        view.Grid = oneCell(row.cell);
+        view.Grid = OneCellTable(row.cell.toString());
         // The labels keep what the list of results told of the case, unless the court tells more.
         if (lines.size() > 1)
             fillHeader(view, nonCivilHeader, lines.sliced(1));
@@ -126,8 +122,8 @@ DiscisSummaryView nonCivilSummary(const QStringList &lines)
     clearNotes(view);
     fillHeader(view, nonCivilHeader, lines);
     const QStringList items = itemsBehind(lines);
-    view.Grid =
-        items.isEmpty() ? oneCell(u"No Additional Summary Details Available.") : pairGrid(items);
+    view.Grid = items.isEmpty() ? OneCellTable(u"No Additional Summary Details Available."_s)
+                                : pairGrid(items);
     return view;
 }
 
@@ -144,8 +140,8 @@ DiscisSummaryView civilSummary(const QStringList &lines)
         view.Note = u"Note: "_s + sentence(lines.front());
         view.Status = u"Search Stopped. "_s + notAssociated + u'.';
         view.CaptionSuffix = u" - "_s + notAssociated + u'!';
-        view.Grid =
-            oneCell(u"Case Number not associated with this court! No Summary Details Retrieved.");
+        view.Grid = OneCellTable(
+            u"Case Number not associated with this court! No Summary Details Retrieved."_s);
         return view;
     }
     clearNotes(view);
@@ -154,7 +150,7 @@ DiscisSummaryView civilSummary(const QStringList &lines)
     view.CaseTitle->replace(u'&', u"&&"_s).replace(u"  "_s, u" "_s);
     const QStringList items = itemsBehind(lines);
     if (items.isEmpty()) {
-        view.Grid = oneCell(u"This case was not located.");
+        view.Grid = OneCellTable(u"This case was not located."_s);
         return view;
     }
     view.Grid = {{{u"Summary Item"_s, 25}, {u"Item Description"_s, 50}, {u"Notes"_s, 25}},

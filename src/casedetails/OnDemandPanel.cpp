@@ -50,6 +50,19 @@ bool OnDemandPanel::IsChosen(int index) const
     return box->isChecked() && box->isEnabledTo(this);
 }
 
+void OnDemandPanel::FollowInTabOrder(QWidget *widget)
+{
+    QWidget *last = widget;
+    const auto follow = [&last](QWidget *next) {
+        setTabOrder(last, next);
+        last = next;
+    };
+    for (QCheckBox *box : chkTab)
+        follow(box);
+    for (QPushButton *button : {ui->cmdSelectAll, ui->cmdClearAll, ui->cmdSearchNow})
+        follow(button);
+}
+
 void OnDemandPanel::SetCommandsEnabled(bool enabled)
 {
     ui->cmdSearchNow->setEnabled(enabled);

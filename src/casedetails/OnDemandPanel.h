@@ -30,6 +30,9 @@ public:
     void Offer(int index, bool available);
     bool IsChosen(int index) const;
 
+    /// The Tab key comes to the panel from this widget.
+    void FollowInTabOrder(QWidget *widget);
+
     /// While a run waits or goes on nothing can be chosen for another.
     void SetCommandsEnabled(bool enabled);
 

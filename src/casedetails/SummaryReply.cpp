@@ -1,5 +1,6 @@
 #include "casedetails/SummaryReply.h"
 
+#include "casedetails/GridGrammar.h"
 #include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
 #include "courts/CaseTypes.h"
@@ -22,8 +23,6 @@ constexpr QStringView incompleteSummary =
 
 /// Below this a reply is no case.
 constexpr qsizetype fewestLines = 4;
-
-constexpr std::array<QStringView, 4> bankruptcyCourts{u"WAWBK", u"WAEBK", u"IDBK", u"ORBK"};
 
 constexpr std::array<QStringView, 2> noSuchBankruptcyCase{u"illegal case number", u"not found"};
 constexpr std::array<QStringView, 2> noSuchStateCase{u"error~requested case is not on file~",
@@ -61,12 +60,6 @@ constexpr std::array errorPhrases{
                 u"Search Incomplete. Idaho Courts Are Currently Unavailable."},
 };
 
-bool isBankruptcy(const QString &state)
-{
-    return std::find(bankruptcyCourts.begin(), bankruptcyCourts.end(), state)
-           != bankruptcyCourts.end();
-}
-
 bool holds(const QString &text, QStringView words)
 {
     return text.contains(words, Qt::CaseInsensitive);
@@ -94,11 +87,6 @@ QString singleBlanks(const QString &text)
     return QString(text).replace(u"  "_s, u" "_s);
 }
 
-GridTable oneCell(const QString &text)
-{
-    return {{{QString(), 100}}, {{text}}, false};
-}
-
 GridTable itemGrid()
 {
     return {{{u"Item"_s, 30}, {u"Description"_s, 70}}, {}, true};
@@ -122,7 +110,7 @@ std::optional<QString> headerField(const QStringList &lines, qsizetype line)
 SummaryView closedView(const SummaryContext &context, QStringView message)
 {
     SummaryView view;
-    view.Grid = oneCell(message.toString());
+    view.Grid = OneCellTable(message.toString());
     view.ActivateSummary = true;
     view.Tabs = QStringList{CaseTabRowOf(CaseTab::Summary).caption.toString()};
     if (holds(context.CaseTitle, u"pending")) {
@@ -149,7 +137,7 @@ SummaryView washingtonCase(const QStringList &lines)
         view.CaseTitle = QString(*title).replace(u'&', u"&&"_s);
     view.DateFiled = headerField(lines, 3);
     if (lines.size() < fewestLines) {
-        view.Grid = oneCell(notLocated.toString());
+        view.Grid = OneCellTable(notLocated.toString());
         return view;
     }
     GridTable grid = itemGrid();
@@ -198,7 +186,7 @@ SummaryView oregonOrIdahoCase(const SummaryContext &context, const QStringList &
     view.Tabs = stateTabs(context.State, lines.front());
 
     if (lines.size() < fewestLines) {
-        view.Grid = oneCell(notLocated.toString());
+        view.Grid = OneCellTable(notLocated.toString());
         return view;
     }
     GridTable grid = itemGrid();
@@ -246,7 +234,7 @@ SummaryView bankruptcyCase(const SummaryContext &context, const QStringList &lin
 {
     SummaryView view;
     if (lines.size() < fewestLines) {
-        view.Grid = oneCell(notLocated.toString());
+        view.Grid = OneCellTable(notLocated.toString());
         return view;
     }
     QStringList rows = lines;
@@ -306,7 +294,8 @@ SummaryLine ClassifySummaryLine(const QString &state, const QString &line)
     // No exception for a name that ends in "thereof": only the whole mark in capitals is the end.
     if (line.endsWith(u"EOF~"))
         return SummaryLine::EndOfReply;
-    if (isBankruptcy(state) && BeginsWith(line, u"ERROR") && holdsOneOf(line, noSuchBankruptcyCase))
+    if (IsBankruptcyCourt(state) && BeginsWith(line, u"ERROR")
+        && holdsOneOf(line, noSuchBankruptcyCase))
         return SummaryLine::BankruptcyNotFound;
     if ((state == u"OR" || state == u"ID") && holdsOneOf(line, noSuchStateCase))
         return SummaryLine::NotOnFile;
@@ -367,15 +356,15 @@ SummaryView ReadSummary(const SummaryContext &context, const QStringList &lines)
         SummaryView view;
         view.NotLocated = true;
         view.CaptionSuffix = u" - This Case Was Not Located!"_s;
-        view.Grid = oneCell(notLocated.toString());
+        view.Grid = OneCellTable(notLocated.toString());
         return view;
     }
     if (context.State == u"WA" && holds(first, invalidNumber)) {
         SummaryView view;
-        view.Grid = oneCell(first);
+        view.Grid = OneCellTable(first);
         return view;
     }
-    if (isBankruptcy(context.State))
+    if (IsBankruptcyCourt(context.State))
         return first == multipleMark ? bankruptcyList(lines) : bankruptcyCase(context, lines);
     if (oregon || idaho)
         return oregonOrIdahoCase(context, lines);

@@ -2,6 +2,7 @@
 
 #include "casedetails/GridGrammar.h"
 #include "core/TextUtilities.h"
+#include "courts/CaseTypes.h"
 
 #include <algorithm>
 #include <array>
@@ -115,7 +116,7 @@ unsigned courtsOf(CaseKind kind, const QString &state)
         return oregon;
     if (state == u"ID")
         return idaho;
-    return state.endsWith(u"BK") ? bankruptcy : washington;
+    return IsBankruptcyCourt(state) ? bankruptcy : washington;
 }
 
 const TabGridRow *rowOf(CaseTab tab, unsigned courts)

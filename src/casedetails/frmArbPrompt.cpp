@@ -1,5 +1,6 @@
 #include "casedetails/frmArbPrompt.h"
 
+#include "controls/FormWindow.h"
 #include "core/GlobalState.h"
 #include "jobs/TurnTaking.h"
 #include "ui_frmArbPrompt.h"
@@ -22,10 +23,11 @@ frmArbPrompt::frmArbPrompt(QWidget *parent)
 
 frmArbPrompt::~frmArbPrompt() = default;
 
-void frmArbPrompt::ShowModal(QWidget *parent)
+void frmArbPrompt::ShowModal(FormWindow *parent)
 {
     // The parent may go while the window is open, and takes it along.
     const QPointer<frmArbPrompt> form = new frmArbPrompt(parent);
+    connect(parent, &FormWindow::Unloaded, form, &frmArbPrompt::reject);
     const TurnHold hold;
     form->exec();
     delete form;

@@ -8,6 +8,8 @@ namespace Ui {
 class frmArbPrompt;
 }
 
+class FormWindow;
+
 /// Asks whether the details of the arbitration court are wanted, and leaves the answer in
 /// Global.ArbitrationChosen. Closing the window leaves what was there: no.
 class frmArbPrompt : public QDialog
@@ -17,8 +19,8 @@ public:
     explicit frmArbPrompt(QWidget *parent = nullptr);
     ~frmArbPrompt() override;
 
-    /// Shows the window and waits until it is answered.
-    static void ShowModal(QWidget *parent);
+    /// Shows the window and waits until it is answered, or its parent goes.
+    static void ShowModal(FormWindow *parent);
 
 private:
     const std::unique_ptr<Ui::frmArbPrompt> ui;

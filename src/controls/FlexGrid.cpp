@@ -19,6 +19,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -108,11 +109,6 @@ void FlexGrid::Show(const GridTable &newTable)
     sayRows();
     if (isVisible())
         layOut();
-}
-
-void FlexGrid::Clear()
-{
-    Show({});
 }
 
 int FlexGrid::Rows() const
@@ -455,7 +451,6 @@ void FlexGrid::changeEvent(QEvent *event)
         header->setFont(SmallerFont(font()));
         [[fallthrough]];
     case QEvent::StyleChange:
-    case QEvent::PaletteChange:
         // What was measured is wrong now, in sight or not.
         widthsMeasuredFor.clear();
         setLeastWidth();

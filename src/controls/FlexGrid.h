@@ -25,7 +25,6 @@ public:
     /// Shows this table in the place of whatever was shown. The user's column widths are kept for
     /// all grids of this object name.
     void Show(const GridTable &newTable);
-    void Clear();
     const GridTable &Table() const { return content.Table(); }
 
     /// The number of rows, the headers included when there are any.

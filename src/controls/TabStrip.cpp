@@ -9,6 +9,7 @@
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -71,11 +72,6 @@ QStringList TabStrip::Captions() const
     for (int i = 0; i < count(); ++i)
         captions.append(tabData(i).toString());
     return captions;
-}
-
-void TabStrip::RemoveAllButFirst()
-{
-    SetCaptions(Captions().mid(0, 1));
 }
 
 void TabStrip::SelectCaption(const QString &caption)

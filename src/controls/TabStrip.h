@@ -21,7 +21,6 @@ public:
     void SetCaptions(const QStringList &captions);
     /// The captions as they were given.
     QStringList Captions() const;
-    void RemoveAllButFirst();
 
     /// Selects the first tab whose caption ends in this one, in capitals or not, with or without
     /// "&" before it. No such tab: nothing happens.

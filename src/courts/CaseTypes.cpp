@@ -3,6 +3,7 @@
 #include "core/TextUtilities.h"
 #include "courts/ListFile.h"
 
+#include <algorithm>
 #include <array>
 
 using namespace Qt::StringLiterals;
@@ -26,6 +27,8 @@ constexpr std::array<NumberHead, 3> idahoHeads{
     {{u"CR-", u"Criminal"}, {u"CV-", u"Civil"}, {u"JV-", u"Juvenile"}}};
 
 constexpr qsizetype typeDigitPosition = 2;
+
+constexpr std::array<QStringView, 4> bankruptcyCourts{u"WAWBK", u"WAEBK", u"IDBK", u"ORBK"};
 } // namespace
 
 int LoadWaCaseTypes()
@@ -46,6 +49,12 @@ QStringList CaseTypesOf(const QString &court)
         types = {u"Civil"_s, u"Criminal"_s, u"Juvenile"_s};
     types.sort();
     return types;
+}
+
+bool IsBankruptcyCourt(QStringView state)
+{
+    return std::find(bankruptcyCourts.begin(), bankruptcyCourts.end(), state)
+           != bankruptcyCourts.end();
 }
 
 QString GetCaseTypeFromNumber(const QString &number, const QString &court)

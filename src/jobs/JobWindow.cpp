@@ -26,10 +26,11 @@ JobWindow::JobWindow(const JobPace &jobPace, QWidget *parent)
     connect(tmrBlink, &QTimer::timeout, this, &JobWindow::tmrBlink_Tick);
 }
 
-void JobWindow::StartJob(QLabel *lblStatus, QPushButton *cmdStopSearching)
+void JobWindow::StartJob(QLabel *lblStatus, QPushButton *cmdStopSearching, QWidget *home)
 {
     statusLabel = lblStatus;
     stopButton = cmdStopSearching;
+    homeOfFocus = home;
     // Nothing around a blinking label may jump.
     QSizePolicy keepsPlace = statusLabel->sizePolicy();
     keepsPlace.setRetainSizeWhenHidden(true);
@@ -122,8 +123,16 @@ void JobWindow::StopBlinking()
 void JobWindow::EndJob()
 {
     over = true;
-    stopButton->setEnabled(false);
+    DisableStop();
     StopBlinking();
+}
+
+/// Who is on the button would find themselves on the next one, which closes the window.
+void JobWindow::DisableStop()
+{
+    if (window()->focusWidget() == stopButton)
+        homeOfFocus->setFocus(Qt::OtherFocusReason);
+    stopButton->setEnabled(false);
 }
 
 void JobWindow::cmdStopSearching_Click()

@@ -49,8 +49,9 @@ public:
 protected:
     JobWindow(const JobPace &jobPace, QWidget *parent);
 
-    /// Takes the two controls that every job has, and starts the timers.
-    void StartJob(QLabel *lblStatus, QPushButton *cmdStopSearching);
+    /// Takes the two controls that every job has, and starts the timers. `home` gets the keyboard
+    /// when it is on Stop and Stop is over.
+    void StartJob(QLabel *lblStatus, QPushButton *cmdStopSearching, QWidget *home);
 
     enum class StopCase {
         AllJobs, ///< a logout, disconnect or exit; seen by Timer1
@@ -75,7 +76,7 @@ protected:
 
     void ShowStoppedStatus();
     void StopBlinking();
-    QPushButton *StopButton() const { return stopButton; }
+    void DisableStop();
     /// The job is over: no more stopping, no more blinking.
     void EndJob();
     /// Puts the window back into the queue, with the key it has.
@@ -109,6 +110,7 @@ private:
     const JobPace pace;
     QLabel *statusLabel = nullptr;
     QPushButton *stopButton = nullptr;
+    QWidget *homeOfFocus = nullptr;
     bool over = false;
     bool BlinkOn = false;
     bool blinking = true;

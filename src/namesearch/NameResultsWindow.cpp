@@ -51,7 +51,7 @@ void NameResultsWindow::load(QPushButton *cmdStopSearching)
     // The button is enabled when a search ends; the reports it opens come with a later version.
     connect(printButton, &QPushButton::clicked, this,
             [this] { MsgBox(this, u"Printing of results comes with a later version."_s); });
-    StartJob(lblStatus, cmdStopSearching);
+    StartJob(lblStatus, cmdStopSearching, listview1);
 }
 
 void NameResultsWindow::BeginSearching()

@@ -1,6 +1,7 @@
 #include "namesearch/ResultColumns.h"
 
-#include <algorithm>
+#include "courts/CaseTypes.h"
+
 #include <array>
 
 namespace {
@@ -103,8 +104,6 @@ constexpr std::array<ResultColumn, 8> namesAddressColumns{{
 constexpr std::array<QStringView, 9> kindNames{
     u"Superior",        u"Idaho",           u"Bankruptcy",     u"Index",         u"DiscisCivil",
     u"DiscisStatewide", u"DiscisAddresses", u"NamesStatewide", u"NamesAddresses"};
-
-constexpr std::array<QStringView, 4> bankruptcyStates{u"IDBK", u"WAEBK", u"WAWBK", u"ORBK"};
 } // namespace
 
 QString ResultKindName(ResultKind kind)
@@ -114,9 +113,7 @@ QString ResultKindName(ResultKind kind)
 
 ResultKind ResultKindOf(const QString &state, bool indexSearch, bool bankruptcy)
 {
-    if (bankruptcy
-        || std::any_of(bankruptcyStates.begin(), bankruptcyStates.end(),
-                       [&](QStringView known) { return state == known; }))
+    if (bankruptcy || IsBankruptcyCourt(state))
         return ResultKind::Bankruptcy;
     if (indexSearch)
         return ResultKind::Index;

@@ -1,9 +1,11 @@
 #include "casedetails/SummaryDesk.h"
 #include "controls/FlexGrid.h"
 #include "core/GlobalState.h"
+#include "jobs/frmQueue.h"
 
 #include <QAbstractButton>
 #include <QDialog>
+#include <QPointer>
 #include <QPushButton>
 
 namespace {
@@ -24,6 +26,7 @@ class tst_CaseArbitration : public SummaryTest
     Q_OBJECT
 private Q_SLOTS:
     void thePrompt();
+    void thePromptGoesWithItsWindow();
     void everyLineCarriesTheAnswer_data();
     void everyLineCarriesTheAnswer();
     void theQuestionMakesNoGrid();
@@ -80,6 +83,27 @@ void tst_CaseArbitration::thePrompt()
                                 u"&YES"_s, u"&NO"_s}));
     QVERIFY(modal);
     QVERIFY(plain);
+}
+
+void tst_CaseArbitration::thePromptGoesWithItsWindow()
+{
+    FetchAtOnce(u"CaseSearchTabs"_s, {});
+    court->Expect(SuperiorLine(u"SUMMARY"_s)).Reply(question);
+    court->Expect(answered(u"SUMMARY"_s, u" NOARBITRATION"_s)).Reply(superiorReply());
+    const QPointer<frmCaseDetails> window = Superior();
+    bool gone = false;
+    desk->Boxes.ExpectDialog(u"frmArbPrompt"_s, [&](QDialog *dialog) {
+        window->Unload(UnloadMode::MdiParent);
+        gone = dialog->isHidden();
+        dialog->reject();
+    });
+    desk->ConnectTo(*court);
+    desk->Time.Run(0.05);
+    Begin(window);
+    QTRY_VERIFY(window.isNull());
+    desk->Time.Stop();
+    QVERIFY(gone);
+    QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
 }
 
 void tst_CaseArbitration::everyLineCarriesTheAnswer_data()

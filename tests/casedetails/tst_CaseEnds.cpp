@@ -7,6 +7,7 @@
 #include "jobs/frmQueue.h"
 #include "link/Router.h"
 
+#include <QEventLoop>
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
@@ -73,6 +74,7 @@ class tst_CaseEnds : public CaseTest
 {
     Q_OBJECT
 private Q_SLOTS:
+    void aClosedCaseDoesNotPrint();
     void everyEnd_data();
     void everyEnd();
     void aWindowThatClosesSaysSo();
@@ -236,6 +238,28 @@ void tst_CaseEnds::everyEnd_data()
          true,
          false,
          false});
+}
+
+void tst_CaseEnds::aClosedCaseDoesNotPrint()
+{
+    FetchAtOnce(u"CaseSearchTabs"_s, {});
+    court->Expect(SuperiorLine(u"SUMMARY"_s)).Reply({});
+    const QPointer<frmCaseDetails> window = Superior();
+    window->chkAutoPrint = true;
+    desk->When([this] { return court->Requests().size() == 1; },
+               [&] {
+                   window->Unload(UnloadMode::MdiParent);
+                   court->SendTokens(SuperiorSummary() + QStringList{u"EOF~"_s});
+               });
+    desk->ConnectTo(*court);
+    desk->Time.Run(0.05);
+    Begin(window);
+    // In a loop as the program's own, which deletes nothing before what was posted earlier.
+    QEventLoop loop;
+    connect(window, &QObject::destroyed, &loop, &QEventLoop::quit);
+    loop.exec();
+    desk->Time.Stop();
+    QCOMPARE(desk->Boxes.Answered(), 0);
 }
 
 void tst_CaseEnds::everyEnd()

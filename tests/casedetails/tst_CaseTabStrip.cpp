@@ -53,6 +53,7 @@ private Q_SLOTS:
     void oneQuestionAtATime();
     void aClickActivatesOnce();
     void byTheProgramNoClickComes();
+    void aTabThatGoesTakesItsFrameAlong();
     void theWordOfATabIsFoundInAnyLetters();
     void aCaptionIsFoundLetterByLetter();
     void onlyTabsOfTheStripCanBeIncomplete();
@@ -315,6 +316,28 @@ void tst_CaseTabStrip::byTheProgramNoClickComes()
     QCOMPARE(clicks.count(), 0);
 }
 
+void tst_CaseTabStrip::aTabThatGoesTakesItsFrameAlong()
+{
+    // Somebody looks at Finance already when the Summary says that the case has none.
+    FetchAtOnce(u"OrCaseSearchTabs"_s, {});
+    court->Expect(u"OREGON@SUMMARY,NAMES,DOCKET,@02C12345@BAK C@"_s).Reply({});
+    frmCaseDetails *window = OfState(u"OR"_s, u"02C12345"_s);
+    QString before;
+    desk->When([this] { return court->Requests().size() == 1; },
+               [&] {
+                   ClickTab(window, u"Finance"_s);
+                   before = ShownFrame(window);
+                   court->SendTokens({u"TABS~DOCKET~"_s, u"Court~BAKER~"_s, u"Case#~02C12345~"_s,
+                                      u"Title~A VS B~"_s, u"Judge~NONE~"_s, u"Status~OPEN~"_s,
+                                      u"Filed~03/04/2002~"_s, u"EOF~"_s});
+               });
+    Run(window);
+    QCOMPARE(before, u"frameTabs_8"_s);
+    QCOMPARE(CaptionsOf(window), (QStringList{u"Summary"_s, u"Docket"_s}));
+    QCOMPARE(selected(window), u"Summary"_s);
+    QCOMPARE(ShownFrame(window), u"frameTabs_0"_s);
+}
+
 void tst_CaseTabStrip::theWordOfATabIsFoundInAnyLetters()
 {
     frmCaseDetails *window = withTabs();
@@ -340,7 +363,7 @@ void tst_CaseTabStrip::onlyTabsOfTheStripCanBeIncomplete()
     // A Docket that failed counts, until the strip has no Docket any more.
     const frmCaseDetails *window = withIncomplete(CaseTab::Docket);
     QVERIFY(window->AnyTabIncomplete());
-    window->findChild<TabStrip *>(u"TabStrip1"_s)->RemoveAllButFirst();
+    window->findChild<TabStrip *>(u"TabStrip1"_s)->SetCaptions({u"Summary"_s});
     QVERIFY(window->Tab(CaseTab::Docket).TabIncomplete);
     QVERIFY(!window->AnyTabIncomplete());
 }

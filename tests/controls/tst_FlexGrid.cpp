@@ -181,7 +181,7 @@ void tst_FlexGrid::anotherTableTakesThePlaceOfTheFirst()
 void tst_FlexGrid::clear()
 {
     show(names);
-    user->Grid->Clear();
+    user->Grid->Show({});
     QCOMPARE(user->Grid->Rows(), 0);
     QCOMPARE(user->Grid->Cols(), 0);
     QCOMPARE(user->Grid->Cell(0, 0), QString());
@@ -254,7 +254,7 @@ void tst_FlexGrid::alignmentIsKept()
 {
     user->Grid->SetColumnAlignment(1, Qt::AlignRight | Qt::AlignTop);
     show(names);
-    user->Grid->Clear();
+    user->Grid->Show({});
     user->Grid->Show(bare);
     QVERIFY(inkOf(pictureOf(0, 1)).First > 200);
     user->Grid->SetColumnAlignment(1, Qt::AlignLeft | Qt::AlignTop);
@@ -285,7 +285,7 @@ void tst_FlexGrid::noHeaderIsHidden()
     QVERIFY(!user->Grid->horizontalHeader()->isVisible());
     user->Grid->Show(names);
     QVERIFY(user->Grid->horizontalHeader()->isVisible());
-    user->Grid->Clear();
+    user->Grid->Show({});
     QVERIFY(!user->Grid->horizontalHeader()->isVisible());
 }
 
@@ -410,7 +410,7 @@ void tst_FlexGrid::screenReader()
     user->Grid->Show(TableOf({{QString(), 100}}, {{u"No Names Were Found For This Case."_s}}));
     QCOMPARE(grid->text(QAccessible::Description), u"1 row"_s);
     user->Grid->setAccessibleName(u"Names"_s);
-    user->Grid->Clear();
+    user->Grid->Show({});
     QCOMPARE(grid->text(QAccessible::Name), u"Names"_s);
     QCOMPARE(grid->text(QAccessible::Description), u"0 rows"_s);
 }

@@ -88,6 +88,7 @@ private Q_SLOTS:
     void washingtonCaseTypesAreTheLinesOfTheirFile();
     void caseTypeFromNumber_data();
     void caseTypeFromNumber();
+    void bankruptcyCourts();
     void countyCount_data();
     void countyCount();
     void aCountThatFindsNothingShowsABox();
@@ -310,6 +311,14 @@ void tst_Catalogues::caseTypeFromNumber()
     QFETCH(QString, court);
     QFETCH(QString, type);
     QCOMPARE(GetCaseTypeFromNumber(number, court), type);
+}
+
+void tst_Catalogues::bankruptcyCourts()
+{
+    for (const QString &state : {u"WAWBK"_s, u"WAEBK"_s, u"IDBK"_s, u"ORBK"_s})
+        QVERIFY2(IsBankruptcyCourt(state), qPrintable(state));
+    for (const QString &state : {u"WA"_s, u"OR"_s, u"ID"_s, u""_s, u"BK"_s, u"orbk"_s, u"ORBK "_s})
+        QVERIFY2(!IsBankruptcyCourt(state), qPrintable(state));
 }
 
 void tst_Catalogues::countyCount_data()
