@@ -78,6 +78,11 @@ bool TableTools::eventFilter(QObject *watched, QEvent *event)
         if (watched == view && findShortcut)
             findShortcut->setEnabled(false);
         break;
+    case QEvent::ShowToParent:
+    case QEvent::HideToParent:
+        if (watched == view)
+            findBar->GoWithTable(event->type() == QEvent::ShowToParent);
+        break;
     default:
         break;
     }
@@ -149,6 +154,14 @@ void TableTools::showMenu(const QPoint &where)
 void TableTools::OpenFind()
 {
     findBar->Open();
+}
+
+bool TableTools::HoldsFocus() const
+{
+    // Of its own window, which need not be the one that the user is in.
+    const QWidget *around = view->parentWidget() ? view->parentWidget() : view;
+    const QWidget *focus = around->focusWidget();
+    return focus && (focus == view || findBar->isAncestorOf(focus));
 }
 
 void TableTools::Copy(bool withHeaders)

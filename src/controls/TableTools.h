@@ -31,6 +31,8 @@ public:
     /// All rows that are shown, to a file that the user names.
     void ExportCsv();
     void OpenFind();
+    /// The focus of the table's window is in the table, or in the words to find in it.
+    bool HoldsFocus() const;
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
