@@ -40,6 +40,7 @@ protected:
 private:
     void makeMenu();
     void showMenu(const QPoint &where);
+    void writeCsv(const QString &path);
     void listenForFind();
     void openFindOfFocus();
     void showMenuAtRow();
