@@ -10,6 +10,8 @@
 #include <QTableView>
 #include <QToolButton>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -79,6 +81,17 @@ void FindBar::Close()
     hide();
     if (hadFocus)
         view->setFocus(Qt::OtherFocusReason);
+}
+
+void FindBar::GoWithTable(bool tableShown)
+{
+    if (!tableShown) {
+        withTable = !isHidden();
+        hide();
+    } else if (std::exchange(withTable, false)) {
+        show();
+        showCount();
+    }
 }
 
 /// Not before it is wanted: only then the window's layouts are surely in place.

@@ -18,6 +18,8 @@ public:
     /// Shows the bar, below the table, with the focus in its field.
     void Open();
     void Close();
+    /// A bar that is open is in sight as long as its table is: another one may take its place.
+    void GoWithTable(bool tableShown);
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
@@ -29,6 +31,7 @@ private:
 
     QTableView *view;
     RowFilter *filter;
+    bool withTable = false; ///< out of sight with its table, to come back with it
     QLineEdit *txtFind;
     QLabel *lblFindCount;
 };

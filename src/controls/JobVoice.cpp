@@ -15,16 +15,23 @@ constexpr float longJobSeconds = 20.0F;
 } // namespace
 
 JobVoice::JobVoice(QWidget *ownWindow, QLabel *status, QTableView *rows)
-    : QObject(ownWindow), window(ownWindow), stateLabel(status), table(rows), countTimer(this)
+    : QObject(ownWindow), window(ownWindow), stateLabel(status), countTimer(this)
 {
     countTimer.setSingleShot(true);
     countTimer.setInterval(countMilliseconds);
     connect(&countTimer, &QTimer::timeout, this, &JobVoice::SayState);
-    connect(table->model(), &QAbstractItemModel::rowsInserted, this, [this] {
+    AlsoFills(rows);
+    Started();
+}
+
+void JobVoice::AlsoFills(QTableView *rows)
+{
+    tables.append(rows);
+    connect(rows->model(), &QAbstractItemModel::rowsInserted, this, [this] {
         if (!countTimer.isActive())
             countTimer.start();
     });
-    Started();
+    SayState();
 }
 
 void JobVoice::Started()
@@ -33,17 +40,19 @@ void JobVoice::Started()
     SayState();
 }
 
-/// The words become the description of the table, where the focus is while one waits: a change of
+/// The words become the description of each table, where the focus is while one waits: a change of
 /// it is spoken, and it can be asked for. The label itself can be read at any time, even in the
 /// moments in which it blinks.
 void JobVoice::SayState()
 {
     countTimer.stop();
-    const int rows = table->model()->rowCount();
     const QString state = stateLabel->text().simplified();
     stateLabel->setAccessibleName(state);
-    table->setAccessibleDescription(state + u" - "_s + QString::number(rows)
-                                    + (rows == 1 ? u" row"_s : u" rows"_s));
+    for (QTableView *table : tables) {
+        const int rows = table->model()->rowCount();
+        table->setAccessibleDescription(state + u" - "_s + QString::number(rows)
+                                        + (rows == 1 ? u" row"_s : u" rows"_s));
+    }
 }
 
 void JobVoice::Ended(bool stoppedByUser)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QObject>
 #include <QTimer>
 
@@ -16,6 +17,9 @@ public:
     /// `status` is the label that shows the state, `rows` the table that the job fills.
     JobVoice(QWidget *ownWindow, QLabel *status, QTableView *rows);
 
+    /// The job fills this table, too: each says the state and the number of its own rows.
+    void AlsoFills(QTableView *rows);
+
     /// The job has been started, or started again: what the user waits for begins here.
     void Started();
     /// The state may read otherwise now.
@@ -26,7 +30,7 @@ public:
 private:
     QWidget *window;
     QLabel *stateLabel;
-    QTableView *table;
+    QList<QTableView *> tables;
     QTimer countTimer; ///< between two numbers of rows: nobody can listen to forty a second
     float startedAt = 0.0F;
 };

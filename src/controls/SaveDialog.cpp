@@ -16,26 +16,29 @@ std::function<QString(const QString &)> &replacement()
 }
 } // namespace
 
-QString AskWhereToSave(QWidget *parent, const QString &title, const QString &suggested,
-                       const QString &ending)
+void AskWhereToSave(QWidget *parent, const QString &title, const QString &suggested,
+                    const QString &ending, QObject *context,
+                    const std::function<void(const QString &path)> &save)
 {
-    if (replacement())
-        return replacement()(suggested);
-    // On the heap and watched: its parent may be closed, and deleted, while the dialog is up.
-    const QPointer<QFileDialog> dialog(new QFileDialog(parent, title));
+    if (replacement()) {
+        const QPointer<QObject> waiting(context);
+        const QString path = replacement()(suggested);
+        if (waiting && !path.isEmpty())
+            save(path);
+        return;
+    }
+    // It goes with its parent, which may be closed while it is up.
+    auto *dialog = new QFileDialog(parent, title);
     dialog->setObjectName(u"SaveDialog"_s);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setNameFilters(
         {ending.toUpper() + u" files (*."_s + ending + u')', u"All files (*)"_s});
     dialog->setDefaultSuffix(ending);
     dialog->setDirectory(QFileInfo(suggested).absolutePath());
     dialog->selectFile(QFileInfo(suggested).fileName());
-    const bool accepted = dialog->exec() == QDialog::Accepted;
-    if (!dialog)
-        return {};
-    const QString path = accepted ? dialog->selectedFiles().value(0) : QString();
-    delete dialog;
-    return path;
+    QObject::connect(dialog, &QFileDialog::fileSelected, context, save);
+    dialog->open();
 }
 
 void ReplaceSaveDialog(std::function<QString(const QString &suggested)> dialog)

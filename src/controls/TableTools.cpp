@@ -13,13 +13,16 @@
 #include <QContextMenuEvent>
 #include <QDir>
 #include <QMenu>
-#include <QPointer>
 #include <QShortcut>
 #include <QTableView>
 
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+constexpr QStringView exportTitle = u"Export to CSV ..";
+} // namespace
 
 TableTools::TableTools(QTableView *table)
     : QObject(table), view(table), widths(new ColumnWidths(table)), filter(new RowFilter(table)),
@@ -77,6 +80,11 @@ bool TableTools::eventFilter(QObject *watched, QEvent *event)
     case QEvent::Hide:
         if (watched == view && findShortcut)
             findShortcut->setEnabled(false);
+        break;
+    case QEvent::ShowToParent:
+    case QEvent::HideToParent:
+        if (watched == view)
+            findBar->GoWithTable(event->type() == QEvent::ShowToParent);
         break;
     default:
         break;
@@ -151,6 +159,14 @@ void TableTools::OpenFind()
     findBar->Open();
 }
 
+bool TableTools::HoldsFocus() const
+{
+    // Of its own window, which need not be the one that the user is in.
+    const QWidget *around = view->parentWidget() ? view->parentWidget() : view;
+    const QWidget *focus = around->focusWidget();
+    return focus && (focus == view || findBar->isAncestorOf(focus));
+}
+
 void TableTools::Copy(bool withHeaders)
 {
     const QList<int> rows = selectedRows();
@@ -160,19 +176,20 @@ void TableTools::Copy(bool withHeaders)
 
 void TableTools::ExportCsv()
 {
-    const QPointer<TableTools> self(this);
-    const QString title = u"Export to CSV .."_s;
     const QString suggested =
         QDir(Global.strReportFolder).filePath(FileNameOf(caption()) + u".csv"_s);
-    const QString path = AskWhereToSave(view->parentWidget(), title, suggested, u"csv"_s);
-    if (!self || path.isEmpty())
-        return;
+    AskWhereToSave(view->parentWidget(), exportTitle.toString(), suggested, u"csv"_s, this,
+                   [this](const QString &path) { writeCsv(path); });
+}
+
+void TableTools::writeCsv(const QString &path)
+{
     if (!ReplaceFileContent(path, CsvText(table(shownRows()))))
         MsgBox(view->parentWidget(),
                u"The list could not be written to this file:\n\n"_s + QDir::toNativeSeparators(path)
                    + u"\n\nCheck that the folder exists, that you may write there, and that there "
                      "is room on the disk. Nothing was changed."_s,
-               title, MsgButtons::Ok, MsgIcon::Exclamation);
+               exportTitle.toString(), MsgButtons::Ok, MsgIcon::Exclamation);
 }
 
 QList<int> TableTools::selectedRows() const

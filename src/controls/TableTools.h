@@ -31,6 +31,8 @@ public:
     /// All rows that are shown, to a file that the user names.
     void ExportCsv();
     void OpenFind();
+    /// The focus of the table's window is in the table, or in the words to find in it.
+    bool HoldsFocus() const;
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -38,6 +40,7 @@ protected:
 private:
     void makeMenu();
     void showMenu(const QPoint &where);
+    void writeCsv(const QString &path);
     void listenForFind();
     void openFindOfFocus();
     void showMenuAtRow();

@@ -57,6 +57,11 @@ void NameResultsWindow::load(QPushButton *cmdStopSearching)
 void NameResultsWindow::BeginSearching()
 {
     Global.bSearchInProgress = false;
+    SearchAgain();
+}
+
+void NameResultsWindow::SearchAgain()
+{
     RestartJob();
     voice->Started();
 }
@@ -98,6 +103,12 @@ void NameResultsWindow::CountRowsOf(ResultListView *list)
         if (pendingCount)
             ShowCount(*pendingCount);
     });
+}
+
+void NameResultsWindow::AlsoFills(ResultListView *list)
+{
+    CountRowsOf(list);
+    voice->AlsoFills(list);
 }
 
 int NameResultsWindow::RowCount() const

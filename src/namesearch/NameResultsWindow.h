@@ -108,6 +108,10 @@ protected:
     void ShowCount(int rows);
     /// The count follows the rows of this list, each time that they are shown.
     void CountRowsOf(ResultListView *list);
+    /// The same for a further list, which a screen reader tells of, too.
+    void AlsoFills(ResultListView *list);
+    /// The window waits again, with the key that it has: what the user waits for begins here.
+    void SearchAgain();
     /// A whole row has come: the count reads so many when the rows are shown next. A row that was
     /// cut short is not counted.
     void CountLater(int rows) { pendingCount = rows; }

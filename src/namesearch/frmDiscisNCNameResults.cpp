@@ -2,6 +2,7 @@
 
 #include "controls/MsgBox.h"
 #include "controls/ResultListView.h"
+#include "controls/TableTools.h"
 #include "core/GlobalState.h"
 #include "core/RunTimeError.h"
 #include "namesearch/DuplicateNames.h"
@@ -52,7 +53,7 @@ frmDiscisNCNameResults::frmDiscisNCNameResults(QWidget *parent)
     connect(ui->cmdViewDupes, &QPushButton::clicked, this,
             &frmDiscisNCNameResults::ToggleDupesView);
     UseDiscisControls(*ui);
-    CountRowsOf(ui->lvDupe);
+    AlsoFills(ui->lvDupe);
 }
 
 frmDiscisNCNameResults::~frmDiscisNCNameResults() = default;
@@ -109,11 +110,12 @@ void frmDiscisNCNameResults::ToggleDupesView()
 {
     ResultListView *behind = ShowingDupes ? ui->lvDupe : ui->listview1;
     ResultListView *front = ShowingDupes ? ui->listview1 : ui->lvDupe;
-    const bool focused = focusWidget() == behind;
+    const bool focused = behind->Tools()->HoldsFocus();
     ShowingDupes = !ShowingDupes;
     const ViewTexts &texts = views[ShowingDupes ? 1 : 0];
     front->show();
-    // The cursor stays on the list, whichever it is: hiding would send it to the next control.
+    // The cursor stays on the list, whichever it is, or goes there from the words to find in it:
+    // hiding would send it to the next control.
     if (focused)
         front->setFocus();
     behind->hide();
@@ -154,7 +156,7 @@ void frmDiscisNCNameResults::RetrieveCheckedNames()
     // Pending as at first, so that Stop withdraws the key until the turn has come.
     SetStatus(u"Pending .."_s, StatusStyle::NormalBold);
     ShowInProgress();
-    RestartJob();
+    SearchAgain();
 }
 
 /// A search that found too many and listed none has put a notice in the place of the cases.

@@ -68,6 +68,7 @@ private Q_SLOTS:
     void tableInAGrid();
     void tableThatStandsFree();
     void twoTablesInOnePlace();
+    void theBarGoesWithItsTable();
     void theCountIsToldToScreenReaders();
     void hundredThousandRows();
 
@@ -395,6 +396,26 @@ void tst_FindBar::twoTablesInOnePlace()
         second->setFocus();
         QCOMPARE(tableAbove(), second);
     }
+}
+
+void tst_FindBar::theBarGoesWithItsTable()
+{
+    user->Find(u"smith"_s);
+    const QWidget *bar = user->Field()->parentWidget();
+    QVERIFY(user->List->Tools()->HoldsFocus());
+    user->List->hide();
+    QVERIFY(!bar->isVisible());
+    user->Fill({u"SMITHERS"_s});
+    user->List->show();
+    QVERIFY(bar->isVisible());
+    QCOMPARE(user->Count(), u"3 of 5 shown"_s);
+    user->Other->setFocus();
+    QVERIFY(!user->List->Tools()->HoldsFocus());
+    // One that was closed does not come.
+    QTest::keyClick(user->Field(), Qt::Key_Escape);
+    user->List->hide();
+    user->List->show();
+    QVERIFY(!bar->isVisible());
 }
 
 void tst_FindBar::theCountIsToldToScreenReaders()

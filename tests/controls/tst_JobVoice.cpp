@@ -31,6 +31,7 @@ private Q_SLOTS:
     void withoutATrayNothingBreaks();
     void stateIsSpoken();
     void rowsAreSpokenNowAndThen();
+    void eachTableTellsItsOwnRows();
     void theEndIsAnAlert();
 
 private:
@@ -213,6 +214,22 @@ void tst_JobVoice::rowsAreSpokenNowAndThen()
     addRows(1);
     QTRY_COMPARE(list->accessibleDescription(), u"Pending .. - 11 rows"_s);
     QVERIFY(!pause->isActive());
+}
+
+void tst_JobVoice::eachTableTellsItsOwnRows()
+{
+    auto *second = new ResultListView(window.get());
+    second->SetColumns({{u"Name"_s, 1500}});
+    voice->AlsoFills(second);
+    QCOMPARE(second->accessibleDescription(), u"Pending .. - 0 rows"_s);
+    second->List()->AddRow({u"JONES"_s});
+    second->List()->Flush();
+    // Its rows are news as those of the first are.
+    QVERIFY(voice->findChild<QTimer *>()->isActive());
+    status->setText(u"Searching .."_s);
+    voice->SayState();
+    QCOMPARE(list->accessibleDescription(), u"Searching .. - 0 rows"_s);
+    QCOMPARE(second->accessibleDescription(), u"Searching .. - 1 row"_s);
 }
 
 void tst_JobVoice::theEndIsAnAlert()

@@ -10,6 +10,7 @@
 #include <QHeaderView>
 #include <QMainWindow>
 #include <QMenuBar>
+#include <QPointer>
 #include <QTableWidget>
 
 #include <memory>
@@ -40,6 +41,7 @@ private Q_SLOTS:
     void fullDiskKeepsTheOldFile();
     void listClosedWhileTheFileIsAskedFor();
     void theDialog();
+    void theListIsClosedUnderTheDialog();
     void anyTable();
 
 private:
@@ -294,7 +296,22 @@ void tst_TableTools::theDialog()
         dialog->accept();
     });
     user->List->Tools()->ExportCsv();
-    QVERIFY(QFile::exists(path));
+    // Whoever called it goes on meanwhile.
+    QVERIFY(!QFile::exists(path));
+    QTRY_VERIFY(QFile::exists(path));
+    QTRY_VERIFY(!user->Window.findChild<QDialog *>());
+}
+
+void tst_TableTools::theListIsClosedUnderTheDialog()
+{
+    user->List->Tools()->ExportCsv();
+    const QPointer<QFileDialog> dialog(user->Window.findChild<QFileDialog *>(u"SaveDialog"_s));
+    QVERIFY(dialog->isVisible());
+    delete user->List;
+    Q_EMIT dialog->fileSelected(folder->Path(u"out.csv"_s));
+    QVERIFY(!QFile::exists(folder->Path(u"out.csv"_s)));
+    dialog->reject();
+    QTRY_VERIFY(dialog.isNull());
 }
 
 void tst_TableTools::anyTable()

@@ -1,3 +1,4 @@
+#include "controls/TableTools.h"
 #include "namesearch/DupesSearch.h"
 
 namespace {
@@ -240,6 +241,12 @@ void tst_DupesWindow::theFocusGoesWithTheLists()
     QCOMPARE(window->focusWidget()->objectName(), u"lvDupe"_s);
     window->ToggleDupesView();
     QCOMPARE(window->focusWidget()->objectName(), u"listview1"_s);
+    // Whoever looks for words in a list that goes is in the other one then.
+    ListOf(window)->Tools()->OpenFind();
+    QCOMPARE(window->focusWidget()->objectName(), u"txtFind"_s);
+    window->ToggleDupesView();
+    QCOMPARE(window->focusWidget()->objectName(), u"lvDupe"_s);
+    window->ToggleDupesView();
     ButtonOf(window, "cmdViewDupes")->setFocus();
     window->ToggleDupesView();
     QCOMPARE(window->focusWidget()->objectName(), u"cmdViewDupes"_s);

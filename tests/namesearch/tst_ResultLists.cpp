@@ -3,7 +3,7 @@
 #include "controls/ResultListView.h"
 #include "controls/TableTools.h"
 #include "core/UserStore.h"
-#include "namesearch/DistrictSearch.h"
+#include "namesearch/DupesSearch.h"
 #include "namesearch/ResultColumns.h"
 
 #include <QApplication>
@@ -32,6 +32,7 @@ private Q_SLOTS:
     void aLongSearchTellsOfItsEnd();
     void aStoppedSearchIsNoNews();
     void aPendingSearchThatIsStoppedSaysSo();
+    void theCasesOfNamesAreASearchOfTheirOwn();
     void widthsOfTheKind_data();
     void widthsOfTheKind();
     void namesOfTheKindsAreDifferent();
@@ -146,6 +147,31 @@ void tst_ResultLists::aPendingSearchThatIsStoppedSaysSo()
     QCOMPARE(ListOf(window)->accessibleDescription(), u"Pending .. - 0 rows"_s);
     ButtonOf(window, "cmdStopSearching")->click();
     QCOMPARE(ListOf(window)->accessibleDescription(), u"Search Stopped By User .. - 0 rows"_s);
+}
+
+void tst_ResultLists::theCasesOfNamesAreASearchOfTheirOwn()
+{
+    int notices = 0;
+    ReplaceDesktopNotice([&](QWidget *, const QString &, const QString &) { ++notices; });
+    court->Expect(StatewideLine()).Reply({PersonRow(u"A"_s), u"EOF~"_s});
+    court->Expect(CasesLine(u"A"_s, 1)).Reply({CaseRow(u"SMITH"_s), u"EOF~"_s});
+    const frmDiscisNCNameResults *window = Search(new frmDiscisNCNameResults, {StatewideLine()});
+    QCOMPARE(ListOf(window, "lvDupe")->accessibleDescription(),
+             u"Search Complete: 1 Duplicate Names Found. - 1 row"_s);
+    // How long the user looks at the names is no matter.
+    desk->Time.Advance(longSearchSeconds);
+    CheckRow(window, 0);
+    ButtonOf(window, "cmdSearchResults_0")->click();
+    QCOMPARE(ListOf(window, "lvDupe")->accessibleDescription(), u"Pending .. - 1 row"_s);
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&other));
+    QVERIFY(desk->Finish(window));
+    ReplaceDesktopNotice({});
+    QCOMPARE(notices, 0);
+    QCOMPARE(ListOf(window)->accessibleDescription(),
+             u"Search Complete: 1 Case Retrieved. - 1 row"_s);
 }
 
 void tst_ResultLists::widthsOfTheKind_data()
