@@ -61,6 +61,7 @@ private Q_SLOTS:
     void theReasonOfARowIsWhatTheNextRowsSee();
     void firstTestThatHolds_data();
     void firstTestThatHolds();
+    void anInvalidNumberIsShownByWashingtonOnly();
     void aTitleThatIsNotPendingStays();
     void idahoNotOnFileGivesTheCellAndOneTab();
     void anEmptyReplyEndsTheSearch();
@@ -83,6 +84,7 @@ private Q_SLOTS:
     void bankruptcyTabs();
     void aBankruptcyReplyWithoutTabsKeepsTheStrip();
     void theChapterGoesBehindTheTitleWhereverItStands();
+    void bankruptcyItemsInAnyLetters();
     void bankruptcyList();
     void theListIsForBankruptcyCourtsOnly();
 };
@@ -107,6 +109,7 @@ void tst_SummaryReply::eachLine_data()
     row("illegal number, small letters", u"ORBK"_s, u"error~ILLEGAL case number~"_s,
         SummaryLine::BankruptcyNotFound);
     row("another bankruptcy error", u"ORBK"_s, u"ERROR~Down~"_s, SummaryLine::Error);
+    row("an error in other letters is data", u"WA"_s, u"Error~Down~"_s, SummaryLine::Data);
     row("not found, but no error", u"ORBK"_s, u"Assets~not found~"_s, SummaryLine::Data);
     row("not found elsewhere", u"WA"_s, u"ERROR~Case Not Found~"_s, SummaryLine::Error);
     row("not found in Oregon", u"OR"_s, u"ERROR~Case Not Found~"_s, SummaryLine::Error);
@@ -244,6 +247,14 @@ void tst_SummaryReply::firstTestThatHolds()
     QCOMPARE(view.DateFiled.value_or(QString()), closed ? u"N/A"_s : QString());
     QCOMPARE(view.TopFrameCaseType.value_or(QString()), closed ? u"N/A"_s : QString());
     QVERIFY(!view.NotLocated);
+}
+
+void tst_SummaryReply::anInvalidNumberIsShownByWashingtonOnly()
+{
+    const QStringList lines{u"02-2-1~is not a valid case number~"_s};
+    QCOMPARE(*ReadSummary(contextOf(u"WA"_s), lines).Grid, cell(lines.first()));
+    for (const QString &state : {u"OR"_s, u"ID"_s, u"WAWBK"_s})
+        QCOMPARE(*ReadSummary(contextOf(state), lines).Grid, cell(located));
 }
 
 void tst_SummaryReply::aTitleThatIsNotPendingStays()
@@ -503,6 +514,15 @@ void tst_SummaryReply::theChapterGoesBehindTheTitleWhereverItStands()
     SummaryContext context = contextOf(u"IDBK"_s);
     context.CaseTitle = u"DOE"_s;
     QCOMPARE(*ReadSummary(context, lines).CaseTitle, u"DOE (Chapter 13)"_s);
+}
+
+void tst_SummaryReply::bankruptcyItemsInAnyLetters()
+{
+    const SummaryView view =
+        ReadSummary(contextOf(u"IDBK"_s), {u"The cAsE tItLe is~SMITH~"_s, u"Under cHaPtEr~13~"_s,
+                                           u"DATE FILED on~03/16/1999~"_s, u"Judge~NONE~"_s});
+    QCOMPARE(*view.CaseTitle, u"SMITH (Chapter 13)"_s);
+    QCOMPARE(*view.DateFiled, u"03/16/1999"_s);
 }
 
 void tst_SummaryReply::bankruptcyList()

@@ -354,6 +354,8 @@ void tst_TabGrids::notes_data()
         << table + u"\nN~a~"_s << QStringList() << u"A 100\n1\nNOTE"_s;
     QTest::newRow("a note in lower case is none")
         << u"n~a~\n"_s + table << QStringList() << u"no columns"_s;
+    QTest::newRow("a note that is not at the head of its line is none")
+        << u"x~N~a~\n"_s + table << QStringList() << u"no columns"_s;
     QTest::newRow("notes alone leave the message")
         << u"N~a~\nN~b~"_s << QStringList{u"a"_s, u"b"_s} << u"message"_s;
 }
@@ -385,6 +387,8 @@ void tst_TabGrids::notes()
                     line.replace(0, 2, note);
                 else if (line.startsWith(u"n~"))
                     line.replace(0, 2, note.toLower());
+                else if (line.startsWith(u"x~N~"))
+                    line.replace(2, 2, note);
             }
             return ShowTabResponse(row.kind, u"WA"_s, row.tab, lines, false, request);
         };
