@@ -1,10 +1,10 @@
 #include "casedetails/OnDemandDesk.h"
 #include "casedetails/frmCaseDetails.h"
+#include "controls/TabStrip.h"
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
 #include "session/frmLogin.h"
 
-#include <QDialog>
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
@@ -249,20 +249,22 @@ void tst_OnDemand::eachTabIsShownAsItArrives()
     CaseWindow *window = AfterFirstRun(kind);
     ClickTab(window, u"Docket"_s);
     const QList<CaseTab> tabs = TabsOf(kind);
+    const auto *strip = window->findChild<TabStrip *>(u"TabStrip1"_s);
+    const auto inSight = [&] { return ShownFrame(window).append(u' ' + strip->SelectedCaption()); };
     QStringList shown;
-    QStringList expected{u"frameTabs_8"_s};
+    QStringList expected{u"frameTabs_8 Docket"_s};
     for (int i = 0; i < tabs.size(); ++i) {
         court->Expect(LineOf(kind, tabs[i])).Reply({});
         // What is in sight while the tab is asked for is the one before it.
         desk->When([this, i] { return court->Requests().size() == i + 2; },
                    [&, i] {
-                       shown.append(ShownFrame(window));
+                       shown.append(inSight());
                        court->SendTokens(ReplyOf(tabs[i]));
                    });
-        expected.append(FrameOf(tabs[i]));
+        expected.append(FrameOf(tabs[i]) + u' ' + CaptionOf(tabs[i]));
     }
     SearchNowToTheEnd(window);
-    shown.append(ShownFrame(window));
+    shown.append(inSight());
     QCOMPARE(shown, expected);
     for (const CaseTab tab : tabs) {
         QCOMPARE(CellsOf(window, tab).value(1).value(1), CaptionOf(tab));
@@ -273,10 +275,8 @@ void tst_OnDemand::eachTabIsShownAsItArrives()
     QCOMPARE(ColourOf(window, "lblStatus"), u"blue"_s);
     QCOMPARE(TextOf(window, "lblWarning"), QString());
     QVERIFY(!IsSeen(window, "lblWarning"));
-    QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
-    QVERIFY(!Global.bSearchInProgress);
-    QVERIFY(CommandsEnabled(window));
-    QVERIFY(ButtonOf(window, "cmdPrintDetails")->isEnabled());
+    QVERIFY(frmQueue::Form().FIFO.ListCount() == 0 && !Global.bSearchInProgress);
+    QVERIFY(CommandsEnabled(window) && ButtonOf(window, "cmdPrintDetails")->isEnabled());
     QVERIFY(!ButtonOf(window, "cmdStopSearching")->isEnabled());
 }
 

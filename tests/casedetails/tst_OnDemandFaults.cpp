@@ -191,8 +191,11 @@ void tst_OnDemandFaults::aLostLink()
     QVERIFY(!desk->Folder.Logged(u"NORMAL EXIT - from Process On Demand Search Reqeusts."_s));
     QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{window->txtMasterKey});
     QVERIFY(!window->Tab(CaseTab::Docket).TabDone);
-    // What is missing can be asked for again.
+    // What is missing can be asked for again, and is offered so.
     QVERIFY(CommandsEnabled(window));
+    QVERIFY(!BoxOf(window, CaseTab::Names)->isChecked());
+    ClickTab(window, u"Names"_s);
+    QVERIFY(BoxOf(window, CaseTab::Names)->isChecked());
 }
 
 void tst_OnDemandFaults::aLinkThatIsLostInTheMiddle_data()

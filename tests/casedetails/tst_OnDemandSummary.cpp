@@ -218,6 +218,11 @@ void tst_OnDemandSummary::aRunTimeErrorAheadOfTheSummary()
     // As behind every break: its place is kept until it goes, and it can be asked again.
     QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{window->txtMasterKey});
     QVERIFY(CommandsEnabled(window));
+    // No run goes on whose ticks would be the user's.
+    BoxOf(window, CaseTab::Summary)->setChecked(false);
+    AnswerPrompt(true);
+    ClickTab(window, u"Summary"_s);
+    QVERIFY(BoxOf(window, CaseTab::Summary)->isChecked());
 }
 
 void tst_OnDemandSummary::aBankruptcySummary()
