@@ -259,10 +259,14 @@ constexpr QStringView arrestedCode = u"SHRTWA";
 /// The day itself, or the first one behind it on which a court is open.
 QDate workingDay(QDate day)
 {
-    const int code = day.month() * 100 + day.day();
-    if (std::find(holidays.begin(), holidays.end(), code) != holidays.end())
+    const auto isClosed = [&day] {
+        const int code = day.month() * 100 + day.day();
+        return day.dayOfWeek() > Qt::Friday
+               || std::find(holidays.begin(), holidays.end(), code) != holidays.end();
+    };
+    while (isClosed())
         day = day.addDays(1);
-    return day.dayOfWeek() > Qt::Friday ? day.addDays(8 - day.dayOfWeek()) : day;
+    return day;
 }
 
 class DocketWriter

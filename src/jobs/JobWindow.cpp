@@ -127,7 +127,7 @@ void JobWindow::EndJob()
     StopBlinking();
 }
 
-/// Who is on the button would find themselves on the next one, which closes the window.
+/// Who is on the button would find themselves on the next one, which in a case closes the window.
 void JobWindow::DisableStop()
 {
     if (window()->focusWidget() == stopButton)

@@ -61,6 +61,7 @@ private Q_SLOTS:
     void stopThatCannotBeSentRemovesLineZeroAndLogs();
     void aStopOverALostLinkLeavesTheNextJobItsKey();
     void stopTwiceIsNotPossible();
+    void fromStopTheKeyboardGoesToTheList();
 };
 
 void tst_NameSearchStop::init()
@@ -419,6 +420,16 @@ void tst_NameSearchStop::stopTwiceIsNotPossible()
                [&] { court->SendTokens({u"EOF~"_s}); });
     QVERIFY(QTest::qWaitFor([&] { return TextOf(window, "lblSearchStatus") == someMissing; }));
     QCOMPARE(court->Requests().count(stopRequest), 1);
+}
+
+void tst_NameSearchStop::fromStopTheKeyboardGoesToTheList()
+{
+    // And not to whatever button comes next.
+    Global.bShowAlerts = false;
+    frmNameSearchResults *window = desk->MakePending({RequestLine()});
+    ButtonOf(window, "cmdStopSearching")->setFocus();
+    click(window, "cmdStopSearching");
+    QCOMPARE(window->focusWidget()->objectName(), u"listview1"_s);
 }
 
 QTEST_MAIN(tst_NameSearchStop)
