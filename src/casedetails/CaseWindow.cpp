@@ -184,7 +184,14 @@ void CaseWindow::ShowNotes(CaseTab, const QStringList &) {}
 void CaseWindow::SetTabs(const QStringList &captions)
 {
     tabCaptions = captions;
+    const QString selected = tabStrip->SelectedCaption();
     tabStrip->SetCaptions(captions);
+    if (tabStrip->SelectedCaption() == selected)
+        return;
+    // The tab that was in sight has gone: what the strip has selected instead comes into sight.
+    const std::optional<CaseTab> tab = CaseTabOf(tabStrip->SelectedCaption());
+    if (tab && Tab(*tab).Frame)
+        showFrame(*tab);
 }
 
 void CaseWindow::RemoveAllTabsButFirst()
