@@ -178,12 +178,14 @@ void CaseWindow::ShowNotes(CaseTab, const QStringList &) {}
 
 void CaseWindow::SetTabs(const QStringList &captions)
 {
-    const QString before = tabStrip->SelectedCaption();
     tabCaptions = captions;
+    const QString selected = tabStrip->SelectedCaption();
     tabStrip->SetCaptions(captions);
-    // The tab that was looked at may be gone.
+    if (tabStrip->SelectedCaption() == selected)
+        return;
+    // The tab that was in sight has gone: what the strip has selected instead comes into sight.
     const std::optional<CaseTab> tab = CaseTabOf(tabStrip->SelectedCaption());
-    if (tab && tabStrip->SelectedCaption() != before)
+    if (tab && Tab(*tab).Frame)
         showFrame(*tab);
 }
 

@@ -33,6 +33,7 @@ private Q_SLOTS:
     void theAnswerGoesBeforeTheClientCode();
     void aTabThatWasLeftOutCarriesItToo();
     void theAnswerIsForThisCaseOnly();
+    void anAnswerOfAnotherWindowIsForgotten();
     void theQuestionNeedsItsEndMark();
 
 private:
@@ -217,6 +218,25 @@ void tst_CaseArbitration::theAnswerIsForThisCaseOnly()
     Begin(other);
     QVERIFY(Finished(other));
     QVERIFY(other->Tab(CaseTab::Names).TabDone);
+}
+
+/// The last answer is the program's: no question after this may find it.
+void tst_CaseArbitration::anAnswerOfAnotherWindowIsForgotten()
+{
+    FetchAtOnce(u"CaseSearchTabs"_s, {u"Names"_s});
+    court->Expect(SuperiorLine(u"SUMMARY"_s)).Reply(question);
+    court->Expect(answered(u"SUMMARY"_s, u" NOARBITRATION"_s)).Reply(superiorReply());
+    court->Expect(answered(u"NAMES"_s, u" NOARBITRATION"_s)).Reply({});
+    answer(u"Command2"_s);
+    desk->When([this] { return court->Requests().size() == 3; },
+               [this] {
+                   Global.ArbitrationChosen = true;
+                   court->SendTokens({u"EOF~"_s});
+               });
+    frmCaseDetails *window = Superior();
+    Run(window);
+    QVERIFY(window->Tab(CaseTab::Names).TabDone);
+    QVERIFY(!Global.ArbitrationChosen);
 }
 
 void tst_CaseArbitration::theQuestionNeedsItsEndMark()

@@ -75,6 +75,7 @@ private Q_SLOTS:
     void aPauseBeforeEveryTab();
     void anArchivedCaseShowsItsMark_data();
     void anArchivedCaseShowsItsMark();
+    void theHeadingOfAnArchivedCaseHasNoOtherMark();
 
 private:
     /// The court answers a summary with `summary` and all other lines with tables.
@@ -466,6 +467,15 @@ void tst_CaseConversation::anArchivedCaseShowsItsMark()
     Run(window);
     QCOMPARE(window->lblCaseDetailsHdr(), header);
     QTEST(window->windowTitle(), "caption");
+}
+
+void tst_CaseConversation::theHeadingOfAnArchivedCaseHasNoOtherMark()
+{
+    expect({SuperiorLine(u"SUMMARY"_s)}, SuperiorSummary() + QStringList{u"EOF~"_s});
+    frmCaseDetails *window = Superior(u">>*02-1-00123-4"_s);
+    window->SetCaseDetailsHdr(u"Case Details (>>*02-1-00123-4)"_s);
+    Run(window);
+    QCOMPARE(window->lblCaseDetailsHdr(), u"Case Details (*02-1-00123-4)"_s);
 }
 
 QTEST_MAIN(tst_CaseConversation)

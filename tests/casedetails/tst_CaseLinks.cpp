@@ -44,6 +44,7 @@ private Q_SLOTS:
     void notLoggedInIsAskedFirst_data();
     void notLoggedInIsAskedFirst();
     void aCaseOfTheJudgments();
+    void onlyJudgmentsOfTheSuperiorCourtsOpenACase();
 
 private:
     static void doubleClick(const frmCaseDetails *window, CaseTab tab, int row, int column);
@@ -123,6 +124,7 @@ void tst_CaseLinks::aCaseOfTheList()
     QCOMPARE(opened->ClientAcctgCode, u"ACME"_s);
     QVERIFY(opened->chkBK);
     QVERIFY(!opened->chkBKYass);
+    QCOMPARE(opened->tboxCaseNumberQueue, u"BKRPT~SUMMARY~3~"_s);
     QCOMPARE(opened->lboxTabReqQueue.Lines(), QStringList{u"BKRPT~SUMMARY~3~"_s});
     QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{opened->txtMasterKey});
     opened->ClientAcctgCode.clear();
@@ -236,6 +238,25 @@ void tst_CaseLinks::aCaseOfTheJudgments()
     QCOMPARE(opened->lblCourtName(), u"King County, Washington Superior Courts"_s);
     QCOMPARE(opened->tboxCaseNumberQueue, u"WASUP\u00A6SUMMARY\u00A602-9-00456-7"_s);
     QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{opened->txtMasterKey});
+}
+
+/// The number may look like one of theirs, but it is not theirs.
+void tst_CaseLinks::onlyJudgmentsOfTheSuperiorCourtsOpenACase()
+{
+    QStringList summary = stateReply();
+    summary.first() = u"SUMMARY~Judgments~"_s;
+    FetchAtOnce(u"OrCaseSearchTabs"_s, {u"Judgments"_s});
+    court->Expect(requestOf(u"OR"_s)).Reply(summary);
+    court->Expect(u"OREGON@JUDGMENTS,@CV0100001@BAK C@"_s)
+        .Reply(TableForm({u"01/02/2003~02-9-00456-7~"_s}));
+    frmCaseDetails *window = windowOf(u"OR"_s);
+    Run(window);
+    ClickTab(window, u"Judgments"_s);
+    QCOMPARE(CellsOf(window, CaseTab::Judgments).last(),
+             (QStringList{u"01/02/2003"_s, u"02-9-00456-7"_s}));
+    doubleClick(window, CaseTab::Judgments, 1, 1);
+    QVERIFY(!otherThan(window));
+    QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
 }
 
 QTEST_MAIN(tst_CaseLinks)

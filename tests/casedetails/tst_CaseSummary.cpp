@@ -1,5 +1,6 @@
 #include "casedetails/SummaryDesk.h"
 #include "controls/FlexGrid.h"
+#include "controls/TabStrip.h"
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
 
@@ -41,6 +42,9 @@ private Q_SLOTS:
     void bankruptcyWithoutTabs();
     void courtUnavailable_data();
     void courtUnavailable();
+    void aCaseThatIsNotShownBringsItsSummaryIntoSight_data();
+    void aCaseThatIsNotShownBringsItsSummaryIntoSight();
+    void aTabThatIsCutAwayDoesNotStayInSight();
     void aTitleThatIsNotPendingStays();
     void idahoIsDownInOtherLetters();
     void caseNotFound_data();
@@ -51,7 +55,12 @@ private Q_SLOTS:
     void anInvalidNumberAsALine();
     void aHeaderLineWithoutItsFieldBreaksDown();
     void labelsNeverShowMarkup_data();
+    void whatCameBeforeTheRunIsNoReply();
     void labelsNeverShowMarkup();
+
+private:
+    /// A case whose Docket is looked at when the Summary comes.
+    frmCaseDetails *lookedAt(const QString &state, const QStringList &reply);
 };
 
 void tst_CaseSummary::logLines()
@@ -341,6 +350,56 @@ void tst_CaseSummary::courtUnavailable()
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete"_s);
 }
 
+frmCaseDetails *tst_CaseSummary::lookedAt(const QString &state, const QStringList &reply)
+{
+    for (const QString &section : {u"CaseSearchTabs"_s, u"OrCaseSearchTabs"_s})
+        FetchAtOnce(section, {});
+    court->Expect(requestOf(state)).Reply({});
+    frmCaseDetails *window = windowOf(state);
+    desk->When([this] { return court->Requests().size() == 1; },
+               [this, window, reply] {
+                   ClickTab(window, u"Docket"_s);
+                   QCOMPARE(ShownFrame(window), u"frameTabs_8"_s);
+                   court->SendTokens(reply);
+               });
+    Run(window);
+    return window;
+}
+
+void tst_CaseSummary::aCaseThatIsNotShownBringsItsSummaryIntoSight_data()
+{
+    QTest::addColumn<QString>("state");
+    QTest::addColumn<QString>("line");
+    QTest::newRow("the court is down") << u"WA"_s << u"The court is currently unavailable"_s;
+    QTest::newRow("an error") << u"WA"_s << u"ERROR~The roof is leaking~"_s;
+    QTest::newRow("an invalid number") << u"WA"_s << u"ERROR~1 is not a valid case number~"_s;
+    QTest::newRow("not on file") << u"OR"_s << u"ERROR~Requested case is not on file~"_s;
+}
+
+void tst_CaseSummary::aCaseThatIsNotShownBringsItsSummaryIntoSight()
+{
+    QFETCH(QString, state);
+    QFETCH(QString, line);
+    const frmCaseDetails *window = lookedAt(state, {line, u"EOF~"_s});
+    QCOMPARE(CaptionsOf(window), QStringList{u"Summary"_s});
+    QCOMPARE(ShownFrame(window), u"frameTabs_0"_s);
+}
+
+void tst_CaseSummary::aTabThatIsCutAwayDoesNotStayInSight()
+{
+    QStringList reply = stateReply();
+    reply.first() = u"SUMMARY~Names~Docket~"_s;
+    const frmCaseDetails *window = lookedAt(u"OR"_s, reply);
+    QCOMPARE(ShownFrame(window), u"frameTabs_8"_s);
+    QCOMPARE(window->findChild<TabStrip *>(u"TabStrip1"_s)->SelectedCaption(), u"Docket"_s);
+    cleanup();
+    init();
+    reply.first() = u"SUMMARY~Names~"_s;
+    window = lookedAt(u"OR"_s, reply);
+    QCOMPARE(window->findChild<TabStrip *>(u"TabStrip1"_s)->SelectedCaption(), u"Summary"_s);
+    QCOMPARE(ShownFrame(window), u"frameTabs_0"_s);
+}
+
 void tst_CaseSummary::aTitleThatIsNotPendingStays()
 {
     court->Expect(requestOf(u"ID"_s)).Reply({u"currently unavailable"_s, u"EOF~"_s});
@@ -475,6 +534,18 @@ void tst_CaseSummary::labelsNeverShowMarkup_data()
 }
 
 /// What looks like markup in a reply is text like any other.
+/// The last job may have left tokens behind.
+void tst_CaseSummary::whatCameBeforeTheRunIsNoReply()
+{
+    FetchAtOnce(u"CaseSearchTabs"_s, {});
+    court->Expect(requestOf(u"WA"_s)).Reply(superiorReply());
+    frmCaseDetails *window = windowOf(u"WA"_s);
+    Global.strRecvBuffer.Append("|ERROR~of another case~||EOF~|");
+    Run(window);
+    QCOMPARE(summaryCells(window).size(), 3);
+    QVERIFY(window->Tab(CaseTab::Summary).TabDone);
+}
+
 void tst_CaseSummary::labelsNeverShowMarkup()
 {
     QFETCH(QString, state);

@@ -1,5 +1,6 @@
 #include "casedetails/TabDesk.h"
 #include "casedetails/frmCaseDetails.h"
+#include "controls/FlexGrid.h"
 
 #include <QTest>
 
@@ -32,6 +33,8 @@ private Q_SLOTS:
     void anotherTabsLinesDoNotStay();
     void scheduleOfOregonHasTheWordsOfJudgments_data();
     void scheduleOfOregonHasTheWordsOfJudgments();
+    void countsOfIdahosChargesStandAgainstTheirText_data();
+    void countsOfIdahosChargesStandAgainstTheirText();
 
 private:
     static void tableForms();
@@ -202,6 +205,45 @@ void tst_CaseTabRetrieval::scheduleOfOregonHasTheWordsOfJudgments()
     window.lblState = u"OR"_s;
     window.ShowTab(CaseTab::Schedule, incomplete, u"OREGON@SCHEDULE,@"_s);
     QCOMPARE(CellsOf(&window, CaseTab::Schedule), Message(words));
+}
+
+void tst_CaseTabRetrieval::countsOfIdahosChargesStandAgainstTheirText_data()
+{
+    QTest::addColumn<QString>("state");
+    QTest::addColumn<CaseTab>("tab");
+    QTest::addColumn<bool>("right");
+    QTest::newRow("Idaho, charges") << u"ID"_s << CaseTab::Charges << true;
+    QTest::newRow("Idaho, docket") << u"ID"_s << CaseTab::Docket << false;
+    QTest::newRow("Idaho, judgments") << u"ID"_s << CaseTab::Judgments << false;
+    QTest::newRow("Oregon, charges") << u"OR"_s << CaseTab::Charges << false;
+    QTest::newRow("Superior, charges") << u"WA"_s << CaseTab::Charges << false;
+}
+
+void tst_CaseTabRetrieval::countsOfIdahosChargesStandAgainstTheirText()
+{
+    struct Charges : frmCaseDetails
+    {
+        using frmCaseDetails::ShowTab;
+    };
+    QFETCH(QString, state);
+    QFETCH(CaseTab, tab);
+    QFETCH(bool, right);
+    Charges window;
+    window.lblState = state;
+    const QStringList table =
+        state == u"WA" ? GridDef({u"1~Theft~"_s}) : TableForm({u"1~Theft~"_s});
+    for (const QString &line : table.first(table.size() - 1))
+        window.lboxResponses.AddItem(line);
+    window.ShowTab(tab, false, u"OREGON@CHARGES,@"_s);
+    const QAbstractItemModel *model = window.Tab(tab).Grid->model();
+    const auto isRight = [model](int column) {
+        return model->index(0, column)
+            .data(Qt::TextAlignmentRole)
+            .value<Qt::Alignment>()
+            .testFlag(Qt::AlignRight);
+    };
+    QCOMPARE(isRight(0), right);
+    QVERIFY(!isRight(1));
 }
 
 QTEST_MAIN(tst_CaseTabRetrieval)
