@@ -136,8 +136,7 @@ Green: connected. Red: not connected; choose Connection, Connect. A lost connect
 Capital and small letters are the same.)help"},
 }};
 
-constexpr QStringView caseDetails =
-    uR"help(= Tabs
+constexpr QStringView caseDetails = uR"help(= Tabs
 A case opens on its Summary, and fetches its other tabs one after the other. Ctrl+Tab goes to the next tab, Ctrl+1 to Ctrl+9 to one of the first nine. Which tabs there are depends on the court and the case type:
 • District and municipal courts: Names, Docket, and Judgments for a civil case, Violations for any other.
 • Washington Superior: Names, Docket, Judgments, Charges, Sentence, Accounting, Schedule, Documents. A criminal case has all of them; a civil, domestic or probate case has no Charges and Sentence.
