@@ -68,7 +68,7 @@ class tst_TheRoad : public SearchTest
     Q_OBJECT
 private Q_SLOTS:
     void initTestCase();
-    void init();
+    void init() override;
 
     void fromTheLoginToTheRows();
     void twoSearchesFromOneForm();

@@ -73,13 +73,14 @@ void tst_GridGrammar::definitionLine_data()
     QTest::addColumn<bool>("defines");
     for (const QString &word :
          {u"COLALIGNMENT"_s, u"COLDEF"_s, u"TABDEF"_s, u"BREAKERS"_s, u"TABNAME"_s}) {
-        const auto name = [&](const char *what) { return qPrintable(word + QLatin1String(what)); };
-        QTest::newRow(name(" alone")) << word << true;
-        QTest::newRow(name(" at the head")) << word + u"~a~b~" << true;
-        QTest::newRow(name(" within a row's text")) << u"01/02/2003~the "_s + word + u"x~" << true;
-        QTest::newRow(name(" at the end")) << u"a~"_s + word << true;
-        QTest::newRow(name(" in lower case")) << word.toLower() + u"~a~" << false;
-        QTest::newRow(name(" cut short")) << word.chopped(1) + u"~a~" << false;
+        const auto name = [&](const char *what) { return QString(word + QLatin1String(what)); };
+        QTest::newRow(qPrintable(name(" alone"))) << word << true;
+        QTest::newRow(qPrintable(name(" at the head"))) << word + u"~a~b~" << true;
+        QTest::newRow(qPrintable(name(" within a row's text")))
+            << u"01/02/2003~the "_s + word + u"x~" << true;
+        QTest::newRow(qPrintable(name(" at the end"))) << u"a~"_s + word << true;
+        QTest::newRow(qPrintable(name(" in lower case"))) << word.toLower() + u"~a~" << false;
+        QTest::newRow(qPrintable(name(" cut short"))) << word.chopped(1) + u"~a~" << false;
     }
     QTest::newRow("the other grammar's word") << u"GRIDDEF~a~20~"_s << false;
     QTest::newRow("an empty line") << QString() << false;
