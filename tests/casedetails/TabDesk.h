@@ -11,7 +11,7 @@ class TabTest : public CaseTest
 {
     Q_OBJECT
 protected Q_SLOTS:
-    void init();
+    void init() override;
     void cleanup();
 
 protected:

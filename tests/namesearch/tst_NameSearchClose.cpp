@@ -35,7 +35,7 @@ class tst_NameSearchClose : public SearchTest
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
+    void init() override;
 
     void refusedWhileSearching_data();
     void refusedWhileSearching();

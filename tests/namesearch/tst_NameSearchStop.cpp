@@ -38,7 +38,7 @@ class tst_NameSearchStop : public SearchTest
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
+    void init() override;
 
     void stopWhilePendingWithdrawsTheKey();
     void stopWhilePendingLetsTheNextJobStart();
