@@ -2,6 +2,7 @@
 // cells of its columns or says that it has not, and what is made of the cells (sort keys, request
 // lines, pages) keeps its form.
 
+#include "courts/CaseMarks.h"
 #include "namesearch/CaseFromRow.h"
 #include "namesearch/DuplicateNames.h"
 #include "namesearch/Replies.h"
