@@ -142,10 +142,16 @@ QStringList WireClient::LogOn(const QString &user)
     return Ask(u"LOGON¦%1¦pw¦AppVer-9.00¦"_s.arg(user));
 }
 
-QByteArray WireClient::ReadBytes(qsizetype count)
+bool WireClient::WaitForBytes(qsizetype count)
 {
     while (buffer.size() < count && waitForMore(longTime)) {
     }
+    return buffer.size() >= count;
+}
+
+QByteArray WireClient::ReadBytes(qsizetype count)
+{
+    WaitForBytes(count);
     return std::exchange(buffer, QByteArray());
 }
 
