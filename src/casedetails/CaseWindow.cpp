@@ -212,6 +212,13 @@ bool CaseWindow::IsTabCaption(const QString &word) const
     return tabCaptions.contains(word);
 }
 
+void CaseWindow::CopyGrid(const FlexGrid &source, FlexGrid &target)
+{
+    target.Show(source.Table());
+    for (int column = 0; column < source.Cols(); ++column)
+        target.SetColumnAlignment(column, source.ColumnAlignment(column));
+}
+
 bool CaseWindow::AnyTabIncomplete() const
 {
     for (int i = 0; i < caseTabCount; ++i) {

@@ -60,6 +60,14 @@ public:
     /// Whether a tab of the strip did not come as it should.
     bool AnyTabIncomplete() const;
 
+    /// Makes the target show what the source shows: headers, widths, cells and how the columns are
+    /// aligned. A report has grids of its own, which its page can lay out while the user goes on in
+    /// the tab.
+    static void CopyGrid(const FlexGrid &source, FlexGrid &target);
+    /// Does nothing, and is kept for its name: SetGridColsAndNamesAndWidths gives a grid its widths
+    /// and headers.
+    static void SetColumnWidthsAndInsertHeaderText() {}
+
     const CaseTabState &Tab(CaseTab tab) const { return tabs.at(static_cast<size_t>(tab)); }
     const QStringList &TabCaptions() const { return tabCaptions; }
 

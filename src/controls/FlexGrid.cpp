@@ -134,6 +134,11 @@ void FlexGrid::SetColumnAlignment(int column, Qt::Alignment alignment)
     content.SetAlignment(column, alignment);
 }
 
+Qt::Alignment FlexGrid::ColumnAlignment(int column) const
+{
+    return content.Alignment(column);
+}
+
 /// What a screen reader says when the user comes to the grid.
 void FlexGrid::sayRows()
 {

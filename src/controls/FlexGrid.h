@@ -36,6 +36,7 @@ public:
 
     /// Left and at the top until it is set; kept whatever is shown.
     void SetColumnAlignment(int column, Qt::Alignment alignment);
+    Qt::Alignment ColumnAlignment(int column) const;
 
     /// What the user can do with the grid: copy, export, find, widen columns.
     TableTools *Tools() const { return tools; }
