@@ -55,6 +55,7 @@ private Q_SLOTS:
     void aStopRequestGivesUp_data();
     void aStopRequestGivesUp();
     void aStopRequestOffersTheTabsOfTheCase();
+    void aStopRequestOffersTheDocumentsToo();
     void aStopRequestGoesBeforeARunningJob();
     void stopWhilePendingWithdrawsTheKey_data();
     void stopWhilePendingWithdrawsTheKey();
@@ -150,6 +151,20 @@ void tst_CaseStops::aStopRequestOffersTheTabsOfTheCase()
         QVERIFY(!window->Tab(tab).TabNotRetrieved);
     ClickTab(window, u"Docket"_s);
     QCOMPARE(ShownFrame(window), u"frameTabs_8"_s);
+}
+
+/// Unlike the stop of a run, which leaves them alone.
+void tst_CaseStops::aStopRequestOffersTheDocumentsToo()
+{
+    FetchAtOnce(u"CaseSearchTabs"_s, {u"Documents"_s});
+    Global.bStopRequested = true;
+    CaseWindow *window = Superior();
+    Begin(window);
+    QTRY_COMPARE(TextOf(window, "lblStatus"), stoppedStatus);
+    const QStringList captions = CaptionsOf(window);
+    QCOMPARE(captions.last(), u"Documents"_s);
+    for (const QString &caption : captions)
+        QVERIFY2(window->Tab(CaseTabOf(caption).value()).TabNotRetrieved, qPrintable(caption));
 }
 
 void tst_CaseStops::aStopRequestGoesBeforeARunningJob()
