@@ -151,6 +151,7 @@ void tst_CaseLinks::aCaseOfTheList()
     QCOMPARE(opened->ClientAcctgCode, u"ACME"_s);
     QVERIFY(opened->chkBK);
     QVERIFY(!opened->chkBKYass);
+    QVERIFY(isHidden(opened, "Label1_2"));
     QCOMPARE(opened->tboxCaseNumberQueue, u"BKRPT~SUMMARY~3~"_s);
     QCOMPARE(opened->lboxTabReqQueue.Lines(), QStringList{u"BKRPT~SUMMARY~3~"_s});
     QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{opened->txtMasterKey});

@@ -12,6 +12,7 @@ class tst_CaseRun : public CaseTest
     Q_OBJECT
 private Q_SLOTS:
     void aCriminalCaseTabByTab();
+    void theStatusIsInSightBehindATab();
 };
 
 void tst_CaseRun::aCriminalCaseTabByTab()
@@ -39,6 +40,31 @@ void tst_CaseRun::aCriminalCaseTabByTab()
     QVERIFY(!ButtonOf(window, "cmdStopSearching")->isEnabled());
     QVERIFY(ButtonOf(window, "cmdPrintDetails")->isEnabled());
     delete window;
+}
+
+/// Whatever the blinking has left.
+void tst_CaseRun::theStatusIsInSightBehindATab()
+{
+    FetchAtOnce(u"CaseSearchTabs"_s, {u"Names"_s, u"Docket"_s});
+    court->Expect(SuperiorLine(u"SUMMARY"_s)).Reply(SuperiorSummary() + QStringList{u"EOF~"_s});
+    court->Expect(SuperiorLine(u"NAMES"_s)).Reply({});
+    court->Expect(SuperiorLine(u"DOCKET"_s)).Reply({});
+    frmCaseDetails *window = Superior();
+    auto *status = window->findChild<QWidget *>(u"lblStatus"_s);
+    desk->When([this] { return court->Requests().size() == 2; },
+               [&] {
+                   window->tmrBlink->stop();
+                   status->hide();
+                   court->SendTokens(GridDef({u"01/02/2003~A~"_s}));
+               });
+    bool inSight = false;
+    desk->When([this] { return court->Requests().size() == 3; },
+               [&] {
+                   inSight = status->isVisible();
+                   court->SendTokens(GridDef({u"01/02/2003~A~"_s}));
+               });
+    Run(window);
+    QVERIFY(inSight);
 }
 
 QTEST_MAIN(tst_CaseRun)

@@ -38,6 +38,7 @@ private Q_SLOTS:
     void notOnFileIsAnOrdinaryReply();
     void noSuchBankruptcyCase_data();
     void noSuchBankruptcyCase();
+    void noSuchBankruptcyCaseIsSaidAtOnce();
     void otherBankruptcyErrors();
     void silence_data();
     void silence();
@@ -257,6 +258,26 @@ void tst_CaseSummaryErrors::noSuchBankruptcyCase()
     QCOMPARE(tailOfLog(6), (QStringList{u"Current Response: --> "_s + line + u" 0"_s, all,
                                         u"Current Response: --> EOF~ 0"_s, all,
                                         u"NORMAL EXIT - from DoSummarySearch()."_s, normalExit}));
+}
+
+/// Before the end mark has come.
+void tst_CaseSummaryErrors::noSuchBankruptcyCaseIsSaidAtOnce()
+{
+    const QString request = requestOf(u"WAWBK"_s);
+    court->Expect(request).Reply({u"ERROR~Case Not Found~"_s});
+    frmCaseDetails *window = windowOf(u"WAWBK"_s);
+    QStringList said;
+    desk->When(
+        [&] {
+            return desk->Folder.Logged(u"All Responses For SUMMARY were Received: "_s + request);
+        },
+        [&] {
+            said = {TextOf(window, "lblStatus"), TextOf(window, "lblCaseTitle"),
+                    TextOf(window, "lblDateFiled")};
+            court->SendTokens({u"EOF~"_s});
+        });
+    Run(window);
+    QCOMPARE(said, (QStringList{u"Summary Complete .."_s, u"N/A"_s, u"N/A"_s}));
 }
 
 void tst_CaseSummaryErrors::otherBankruptcyErrors()
