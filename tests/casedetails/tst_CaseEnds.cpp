@@ -7,7 +7,7 @@
 #include "core/GlobalState.h"
 #include "core/RunTimeError.h"
 #include "jobs/frmQueue.h"
-#include "link/Router.h"
+#include "link/Comm.h"
 
 #include <QEventLoop>
 #include <QLabel>
@@ -144,6 +144,9 @@ void tst_CaseEnds::prepare(Way way, frmCaseDetails *window)
         return;
     case Way::SilentSummary:
         court->Expect(SuperiorLine(u"SUMMARY"_s)).Reply({});
+        desk->When(
+            [this] { return desk->Folder.Logged(u"SendReq: "_s + SuperiorLine(u"SUMMARY"_s)); },
+            [this] { desk->Time.Advance(ResponseLimitSeconds() + 1); });
         return;
     }
 }
@@ -172,7 +175,8 @@ void tst_CaseEnds::runToItsEnd(frmCaseDetails *window)
 {
     bool began = false;
     connect(window->Timer1, &QTimer::timeout, window, [&began] { began = true; });
-    desk->Time.Run(0.1);
+    // The pauses between the tabs; no reply may seem late by it.
+    desk->Time.Run(0.02);
     Begin(window);
     QTRY_VERIFY_WITH_TIMEOUT(began && !Global.bSearchInProgress, 20'000);
     desk->Time.Stop();
