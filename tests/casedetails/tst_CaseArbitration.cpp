@@ -30,11 +30,13 @@ private Q_SLOTS:
     void everyLineCarriesTheAnswer_data();
     void everyLineCarriesTheAnswer();
     void theQuestionMakesNoGrid();
+    void theStatusIsInSightUnderTheQuestion();
     void theAnswerGoesBeforeTheClientCode();
     void aTabThatWasLeftOutCarriesItToo();
     void theAnswerIsForThisCaseOnly();
     void anAnswerOfAnotherWindowIsForgotten();
     void theQuestionNeedsItsEndMark();
+    void aCourtThatAsksTwice();
 
 private:
     /// Answers the prompt with one of its buttons, or with the key of escape.
@@ -166,6 +168,29 @@ void tst_CaseArbitration::theQuestionMakesNoGrid()
     QVERIFY(window->Tab(CaseTab::Summary).TabDone);
 }
 
+/// Whatever the blinking has left.
+void tst_CaseArbitration::theStatusIsInSightUnderTheQuestion()
+{
+    FetchAtOnce(u"CaseSearchTabs"_s, {});
+    court->Expect(SuperiorLine(u"SUMMARY"_s)).Reply({});
+    court->Expect(answered(u"SUMMARY"_s, u" NOARBITRATION"_s)).Reply(superiorReply());
+    frmCaseDetails *window = Superior();
+    auto *status = window->findChild<QLabel *>(u"lblStatus"_s);
+    desk->When([this] { return court->Requests().size() == 1; },
+               [&] {
+                   window->tmrBlink->stop();
+                   status->hide();
+                   court->SendTokens(question);
+               });
+    bool inSight = false;
+    desk->Boxes.ExpectDialog(u"frmArbPrompt"_s, [&](QDialog *dialog) {
+        inSight = status->isVisible();
+        dialog->findChild<QPushButton *>(u"Command2"_s)->click();
+    });
+    Run(window);
+    QVERIFY(inSight);
+}
+
 void tst_CaseArbitration::theAnswerGoesBeforeTheClientCode()
 {
     const auto coded = [](const QString &line) -> QString {
@@ -247,6 +272,32 @@ void tst_CaseArbitration::theQuestionNeedsItsEndMark()
     Run(window);
     QVERIFY(window->Tab(CaseTab::Summary).TabIncomplete);
     QCOMPARE(court->Requests().size(), 1);
+}
+
+/// It is answered twice and not asked a third time; the last answer goes with the tabs. The Summary
+/// has not come, and can be retrieved like any other tab.
+void tst_CaseArbitration::aCourtThatAsksTwice()
+{
+    FetchAtOnce(u"CaseSearchTabs"_s, {u"Names"_s});
+    court->Expect(SuperiorLine(u"SUMMARY"_s)).Reply(question);
+    court->Expect(answered(u"SUMMARY"_s, u" ARBITRATION"_s)).Reply(question);
+    court->Expect(answered(u"NAMES"_s, u" NOARBITRATION"_s)).Reply({u"EOF~"_s});
+    answer(u"Command1"_s);
+    answer(u"Command2"_s);
+    frmCaseDetails *window = Superior();
+    Run(window);
+    QCOMPARE(court->Requests().size(), 3);
+    QVERIFY(window->Tab(CaseTab::Names).TabDone);
+    QVERIFY(!window->Tab(CaseTab::Summary).TabDone);
+    ClickTab(window, u"Docket"_s);
+    ButtonOf(window, "cmdClearAll")->click();
+    window->findChild<QAbstractButton *>(u"chkTab_0"_s)->click();
+    court->Expect(answered(u"SUMMARY"_s, u" ARBITRATION"_s)).Reply(superiorReply());
+    desk->Time.Run(0.05);
+    ButtonOf(window, "cmdSearchNow")->click();
+    QVERIFY(Finished(window));
+    QVERIFY(window->Tab(CaseTab::Summary).TabDone);
+    QCOMPARE(court->Requests().size(), 4);
 }
 
 QTEST_MAIN(tst_CaseArbitration)

@@ -3,14 +3,17 @@
 #include "casedetails/CaseDesk.h"
 #include "casedetails/frmCaseDetails.h"
 #include "controls/FlexGrid.h"
+#include "core/EventLoop.h"
 #include "core/GlobalState.h"
+#include "core/RunTimeError.h"
 #include "jobs/frmQueue.h"
-#include "link/Router.h"
+#include "link/Comm.h"
 
 #include <QEventLoop>
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QTest>
 
 namespace {
@@ -82,6 +85,7 @@ private Q_SLOTS:
     void theTimerOfTheFlashStopsAtItsFirstTick();
     void aRunThatBrokeDownKeepsItsTurnUntilItCloses();
     void aRunThatBrokeDownAsksNothingMore();
+    void aRunTimeErrorBetweenTheTabsEndsTheRun();
     void theTurnOfAnotherIsNotGivenAway();
 
 private:
@@ -140,6 +144,9 @@ void tst_CaseEnds::prepare(Way way, frmCaseDetails *window)
         return;
     case Way::SilentSummary:
         court->Expect(SuperiorLine(u"SUMMARY"_s)).Reply({});
+        desk->When(
+            [this] { return desk->Folder.Logged(u"SendReq: "_s + SuperiorLine(u"SUMMARY"_s)); },
+            [this] { desk->Time.Advance(ResponseLimitSeconds() + 1); });
         return;
     }
 }
@@ -168,7 +175,8 @@ void tst_CaseEnds::runToItsEnd(frmCaseDetails *window)
 {
     bool began = false;
     connect(window->Timer1, &QTimer::timeout, window, [&began] { began = true; });
-    desk->Time.Run(0.1);
+    // The pauses between the tabs; no reply may seem late by it.
+    desk->Time.Run(0.02);
     Begin(window);
     QTRY_VERIFY_WITH_TIMEOUT(began && !Global.bSearchInProgress, 20'000);
     desk->Time.Stop();
@@ -375,6 +383,45 @@ void tst_CaseEnds::aRunThatBrokeDownAsksNothingMore()
     QVERIFY(!window->Tab(CaseTab::Judgments).TabNotRetrieved);
     QVERIFY(!window->Tab(CaseTab::Judgments).TabDone);
     QVERIFY(!window->Tab(CaseTab::Docket).TabIncomplete);
+}
+
+/// Outside the exchange of a tab, which traps its own.
+void tst_CaseEnds::aRunTimeErrorBetweenTheTabsEndsTheRun()
+{
+    Global.bShowAlerts = false;
+    FetchAtOnce(u"CaseSearchTabs"_s, {u"Docket"_s});
+    court->Expect(SuperiorLine(u"SUMMARY"_s)).Reply(SuperiorSummary() + QStringList{u"EOF~"_s});
+    const QPointer<frmCaseDetails> window = Superior();
+    window->chkAutoPrint = true;
+    frmQueue::Form().FIFO.AddItem(otherKey);
+    desk->ConnectTo(*court);
+    // The first yield behind the Summary is in the pause before the next tab.
+    bool failed = false;
+    WatchYields([window, &failed] {
+        if (failed || !window->Tab(CaseTab::Summary).TabDone)
+            return;
+        failed = true;
+        throw RunTimeError::SubscriptOutOfRange();
+    });
+    const auto unwatched = qScopeGuard([] { WatchYields({}); });
+    runToItsEnd(window);
+    QVERIFY(failed);
+    const QStringList log = desk->Folder.Log();
+    QCOMPARE(log.last(),
+             u"Exiting ProcessSearchRequests via PROCERR in Case Details. Error: Subscript out of "
+             "range"_s);
+    for (const QString &exit : allExits)
+        QVERIFY2(!log.contains(exit), qPrintable(exit));
+    // Nothing more is asked, said or printed; the link is free, and the place kept until it closes.
+    QCOMPARE(court->Requests().size(), 1);
+    QCOMPARE(TextOf(window, "lblStatus"), u"Summary Complete .."_s);
+    QVERIFY(window->chkAutoPrint);
+    QVERIFY(!window->Tab(CaseTab::Docket).TabDone && !window->Tab(CaseTab::Docket).TabIncomplete);
+    QVERIFY(!Global.bSearchInProgress);
+    QCOMPARE(frmQueue::Form().FIFO.Lines(), (QStringList{window->txtMasterKey, otherKey}));
+    QVERIFY(window->close());
+    QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{otherKey});
+    QTRY_VERIFY(window.isNull());
 }
 
 void tst_CaseEnds::theTurnOfAnotherIsNotGivenAway()

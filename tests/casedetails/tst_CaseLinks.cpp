@@ -1,7 +1,9 @@
 #include "casedetails/SummaryDesk.h"
 #include "controls/FlexGrid.h"
 #include "core/GlobalState.h"
+#include "core/RunTimeError.h"
 #include "jobs/frmQueue.h"
+#include "session/frmLogin.h"
 
 #include <QApplication>
 
@@ -27,6 +29,26 @@ QStringList superiorWith(const QString &row)
             row,
             u"EOF~"_s};
 }
+
+/// Fails once, when a case window comes on the screen.
+class FailingShow : public QObject
+{
+public:
+    FailingShow() { qApp->installEventFilter(this); }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (!failed && event->type() == QEvent::Show && qobject_cast<frmCaseDetails *>(watched)) {
+            failed = true;
+            keysThen = frmQueue::Form().FIFO.ListCount();
+            throw RunTimeError::PathFileAccess();
+        }
+        return false;
+    }
+
+    bool failed = false;
+    int keysThen = -1;
+};
 } // namespace
 
 /// What a double click in a case window opens.
@@ -44,12 +66,17 @@ private Q_SLOTS:
     void notLoggedInIsAskedFirst_data();
     void notLoggedInIsAskedFirst();
     void aCaseOfTheJudgments();
+    void aJudgmentAsksForTheLoginToo();
+    void aCaseThatCannotBeOpened_data();
+    void aCaseThatCannotBeOpened();
     void onlyJudgmentsOfTheSuperiorCourtsOpenACase();
 
 private:
     static void doubleClick(const frmCaseDetails *window, CaseTab tab, int row, int column);
     /// The window that was opened last, null when there is none but this.
     static frmCaseDetails *otherThan(const frmCaseDetails *window);
+    /// A case whose list of judgments is in sight.
+    frmCaseDetails *withJudgments();
 };
 
 void tst_CaseLinks::doubleClick(const frmCaseDetails *window, CaseTab tab, int row, int column)
@@ -124,6 +151,7 @@ void tst_CaseLinks::aCaseOfTheList()
     QCOMPARE(opened->ClientAcctgCode, u"ACME"_s);
     QVERIFY(opened->chkBK);
     QVERIFY(!opened->chkBKYass);
+    QVERIFY(isHidden(opened, "Label1_2"));
     QCOMPARE(opened->tboxCaseNumberQueue, u"BKRPT~SUMMARY~3~"_s);
     QCOMPARE(opened->lboxTabReqQueue.Lines(), QStringList{u"BKRPT~SUMMARY~3~"_s});
     QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{opened->txtMasterKey});
@@ -150,6 +178,8 @@ void tst_CaseLinks::anAssociatedCase()
     QCOMPARE(opened->txtCaseNumber, u"02-2-0045A-7"_s);
     QCOMPARE(opened->tboxCaseNumberQueue, u"WASUP\u00A6SUMMARY\u00A602-2-0045A-7"_s);
     QCOMPARE(opened->lblCourtName(), u"King County, Washington Superior Courts"_s);
+    QCOMPARE(opened->lblCaseDetailsHdr(), u"Case Details (02-2-0045A-7)"_s);
+    QCOMPARE(opened->lblCaseTitle(), u"Pending .. "_s);
     QCOMPARE(opened->ClientAcctgCode, u"ACME"_s);
     QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{opened->txtMasterKey});
     opened->ClientAcctgCode.clear();
@@ -201,9 +231,12 @@ void tst_CaseLinks::notLoggedInIsAskedFirst_data()
     QTest::addColumn<QString>("state");
     QTest::addColumn<QStringList>("reply");
     QTest::addColumn<int>("row");
-    QTest::newRow("associated case")
-        << u"WA"_s << superiorWith(u"Associated Case:~02-2-00456-7~"_s) << 2;
-    QTest::newRow("a case of the list") << u"WAWBK"_s << severalCases << 1;
+    QTest::addColumn<bool>("login");
+    const QStringList associated = superiorWith(u"Associated Case:~02-2-00456-7~"_s);
+    QTest::newRow("associated case, no") << u"WA"_s << associated << 2 << false;
+    QTest::newRow("associated case, yes") << u"WA"_s << associated << 2 << true;
+    QTest::newRow("a case of the list, no") << u"WAWBK"_s << severalCases << 1 << false;
+    QTest::newRow("a case of the list, yes") << u"WAWBK"_s << severalCases << 1 << true;
 }
 
 void tst_CaseLinks::notLoggedInIsAskedFirst()
@@ -211,15 +244,19 @@ void tst_CaseLinks::notLoggedInIsAskedFirst()
     QFETCH(QString, state);
     QFETCH(QStringList, reply);
     QFETCH(int, row);
+    QFETCH(bool, login);
     const frmCaseDetails *window = summarised(state, reply);
     Global.bLoggedIn = false;
-    desk->Boxes.Expect(notLoggedIn, notLoggedInTitle, MsgIcon::Exclamation, MsgAnswer::No);
+    desk->Boxes.Expect(notLoggedIn, notLoggedInTitle, MsgIcon::Exclamation,
+                       login ? MsgAnswer::Yes : MsgAnswer::No);
     doubleClick(window, CaseTab::Summary, row, 0);
+    // The login does not open the case: the user does, once logged in.
     QVERIFY(!otherThan(window));
+    QCOMPARE(frmLogin::IsLoaded(), login);
     QCOMPARE(desk->Boxes.Answered(), 1);
 }
 
-void tst_CaseLinks::aCaseOfTheJudgments()
+frmCaseDetails *tst_CaseLinks::withJudgments()
 {
     FetchAtOnce(u"CaseSearchTabs"_s, {u"Judgments"_s});
     court->Expect(SuperiorLine(u"SUMMARY"_s)).Reply(superiorReply());
@@ -228,6 +265,12 @@ void tst_CaseLinks::aCaseOfTheJudgments()
     frmCaseDetails *window = Superior();
     Run(window);
     ClickTab(window, u"Judgments"_s);
+    return window;
+}
+
+void tst_CaseLinks::aCaseOfTheJudgments()
+{
+    const frmCaseDetails *window = withJudgments();
     doubleClick(window, CaseTab::Judgments, 1, 1); // the newest is on top
     QVERIFY(!otherThan(window));
     doubleClick(window, CaseTab::Judgments, 2, 0);
@@ -238,6 +281,56 @@ void tst_CaseLinks::aCaseOfTheJudgments()
     QCOMPARE(opened->lblCourtName(), u"King County, Washington Superior Courts"_s);
     QCOMPARE(opened->tboxCaseNumberQueue, u"WASUP\u00A6SUMMARY\u00A602-9-00456-7"_s);
     QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{opened->txtMasterKey});
+}
+
+void tst_CaseLinks::aJudgmentAsksForTheLoginToo()
+{
+    const frmCaseDetails *window = withJudgments();
+    Global.bLoggedIn = false;
+    desk->Boxes.Expect(notLoggedIn, notLoggedInTitle, MsgIcon::Exclamation, MsgAnswer::No);
+    doubleClick(window, CaseTab::Judgments, 2, 0);
+    QVERIFY(!otherThan(window));
+    QCOMPARE(desk->Boxes.Answered(), 1);
+}
+
+void tst_CaseLinks::aCaseThatCannotBeOpened_data()
+{
+    QTest::addColumn<bool>("judgment");
+    QTest::addColumn<QString>("logged");
+    QTest::newRow("associated case")
+        << false
+        << u"Error Executing Case Number Search: frmCaseDetails::DoCaseNumberSearchAss(): Error: "_s;
+    QTest::newRow("judgment") << true
+                              << u"Error Executing Case Number Search: "
+                                 "frmCaseDetails::DoCaseNumberSearchJudgment(): Error: "_s;
+}
+
+void tst_CaseLinks::aCaseThatCannotBeOpened()
+{
+    QFETCH(bool, judgment);
+    QFETCH(QString, logged);
+    frmCaseDetails *window =
+        judgment ? withJudgments()
+                 : summarised(u"WA"_s, superiorWith(u"Associated Case:~02-2-00456-7~"_s));
+    const auto open = [window, judgment] {
+        if (judgment)
+            doubleClick(window, CaseTab::Judgments, 2, 0);
+        else
+            doubleClick(window, CaseTab::Summary, 2, 1);
+    };
+    {
+        const FailingShow show;
+        open();
+        QVERIFY(show.failed);
+        QCOMPARE(show.keysThen, 1);
+    }
+    QCOMPARE(desk->Folder.Log().last(), QString(logged + u"Path/File access error"_s));
+    // Nothing is left of it, least of all a key that would hold up the next job.
+    QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
+    QTRY_VERIFY(!otherThan(window));
+    open();
+    QVERIFY(otherThan(window));
+    QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{otherThan(window)->txtMasterKey});
 }
 
 /// The number may look like one of theirs, but it is not theirs.

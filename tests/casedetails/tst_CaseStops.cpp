@@ -2,6 +2,7 @@
 // to leave that all jobs hear.
 
 #include "casedetails/CaseKinds.h"
+#include "core/EventLoop.h"
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
 #include "support/FakeSocket.h"
@@ -9,6 +10,7 @@
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QTest>
 
 namespace {
@@ -55,6 +57,7 @@ private Q_SLOTS:
     void aStopRequestGivesUp_data();
     void aStopRequestGivesUp();
     void aStopRequestOffersTheTabsOfTheCase();
+    void aStopRequestOffersTheDocumentsToo();
     void aStopRequestGoesBeforeARunningJob();
     void stopWhilePendingWithdrawsTheKey_data();
     void stopWhilePendingWithdrawsTheKey();
@@ -62,8 +65,10 @@ private Q_SLOTS:
     void aDeclinedStopOfARunLetsItGoOn();
     void withoutAlertsStopAsksNothing();
     void aPendingCaseDoesNotStartUnderTheQuestion();
+    void aWishToLeaveUnderTheQuestionIsEnough();
     void pendingOnlyByItsExactText();
     void stopPendingOnlyWhenPending();
+    void aStopInsideABlinkEndsTheBlinking();
     void stopRequestByState_data();
     void stopRequestByState();
     void aStopThatCannotBeSentReleasesTheTurn();
@@ -150,6 +155,20 @@ void tst_CaseStops::aStopRequestOffersTheTabsOfTheCase()
         QVERIFY(!window->Tab(tab).TabNotRetrieved);
     ClickTab(window, u"Docket"_s);
     QCOMPARE(ShownFrame(window), u"frameTabs_8"_s);
+}
+
+/// Unlike the stop of a run, which leaves them alone.
+void tst_CaseStops::aStopRequestOffersTheDocumentsToo()
+{
+    FetchAtOnce(u"CaseSearchTabs"_s, {u"Documents"_s});
+    Global.bStopRequested = true;
+    CaseWindow *window = Superior();
+    Begin(window);
+    QTRY_COMPARE(TextOf(window, "lblStatus"), stoppedStatus);
+    const QStringList captions = CaptionsOf(window);
+    QCOMPARE(captions.last(), u"Documents"_s);
+    for (const QString &caption : captions)
+        QVERIFY2(window->Tab(CaseTabOf(caption).value()).TabNotRetrieved, qPrintable(caption));
 }
 
 void tst_CaseStops::aStopRequestGoesBeforeARunningJob()
@@ -251,6 +270,25 @@ void tst_CaseStops::aPendingCaseDoesNotStartUnderTheQuestion()
     QCOMPARE(court->Requests(), QStringList());
 }
 
+/// The answer comes too late for anything: the server hears of no search that was never begun.
+void tst_CaseStops::aWishToLeaveUnderTheQuestionIsEnough()
+{
+    desk->ConnectTo(*court);
+    Global.bShowAlerts = true;
+    CaseWindow *window = pending();
+    desk->Boxes.Meanwhile([window] {
+        Global.bStopRequested = true;
+        Begin(window);
+        QTRY_COMPARE(TextOf(window, "lblStatus"), stoppedStatus);
+    });
+    desk->Boxes.Expect(stopQuestion, stopTitle, MsgAnswer::Yes);
+    ButtonOf(window, "cmdStopSearching")->click();
+    QVERIFY(!window->StopRequested);
+    QVERIFY(desk->Folder.Logged(u"INCOMPLETE EXIT - from Timer1 - Case Details."_s));
+    QVERIFY(!desk->Folder.Logged(u"SendReq: \u00A6STOP"_s));
+    QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
+}
+
 void tst_CaseStops::pendingOnlyByItsExactText()
 {
     Global.bShowAlerts = false;
@@ -279,6 +317,22 @@ void tst_CaseStops::stopPendingOnlyWhenPending()
     QVERIFY(window->StopPendingSearch());
     QVERIFY(!window->Timer1->isActive());
     QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
+}
+
+void tst_CaseStops::aStopInsideABlinkEndsTheBlinking()
+{
+    CaseWindow *window = pending();
+    int yields = 0;
+    WatchYields([&] {
+        if (yields++ == 0)
+            window->StopPendingSearch();
+    });
+    const auto unwatched = qScopeGuard([] { WatchYields({}); });
+    window->tmrBlink->start(1);
+    QTRY_VERIFY(yields > 0);
+    QVERIFY(!window->tmrBlink->isActive());
+    QVERIFY(window->findChild<QWidget *>(u"lblStatus"_s)->isVisible());
+    QCOMPARE(TextOf(window, "lblStatus"), stoppedStatus);
 }
 
 void tst_CaseStops::stopRequestByState_data()

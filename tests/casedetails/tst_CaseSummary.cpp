@@ -51,6 +51,7 @@ private Q_SLOTS:
     void caseNotFound();
     void anEmptyReplyEndsTheSearch_data();
     void anEmptyReplyEndsTheSearch();
+    void anEmptyReplyOffersTheTabsThatWereNotAskedFor();
     void anEmptyBankruptcyReplyIsNotFound();
     void anInvalidNumberAsALine();
     void aHeaderLineWithoutItsFieldBreaksDown();
@@ -485,6 +486,18 @@ void tst_CaseSummary::anEmptyReplyEndsTheSearch()
     QVERIFY(window->TmrFlash->isActive());
     QCOMPARE(window->TmrFlash->interval(), 500);
     QCOMPARE(court->Requests(), QStringList{requestOf(state)});
+}
+
+void tst_CaseSummary::anEmptyReplyOffersTheTabsThatWereNotAskedFor()
+{
+    FetchAtOnce(u"CaseSearchTabs"_s, {u"Names"_s, u"Docket"_s});
+    court->Expect(requestOf(u"WA"_s)).Reply({u"EOF~"_s});
+    frmCaseDetails *window = windowOf(u"WA"_s);
+    Run(window);
+    for (const QString &caption : {u"Names"_s, u"Docket"_s, u"Judgments"_s}) {
+        ClickTab(window, caption);
+        QCOMPARE(ShownFrame(window), u"frameTabs_8"_s);
+    }
 }
 
 void tst_CaseSummary::anEmptyBankruptcyReplyIsNotFound()

@@ -1,4 +1,5 @@
 #include "casedetails/SummaryDesk.h"
+#include "casedetails/TextTrail.h"
 #include "controls/FlexGrid.h"
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
@@ -37,12 +38,15 @@ private Q_SLOTS:
     void notOnFileIsAnOrdinaryReply();
     void noSuchBankruptcyCase_data();
     void noSuchBankruptcyCase();
+    void noSuchBankruptcyCaseIsSaidAtOnce();
     void otherBankruptcyErrors();
     void silence_data();
     void silence();
     void aLostLinkIsSilence();
     void aRequestThatDoesNotLeave();
     void aStaleIncompleteIsForgotten();
+    void whatWasSaidOnTheWay_data();
+    void whatWasSaidOnTheWay();
 
 private:
     QStringList tailOfLog(qsizetype lines) const;
@@ -256,6 +260,26 @@ void tst_CaseSummaryErrors::noSuchBankruptcyCase()
                                         u"NORMAL EXIT - from DoSummarySearch()."_s, normalExit}));
 }
 
+/// Before the end mark has come.
+void tst_CaseSummaryErrors::noSuchBankruptcyCaseIsSaidAtOnce()
+{
+    const QString request = requestOf(u"WAWBK"_s);
+    court->Expect(request).Reply({u"ERROR~Case Not Found~"_s});
+    frmCaseDetails *window = windowOf(u"WAWBK"_s);
+    QStringList said;
+    desk->When(
+        [&] {
+            return desk->Folder.Logged(u"All Responses For SUMMARY were Received: "_s + request);
+        },
+        [&] {
+            said = {TextOf(window, "lblStatus"), TextOf(window, "lblCaseTitle"),
+                    TextOf(window, "lblDateFiled")};
+            court->SendTokens({u"EOF~"_s});
+        });
+    Run(window);
+    QCOMPARE(said, (QStringList{u"Summary Complete .."_s, u"N/A"_s, u"N/A"_s}));
+}
+
 void tst_CaseSummaryErrors::otherBankruptcyErrors()
 {
     const frmCaseDetails *window = summarised(u"WAWBK"_s, {u"ERROR~Scomis failed~"_s, u"EOF~"_s});
@@ -336,6 +360,62 @@ void tst_CaseSummaryErrors::aStaleIncompleteIsForgotten()
     QVERIFY(isHidden(window, "lblWarning"));
     QCOMPARE(ShownFrame(window), u"frameTabs_0"_s);
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete"_s);
+}
+
+void tst_CaseSummaryErrors::whatWasSaidOnTheWay_data()
+{
+    QTest::addColumn<QString>("state");
+    QTest::addColumn<QString>("line");
+    QTest::addColumn<QStringList>("status");
+    QTest::addColumn<QStringList>("warning");
+    const QString retrieving = u"Retrieving Summary .."_s;
+    const QString complete = u"Summary Complete .."_s;
+    const QString warnings = u"Search Warnings - See Summary"_s;
+    const QStringList ordinary{retrieving, complete, u"Search Complete"_s};
+    const QStringList nothing{QString()};
+    const auto warned = [](const QString &text) { return QStringList{QString(), text}; };
+    for (const QString &state : {u"WA"_s, u"OR"_s, u"ID"_s})
+        QTest::addRow("an invalid number, %s", qPrintable(state))
+            << state << u"ERROR~02-1 is not a valid case number~"_s
+            << QStringList{retrieving, warnings, u"Search Complete - Case Number Invalid"_s}
+            << warned(u"Summary Information Unvavailable! Case Number Invalid For County."_s)
+                   + nothing;
+    QTest::newRow("not on file, Superior")
+        << u"WA"_s << u"ERROR~case is not on file~"_s << ordinary << nothing;
+    for (const QString &state : {u"OR"_s, u"ID"_s})
+        QTest::addRow("not on file, %s", qPrintable(state))
+            << state << u"ERROR~requested case is not on file~"_s << ordinary << nothing;
+    QTest::newRow("not found, bankruptcy")
+        << u"WAWBK"_s << u"ERROR~not found~"_s
+        << QStringList{retrieving, complete, u"Search Complete"_s} << nothing;
+    QTest::newRow("another error")
+        << u"WA"_s << u"ERROR~unknown error~"_s << QStringList{retrieving, warnings}
+        << warned(incompleteWarning);
+}
+
+/// What the end of the run replaces at once was said all the same.
+void tst_CaseSummaryErrors::whatWasSaidOnTheWay()
+{
+    QFETCH(QString, state);
+    QFETCH(QString, line);
+    QStringList reply{line, u"EOF~"_s};
+    // Behind this line an Oregon or Idaho reply is over.
+    if (line.contains(u"requested case"))
+        reply.removeLast();
+    for (const char *name : {"lblStatus", "lblWarning"}) {
+        cleanup();
+        init();
+        FetchAtOnce(u"CaseSearchTabs"_s, {});
+        court->Expect(requestOf(state)).Reply(reply);
+        frmCaseDetails *window = windowOf(state);
+        const TextTrail trail(window->findChild<QLabel *>(QLatin1StringView(name)));
+        Run(window);
+        const QStringList texts = trail.Texts();
+        if (qstrcmp(name, "lblStatus") == 0)
+            QTEST(texts.mid(texts.indexOf(u"Searching .."_s) + 1), "status");
+        else
+            QTEST(texts, "warning");
+    }
 }
 
 QTEST_MAIN(tst_CaseSummaryErrors)

@@ -521,11 +521,15 @@ void tst_CaseWindows::closingWithdrawsTheKey()
     Global.bShowAlerts = false;
     frmQueue::Form().FIFO.AddItem(otherKey);
     const QPointer<CaseWindow> window(pending(which));
-    window->Timer1->start();
+    const QList<QTimer *> timers{window->Timer1, window->tmrBlink, window->TmrSearchOnDemand,
+                                 window->TmrFlash};
+    for (QTimer *timer : timers)
+        timer->start(60'000);
     QCOMPARE(frmQueue::Form().FIFO.ListCount(), 2);
     QVERIFY(window->Unload(mode));
     QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{otherKey});
-    QVERIFY(!window->Timer1->isActive());
+    for (const QTimer *timer : timers)
+        QVERIFY2(!timer->isActive(), qPrintable(timer->objectName()));
 }
 
 void tst_CaseWindows::aKeyThatStandsTwiceGoesTwice()

@@ -61,6 +61,8 @@ private Q_SLOTS:
     void theReasonOfARowIsWhatTheNextRowsSee();
     void firstTestThatHolds_data();
     void firstTestThatHolds();
+    void onlyTheWholeLineSaysSo_data();
+    void onlyTheWholeLineSaysSo();
     void anInvalidNumberIsShownByWashingtonOnly();
     void aTitleThatIsNotPendingStays();
     void idahoNotOnFileGivesTheCellAndOneTab();
@@ -71,6 +73,7 @@ private Q_SLOTS:
     void washingtonRows();
     void oregonHeader();
     void idahoHeader();
+    void idahoTypesGoByTheHeadOfTheNumber();
     void idahoHasNoTabThatItsCourtsDoNotHave();
     void stateRows();
     void theCaptionOfAStateHasNoDoubleBlank();
@@ -248,6 +251,28 @@ void tst_SummaryReply::firstTestThatHolds()
     QVERIFY(!view.NotLocated);
 }
 
+void tst_SummaryReply::onlyTheWholeLineSaysSo_data()
+{
+    QTest::addColumn<QString>("state");
+    QTest::addColumn<QString>("line");
+    QTest::newRow("Oregon") << u"OR"_s << u"Case Not Found yet"_s;
+    QTest::newRow("Oregon, in other letters") << u"OR"_s << u"Case not found"_s;
+    QTest::newRow("Idaho") << u"ID"_s << u"The Case Not Found"_s;
+    QTest::newRow("Idaho is down") << u"ID"_s << u"Idaho Courts Are Currently Unavailable today"_s;
+    QTest::newRow("several cases") << u"IDBK"_s << u"MULTIPLE CASES"_s;
+}
+
+void tst_SummaryReply::onlyTheWholeLineSaysSo()
+{
+    QFETCH(QString, state);
+    QFETCH(QString, line);
+    const SummaryView view = ReadSummary(contextOf(state), {line});
+    QCOMPARE(*view.Grid, cell(located));
+    QVERIFY(!view.ActivateSummary);
+    QVERIFY(!view.CourtName);
+    QVERIFY(!view.Multiple);
+}
+
 void tst_SummaryReply::anInvalidNumberIsShownByWashingtonOnly()
 {
     const QStringList lines{u"02-2-1~is not a valid case number~"_s};
@@ -355,6 +380,14 @@ void tst_SummaryReply::idahoHeader()
     QCOMPARE(*view.Caption, u"Case Details (1) -- Ada County"_s);
 }
 
+/// Its head tells, not the digit that would tell in Washington.
+void tst_SummaryReply::idahoTypesGoByTheHeadOfTheNumber()
+{
+    QStringList lines = stateReply;
+    lines[2] = u"Case Number~JV-1999-0000012~"_s;
+    QCOMPARE(*ReadSummary(contextOf(u"ID"_s), lines).TopFrameCaseType, u"Juvenile"_s);
+}
+
 void tst_SummaryReply::idahoHasNoTabThatItsCourtsDoNotHave()
 {
     const SummaryView view = ReadSummary(contextOf(u"ID"_s), stateReply);
@@ -380,6 +413,12 @@ void tst_SummaryReply::theCaptionOfAStateHasNoDoubleBlank()
     QStringList lines = stateReply;
     lines[1] = u"Court~ Ada County~"_s;
     QCOMPARE(*ReadSummary(contextOf(u"ID"_s), lines).Caption, u"Case Details (1) -- Ada County"_s);
+    // Ahead of the court, that is, and nowhere else.
+    lines[1] = u"Court~Ada  County~"_s;
+    QCOMPARE(*ReadSummary(contextOf(u"ID"_s), lines).Caption, u"Case Details (1) -- Ada  County"_s);
+    // A reply too short for a court leaves that of the window.
+    QCOMPARE(*ReadSummary(contextOf(u"ID"_s), {u"nothing"_s}).Caption,
+             u"Case Details (1) -- King County"_s);
 }
 
 void tst_SummaryReply::fewerThanFourLines_data()
@@ -472,6 +511,9 @@ void tst_SummaryReply::bankruptcyTabs_data()
     QTest::newRow("a summary of claims is no tab")
         << u"TABDEF/RETRIEVECOMMAND=BKRPT~CLAIMS SUMMARY~1~/RETRIEVECOMMAND=BKRPT~DOCKET~1~/"_s
         << QStringList{u"Summary"_s, u"Docket"_s} << 2;
+    QTest::newRow("unless of something else, too")
+        << u"TABDEF/RETRIEVECOMMAND=BKRPT~DOCKET AND CLAIMS SUMMARY~1~/"_s
+        << QStringList{u"Summary"_s, u"Docket"_s} << 1;
     QTest::newRow("Summary is first") << u"TABDEF/RETRIEVECOMMAND=BKRPT~DOCKET~1~/"
                                          "RETRIEVECOMMAND=BKRPT~SUMMARY~1~/"_s
                                       << QStringList{u"Summary"_s, u"Docket"_s} << 2;
