@@ -15,6 +15,7 @@ private Q_SLOTS:
     void theArrowAgreesWithTheSortColumn();
     void aCheckedNameIsSentWithoutItsMark();
     void theSecondSearchIsAFreshJob();
+    void theSecondSearchCountsFromTheBeginning();
     void theSecondSearchCarriesTheClientCode();
     void anotherSearchKeepsTheLink();
     void nothingIsRetrievedDuringARun();
@@ -197,6 +198,25 @@ void tst_CheckedNames::theSecondSearchIsAFreshJob()
     court->Expect(CasesLine(u"A"_s, 1)).Reply({CaseRow(u"SMITH, A"_s), u"EOF~"_s});
     QVERIFY(desk->Finish(window));
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete:    1 Case Retrieved."_s);
+}
+
+void tst_CheckedNames::theSecondSearchCountsFromTheBeginning()
+{
+    frmDiscisNCNameResults *window = Searched({PersonRow(u"A"_s), PersonRow(u"B"_s), u"EOF~"_s});
+    QCOMPARE(TextOf(window, "Label3"), QString());
+    QStringList counts;
+    for (const auto &[first, row] : {std::pair{u"A"_s, 1}, std::pair{u"B"_s, 2}}) {
+        court->Expect(CasesLine(first, row)).Reply({});
+        CheckRow(window, row - 1);
+        desk->When([this, asked = row + 1] { return court->Requests().size() == asked; },
+                   [&] {
+                       counts.append(TextOf(window, "Label3"));
+                       court->SendTokens({u"EOF~"_s});
+                   });
+    }
+    Retrieve(window);
+    // The names of the first search are no rows of this one.
+    QCOMPARE(counts, (QStringList{u"Cases Found: 0"_s, u"Cases Found: 0"_s}));
 }
 
 void tst_CheckedNames::theSecondSearchCarriesTheClientCode()

@@ -30,6 +30,7 @@ private Q_SLOTS:
     void theListHasItsMenuAndKeys();
     void aLongSearchTellsOfItsEnd_data() { EachResultsWindow(); }
     void aLongSearchTellsOfItsEnd();
+    void aSearchThatBeginsSaysSo();
     void aStoppedSearchIsNoNews();
     void aPendingSearchThatIsStoppedSaysSo();
     void theCasesOfNamesAreASearchOfTheirOwn();
@@ -116,6 +117,21 @@ void tst_ResultLists::aLongSearchTellsOfItsEnd()
     QCOMPARE(notices.size(), 2);
     QCOMPARE(notices.last(), TextOf(window, "lblStatus").simplified());
     QVERIFY(notices.last().contains(u"Complete"));
+}
+
+void tst_ResultLists::aSearchThatBeginsSaysSo()
+{
+    court->Expect(RequestLine()).Reply({});
+    desk->ConnectTo(*court);
+    const frmNameSearchResults *window = desk->Start({RequestLine()});
+    QString said;
+    desk->When([this] { return court->Requests().size() == 1; },
+               [&] {
+                   said = ListOf(window)->accessibleDescription();
+                   court->SendTokens({u"EOF~"_s});
+               });
+    QVERIFY(desk->Finish(window));
+    QCOMPARE(said, u"Searching .. - 0 rows"_s);
 }
 
 void tst_ResultLists::aStoppedSearchIsNoNews()
