@@ -16,6 +16,7 @@ private Q_SLOTS:
     void aCheckedNameIsSentWithoutItsMark();
     void theSecondSearchIsAFreshJob();
     void theSecondSearchCountsFromTheBeginning();
+    void theNextSearchCarriesTheNameThatIsShown();
     void theSecondSearchCarriesTheClientCode();
     void anotherSearchKeepsTheLink();
     void nothingIsRetrievedDuringARun();
@@ -219,6 +220,21 @@ void tst_CheckedNames::theSecondSearchCountsFromTheBeginning()
     QCOMPARE(counts, (QStringList{u"Cases Found: 0"_s, u"Cases Found: 0"_s}));
 }
 
+void tst_CheckedNames::theNextSearchCarriesTheNameThatIsShown()
+{
+    frmDiscisNCNameResults *window = Searched({PersonRow(u"A"_s), PersonRow(u"B"_s), u"EOF~"_s});
+    CheckRow(window, 0);
+    CheckRow(window, 1);
+    court->Expect(CasesLine(u"A"_s, 1)).Reply({u"EOF~"_s});
+    court->Expect(CasesLine(u"B"_s, 2)).Reply({u"EOF~"_s});
+    Retrieve(window);
+    const QString shown = u"SMITH, JOHN, Q, SMITH, B, M"_s;
+    QCOMPARE(window->lblNameVal(), shown);
+    CheckRow(window, 0);
+    court->Expect(CasesLine(u"B"_s, 2, shown)).Reply({u"EOF~"_s});
+    Retrieve(window);
+}
+
 void tst_CheckedNames::theSecondSearchCarriesTheClientCode()
 {
     frmDiscisNCNameResults *window = Searched({PersonRow(u"A"_s), u"EOF~"_s});
@@ -312,6 +328,11 @@ void tst_CheckedNames::stopDuringTheSecondSearch()
                });
     ButtonOf(window, "cmdSearchResults_0")->click();
     QTRY_COMPARE(TextOf(window, "lblStatus"), u"Search Stopped By User: 1 Cases Retrieved."_s);
+    QCOMPARE(ColourOf(window, "lblSearchStatus"), u"red"_s);
+    ButtonOf(window, "cmdViewDupes")->click();
+    // The words of either list are no words of trouble.
+    QCOMPARE(ColourOf(window, "lblSearchStatus"), u"blue"_s);
+    ButtonOf(window, "cmdViewDupes")->click();
     QVERIFY(!retrievable);
     QVERIFY(ButtonOf(window, "cmdSearchResults_0")->isEnabled());
     QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
