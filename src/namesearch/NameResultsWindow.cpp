@@ -62,6 +62,7 @@ void NameResultsWindow::BeginSearching()
 
 void NameResultsWindow::SearchAgain()
 {
+    stoppedByUser = false;
     RestartJob();
     voice->Started();
 }
@@ -162,6 +163,7 @@ QString NameResultsWindow::StopRequest() const
 void NameResultsWindow::StopDone()
 {
     Global.bUserStoppedSearch = true;
+    stoppedByUser = true;
 }
 
 void NameResultsWindow::ShowStopped(StopCase stopCase)

@@ -159,4 +159,5 @@ private:
     bool CriteriaShown = false;
     std::optional<int> pendingCount; ///< what the count will read
     bool sortFlag = false;           ///< turned by every click on a header
+    bool stoppedByUser = false;      ///< this time; StopRequested is for all pages of an index
 };

@@ -185,7 +185,7 @@ void NameResultsWindow::FinishRun()
     EndJob();
     printButton->setEnabled(true);
     ReleaseTurnOf(txtMasterKey);
-    voice->Ended(StopRequested);
+    voice->Ended(stoppedByUser);
 }
 
 void NameResultsWindow::addMaxResultsRows()

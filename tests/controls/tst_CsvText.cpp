@@ -147,6 +147,8 @@ void tst_CsvText::clipboard()
     const ShownTable table{{u"Name"_s, u"Case Number"_s},
                            {{u"A\tB\nC"_s, u"02-2"_s}, {u"=1"_s, u"3"_s}}};
     QCOMPARE(ClipboardText(table, false), u"A B C\t02-2\n'=1\t3"_s);
+    // Whoever pastes may take this for the end.
+    QCOMPARE(ClipboardText({{}, {{u"A"_s + QChar::Null + u"B"_s}}}, false), u"AB"_s);
 }
 
 void tst_CsvText::clipboardWithHeaders()

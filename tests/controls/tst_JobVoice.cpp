@@ -3,6 +3,7 @@
 #include "controls/ResultListView.h"
 #include "support/TestClock.h"
 
+#include <QDeadlineTimer>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -31,6 +32,7 @@ private Q_SLOTS:
     void withoutATrayNothingBreaks();
     void stateIsSpoken();
     void rowsAreSpokenNowAndThen();
+    void rowsAreSpokenWhileOthersStreamIn();
     void eachTableTellsItsOwnRows();
     void theEndIsAnAlert();
 
@@ -214,6 +216,19 @@ void tst_JobVoice::rowsAreSpokenNowAndThen()
     addRows(1);
     QTRY_COMPARE(list->accessibleDescription(), u"Pending .. - 11 rows"_s);
     QVERIFY(!pause->isActive());
+}
+
+void tst_JobVoice::rowsAreSpokenWhileOthersStreamIn()
+{
+    voice->findChild<QTimer *>()->setInterval(200);
+    const QString before = list->accessibleDescription();
+    const QDeadlineTimer deadline(20'000);
+    // Each row comes long before the pause is over, which must not begin anew with it.
+    while (list->accessibleDescription() == before && !deadline.hasExpired()) {
+        addRows(1);
+        QTest::qWait(1);
+    }
+    QVERIFY(list->accessibleDescription() != before);
 }
 
 void tst_JobVoice::eachTableTellsItsOwnRows()

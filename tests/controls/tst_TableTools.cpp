@@ -153,6 +153,11 @@ void tst_TableTools::copyKeyTakesTheSelectedRows()
     QTest::keySequence(user->List, QKeySequence::Copy);
     // The column that is too narrow to be seen is not copied.
     QCOMPARE(QApplication::clipboard()->text(), u"ADAMS\t02-2-1\nCLARK\t02-2-3"_s);
+    // In the order of the list, whichever was selected first.
+    user->Click(3);
+    user->Click(0, Qt::ControlModifier);
+    QTest::keySequence(user->List, QKeySequence::Copy);
+    QCOMPARE(QApplication::clipboard()->text(), u"ADAMS\t02-2-1\nDAVIS\t02-2-4"_s);
     user->Click(1);
     user->Click(3, Qt::ShiftModifier);
     QTest::keySequence(user->List, QKeySequence::Copy);

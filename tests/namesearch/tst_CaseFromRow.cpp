@@ -58,6 +58,7 @@ private Q_SLOTS:
     void aSuperiorCodeAmongTheNonCivilCases_data();
     void aSuperiorCodeAmongTheNonCivilCases();
     void aSuperiorCodeAmongTheCivilCasesIsCivil();
+    void blanksAroundACourtCodeDoNotHideTheCourt();
     void anUnknownCourtReadsAsItsRow();
     void caseTypeOfARequest_data();
     void caseTypeOfARequest();
@@ -399,6 +400,16 @@ void tst_CaseFromRow::aSuperiorCodeAmongTheCivilCasesIsCivil()
         DiscisCaseOfRow(discisRow(u"02-2"_s, u"S17"_s), ResultKind::DiscisCivil, u"CV"_s);
     QCOMPARE(fields.Form, CaseForm::Civil);
     QCOMPARE(fields.txtCourtCode, u"S17"_s);
+}
+
+void tst_CaseFromRow::blanksAroundACourtCodeDoNotHideTheCourt()
+{
+    const auto caption = [](const QString &code) {
+        return DiscisCaseOfRow(discisRow(u"C1"_s, code), ResultKind::DiscisStatewide, u"IN"_s)
+            .Caption;
+    };
+    QCOMPARE(caption(u" BED "_s), u"C1 - Benton District Cty. / Benton"_s);
+    QCOMPARE(caption(u" S17 "_s), u"C1 - King County Superior Courts"_s);
 }
 
 void tst_CaseFromRow::anUnknownCourtReadsAsItsRow()

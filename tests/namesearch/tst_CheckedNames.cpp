@@ -15,6 +15,8 @@ private Q_SLOTS:
     void theArrowAgreesWithTheSortColumn();
     void aCheckedNameIsSentWithoutItsMark();
     void theSecondSearchIsAFreshJob();
+    void theSecondSearchCountsFromTheBeginning();
+    void theNextSearchCarriesTheNameThatIsShown();
     void theSecondSearchCarriesTheClientCode();
     void anotherSearchKeepsTheLink();
     void nothingIsRetrievedDuringARun();
@@ -199,6 +201,40 @@ void tst_CheckedNames::theSecondSearchIsAFreshJob()
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete:    1 Case Retrieved."_s);
 }
 
+void tst_CheckedNames::theSecondSearchCountsFromTheBeginning()
+{
+    frmDiscisNCNameResults *window = Searched({PersonRow(u"A"_s), PersonRow(u"B"_s), u"EOF~"_s});
+    QCOMPARE(TextOf(window, "Label3"), QString());
+    QStringList counts;
+    for (const auto &[first, row] : {std::pair{u"A"_s, 1}, std::pair{u"B"_s, 2}}) {
+        court->Expect(CasesLine(first, row)).Reply({});
+        CheckRow(window, row - 1);
+        desk->When([this, asked = row + 1] { return court->Requests().size() == asked; },
+                   [&] {
+                       counts.append(TextOf(window, "Label3"));
+                       court->SendTokens({u"EOF~"_s});
+                   });
+    }
+    Retrieve(window);
+    // The names of the first search are no rows of this one.
+    QCOMPARE(counts, (QStringList{u"Cases Found: 0"_s, u"Cases Found: 0"_s}));
+}
+
+void tst_CheckedNames::theNextSearchCarriesTheNameThatIsShown()
+{
+    frmDiscisNCNameResults *window = Searched({PersonRow(u"A"_s), PersonRow(u"B"_s), u"EOF~"_s});
+    CheckRow(window, 0);
+    CheckRow(window, 1);
+    court->Expect(CasesLine(u"A"_s, 1)).Reply({u"EOF~"_s});
+    court->Expect(CasesLine(u"B"_s, 2)).Reply({u"EOF~"_s});
+    Retrieve(window);
+    const QString shown = u"SMITH, JOHN, Q, SMITH, B, M"_s;
+    QCOMPARE(window->lblNameVal(), shown);
+    CheckRow(window, 0);
+    court->Expect(CasesLine(u"B"_s, 2, shown)).Reply({u"EOF~"_s});
+    Retrieve(window);
+}
+
 void tst_CheckedNames::theSecondSearchCarriesTheClientCode()
 {
     frmDiscisNCNameResults *window = Searched({PersonRow(u"A"_s), u"EOF~"_s});
@@ -292,6 +328,11 @@ void tst_CheckedNames::stopDuringTheSecondSearch()
                });
     ButtonOf(window, "cmdSearchResults_0")->click();
     QTRY_COMPARE(TextOf(window, "lblStatus"), u"Search Stopped By User: 1 Cases Retrieved."_s);
+    QCOMPARE(ColourOf(window, "lblSearchStatus"), u"red"_s);
+    ButtonOf(window, "cmdViewDupes")->click();
+    // The words of either list are no words of trouble.
+    QCOMPARE(ColourOf(window, "lblSearchStatus"), u"blue"_s);
+    ButtonOf(window, "cmdViewDupes")->click();
     QVERIFY(!retrievable);
     QVERIFY(ButtonOf(window, "cmdSearchResults_0")->isEnabled());
     QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);

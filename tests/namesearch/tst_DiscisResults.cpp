@@ -310,6 +310,9 @@ void tst_DiscisResults::stopWhileSearching()
     QTRY_COMPARE(TextOf(window, "lblStatus"), u"Search Stopped By User: 1 Cases Retrieved."_s);
     QCOMPARE(TextOf(window, "lblSearchStatus"),
              u"Search Stopped By User. Some results may not have been retrieved."_s);
+    QCOMPARE(
+        desk->Folder.TimesLogged(u"Searching Stopped by User. Request Was: "_s + DistrictLine()),
+        1);
     QVERIFY(
         desk->Folder.Logged(u"EXITED - SEARCH STOPPED BY USER  - from ProcessSearchReqeusts."_s));
     QVERIFY(desk->Finish(window));

@@ -160,7 +160,7 @@ void tst_DuplicateNames::requests_data()
     QTest::newRow("empty cells") << u"SNCI"_s << u"JOHN A|||||||"_s << u"I1"_s
                                  << u"WADISCIS/SEARCH/SMITH, J/JOHN A////////1/SNCINMD/"_s;
     QTest::newRow("what would break the frame")
-        << u"SNCI"_s << u"JO\u00A6HN\r\n A|1|2|3|4|5|6|7"_s << u"I1"_s
+        << u"SNCI"_s << u"JO\u00A6HN\r\n A|1|2|3|4|5|6|7"_s << u"I|1"_s
         << u"WADISCIS/SEARCH/SMITH, J/JOHN A/1/2/3/4/5/6/7/1/SNCINMD/"_s;
 }
 

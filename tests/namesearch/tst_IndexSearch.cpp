@@ -1,6 +1,7 @@
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
 #include "namesearch/IndexLines.h"
+#include "support/FakeSocket.h"
 
 #include <QPushButton>
 #include <QTest>
@@ -25,6 +26,8 @@ private Q_SLOTS:
     void tooManyHitsIsNoMaxNames();
     void message_data();
     void message();
+    void whatComesBehindAWarningIsThrownAway_data();
+    void whatComesBehindAWarningIsThrownAway();
     void anErrorInFrontOfAWarningDecides();
     void aFirstNameErrorLeavesABareNumber();
     void pages();
@@ -216,6 +219,32 @@ void tst_IndexSearch::message()
     QVERIFY(!window->tmrBlink->isActive());
     QVERIFY(Global.strRecvBuffer.IsEmpty());
     QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
+}
+
+void tst_IndexSearch::whatComesBehindAWarningIsThrownAway_data()
+{
+    QTest::addColumn<QString>("warning");
+    QTest::newRow("page limit") << LimitRow(500, 700);
+    QTest::newRow("malformed page limit") << u"WARNING~Reached Search Limit~"_s;
+    QTest::newRow("other warning") << u"WARNING~Something~"_s;
+}
+
+void tst_IndexSearch::whatComesBehindAWarningIsThrownAway()
+{
+    QFETCH(QString, warning);
+    FakeSocket *socket = desk->ConnectToNothing();
+    auto *window = new frmNameSearchResults(u"WA"_s, true);
+    desk->Enqueue(window, {IndexLine()});
+    window->Timer1->start(1);
+    desk->When(
+        [socket] { return socket->sent.size() == 1 && !Global.bSendBusy; },
+        [socket, warning] {
+            socket->Arrive(ScriptedCourt::Tokens({IndexRow(u"A"_s), warning, IndexRow(u"B"_s)}));
+        });
+    QVERIFY(desk->Finish(window));
+    QVERIFY(ButtonOf(window, "cmdSearchResults_2")->isEnabled());
+    QCOMPARE(window->RowCount(), 1);
+    QVERIFY(Global.strRecvBuffer.IsEmpty());
 }
 
 void tst_IndexSearch::anErrorInFrontOfAWarningDecides()

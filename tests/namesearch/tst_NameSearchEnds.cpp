@@ -1,3 +1,5 @@
+#include "controls/ResultListView.h"
+#include "controls/Twips.h"
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
 #include "namesearch/SearchDesk.h"
@@ -168,6 +170,8 @@ void tst_NameSearchEnds::tooManyHitsSendsNoFurtherLine()
     QCOMPARE(court->Requests(), QStringList{adams});
     QCOMPARE(TextOf(window, "Label3"), u"Max. Names Found!"_s);
     QCOMPARE(window->RowCount(), 1);
+    QCOMPARE(desk->Folder.TimesLogged(u"All Responses Received For Request: "_s + adams), 1);
+    QVERIFY(!desk->Folder.Logged(u"Starting Next Request: "_s + RequestLine()));
 }
 
 void tst_NameSearchEnds::tooManyHitsGoesOnReadingToItsEnd()
@@ -240,6 +244,8 @@ void tst_NameSearchEnds::maxResultsWithoutRowsShowsANote()
                                   "retry your search."_s},
                                  {u"Tip: Be sure to include a full first name and/or middle "
                                   "initial in the search criteria."_s}}));
+    const ResultListView *list = ListOf(window);
+    QCOMPARE(list->List()->Columns()[0].Width, TwipsFromPixels(list->width()) - 100);
 }
 
 void tst_NameSearchEnds::maxResultsNamesTheCountyOfTheCurrentLine()

@@ -49,6 +49,7 @@ private Q_SLOTS:
     void theCriteriaFollowTheLineBeingSearched();
     void theAccountingTagIsOnTheWireAndNotInTheList();
     void theLineIsSentTrimmedAndKeptAsItIs();
+    void whatCameBeforeTheSearchIsNotRead();
     void theReceiveBufferIsEmptiedBeforeEachLine();
     void aLongProgressReplyIsShown();
     void aShortProgressReplyChangesNothing();
@@ -194,7 +195,7 @@ void tst_NameSearchEngine::theLineIsSentTrimmedAndKeptAsItIs()
     QCOMPARE(window->lboxQueue.Lines(), QStringList{padded});
 }
 
-void tst_NameSearchEngine::theReceiveBufferIsEmptiedBeforeEachLine()
+void tst_NameSearchEngine::whatCameBeforeTheSearchIsNotRead()
 {
     court->Expect(RequestLine()).Reply({u"EOF~"_s});
     desk->ConnectTo(*court);
@@ -203,6 +204,25 @@ void tst_NameSearchEngine::theReceiveBufferIsEmptiedBeforeEachLine()
     QVERIFY(desk->Finish(window));
     QCOMPARE(window->RowCount(), 0);
     QCOMPARE(court->Requests(), QStringList{RequestLine()});
+}
+
+void tst_NameSearchEngine::theReceiveBufferIsEmptiedBeforeEachLine()
+{
+    FakeSocket *socket = desk->ConnectToNothing();
+    const frmNameSearchResults *window =
+        desk->Start({RequestLine(u"SMITH"_s, u"Adams"_s), RequestLine()});
+    const auto isSent = [socket](qsizetype lines) {
+        return [socket, lines] { return socket->sent.size() == lines && !Global.bSendBusy; };
+    };
+    desk->When(isSent(1), [socket] {
+        socket->Arrive(ScriptedCourt::Tokens({u"EOF~"_s, ResultLine(u"LATE, ROW"_s), u"EOF~"_s}));
+    });
+    desk->When(isSent(2), [socket] {
+        socket->Arrive(ScriptedCourt::Tokens({ResultLine(u"A"_s), u"EOF~"_s}));
+    });
+    QVERIFY(desk->Finish(window));
+    QCOMPARE(RowsOf(window).size(), 1);
+    QCOMPARE(RowsOf(window)[0][0], u"A"_s);
 }
 
 void tst_NameSearchEngine::aLongProgressReplyIsShown()

@@ -449,6 +449,11 @@ void tst_NameSearchWindow::beginSearchingQueuesAgain()
     QVERIFY(ButtonOf(window, "cmdStopSearching")->isEnabled());
     QVERIFY(window->Timer1->isActive());
     QVERIFY(window->tmrBlink->isActive());
+    // And blinks as at first.
+    const auto *status = window->findChild<QWidget *>(u"lblStatus"_s);
+    window->tmrBlink->setInterval(1);
+    QTRY_VERIFY(!status->isVisible());
+    QTRY_VERIFY(status->isVisible());
 }
 
 QTEST_MAIN(tst_NameSearchWindow)

@@ -4,6 +4,7 @@
 #include "namesearch/frmNameSearchResults.h"
 #include "support/Wire.h"
 
+#include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
 
@@ -81,6 +82,8 @@ void tst_OtherSearches::whatTheStarterHandsOver()
     QCOMPARE(window.lblNameVal(), u"12-3456789"_s);
     QCOMPARE(TextOf(&window, "lblCaseTypeVals"), u"Bankruptcy"_s);
     QCOMPARE(window.txtCountyList(), u"Washington Western Bankruptcy"_s);
+    // A long list is seen from its beginning.
+    QCOMPARE(window.findChild<QLineEdit *>(u"txtCountyList"_s)->cursorPosition(), 0);
 }
 
 void tst_OtherSearches::searchOfEachState_data()

@@ -4,6 +4,7 @@
 #include "controls/TableTools.h"
 #include "core/UserStore.h"
 #include "namesearch/DupesSearch.h"
+#include "namesearch/IndexLines.h"
 #include "namesearch/ResultColumns.h"
 
 #include <QApplication>
@@ -30,7 +31,9 @@ private Q_SLOTS:
     void theListHasItsMenuAndKeys();
     void aLongSearchTellsOfItsEnd_data() { EachResultsWindow(); }
     void aLongSearchTellsOfItsEnd();
+    void aSearchThatBeginsSaysSo();
     void aStoppedSearchIsNoNews();
+    void thePageBehindAStoppedOneIsNewsAgain();
     void aPendingSearchThatIsStoppedSaysSo();
     void theCasesOfNamesAreASearchOfTheirOwn();
     void widthsOfTheKind_data();
@@ -118,6 +121,21 @@ void tst_ResultLists::aLongSearchTellsOfItsEnd()
     QVERIFY(notices.last().contains(u"Complete"));
 }
 
+void tst_ResultLists::aSearchThatBeginsSaysSo()
+{
+    court->Expect(RequestLine()).Reply({});
+    desk->ConnectTo(*court);
+    const frmNameSearchResults *window = desk->Start({RequestLine()});
+    QString said;
+    desk->When([this] { return court->Requests().size() == 1; },
+               [&] {
+                   said = ListOf(window)->accessibleDescription();
+                   court->SendTokens({u"EOF~"_s});
+               });
+    QVERIFY(desk->Finish(window));
+    QCOMPARE(said, u"Searching .. - 0 rows"_s);
+}
+
 void tst_ResultLists::aStoppedSearchIsNoNews()
 {
     int notices = 0;
@@ -139,6 +157,34 @@ void tst_ResultLists::aStoppedSearchIsNoNews()
     ReplaceDesktopNotice({});
     QCOMPARE(notices, 0);
     QVERIFY(ListOf(window)->accessibleDescription().startsWith(u"Search Stopped By User"));
+}
+
+void tst_ResultLists::thePageBehindAStoppedOneIsNewsAgain()
+{
+    int notices = 0;
+    ReplaceDesktopNotice([&](QWidget *, const QString &, const QString &) { ++notices; });
+    court->Expect(IndexLine()).Reply({IndexRow(u"A"_s)});
+    court->Expect(u"STOP\u00A6"_s).Reply({LimitRow(500, 700)});
+    court->Expect(IndexLine(501, 1000)).Reply({});
+    auto *window = Begin(new frmNameSearchResults(u"WA"_s, true), {IndexLine()});
+    desk->When([window] { return window->RowCount() == 1; },
+               [window] { ButtonOf(window, "cmdStopSearching")->click(); });
+    QTRY_VERIFY(ButtonOf(window, "cmdSearchResults_4")->isVisible());
+    QVERIFY(desk->Finish(window));
+    QCOMPARE(notices, 0);
+    QWidget other;
+    desk->When([this] { return court->Requests().size() == 3; },
+               [&] {
+                   other.show();
+                   other.activateWindow();
+                   desk->Time.Advance(longSearchSeconds);
+                   court->SendTokens({u"EOF~"_s});
+               });
+    ButtonOf(window, "cmdSearchResults_4")->click();
+    QVERIFY(desk->Finish(window));
+    ReplaceDesktopNotice({});
+    QVERIFY(window->StopRequested);
+    QCOMPARE(notices, 1);
 }
 
 void tst_ResultLists::aPendingSearchThatIsStoppedSaysSo()

@@ -1,3 +1,4 @@
+#include "core/EventLoop.h"
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
 #include "namesearch/DistrictSearch.h"
@@ -6,6 +7,8 @@
 
 #include <QPointer>
 #include <QPushButton>
+#include <QScopeGuard>
+#include <QSet>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -29,6 +32,10 @@ private Q_SLOTS:
     void progressRule();
     void logOfTheReplies_data();
     void logOfTheReplies();
+    void theUserIsHeardAfterEachReply_data() { EachResultsWindow(); }
+    void theUserIsHeardAfterEachReply();
+    void betweenTwoLinesTheCountIsThatOfTheLinesBefore_data() { EachResultsWindow(); }
+    void betweenTwoLinesTheCountIsThatOfTheLinesBefore();
     void anEmptyTokenBetweenRowsIsNoRow_data();
     void anEmptyTokenBetweenRowsIsNoRow();
     void closeRules_data() { EachResultsWindow(); }
@@ -233,6 +240,48 @@ void tst_ResultsWindows::logOfTheReplies()
     window->Timer1->start(1);
     QVERIFY(desk->Finish(window));
     QTEST(desk->Folder.Log().mid(before), "log");
+}
+
+void tst_ResultsWindows::theUserIsHeardAfterEachReply()
+{
+    QFETCH(Which, which);
+    constexpr int rows = 20;
+    FakeSocket *socket = desk->ConnectToNothing();
+    NameResultsWindow *window = MakeWindow(which);
+    desk->Enqueue(window, {LineOf(which)});
+    window->Timer1->start(1);
+    QSet<int> heardAt;
+    const auto end = qScopeGuard([] { WatchYields({}); });
+    desk->When([socket] { return socket->sent.size() == 1 && !Global.bSendBusy; },
+               [&, socket, window] {
+                   WatchYields([&heardAt, window] { heardAt.insert(window->RowCount()); });
+                   // All at once: nothing has to be waited for.
+                   socket->Arrive(
+                       ScriptedCourt::Tokens(QStringList(rows, RowOf(which)) << u"EOF~"_s));
+               });
+    QVERIFY(desk->Finish(window));
+    for (int row = 1; row <= rows; ++row)
+        QVERIFY2(heardAt.contains(row), qPrintable(QString::number(row)));
+}
+
+void tst_ResultsWindows::betweenTwoLinesTheCountIsThatOfTheLinesBefore()
+{
+    QFETCH(Which, which);
+    const QString line = LineOf(which);
+    court->Expect(line).Reply({RowOf(which), RowOf(which), u"EOF~"_s});
+    court->Expect(line).Reply({RowOf(which), u"EOF~"_s});
+    court->Expect(line).Reply({});
+    NameResultsWindow *window = Begin(MakeWindow(which), {line, line, line});
+    QString between;
+    desk->When([&] { return court->Requests().size() == 3; },
+               [&] {
+                   between = TextOf(window, "Label3");
+                   court->SendTokens({u"EOF~"_s});
+               });
+    QVERIFY(desk->Finish(window));
+    // It does not know yet of the line that has just ended.
+    const QString label = which == Which::Name ? u"Retrieved: "_s : u"Cases Found: "_s;
+    QCOMPARE(between, QString(label + u'2'));
 }
 
 void tst_ResultsWindows::anEmptyTokenBetweenRowsIsNoRow_data()

@@ -157,7 +157,14 @@ void tst_SearchCriteria::captionOfEachState_data()
     QTest::newRow("Oregon, several")
         << u"OR"_s << u"BAK C,BEN C,"_s
         << u"SMITH in Baker,Benton County, Oregon Circuit/District Courts"_s;
-    QTest::newRow("Oregon, 35 characters and more")
+    QTest::newRow("Oregon, 34 characters")
+        << u"OR"_s << u"BAK C,BEN C,CLA C,BEN D,COO C,"_s
+        << u"SMITH in Baker,Benton,Clackamas,Benton,Coos County, Oregon Circuit/District Courts"_s;
+    QTest::newRow("Oregon, 35 characters")
+        << u"OR"_s << u"BAK C,BEN C,CLA C,CLT C,COO C,"_s
+        << u"SMITH in Baker,Benton,Clackamas,Clatsop,Coos.. Counties, "
+           "Oregon Circuit/District Courts"_s;
+    QTest::newRow("Oregon, more than 35 characters")
         << u"OR"_s << u"BAK C,BEN C,CLA C,CLT C,COL C,COO C,"_s
         << u"SMITH in %1.. Counties, Oregon Circuit/District Courts"_s;
     QTest::newRow("Oregon, statewide has no county")

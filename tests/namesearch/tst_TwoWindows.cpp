@@ -143,14 +143,20 @@ void tst_TwoWindows::stoppingTheSecondLeavesNoKey()
     frmNameSearchResults *first = desk->Start({RequestLine()});
     frmNameSearchResults *second = desk->Start({RequestLine(u"SMYTHE"_s)});
     QStringList keys;
+    bool linkWasTaken = false;
+    bool linkIsTaken = true;
     desk->When([&] { return first->RowCount() == 1; },
                [&] {
+                   linkWasTaken = Global.bSearchInProgress;
                    QTest::mouseClick(ButtonOf(second, "cmdStopSearching"), Qt::LeftButton);
+                   linkIsTaken = Global.bSearchInProgress;
                    keys = frmQueue::Form().FIFO.Lines();
                    court->SendTokens({u"EOF~"_s});
                });
     QVERIFY(desk->Finish(first));
     QCOMPARE(keys, QStringList{first->txtMasterKey});
+    // Every stop frees the link; the key at the head is what keeps others from it.
+    QVERIFY(linkWasTaken && !linkIsTaken);
     QCOMPARE(TextOf(second, "lblSearchStatus"),
              u"Search Stopped By User. No Results Were Retrieved."_s);
     QCOMPARE(TextOf(first, "lblStatus"), u"Search Complete: 1 Cases Retrieved."_s);
