@@ -2,9 +2,6 @@
 // whatever can be clicked meanwhile, and at whichever moment, the run ends as is meant for it.
 
 #include "casedetails/OnDemandDesk.h"
-#include "casedetails/frmCaseDetails.h"
-#include "casedetails/frmCivilCaseDetails.h"
-#include "casedetails/frmNCCaseDetails.h"
 #include "core/GlobalState.h"
 #include "jobs/TurnTaking.h"
 #include "jobs/frmQueue.h"
@@ -100,7 +97,6 @@ private Q_SLOTS:
     void everyYield();
 
 private:
-    CaseWindow *makeCase();
     QStringList answersTo(const QByteArray &request) const;
     /// A window behind its first run whose later run has its key in the queue.
     void prepare();
@@ -130,19 +126,6 @@ void tst_OnDemandYield::cleanup()
     SearchTest::cleanup();
 }
 
-CaseWindow *tst_OnDemandYield::makeCase()
-{
-    switch (kind) {
-    case CaseWindowKind::Civil:
-        return Civil();
-    case CaseWindowKind::NonCivil:
-        return NonCivil();
-    case CaseWindowKind::Superior:
-        break;
-    }
-    return Superior();
-}
-
 QStringList tst_OnDemandYield::answersTo(const QByteArray &request) const
 {
     for (const char *summary : {"SUMMARY", "CIVI\xA6", "NCNCC"}) {
@@ -154,7 +137,7 @@ QStringList tst_OnDemandYield::answersTo(const QByteArray &request) const
 
 void tst_OnDemandYield::prepare()
 {
-    window = makeCase();
+    window = MakeCase(kind);
     yields->Watch(window);
     yields->Show(window);
     // The pauses ahead of the tabs are no matter here.
