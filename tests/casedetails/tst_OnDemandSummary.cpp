@@ -55,6 +55,8 @@ private Q_SLOTS:
     void aSummaryThatDoesNotComeTakesTheOtherBoxesAlong_data();
     void aSummaryThatDoesNotComeTakesTheOtherBoxesAlong();
     void aSummaryThatSaysThatThereIsNoCase();
+    void nothingIsAskedBehindASummaryWithoutACase_data();
+    void nothingIsAskedBehindASummaryWithoutACase();
     void aSummaryOfACaseThatWasStoppedBeforeItsTurn_data();
     void aSummaryOfACaseThatWasStoppedBeforeItsTurn();
     void aRunTimeErrorAheadOfTheSummary();
@@ -201,6 +203,31 @@ void tst_OnDemandSummary::aSummaryThatSaysThatThereIsNoCase()
     // The turn was given back once.
     QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{otherKey});
     QVERIFY(CommandsEnabled(window));
+}
+
+void tst_OnDemandSummary::nothingIsAskedBehindASummaryWithoutACase_data()
+{
+    EachCaseWindow();
+}
+
+void tst_OnDemandSummary::nothingIsAskedBehindASummaryWithoutACase()
+{
+    QFETCH(CaseWindowKind, kind);
+    CaseWindow *window = MakeCase(kind);
+    Global.bStopRequested = true;
+    desk->ConnectTo(*court);
+    Begin(window);
+    QTRY_VERIFY(desk->Folder.Logged(u"INCOMPLETE EXIT - from Timer1 - Case Details."_s));
+    ClickTab(window, u"Docket"_s);
+    Tick(window, {CaseTab::Summary, CaseTab::Names, CaseTab::Docket});
+    court->Expect(LineOf(kind, CaseTab::Summary)).Reply({u"EOF~"_s});
+    SearchNowToTheEnd(window);
+    QCOMPARE(court->Requests().size(), 1);
+    QCOMPARE(TextOf(window, "lblStatus"), kind == CaseWindowKind::Superior
+                                              ? u"Search Stopped. Case Not Located."_s
+                                              : u"Search Stopped. Case Was Not Located."_s);
+    QVERIFY(!window->Tab(CaseTab::Names).TabDone && !window->Tab(CaseTab::Docket).TabDone);
+    QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
 }
 
 void tst_OnDemandSummary::aSummaryOfACaseThatWasStoppedBeforeItsTurn_data()
