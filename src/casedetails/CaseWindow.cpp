@@ -241,6 +241,9 @@ bool CaseWindow::askOnDemand(CaseTabState &state)
 
 void CaseWindow::ActivateTab(const QString &caption)
 {
+    // A run goes on behind a window that has gone, and there is nobody to be asked.
+    if (IsUnloaded())
+        return;
     const RunScope scope(this);
     const std::optional<CaseTab> tab = CaseTabOf(caption);
     if (!tab || !Tab(*tab).Frame)

@@ -25,6 +25,9 @@ frmArbPrompt::~frmArbPrompt() = default;
 
 void frmArbPrompt::ShowModal(FormWindow *parent)
 {
+    // Behind a parent that has gone already nobody is there to be asked.
+    if (parent->IsUnloaded())
+        return;
     // The parent may go while the window is open, and takes it along.
     const QPointer<frmArbPrompt> form = new frmArbPrompt(parent);
     connect(parent, &FormWindow::Unloaded, form, &frmArbPrompt::reject);

@@ -192,8 +192,10 @@ void tst_DistrictMeanings::notesAheadOfTheTables()
                               : Labels{CaseTab::Violations, "lblNCVIONote1", "lblNCVIONote2"};
     for (const Labels &labels : {Labels{CaseTab::Names, "lblNameNote1", "lblNameNote2"},
                                  Labels{CaseTab::Docket, "lblNoteCDK1", "lblNoteCDK2"}, last}) {
-        QCOMPARE(TextOf(window, labels.first).isEmpty(), notes < 1);
-        QCOMPARE(TextOf(window, labels.second).isEmpty(), notes < 2);
+        QCOMPARE(TextOf(window, labels.first),
+                 notes < 1 ? QString() : u"Addresses may be out of date."_s);
+        QCOMPARE(TextOf(window, labels.second),
+                 notes < 2 ? QString() : u"Contact the court for certified copies."_s);
         QCOMPARE(isSeen(window, labels.first), notes >= 1);
         QCOMPARE(isSeen(window, labels.second), notes == 2);
         // The table behind them is read all the same.

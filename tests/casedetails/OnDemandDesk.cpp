@@ -62,6 +62,13 @@ void OnDemandTest::EachCaseWindow()
         QTest::newRow(caseWindowNames.at(i)) << static_cast<CaseWindowKind>(i);
 }
 
+CaseWindow *OnDemandTest::MakeCase(CaseWindowKind kind)
+{
+    if (kind == CaseWindowKind::Superior)
+        return Superior();
+    return Make(districtOf(kind));
+}
+
 CaseWindow *OnDemandTest::Pending(CaseWindowKind kind, const QStringList &fetched,
                                   const QStringList &failing)
 {
@@ -75,9 +82,7 @@ CaseWindow *OnDemandTest::Pending(CaseWindowKind kind, const QStringList &fetche
         else if (fetched.contains(CaptionOf(tab)))
             ExpectTab(kind, tab);
     }
-    if (kind == CaseWindowKind::Superior)
-        return Superior();
-    return Make(districtOf(kind));
+    return MakeCase(kind);
 }
 
 CaseWindow *OnDemandTest::AfterFirstRun(CaseWindowKind kind, const QStringList &fetched,
@@ -153,8 +158,7 @@ QStringList OnDemandTest::SummaryReplyOf(CaseWindowKind kind)
 {
     if (kind == CaseWindowKind::Superior)
         return SuperiorSummary() + QStringList{u"EOF~"_s};
-    return DistrictSummary(kind == CaseWindowKind::Civil ? CaseKind::Civil : CaseKind::NonCivil)
-           + QStringList{u"EOF~"_s};
+    return DistrictSummary(districtOf(kind)) + QStringList{u"EOF~"_s};
 }
 
 void OnDemandTest::UntilTimeOut(CaseWindow *window)
@@ -166,11 +170,7 @@ void OnDemandTest::UntilTimeOut(CaseWindow *window)
 
 CaseWindow *OnDemandTest::WithoutSummary(CaseWindowKind kind)
 {
-    CaseWindow *window = nullptr;
-    if (kind == CaseWindowKind::Superior)
-        window = Superior();
-    else
-        window = Make(kind == CaseWindowKind::Civil ? CaseKind::Civil : CaseKind::NonCivil);
+    CaseWindow *window = MakeCase(kind);
     court->Expect(LineOf(kind, CaseTab::Summary)).Reply({});
     desk->ConnectTo(*court);
     Begin(window);

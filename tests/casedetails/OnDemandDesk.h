@@ -25,7 +25,9 @@ protected:
     /// A data row for each of the three windows.
     static void EachCaseWindow();
 
-    /// A window in the queue, whose Summary and whose tabs of these captions are fetched at once.
+    /// A window in the queue.
+    CaseWindow *MakeCase(CaseWindowKind kind);
+    /// The same, whose Summary and whose tabs of these captions are fetched at once.
     CaseWindow *Pending(CaseWindowKind kind, const QStringList &fetched = {},
                         const QStringList &failing = {});
     /// The same behind its run.

@@ -37,6 +37,7 @@ private Q_SLOTS:
     void anAnswerOfAnotherWindowIsForgotten();
     void theQuestionNeedsItsEndMark();
     void aCourtThatAsksTwice();
+    void aWindowThatHasGoneIsNotAsked();
 
 private:
     /// Answers the prompt with one of its buttons, or with the key of escape.
@@ -298,6 +299,27 @@ void tst_CaseArbitration::aCourtThatAsksTwice()
     QVERIFY(Finished(window));
     QVERIFY(window->Tab(CaseTab::Summary).TabDone);
     QCOMPARE(court->Requests().size(), 4);
+}
+
+void tst_CaseArbitration::aWindowThatHasGoneIsNotAsked()
+{
+    FetchAtOnce(u"CaseSearchTabs"_s, {});
+    court->Expect(SuperiorLine(u"SUMMARY"_s)).Reply({});
+    // As with the question left unanswered: the run goes on to its end out of sight.
+    court->Expect(answered(u"SUMMARY"_s, u" NOARBITRATION"_s)).Reply(superiorReply());
+    const QPointer<CaseWindow> window = Superior();
+    desk->When([this] { return court->Requests().size() == 1; },
+               [&] {
+                   window->Unload(UnloadMode::MdiParent);
+                   court->SendTokens(question);
+               });
+    desk->ConnectTo(*court);
+    desk->Time.Run(0.05);
+    Begin(window);
+    QTRY_VERIFY(window.isNull());
+    QCOMPARE(desk->Boxes.Complaints(), QString());
+    QCOMPARE(court->Requests().size(), 2);
+    QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
 }
 
 QTEST_MAIN(tst_CaseArbitration)

@@ -5,34 +5,20 @@
 #include "casedetails/CaseYields.h"
 #include "casedetails/frmCaseDetails.h"
 #include "casedetails/frmNCCaseDetails.h"
-#include "core/EndProgram.h"
-#include "core/EventLoop.h"
 #include "core/GlobalState.h"
 #include "jobs/TurnTaking.h"
 #include "jobs/frmQueue.h"
-#include "link/ConnectState.h"
-#include "link/Router.h"
-#include "link/frmWinsock.h"
+#include "namesearch/YieldDesk.h"
 #include "session/frmMain.h"
-#include "support/AnsweringSocket.h"
 
-#include <QAction>
-#include <QDeadlineTimer>
 #include <QPointer>
 #include <QPushButton>
 #include <QTest>
 
 #include <memory>
-#include <optional>
 
 namespace {
-constexpr int fewestYields = 15;
-constexpr int mostYields = 120;
-constexpr int longestRunMilliseconds = 5'000;
-constexpr double longestNapSeconds = 0.01;
-constexpr int blinkMilliseconds = 500;
-/// Long enough for a pending window to see the stop before the program ends.
-constexpr int exitMilliseconds = 20;
+constexpr YieldDesk::Walk walk{.fewestPending = 2, .fewestRunning = 15, .mostYields = 120};
 /// A millisecond of the test is a pause between two tabs.
 constexpr double secondsOfMillisecond = 0.2;
 
@@ -58,27 +44,6 @@ QStringList answersTo(const QByteArray &frame)
     return {u"GRIDDEF~Date~Entry~20~80~"_s, u"01/02/2003~Complaint~"_s, u"EOF~"_s};
 }
 
-/// From event to event, without naps in between: there are hundreds of cases.
-bool waitFor(const std::function<bool()> &condition)
-{
-    const QDeadlineTimer deadline(longestRunMilliseconds);
-    while (!condition()) {
-        if (deadline.hasExpired())
-            return false;
-        YieldUntilEvent(longestNapSeconds);
-    }
-    return true;
-}
-
-/// What is left of the program behind a case, as one line.
-QString stateLine(const QString &end, bool gone, const QStringList &queue, bool loggedIn,
-                  bool stopsOthers, bool endsProgram)
-{
-    return u"%1, window %2, queue %3, %4, others %5, program %6"_s.arg(
-        end, gone ? u"gone"_s : u"there"_s, queue.join(u'+'),
-        loggedIn ? u"logged in"_s : u"logged out"_s, stopsOthers ? u"stopped"_s : u"wait"_s,
-        endsProgram ? u"ended"_s : u"runs"_s);
-}
 } // namespace
 
 Q_DECLARE_METATYPE(Act)
@@ -105,10 +70,8 @@ private:
     void runCase(int nth, const std::function<void()> &happens);
     void caseWith(int nth);
     void act();
-    void perform() const;
     static bool isOver(const CaseWindow *ofCase);
     bool waitForTheEnd() const;
-    bool waitForTheEnding() const;
     Moment momentNow() const;
     /// How a run ends whose link goes now.
     CaseEnd endOfLostLink() const;
@@ -122,58 +85,33 @@ private:
 
     Act what = Act::StopButton;
     Kind kind = Kind::Superior;
-    std::unique_ptr<frmMain> main;
+    std::unique_ptr<YieldDesk> yields;
     QPointer<CaseWindow> window;
-    std::optional<Moment> moment; ///< when it happened
     CaseEnd lostEnd = CaseEnd::None;
     QByteArrayList asked; ///< the frames that the court has got, but for those that stop it
-    int timesInASend = 0;
-    int endings = 0;
 };
 
 void tst_CaseEveryYield::init()
 {
     desk = std::make_unique<SearchDesk>();
-    ReplaceEndProgram([this](int) { ++endings; });
+    yields = std::make_unique<YieldDesk>(*desk);
     FetchAtOnce(u"CaseSearchTabs"_s, {u"Names"_s, u"Docket"_s});
     FetchAtOnce(u"NonCivilCaseTabs"_s, {u"Names"_s, u"Violations"_s});
 }
 
 void tst_CaseEveryYield::cleanup()
 {
-    WatchYields({});
-    main.reset();
+    yields.reset();
     desk.reset();
 }
 
 void tst_CaseEveryYield::connectAgain()
 {
-    CloseServerLink();
     asked.clear();
-    const auto answers = [this](const QByteArray &frame) {
+    yields->ConnectAgain([this](const QByteArray &frame) {
         asked.append(frame);
         return answersTo(frame);
-    };
-    AnsweringSocket::Install(answers, [this] {
-        // The status blinks while the court is asked: a yield inside the yields.
-        if (window && !window->IsUnloaded() && window->tmrBlink->isActive())
-            window->tmrBlink->start(0);
     });
-    frmWinsock::Form();
-    Global.intConnectState = ConnectDone;
-    Global.bLoggedIn = true;
-    // As the search form does for every search.
-    Global.bStopRequested = false;
-    if (!main) {
-        main = std::make_unique<frmMain>();
-        main->show();
-        // Painting is no matter here, and takes half of the time.
-        main->setUpdatesEnabled(false);
-    }
-    main->TimerExit->setInterval(exitMilliseconds);
-    main->SetTxtConnectStatus(u"Connected"_s);
-    Global.bShowAlerts = false;
-    frmQueue::Form().FIFO.Clear();
 }
 
 CaseWindow *tst_CaseEveryYield::makeCase(const QString &number)
@@ -189,10 +127,8 @@ CaseWindow *tst_CaseEveryYield::makeCase(const QString &number)
     }
     made->txtCaseNumber = number;
     made->txtCountyName = u"King"_s;
-    main->ShowChild(made);
+    yields->Show(made);
     desk->Enqueue(made);
-    QTimer *blink = made->tmrBlink;
-    connect(blink, &QTimer::timeout, blink, [blink] { blink->setInterval(blinkMilliseconds); });
     return made;
 }
 
@@ -216,52 +152,8 @@ CaseEnd tst_CaseEveryYield::endOfLostLink() const
 
 void tst_CaseEveryYield::act()
 {
-    moment = momentNow();
-    if (Global.bSendBusy)
-        ++timesInASend;
     lostEnd = endOfLostLink();
-    if (*moment == Moment::Running) {
-        for (const Refusal &refusal : refusals) {
-            if (refusal.act == what)
-                desk->Boxes.Expect(refusal.text.toString(), refusal.title.toString());
-        }
-    }
-    perform();
-}
-
-void tst_CaseEveryYield::perform() const
-{
-    switch (what) {
-    case Act::StopButton:
-        ButtonOf(window, "cmdStopSearching")->click();
-        return;
-    case Act::Logout:
-        main->Logout();
-        return;
-    case Act::Disconnect:
-        main->findChild<QAction *>(u"mnuConnectionDisConnect"_s)->trigger();
-        return;
-    case Act::Exit:
-        main->findChild<QAction *>(u"mnuFileExit"_s)->trigger();
-        return;
-    case Act::CloseMain:
-        main->close();
-        return;
-    case Act::CloseFrame:
-        window->parentWidget()->close();
-        return;
-    case Act::UnloadByCode:
-        window->Unload();
-        return;
-    case Act::SessionEnds:
-        window->Unload(UnloadMode::SessionEnd);
-        return;
-    case Act::UnloadUnconditionally:
-        window->Unload(UnloadMode::MdiParent);
-        return;
-    default:
-        QFAIL("no such act of a case");
-    }
+    yields->Do(what, momentNow());
 }
 
 /// A run that is on the stack is below whoever asks: then there is a job in progress, or a timer
@@ -274,14 +166,9 @@ bool tst_CaseEveryYield::isOver(const CaseWindow *ofCase)
 
 bool tst_CaseEveryYield::waitForTheEnd() const
 {
-    const bool ended = waitFor([this] { return isOver(window); });
+    const bool ended = YieldDesk::WaitFor([this] { return isOver(window); });
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     return ended;
-}
-
-bool tst_CaseEveryYield::waitForTheEnding() const
-{
-    return waitFor([this] { return endings > 0; });
 }
 
 QString tst_CaseEveryYield::endOf() const
@@ -341,21 +228,14 @@ void tst_CaseEveryYield::checkControls(const CaseTold &told) const
 void tst_CaseEveryYield::runCase(int nth, const std::function<void()> &happens)
 {
     connectAgain();
-    moment.reset();
-    endings = 0;
-    int yields = 0;
     window = makeCase();
+    yields->Watch(window);
     desk->Folder.Remove(u"AppInfo.txt"_s);
-    window->tmrBlink->start(0);
-    window->Timer1->start(0);
     desk->Time.Run(secondsOfMillisecond);
-    WatchYields([&] {
-        if (++yields == nth)
-            QMetaObject::invokeMethod(this, happens, Qt::QueuedConnection);
-    });
+    yields->Begin(window->Timer1, nth, happens);
     QVERIFY(waitForTheEnd());
-    WatchYields({});
-    if (!moment)
+    YieldDesk::StopWatching();
+    if (!yields->When)
         happens();
 }
 
@@ -365,14 +245,14 @@ void tst_CaseEveryYield::caseWith(int nth)
         EnqueueKey(otherKey);
         act();
     });
-    CaseTold told = caseToldOf(what, *moment);
+    CaseTold told = caseToldOf(what, *yields->When);
     if (told.end == CaseEnd::BrokenDown)
         told.end = lostEnd;
     // A pending window sees the wish to leave before the program ends, and with it the queue.
-    if (told.end == CaseEnd::AllJobsStopped && endings == 0)
+    if (told.end == CaseEnd::AllJobsStopped && yields->Endings == 0)
         QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{otherKey});
     if (told.endsProgram)
-        QVERIFY(waitForTheEnding());
+        QVERIFY(yields->WaitForTheEnding());
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QStringList queue;
     if (told.end == CaseEnd::BrokenDown)
@@ -380,10 +260,15 @@ void tst_CaseEveryYield::caseWith(int nth)
     // The queue is unloaded at the very end.
     if (!told.endsProgram)
         queue.append(otherKey);
-    QCOMPARE(stateLine(endOf(), window.isNull(), frmQueue::Form().FIFO.Lines(), Global.bLoggedIn,
-                       Global.bStopRequested, endings == 1),
-             stateLine(nameOf(told.end, caseEndNames), told.gone, queue, told.staysLoggedIn,
-                       told.stopsOthers, told.endsProgram));
+    const StateLeft left{endOf(),          window.isNull(),       frmQueue::Form().FIFO.Lines(),
+                         Global.bLoggedIn, Global.bStopRequested, yields->Endings == 1};
+    const StateLeft meant{nameOf(told.end, caseEndNames),
+                          told.gone,
+                          queue,
+                          told.staysLoggedIn,
+                          told.stopsOthers,
+                          told.endsProgram};
+    QCOMPARE(left.Line(), meant.Line());
     QVERIFY(!Global.bSearchInProgress);
     QVERIFY(!Global.bSendBusy);
     QCOMPARE(desk->Boxes.Complaints(), QString());
@@ -407,10 +292,11 @@ void tst_CaseEveryYield::closeAtLast(CaseEnd end)
 void tst_CaseEveryYield::openAgain()
 {
     delete window;
-    if (endings > 0)
-        main.reset();
+    if (yields->Endings > 0)
+        yields->Main.reset();
     connectAgain();
     window = makeCase();
+    yields->Watch(window);
     window->Timer1->start(0);
     QVERIFY(waitForTheEnd());
     checkTexts(CaseEnd::Completed);
@@ -420,23 +306,11 @@ void tst_CaseEveryYield::openAgain()
 
 void tst_CaseEveryYield::walkYields(const std::function<void(int)> &caseWithNth)
 {
-    std::array<int, 3> times{};
-    timesInASend = 0;
-    int nth = 0;
-    do {
-        caseWithNth(++nth);
+    yields->WalkYields(walk, [&](int nth) {
+        caseWithNth(nth);
         if (!QTest::currentTestFailed())
             openAgain();
-        if (QTest::currentTestFailed()) {
-            QFAIL(qPrintable(u"in yield %1, %2"_s.arg(nth).arg(moment ? nameOf(*moment, momentNames)
-                                                                      : u"before it happened"_s)));
-        }
-        ++times.at(static_cast<size_t>(*moment));
-    } while (*moment != Moment::Over && nth < mostYields);
-    // The case was met everywhere: before its turn, while a line was sent, and in its replies.
-    QVERIFY2(
-        times[0] >= 2 && times[1] >= fewestYields && times[2] == 1 && timesInASend >= 1,
-        qPrintable(u"%1 %2 %3 %4"_s.arg(times[0]).arg(times[1]).arg(times[2]).arg(timesInASend)));
+    });
 }
 
 void tst_CaseEveryYield::everyYield_data()
@@ -474,14 +348,12 @@ void tst_CaseEveryYield::aSecondCaseOpenedAtEveryYield()
         QPointer<CaseWindow> second;
         QString statusOfSecond;
         runCase(nth, [&] {
-            moment = momentNow();
-            if (Global.bSendBusy)
-                ++timesInASend;
+            yields->Note(momentNow());
             second = makeCase(secondNumber);
             second->Timer1->start(0);
             statusOfSecond = TextOf(second, "lblStatus");
         });
-        QVERIFY(waitFor([&] { return isOver(second); }));
+        QVERIFY(YieldDesk::WaitFor([&] { return isOver(second); }));
         QCOMPARE(statusOfSecond, u"Pending .."_s);
         QCOMPARE(endOf(), u"completed and completed"_s);
         checkTexts(CaseEnd::Completed);

@@ -72,7 +72,8 @@ void tst_OnDemand::searchNow_data()
 void tst_OnDemand::searchNow()
 {
     QFETCH(CaseWindowKind, kind);
-    CaseWindow *window = AfterFirstRun(kind);
+    CaseWindow *window = AfterFirstRun(kind, {}, {u"Names"_s});
+    QCOMPARE(ColourOf(window, "lblStatus"), u"red"_s);
     frmQueue::Form().FIFO.AddItem(otherKey);
     const QString oldKey = window->txtMasterKey;
     Global.bStopRequested = true;

@@ -7,6 +7,7 @@
 #include "link/Router.h"
 
 #include <QDialog>
+#include <QPointer>
 #include <QPushButton>
 #include <QTest>
 
@@ -28,6 +29,10 @@ private Q_SLOTS:
     void aLostLink();
     void aLinkThatIsLostInTheMiddle_data();
     void aLinkThatIsLostInTheMiddle();
+    void aWindowThatHasGoneAsksNothing_data();
+    void aWindowThatHasGoneAsksNothing();
+    void aWindowThatHasGoneKeepsNoPlace_data();
+    void aWindowThatHasGoneKeepsNoPlace();
     void aTabThatWasLeftAsItIsIsOfferedAgainBehindAStop_data();
     void aTabThatWasLeftAsItIsIsOfferedAgainBehindAStop();
     void afterALostLinkTheNextRunIsTheOnlyOneInTheQueue();
@@ -229,6 +234,62 @@ void tst_OnDemandFaults::aLinkThatIsLostInTheMiddle()
     QVERIFY(!desk->Folder.Logged(u"NORMAL EXIT - from Process On Demand Search Reqeusts."_s));
     QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{window->txtMasterKey});
     QVERIFY(CommandsEnabled(window));
+}
+
+void tst_OnDemandFaults::aWindowThatHasGoneAsksNothing_data()
+{
+    EachCaseWindow();
+}
+
+void tst_OnDemandFaults::aWindowThatHasGoneAsksNothing()
+{
+    QFETCH(CaseWindowKind, kind);
+    const QPointer<CaseWindow> window = AfterFirstRun(kind);
+    ClickTab(window, u"Docket"_s);
+    Tick(window, {CaseTab::Names});
+    court->Expect(LineOf(kind, CaseTab::Names)).Reply({});
+    // The tab fails, but nobody is there to say whether it shall be tried again.
+    desk->When([this] { return court->Requests().size() == 2; },
+               [&] {
+                   window->Unload(UnloadMode::MdiParent);
+                   court->SendTokens({u"ERROR The court is busy~"_s, u"EOF~"_s});
+               });
+    SearchNow(window);
+    frmQueue::Form().FIFO.AddItem(otherKey);
+    window->TmrSearchOnDemand->start(1);
+    QTRY_VERIFY(window.isNull());
+    QCOMPARE(desk->Boxes.Complaints(), QString());
+    QVERIFY(desk->Folder.Logged(u"NORMAL EXIT - from Process On Demand Search Reqeusts."_s));
+    QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{otherKey});
+    QVERIFY(!Global.bSearchInProgress);
+}
+
+void tst_OnDemandFaults::aWindowThatHasGoneKeepsNoPlace_data()
+{
+    EachCaseWindow();
+}
+
+void tst_OnDemandFaults::aWindowThatHasGoneKeepsNoPlace()
+{
+    QFETCH(CaseWindowKind, kind);
+    const QPointer<CaseWindow> window = AfterFirstRun(kind);
+    ClickTab(window, u"Docket"_s);
+    Tick(window, {CaseTab::Names, CaseTab::Docket});
+    court->Expect(LineOf(kind, CaseTab::Names)).Reply({});
+    // Its run breaks down, and it will not be closed a second time.
+    desk->When([this] { return court->Requests().size() == 2; },
+               [&] {
+                   window->Unload(UnloadMode::MdiParent);
+                   CloseServerLink();
+               });
+    SearchNow(window);
+    frmQueue::Form().FIFO.AddItem(otherKey);
+    window->TmrSearchOnDemand->start(1);
+    QTRY_VERIFY(window.isNull());
+    QVERIFY(desk->Folder.Logged(u"Exiting DoDocketSearch() via PROCERR in Case Details. Error: "
+                                "Halvane Server Connection was Dropped!"_s));
+    QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{otherKey});
+    QVERIFY(!Global.bSearchInProgress);
 }
 
 void tst_OnDemandFaults::aTabThatWasLeftAsItIsIsOfferedAgainBehindAStop_data()

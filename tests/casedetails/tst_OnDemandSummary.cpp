@@ -6,6 +6,8 @@
 #include "jobs/frmQueue.h"
 
 #include <QAbstractButton>
+#include <QDialog>
+#include <QPushButton>
 #include <QTest>
 
 // Later runs of a case whose Summary has not come in the first, or says what the tabs are.
@@ -48,9 +50,13 @@ private Q_SLOTS:
     void aSummaryThatCameNotBringsItsTabsBack_data();
     void aSummaryThatCameNotBringsItsTabsBack();
     void aSummaryThatFailsAgain();
+    void aSummaryKeepsTheAnswerThatItHas_data();
+    void aSummaryKeepsTheAnswerThatItHas();
     void aSummaryThatDoesNotComeTakesTheOtherBoxesAlong_data();
     void aSummaryThatDoesNotComeTakesTheOtherBoxesAlong();
     void aSummaryThatSaysThatThereIsNoCase();
+    void nothingIsAskedBehindASummaryWithoutACase_data();
+    void nothingIsAskedBehindASummaryWithoutACase();
     void aSummaryOfACaseThatWasStoppedBeforeItsTurn_data();
     void aSummaryOfACaseThatWasStoppedBeforeItsTurn();
     void aRunTimeErrorAheadOfTheSummary();
@@ -114,10 +120,43 @@ void tst_OnDemandSummary::aSummaryThatFailsAgain()
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete"_s);
     ClickTab(window, u"Names"_s);
     QCOMPARE(ShownFrame(window), u"frameTabs_8"_s);
-    Tick(window, {CaseTab::Names});
+    Tick(window, {CaseTab::Names, CaseTab::Docket});
     ExpectTab(kind, CaseTab::Names);
+    ExpectTab(kind, CaseTab::Docket);
     SearchNowToTheEnd(window);
-    QVERIFY(window->Tab(CaseTab::Names).TabDone);
+    QVERIFY(window->Tab(CaseTab::Names).TabDone && window->Tab(CaseTab::Docket).TabDone);
+}
+
+void tst_OnDemandSummary::aSummaryKeepsTheAnswerThatItHas_data()
+{
+    EachCaseWindow();
+}
+
+void tst_OnDemandSummary::aSummaryKeepsTheAnswerThatItHas()
+{
+    QFETCH(CaseWindowKind, kind);
+    const auto answered = [kind](CaseTab tab) {
+        return QString(LineOf(kind, tab).chopped(2) + u" ARBITRATION\u00A6\u00A6"_s);
+    };
+    court->Expect(LineOf(kind, CaseTab::Summary)).Reply({u"USERQUESTION~"_s, u"EOF~"_s});
+    court->Expect(answered(CaseTab::Summary)).Reply({u"ERROR Connection lost~"_s, u"EOF~"_s});
+    desk->Boxes.ExpectDialog(u"frmArbPrompt"_s,
+                             [](QDialog *dialog) { ButtonOf(dialog, "Command1")->click(); });
+    CaseWindow *window = MakeCase(kind);
+    Run(window);
+    AnswerPrompt(true);
+    ClickTab(window, u"Summary"_s);
+    // The line is sent as it stands; those of the other tabs get the answer when their turn comes.
+    court->Expect(answered(CaseTab::Summary)).Reply(SummaryReplyOf(kind));
+    SearchNowToTheEnd(window);
+    QVERIFY(window->Tab(CaseTab::Summary).TabDone);
+    ClickTab(window, u"Docket"_s);
+    Tick(window, {CaseTab::Names, CaseTab::Docket});
+    for (const CaseTab tab : {CaseTab::Names, CaseTab::Docket})
+        court->Expect(answered(tab)).Reply(ReplyOf(tab));
+    SearchNowToTheEnd(window);
+    QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete"_s);
+    QVERIFY(window->Tab(CaseTab::Docket).TabDone);
 }
 
 void tst_OnDemandSummary::aSummaryThatDoesNotComeTakesTheOtherBoxesAlong_data()
@@ -128,10 +167,7 @@ void tst_OnDemandSummary::aSummaryThatDoesNotComeTakesTheOtherBoxesAlong_data()
 void tst_OnDemandSummary::aSummaryThatDoesNotComeTakesTheOtherBoxesAlong()
 {
     QFETCH(CaseWindowKind, kind);
-    CaseWindow *window =
-        kind == CaseWindowKind::Superior
-            ? static_cast<CaseWindow *>(Superior())
-            : Make(kind == CaseWindowKind::Civil ? CaseKind::Civil : CaseKind::NonCivil);
+    CaseWindow *window = MakeCase(kind);
     Global.bStopRequested = true;
     desk->ConnectTo(*court);
     Begin(window);
@@ -167,6 +203,31 @@ void tst_OnDemandSummary::aSummaryThatSaysThatThereIsNoCase()
     // The turn was given back once.
     QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{otherKey});
     QVERIFY(CommandsEnabled(window));
+}
+
+void tst_OnDemandSummary::nothingIsAskedBehindASummaryWithoutACase_data()
+{
+    EachCaseWindow();
+}
+
+void tst_OnDemandSummary::nothingIsAskedBehindASummaryWithoutACase()
+{
+    QFETCH(CaseWindowKind, kind);
+    CaseWindow *window = MakeCase(kind);
+    Global.bStopRequested = true;
+    desk->ConnectTo(*court);
+    Begin(window);
+    QTRY_VERIFY(desk->Folder.Logged(u"INCOMPLETE EXIT - from Timer1 - Case Details."_s));
+    ClickTab(window, u"Docket"_s);
+    Tick(window, {CaseTab::Summary, CaseTab::Names, CaseTab::Docket});
+    court->Expect(LineOf(kind, CaseTab::Summary)).Reply({u"EOF~"_s});
+    SearchNowToTheEnd(window);
+    QCOMPARE(court->Requests().size(), 1);
+    QCOMPARE(TextOf(window, "lblStatus"), kind == CaseWindowKind::Superior
+                                              ? u"Search Stopped. Case Not Located."_s
+                                              : u"Search Stopped. Case Was Not Located."_s);
+    QVERIFY(!window->Tab(CaseTab::Names).TabDone && !window->Tab(CaseTab::Docket).TabDone);
+    QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
 }
 
 void tst_OnDemandSummary::aSummaryOfACaseThatWasStoppedBeforeItsTurn_data()

@@ -2,39 +2,22 @@
 // whatever can be clicked meanwhile, and at whichever moment, the run ends as is meant for it.
 
 #include "casedetails/OnDemandDesk.h"
-#include "casedetails/frmCaseDetails.h"
-#include "casedetails/frmCivilCaseDetails.h"
-#include "core/EndProgram.h"
-#include "core/EventLoop.h"
 #include "core/GlobalState.h"
 #include "jobs/TurnTaking.h"
 #include "jobs/frmQueue.h"
-#include "link/ConnectState.h"
-#include "link/Router.h"
-#include "link/frmWinsock.h"
-#include "namesearch/EveryYield.h"
+#include "namesearch/YieldDesk.h"
 #include "session/frmMain.h"
-#include "support/FakeSocket.h"
 
-#include <QAction>
-#include <QDeadlineTimer>
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
 #include <QTest>
 
 #include <algorithm>
-#include <optional>
-#include <utility>
+#include <memory>
 
 namespace {
-constexpr int fewestYields = 6;
-constexpr int mostYields = 60;
-constexpr int longestRunMilliseconds = 5'000;
-constexpr double longestNapSeconds = 0.01;
-constexpr int blinkMilliseconds = 500;
-/// Long enough for a pending window to see the stop before the program ends.
-constexpr int exitMilliseconds = 20;
+constexpr YieldDesk::Walk walk{.fewestPending = 1, .fewestRunning = 6, .mostYields = 60};
 
 const QString started = u"On Demand Search Started.."_s;
 const QString normalExit = u"NORMAL EXIT - from Process On Demand Search Reqeusts."_s;
@@ -99,102 +82,6 @@ const QList<Outcome> outcomes{
     {Act::UnloadUnconditionally, Moment::Running, completed, true, false, true, false, false},
     {Act::UnloadUnconditionally, Moment::Over, completed, true, false, true, false, false},
 };
-
-/// A court that answers every line alike. One thing happens a turn of the event loop: a send is
-/// complete, or a token arrives, the end mark in two pieces. To a request to stop it says no more
-/// than what is on its way.
-class CaseSocket : public FakeSocket
-{
-    Q_OBJECT
-public:
-    explicit CaseSocket(QObject *parent) : FakeSocket(parent)
-    {
-        completesSends = false;
-        // A timer, since all that is posted would be handled in one turn.
-        connect(&turns, &QTimer::timeout, this, &CaseSocket::takeStep);
-    }
-
-    static void Install(const std::function<QStringList(const QByteArray &)> &answer)
-    {
-        frmWinsock::SetSocketFactory([answer](QObject *parent) {
-            auto *socket = new CaseSocket(parent);
-            socket->answerOf = answer;
-            return socket;
-        });
-    }
-
-    void SendData(const QByteArray &data) override
-    {
-        FakeSocket::SendData(data);
-        turns.start(0);
-        // An empty step is the end of the send; it goes before what is still to come.
-        steps.prepend({});
-        if (silent || data == QByteArray("|\xA6STOP|"))
-            return;
-        QStringList replies = answerOf(data);
-        const QByteArray last = ScriptedCourt::Tokens({replies.takeLast()});
-        for (const QString &reply : replies)
-            steps.append(ScriptedCourt::Tokens({reply}));
-        steps.append({last.left(2), last.mid(2)});
-    }
-
-    /// From now on nothing comes but the ends of sends and the rest of a token.
-    void FallSilent()
-    {
-        silent = true;
-        QByteArrayList left;
-        bool inToken = true;
-        for (const QByteArray &step : std::as_const(steps)) {
-            inToken = inToken && !step.startsWith('|');
-            if (step.isEmpty() || inToken)
-                left.append(step);
-        }
-        steps = left;
-    }
-
-private:
-    void takeStep()
-    {
-        if (steps.isEmpty()) {
-            turns.stop();
-            return;
-        }
-        const QByteArray step = steps.takeFirst();
-        if (steps.isEmpty())
-            turns.stop();
-        if (step.isEmpty())
-            Q_EMIT SendComplete();
-        else
-            Arrive(step);
-    }
-
-    QTimer turns;
-    QByteArrayList steps;
-    bool silent = false;
-    std::function<QStringList(const QByteArray &)> answerOf;
-};
-
-/// From event to event, without naps in between: there are hundreds of runs.
-bool waitFor(const std::function<bool()> &condition)
-{
-    const QDeadlineTimer deadline(longestRunMilliseconds);
-    while (!condition()) {
-        if (deadline.hasExpired())
-            return false;
-        YieldUntilEvent(longestNapSeconds);
-    }
-    return true;
-}
-
-/// What is left of the program behind a run, as one line.
-QString stateLine(const QString &end, bool gone, const QStringList &queue, bool loggedIn,
-                  bool stopsOthers, bool endsProgram)
-{
-    return u"%1, window %2, queue %3, %4, others %5, program %6"_s.arg(
-        end, gone ? u"gone"_s : u"there"_s, queue.join(u'+'),
-        loggedIn ? u"logged in"_s : u"logged out"_s, stopsOthers ? u"stopped"_s : u"wait"_s,
-        endsProgram ? u"ended"_s : u"runs"_s);
-}
 } // namespace
 
 Q_DECLARE_METATYPE(Act)
@@ -203,20 +90,18 @@ class tst_OnDemandYield : public OnDemandTest
 {
     Q_OBJECT
 private Q_SLOTS:
+    void init() override;
     void cleanup();
 
     void everyYield_data();
     void everyYield();
 
 private:
-    /// A new session in a program without case windows.
-    void connectAgain();
+    QStringList answersTo(const QByteArray &request) const;
     /// A window behind its first run whose later run has its key in the queue.
     void prepare();
     /// One later run with the act in its nth yield, or behind its end if it has no such yield.
     void runWith(int nth);
-    void act();
-    void perform() const;
     QString endOf() const;
     bool isOver() const;
     Moment momentNow() const;
@@ -225,55 +110,36 @@ private:
 
     Act what = Act::StopButton;
     CaseWindowKind kind = CaseWindowKind::Civil;
-    std::unique_ptr<frmMain> main;
+    std::unique_ptr<YieldDesk> yields;
     QPointer<CaseWindow> window;
-    std::optional<Moment> moment; ///< when it happened
-    int timesInASend = 0;
-    int endings = 0;
 };
+
+void tst_OnDemandYield::init()
+{
+    OnDemandTest::init();
+    yields = std::make_unique<YieldDesk>(*desk);
+}
 
 void tst_OnDemandYield::cleanup()
 {
-    WatchYields({});
-    main.reset();
+    yields.reset();
     SearchTest::cleanup();
 }
 
-void tst_OnDemandYield::connectAgain()
+QStringList tst_OnDemandYield::answersTo(const QByteArray &request) const
 {
-    CloseServerLink();
-    CaseSocket::Install([this](const QByteArray &request) {
-        // The status blinks while the court is asked: a yield inside the yields.
-        if (window && !window->IsUnloaded() && window->tmrBlink->isActive())
-            window->tmrBlink->start(0);
-        if (request.contains("CIVI\xA6") || request.contains("SUMMARY"))
-            return (kind == CaseWindowKind::Civil ? DistrictSummary(CaseKind::Civil)
-                                                  : SuperiorSummary())
-                   + QStringList{u"EOF~"_s};
-        return GridDef({u"1~2~"_s});
-    });
-    frmWinsock::Form();
-    Global.intConnectState = ConnectDone;
-    Global.bLoggedIn = true;
-    Global.bStopRequested = false;
-    if (!main) {
-        main = std::make_unique<frmMain>();
-        main->show();
-        // Painting is no matter here, and takes half of the time.
-        main->setUpdatesEnabled(false);
+    for (const char *summary : {"SUMMARY", "CIVI\xA6", "NCNCC"}) {
+        if (request.contains(summary))
+            return SummaryReplyOf(kind);
     }
-    main->TimerExit->setInterval(exitMilliseconds);
-    main->SetTxtConnectStatus(u"Connected"_s);
-    Global.bShowAlerts = false;
-    frmQueue::Form().FIFO.Clear();
+    return GridDef({u"1~2~"_s});
 }
 
 void tst_OnDemandYield::prepare()
 {
-    window = kind == CaseWindowKind::Civil ? static_cast<CaseWindow *>(Civil()) : Superior();
-    main->ShowChild(window);
-    QTimer *blink = window->tmrBlink;
-    connect(blink, &QTimer::timeout, blink, [blink] { blink->setInterval(blinkMilliseconds); });
+    window = MakeCase(kind);
+    yields->Watch(window);
+    yields->Show(window);
     // The pauses ahead of the tabs are no matter here.
     desk->Time.Run(1.0);
     Begin(window);
@@ -321,66 +187,13 @@ Moment tst_OnDemandYield::momentNow() const
     return desk->Folder.Logged(started) ? Moment::Running : Moment::Pending;
 }
 
-void tst_OnDemandYield::act()
-{
-    moment = momentNow();
-    if (Global.bSendBusy)
-        ++timesInASend;
-    if (*moment == Moment::Running) {
-        for (const Refusal &refusal : refusals) {
-            if (refusal.act == what)
-                desk->Boxes.Expect(refusal.text.toString(), refusal.title.toString());
-        }
-    }
-    perform();
-}
-
-void tst_OnDemandYield::perform() const
-{
-    switch (what) {
-    case Act::StopButton:
-        ButtonOf(window, "cmdStopSearching")->click();
-        return;
-    case Act::Logout:
-        main->Logout();
-        return;
-    case Act::DisconnectFromSilence:
-        if (*moment == Moment::Running) {
-            qobject_cast<CaseSocket *>(Global.sckServer)->FallSilent();
-            desk->Time.Run(1.0);
-        }
-        [[fallthrough]];
-    case Act::Disconnect:
-        main->findChild<QAction *>(u"mnuConnectionDisConnect"_s)->trigger();
-        return;
-    case Act::Exit:
-        main->findChild<QAction *>(u"mnuFileExit"_s)->trigger();
-        return;
-    case Act::CloseMain:
-        main->close();
-        return;
-    case Act::CloseFrame:
-        window->parentWidget()->close();
-        return;
-    case Act::UnloadByCode:
-        window->Unload();
-        return;
-    case Act::SessionEnds:
-        window->Unload(UnloadMode::SessionEnd);
-        return;
-    case Act::UnloadUnconditionally:
-        window->Unload(UnloadMode::MdiParent);
-        return;
-    }
-}
-
 Outcome tst_OnDemandYield::expected(const QString &end) const
 {
     Outcome outcome = *std::find_if(outcomes.begin(), outcomes.end(), [&](const Outcome &row) {
-        return row.act == what && row.moment == *moment;
+        return row.act == what && row.moment == *yields->When;
     });
     // A link that goes under the last tab leaves nothing to send: the run ends, incomplete.
-    if (outcome.end == brokenDown && *moment == Moment::Running && end == completed
+    if (outcome.end == brokenDown && *yields->When == Moment::Running && end == completed
         && window->AnyTabIncomplete()) {
         outcome.end = completed;
         outcome.keyLeft = false;
@@ -417,29 +230,21 @@ void tst_OnDemandYield::checkWindow(const Outcome &outcome) const
 
 void tst_OnDemandYield::runWith(int nth)
 {
-    connectAgain();
-    moment.reset();
-    endings = 0;
-    int yields = 0;
+    yields->ConnectAgain([this](const QByteArray &request) { return answersTo(request); });
     prepare();
     EnqueueKey(otherKey);
     desk->Folder.Remove(u"AppInfo.txt"_s);
     const QString key = window->txtMasterKey;
-    window->tmrBlink->start(0);
-    window->TmrSearchOnDemand->start(0);
-    WatchYields([&] {
-        if (++yields == nth)
-            QMetaObject::invokeMethod(
-                this, [this] { act(); }, Qt::QueuedConnection);
-    });
-    QVERIFY(waitFor([this] { return isOver(); }));
-    WatchYields({});
+    const auto act = [this] { yields->Do(what, momentNow()); };
+    yields->Begin(window->TmrSearchOnDemand, nth, act);
+    QVERIFY(YieldDesk::WaitFor([this] { return isOver(); }));
+    YieldDesk::StopWatching();
     desk->Time.Stop();
-    if (!moment)
+    if (!yields->When)
         act();
     const Outcome outcome = expected(endOf());
     if (outcome.endsProgram)
-        QVERIFY(waitFor([this] { return endings > 0; }));
+        QVERIFY(yields->WaitForTheEnding());
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QStringList queue;
     if (outcome.keyLeft)
@@ -447,29 +252,29 @@ void tst_OnDemandYield::runWith(int nth)
     // The queue is unloaded at the very end.
     if (!outcome.endsProgram)
         queue.append(otherKey);
-    QCOMPARE(stateLine(endOf(), window.isNull(), frmQueue::Form().FIFO.Lines(), Global.bLoggedIn,
-                       Global.bStopRequested, endings == 1),
-             stateLine(outcome.end, outcome.gone, queue, outcome.staysLoggedIn, outcome.stopsOthers,
-                       outcome.endsProgram));
+    const StateLeft left{endOf(),          window.isNull(),       frmQueue::Form().FIFO.Lines(),
+                         Global.bLoggedIn, Global.bStopRequested, yields->Endings == 1};
+    const StateLeft meant{outcome.end,           outcome.gone,        queue,
+                          outcome.staysLoggedIn, outcome.stopsOthers, outcome.endsProgram};
+    QCOMPARE(left.Line(), meant.Line());
     QVERIFY(!Global.bSearchInProgress);
     QVERIFY(!Global.bSendBusy);
     QCOMPARE(desk->Boxes.Complaints(), QString());
     if (window)
         checkWindow(outcome);
     delete window;
-    if (endings > 0)
-        main.reset();
+    if (yields->Endings > 0)
+        yields->Main.reset();
 }
 
 void tst_OnDemandYield::everyYield_data()
 {
     QTest::addColumn<CaseWindowKind>("caseKind");
     QTest::addColumn<Act>("happening");
-    for (const CaseWindowKind caseKind : {CaseWindowKind::Civil, CaseWindowKind::Superior}) {
-        for (size_t i = 0; i < actNames.size(); ++i)
-            QTest::addRow("%s: %s", caseWindowNames.at(static_cast<size_t>(caseKind)),
-                          actNames.at(i))
-                << caseKind << static_cast<Act>(i);
+    for (size_t i = 0; i < caseWindowNames.size(); ++i) {
+        for (size_t j = 0; j < actNames.size(); ++j)
+            QTest::addRow("%s: %s", caseWindowNames.at(i), actNames.at(j))
+                << static_cast<CaseWindowKind>(i) << static_cast<Act>(j);
     }
 }
 
@@ -479,24 +284,10 @@ void tst_OnDemandYield::everyYield()
     QFETCH(Act, happening);
     kind = caseKind;
     what = happening;
-    ReplaceEndProgram([this](int) { ++endings; });
     FetchAtOnce(u"CivilCaseTabs"_s, {});
+    FetchAtOnce(u"NonCivilCaseTabs"_s, {});
     FetchAtOnce(u"CaseSearchTabs"_s, {});
-    std::array<int, 3> times{};
-    timesInASend = 0;
-    int nth = 0;
-    do {
-        runWith(++nth);
-        if (QTest::currentTestFailed()) {
-            QFAIL(qPrintable(u"in yield %1, %2"_s.arg(nth).arg(moment ? nameOf(*moment, momentNames)
-                                                                      : u"before it happened"_s)));
-        }
-        ++times.at(static_cast<size_t>(*moment));
-    } while (*moment != Moment::Over && nth < mostYields);
-    // The run was met everywhere: before its turn, while a line was sent, and in its replies.
-    QVERIFY2(
-        times[0] >= 1 && times[1] >= fewestYields && times[2] == 1 && timesInASend >= 1,
-        qPrintable(u"%1 %2 %3 %4"_s.arg(times[0]).arg(times[1]).arg(times[2]).arg(timesInASend)));
+    yields->WalkYields(walk, [this](int nth) { runWith(nth); });
 }
 
 QTEST_MAIN(tst_OnDemandYield)

@@ -1,37 +1,22 @@
 // A search is repeated with something done to it inside each of its yields in turn: whatever can be
 // clicked meanwhile, and at whichever moment, the run ends in the way that is meant for it.
 
-#include "core/EndProgram.h"
-#include "core/EventLoop.h"
 #include "core/GlobalState.h"
 #include "jobs/TurnTaking.h"
 #include "jobs/frmQueue.h"
-#include "link/ConnectState.h"
-#include "link/Router.h"
-#include "link/frmWinsock.h"
 #include "namesearch/DupesSearch.h"
-#include "namesearch/EveryYield.h"
+#include "namesearch/YieldDesk.h"
 #include "session/frmMain.h"
-#include "support/FakeSocket.h"
 
-#include <QAction>
-#include <QDeadlineTimer>
 #include <QPointer>
 #include <QTest>
 
 #include <algorithm>
 #include <array>
 #include <memory>
-#include <optional>
 
 namespace {
-constexpr int fewestYields = 6;
-constexpr int mostYields = 60;
-constexpr int longestRunMilliseconds = 5'000;
-constexpr double longestNapSeconds = 0.01;
-constexpr int blinkMilliseconds = 500;
-/// Long enough for a pending window to see the stop before the program ends.
-constexpr int exitMilliseconds = 20;
+constexpr YieldDesk::Walk walk{.fewestPending = 2, .fewestRunning = 6, .mostYields = 60};
 
 /// The key of a job behind the search, which nothing that happens to the search may touch.
 const QString otherKey = u"00000000000000000001"_s;
@@ -109,99 +94,9 @@ NameResultsWindow *makeWindow(Kind kind)
     return MakeWindow(Which::Name);
 }
 
-/// A court that answers every search alike. One thing happens a turn of the event loop: a send is
-/// complete, or a token arrives, the end mark in two pieces. A request to stop it takes note of:
-/// the replies come all the same, as from one that was nearly done.
-class AnsweringSocket : public FakeSocket
-{
-    Q_OBJECT
-public:
-    explicit AnsweringSocket(QObject *parent) : FakeSocket(parent)
-    {
-        completesSends = false;
-        // A timer, since all that is posted would be handled in one turn.
-        connect(&turns, &QTimer::timeout, this, &AnsweringSocket::takeStep);
-    }
-
-    static void Install(Kind kind, const std::function<void()> &onRequest)
-    {
-        frmWinsock::SetSocketFactory([kind, onRequest](QObject *parent) {
-            auto *socket = new AnsweringSocket(parent);
-            socket->searchKind = kind;
-            socket->requested = onRequest;
-            return socket;
-        });
-    }
-
-    /// From now on nothing comes but the rest of a token.
-    void FallSilent() { silent = true; }
-    /// Something that the court had to say has not come.
-    bool OwesAnswers() const { return owes; }
-
-    void SendData(const QByteArray &data) override
-    {
-        FakeSocket::SendData(data);
-        turns.start(0);
-        // An empty step is the end of the send; it goes before what is still to come.
-        steps.prepend({});
-        if (data == QByteArray("|STOP\xA6|"))
-            return;
-        if (requested)
-            requested();
-        QStringList replies = repliesOf(searchKind, data);
-        const QByteArray last = ScriptedCourt::Tokens({replies.takeLast()});
-        for (const QString &reply : replies)
-            steps.append(ScriptedCourt::Tokens({reply}));
-        steps.append({last.left(2), last.mid(2)});
-    }
-
-private:
-    void takeStep()
-    {
-        const QByteArray step = steps.takeFirst();
-        if (steps.isEmpty())
-            turns.stop();
-        if (step.isEmpty()) {
-            Q_EMIT SendComplete();
-            return;
-        }
-        owes = owes || (silent && step.startsWith('|'));
-        if (!owes)
-            Arrive(step);
-    }
-
-    QTimer turns;
-    QByteArrayList steps;
-    bool silent = false;
-    bool owes = false;
-    Kind searchKind = Kind::Superior;
-    std::function<void()> requested;
-};
-
 constexpr std::array<const char *, 6> kindNames{"Superior",         "Index",
                                                 "District civil",   "District non-civil",
                                                 "Index, next page", "cases of names"};
-/// From event to event, without naps in between: there are hundreds of searches.
-bool waitFor(const std::function<bool()> &condition)
-{
-    const QDeadlineTimer deadline(longestRunMilliseconds);
-    while (!condition()) {
-        if (deadline.hasExpired())
-            return false;
-        YieldUntilEvent(longestNapSeconds);
-    }
-    return true;
-}
-
-/// What is left of the program behind a search, as one line.
-QString stateLine(const QString &end, bool gone, const QStringList &queue, bool loggedIn,
-                  bool stopsOthers, bool endsProgram)
-{
-    return u"%1, window %2, queue %3, %4, others %5, program %6"_s.arg(
-        end, gone ? u"gone"_s : u"there"_s, queue.join(u'+'),
-        loggedIn ? u"logged in"_s : u"logged out"_s, stopsOthers ? u"stopped"_s : u"wait"_s,
-        endsProgram ? u"ended"_s : u"runs"_s);
-}
 } // namespace
 
 Q_DECLARE_METATYPE(Act)
@@ -225,11 +120,8 @@ private:
     /// One search with the act in its nth yield, or behind its end if it has no such yield.
     void searchWith(int nth);
     void act();
-    void perform() const;
     /// Handles what happens until the search is over and its run has left the stack.
     bool waitForTheEnd() const;
-    /// The same until the program has ended.
-    bool waitForTheEnding() const;
     Moment momentNow() const;
     QString endOf() const;
     void checkTexts(End end) const;
@@ -240,50 +132,26 @@ private:
     Act what = Act::StopButton;
     Kind kind = Kind::Superior;
     std::unique_ptr<SearchDesk> desk;
-    std::unique_ptr<frmMain> main;
+    std::unique_ptr<YieldDesk> yields;
     QPointer<NameResultsWindow> window;
-    std::optional<Moment> moment; ///< when it happened
-    int timesInASend = 0;
     int timesUnanswered = 0;
-    int endings = 0;
 };
 
 void tst_EveryYield::init()
 {
     desk = std::make_unique<SearchDesk>();
-    ReplaceEndProgram([this](int) { ++endings; });
+    yields = std::make_unique<YieldDesk>(*desk);
 }
 
 void tst_EveryYield::cleanup()
 {
-    WatchYields({});
-    main.reset();
+    yields.reset();
     desk.reset();
 }
 
 void tst_EveryYield::connectAgain()
 {
-    CloseServerLink();
-    AnsweringSocket::Install(kind, [this] {
-        // The status blinks while the court is asked: a yield inside the yields.
-        if (window && !window->IsUnloaded() && window->tmrBlink->isActive())
-            window->tmrBlink->start(0);
-    });
-    frmWinsock::Form();
-    Global.intConnectState = ConnectDone;
-    Global.bLoggedIn = true;
-    // As the search form does for every search.
-    Global.bStopRequested = false;
-    if (!main) {
-        main = std::make_unique<frmMain>();
-        main->show();
-        // Painting is no matter here, and takes half of the time.
-        main->setUpdatesEnabled(false);
-    }
-    main->TimerExit->setInterval(exitMilliseconds);
-    main->SetTxtConnectStatus(u"Connected"_s);
-    Global.bShowAlerts = false;
-    frmQueue::Form().FIFO.Clear();
+    yields->ConnectAgain([this](const QByteArray &request) { return repliesOf(kind, request); });
 }
 
 Moment tst_EveryYield::momentNow() const
@@ -295,72 +163,24 @@ Moment tst_EveryYield::momentNow() const
 
 void tst_EveryYield::act()
 {
-    moment = momentNow();
-    if (Global.bSendBusy)
-        ++timesInASend;
-    if (*moment == Moment::Running) {
-        for (const Refusal &refusal : refusals) {
-            if (refusal.act == what)
-                desk->Boxes.Expect(refusal.text.toString(), refusal.title.toString());
-        }
-    }
-    perform();
-}
-
-void tst_EveryYield::perform() const
-{
-    switch (what) {
-    case Act::StopButton:
-        ButtonOf(window, "cmdStopSearching")->click();
-        return;
-    case Act::Logout:
-        main->Logout();
-        return;
-    case Act::DisconnectFromSilence:
-        if (*moment == Moment::Running) {
-            qobject_cast<AnsweringSocket *>(Global.sckServer)->FallSilent();
-            desk->Time.Run(1.0);
-        }
-        [[fallthrough]];
-    case Act::Disconnect:
-        main->findChild<QAction *>(u"mnuConnectionDisConnect"_s)->trigger();
-        return;
-    case Act::Exit:
-        main->findChild<QAction *>(u"mnuFileExit"_s)->trigger();
-        return;
-    case Act::CloseMain:
-        main->close();
-        return;
-    case Act::CloseFrame:
-        window->parentWidget()->close();
-        return;
-    case Act::UnloadByCode:
-        window->Unload();
-        return;
-    case Act::SessionEnds:
-        window->Unload(UnloadMode::SessionEnd);
-        return;
-    case Act::UnloadUnconditionally:
-        window->lbl911 = u"T"_s;
-        window->Unload();
+    if (what != Act::UnloadUnconditionally) {
+        yields->Do(what, momentNow());
         return;
     }
+    yields->Note(momentNow());
+    window->lbl911 = u"T"_s;
+    window->Unload();
 }
 
 bool tst_EveryYield::waitForTheEnd() const
 {
-    const bool ended = waitFor([this] {
+    const bool ended = YieldDesk::WaitFor([this] {
         return !Global.bSearchInProgress
                && (!window || window->IsUnloaded()
                    || !ButtonOf(window, "cmdStopSearching")->isEnabled());
     });
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     return ended;
-}
-
-bool tst_EveryYield::waitForTheEnding() const
-{
-    return waitFor([this] { return endings > 0; });
 }
 
 QString tst_EveryYield::endOf() const
@@ -409,10 +229,9 @@ void tst_EveryYield::checkControls(const Told &told) const
 void tst_EveryYield::prepare()
 {
     window = makeWindow(kind);
-    main->ShowChild(window);
+    yields->Watch(window);
+    yields->Show(window);
     desk->Enqueue(window, linesOf(kind));
-    QTimer *blink = window->tmrBlink;
-    connect(blink, &QTimer::timeout, blink, [blink] { blink->setInterval(blinkMilliseconds); });
     if (!isSecondRun(kind))
         return;
     window->Timer1->start(0);
@@ -429,29 +248,21 @@ void tst_EveryYield::prepare()
 void tst_EveryYield::searchWith(int nth)
 {
     connectAgain();
-    moment.reset();
-    endings = 0;
-    int yields = 0;
     prepare();
     EnqueueKey(otherKey);
     desk->Folder.Remove(u"AppInfo.txt"_s);
     const QString key = window->txtMasterKey;
-    window->tmrBlink->start(0);
-    window->Timer1->start(0);
-    WatchYields([&] {
-        if (++yields == nth)
-            QMetaObject::invokeMethod(
-                this, [this] { act(); }, Qt::QueuedConnection);
-    });
+    yields->Begin(window->Timer1, nth, [this] { act(); });
     const QPointer<ServerSocket> socket(Global.sckServer);
     QVERIFY(waitForTheEnd());
-    WatchYields({});
+    YieldDesk::StopWatching();
     desk->Time.Stop();
-    if (!moment)
+    if (!yields->When)
         act();
-    Told told = toldOf(what, *moment);
+    const Moment moment = *yields->When;
+    Told told = toldOf(what, moment);
     // Who has said all before falling silent owes nothing.
-    if (what == Act::DisconnectFromSilence && *moment == Moment::Running) {
+    if (what == Act::DisconnectFromSilence && moment == Moment::Running) {
         if (qobject_cast<AnsweringSocket *>(socket)->OwesAnswers())
             ++timesUnanswered;
         else
@@ -461,10 +272,10 @@ void tst_EveryYield::searchWith(int nth)
     if ((kind == Kind::Index || kind == Kind::NextPage) && told.end == End::Stopped)
         told.end = End::Completed;
     // A pending window sees the wish to leave before the program ends, and with it the queue.
-    if (told.end == End::AllJobsStopped && endings == 0)
+    if (told.end == End::AllJobsStopped && yields->Endings == 0)
         QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{otherKey});
     if (told.endsProgram)
-        QVERIFY(waitForTheEnding());
+        QVERIFY(yields->WaitForTheEnding());
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QStringList queue;
     if (told.keyLeft)
@@ -472,10 +283,11 @@ void tst_EveryYield::searchWith(int nth)
     // The queue is unloaded at the very end.
     if (!told.endsProgram)
         queue.append(otherKey);
-    QCOMPARE(stateLine(endOf(), window.isNull(), frmQueue::Form().FIFO.Lines(), Global.bLoggedIn,
-                       Global.bStopRequested, endings == 1),
-             stateLine(nameOf(told.end, endNames), told.gone, queue, told.staysLoggedIn,
-                       told.stopsOthers, told.endsProgram));
+    const StateLeft left{endOf(),          window.isNull(),       frmQueue::Form().FIFO.Lines(),
+                         Global.bLoggedIn, Global.bStopRequested, yields->Endings == 1};
+    const StateLeft meant{nameOf(told.end, endNames), told.gone,        queue,
+                          told.staysLoggedIn,         told.stopsOthers, told.endsProgram};
+    QCOMPARE(left.Line(), meant.Line());
     QVERIFY(!Global.bSearchInProgress);
     QVERIFY(!Global.bSendBusy);
     QCOMPARE(desk->Boxes.Complaints(), QString());
@@ -489,20 +301,20 @@ void tst_EveryYield::searchWith(int nth)
 /// all else, and does not depend on the window that has searched: one kind of them is enough.
 void tst_EveryYield::leaveAtLast()
 {
-    if (kind != Kind::Superior || *moment != Moment::Running
+    if (kind != Kind::Superior || *yields->When != Moment::Running
         || (what != Act::Exit && what != Act::CloseMain))
         return;
-    main->TimerExit->setInterval(1);
-    perform();
-    QVERIFY(waitForTheEnding());
+    yields->Main->TimerExit->setInterval(1);
+    yields->Perform(what);
+    QVERIFY(yields->WaitForTheEnding());
     QVERIFY(!Global.bLoggedIn);
 }
 
 void tst_EveryYield::searchAgain()
 {
     delete window;
-    if (endings > 0)
-        main.reset();
+    if (yields->Endings > 0)
+        yields->Main.reset();
     connectAgain();
     prepare();
     window->Timer1->start(0);
@@ -529,27 +341,16 @@ void tst_EveryYield::everyYield()
     QFETCH(Act, happening);
     kind = search;
     what = happening;
-    std::array<int, 3> times{};
-    timesInASend = 0;
     timesUnanswered = 0;
-    int nth = 0;
-    do {
-        searchWith(++nth);
+    yields->WalkYields(walk, [this](int nth) {
+        searchWith(nth);
         if (!QTest::currentTestFailed())
             leaveAtLast();
         if (!QTest::currentTestFailed())
             searchAgain();
-        if (QTest::currentTestFailed()) {
-            QFAIL(qPrintable(u"in yield %1, %2"_s.arg(nth).arg(moment ? nameOf(*moment, momentNames)
-                                                                      : u"before it happened"_s)));
-        }
-        ++times.at(static_cast<size_t>(*moment));
-    } while (*moment != Moment::Over && nth < mostYields);
-    QCOMPARE(timesUnanswered > 0, what == Act::DisconnectFromSilence);
-    // The search was met everywhere: before its turn, while a line was sent, and in its replies.
-    QVERIFY2(
-        times[0] >= 2 && times[1] >= fewestYields && times[2] == 1 && timesInASend >= 1,
-        qPrintable(u"%1 %2 %3 %4"_s.arg(times[0]).arg(times[1]).arg(times[2]).arg(timesInASend)));
+    });
+    if (!QTest::currentTestFailed())
+        QCOMPARE(timesUnanswered > 0, what == Act::DisconnectFromSilence);
 }
 
 QTEST_MAIN(tst_EveryYield)

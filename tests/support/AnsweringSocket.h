@@ -23,6 +23,11 @@ public:
     /// answer.
     static void Install(const Answers &answers, const std::function<void()> &onRequest);
 
+    /// From now on nothing comes but the rest of a token.
+    void FallSilent() { silent = true; }
+    /// Something that the court had to say has not come.
+    bool OwesAnswers() const { return owes; }
+
     void SendData(const QByteArray &data) override;
 
 private:
@@ -30,6 +35,8 @@ private:
 
     QTimer turns;
     QByteArrayList steps;
+    bool silent = false;
+    bool owes = false;
     Answers answersOf;
     std::function<void()> requested;
 };
