@@ -6,5 +6,5 @@ class QLabel;
 enum class StatusColour { Normal, Trouble };
 
 /// Sets a label's text colour and boldness. The colours are as they have always been where the
-/// window is light, and lighter shades of the same where it is dark.
+/// window is light, and lighter shades of the same where it is dark, also when that changes later.
 void SetStatusStyle(QLabel *label, StatusColour colour, bool bold);
