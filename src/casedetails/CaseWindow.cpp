@@ -27,7 +27,7 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr JobPace casePace{2000, 500, 900, 700};
+constexpr JobPace casePace{.turn = 2000, .blink = 500, .takenBlink = 900, .workingBlink = 700};
 constexpr int searchOnDemandInterval = 900;
 constexpr double headerScale = 1.2;
 
