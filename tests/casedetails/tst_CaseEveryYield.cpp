@@ -10,14 +10,11 @@
 #include "core/GlobalState.h"
 #include "jobs/TurnTaking.h"
 #include "jobs/frmQueue.h"
-#include "link/ConnectState.h"
 #include "link/Router.h"
-#include "link/frmWinsock.h"
+#include "namesearch/YieldSteps.h"
 #include "session/frmMain.h"
 #include "support/AnsweringSocket.h"
 
-#include <QAction>
-#include <QDeadlineTimer>
 #include <QPointer>
 #include <QPushButton>
 #include <QTest>
@@ -28,11 +25,6 @@
 namespace {
 constexpr int fewestYields = 15;
 constexpr int mostYields = 120;
-constexpr int longestRunMilliseconds = 5'000;
-constexpr double longestNapSeconds = 0.01;
-constexpr int blinkMilliseconds = 500;
-/// Long enough for a pending window to see the stop before the program ends.
-constexpr int exitMilliseconds = 20;
 /// A millisecond of the test is a pause between two tabs.
 constexpr double secondsOfMillisecond = 0.2;
 
@@ -58,27 +50,6 @@ QStringList answersTo(const QByteArray &frame)
     return {u"GRIDDEF~Date~Entry~20~80~"_s, u"01/02/2003~Complaint~"_s, u"EOF~"_s};
 }
 
-/// From event to event, without naps in between: there are hundreds of cases.
-bool waitFor(const std::function<bool()> &condition)
-{
-    const QDeadlineTimer deadline(longestRunMilliseconds);
-    while (!condition()) {
-        if (deadline.hasExpired())
-            return false;
-        YieldUntilEvent(longestNapSeconds);
-    }
-    return true;
-}
-
-/// What is left of the program behind a case, as one line.
-QString stateLine(const QString &end, bool gone, const QStringList &queue, bool loggedIn,
-                  bool stopsOthers, bool endsProgram)
-{
-    return u"%1, window %2, queue %3, %4, others %5, program %6"_s.arg(
-        end, gone ? u"gone"_s : u"there"_s, queue.join(u'+'),
-        loggedIn ? u"logged in"_s : u"logged out"_s, stopsOthers ? u"stopped"_s : u"wait"_s,
-        endsProgram ? u"ended"_s : u"runs"_s);
-}
 } // namespace
 
 Q_DECLARE_METATYPE(Act)
@@ -105,7 +76,6 @@ private:
     void runCase(int nth, const std::function<void()> &happens);
     void caseWith(int nth);
     void act();
-    void perform() const;
     static bool isOver(const CaseWindow *ofCase);
     bool waitForTheEnd() const;
     bool waitForTheEnding() const;
@@ -154,26 +124,8 @@ void tst_CaseEveryYield::connectAgain()
         asked.append(frame);
         return answersTo(frame);
     };
-    AnsweringSocket::Install(answers, [this] {
-        // The status blinks while the court is asked: a yield inside the yields.
-        if (window && !window->IsUnloaded() && window->tmrBlink->isActive())
-            window->tmrBlink->start(0);
-    });
-    frmWinsock::Form();
-    Global.intConnectState = ConnectDone;
-    Global.bLoggedIn = true;
-    // As the search form does for every search.
-    Global.bStopRequested = false;
-    if (!main) {
-        main = std::make_unique<frmMain>();
-        main->show();
-        // Painting is no matter here, and takes half of the time.
-        main->setUpdatesEnabled(false);
-    }
-    main->TimerExit->setInterval(exitMilliseconds);
-    main->SetTxtConnectStatus(u"Connected"_s);
-    Global.bShowAlerts = false;
-    frmQueue::Form().FIFO.Clear();
+    AnsweringSocket::Install(answers, [this] { BlinkNow(window); });
+    BeginSession(main);
 }
 
 CaseWindow *tst_CaseEveryYield::makeCase(const QString &number)
@@ -191,8 +143,7 @@ CaseWindow *tst_CaseEveryYield::makeCase(const QString &number)
     made->txtCountyName = u"King"_s;
     main->ShowChild(made);
     desk->Enqueue(made);
-    QTimer *blink = made->tmrBlink;
-    connect(blink, &QTimer::timeout, blink, [blink] { blink->setInterval(blinkMilliseconds); });
+    SlowBlinking(made);
     return made;
 }
 
@@ -220,48 +171,9 @@ void tst_CaseEveryYield::act()
     if (Global.bSendBusy)
         ++timesInASend;
     lostEnd = endOfLostLink();
-    if (*moment == Moment::Running) {
-        for (const Refusal &refusal : refusals) {
-            if (refusal.act == what)
-                desk->Boxes.Expect(refusal.text.toString(), refusal.title.toString());
-        }
-    }
-    perform();
-}
-
-void tst_CaseEveryYield::perform() const
-{
-    switch (what) {
-    case Act::StopButton:
-        ButtonOf(window, "cmdStopSearching")->click();
-        return;
-    case Act::Logout:
-        main->Logout();
-        return;
-    case Act::Disconnect:
-        main->findChild<QAction *>(u"mnuConnectionDisConnect"_s)->trigger();
-        return;
-    case Act::Exit:
-        main->findChild<QAction *>(u"mnuFileExit"_s)->trigger();
-        return;
-    case Act::CloseMain:
-        main->close();
-        return;
-    case Act::CloseFrame:
-        window->parentWidget()->close();
-        return;
-    case Act::UnloadByCode:
-        window->Unload();
-        return;
-    case Act::SessionEnds:
-        window->Unload(UnloadMode::SessionEnd);
-        return;
-    case Act::UnloadUnconditionally:
-        window->Unload(UnloadMode::MdiParent);
-        return;
-    default:
-        QFAIL("no such act of a case");
-    }
+    if (*moment == Moment::Running)
+        ExpectRefusal(desk->Boxes, what);
+    Perform(what, main.get(), window);
 }
 
 /// A run that is on the stack is below whoever asks: then there is a job in progress, or a timer
@@ -274,14 +186,14 @@ bool tst_CaseEveryYield::isOver(const CaseWindow *ofCase)
 
 bool tst_CaseEveryYield::waitForTheEnd() const
 {
-    const bool ended = waitFor([this] { return isOver(window); });
+    const bool ended = WaitFor([this] { return isOver(window); });
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     return ended;
 }
 
 bool tst_CaseEveryYield::waitForTheEnding() const
 {
-    return waitFor([this] { return endings > 0; });
+    return WaitFor([this] { return endings > 0; });
 }
 
 QString tst_CaseEveryYield::endOf() const
@@ -380,10 +292,9 @@ void tst_CaseEveryYield::caseWith(int nth)
     // The queue is unloaded at the very end.
     if (!told.endsProgram)
         queue.append(otherKey);
-    QCOMPARE(stateLine(endOf(), window.isNull(), frmQueue::Form().FIFO.Lines(), Global.bLoggedIn,
-                       Global.bStopRequested, endings == 1),
-             stateLine(nameOf(told.end, caseEndNames), told.gone, queue, told.staysLoggedIn,
-                       told.stopsOthers, told.endsProgram));
+    QCOMPARE(StateLine(StateNow(endOf(), window.isNull(), endings)),
+             StateLine({nameOf(told.end, caseEndNames), told.gone, queue, told.staysLoggedIn,
+                        told.stopsOthers, told.endsProgram}));
     QVERIFY(!Global.bSearchInProgress);
     QVERIFY(!Global.bSendBusy);
     QCOMPARE(desk->Boxes.Complaints(), QString());
@@ -428,8 +339,7 @@ void tst_CaseEveryYield::walkYields(const std::function<void(int)> &caseWithNth)
         if (!QTest::currentTestFailed())
             openAgain();
         if (QTest::currentTestFailed()) {
-            QFAIL(qPrintable(u"in yield %1, %2"_s.arg(nth).arg(moment ? nameOf(*moment, momentNames)
-                                                                      : u"before it happened"_s)));
+            QFAIL(qPrintable(PlaceOf(nth, moment)));
         }
         ++times.at(static_cast<size_t>(*moment));
     } while (*moment != Moment::Over && nth < mostYields);
@@ -481,7 +391,7 @@ void tst_CaseEveryYield::aSecondCaseOpenedAtEveryYield()
             second->Timer1->start(0);
             statusOfSecond = TextOf(second, "lblStatus");
         });
-        QVERIFY(waitFor([&] { return isOver(second); }));
+        QVERIFY(WaitFor([&] { return isOver(second); }));
         QCOMPARE(statusOfSecond, u"Pending .."_s);
         QCOMPARE(endOf(), u"completed and completed"_s);
         checkTexts(CaseEnd::Completed);

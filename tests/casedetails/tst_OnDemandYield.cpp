@@ -9,15 +9,11 @@
 #include "core/GlobalState.h"
 #include "jobs/TurnTaking.h"
 #include "jobs/frmQueue.h"
-#include "link/ConnectState.h"
 #include "link/Router.h"
-#include "link/frmWinsock.h"
-#include "namesearch/EveryYield.h"
+#include "namesearch/YieldSteps.h"
 #include "session/frmMain.h"
-#include "support/FakeSocket.h"
+#include "support/AnsweringSocket.h"
 
-#include <QAction>
-#include <QDeadlineTimer>
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
@@ -25,16 +21,10 @@
 
 #include <algorithm>
 #include <optional>
-#include <utility>
 
 namespace {
 constexpr int fewestYields = 6;
 constexpr int mostYields = 60;
-constexpr int longestRunMilliseconds = 5'000;
-constexpr double longestNapSeconds = 0.01;
-constexpr int blinkMilliseconds = 500;
-/// Long enough for a pending window to see the stop before the program ends.
-constexpr int exitMilliseconds = 20;
 
 const QString started = u"On Demand Search Started.."_s;
 const QString normalExit = u"NORMAL EXIT - from Process On Demand Search Reqeusts."_s;
@@ -100,101 +90,6 @@ const QList<Outcome> outcomes{
     {Act::UnloadUnconditionally, Moment::Over, completed, true, false, true, false, false},
 };
 
-/// A court that answers every line alike. One thing happens a turn of the event loop: a send is
-/// complete, or a token arrives, the end mark in two pieces. To a request to stop it says no more
-/// than what is on its way.
-class CaseSocket : public FakeSocket
-{
-    Q_OBJECT
-public:
-    explicit CaseSocket(QObject *parent) : FakeSocket(parent)
-    {
-        completesSends = false;
-        // A timer, since all that is posted would be handled in one turn.
-        connect(&turns, &QTimer::timeout, this, &CaseSocket::takeStep);
-    }
-
-    static void Install(const std::function<QStringList(const QByteArray &)> &answer)
-    {
-        frmWinsock::SetSocketFactory([answer](QObject *parent) {
-            auto *socket = new CaseSocket(parent);
-            socket->answerOf = answer;
-            return socket;
-        });
-    }
-
-    void SendData(const QByteArray &data) override
-    {
-        FakeSocket::SendData(data);
-        turns.start(0);
-        // An empty step is the end of the send; it goes before what is still to come.
-        steps.prepend({});
-        if (silent || data == QByteArray("|\xA6STOP|"))
-            return;
-        QStringList replies = answerOf(data);
-        const QByteArray last = ScriptedCourt::Tokens({replies.takeLast()});
-        for (const QString &reply : replies)
-            steps.append(ScriptedCourt::Tokens({reply}));
-        steps.append({last.left(2), last.mid(2)});
-    }
-
-    /// From now on nothing comes but the ends of sends and the rest of a token.
-    void FallSilent()
-    {
-        silent = true;
-        QByteArrayList left;
-        bool inToken = true;
-        for (const QByteArray &step : std::as_const(steps)) {
-            inToken = inToken && !step.startsWith('|');
-            if (step.isEmpty() || inToken)
-                left.append(step);
-        }
-        steps = left;
-    }
-
-private:
-    void takeStep()
-    {
-        if (steps.isEmpty()) {
-            turns.stop();
-            return;
-        }
-        const QByteArray step = steps.takeFirst();
-        if (steps.isEmpty())
-            turns.stop();
-        if (step.isEmpty())
-            Q_EMIT SendComplete();
-        else
-            Arrive(step);
-    }
-
-    QTimer turns;
-    QByteArrayList steps;
-    bool silent = false;
-    std::function<QStringList(const QByteArray &)> answerOf;
-};
-
-/// From event to event, without naps in between: there are hundreds of runs.
-bool waitFor(const std::function<bool()> &condition)
-{
-    const QDeadlineTimer deadline(longestRunMilliseconds);
-    while (!condition()) {
-        if (deadline.hasExpired())
-            return false;
-        YieldUntilEvent(longestNapSeconds);
-    }
-    return true;
-}
-
-/// What is left of the program behind a run, as one line.
-QString stateLine(const QString &end, bool gone, const QStringList &queue, bool loggedIn,
-                  bool stopsOthers, bool endsProgram)
-{
-    return u"%1, window %2, queue %3, %4, others %5, program %6"_s.arg(
-        end, gone ? u"gone"_s : u"there"_s, queue.join(u'+'),
-        loggedIn ? u"logged in"_s : u"logged out"_s, stopsOthers ? u"stopped"_s : u"wait"_s,
-        endsProgram ? u"ended"_s : u"runs"_s);
-}
 } // namespace
 
 Q_DECLARE_METATYPE(Act)
@@ -242,38 +137,22 @@ void tst_OnDemandYield::cleanup()
 void tst_OnDemandYield::connectAgain()
 {
     CloseServerLink();
-    CaseSocket::Install([this](const QByteArray &request) {
-        // The status blinks while the court is asked: a yield inside the yields.
-        if (window && !window->IsUnloaded() && window->tmrBlink->isActive())
-            window->tmrBlink->start(0);
+    const auto answers = [this](const QByteArray &request) {
         if (request.contains("CIVI\xA6") || request.contains("SUMMARY"))
             return (kind == CaseWindowKind::Civil ? DistrictSummary(CaseKind::Civil)
                                                   : SuperiorSummary())
                    + QStringList{u"EOF~"_s};
         return GridDef({u"1~2~"_s});
-    });
-    frmWinsock::Form();
-    Global.intConnectState = ConnectDone;
-    Global.bLoggedIn = true;
-    Global.bStopRequested = false;
-    if (!main) {
-        main = std::make_unique<frmMain>();
-        main->show();
-        // Painting is no matter here, and takes half of the time.
-        main->setUpdatesEnabled(false);
-    }
-    main->TimerExit->setInterval(exitMilliseconds);
-    main->SetTxtConnectStatus(u"Connected"_s);
-    Global.bShowAlerts = false;
-    frmQueue::Form().FIFO.Clear();
+    };
+    AnsweringSocket::Install(answers, [this] { BlinkNow(window); });
+    BeginSession(main);
 }
 
 void tst_OnDemandYield::prepare()
 {
     window = kind == CaseWindowKind::Civil ? static_cast<CaseWindow *>(Civil()) : Superior();
     main->ShowChild(window);
-    QTimer *blink = window->tmrBlink;
-    connect(blink, &QTimer::timeout, blink, [blink] { blink->setInterval(blinkMilliseconds); });
+    SlowBlinking(window);
     // The pauses ahead of the tabs are no matter here.
     desk->Time.Run(1.0);
     Begin(window);
@@ -326,52 +205,18 @@ void tst_OnDemandYield::act()
     moment = momentNow();
     if (Global.bSendBusy)
         ++timesInASend;
-    if (*moment == Moment::Running) {
-        for (const Refusal &refusal : refusals) {
-            if (refusal.act == what)
-                desk->Boxes.Expect(refusal.text.toString(), refusal.title.toString());
-        }
-    }
+    if (*moment == Moment::Running)
+        ExpectRefusal(desk->Boxes, what);
     perform();
 }
 
 void tst_OnDemandYield::perform() const
 {
-    switch (what) {
-    case Act::StopButton:
-        ButtonOf(window, "cmdStopSearching")->click();
-        return;
-    case Act::Logout:
-        main->Logout();
-        return;
-    case Act::DisconnectFromSilence:
-        if (*moment == Moment::Running) {
-            qobject_cast<CaseSocket *>(Global.sckServer)->FallSilent();
-            desk->Time.Run(1.0);
-        }
-        [[fallthrough]];
-    case Act::Disconnect:
-        main->findChild<QAction *>(u"mnuConnectionDisConnect"_s)->trigger();
-        return;
-    case Act::Exit:
-        main->findChild<QAction *>(u"mnuFileExit"_s)->trigger();
-        return;
-    case Act::CloseMain:
-        main->close();
-        return;
-    case Act::CloseFrame:
-        window->parentWidget()->close();
-        return;
-    case Act::UnloadByCode:
-        window->Unload();
-        return;
-    case Act::SessionEnds:
-        window->Unload(UnloadMode::SessionEnd);
-        return;
-    case Act::UnloadUnconditionally:
-        window->Unload(UnloadMode::MdiParent);
-        return;
+    if (what == Act::DisconnectFromSilence && *moment == Moment::Running) {
+        qobject_cast<AnsweringSocket *>(Global.sckServer)->FallSilent();
+        desk->Time.Run(1.0);
     }
+    Perform(what, main.get(), window);
 }
 
 Outcome tst_OnDemandYield::expected(const QString &end) const
@@ -432,14 +277,14 @@ void tst_OnDemandYield::runWith(int nth)
             QMetaObject::invokeMethod(
                 this, [this] { act(); }, Qt::QueuedConnection);
     });
-    QVERIFY(waitFor([this] { return isOver(); }));
+    QVERIFY(WaitFor([this] { return isOver(); }));
     WatchYields({});
     desk->Time.Stop();
     if (!moment)
         act();
     const Outcome outcome = expected(endOf());
     if (outcome.endsProgram)
-        QVERIFY(waitFor([this] { return endings > 0; }));
+        QVERIFY(WaitFor([this] { return endings > 0; }));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QStringList queue;
     if (outcome.keyLeft)
@@ -447,10 +292,9 @@ void tst_OnDemandYield::runWith(int nth)
     // The queue is unloaded at the very end.
     if (!outcome.endsProgram)
         queue.append(otherKey);
-    QCOMPARE(stateLine(endOf(), window.isNull(), frmQueue::Form().FIFO.Lines(), Global.bLoggedIn,
-                       Global.bStopRequested, endings == 1),
-             stateLine(outcome.end, outcome.gone, queue, outcome.staysLoggedIn, outcome.stopsOthers,
-                       outcome.endsProgram));
+    QCOMPARE(StateLine(StateNow(endOf(), window.isNull(), endings)),
+             StateLine({outcome.end, outcome.gone, queue, outcome.staysLoggedIn,
+                        outcome.stopsOthers, outcome.endsProgram}));
     QVERIFY(!Global.bSearchInProgress);
     QVERIFY(!Global.bSendBusy);
     QCOMPARE(desk->Boxes.Complaints(), QString());
@@ -488,8 +332,7 @@ void tst_OnDemandYield::everyYield()
     do {
         runWith(++nth);
         if (QTest::currentTestFailed()) {
-            QFAIL(qPrintable(u"in yield %1, %2"_s.arg(nth).arg(moment ? nameOf(*moment, momentNames)
-                                                                      : u"before it happened"_s)));
+            QFAIL(qPrintable(PlaceOf(nth, moment)));
         }
         ++times.at(static_cast<size_t>(*moment));
     } while (*moment != Moment::Over && nth < mostYields);

@@ -6,16 +6,12 @@
 #include "core/GlobalState.h"
 #include "jobs/TurnTaking.h"
 #include "jobs/frmQueue.h"
-#include "link/ConnectState.h"
 #include "link/Router.h"
-#include "link/frmWinsock.h"
 #include "namesearch/DupesSearch.h"
-#include "namesearch/EveryYield.h"
+#include "namesearch/YieldSteps.h"
 #include "session/frmMain.h"
-#include "support/FakeSocket.h"
+#include "support/AnsweringSocket.h"
 
-#include <QAction>
-#include <QDeadlineTimer>
 #include <QPointer>
 #include <QTest>
 
@@ -27,11 +23,6 @@
 namespace {
 constexpr int fewestYields = 6;
 constexpr int mostYields = 60;
-constexpr int longestRunMilliseconds = 5'000;
-constexpr double longestNapSeconds = 0.01;
-constexpr int blinkMilliseconds = 500;
-/// Long enough for a pending window to see the stop before the program ends.
-constexpr int exitMilliseconds = 20;
 
 /// The key of a job behind the search, which nothing that happens to the search may touch.
 const QString otherKey = u"00000000000000000001"_s;
@@ -109,99 +100,9 @@ NameResultsWindow *makeWindow(Kind kind)
     return MakeWindow(Which::Name);
 }
 
-/// A court that answers every search alike. One thing happens a turn of the event loop: a send is
-/// complete, or a token arrives, the end mark in two pieces. A request to stop it takes note of:
-/// the replies come all the same, as from one that was nearly done.
-class AnsweringSocket : public FakeSocket
-{
-    Q_OBJECT
-public:
-    explicit AnsweringSocket(QObject *parent) : FakeSocket(parent)
-    {
-        completesSends = false;
-        // A timer, since all that is posted would be handled in one turn.
-        connect(&turns, &QTimer::timeout, this, &AnsweringSocket::takeStep);
-    }
-
-    static void Install(Kind kind, const std::function<void()> &onRequest)
-    {
-        frmWinsock::SetSocketFactory([kind, onRequest](QObject *parent) {
-            auto *socket = new AnsweringSocket(parent);
-            socket->searchKind = kind;
-            socket->requested = onRequest;
-            return socket;
-        });
-    }
-
-    /// From now on nothing comes but the rest of a token.
-    void FallSilent() { silent = true; }
-    /// Something that the court had to say has not come.
-    bool OwesAnswers() const { return owes; }
-
-    void SendData(const QByteArray &data) override
-    {
-        FakeSocket::SendData(data);
-        turns.start(0);
-        // An empty step is the end of the send; it goes before what is still to come.
-        steps.prepend({});
-        if (data == QByteArray("|STOP\xA6|"))
-            return;
-        if (requested)
-            requested();
-        QStringList replies = repliesOf(searchKind, data);
-        const QByteArray last = ScriptedCourt::Tokens({replies.takeLast()});
-        for (const QString &reply : replies)
-            steps.append(ScriptedCourt::Tokens({reply}));
-        steps.append({last.left(2), last.mid(2)});
-    }
-
-private:
-    void takeStep()
-    {
-        const QByteArray step = steps.takeFirst();
-        if (steps.isEmpty())
-            turns.stop();
-        if (step.isEmpty()) {
-            Q_EMIT SendComplete();
-            return;
-        }
-        owes = owes || (silent && step.startsWith('|'));
-        if (!owes)
-            Arrive(step);
-    }
-
-    QTimer turns;
-    QByteArrayList steps;
-    bool silent = false;
-    bool owes = false;
-    Kind searchKind = Kind::Superior;
-    std::function<void()> requested;
-};
-
 constexpr std::array<const char *, 6> kindNames{"Superior",         "Index",
                                                 "District civil",   "District non-civil",
                                                 "Index, next page", "cases of names"};
-/// From event to event, without naps in between: there are hundreds of searches.
-bool waitFor(const std::function<bool()> &condition)
-{
-    const QDeadlineTimer deadline(longestRunMilliseconds);
-    while (!condition()) {
-        if (deadline.hasExpired())
-            return false;
-        YieldUntilEvent(longestNapSeconds);
-    }
-    return true;
-}
-
-/// What is left of the program behind a search, as one line.
-QString stateLine(const QString &end, bool gone, const QStringList &queue, bool loggedIn,
-                  bool stopsOthers, bool endsProgram)
-{
-    return u"%1, window %2, queue %3, %4, others %5, program %6"_s.arg(
-        end, gone ? u"gone"_s : u"there"_s, queue.join(u'+'),
-        loggedIn ? u"logged in"_s : u"logged out"_s, stopsOthers ? u"stopped"_s : u"wait"_s,
-        endsProgram ? u"ended"_s : u"runs"_s);
-}
 } // namespace
 
 Q_DECLARE_METATYPE(Act)
@@ -264,26 +165,9 @@ void tst_EveryYield::cleanup()
 void tst_EveryYield::connectAgain()
 {
     CloseServerLink();
-    AnsweringSocket::Install(kind, [this] {
-        // The status blinks while the court is asked: a yield inside the yields.
-        if (window && !window->IsUnloaded() && window->tmrBlink->isActive())
-            window->tmrBlink->start(0);
-    });
-    frmWinsock::Form();
-    Global.intConnectState = ConnectDone;
-    Global.bLoggedIn = true;
-    // As the search form does for every search.
-    Global.bStopRequested = false;
-    if (!main) {
-        main = std::make_unique<frmMain>();
-        main->show();
-        // Painting is no matter here, and takes half of the time.
-        main->setUpdatesEnabled(false);
-    }
-    main->TimerExit->setInterval(exitMilliseconds);
-    main->SetTxtConnectStatus(u"Connected"_s);
-    Global.bShowAlerts = false;
-    frmQueue::Form().FIFO.Clear();
+    const auto answers = [this](const QByteArray &request) { return repliesOf(kind, request); };
+    AnsweringSocket::Install(answers, [this] { BlinkNow(window); });
+    BeginSession(main);
 }
 
 Moment tst_EveryYield::momentNow() const
@@ -298,58 +182,26 @@ void tst_EveryYield::act()
     moment = momentNow();
     if (Global.bSendBusy)
         ++timesInASend;
-    if (*moment == Moment::Running) {
-        for (const Refusal &refusal : refusals) {
-            if (refusal.act == what)
-                desk->Boxes.Expect(refusal.text.toString(), refusal.title.toString());
-        }
-    }
+    if (*moment == Moment::Running)
+        ExpectRefusal(desk->Boxes, what);
     perform();
 }
 
 void tst_EveryYield::perform() const
 {
-    switch (what) {
-    case Act::StopButton:
-        ButtonOf(window, "cmdStopSearching")->click();
-        return;
-    case Act::Logout:
-        main->Logout();
-        return;
-    case Act::DisconnectFromSilence:
-        if (*moment == Moment::Running) {
-            qobject_cast<AnsweringSocket *>(Global.sckServer)->FallSilent();
-            desk->Time.Run(1.0);
-        }
-        [[fallthrough]];
-    case Act::Disconnect:
-        main->findChild<QAction *>(u"mnuConnectionDisConnect"_s)->trigger();
-        return;
-    case Act::Exit:
-        main->findChild<QAction *>(u"mnuFileExit"_s)->trigger();
-        return;
-    case Act::CloseMain:
-        main->close();
-        return;
-    case Act::CloseFrame:
-        window->parentWidget()->close();
-        return;
-    case Act::UnloadByCode:
-        window->Unload();
-        return;
-    case Act::SessionEnds:
-        window->Unload(UnloadMode::SessionEnd);
-        return;
-    case Act::UnloadUnconditionally:
-        window->lbl911 = u"T"_s;
-        window->Unload();
-        return;
+    if (what == Act::DisconnectFromSilence && *moment == Moment::Running) {
+        qobject_cast<AnsweringSocket *>(Global.sckServer)->FallSilent();
+        desk->Time.Run(1.0);
     }
+    // Its own way of leaving without a question.
+    if (what == Act::UnloadUnconditionally)
+        window->lbl911 = u"T"_s;
+    Perform(what, main.get(), window);
 }
 
 bool tst_EveryYield::waitForTheEnd() const
 {
-    const bool ended = waitFor([this] {
+    const bool ended = WaitFor([this] {
         return !Global.bSearchInProgress
                && (!window || window->IsUnloaded()
                    || !ButtonOf(window, "cmdStopSearching")->isEnabled());
@@ -360,7 +212,7 @@ bool tst_EveryYield::waitForTheEnd() const
 
 bool tst_EveryYield::waitForTheEnding() const
 {
-    return waitFor([this] { return endings > 0; });
+    return WaitFor([this] { return endings > 0; });
 }
 
 QString tst_EveryYield::endOf() const
@@ -411,8 +263,7 @@ void tst_EveryYield::prepare()
     window = makeWindow(kind);
     main->ShowChild(window);
     desk->Enqueue(window, linesOf(kind));
-    QTimer *blink = window->tmrBlink;
-    connect(blink, &QTimer::timeout, blink, [blink] { blink->setInterval(blinkMilliseconds); });
+    SlowBlinking(window);
     if (!isSecondRun(kind))
         return;
     window->Timer1->start(0);
@@ -472,10 +323,9 @@ void tst_EveryYield::searchWith(int nth)
     // The queue is unloaded at the very end.
     if (!told.endsProgram)
         queue.append(otherKey);
-    QCOMPARE(stateLine(endOf(), window.isNull(), frmQueue::Form().FIFO.Lines(), Global.bLoggedIn,
-                       Global.bStopRequested, endings == 1),
-             stateLine(nameOf(told.end, endNames), told.gone, queue, told.staysLoggedIn,
-                       told.stopsOthers, told.endsProgram));
+    QCOMPARE(StateLine(StateNow(endOf(), window.isNull(), endings)),
+             StateLine({nameOf(told.end, endNames), told.gone, queue, told.staysLoggedIn,
+                        told.stopsOthers, told.endsProgram}));
     QVERIFY(!Global.bSearchInProgress);
     QVERIFY(!Global.bSendBusy);
     QCOMPARE(desk->Boxes.Complaints(), QString());
@@ -540,8 +390,7 @@ void tst_EveryYield::everyYield()
         if (!QTest::currentTestFailed())
             searchAgain();
         if (QTest::currentTestFailed()) {
-            QFAIL(qPrintable(u"in yield %1, %2"_s.arg(nth).arg(moment ? nameOf(*moment, momentNames)
-                                                                      : u"before it happened"_s)));
+            QFAIL(qPrintable(PlaceOf(nth, moment)));
         }
         ++times.at(static_cast<size_t>(*moment));
     } while (*moment != Moment::Over && nth < mostYields);

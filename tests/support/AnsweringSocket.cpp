@@ -42,8 +42,11 @@ void AnsweringSocket::takeStep()
     const QByteArray step = steps.takeFirst();
     if (steps.isEmpty())
         turns.stop();
-    if (step.isEmpty())
+    if (step.isEmpty()) {
         Q_EMIT SendComplete();
-    else
+        return;
+    }
+    owes = owes || (silent && step.startsWith('|'));
+    if (!owes)
         Arrive(step);
 }

@@ -23,10 +23,18 @@ public:
     /// answer.
     static void Install(const Answers &answers, const std::function<void()> &onRequest);
 
+    /// From now on nothing comes but the ends of sends and the rest of a token.
+    void FallSilent() { silent = true; }
+    /// Something that the court had to say has not come.
+    bool OwesAnswers() const { return owes; }
+
     void SendData(const QByteArray &data) override;
 
 private:
     void takeStep();
+
+    bool silent = false;
+    bool owes = false;
 
     QTimer turns;
     QByteArrayList steps;
