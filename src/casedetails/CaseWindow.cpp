@@ -144,14 +144,14 @@ bool CaseWindow::IsBankruptcy() const
 
 void CaseWindow::SetStatusText(const QString &text, bool trouble)
 {
-    SetStatusStyle(lblStatus, trouble ? StatusColour::Trouble : StatusColour::Normal, true);
+    SetStatusStyle(lblStatus, trouble ? StatusColour::Trouble : StatusColour::Normal);
     lblStatus->setText(text);
     voice->SayState();
 }
 
 void CaseWindow::SetWarning(const QString &text, bool trouble)
 {
-    SetStatusStyle(lblWarning, trouble ? StatusColour::Trouble : StatusColour::Normal, true);
+    SetStatusStyle(lblWarning, trouble ? StatusColour::Trouble : StatusColour::Normal);
     lblWarning->setText(text);
     lblWarning->setVisible(!text.isEmpty());
 }

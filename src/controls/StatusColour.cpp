@@ -54,11 +54,11 @@ private:
 };
 } // namespace
 
-void SetStatusStyle(QLabel *label, StatusColour colour, bool bold)
+void SetStatusStyle(QLabel *label, StatusColour colour)
 {
     LabelShade::Of(label)->Show(colour);
     QFont font = label->font();
-    font.setBold(bold);
+    font.setBold(true);
     label->setFont(font);
 }
 

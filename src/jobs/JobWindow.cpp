@@ -191,7 +191,7 @@ void JobWindow::ShowStoppedStatus()
 {
     EndJob();
     Timer1->stop();
-    SetStatusStyle(statusLabel, StatusColour::Trouble, true);
+    SetStatusStyle(statusLabel, StatusColour::Trouble);
     statusLabel->setText(u"Search Stopped By User .. "_s);
 }
 

@@ -21,9 +21,8 @@ constexpr JobPace resultsPace{.turn = 1900, .blink = 500, .takenBlink = 900, .wo
 void applyStyle(QLabel *label, StatusStyle style)
 {
     if (style != StatusStyle::Unchanged)
-        SetStatusStyle(
-            label, style == StatusStyle::NormalBold ? StatusColour::Normal : StatusColour::Trouble,
-            true);
+        SetStatusStyle(label, style == StatusStyle::NormalBold ? StatusColour::Normal
+                                                               : StatusColour::Trouble);
 }
 } // namespace
 

@@ -42,7 +42,7 @@ void tst_StatusColour::coloursAsStored()
     QFETCH(StatusColour, colour);
     QLabel label;
     label.setPalette(paletteOf(Qt::white));
-    SetStatusStyle(&label, colour, true);
+    SetStatusStyle(&label, colour);
     QTEST(textColour(label), "told");
 }
 
@@ -51,7 +51,7 @@ void tst_StatusColour::followsTheWindowIntoTheDarkAndBack()
     QWidget window;
     window.setPalette(paletteOf(Qt::white));
     QLabel label(&window);
-    SetStatusStyle(&label, StatusColour::Trouble, true);
+    SetStatusStyle(&label, StatusColour::Trouble);
     const QColor onLight = textColour(label);
     window.setPalette(paletteOf(Qt::black));
     const QColor onDark = textColour(label);
@@ -61,7 +61,7 @@ void tst_StatusColour::followsTheWindowIntoTheDarkAndBack()
     // Made in the dark, it reads as one that has come there.
     window.setPalette(paletteOf(Qt::black));
     QLabel other(&window);
-    SetStatusStyle(&other, StatusColour::Trouble, true);
+    SetStatusStyle(&other, StatusColour::Trouble);
     QCOMPARE(textColour(other), onDark);
 }
 
@@ -70,23 +70,21 @@ void tst_StatusColour::theLatestStyleCounts()
     QWidget window;
     window.setPalette(paletteOf(Qt::white));
     QLabel label(&window);
-    SetStatusStyle(&label, StatusColour::Normal, true);
+    SetStatusStyle(&label, StatusColour::Normal);
     const QColor normal = textColour(label);
-    SetStatusStyle(&label, StatusColour::Trouble, true);
+    SetStatusStyle(&label, StatusColour::Trouble);
     window.setPalette(paletteOf(Qt::black));
     window.setPalette(paletteOf(Qt::white));
     QCOMPARE(textColour(label), QColor(255, 0, 0));
-    SetStatusStyle(&label, StatusColour::Normal, true);
+    SetStatusStyle(&label, StatusColour::Normal);
     QCOMPARE(textColour(label), normal);
 }
 
 void tst_StatusColour::bold()
 {
     QLabel label;
-    SetStatusStyle(&label, StatusColour::Normal, true);
+    SetStatusStyle(&label, StatusColour::Normal);
     QVERIFY(label.font().bold());
-    SetStatusStyle(&label, StatusColour::Normal, false);
-    QVERIFY(!label.font().bold());
 }
 
 QTEST_MAIN(tst_StatusColour)
