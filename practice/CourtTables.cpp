@@ -78,31 +78,31 @@ constexpr std::array judgmentTexts{
 };
 
 // A prosecutor is no party of ours: a search for the State would find a third of everything.
-constexpr std::array criminalParties{
-    PartyKind{u"Defendant", 100, 1},
-    PartyKind{u"Co-Defendant", 12, 0},
-};
-constexpr std::array civilParties{
-    PartyKind{u"Plaintiff", 100, 35},
-    PartyKind{u"Defendant", 100, 25},
-    PartyKind{u"Defendant", 20, 20},
-};
-constexpr std::array domesticParties{
-    PartyKind{u"Petitioner", 100, 0},
-    PartyKind{u"Respondent", 100, 0},
-};
-constexpr std::array probateParties{
-    PartyKind{u"Decedent", 100, 0},
-    PartyKind{u"Personal Representative", 75, 2},
-};
-constexpr std::array juvenileParties{
-    PartyKind{u"Respondent", 100, 0},
-    PartyKind{u"Parent", 30, 0},
-};
-constexpr std::array judgmentParties{
-    PartyKind{u"Judgment Debtor", 100, 20},
-    PartyKind{u"Judgment Creditor", 100, 60},
-};
+constexpr auto criminalParties = std::to_array<PartyKind>({
+    {u"Defendant", 100, 1},
+    {u"Co-Defendant", 12, 0},
+});
+constexpr auto civilParties = std::to_array<PartyKind>({
+    {u"Plaintiff", 100, 35},
+    {u"Defendant", 100, 25},
+    {u"Defendant", 20, 20},
+});
+constexpr auto domesticParties = std::to_array<PartyKind>({
+    {u"Petitioner", 100, 0},
+    {u"Respondent", 100, 0},
+});
+constexpr auto probateParties = std::to_array<PartyKind>({
+    {u"Decedent", 100, 0},
+    {u"Personal Representative", 75, 2},
+});
+constexpr auto juvenileParties = std::to_array<PartyKind>({
+    {u"Respondent", 100, 0},
+    {u"Parent", 30, 0},
+});
+constexpr auto judgmentParties = std::to_array<PartyKind>({
+    {u"Judgment Debtor", 100, 20},
+    {u"Judgment Creditor", 100, 60},
+});
 
 constexpr std::array<CaseType, 6> types{{
     {1, u"Criminal", 21, criminalTexts, criminalParties},

@@ -11,17 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace Practice {
 namespace {
-enum Field : qsizetype {
-    Last = 1,
-    First,
-    Middle,
-    InCounties = 5,
-    Types,
-    FromYear,
-    ToYear,
-    Lower,
-    Upper
-};
+enum Field : qsizetype { Lower = 9, Upper };
 
 /// The rows of a page, counted from 1.
 struct Page
@@ -161,17 +151,11 @@ Reply AnswerIndexSearch(const Population &population, const QStringList &fields,
     if (fields.size() != indexSearchFields)
         return Refusal(u"Wrong number of fields"_s);
     SuperiorQuery query;
-    query.name = ParseName(fields[Last], fields[First], fields[Middle]);
-    ParseCountiesAndTypes(fields[InCounties], fields[Types], query);
-    if (query.name.last.isEmpty())
-        return Refusal(u"No name"_s);
-    const auto years = ParseYears(fields[FromYear], fields[ToYear], firstCaseYear, thisYear);
-    if (!years)
-        return Refusal(u"Not a year"_s);
+    if (const std::optional<QString> wrong = ReadSuperiorQuery(fields, thisYear, query))
+        return Refusal(*wrong);
     const std::optional<Page> page = parsePage(fields);
     if (!page)
         return Refusal(u"Not a page"_s);
-    query.years = *years;
 
     Reply reply;
     reply.Say(ProgressLine(QString::fromUtf16(weeklyIndex)));

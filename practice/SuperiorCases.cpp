@@ -12,6 +12,17 @@ namespace Practice {
 namespace {
 constexpr int judgmentDigit = 9;
 
+enum Field : qsizetype {
+    Last = 1,
+    First,
+    Middle,
+    InCounties = 5,
+    Types,
+    FromYear,
+    ToYear,
+    FewestFields
+};
+
 bool passes(const SuperiorQuery &query, const CourtCase &courtCase)
 {
     const CaseNumber &number = courtCase.number;
@@ -41,9 +52,9 @@ QString titleOf(int type, const QString &one, const QString &two)
     // The creditor of a judgment comes second, but brings it.
     return type == judgmentDigit ? two + u" VS "_s + one : one + u" VS "_s + two;
 }
-} // namespace
 
-void ParseCountiesAndTypes(const QString &countyList, const QString &typeList, SuperiorQuery &query)
+/// The counties and case types of two list fields; no type means all of them.
+void parseCountiesAndTypes(const QString &countyList, const QString &typeList, SuperiorQuery &query)
 {
     for (const QString &name : ParseList(countyList)) {
         if (const std::optional<int> county = CountyNumber(name))
@@ -58,6 +69,7 @@ void ParseCountiesAndTypes(const QString &countyList, const QString &typeList, S
             query.types.push_back(&type);
     }
 }
+} // namespace
 
 std::vector<quint32> FindSuperiorParts(const Population &population, const SuperiorQuery &query)
 {
@@ -147,28 +159,28 @@ std::optional<SuperiorRow> FindMadeUpRow(const SuperiorQuery &query, const CaseN
     return made;
 }
 
-std::optional<SuperiorQuery> ParseToldSearch(const QStringList &fields, int thisYear)
+std::optional<QString> ReadSuperiorQuery(const QStringList &fields, int thisYear,
+                                         SuperiorQuery &query)
 {
-    // Both kinds of search have these in the same places.
-    enum Field : qsizetype {
-        Last = 1,
-        First,
-        Middle,
-        InCounties = 5,
-        Types,
-        FromYear,
-        ToYear,
-        Least
-    };
-    if (fields.size() < Least)
-        return std::nullopt;
-    SuperiorQuery query;
+    if (fields.size() < FewestFields)
+        return u"Wrong number of fields"_s;
     query.name = ParseName(fields[Last], fields[First], fields[Middle]);
-    ParseCountiesAndTypes(fields[InCounties], fields[Types], query);
+    parseCountiesAndTypes(fields[InCounties], fields[Types], query);
+    if (query.name.last.isEmpty())
+        return u"No name"_s;
     const auto years = ParseYears(fields[FromYear], fields[ToYear], firstCaseYear, thisYear);
     if (!years)
+        return u"Not a year"_s;
+    query.years = *years;
+    return std::nullopt;
+}
+
+std::optional<SuperiorQuery> ParseToldSearch(const QStringList &fields, int thisYear)
+{
+    SuperiorQuery query;
+    if (ReadSuperiorQuery(fields, thisYear, query))
         return std::nullopt;
-    query.years = {std::max(years->from, firstCaseYear), std::min(years->to, thisYear)};
+    query.years = {std::max(query.years.from, firstCaseYear), std::min(query.years.to, thisYear)};
     return query;
 }
 

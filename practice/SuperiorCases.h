@@ -29,9 +29,10 @@ struct SuperiorRow
     QString title; ///< "SMITH, JOHN Q VS ACME PLUMBING INC"
 };
 
-/// The counties and case types of two list fields; no type means all of them.
-void ParseCountiesAndTypes(const QString &countyList, const QString &typeList,
-                           SuperiorQuery &query);
+/// Reads what is asked for out of the fields of a search, of the Superior Courts or of their index,
+/// which have it in the same places. What is wrong with it, or nothing.
+std::optional<QString> ReadSuperiorQuery(const QStringList &fields, int thisYear,
+                                         SuperiorQuery &query);
 
 /// The parts that the query asks for, as places in the population's Parts(), by name, then by date.
 std::vector<quint32> FindSuperiorParts(const Population &population, const SuperiorQuery &query);

@@ -11,8 +11,6 @@ using namespace Qt::StringLiterals;
 
 namespace Practice {
 namespace {
-enum Field : qsizetype { Last = 1, First, Middle, InCounties = 5, Types, FromYear, ToYear };
-
 QString placeOf(int county)
 {
     return u"%1 County Superior Court"_s.arg(CountyName(county));
@@ -46,14 +44,8 @@ Reply AnswerSuperiorSearch(const Population &population, const QStringList &fiel
     if (fields.size() != superiorSearchFields)
         return Refusal(u"Wrong number of fields"_s);
     SuperiorQuery query;
-    query.name = ParseName(fields[Last], fields[First], fields[Middle]);
-    ParseCountiesAndTypes(fields[InCounties], fields[Types], query);
-    if (query.name.last.isEmpty())
-        return Refusal(u"No name"_s);
-    const auto years = ParseYears(fields[FromYear], fields[ToYear], firstCaseYear, thisYear);
-    if (!years)
-        return Refusal(u"Not a year"_s);
-    query.years = *years;
+    if (const std::optional<QString> wrong = ReadSuperiorQuery(fields, thisYear, query))
+        return Refusal(*wrong);
 
     Reply reply;
     QStringList places;

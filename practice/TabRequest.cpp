@@ -15,41 +15,51 @@ struct TabWord
     bool civil = true; ///< for the district courts
 };
 
-constexpr std::array superiorWords{
-    TabWord{u"SUMMARY", CaseTab::Summary},     TabWord{u"NAMES", CaseTab::Names},
-    TabWord{u"DOCKET", CaseTab::Docket},       TabWord{u"ACCOUNTING", CaseTab::Accounting},
-    TabWord{u"JUDGMENTS", CaseTab::Judgments}, TabWord{u"CHARGES", CaseTab::Charges},
-    TabWord{u"SENTENCE", CaseTab::Sentence},   TabWord{u"SCHEDULE", CaseTab::Schedule},
-};
-constexpr std::array oregonWords{
-    TabWord{u"SUMMARY", CaseTab::Summary},   TabWord{u"NAMES", CaseTab::Names},
-    TabWord{u"DOCKET", CaseTab::Docket},     TabWord{u"ACCOUNTING", CaseTab::Accounting},
-    TabWord{u"FINANCE", CaseTab::Finance},   TabWord{u"JUDGMENTS", CaseTab::Judgments},
-    TabWord{u"CHARGES", CaseTab::Charges},   TabWord{u"SENTENCES", CaseTab::Sentence},
-    TabWord{u"SCHEDULE", CaseTab::Schedule},
-};
-constexpr std::array idahoWords{
-    TabWord{u"SUMMARY", CaseTab::Summary}, TabWord{u"NAMES", CaseTab::Names},
-    TabWord{u"DOCKET", CaseTab::Docket},   TabWord{u"JUDGMENTS", CaseTab::Judgments},
-    TabWord{u"CHARGES", CaseTab::Charges},
-};
-constexpr std::array bankruptcyWords{
-    TabWord{u"SUMMARY", CaseTab::Summary},
-    TabWord{u"NAMES", CaseTab::Names},
-    TabWord{u"DOCKET", CaseTab::Docket},
-};
+constexpr auto superiorWords = std::to_array<TabWord>({
+    {u"SUMMARY", CaseTab::Summary},
+    {u"NAMES", CaseTab::Names},
+    {u"DOCKET", CaseTab::Docket},
+    {u"ACCOUNTING", CaseTab::Accounting},
+    {u"JUDGMENTS", CaseTab::Judgments},
+    {u"CHARGES", CaseTab::Charges},
+    {u"SENTENCE", CaseTab::Sentence},
+    {u"SCHEDULE", CaseTab::Schedule},
+});
+constexpr auto oregonWords = std::to_array<TabWord>({
+    {u"SUMMARY", CaseTab::Summary},
+    {u"NAMES", CaseTab::Names},
+    {u"DOCKET", CaseTab::Docket},
+    {u"ACCOUNTING", CaseTab::Accounting},
+    {u"FINANCE", CaseTab::Finance},
+    {u"JUDGMENTS", CaseTab::Judgments},
+    {u"CHARGES", CaseTab::Charges},
+    {u"SENTENCES", CaseTab::Sentence},
+    {u"SCHEDULE", CaseTab::Schedule},
+});
+constexpr auto idahoWords = std::to_array<TabWord>({
+    {u"SUMMARY", CaseTab::Summary},
+    {u"NAMES", CaseTab::Names},
+    {u"DOCKET", CaseTab::Docket},
+    {u"JUDGMENTS", CaseTab::Judgments},
+    {u"CHARGES", CaseTab::Charges},
+});
+constexpr auto bankruptcyWords = std::to_array<TabWord>({
+    {u"SUMMARY", CaseTab::Summary},
+    {u"NAMES", CaseTab::Names},
+    {u"DOCKET", CaseTab::Docket},
+});
 // The lists ask for a summary in words of their own.
-constexpr std::array districtWords{
-    TabWord{u"NCNCC", CaseTab::Summary, false},
-    TabWord{u"NCC", CaseTab::Summary, false},
-    TabWord{u"NCPAR", CaseTab::Names, false},
-    TabWord{u"NCCDK", CaseTab::Docket, false},
-    TabWord{u"NCVIO", CaseTab::Violations, false},
-    TabWord{u"CIVI", CaseTab::Summary},
-    TabWord{u"CVPAR", CaseTab::Names},
-    TabWord{u"CVCDK", CaseTab::Docket},
-    TabWord{u"CVJI", CaseTab::Judgments},
-};
+constexpr auto districtWords = std::to_array<TabWord>({
+    {u"NCNCC", CaseTab::Summary, false},
+    {u"NCC", CaseTab::Summary, false},
+    {u"NCPAR", CaseTab::Names, false},
+    {u"NCCDK", CaseTab::Docket, false},
+    {u"NCVIO", CaseTab::Violations, false},
+    {u"CIVI", CaseTab::Summary},
+    {u"CVPAR", CaseTab::Names},
+    {u"CVCDK", CaseTab::Docket},
+    {u"CVJI", CaseTab::Judgments},
+});
 
 /// Where the fields of a family stand, and how many there may be.
 struct Shape

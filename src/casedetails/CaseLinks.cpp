@@ -15,7 +15,7 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-const QString retrieveCommand = u"RETRIEVECOMMAND="_s;
+constexpr QStringView retrieveCommand = u"RETRIEVECOMMAND=";
 
 /// The first cell of a row that reads like a number of the Superior Courts, "" when none does.
 QString caseNumberIn(const FlexGrid &grid, int row)
@@ -79,7 +79,7 @@ void frmCaseDetails::openListedCase(int row)
     form->SetCaseTitle(u"Bankruptcy"_s);
     form->ClientAcctgCode = ClientAcctgCode;
     QString command = fields.filter(retrieveCommand).value(0);
-    const QString request = TrimBlanks(command.remove(retrieveCommand));
+    const QString request = TrimBlanks(command.remove(retrieveCommand.toString()));
     form->tboxCaseNumberQueue = request;
     form->lboxTabReqQueue.Clear();
     form->lboxTabReqQueue.AddItem(request);

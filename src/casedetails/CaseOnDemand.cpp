@@ -77,7 +77,7 @@ void CaseWindow::cmdSearchNow_Click()
     choiceStands = true;
     SetStatusText(u"Pending .."_s);
     lblStatus->show();
-    printButton->setEnabled(false);
+    TurnOff(printButton);
     StopRequested = false;
     RestartJob(TmrSearchOnDemand);
     WriteAppInfo(u"Search On Demand Complete"_s);
@@ -97,7 +97,7 @@ void CaseWindow::TmrSearchOnDemand_Tick()
              .WorkingBlink = onDemandBlink,
              .Run =
                  [this, &ran] {
-                     printButton->setEnabled(false);
+                     TurnOff(printButton);
                      ProcessOnDemandSearchRequests();
                      ran = true;
                  },

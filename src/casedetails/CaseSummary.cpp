@@ -15,10 +15,10 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-const QString caseNotFound = u"Case Not Found"_s;
-const QString notAvailable = u"N/A"_s;
-const QString warningsStatus = u"Search Warnings - See Summary"_s;
-const QString idahoIsDown = u"Idaho courts are currently unavailable, please try later."_s;
+constexpr QStringView caseNotFound = u"Case Not Found";
+constexpr QStringView notAvailable = u"N/A";
+constexpr QStringView warningsStatus = u"Search Warnings - See Summary";
+constexpr QStringView idahoIsDown = u"Idaho courts are currently unavailable, please try later.";
 } // namespace
 
 /// What the lines of a Summary reply amount to.
@@ -79,9 +79,9 @@ bool CaseWindow::takeSummaryLine(const QString &line, const QString &request, Su
         return true;
     case SummaryLine::BankruptcyNotFound:
         lboxResponses.Clear();
-        lboxResponses.AddItem(caseNotFound);
-        SetCaseTitle(notAvailable);
-        SetDateFiled(notAvailable);
+        lboxResponses.AddItem(caseNotFound.toString());
+        SetCaseTitle(notAvailable.toString());
+        SetDateFiled(notAvailable.toString());
         SetStatusText(TextsOf(CaseTab::Summary).Complete);
         WriteAppInfo(TextsOf(CaseTab::Summary).AllReceived + request);
         break;
@@ -130,7 +130,7 @@ void CaseWindow::askArbitration()
 void CaseWindow::summaryNotOnFile(const QString &request)
 {
     lboxResponses.Clear();
-    lboxResponses.AddItem(caseNotFound);
+    lboxResponses.AddItem(caseNotFound.toString());
     ShowSummaryResponse();
     SetStatusText(TextsOf(CaseTab::Summary).Complete);
     summaryComplete(request);
@@ -153,15 +153,15 @@ void CaseWindow::evaluateSummary(const QString &request, const SummaryRead &read
                           u"Search Incomplete. Idaho Courts Are Currently Unavailable."_s);
         lblState = u"ID"_s;
         lboxResponses.Clear();
-        lboxResponses.AddItem(idahoIsDown);
+        lboxResponses.AddItem(idahoIsDown.toString());
     } else if (read.Warnings) {
-        SetStatusText(warningsStatus);
+        SetStatusText(warningsStatus.toString());
         summaryIncomplete(request, read.ErrorText);
         return;
     } else if (IsBankruptcy() && lboxResponses.ListCount() == 0) {
-        lboxResponses.AddItem(caseNotFound);
-        SetCaseTitle(notAvailable);
-        SetDateFiled(notAvailable);
+        lboxResponses.AddItem(caseNotFound.toString());
+        SetCaseTitle(notAvailable.toString());
+        SetDateFiled(notAvailable.toString());
     }
     showSummary();
     summaryComplete(request);
@@ -194,7 +194,7 @@ void CaseWindow::logSummaryFailure(const QString &first, const QString &request,
 /// The reason stands where the Summary would, alone.
 void CaseWindow::showFailedSummary(const QString &reason)
 {
-    SetStatusText(warningsStatus, true);
+    SetStatusText(warningsStatus.toString(), true);
     ShowSummaryFailure(reason);
     ShowGrid(CaseTab::Summary, OneCellTable(lboxResponses.List(0)));
     ActivateTab(CaseTabRowOf(CaseTab::Summary).caption.toString());

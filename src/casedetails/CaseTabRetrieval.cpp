@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 namespace {
 constexpr qsizetype errorWordLength = 5;
 
-const QString linkLost = u"Halvane Server Connection was Dropped!"_s;
+constexpr QStringView linkLost = u"Halvane Server Connection was Dropped!";
 } // namespace
 
 /// A request that does not leave breaks the tab down, as a lost link does.
@@ -26,7 +26,7 @@ void CaseWindow::sendTabRequest(const QString &request, bool withClientCode)
     if (withClientCode && !ClientAcctgCode.isEmpty())
         line = EmbedClientCode(line, ClientAcctgCode);
     if (SendReq(line) != SendStatus::Sent)
-        throw RunTimeError(0, linkLost);
+        throw RunTimeError(0, linkLost.toString());
 }
 
 std::optional<QString> CaseWindow::readLine(QStringView beforeStatus)
@@ -37,7 +37,7 @@ std::optional<QString> CaseWindow::readLine(QStringView beforeStatus)
     if (response.Status == ReadStatus::TimedOutOrLost)
         return std::nullopt;
     if (response.Status != ReadStatus::Token)
-        throw RunTimeError(0, linkLost);
+        throw RunTimeError(0, linkLost.toString());
     return response.Token;
 }
 

@@ -27,7 +27,7 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr JobPace casePace{2000, 500, 900, 700};
+constexpr JobPace casePace{.turn = 2000, .blink = 500, .takenBlink = 900, .workingBlink = 700};
 constexpr int searchOnDemandInterval = 900;
 constexpr double headerScale = 1.2;
 
@@ -144,14 +144,14 @@ bool CaseWindow::IsBankruptcy() const
 
 void CaseWindow::SetStatusText(const QString &text, bool trouble)
 {
-    SetStatusStyle(lblStatus, trouble ? StatusColour::Trouble : StatusColour::Normal, true);
+    SetStatusStyle(lblStatus, trouble ? StatusColour::Trouble : StatusColour::Normal);
     lblStatus->setText(text);
     voice->SayState();
 }
 
 void CaseWindow::SetWarning(const QString &text, bool trouble)
 {
-    SetStatusStyle(lblWarning, trouble ? StatusColour::Trouble : StatusColour::Normal, true);
+    SetStatusStyle(lblWarning, trouble ? StatusColour::Trouble : StatusColour::Normal);
     lblWarning->setText(text);
     lblWarning->setVisible(!text.isEmpty());
 }

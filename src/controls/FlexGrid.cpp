@@ -24,8 +24,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr int sidePixels = 4;
-constexpr int edgePixels = 3;
 constexpr int leastCharacters = 5;
 constexpr int mostRowPixels = 32'000;
 constexpr int idleMilliseconds = 4;
@@ -52,8 +50,9 @@ public:
         painter->setPen(
             cell.palette.color(group, selected ? QPalette::HighlightedText : QPalette::Text));
         DrawWrappedText(painter,
-                        cell.rect.adjusted(sidePixels, edgePixels, -sidePixels, -edgePixels), text,
-                        cell.font, cell.displayAlignment);
+                        cell.rect.adjusted(wrappedTextSide, wrappedTextEdge, -wrappedTextSide,
+                                           -wrappedTextEdge),
+                        text, cell.font, cell.displayAlignment);
     }
 
     /// How wide the text would be in lines of its own: what a double click between two headers
@@ -61,7 +60,7 @@ public:
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
     {
         const QSize lines = option.fontMetrics.size(0, index.data().toString());
-        return lines + QSize(2 * sidePixels + 1, 2 * edgePixels);
+        return lines + QSize(2 * wrappedTextSide + 1, 2 * wrappedTextEdge);
     }
 };
 } // namespace
@@ -161,7 +160,7 @@ void FlexGrid::layOut()
 void FlexGrid::setLeastWidth()
 {
     header->setMinimumSectionSize(leastCharacters * fontMetrics().averageCharWidth()
-                                  + 2 * sidePixels);
+                                  + 2 * wrappedTextSide);
 }
 
 void FlexGrid::shareColumns()
@@ -299,11 +298,11 @@ int FlexGrid::measuredHeight(int row)
     int text = fontMetrics().height();
     for (qsizetype column = 0; column < columns; ++column)
         text = std::max(text, WrappedTextHeight(cells[column], font(),
-                                                widthsMeasuredFor[column] - 2 * sidePixels));
+                                                widthsMeasuredFor[column] - 2 * wrappedTextSide));
     // All rows together have to stay a number.
     const int most =
         std::min(mostRowPixels, std::numeric_limits<int>::max() / 2 / content.rowCount());
-    height = std::min(text + 2 * edgePixels, most);
+    height = std::min(text + 2 * wrappedTextEdge, most);
     ++measured;
     return height;
 }
@@ -329,7 +328,7 @@ int FlexGrid::likelyHeight() const
     }
     const qsizetype average = sampled == 0 ? 1 : (lines + sampled / 2) / sampled;
     return static_cast<int>(
-        std::min<qsizetype>(average * fontMetrics().height() + 2 * edgePixels, mostRowPixels));
+        std::min<qsizetype>(average * fontMetrics().height() + 2 * wrappedTextEdge, mostRowPixels));
 }
 
 void FlexGrid::applyAllHeights()

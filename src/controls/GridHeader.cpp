@@ -4,11 +4,6 @@
 
 #include <QPainter>
 
-namespace {
-constexpr int sidePixels = 4;
-constexpr int edgePixels = 3;
-} // namespace
-
 GridHeader::GridHeader(QWidget *parent) : QHeaderView(Qt::Horizontal, parent)
 {
     setSectionsClickable(false);
@@ -34,8 +29,8 @@ QSize GridHeader::sectionSizeFromContents(int column) const
 {
     QSize size = QHeaderView::sectionSizeFromContents(column);
     const int lines =
-        WrappedTextHeight(textOf(column), font(), sectionSize(column) - 2 * sidePixels);
-    size.setHeight(lines + 2 * edgePixels);
+        WrappedTextHeight(textOf(column), font(), sectionSize(column) - 2 * wrappedTextSide);
+    size.setHeight(lines + 2 * wrappedTextEdge);
     return size;
 }
 
@@ -57,7 +52,8 @@ void GridHeader::paintSection(QPainter *painter, const QRect &place, int column)
     painter->restore();
     const QVariant told = model()->headerData(column, Qt::Horizontal, Qt::TextAlignmentRole);
     painter->setPen(palette().color(QPalette::ButtonText));
-    DrawWrappedText(painter, place.adjusted(sidePixels, edgePixels, -sidePixels, -edgePixels),
-                    textOf(column), font(),
-                    told.isValid() ? told.value<Qt::Alignment>() : defaultAlignment());
+    DrawWrappedText(
+        painter,
+        place.adjusted(wrappedTextSide, wrappedTextEdge, -wrappedTextSide, -wrappedTextEdge),
+        textOf(column), font(), told.isValid() ? told.value<Qt::Alignment>() : defaultAlignment());
 }

@@ -109,10 +109,13 @@ void ResultListModel::SetCell(int row, int column, const QString &text)
 
 QStringList ResultListModel::Cells(int row) const
 {
-    const QByteArray &block = at(row).cells;
+    const QByteArrayView block = at(row).cells;
     QStringList cells;
-    for (int column = 0; column < block.count(cellEnd); ++column)
-        cells.append(cellIn(block, column));
+    qsizetype from = 0;
+    for (qsizetype end = block.indexOf(cellEnd); end >= 0; end = block.indexOf(cellEnd, from)) {
+        cells.append(QString::fromUtf8(block.sliced(from, end - from)));
+        from = end + 1;
+    }
     return cells;
 }
 

@@ -2,7 +2,6 @@
 
 #include <QAbstractTableModel>
 #include <QByteArray>
-#include <QElapsedTimer>
 #include <QString>
 #include <QStringList>
 #include <QTimer>

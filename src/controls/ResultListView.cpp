@@ -22,11 +22,10 @@ namespace {
 constexpr int rowPaddingPixels = 6;
 /// For the titles of columns: the first with which each has room.
 constexpr std::array<double, 3> titleScales{smallFontScale, 0.85, 0.8};
-constexpr int leastSeenTwips = 100;
 
 bool isSeen(const ListColumn &column)
 {
-    return column.Width > leastSeenTwips;
+    return column.Width > unseenColumnTwips;
 }
 
 /// Shows a cell's whole text when the cell is too narrow for it: as plain text, whatever the server
@@ -54,7 +53,7 @@ ResultListView::ResultListView(QWidget *parent) : QTableView(parent), list(this)
     SetTableLook(this);
     setWordWrap(false);
     setTextElideMode(Qt::ElideRight);
-    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + rowPaddingPixels);
+    followFont();
     horizontalHeader()->setStretchLastSection(true);
     horizontalHeader()->setMinimumSectionSize(PixelsFromTwips(30));
     tools = new TableTools(this);
@@ -87,16 +86,25 @@ void ResultListView::SetColumns(const ListLayout &layout)
 {
     const QList<ListColumn> &columns = layout.Columns;
     list.SetColumns(columns);
-    // The last column takes the room that is left. One too narrow to be seen is meant to stay so:
-    // it stands before the last that can be.
-    const auto last = static_cast<int>(columns.size()) - 1;
-    if (last > 0 && !isSeen(columns[last]))
-        horizontalHeader()->moveSection(last, last - 1);
+    orderColumns();
     fitTitles(columns);
     QList<int> told;
     for (const ListColumn &column : columns)
         told.append(column.Width);
     tools->Widths()->Begin(layout.Kind, told);
+}
+
+/// The last column takes the room that is left. One too narrow to be seen is meant to stay so: it
+/// stands before the last that can be. The header keeps the order of the columns before these.
+void ResultListView::orderColumns()
+{
+    QHeaderView *header = horizontalHeader();
+    const QList<ListColumn> &columns = list.Columns();
+    const auto last = static_cast<int>(columns.size()) - 1;
+    for (int column = 0; column <= last; ++column)
+        header->moveSection(header->visualIndex(column), column);
+    if (last > 0 && !isSeen(columns[last]))
+        header->moveSection(last, last - 1);
 }
 
 /// Titles are the same for everybody: none of them is cut in its own width.
@@ -132,7 +140,24 @@ void ResultListView::SetColumnTwips(int column, int twips)
 
 void ResultListView::UseSmallText()
 {
+    smallText = true;
     setFont(SmallerFont(font()));
+}
+
+/// Rows are as high, and titles as large, as the font of the desktop wants them, which may become
+/// another while the list is there.
+void ResultListView::followFont()
+{
+    largeFont = smallText ? SmallerFont(font(), 1.0 / smallFontScale) : font();
+    verticalHeader()->setDefaultSectionSize(QFontMetrics(largeFont).height() + rowPaddingPixels);
+    fitTitles(list.Columns());
+}
+
+void ResultListView::changeEvent(QEvent *event)
+{
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        followFont();
 }
 
 void ResultListView::ShowHeaderIcon(int column, Qt::SortOrder order, bool show)

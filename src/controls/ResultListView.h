@@ -66,15 +66,19 @@ protected:
     /// other selected rows the same, whatever column the cursor is in.
     void keyPressEvent(QKeyEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private:
     void connectHeader();
+    void followFont();
+    void orderColumns();
     void fitTitles(const QList<ListColumn> &columns);
     void showArrow();
     void turnCheckBoxes();
 
     ResultListModel list;
-    QFont largeFont; ///< before anything is written small
+    QFont largeFont; ///< what the cells would have if they were not written small
+    bool smallText = false;
     Qt::SortOrder sortOrder = Qt::AscendingOrder;
     int arrowColumn = -1;
     Qt::SortOrder arrowOrder = Qt::AscendingOrder;

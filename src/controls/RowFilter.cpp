@@ -1,5 +1,6 @@
 #include "controls/RowFilter.h"
 
+#include "controls/TableLook.h"
 #include "controls/Twips.h"
 
 #include <QHeaderView>
@@ -8,7 +9,6 @@
 #include <algorithm>
 
 namespace {
-constexpr int leastSeenTwips = 100;
 // Each run of selected rows is looked at for every cell that is painted.
 constexpr qsizetype mostRunsKept = 1000;
 } // namespace
@@ -19,9 +19,8 @@ QList<int> ShownColumns(const QTableView *table)
     const QHeaderView *header = table->horizontalHeader();
     for (int place = 0; place < header->count(); ++place) {
         const int column = header->logicalIndex(place);
-        // A column too narrow to be seen is there for the program, not for the user.
         if (!table->isColumnHidden(column)
-            && table->columnWidth(column) > PixelsFromTwips(leastSeenTwips))
+            && table->columnWidth(column) > PixelsFromTwips(unseenColumnTwips))
             shown.append(column);
     }
     return shown;

@@ -8,6 +8,10 @@ class QTableView;
 /// alternate, headers are a little smaller.
 void SetTableLook(QTableView *table);
 
+/// A column of no more than this width, in twips, holds what the program needs and nobody shall
+/// see.
+constexpr int unseenColumnTwips = 100;
+
 /// What the titles of columns are scaled by.
 constexpr double smallFontScale = 0.9;
 

@@ -10,8 +10,14 @@ class QPainter;
 // word that is too long for a line. One procedure breaks it for measuring and for painting, so that
 // a place that was measured for a text shows all of it.
 
+/// What the cells and headers of a grid leave free around their text, in pixels.
+constexpr int wrappedTextSide = 4;
+constexpr int wrappedTextEdge = 3;
+
+/// The height in pixels of all lines of the text in this width.
 int WrappedTextHeight(const QString &text, const QFont &font, int width);
 
-/// Draws with the painter's pen, from the top or, in one line or several, around the middle.
+/// Draws with the painter's pen. The alignment is that of each line in the width of the place and
+/// of all lines together in its height; what has no room there is cut off.
 void DrawWrappedText(QPainter *painter, const QRect &place, const QString &text, const QFont &font,
                      Qt::Alignment alignment);

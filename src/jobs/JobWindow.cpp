@@ -127,12 +127,16 @@ void JobWindow::EndJob()
     StopBlinking();
 }
 
-/// Who is on the button would find themselves on the next one, which in a case closes the window.
+void JobWindow::TurnOff(QPushButton *button)
+{
+    if (window()->focusWidget() == button)
+        HomeOfFocus()->setFocus(Qt::OtherFocusReason);
+    button->setEnabled(false);
+}
+
 void JobWindow::DisableStop()
 {
-    if (window()->focusWidget() == stopButton)
-        homeOfFocus->setFocus(Qt::OtherFocusReason);
-    stopButton->setEnabled(false);
+    TurnOff(stopButton);
 }
 
 void JobWindow::cmdStopSearching_Click()
@@ -187,7 +191,7 @@ void JobWindow::ShowStoppedStatus()
 {
     EndJob();
     Timer1->stop();
-    SetStatusStyle(statusLabel, StatusColour::Trouble, true);
+    SetStatusStyle(statusLabel, StatusColour::Trouble);
     statusLabel->setText(u"Search Stopped By User .. "_s);
 }
 

@@ -50,7 +50,7 @@ protected:
     JobWindow(const JobPace &jobPace, QWidget *parent);
 
     /// Takes the two controls that every job has, and starts the timers. `home` gets the keyboard
-    /// when it is on Stop and Stop is over.
+    /// when it is on a button that is turned off.
     void StartJob(QLabel *lblStatus, QPushButton *cmdStopSearching, QWidget *home);
 
     enum class StopCase {
@@ -63,6 +63,8 @@ protected:
     virtual void BeginTick() {}
     /// The job itself. It releases the turn on every way out.
     virtual void ProcessSearchRequests() = 0;
+    /// Who gets the keyboard: what StartJob was given, unless something else is in its place.
+    virtual QWidget *HomeOfFocus() const { return homeOfFocus; }
     /// What lblStatus reads during the run.
     virtual QString WorkingText() const = 0;
     /// Shows that the job was stopped; ShowStoppedStatus is the part that all have in common.
@@ -76,6 +78,9 @@ protected:
 
     void ShowStoppedStatus();
     void StopBlinking();
+    /// Turns a button off. Who is on it is on the home of the keyboard then: the platform would go
+    /// on to the next button, which prints, stops or closes.
+    void TurnOff(QPushButton *button);
     void DisableStop();
     /// The job is over: no more stopping, no more blinking.
     void EndJob();

@@ -91,7 +91,7 @@ void frmNameSearchResults::clearServerTexts()
 void frmNameSearchResults::cmdGetNext_Click()
 {
     ++SearchRunCount;
-    ui->cmdSearchResults_4->setEnabled(false);
+    TurnOff(ui->cmdSearchResults_4);
     // Pending again, so that Stop withdraws the key instead of stopping a search that has not
     // begun.
     SetStatus(u"Pending .."_s, StatusStyle::NormalBold);

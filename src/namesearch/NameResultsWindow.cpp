@@ -16,14 +16,13 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr JobPace resultsPace{1900, 500, 900, 500};
+constexpr JobPace resultsPace{.turn = 1900, .blink = 500, .takenBlink = 900, .workingBlink = 500};
 
 void applyStyle(QLabel *label, StatusStyle style)
 {
     if (style != StatusStyle::Unchanged)
-        SetStatusStyle(
-            label, style == StatusStyle::NormalBold ? StatusColour::Normal : StatusColour::Trouble,
-            true);
+        SetStatusStyle(label, style == StatusStyle::NormalBold ? StatusColour::Normal
+                                                               : StatusColour::Trouble);
 }
 } // namespace
 

@@ -47,7 +47,7 @@ void NameResultsWindow::reportEmptyQueue()
            u"No Search Requests Can Be Located! This Form will be closed when you select OK. The "
            "Request Queue Appears to be Empty."_s,
            u"Search Queue Empty .."_s, MsgButtons::Ok, MsgIcon::Exclamation);
-    ReleaseTurn();
+    ReleaseTurnOf(txtMasterKey);
     lbl911 = u"T"_s;
     Unload();
 }

@@ -186,10 +186,17 @@ void frmDiscisNCNameResults::RetrieveDetails()
 
 void frmDiscisNCNameResults::UpdateRetrieveButton()
 {
-    if (ShowingDupes)
-        ui->cmdSearchResults_0->setEnabled(namesRetrievable);
-    else
+    if (!ShowingDupes)
         DiscisResultsWindow::UpdateRetrieveButton();
+    else if (namesRetrievable)
+        ui->cmdSearchResults_0->setEnabled(true);
+    else
+        TurnOff(ui->cmdSearchResults_0);
+}
+
+QWidget *frmDiscisNCNameResults::HomeOfFocus() const
+{
+    return ShowingDupes ? ui->lvDupe : ui->listview1;
 }
 
 void frmDiscisNCNameResults::ShowStopped(StopCase stopCase)

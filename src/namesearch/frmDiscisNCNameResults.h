@@ -45,6 +45,7 @@ protected:
     void EndSearch(SearchOutcome outcome) override;
     void RetrieveDetails() override;
     void UpdateRetrieveButton() override;
+    QWidget *HomeOfFocus() const override;
 
 private:
     int nameCount() const;

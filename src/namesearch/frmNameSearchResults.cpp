@@ -22,8 +22,9 @@ frmNameSearchResults::frmNameSearchResults(const QString &state, bool indexSearc
     ui->setupUi(this);
     connect(ui->lblHelp, &QPushButton::clicked, &SessionEvents::Of(),
             &SessionEvents::ResultsHelpWanted);
-    for (size_t i = 0; i < cmdSearchResults.size(); ++i)
-        cmdSearchResults[i] = findChild<QPushButton *>(u"cmdSearchResults_"_s + QString::number(i));
+    cmdSearchResults = {ui->cmdSearchResults_0, ui->cmdSearchResults_1, ui->cmdSearchResults_2,
+                        ui->cmdSearchResults_3, ui->cmdSearchResults_4, ui->cmdSearchResults_5,
+                        ui->cmdSearchResults_6};
     // Two buttons of the first design stand beyond the window's edge and do nothing; Get Next
     // comes into sight only when a page has a next one.
     cmdSearchResults[CloseResults]->hide();

@@ -6,7 +6,7 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-const QString notApplicable = u"N/A"_s;
+constexpr QStringView notApplicable = u"N/A";
 
 constexpr std::array<QStringView, 4> bankruptcyCourts{
     u"Washington (Western)", u"Washington (Eastern)", u"Oregon (Statewide)", u"Idaho (Statewide)"};
@@ -58,13 +58,13 @@ QString GetJurisdictions(const SearchEntry &entry)
 
 QString GetCaseTypes(const SearchEntry &entry)
 {
-    return isNumber(entry) ? notApplicable : entry.CaseTypes.join(u", "_s);
+    return isNumber(entry) ? notApplicable.toString() : entry.CaseTypes.join(u", "_s);
 }
 
 QString GetSearchYears(const SearchEntry &entry)
 {
     if (isNumber(entry))
-        return notApplicable;
+        return notApplicable.toString();
     return entry.YearRange ? TrimBlanks(entry.FromYear) + u" - "_s + TrimBlanks(entry.ToYear)
                            : u"All Avail."_s;
 }

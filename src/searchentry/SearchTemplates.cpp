@@ -11,7 +11,7 @@ constexpr qsizetype mostTemplates = 25;
 constexpr char16_t firstLetter = u'a';
 constexpr char16_t lastLetter = u'z';
 
-const QString noTemplate = u"0"_s;
+constexpr QStringView noTemplate = u"0";
 
 QList<SearchTemplate> &templates()
 {
@@ -28,7 +28,7 @@ int LoadTemplates()
     for (char16_t letter = firstLetter; letter <= lastLetter; ++letter) {
         if (templates().size() == mostTemplates)
             break;
-        const QString name = setting.GetSettingStr(u"WaSup"_s, QString(letter), noTemplate);
+        const QString name = setting.GetSettingStr(u"WaSup"_s, QString(letter), noTemplate.toString());
         if (name.isEmpty() || name == noTemplate)
             continue;
         templates().append({name, setting.GetSettingStr(name, u"Juris"_s, {}),

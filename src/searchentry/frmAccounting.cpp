@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 namespace {
 // A code travels in every line of a search, and a line must still divide where it did: "~" and "@"
 // delimit lines of some courts, and "^" the code itself.
-const QString reservedInCode = u"~@^"_s;
+constexpr QStringView reservedInCode = u"~@^";
 
 /// A list that cannot be written is no reason to stop a search.
 void remember(const QString &code)
@@ -42,7 +42,7 @@ frmAccounting::frmAccounting(QWidget *parent)
 {
     ui->setupUi(this);
     auto *entry = new SearchTextBox(ui->cboxClientID);
-    entry->SetReserved(reservedInCode);
+    entry->SetReserved(reservedInCode.toString());
     entry->setAccessibleName(ui->cboxClientID->accessibleName());
     ui->cboxClientID->setLineEdit(entry);
     // A code completed behind the user's back would bill the wrong client.

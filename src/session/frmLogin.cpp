@@ -83,9 +83,7 @@ frmLogin::frmLogin(QWidget *parent)
     tmrUI->setInterval(uiMilliseconds);
     tmrLbl->setObjectName(u"tmrLbl"_s);
     tmrLbl->setInterval(blinkMilliseconds);
-    QPalette link = ui->Label1->palette();
-    link.setColor(QPalette::ButtonText, link.color(QPalette::Link));
-    ui->Label1->setPalette(link);
+    colourLink();
 
     connect(tmrUI, &QTimer::timeout, this, &frmLogin::StartConnect);
     connect(tmrLbl, &QTimer::timeout, this, [this] {
@@ -97,6 +95,21 @@ frmLogin::frmLogin(QWidget *parent)
     connect(ui->cmdCancel, &QPushButton::clicked, this, &frmLogin::cmdCancel_Click);
     connect(ui->Label1, &QPushButton::clicked, this,
             [] { QDesktopServices::openUrl(QUrl(SupportPage())); });
+}
+
+void frmLogin::colourLink()
+{
+    QPalette link = ui->Label1->palette();
+    link.setColor(QPalette::ButtonText, palette().color(QPalette::Link));
+    ui->Label1->setPalette(link);
+}
+
+void frmLogin::changeEvent(QEvent *event)
+{
+    FormWindow::changeEvent(event);
+    // The desktop has turned dark, or light again.
+    if (event->type() == QEvent::PaletteChange)
+        colourLink();
 }
 
 frmLogin::~frmLogin()

@@ -35,6 +35,7 @@ public:
 protected:
     void Unloading() override;
     void keyPressEvent(QKeyEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private:
     explicit frmLogin(QWidget *parent);
@@ -52,6 +53,7 @@ private:
     void OfferSystemMessage();
     void LoginRefused(SessionResult result);
     void setHourglass(bool on);
+    void colourLink();
     void showMessages(const QString &text, bool bringIntoView);
     ShowStatus statusLine();
 

@@ -309,7 +309,11 @@ void frmMain::SetNotice(const QString &text)
 void frmMain::ShowConnection(bool connected)
 {
     const QString file = connected ? u"greenlt.bmp"_s : u"redlt.bmp"_s;
-    lamp->setPixmap(QPixmap(AppFile(file)));
+    QPixmap picture(AppFile(file));
+    // The pictures have a ground of their own, which a dark window would show as a square.
+    if (!picture.isNull())
+        picture.setMask(picture.createHeuristicMask());
+    lamp->setPixmap(picture);
     UpdateStatusBarText(connectionPanel, connected ? u"Connected"_s : u"Not Connected"_s);
     UpdateStatusBarText(messagePanel, u"Halvane Ready .."_s);
     ui->mnuConnnectionConnect->setChecked(connected);

@@ -21,6 +21,7 @@ private Q_SLOTS:
     void theTabKey();
     void searchNowGivesItToTheStrip_data();
     void searchNowGivesItToTheStrip();
+    void searchNowTakesItFromPrint();
     void stopDoesNotLeadToClose_data();
     void stopDoesNotLeadToClose();
     void theEndOfARunDoesNotLeadToClose();
@@ -130,6 +131,18 @@ void tst_CaseFocus::searchNowGivesItToTheStrip()
     window->TmrSearchOnDemand->start(1);
     QVERIFY(Finished(window));
     QVERIFY(window->Tab(CaseTab::Docket).TabDone);
+    QCOMPARE(focused(window), u"TabStrip1"_s);
+}
+
+void tst_CaseFocus::searchNowTakesItFromPrint()
+{
+    // By its letter SEARCH NOW is pressed from anywhere, and what is printed now is incomplete.
+    CaseWindow *window = AfterFirstRun(CaseWindowKind::Superior);
+    ClickTab(window, u"Docket"_s);
+    Tick(window, {CaseTab::Docket});
+    ButtonOf(window, "cmdPrintDetails")->setFocus();
+    SearchNow(window);
+    QVERIFY(!ButtonOf(window, "cmdPrintDetails")->isEnabled());
     QCOMPARE(focused(window), u"TabStrip1"_s);
 }
 

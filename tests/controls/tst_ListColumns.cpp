@@ -16,6 +16,9 @@ private Q_SLOTS:
     void noTitleIsCutInItsOwnWidth();
     void aColumnWidensForACell();
     void whatIsLeftGoesToTheLastColumnThatIsSeen();
+    void columnsThatAreMadeAnewStandInTheirOrder();
+    void rowsAndTitlesFollowTheFont_data();
+    void rowsAndTitlesFollowTheFont();
 };
 
 void tst_ListColumns::noTitleIsCutInItsOwnWidth()
@@ -63,6 +66,46 @@ void tst_ListColumns::whatIsLeftGoesToTheLastColumnThatIsSeen()
     QCOMPARE(view.columnWidth(0), 100);
     QCOMPARE(view.columnWidth(1), view.viewport()->width() - 100);
     QCOMPARE(view.horizontalHeader()->visualIndex(1), 1);
+}
+
+void tst_ListColumns::columnsThatAreMadeAnewStandInTheirOrder()
+{
+    ResultListView view;
+    const QHeaderView *header = view.horizontalHeader();
+    const QList<ListColumn> hiddenLast{{u"Name"_s, 1500}, {u"Parties"_s, 1500}, {u"Secret"_s, 30}};
+    view.SetColumns(hiddenLast);
+    view.SetColumns(hiddenLast);
+    QCOMPARE(header->visualIndex(1), 2);
+    QCOMPARE(header->visualIndex(2), 1);
+    view.SetColumns({{u"Name"_s, 1500}, {u"Parties"_s, 1500}, {u"Role"_s, 1500}});
+    for (int column = 0; column < 3; ++column)
+        QCOMPARE(header->visualIndex(column), column);
+}
+
+void tst_ListColumns::rowsAndTitlesFollowTheFont_data()
+{
+    QTest::addColumn<bool>("smallText");
+    QTest::newRow("cells as large as the desktop's text") << false;
+    QTest::newRow("small cells") << true;
+}
+
+void tst_ListColumns::rowsAndTitlesFollowTheFont()
+{
+    QFETCH(bool, smallText);
+    ResultListView view;
+    if (smallText)
+        view.UseSmallText();
+    view.SetColumns({{u"Name"_s, 6000}, {u"Number"_s, 6000}});
+    view.List()->AddRow({u"A"_s, u"7"_s});
+    view.List()->Flush();
+    const double titles = view.horizontalHeader()->font().pointSizeF();
+    const int before = view.rowHeight(0);
+    QFont large = view.font();
+    large.setPointSizeF(2.0 * large.pointSizeF());
+    view.setFont(large);
+    QVERIFY(view.rowHeight(0) > view.fontMetrics().height());
+    QVERIFY(view.rowHeight(0) > before);
+    QVERIFY(qAbs(view.horizontalHeader()->font().pointSizeF() - 2.0 * titles) < 0.1);
 }
 
 QTEST_MAIN(tst_ListColumns)

@@ -21,6 +21,8 @@ private Q_SLOTS:
     void anotherSearchKeepsTheLink();
     void nothingIsRetrievedDuringARun();
     void stopWhileTheSecondSearchIsPending();
+    void theKeyboardGoesToTheNames_data();
+    void theKeyboardGoesToTheNames();
     void stopDuringTheSecondSearch();
     void theLinkIsLostDuringTheSecondSearch();
     void anErrorInTheSecondSearch();
@@ -307,6 +309,32 @@ void tst_CheckedNames::stopWhileTheSecondSearchIsPending()
     window->Timer1->setInterval(1);
     Retrieve(window);
     QCOMPARE(window->RowCount(), 1);
+}
+
+void tst_CheckedNames::theKeyboardGoesToTheNames_data()
+{
+    QTest::addColumn<bool>("stops");
+    QTest::newRow("from the button that retrieves") << false;
+    QTest::newRow("from Stop") << true;
+}
+
+void tst_CheckedNames::theKeyboardGoesToTheNames()
+{
+    QFETCH(bool, stops);
+    const frmDiscisNCNameResults *window = Searched({PersonRow(u"A"_s), u"EOF~"_s});
+    CheckRow(window, 0);
+    window->Timer1->setInterval(1'000'000);
+    QPushButton *retrieve = ButtonOf(window, "cmdSearchResults_0");
+    QPushButton *stop = ButtonOf(window, "cmdStopSearching");
+    if (!stops)
+        retrieve->setFocus();
+    retrieve->click();
+    if (stops) {
+        stop->setFocus();
+        stop->click();
+    }
+    // They are in front: not to the cases behind them, and not to whatever button comes next.
+    QCOMPARE(window->focusWidget()->objectName(), u"lvDupe"_s);
 }
 
 void tst_CheckedNames::stopDuringTheSecondSearch()

@@ -83,6 +83,7 @@ private Q_SLOTS:
     void aLostSecondPageCannotBeAskedForAgain();
     void theClientCodeIsOnEveryPageAndNotInTheList();
     void eachPressCountsOnce();
+    void fromGetNextTheKeyboardGoesToTheList();
 };
 
 void tst_IndexPages::pageSize_data()
@@ -339,6 +340,18 @@ void tst_IndexPages::eachPressCountsOnce()
     QTest::mouseClick(nextButton(window), Qt::LeftButton);
     QCOMPARE(window->SearchRunCount, qint16(2));
     QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{window->txtMasterKey});
+}
+
+void tst_IndexPages::fromGetNextTheKeyboardGoesToTheList()
+{
+    // And not to the button that prints.
+    court->Expect(IndexLine()).Reply({LimitRow(500, 700)});
+    const frmNameSearchResults *window = startPages(*desk, *court);
+    QVERIFY(desk->Finish(window));
+    window->Timer1->setInterval(60'000);
+    nextButton(window)->setFocus();
+    nextButton(window)->click();
+    QCOMPARE(window->focusWidget()->objectName(), u"listview1"_s);
 }
 
 QTEST_MAIN(tst_IndexPages)

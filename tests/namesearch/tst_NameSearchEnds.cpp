@@ -1,6 +1,7 @@
 #include "controls/ResultListView.h"
 #include "controls/Twips.h"
 #include "core/GlobalState.h"
+#include "jobs/TurnTaking.h"
 #include "jobs/frmQueue.h"
 #include "namesearch/SearchDesk.h"
 #include "namesearch/frmNameSearchResults.h"
@@ -56,6 +57,7 @@ private Q_SLOTS:
     void everyOutcomeGivesTheTurnBackOnce_data() { addOutcomes(); }
     void everyOutcomeGivesTheTurnBackOnce();
     void anEmptyListGivesTheTurnBackOnce();
+    void anEmptyListThatIsWithdrawnMeanwhileLeavesTheNextJobsTurn();
     void whatArrivedTooLateIsThrownAwayInFourOutcomes_data() { addOutcomes(); }
     void whatArrivedTooLateIsThrownAwayInFourOutcomes();
 
@@ -346,6 +348,18 @@ void tst_NameSearchEnds::anEmptyListGivesTheTurnBackOnce()
     frmQueue::Form().FIFO.AddItem(thirdKey);
     QTRY_VERIFY(window.isNull());
     QCOMPARE(frmQueue::Form().FIFO.Lines(), (QStringList{secondKey, thirdKey}));
+}
+
+void tst_NameSearchEnds::anEmptyListThatIsWithdrawnMeanwhileLeavesTheNextJobsTurn()
+{
+    const QPointer<frmNameSearchResults> window(desk->Start({}));
+    frmQueue::Form().FIFO.AddItem(secondKey);
+    desk->Boxes.Meanwhile([window] { WithdrawKey(window->txtMasterKey); });
+    desk->Boxes.Expect(u"No Search Requests Can Be Located! This Form will be closed when you "
+                       "select OK. The Request Queue Appears to be Empty."_s,
+                       u"Search Queue Empty .."_s, MsgIcon::Exclamation);
+    QTRY_VERIFY(window.isNull());
+    QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{secondKey});
 }
 
 void tst_NameSearchEnds::whatArrivedTooLateIsThrownAwayInFourOutcomes()

@@ -10,7 +10,9 @@
 
 #include <QApplication>
 #include <QDeadlineTimer>
+#include <QLabel>
 #include <QLineEdit>
+#include <QPainter>
 
 using namespace Qt::StringLiterals;
 
@@ -163,4 +165,14 @@ bool WaitUntil(const std::function<bool()> &condition)
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
     return true;
+}
+
+QImage LampOf(const QWidget *main)
+{
+    constexpr QRgb ground = 0xFFF0F0F0;
+    const QPixmap lamp = Child<QLabel>(main, "lamp")->pixmap();
+    QImage seen(lamp.size(), QImage::Format_RGB32);
+    seen.fill(ground);
+    QPainter(&seen).drawPixmap(0, 0, lamp);
+    return seen;
 }

@@ -6,6 +6,7 @@
 #include "support/TestFolder.h"
 
 #include <QAction>
+#include <QImage>
 #include <QPushButton>
 #include <QTest>
 
@@ -90,6 +91,9 @@ private:
 };
 
 /// The child of this name; the test fails at its first use when there is none.
+/// The lamp of the main window as it is seen on the ground that its pictures have.
+QImage LampOf(const QWidget *main);
+
 template<typename T>
 T *Child(const QObject *window, const char *name)
 {

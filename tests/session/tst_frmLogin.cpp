@@ -32,6 +32,7 @@ private Q_SLOTS:
 
     void captions_data();
     void captions();
+    void theLinkFollowsTheColoursOfTheDesktop();
     void staysAboveAllOtherWindows();
     void opensOnlyOnce();
 
@@ -134,6 +135,18 @@ void tst_frmLogin::captions()
     QVERIFY(widget);
     QCOMPARE(widget->property(property).toString(), text);
     QCOMPARE(Child<QLineEdit>(login, "txtPassword")->echoMode(), QLineEdit::Password);
+}
+
+void tst_frmLogin::theLinkFollowsTheColoursOfTheDesktop()
+{
+    frmLogin *login = session->OpenLogin();
+    const auto *link = Child<QPushButton>(login, "Label1");
+    for (const QColor &colour : {QColor(120, 170, 255), QColor(0, 0, 160)}) {
+        QPalette desktop = login->palette();
+        desktop.setColor(QPalette::Link, colour);
+        login->setPalette(desktop);
+        QCOMPARE(link->palette().color(QPalette::ButtonText), colour);
+    }
 }
 
 void tst_frmLogin::staysAboveAllOtherWindows()

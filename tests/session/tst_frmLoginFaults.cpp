@@ -140,12 +140,6 @@ private:
         return Global.bLoggedIn ? QString() : u"the login fails"_s;
     }
 
-    QImage lampPicture() const
-    {
-        const QPixmap shown = Child<QLabel>(session->Main(), "lamp")->pixmap();
-        return shown.toImage().convertToFormat(QImage::Format_RGB32);
-    }
-
     std::unique_ptr<SessionFixture> session;
 };
 
@@ -241,7 +235,8 @@ void tst_frmLoginFaults::cancelTurnsTheLampRed()
     Click(login, "cmdLogin");
     QCOMPARE(during, u"Connected"_s);
     QCOMPARE(session->Main()->txtConnectStatus(), u"NOT CONNECTED"_s);
-    QCOMPARE(lampPicture(), QImage(session->folder.Path(u"redlt.bmp"_s)));
+    QCOMPARE(LampOf(session->Main()),
+             QImage(session->folder.Path(u"redlt.bmp"_s)).convertToFormat(QImage::Format_RGB32));
     QVERIFY(Child<QAction>(session->Main(), "mnuConnnectionConnect")->isEnabled());
     QVERIFY(!Child<QAction>(session->Main(), "mnuConnectionDisConnect")->isEnabled());
 }

@@ -1,0 +1,184 @@
+// What holds for every window, for those who do not see it and those who have no mouse. The search
+// form, which has many faces, has a test of its own.
+
+#include "casedetails/frmArbPrompt.h"
+#include "casedetails/frmCaseDetails.h"
+#include "casedetails/frmCivilCaseDetails.h"
+#include "casedetails/frmNCCaseDetails.h"
+#include "casedetails/frmOnDemand.h"
+#include "namesearch/frmDiscisNCNameResults.h"
+#include "namesearch/frmDiscisNameResults.h"
+#include "namesearch/frmNameSearchResults.h"
+#include "prefs/frmAbout.h"
+#include "prefs/frmCaseDetailsHelp.h"
+#include "prefs/frmHelp.h"
+#include "prefs/frmInfo.h"
+#include "prefs/frmNameSearchResultsHelp.h"
+#include "prefs/frmSearchHelp.h"
+#include "searchentry/frmAccounting.h"
+#include "session/frmConnect.h"
+#include "session/frmConnectionStatus.h"
+#include "session/frmElapsedTime.h"
+#include "session/frmInactivity.h"
+#include "session/frmLogin.h"
+#include "session/frmMsg.h"
+#include "support/TestFolder.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QTest>
+#include <QTimer>
+
+#include <array>
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+template<typename Window>
+QWidget *make()
+{
+    return new Window(nullptr);
+}
+
+template<>
+QWidget *make<frmNameSearchResults>()
+{
+    return new frmNameSearchResults(u"WA"_s, true);
+}
+
+template<>
+QWidget *make<frmLogin>()
+{
+    frmLogin::ShowForm(nullptr);
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget *window : windows) {
+        if (auto *login = qobject_cast<frmLogin *>(window)) {
+            // There is no server to be looked for.
+            login->tmrUI->stop();
+            return login;
+        }
+    }
+    return nullptr;
+}
+
+struct WindowRow
+{
+    const char *name;
+    QWidget *(*make)();
+};
+constexpr std::array<WindowRow, 20> windows{{
+    {"frmAbout", make<frmAbout>},
+    {"frmAccounting", make<frmAccounting>},
+    {"frmArbPrompt", make<frmArbPrompt>},
+    {"frmCaseDetails", make<frmCaseDetails>},
+    {"frmCaseDetailsHelp", make<frmCaseDetailsHelp>},
+    {"frmCivilCaseDetails", make<frmCivilCaseDetails>},
+    {"frmConnect", make<frmConnect>},
+    {"frmConnectionStatus", make<frmConnectionStatus>},
+    {"frmDiscisNCNameResults", make<frmDiscisNCNameResults>},
+    {"frmDiscisNameResults", make<frmDiscisNameResults>},
+    {"frmElapsedTime", make<frmElapsedTime>},
+    {"frmHelp", make<frmHelp>},
+    {"frmInactivity", make<frmInactivity>},
+    {"frmInfo", make<frmInfo>},
+    {"frmLogin", make<frmLogin>},
+    {"frmMsg", make<frmMsg>},
+    {"frmNCCaseDetails", make<frmNCCaseDetails>},
+    {"frmNameSearchResults", make<frmNameSearchResults>},
+    {"frmNameSearchResultsHelp", make<frmNameSearchResultsHelp>},
+    {"frmSearchHelp", make<frmSearchHelp>},
+}};
+
+/// Whether the Tab key shall come to it.
+bool isTabStop(const QWidget *widget)
+{
+    return widget->isVisible() && widget->isEnabled() && !widget->focusProxy()
+           && (widget->focusPolicy() & Qt::TabFocus) == Qt::TabFocus;
+}
+
+QString nameOf(QWidget *widget)
+{
+    QAccessibleInterface *heard = QAccessible::queryAccessibleInterface(widget);
+    return heard ? heard->text(QAccessible::Name) : QString();
+}
+} // namespace
+
+class tst_EveryWindow : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void aScreenReaderHasANameForEveryControl_data() { addWindows(); }
+    void aScreenReaderHasANameForEveryControl();
+    void theTabKeyComesToEveryControl_data() { addWindows(); }
+    void theTabKeyComesToEveryControl();
+
+private:
+    static void addWindows();
+
+    std::unique_ptr<TestFolder> folder;
+    std::unique_ptr<QWidget> window;
+};
+
+void tst_EveryWindow::addWindows()
+{
+    QTest::addColumn<int>("row");
+    for (size_t i = 0; i < windows.size(); ++i)
+        QTest::newRow(windows.at(i).name) << static_cast<int>(i);
+}
+
+void tst_EveryWindow::init()
+{
+    QFETCH(int, row);
+    folder = std::make_unique<TestFolder>();
+    window.reset(windows.at(static_cast<size_t>(row)).make());
+    window->show();
+    QVERIFY(QTest::qWaitForWindowActive(window.get()));
+}
+
+void tst_EveryWindow::cleanup()
+{
+    window.reset();
+    folder.reset();
+}
+
+void tst_EveryWindow::aScreenReaderHasANameForEveryControl()
+{
+    QVERIFY(!window->windowTitle().isEmpty());
+    QStringList nameless;
+    const QList<QWidget *> widgets = window->findChildren<QWidget *>();
+    for (QWidget *widget : widgets) {
+        if (isTabStop(widget) && nameOf(widget).isEmpty())
+            nameless.append(widget->objectName() + u' '
+                            + QString::fromLatin1(widget->metaObject()->className()));
+    }
+    QCOMPARE(nameless, QStringList());
+}
+
+void tst_EveryWindow::theTabKeyComesToEveryControl()
+{
+    constexpr int mostSteps = 100;
+    QStringList told;
+    const QList<QWidget *> widgets = window->findChildren<QWidget *>();
+    for (const QWidget *widget : widgets) {
+        if (isTabStop(widget))
+            told.append(widget->objectName());
+    }
+    QStringList visited;
+    for (int step = 0; step < mostSteps && QApplication::focusWidget(); ++step) {
+        const QString here = QApplication::focusWidget()->objectName();
+        if (!visited.isEmpty() && here == visited.first())
+            break;
+        visited.append(here);
+        QTest::keyClick(window->windowHandle(), Qt::Key_Tab);
+    }
+    told.sort();
+    visited.sort();
+    QCOMPARE(visited, told);
+}
+
+QTEST_MAIN(tst_EveryWindow)
+#include "tst_EveryWindow.moc"
