@@ -46,7 +46,8 @@ void frmCaseDetails::GridSummary_DblClick(int row)
     const FlexGrid &grid = *Tab(CaseTab::Summary).Grid;
     if (row < 1 || (grid.Cell(row, 0) != u"Associated Case:" && !chkBKYass))
         return;
-    const QString number = grid.Cell(row, chkBKYass ? 0 : 1);
+    // In a list of several cases this is the type, and a row without one is no case.
+    const QString number = grid.Cell(row, 1);
     if (number.isEmpty() || !mayBegin(this))
         return;
     if (chkBKYass)

@@ -59,6 +59,7 @@ private Q_SLOTS:
     void severalBankruptcyCases();
     void aShortListIsAListToo();
     void aCaseOfTheList();
+    void aCaseOfTheListNeedsNoNumber();
     void anAssociatedCase();
     void theEnterKeyOpensItToo();
     void whatOpensNothing_data();
@@ -164,6 +165,17 @@ void tst_CaseLinks::aCaseOfTheList()
     QCOMPARE(TextOf(opened, "lblCaseTitle"), u"DOE (Chapter 13)"_s);
 }
 
+void tst_CaseLinks::aCaseOfTheListNeedsNoNumber()
+{
+    QStringList reply = severalCases;
+    reply[1] = u"/RETRIEVECOMMAND=BKRPT~SUMMARY~1~/BK/DOE/"_s;
+    const frmCaseDetails *window = summarised(u"WAWBK"_s, reply);
+    doubleClick(window, CaseTab::Summary, 1, 0);
+    const frmCaseDetails *opened = otherThan(window);
+    QVERIFY(opened);
+    QCOMPARE(opened->tboxCaseNumberQueue, u"BKRPT~SUMMARY~1~"_s);
+}
+
 void tst_CaseLinks::anAssociatedCase()
 {
     frmCaseDetails *window =
@@ -210,9 +222,7 @@ void tst_CaseLinks::whatOpensNothing_data()
     QTest::newRow("no number") << u"WA"_s << superiorWith(u"Associated Case:~~"_s) << 2;
     QTest::newRow("another name for it")
         << u"WA"_s << superiorWith(u"Associated Cases:~02-2-00456-7~"_s) << 2;
-    QStringList nameless = severalCases;
-    nameless[1] = u"/RETRIEVECOMMAND=BKRPT~SUMMARY~1~/BK/DOE/"_s;
-    QTest::newRow("a case of the list without a number") << u"WAWBK"_s << nameless << 1;
+    QTest::newRow("a row of the list without a type") << u"WAWBK"_s << severalCases << 2;
 }
 
 void tst_CaseLinks::whatOpensNothing()
