@@ -28,7 +28,8 @@ int LoadTemplates()
     for (char16_t letter = firstLetter; letter <= lastLetter; ++letter) {
         if (templates().size() == mostTemplates)
             break;
-        const QString name = setting.GetSettingStr(u"WaSup"_s, QString(letter), noTemplate.toString());
+        const QString name =
+            setting.GetSettingStr(u"WaSup"_s, QString(letter), noTemplate.toString());
         if (name.isEmpty() || name == noTemplate)
             continue;
         templates().append({name, setting.GetSettingStr(name, u"Juris"_s, {}),

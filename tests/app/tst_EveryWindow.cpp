@@ -1,5 +1,5 @@
 // What holds for every window, for those who do not see it and those who have no mouse. The search
-// form, which has many faces, has a test of its own.
+// form, which has many faces, has a test of its own; the main window has nothing to tab through.
 
 #include "casedetails/frmArbPrompt.h"
 #include "casedetails/frmCaseDetails.h"
