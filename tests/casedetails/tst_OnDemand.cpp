@@ -82,8 +82,7 @@ void tst_OnDemand::searchNow()
     ClickTab(window, u"Docket"_s);
     QVERIFY(CommandsEnabled(window));
     ButtonOf(window, "cmdSearchNow")->click();
-    QVERIFY(!Global.bStopRequested);
-    QVERIFY(!window->StopRequested);
+    QVERIFY(!Global.bStopRequested && !window->StopRequested);
     QVERIFY(!window->txtMasterKey.isEmpty() && window->txtMasterKey != oldKey);
     QCOMPARE(frmQueue::Form().FIFO.Lines(), (QStringList{otherKey, window->txtMasterKey}));
     QCOMPARE(TextOf(window, "lblStatus"), u"Pending .."_s);
