@@ -35,6 +35,7 @@ private Q_SLOTS:
     void scheduleOfOregonHasTheWordsOfJudgments();
     void countsOfIdahosChargesStandAgainstTheirText_data();
     void countsOfIdahosChargesStandAgainstTheirText();
+    void aCopiedGridIsTheGrid();
 
 private:
     static void tableForms();
@@ -244,6 +245,30 @@ void tst_CaseTabRetrieval::countsOfIdahosChargesStandAgainstTheirText()
     };
     QCOMPARE(isRight(0), right);
     QVERIFY(!isRight(1));
+}
+
+/// Whatever the target showed before; and what is shown in the source later stays there.
+void tst_CaseTabRetrieval::aCopiedGridIsTheGrid()
+{
+    const GridTable table{{{u"Count"_s, 20}, {u"Charge"_s, 55.5}},
+                          {{u"1"_s, u"<b>Theft</b>"_s}, {u"2"_s}}};
+    const GridTable bare{{{{}, 100}}, {{u"a message"_s}}, false};
+    FlexGrid source;
+    source.SetColumnAlignment(0, Qt::AlignRight | Qt::AlignTop);
+    source.Show(table);
+    FlexGrid target;
+    target.SetColumnAlignment(1, Qt::AlignCenter);
+    target.Show(bare);
+    CaseWindow::CopyGrid(source, target);
+    CaseWindow::SetColumnWidthsAndInsertHeaderText();
+    QCOMPARE(target.Table(), table);
+    QCOMPARE(target.ColumnAlignment(0), Qt::AlignRight | Qt::AlignTop);
+    QCOMPARE(target.ColumnAlignment(1), Qt::AlignLeft | Qt::AlignTop);
+    source.Show(bare);
+    QCOMPARE(target.Table(), table);
+    CaseWindow::CopyGrid(source, target);
+    QCOMPARE(target.Table(), bare);
+    QCOMPARE(target.Cell(0, 0), u"a message"_s);
 }
 
 QTEST_MAIN(tst_CaseTabRetrieval)

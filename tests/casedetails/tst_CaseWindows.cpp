@@ -3,7 +3,6 @@
 // tst_CaseStops.
 
 #include "casedetails/CaseKinds.h"
-#include "controls/FlexGrid.h"
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
 #include "namesearch/frmNameSearchResults.h"
@@ -89,7 +88,6 @@ private Q_SLOTS:
     void theCloseButtonCloses();
     void anEmptyQueueClosesTheWindow_data();
     void anEmptyQueueClosesTheWindow();
-    void aCopiedGridIsTheGrid();
 };
 
 void tst_CaseWindows::atLoad_data()
@@ -589,30 +587,6 @@ void tst_CaseWindows::anEmptyQueueClosesTheWindow()
     QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{otherKey});
     QVERIFY(!Global.bSearchInProgress);
     QCOMPARE(court->Requests(), QStringList());
-}
-
-/// Whatever the target showed before; and what is shown in the source later stays there.
-void tst_CaseWindows::aCopiedGridIsTheGrid()
-{
-    const GridTable table{{{u"Count"_s, 20}, {u"Charge"_s, 55.5}},
-                          {{u"1"_s, u"<b>Theft</b>"_s}, {u"2"_s}}};
-    const GridTable bare{{{{}, 100}}, {{u"a message"_s}}, false};
-    FlexGrid source;
-    source.SetColumnAlignment(0, Qt::AlignRight | Qt::AlignTop);
-    source.Show(table);
-    FlexGrid target;
-    target.SetColumnAlignment(1, Qt::AlignCenter);
-    target.Show(bare);
-    CaseWindow::CopyGrid(source, target);
-    CaseWindow::SetColumnWidthsAndInsertHeaderText();
-    QCOMPARE(target.Table(), table);
-    QCOMPARE(target.ColumnAlignment(0), Qt::AlignRight | Qt::AlignTop);
-    QCOMPARE(target.ColumnAlignment(1), Qt::AlignLeft | Qt::AlignTop);
-    source.Show(bare);
-    QCOMPARE(target.Table(), table);
-    CaseWindow::CopyGrid(source, target);
-    QCOMPARE(target.Table(), bare);
-    QCOMPARE(target.Cell(0, 0), u"a message"_s);
 }
 
 QTEST_MAIN(tst_CaseWindows)
