@@ -66,7 +66,8 @@ public:
     /// Logs in.
     QStringList LogOn(const QString &user = QStringLiteral("ann"));
 
-    /// Waits until so many bytes have come, and leaves them to be read; false when they do not come.
+    /// Waits until so many bytes have come, and leaves them to be read; false when they do not
+    /// come.
     bool WaitForBytes(qsizetype count);
 
     /// Waits until so many bytes have come.
