@@ -1,6 +1,8 @@
 #include "controls/SaveDialog.h"
+#include "core/UserStore.h"
 #include "namesearch/DupesSearch.h"
 #include "namesearch/IndexLines.h"
+#include "namesearch/ResultColumns.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -149,10 +151,20 @@ private Q_SLOTS:
     void theDraggedWidthIsThatOfTheKind();
 
 private:
+    void init() override;
     static void eachKind();
     /// A window of this kind with its three rows.
     NameResultsWindow *searched(const ListKind &kind);
 };
+
+/// No widths are left from a test that has failed.
+void tst_EachList::init()
+{
+    DistrictSearchTest::init();
+    for (int kind = 0; kind <= static_cast<int>(ResultKind::NamesAddresses); ++kind)
+        SaveUserStoreValue(u"ColumnWidths"_s, ResultKindName(static_cast<ResultKind>(kind)),
+                           QString());
+}
 
 void tst_EachList::eachKind()
 {
