@@ -20,12 +20,32 @@ using namespace Qt::StringLiterals;
 
 namespace {
 constexpr int rowPaddingPixels = 6;
+/// What a tool tip shows of a cell, and after how many characters it may break a word: a tip grows
+/// with its text, beyond any screen.
+constexpr qsizetype longestToolTip = 2000;
+constexpr qsizetype longestWordOfAToolTip = 60;
+constexpr QChar breakHere(u'\u200B');
 /// For the titles of columns: the first with which each has room.
 constexpr std::array<double, 3> titleScales{smallFontScale, 0.85, 0.8};
 
 bool isSeen(const ListColumn &column)
 {
     return column.Width > unseenColumnTwips;
+}
+
+QString inPieces(const QString &text)
+{
+    QString pieces;
+    qsizetype ofThisWord = 0;
+    for (const QChar c : QStringView(text).left(longestToolTip)) {
+        ofThisWord = c.isSpace() ? 0 : ofThisWord + 1;
+        if (ofThisWord > longestWordOfAToolTip) {
+            pieces += breakHere;
+            ofThisWord = 1;
+        }
+        pieces += c;
+    }
+    return text.size() > longestToolTip ? QString(pieces + u" .."_s) : pieces;
 }
 
 /// Shows a cell's whole text when the cell is too narrow for it: as plain text, whatever the server
@@ -39,7 +59,7 @@ public:
                    const QModelIndex &index) override
     {
         const bool cut = sizeHint(option, index).width() > view->visualRect(index).width();
-        const QString text = index.data().toString().toHtmlEscaped();
+        const QString text = inPieces(index.data().toString()).toHtmlEscaped();
         QToolTip::showText(event->globalPos(), cut ? QString(u"<qt>"_s + text) : QString(), view);
         return true;
     }
@@ -128,7 +148,9 @@ void ResultListView::fitTitles(const QList<ListColumn> &columns)
 
 void ResultListView::WidenForCell(int row, int column)
 {
-    const int needed = sizeHintForIndex(list.index(row, column)).width();
+    // No wider than the list: a cell without end would push all other columns out of reach.
+    const int needed =
+        std::min(sizeHintForIndex(list.index(row, column)).width(), viewport()->width());
     if (needed > columnWidth(column))
         SetColumnTwips(column, TwipsFromPixels(needed));
 }

@@ -1,6 +1,7 @@
 #include "namesearch/NameResultsWindow.h"
 
 #include "controls/JobVoice.h"
+#include "controls/LabelRoom.h"
 #include "controls/MsgBox.h"
 #include "controls/ResultListView.h"
 #include "controls/StatusColour.h"
@@ -9,13 +10,18 @@
 #include "core/RunTimeError.h"
 #include "namesearch/ResultRows.h"
 
+#include <QEvent>
 #include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QPushButton>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+constexpr int mostLinesOfALabel = 4;
 constexpr JobPace resultsPace{.turn = 1900, .blink = 500, .takenBlink = 900, .workingBlink = 500};
 
 void applyStyle(QLabel *label, StatusStyle style)
@@ -39,8 +45,21 @@ void NameResultsWindow::ShowInProgress()
                     StatusStyle::NormalBold);
 }
 
+/// A label that is broken into lines needs the more of them the narrower the window is, and the
+/// layout does not count that into how low the window may get: its controls would be cut.
+bool NameResultsWindow::event(QEvent *event)
+{
+    const bool handled = JobWindow::event(event);
+    const bool changed = event->type() == QEvent::Resize || event->type() == QEvent::LayoutRequest;
+    if (changed && layout())
+        setMinimumHeight(std::max(0, layout()->totalMinimumHeightForWidth(width())));
+    return handled;
+}
+
 void NameResultsWindow::load(QPushButton *cmdStopSearching)
 {
+    for (QLabel *label : {lblStatus, lblSearchStatus, nameVal, lblCaseTypeVals})
+        NeverWiden(label, mostLinesOfALabel);
     voice = new JobVoice(this, lblStatus, listview1);
     ShowInProgress();
     applyStyle(lblStatus, StatusStyle::NormalBold);

@@ -126,6 +126,7 @@ protected:
     QString StopRequest() const override;
     void StopDone() override;
     bool QueryUnload(UnloadMode mode) override;
+    bool event(QEvent *event) override;
 
     ResultListView *List() const { return listview1; }
     /// SortColumnName as it is after load.

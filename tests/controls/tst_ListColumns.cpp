@@ -1,9 +1,14 @@
 #include "controls/ResultListView.h"
 #include "controls/Twips.h"
 
+#include <QApplication>
 #include <QFontMetrics>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QTest>
+#include <QToolTip>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -15,6 +20,7 @@ class tst_ListColumns : public QObject
 private Q_SLOTS:
     void noTitleIsCutInItsOwnWidth();
     void aColumnWidensForACell();
+    void tipOfACellWithoutEndFitsAScreen();
     void whatIsLeftGoesToTheLastColumnThatIsSeen();
     void columnsThatAreMadeAnewStandInTheirOrder();
     void rowsAndTitlesFollowTheFont_data();
@@ -51,6 +57,12 @@ void tst_ListColumns::aColumnWidensForACell()
     view.WidenForCell(0, 1);
     QCOMPARE(view.columnWidth(1), needed);
     QCOMPARE(view.columnWidth(0), 100);
+    // A cell without end does not push the other columns out of reach.
+    view.List()->AddRow({u"C"_s, QString(50'000, u'7'), u"x"_s});
+    view.List()->Flush();
+    view.WidenForCell(2, 1);
+    QVERIFY(view.columnWidth(1) > needed);
+    QVERIFY(view.columnWidth(1) <= view.viewport()->width());
 }
 
 void tst_ListColumns::whatIsLeftGoesToTheLastColumnThatIsSeen()
@@ -106,6 +118,28 @@ void tst_ListColumns::rowsAndTitlesFollowTheFont()
     QVERIFY(view.rowHeight(0) > view.fontMetrics().height());
     QVERIFY(view.rowHeight(0) > before);
     QVERIFY(qAbs(view.horizontalHeader()->font().pointSizeF() - 2.0 * titles) < 0.1);
+}
+
+void tst_ListColumns::tipOfACellWithoutEndFitsAScreen()
+{
+    ResultListView view;
+    view.SetColumns({{u"Name"_s, 1500}, {u"Number"_s, 600}});
+    view.List()->AddRow({QString(50'000, u'W')});
+    view.List()->Flush();
+    view.resize(500, 100);
+    view.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&view));
+    const QPoint where = view.visualRect(view.List()->index(0, 0)).center();
+    QHelpEvent help(QEvent::ToolTip, where, view.viewport()->mapToGlobal(where));
+    QCoreApplication::sendEvent(view.viewport(), &help);
+    const QList<QWidget *> windows = QApplication::topLevelWidgets();
+    const auto tip = std::find_if(windows.begin(), windows.end(), [](const QWidget *widget) {
+        return widget->inherits("QTipLabel") && widget->isVisible();
+    });
+    QVERIFY(tip != windows.end());
+    QVERIFY2((*tip)->width() <= 1000 && (*tip)->height() <= 1000,
+             qPrintable(u"%1 x %2"_s.arg((*tip)->width()).arg((*tip)->height())));
+    QToolTip::hideText();
 }
 
 QTEST_MAIN(tst_ListColumns)

@@ -23,7 +23,7 @@ const QString otherKey = u"00000000000000000001"_s;
 
 /// The last two are done by a window that has searched before: the run that is watched is its
 /// second.
-enum class Kind { Superior, Index, Civil, NonCivil, NextPage, CasesOfNames };
+enum class Kind { Superior, Bankruptcy, Index, Civil, NonCivil, NextPage, CasesOfNames };
 
 bool isSecondRun(Kind kind)
 {
@@ -47,6 +47,8 @@ QStringList linesOf(Kind kind)
         return {DistrictLine(), DistrictLine(u"BEN"_s)};
     case Kind::NonCivil:
         return {StatewideLine(), StatewideLine()};
+    case Kind::Bankruptcy:
+        return {u"BKRPT~SEARCH~SMITH~"_s, u"BKRPT~SEARCH~SMYTHE~"_s};
     case Kind::Superior:
         break;
     }
@@ -71,6 +73,9 @@ QStringList repliesOf(Kind kind, const QByteArray &request)
         if (request.contains("SNCINMD"))
             return {CaseRow(u"SMITH"_s), u"EOF~"_s};
         return {PersonRow(u"A"_s), PersonRow(u"B"_s), u"EOF~"_s};
+    case Kind::Bankruptcy:
+        return {u"SMITH~05-1~RETRIEVECOMMAND=BKRPT~01/02/2002~Chapter 7~Seattle~Debtor~X~"_s,
+                u"EOF~"_s};
     case Kind::Superior:
         break;
     }
@@ -83,6 +88,8 @@ NameResultsWindow *makeWindow(Kind kind)
     case Kind::Index:
     case Kind::NextPage:
         return new frmNameSearchResults(u"WA"_s, true);
+    case Kind::Bankruptcy:
+        return new frmNameSearchResults(u"WAWBK"_s);
     case Kind::Civil:
         return MakeWindow(Which::Civil);
     case Kind::NonCivil:
@@ -94,9 +101,9 @@ NameResultsWindow *makeWindow(Kind kind)
     return MakeWindow(Which::Name);
 }
 
-constexpr std::array<const char *, 6> kindNames{"Superior",         "Index",
-                                                "District civil",   "District non-civil",
-                                                "Index, next page", "cases of names"};
+constexpr std::array<const char *, 7> kindNames{
+    "Superior",           "Bankruptcy",       "Index",         "District civil",
+    "District non-civil", "Index, next page", "cases of names"};
 } // namespace
 
 Q_DECLARE_METATYPE(Act)
@@ -122,6 +129,8 @@ private:
     void act();
     /// Handles what happens until the search is over and its run has left the stack.
     bool waitForTheEnd() const;
+    /// What the court was told of a click on Stop.
+    void checkStopRequest(const ServerSocket *socket, Moment moment) const;
     Moment momentNow() const;
     QString endOf() const;
     void checkTexts(End end) const;
@@ -226,6 +235,25 @@ void tst_EveryYield::checkControls(const Told &told) const
     QVERIFY(!window->IsUnloaded());
 }
 
+/// One request, in the words of the court, when the search was running. It cannot be sent in the
+/// middle of another send, and this is logged.
+void tst_EveryYield::checkStopRequest(const ServerSocket *socket, Moment moment) const
+{
+    const auto *network = qobject_cast<const FakeSocket *>(socket);
+    QVERIFY(network);
+    QByteArrayList requests;
+    for (const QByteArray &frame : network->sent) {
+        if (frame.contains("STOP"))
+            requests.append(frame);
+    }
+    const qsizetype unsent =
+        desk->Folder.Log().filter(u"Exiting Via StopCurrentSearch in PROCERR. Error: "_s).size();
+    QCOMPARE(requests.size() + unsent, moment == Moment::Running ? 1 : 0);
+    for (const QByteArray &request : requests)
+        QCOMPARE(request,
+                 kind == Kind::Bankruptcy ? QByteArray("|BKRPT~STOP~|") : QByteArray("|STOP\xA6|"));
+}
+
 void tst_EveryYield::prepare()
 {
     window = makeWindow(kind);
@@ -260,6 +288,8 @@ void tst_EveryYield::searchWith(int nth)
     if (!yields->When)
         act();
     const Moment moment = *yields->When;
+    if (what == Act::StopButton)
+        checkStopRequest(socket, moment);
     Told told = toldOf(what, moment);
     // Who has said all before falling silent owes nothing.
     if (what == Act::DisconnectFromSilence && moment == Moment::Running) {
