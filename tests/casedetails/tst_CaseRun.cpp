@@ -77,13 +77,13 @@ void tst_CaseRun::aReplyThatCameUnderABoxIsNotLate()
     Tick(window, {CaseTab::Names, CaseTab::Docket});
     court->Expect(LineOf(kind, CaseTab::Names)).Reply({});
     ExpectTab(kind, CaseTab::Docket);
-    desk->Boxes.Expect(u"This form cannot be closed until the current search completes."_s,
-                       u"Stop Current Search .."_s);
     desk->Boxes.Meanwhile([&] {
         court->SendTokens(ReplyOf(CaseTab::Names));
         QTRY_VERIFY(!Global.strRecvBuffer.IsEmpty());
         desk->Time.Advance(ResponseLimitSeconds() + 1);
     });
+    desk->Boxes.Expect(u"This form cannot be closed until the current search completes."_s,
+                       u"Stop Current Search .."_s);
     desk->When([this] { return court->Requests().size() == 2; },
                [window] { ButtonOf(window, "cmdCloseDetails")->click(); });
     SearchNowToTheEnd(window);
