@@ -35,6 +35,14 @@ FormWindow::FormWindow(QWidget *parent, Qt::WindowFlags flags) : QWidget(parent,
     qApp->installEventFilter(this);
 }
 
+QWidget *FormWindow::Around(QWidget *widget)
+{
+    while (widget->parentWidget() && !widget->isWindow() && widget->windowType() != Qt::SubWindow
+           && !qobject_cast<FormWindow *>(widget))
+        widget = widget->parentWidget();
+    return widget;
+}
+
 bool FormWindow::Unload(UnloadMode mode)
 {
     if (unloaded)

@@ -29,6 +29,9 @@ public:
     /// True from the moment the window is gone for the user.
     bool IsUnloaded() const { return unloaded; }
 
+    /// The window that a widget is in: one of the screen's, or one inside the main window.
+    static QWidget *Around(QWidget *widget);
+
     class RunScope
     {
     public:

@@ -16,15 +16,6 @@ using namespace Qt::StringLiterals;
 namespace {
 constexpr int tabsWithDigit = 9;
 
-/// The window that the strip is in: one of the screen's, or one inside the main window.
-QWidget *windowAround(QWidget *widget)
-{
-    while (widget->parentWidget() && !widget->isWindow() && widget->windowType() != Qt::SubWindow
-           && !qobject_cast<FormWindow *>(widget))
-        widget = widget->parentWidget();
-    return widget;
-}
-
 QString doubled(QString text)
 {
     return text.replace(u'&', u"&&"_s);
@@ -102,7 +93,7 @@ void TabStrip::showEvent(QShowEvent *event)
 
 void TabStrip::listenForKeys()
 {
-    QWidget *window = windowAround(this);
+    QWidget *window = FormWindow::Around(this);
     if (window == listeningIn)
         return;
     shortcuts.clear();

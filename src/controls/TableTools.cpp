@@ -2,6 +2,7 @@
 
 #include "controls/ColumnWidths.h"
 #include "controls/FindBar.h"
+#include "controls/FormWindow.h"
 #include "controls/MsgBox.h"
 #include "controls/RowFilter.h"
 #include "controls/SaveDialog.h"
@@ -109,14 +110,14 @@ bool TableTools::takeKey(QKeyEvent *key)
     return true;
 }
 
-/// Find is heard wherever the focus is among the table's neighbours. A table out of sight does not
-/// listen: two tables may share one place.
+/// Find is heard wherever the focus is in the table's window: on a tab or a button, too. A table
+/// out of sight does not listen: two tables may share one place.
 void TableTools::listenForFind()
 {
     if (!findShortcut) {
-        findShortcut = new QShortcut(
-            QKeySequence::Find, view->parentWidget() ? view->parentWidget() : view, this,
-            &TableTools::OpenFind, &TableTools::openFindOfFocus, Qt::WidgetWithChildrenShortcut);
+        findShortcut =
+            new QShortcut(QKeySequence::Find, FormWindow::Around(view), this, &TableTools::OpenFind,
+                          &TableTools::openFindOfFocus, Qt::WidgetWithChildrenShortcut);
         connect(view, &QObject::destroyed, findShortcut, &QObject::deleteLater);
     }
     findShortcut->setEnabled(true);

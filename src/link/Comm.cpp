@@ -182,5 +182,9 @@ Response ReadResponse()
             Yield();
         else
             YieldUntilEvent(static_cast<double>(longestWait));
+        // A box may have stood over the wait for longer than the limit: what has come meanwhile has
+        // come in time, and left where it is it would be read as the next reply.
+        if (Global.strRecvBuffer.Size() > before)
+            start = Clock::Current().SecondsOfDay();
     }
 }

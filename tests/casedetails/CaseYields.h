@@ -82,7 +82,7 @@ struct CaseEndLine
     QStringView line;
 };
 
-inline constexpr std::array<CaseEndLine, 7> caseEndLines{{
+inline constexpr std::array<CaseEndLine, 8> caseEndLines{{
     {CaseEnd::Completed, u"NORMAL EXIT - from ProcessSearchReqeusts."},
     {CaseEnd::Stopped, u"SEARCHING STOPPED DUE TO LOGOUT or STOP - from ProcessSearchReqeusts in "
                        "Case Details."},
@@ -90,6 +90,7 @@ inline constexpr std::array<CaseEndLine, 7> caseEndLines{{
     {CaseEnd::Error, u"SEARCH ERROR EXIT - from ProcessSearchReqeusts."},
     {CaseEnd::BrokenDown, u"Exiting DoNameSearch() via PROCERR in Case Details. Error: "},
     {CaseEnd::BrokenDown, u"Exiting DoDocketSearch() via PROCERR in Case Details. Error: "},
+    {CaseEnd::BrokenDown, u"Exiting DoJudgmentsSearch() via PROCERR in Case Details. Error: "},
     {CaseEnd::BrokenDown, u"Exiting DoViolationsSearch() via PROCERR in Case Details. Error: "},
 }};
 

@@ -1,12 +1,11 @@
 // What holds for every grid: any table comes out of its reply as it went in, and no reply costs
 // more than its length.
 
+#include "casedetails/AnyTable.h"
 #include "casedetails/GridGrammar.h"
 #include "casedetails/GridTexts.h"
-#include "core/Windows1252.h"
 
 #include <QElapsedTimer>
-#include <QRandomGenerator>
 #include <QTest>
 
 #include <algorithm>
@@ -26,75 +25,6 @@ private Q_SLOTS:
 namespace {
 const QString definition = u"TABNAME~Docket~\nTABDEF~Docket~\nCOLDEF~Date~Entry~20~80~\n"
                            "COLALIGNMENT~L~L~"_s;
-
-enum class Grammar { GridDef, ColDefGrouped, ColDefInterleaved, Names };
-
-/// A field of any character that a line can carry, but what delimits or marks, and the blanks at
-/// either end that a cell loses.
-QString anyField(QRandomGenerator &random, const QString &without)
-{
-    // What marks are made of comes more often than by chance, so that halves of them are met.
-    static const QByteArray ofMarks = "<BRC> ";
-    QByteArray bytes;
-    for (int length = static_cast<int>(random.bounded(12)); length > 0; --length) {
-        const bool any = random.bounded(3) > 0;
-        bytes.append(any ? static_cast<char>(random.bounded(256))
-                         : ofMarks[random.bounded(ofMarks.size())]);
-    }
-    QString field = FromWindows1252(bytes);
-    for (const QChar delimiter : without)
-        field.remove(delimiter);
-    field.remove(u"<BR>"_s).remove(u"<CR>"_s);
-    while (field.startsWith(u' '))
-        field.remove(0, 1);
-    while (field.endsWith(u' '))
-        field.chop(1);
-    return field;
-}
-
-GridTable anyTable(QRandomGenerator &random, const QString &without)
-{
-    GridTable table;
-    for (int columns = static_cast<int>(random.bounded(1, 9)); columns > 0; --columns) {
-        // A header that is a number would be a width.
-        table.Columns.append(
-            {u"h"_s + anyField(random, without), static_cast<double>(random.bounded(101))});
-    }
-    for (int rows = static_cast<int>(random.bounded(1, 20)); rows > 0; --rows) {
-        QStringList cells;
-        for (qsizetype column = 0; column < table.Columns.size(); ++column)
-            cells.append(anyField(random, without));
-        table.Rows.append(cells);
-    }
-    return table;
-}
-
-QString closedBy(QChar delimiter, const QStringList &fields)
-{
-    return fields.join(delimiter) + delimiter;
-}
-
-QStringList replyOf(const GridTable &table, Grammar grammar, QChar delimiter)
-{
-    QStringList headers;
-    QStringList widths;
-    QStringList both;
-    for (const GridColumn &column : table.Columns) {
-        headers.append(column.Header);
-        widths.append(QString::number(column.Percent));
-        both += {headers.last(), widths.last()};
-    }
-    QStringList lines{u"TABNAME~x~"_s, u"TABDEF~x~"_s,
-                      u"COLDEF~"_s + closedBy(u'~', headers + widths),
-                      u"COLALIGNMENT"_s + QString(table.Columns.size(), u'~')};
-    if (grammar == Grammar::GridDef)
-        lines = QStringList{u"GRIDDEF~"_s + closedBy(u'~', headers + widths)};
-    if (grammar == Grammar::ColDefInterleaved)
-        lines[2] = u"COLDEF~"_s + closedBy(u'~', both);
-    for (const QStringList &row : table.Rows)
-        lines.append(closedBy(delimiter, row));
-    return lines;
-}
 } // namespace
 
 void tst_AnyGrid::moreColumnsThanAGridHasAreLeftOut()
@@ -150,29 +80,29 @@ void tst_AnyGrid::costGrowsWithTheReplyAndNotWithItsSquare()
 void tst_AnyGrid::anyTableSurvivesItsReply_data()
 {
     QTest::addColumn<int>("grammar");
-    QTest::newRow("GRIDDEF") << static_cast<int>(Grammar::GridDef);
-    QTest::newRow("COLDEF grouped") << static_cast<int>(Grammar::ColDefGrouped);
-    QTest::newRow("COLDEF interleaved") << static_cast<int>(Grammar::ColDefInterleaved);
-    QTest::newRow("names") << static_cast<int>(Grammar::Names);
+    QTest::newRow("GRIDDEF") << static_cast<int>(TableGrammar::GridDef);
+    QTest::newRow("COLDEF grouped") << static_cast<int>(TableGrammar::ColDefGrouped);
+    QTest::newRow("COLDEF interleaved") << static_cast<int>(TableGrammar::ColDefInterleaved);
+    QTest::newRow("names") << static_cast<int>(TableGrammar::Names);
 }
 
 void tst_AnyGrid::anyTableSurvivesItsReply()
 {
     QFETCH(int, grammar);
-    const auto chosen = static_cast<Grammar>(grammar);
+    const auto chosen = static_cast<TableGrammar>(grammar);
     for (quint32 seed = 1; seed <= 400; ++seed) {
         QRandomGenerator random(seed);
-        const QString delimiters = chosen == Grammar::Names ? u"\u00A6;^|\t~"_s : u"~"_s;
+        const QString delimiters = chosen == TableGrammar::Names ? u"\u00A6;^|\t~"_s : u"~"_s;
         const QChar delimiter = delimiters[random.bounded(delimiters.size())];
-        const GridTable table = anyTable(random, u"~"_s + delimiter);
-        const QStringList lines = replyOf(table, chosen, delimiter);
+        const GridTable table = AnyTable(random, u"~"_s + delimiter);
+        const QStringList lines = ReplyOfTable(table, chosen, delimiter);
         GridTable read;
         switch (chosen) {
-        case Grammar::GridDef:
+        case TableGrammar::GridDef:
             read = GridDefTable(lines, RowOrder::LastFirst);
             std::reverse(read.Rows.begin(), read.Rows.end());
             break;
-        case Grammar::Names:
+        case TableGrammar::Names:
             read = NamesTable(lines);
             break;
         default:

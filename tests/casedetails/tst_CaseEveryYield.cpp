@@ -4,6 +4,7 @@
 #include "casedetails/CaseDesk.h"
 #include "casedetails/CaseYields.h"
 #include "casedetails/frmCaseDetails.h"
+#include "casedetails/frmCivilCaseDetails.h"
 #include "casedetails/frmNCCaseDetails.h"
 #include "core/GlobalState.h"
 #include "jobs/TurnTaking.h"
@@ -27,18 +28,26 @@ const QString otherKey = u"00000000000000000001"_s;
 
 const QString secondNumber = u"03-5-00456-7"_s;
 
-enum class Kind { Superior, NonCivil };
-constexpr std::array<const char *, 2> kindNames{"Superior", "District non-civil"};
+enum class Kind { Superior, NonCivil, Civil };
+constexpr std::array<const char *, 3> kindNames{"Superior", "District non-civil", "District civil"};
 
 /// The tab that is asked for last.
 CaseTab lastTab(Kind kind)
 {
-    return kind == Kind::Superior ? CaseTab::Docket : CaseTab::Violations;
+    switch (kind) {
+    case Kind::NonCivil:
+        return CaseTab::Violations;
+    case Kind::Civil:
+        return CaseTab::Judgments;
+    case Kind::Superior:
+        break;
+    }
+    return CaseTab::Docket;
 }
 
 QStringList answersTo(const QByteArray &frame)
 {
-    if (frame.contains("SUMMARY") || frame.contains("NCNCC"))
+    if (frame.contains("SUMMARY") || frame.contains("NCNCC") || frame.contains("CIVI\xA6"))
         return {u"Type:~5~"_s,           u"Court:~King~"_s,  u"Title:~A~"_s,
                 u"Filed:~03/04/2002~"_s, u"CAUSE:~Theft~"_s, u"EOF~"_s};
     return {u"GRIDDEF~Date~Entry~20~80~"_s, u"01/02/2003~Complaint~"_s, u"EOF~"_s};
@@ -97,6 +106,7 @@ void tst_CaseEveryYield::init()
     yields = std::make_unique<YieldDesk>(*desk);
     FetchAtOnce(u"CaseSearchTabs"_s, {u"Names"_s, u"Docket"_s});
     FetchAtOnce(u"NonCivilCaseTabs"_s, {u"Names"_s, u"Violations"_s});
+    FetchAtOnce(u"CivilCaseTabs"_s, {u"Names"_s, u"Judgments"_s});
 }
 
 void tst_CaseEveryYield::cleanup()
@@ -121,9 +131,12 @@ CaseWindow *tst_CaseEveryYield::makeCase(const QString &number)
         made = new frmCaseDetails;
         made->lblState = u"WA"_s;
     } else {
-        made = new frmNCCaseDetails;
+        if (kind == Kind::Civil)
+            made = new frmCivilCaseDetails;
+        else
+            made = new frmNCCaseDetails;
         made->txtCourtCode = u"SED"_s;
-        made->txtCaseType = u"IN"_s;
+        made->txtCaseType = kind == Kind::Civil ? u"CV"_s : u"IN"_s;
     }
     made->txtCaseNumber = number;
     made->txtCountyName = u"King"_s;

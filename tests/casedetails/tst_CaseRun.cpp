@@ -5,6 +5,7 @@
 #include "controls/Notice.h"
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
+#include "link/Comm.h"
 #include "session/SessionEvents.h"
 
 #include <QLabel>
@@ -20,6 +21,8 @@ class tst_CaseRun : public OnDemandTest
     Q_OBJECT
 private Q_SLOTS:
     void aCriminalCaseTabByTab();
+    void aReplyThatCameUnderABoxIsNotLate_data();
+    void aReplyThatCameUnderABoxIsNotLate();
     void theStatusIsInSightBehindATab();
     void aStopThatCutsTheSummaryShort_data();
     void aStopThatCutsTheSummaryShort();
@@ -59,6 +62,36 @@ void tst_CaseRun::aCriminalCaseTabByTab()
 }
 
 /// Whatever the blinking has left.
+void tst_CaseRun::aReplyThatCameUnderABoxIsNotLate_data()
+{
+    EachCaseWindow();
+}
+
+/// Somebody leaves a box open for longer than a court may be silent. The reply is here meanwhile:
+/// it belongs to its tab, and the next tab must not read it as its own.
+void tst_CaseRun::aReplyThatCameUnderABoxIsNotLate()
+{
+    QFETCH(CaseWindowKind, kind);
+    CaseWindow *window = AfterFirstRun(kind);
+    ClickTab(window, u"Docket"_s);
+    Tick(window, {CaseTab::Names, CaseTab::Docket});
+    court->Expect(LineOf(kind, CaseTab::Names)).Reply({});
+    ExpectTab(kind, CaseTab::Docket);
+    desk->Boxes.Meanwhile([&] {
+        court->SendTokens(ReplyOf(CaseTab::Names));
+        QTRY_VERIFY(!Global.strRecvBuffer.IsEmpty());
+        desk->Time.Advance(ResponseLimitSeconds() + 1);
+    });
+    desk->Boxes.Expect(u"This form cannot be closed until the current search completes."_s,
+                       u"Stop Current Search .."_s);
+    desk->When([this] { return court->Requests().size() == 2; },
+               [window] { ButtonOf(window, "cmdCloseDetails")->click(); });
+    SearchNowToTheEnd(window);
+    QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete"_s);
+    QCOMPARE(CellsOf(window, CaseTab::Names).at(1).at(1), u"Names"_s);
+    QCOMPARE(CellsOf(window, CaseTab::Docket).at(1).at(1), u"Docket"_s);
+}
+
 void tst_CaseRun::theStatusIsInSightBehindATab()
 {
     FetchAtOnce(u"CaseSearchTabs"_s, {u"Names"_s, u"Docket"_s});

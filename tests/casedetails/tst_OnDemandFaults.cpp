@@ -11,7 +11,18 @@
 #include <QPushButton>
 #include <QTest>
 
+#include <array>
+
 // Later runs that go wrong, and what the court asks or has not said before them.
+
+namespace {
+/// What can happen while the question stands.
+enum class Under { Logout, LostLink, AnotherCase, Gone };
+constexpr std::array<const char *, 4> underNames{"a logout", "a lost link", "another case",
+                                                 "gone with the main window"};
+} // namespace
+
+Q_DECLARE_METATYPE(Under)
 
 class tst_OnDemandFaults : public OnDemandTest
 {
@@ -22,6 +33,8 @@ private Q_SLOTS:
     void aTabThatFailsAgainShowsWhatThereIsWithNo_data();
     void aTabThatFailsAgainShowsWhatThereIsWithNo();
     void aFailureAddsNothingToTheRun();
+    void whatHappensUnderTheQuestion_data();
+    void whatHappensUnderTheQuestion();
     void aSilentCourt_data();
     void aSilentCourt();
     void silentDocuments();
@@ -123,6 +136,92 @@ void tst_OnDemandFaults::aFailureAddsNothingToTheRun()
     SearchNowToTheEnd(window);
     QCOMPARE(court->Requests().size(), 3);
     QVERIFY(!window->Tab(CaseTab::Docket).TabDone);
+}
+
+void tst_OnDemandFaults::whatHappensUnderTheQuestion_data()
+{
+    QTest::addColumn<CaseWindowKind>("kind");
+    QTest::addColumn<Under>("under");
+    QTest::addColumn<bool>("yes");
+    for (size_t i = 0; i < caseWindowNames.size(); ++i) {
+        for (size_t j = 0; j < underNames.size(); ++j) {
+            for (const bool yes : {true, false})
+                QTest::addRow("%s, %s, %s", caseWindowNames.at(i), underNames.at(j),
+                              yes ? "YES" : "NO")
+                    << static_cast<CaseWindowKind>(i) << static_cast<Under>(j) << yes;
+        }
+    }
+}
+
+/// The question of a tab that has failed stands in the middle of the run, as long as nobody
+/// answers.
+void tst_OnDemandFaults::whatHappensUnderTheQuestion()
+{
+    QFETCH(CaseWindowKind, kind);
+    QFETCH(Under, under);
+    QFETCH(bool, yes);
+    const QPointer<CaseWindow> window = AfterFirstRun(kind);
+    ClickTab(window, u"Docket"_s);
+    Tick(window, {CaseTab::Names, CaseTab::Docket});
+    ExpectFailingTab(kind, CaseTab::Names);
+    const bool goesOn = under == Under::AnotherCase || under == Under::Gone;
+    if (goesOn)
+        ExpectTab(kind, CaseTab::Docket);
+    QPointer<CaseWindow> other;
+    if (under == Under::AnotherCase)
+        court->Expect(SuperiorLine(u"SUMMARY"_s, u"03-2-00456-7"_s)).Reply({u"EOF~"_s});
+    QString statusOfOther;
+    desk->Boxes.ExpectDialog(u"frmOnDemand"_s, [&](QDialog *dialog) {
+        switch (under) {
+        case Under::Logout:
+            Global.bStopRequested = true;
+            break;
+        case Under::LostLink:
+            CloseServerLink();
+            break;
+        case Under::AnotherCase:
+            other = Superior(u"03-2-00456-7"_s);
+            Begin(other);
+            QTRY_COMPARE(other->tmrBlink->interval(), 900);
+            statusOfOther = TextOf(other, "lblStatus");
+            break;
+        case Under::Gone:
+            window->Unload(UnloadMode::MdiParent);
+            return;
+        }
+        ButtonOf(dialog, yes ? "Command1" : "Command2")->click();
+    });
+    SearchNow(window);
+    window->TmrSearchOnDemand->start(1);
+    QTRY_VERIFY(desk->Boxes.Answered() == 1 && !Global.bSearchInProgress);
+    const QString lost = u"Exiting DoDocketSearch() via PROCERR in Case Details. Error: Halvane "
+                         "Server Connection was Dropped!"_s;
+    QCOMPARE(desk->Folder.Logged(lost), under == Under::LostLink);
+    if (under == Under::Gone) {
+        QTRY_VERIFY(window.isNull());
+        QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
+        return;
+    }
+    QCOMPARE(window->Tab(CaseTab::Docket).TabDone, goesOn);
+    QVERIFY(CommandsEnabled(window));
+    switch (under) {
+    case Under::Logout:
+        QCOMPARE(TextOf(window, "lblStatus"), u"Search Stopped By User .. "_s);
+        QVERIFY(window->Tab(CaseTab::Docket).TabNotRetrieved);
+        break;
+    case Under::LostLink:
+        QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{window->txtMasterKey});
+        return;
+    default:
+        QCOMPARE(statusOfOther, u"Pending .."_s);
+        QVERIFY(Finished(other));
+        QCOMPARE(TextOf(other, "lblStatus"), u"Search Stopped. Case Not Located."_s);
+        QCOMPARE(TextOf(window, "lblStatus"), u"Search Incomplete!"_s);
+        // Answered for this window; a load of another has not changed that.
+        QCOMPARE(window->Tab(CaseTab::Names).TabNotRetrieved, yes);
+        break;
+    }
+    QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
 }
 
 void tst_OnDemandFaults::aSilentCourt_data()

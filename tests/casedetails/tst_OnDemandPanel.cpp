@@ -1,4 +1,5 @@
 #include "casedetails/OnDemandDesk.h"
+#include "casedetails/frmCaseDetails.h"
 #include "casedetails/frmOnDemand.h"
 #include "controls/TabStrip.h"
 #include "core/GlobalState.h"
@@ -49,6 +50,7 @@ private Q_SLOTS:
     void theTenBoxes();
     void theBoxesByWhatHasCome_data();
     void theBoxesByWhatHasCome();
+    void everyCombinationOfACriminalCase();
     void selectAllAndClearAll_data();
     void selectAllAndClearAll();
     void aTabThatCameInTheFirstRunHasADisabledBox();
@@ -141,8 +143,8 @@ void tst_OnDemandPanel::theBoxesByWhatHasCome_data()
         add(CaseWindowKind::Civil, {x, y, z});
         add(CaseWindowKind::NonCivil, {x, y, z});
         // The documents' server cannot fail by a line.
-        add(CaseWindowKind::Superior,
-            {x, y, z, (x + y) % 3, (x + 2 * y) % 3, (x + z) % 3, (y + z) % 3, z > 0 ? 1 : 0});
+        add(CaseWindowKind::Superior, {x, y, z, (x + y) % 3, (x + 2 * y) % 3, (x + z) % 3,
+                                       (y + z) % 3, (x + y + z) % 3 > 0 ? 1 : 0});
     }
 }
 
@@ -184,6 +186,52 @@ void tst_OnDemandPanel::theBoxesByWhatHasCome()
     if (kind == CaseWindowKind::Superior) {
         QVERIFY(!BoxOf(window, CaseTab::Finance)->isEnabled());
         QVERIFY(!BoxOf(window, CaseTab::Finance)->isChecked());
+    }
+}
+
+/// Without runs, of which there would be thousands.
+void tst_OnDemandPanel::everyCombinationOfACriminalCase()
+{
+    struct Open : frmCaseDetails
+    {
+        using frmCaseDetails::SetTabs;
+        using frmCaseDetails::TabOf;
+    };
+    const QList<CaseTab> tabs = TabsOf(CaseWindowKind::Superior);
+    Open window;
+    window.SetTabs(GetTabsForCaseType(u"02-1-00123-4"_s, false));
+    window.TabOf(CaseTab::Summary).TabDone = true;
+    // What asks about a tab that failed is tested above.
+    Global.bOnDemandPrompt = false;
+    int combinations = 1;
+    for (qsizetype i = 0; i < tabs.size(); ++i)
+        combinations *= 3;
+    // The first of all is that every tab is done: no panel then.
+    for (int combination = 1; combination < combinations; ++combination) {
+        CaseTab shown = CaseTab::Summary;
+        int rest = combination;
+        for (const CaseTab tab : tabs) {
+            const auto fate = static_cast<Fate>(rest % 3);
+            rest /= 3;
+            CaseTabState &state = window.TabOf(tab);
+            state.TabDone = fate == Fate::Done;
+            state.TabNotRetrieved = fate != Fate::Done;
+            state.TabIncomplete = fate == Fate::Failed;
+            if (fate != Fate::Done)
+                shown = tab;
+        }
+        window.ActivateTab(CaptionOf(shown));
+        QCOMPARE(ShownFrame(&window), u"frameTabs_8"_s);
+        QString boxes;
+        QString expected;
+        for (const CaseTab tab : tabs) {
+            const QAbstractButton *box = BoxOf(&window, tab);
+            boxes += QString::number(int(box->isEnabledTo(box->parentWidget())))
+                     + QString::number(int(box->isChecked())) + u' ';
+            expected += window.Tab(tab).TabDone ? u"00 "_s : u"11 "_s;
+        }
+        QVERIFY2(boxes == expected,
+                 qPrintable(QString::number(combination) + u": "_s + boxes + u"/ "_s + expected));
     }
 }
 

@@ -64,6 +64,7 @@ private Q_SLOTS:
     void aPartialTokenRestartsTheClock();
     void junkWithoutABarRestartsTheClock();
     void aLoneBarWaitsUntilTheLinkIsLost();
+    void whatComesUnderABoxIsInTime();
     void theClockRunsOnlyOnAnEmptyBuffer();
     void emptyTokensRestartTheClock();
     void aWaitOverMidnightMeasuresRight();
@@ -347,6 +348,18 @@ void tst_Comm::aLoneBarWaitsUntilTheLinkIsLost()
     QVERIFY(secondsGone() >= 300.0);
     QCOMPARE(Global.strRecvBuffer.View().toByteArray(), QByteArray("|"));
     QVERIFY(folder->Logged(lost));
+}
+
+void tst_Comm::whatComesUnderABoxIsInTime()
+{
+    // As if somebody had read a box for two minutes, inside one yield.
+    when(40.0, [this] {
+        socket->Arrive("|A~|");
+        clock->Advance(120.0);
+    });
+    const Response response = ReadResponse();
+    QCOMPARE(response.Status, ReadStatus::Token);
+    QCOMPARE(response.Token, u"A~"_s);
 }
 
 void tst_Comm::theClockRunsOnlyOnAnEmptyBuffer()
