@@ -7,7 +7,6 @@
 #include "casedetails/frmOnDemand.h"
 #include "controls/FlexGrid.h"
 #include "controls/JobVoice.h"
-#include "controls/LabelRoom.h"
 #include "controls/MsgBox.h"
 #include "controls/StatusColour.h"
 #include "controls/TabStrip.h"
@@ -67,7 +66,6 @@ void CaseWindow::load(QPushButton *cmdStopSearching, QPushButton *cmdCloseDetail
     large.setBold(true);
     large.setPointSizeF(QFontInfo(large).pointSizeF() * headerScale);
     header->setFont(large);
-    keepWidth();
     // Nothing around a warning that comes and goes may jump.
     QSizePolicy keepsPlace = lblWarning->sizePolicy();
     keepsPlace.setRetainSizeWhenHidden(true);
@@ -80,19 +78,6 @@ void CaseWindow::load(QPushButton *cmdStopSearching, QPushButton *cmdCloseDetail
     SetTabs({CaseTabRowOf(CaseTab::Summary).caption.toString()});
     panel->FollowInTabOrder(tabStrip);
     StartJob(lblStatus, cmdStopSearching, tabStrip);
-}
-
-/// What a row or a Summary says stands in labels that are broken into lines, and in these two. The
-/// panel's texts are its own.
-void CaseWindow::keepWidth()
-{
-    NeverWiden(header);
-    NeverWiden(lblStatus);
-    const QList<QLabel *> labels = findChildren<QLabel *>();
-    for (QLabel *label : labels) {
-        if (label->wordWrap() && !panel->isAncestorOf(label))
-            NeverWiden(label);
-    }
 }
 
 void CaseWindow::connectPanel()

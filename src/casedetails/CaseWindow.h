@@ -171,7 +171,6 @@ private:
         u"Search Error! Reason: Timed Out Waiting For Response from Server.";
 
     void load(QPushButton *cmdStopSearching, QPushButton *cmdCloseDetails, QPushButton *help);
-    void keepWidth();
     void connectPanel();
     CaseOfRequest requestFields() const;
     QList<CaseTab> requestOrder() const;

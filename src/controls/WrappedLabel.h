@@ -2,9 +2,9 @@
 
 #include <QLabel>
 
-/// A label for a text of the court's. It is broken into lines, inside a word too, and has four
-/// lines at most: however long or broken a text is, the window around it keeps its size. The tool
-/// tip has what is cut off.
+/// A label for a text that comes from elsewhere. It is broken into lines, inside a word too, and
+/// has four lines at most: however long or broken a text is, the window around it keeps its size.
+/// The tool tip has what is cut off.
 class WrappedLabel : public QLabel
 {
     Q_OBJECT

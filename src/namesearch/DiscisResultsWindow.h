@@ -1,6 +1,5 @@
 #pragma once
 
-#include "controls/LabelRoom.h"
 #include "namesearch/NameResultsWindow.h"
 
 class ReadOnlyTextBox;
@@ -29,7 +28,6 @@ protected:
     void UseDiscisControls(const Controls &ui)
     {
         courtCounty = ui.lblCourtCounty;
-        NeverWiden(courtCounty);
         // The nine characters of a case number fit their column only so.
         ui.listview1->UseSmallText();
         connectButtons(ui.txtCountyList, ui.cmdSearchResults_1, ui.cmdSearchResults_3,

@@ -1,7 +1,6 @@
 #include "namesearch/NameResultsWindow.h"
 
 #include "controls/JobVoice.h"
-#include "controls/LabelRoom.h"
 #include "controls/MsgBox.h"
 #include "controls/ResultListView.h"
 #include "controls/StatusColour.h"
@@ -21,7 +20,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr int mostLinesOfALabel = 4;
 constexpr JobPace resultsPace{.turn = 1900, .blink = 500, .takenBlink = 900, .workingBlink = 500};
 
 void applyStyle(QLabel *label, StatusStyle style)
@@ -58,8 +56,6 @@ bool NameResultsWindow::event(QEvent *event)
 
 void NameResultsWindow::load(QPushButton *cmdStopSearching)
 {
-    for (QLabel *label : {lblStatus, lblSearchStatus, nameVal, lblCaseTypeVals})
-        NeverWiden(label, mostLinesOfALabel);
     voice = new JobVoice(this, lblStatus, listview1);
     ShowInProgress();
     applyStyle(lblStatus, StatusStyle::NormalBold);
