@@ -37,6 +37,7 @@ void tst_WholeDay::nothingIsLeftOfAWholeDay()
 {
     constexpr int warmUps = 4;
     constexpr int rounds = 20;
+    constexpr int mostFurtherRounds = 80;
     // What Qt keeps to use again grows until some sixty rounds have passed, by less than a
     // megabyte. The grids of one window a round would come to several.
     constexpr long long growth = 2LL * 1024 * 1024;
@@ -65,8 +66,12 @@ void tst_WholeDay::nothingIsLeftOfAWholeDay()
     }
     const long long grown = ObjectCount::HeapBytes() - memory;
     QVERIFY2(grown < growth, qPrintable(QString::number(grown)));
+    // Where in a case the link breaks is up to chance: a day that missed something goes on.
+    for (int more = 0; more < mostFurtherRounds && !day.HadEverything(); ++more) {
+        day.Round();
+        QVERIFY2(day.Complaints().isEmpty(), qPrintable(day.Complaints()));
+    }
     qInfo("%s", qPrintable(day.Story()));
-    // The day had of everything.
     QVERIFY2(day.HadEverything(), qPrintable(day.Story()));
     QCOMPARE(user.Complaints(), QString());
 }
