@@ -4,6 +4,7 @@
 #include "controls/TableLook.h"
 #include "controls/TableTools.h"
 #include "controls/Twips.h"
+#include "controls/WrappedText.h"
 
 #include <QHeaderView>
 #include <QHelpEvent>
@@ -20,32 +21,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 constexpr int rowPaddingPixels = 6;
-/// What a tool tip shows of a cell, and after how many characters it may break a word: a tip grows
-/// with its text, beyond any screen.
-constexpr qsizetype longestToolTip = 2000;
-constexpr qsizetype longestWordOfAToolTip = 60;
-constexpr QChar breakHere(u'\u200B');
 /// For the titles of columns: the first with which each has room.
 constexpr std::array<double, 3> titleScales{smallFontScale, 0.85, 0.8};
 
 bool isSeen(const ListColumn &column)
 {
     return column.Width > unseenColumnTwips;
-}
-
-QString inPieces(const QString &text)
-{
-    QString pieces;
-    qsizetype ofThisWord = 0;
-    for (const QChar c : QStringView(text).left(longestToolTip)) {
-        ofThisWord = c.isSpace() ? 0 : ofThisWord + 1;
-        if (ofThisWord > longestWordOfAToolTip) {
-            pieces += breakHere;
-            ofThisWord = 1;
-        }
-        pieces += c;
-    }
-    return text.size() > longestToolTip ? QString(pieces + u" .."_s) : pieces;
 }
 
 /// Shows a cell's whole text when the cell is too narrow for it: as plain text, whatever the server
@@ -59,8 +40,8 @@ public:
                    const QModelIndex &index) override
     {
         const bool cut = sizeHint(option, index).width() > view->visualRect(index).width();
-        const QString text = inPieces(index.data().toString()).toHtmlEscaped();
-        QToolTip::showText(event->globalPos(), cut ? QString(u"<qt>"_s + text) : QString(), view);
+        QToolTip::showText(event->globalPos(),
+                           cut ? ToolTipText(index.data().toString()) : QString(), view);
         return true;
     }
 };

@@ -6,8 +6,6 @@
 #include <QPainter>
 #include <QToolTip>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 constexpr int mostLines = 4;
 /// In characters of usual width: how far a text goes before it is broken when there is room, and
@@ -60,9 +58,7 @@ bool WrappedLabel::event(QEvent *event)
     if (event->type() != QEvent::ToolTip)
         return QLabel::event(event);
     const auto *help = static_cast<QHelpEvent *>(event);
-    // Escaped, and marked as rich text so that a long text is broken there too.
-    const QString tip = u"<qt>"_s + shownText().toHtmlEscaped();
-    QToolTip::showText(help->globalPos(), ShowsAll() ? QString() : tip, this);
+    QToolTip::showText(help->globalPos(), ShowsAll() ? QString() : ToolTipText(text()), this);
     return true;
 }
 

@@ -9,6 +9,11 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+constexpr qsizetype longestToolTip = 2000;
+/// After so many characters a tool tip may break a word.
+constexpr qsizetype longestWordOfAToolTip = 60;
+constexpr QChar breakHere(u'\u200B');
+
 QString withLineEnds(QString text)
 {
     text.replace(u"\r\n"_s, QString(QChar::LineSeparator));
@@ -63,4 +68,22 @@ void DrawWrappedText(QPainter *painter, const QRect &place, const QString &text,
     painter->setClipRect(place, Qt::IntersectClip);
     layout.draw(painter, QPointF(place.left(), top), {}, place);
     painter->restore();
+}
+
+QString ToolTipText(const QString &text)
+{
+    QString pieces;
+    qsizetype ofThisWord = 0;
+    for (const QChar c : QStringView(text).left(longestToolTip)) {
+        ofThisWord = c.isSpace() ? 0 : ofThisWord + 1;
+        if (ofThisWord > longestWordOfAToolTip) {
+            pieces += breakHere;
+            ofThisWord = 1;
+        }
+        pieces += c;
+    }
+    if (text.size() > longestToolTip)
+        pieces += u" ..";
+    // Only rich text is broken into lines.
+    return u"<qt>"_s + pieces.toHtmlEscaped();
 }

@@ -21,3 +21,7 @@ int WrappedTextHeight(const QString &text, const QFont &font, int width);
 /// of all lines together in its height; what has no room there is cut off.
 void DrawWrappedText(QPainter *painter, const QRect &place, const QString &text, const QFont &font,
                      Qt::Alignment alignment);
+
+/// The text for a tool tip: shown as it stands, markup too, broken into lines inside a word as
+/// well, and ended after 2000 characters. A tip grows with its text, beyond any screen.
+QString ToolTipText(const QString &text);

@@ -1,8 +1,11 @@
 #include "controls/WrappedLabel.h"
 
+#include <QApplication>
 #include <QHelpEvent>
 #include <QTest>
 #include <QToolTip>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -16,6 +19,7 @@ private Q_SLOTS:
     void neverWiderThanItMust_data();
     void neverWiderThanItMust();
     void whatIsCutOffIsInTheTip();
+    void aTipWithoutEndFitsAScreen();
     void aTextThatIsShownHasNoTip();
     void aTextOfAMegabyteIsShownAtOnce();
 
@@ -83,6 +87,23 @@ void tst_WrappedLabel::whatIsCutOffIsInTheTip()
     ask(label);
     // As it was written, and not as markup.
     QVERIFY(QToolTip::text().contains(u"&lt;b&gt;SMITH&lt;/b&gt; &amp; SONS"));
+    QToolTip::hideText();
+}
+
+void tst_WrappedLabel::aTipWithoutEndFitsAScreen()
+{
+    WrappedLabel label;
+    label.setText(QString(50'000, u'W'));
+    label.resize(400, 60);
+    label.show();
+    ask(label);
+    const QList<QWidget *> windows = QApplication::topLevelWidgets();
+    const auto tip = std::find_if(windows.begin(), windows.end(), [](const QWidget *widget) {
+        return widget->inherits("QTipLabel") && widget->isVisible();
+    });
+    QVERIFY(tip != windows.end());
+    QVERIFY2((*tip)->width() <= 1000 && (*tip)->height() <= 1000,
+             qPrintable(u"%1 x %2"_s.arg((*tip)->width()).arg((*tip)->height())));
     QToolTip::hideText();
 }
 
