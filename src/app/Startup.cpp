@@ -1,5 +1,6 @@
 #include "app/Startup.h"
 
+#include "controls/ModalDialog.h"
 #include "controls/MsgBox.h"
 #include "controls/WindowPlace.h"
 #include "core/Clock.h"
@@ -71,7 +72,7 @@ void wireSession()
     QObject::connect(session, &SessionEvents::CaseHelpWanted, session,
                      &frmCaseDetailsHelp::ShowForm);
     QObject::connect(session, &SessionEvents::AboutWanted, session,
-                     [] { frmAbout(frmMain::Form()).exec(); });
+                     [] { ModalDialog<frmAbout>(frmMain::Form()).Run(); });
 }
 } // namespace
 
@@ -82,6 +83,10 @@ void WireWindows()
     QObject::connect(link, &LinkEvents::IdleLimitReached, link, [] {
         if (frmMain *main = frmMain::Form())
             main->autologout();
+    });
+    QObject::connect(link, &LinkEvents::LinkDropped, link, [] {
+        if (frmMain *main = frmMain::Form())
+            main->CheckConnection();
     });
     SearchEvents *search = &SearchEvents::Of();
     QObject::connect(

@@ -35,8 +35,8 @@ bool mayBegin(QWidget *window)
     if (Global.bLoggedIn)
         return true;
     if (OfferLogin(window))
-        ShowLogin();
-    return false;
+        ShowLoginModally();
+    return Global.bLoggedIn;
 }
 } // namespace
 

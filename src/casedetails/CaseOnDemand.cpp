@@ -60,7 +60,7 @@ void CaseWindow::cmdSearchNow_Click()
     if (!Global.bLoggedIn) {
         if (OfferLogin(this)) {
             SetWarning({});
-            ShowLogin();
+            ShowLoginModally();
         }
         return;
     }

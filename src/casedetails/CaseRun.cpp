@@ -75,7 +75,6 @@ CaseWindow::RunEnd CaseWindow::runTabs()
 /// The Summary, and a second time with the answer when the court asks about arbitration.
 CaseWindow::RunEnd CaseWindow::runSummary()
 {
-    Global.strRecvBuffer.Clear();
     CaseTabState &summary = TabOf(CaseTab::Summary);
     summary.TabRequest = TrimBlanks(lboxTabReqQueue.List(0));
     DoSummarySearch(summary.TabRequest);

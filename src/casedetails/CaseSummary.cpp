@@ -41,7 +41,6 @@ void CaseWindow::DoSummarySearch(const QString &request)
         UserQuestion = false;
         if (summary.TabNotRetrieved)
             lblWarning->hide();
-        Global.strRecvBuffer.Clear();
         WriteAppInfo(texts.Retrieving);
         SetStatusText(texts.Retrieving);
         summary.TabDone = false;
@@ -62,13 +61,10 @@ void CaseWindow::DoSummarySearch(const QString &request)
 CaseWindow::SummaryRead CaseWindow::readSummary(const QString &request)
 {
     SummaryRead read;
-    for (;;) {
-        const std::optional<QString> line = readLine(u" ");
-        if (!line)
-            read.TimeOut = timedOut.toString();
-        if (!line || takeSummaryLine(*line, request, read))
-            return read;
-    }
+    const auto take = [&](const QString &line) { return takeSummaryLine(line, request, read); };
+    if (!readLines(u" ", take))
+        read.TimeOut = timedOut.toString();
+    return read;
 }
 
 /// True when nothing more is read.

@@ -7,7 +7,7 @@
 #include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
 #include "jobs/ClientCode.h"
-#include "link/Comm.h"
+#include "link/Exchange.h"
 
 #include <QLabel>
 
@@ -25,20 +25,21 @@ void CaseWindow::sendTabRequest(const QString &request, bool withClientCode)
     QString line = TrimBlanks(request);
     if (withClientCode && !ClientAcctgCode.isEmpty())
         line = EmbedClientCode(line, ClientAcctgCode);
-    if (SendReq(line) != SendStatus::Sent)
+    if (BeginExchange(line) != SendStatus::Sent)
         throw RunTimeError(0, linkLost.toString());
 }
 
-std::optional<QString> CaseWindow::readLine(QStringView beforeStatus)
+bool CaseWindow::readLines(QStringView beforeStatus,
+                           const std::function<bool(const QString &line)> &take)
 {
-    const Response response = ReadResponse();
-    WriteAppInfo(u"Current Response: --> "_s + response.Token + beforeStatus
-                 + QString::number(Number(response.Status)));
-    if (response.Status == ReadStatus::TimedOutOrLost)
-        return std::nullopt;
-    if (response.Status != ReadStatus::Token)
+    const ReadStatus status = ReadReply([&](const Response &response) {
+        WriteAppInfo(u"Current Response: --> "_s + response.Token + beforeStatus
+                     + QString::number(Number(response.Status)));
+        return response.Status == ReadStatus::Token && take(response.Token);
+    });
+    if (status == ReadStatus::NotClosed)
         throw RunTimeError(0, linkLost.toString());
-    return response.Token;
+    return status == ReadStatus::Token;
 }
 
 void CaseWindow::retrieveTab(CaseTab tab, const QString &request)
@@ -93,27 +94,26 @@ void CaseWindow::doTabSearch(CaseTab tab, const QString &request)
 
 CaseWindow::TabResult CaseWindow::readTab(CaseTab tab)
 {
-    QString errorText;
-    bool failed = false;
-    for (;;) {
-        const std::optional<QString> line = readLine(tab == CaseTab::Names ? u" Ret Val: " : u" ");
-        if (!line)
-            return {false, timedOut.toString()};
-        switch (ClassifyTabLine(tab, *line)) {
+    TabResult result{.Complete = true, .Reason = {}};
+    const auto take = [this, tab, &result](const QString &line) {
+        switch (ClassifyTabLine(tab, line)) {
         case TabLine::EndOfReply:
-            return {!failed, errorText};
+            return true;
         case TabLine::Error:
-            failed = true;
-            errorText = line->sliced(errorWordLength);
+            result = {false, line.sliced(errorWordLength)};
             break;
         case TabLine::Progress:
             break;
         case TabLine::Data:
-            lboxResponses.AddItem(TrimBlanks(*line));
+            lboxResponses.AddItem(TrimBlanks(line));
             // The names have no such line: they would fill the log with people.
             if (tab != CaseTab::Names)
-                WriteAppInfo(u"Sent response to caller: "_s + *line);
+                WriteAppInfo(u"Sent response to caller: "_s + line);
             break;
         }
-    }
+        return false;
+    };
+    if (!readLines(tab == CaseTab::Names ? u" Ret Val: " : u" ", take))
+        return {false, timedOut.toString()};
+    return result;
 }

@@ -206,9 +206,10 @@ private:
     void retrieveTab(CaseTab tab, const QString &request);
     void doTabSearch(CaseTab tab, const QString &request);
     TabResult readTab(CaseTab tab);
-    /// The next line of a reply, logged with its status; nothing when the server fell silent.
-    /// Throws when the link broke.
-    std::optional<QString> readLine(QStringView beforeStatus);
+    /// Reads the lines of a reply, each logged with its status, until `take` says that it was the
+    /// last. False when the server fell silent. Throws when the link broke.
+    static bool readLines(QStringView beforeStatus,
+                          const std::function<bool(const QString &line)> &take);
     void sendTabRequest(const QString &request, bool withClientCode);
     void tabFailed(CaseTab tab, const RunTimeError &error);
 

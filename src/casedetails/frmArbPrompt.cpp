@@ -1,11 +1,9 @@
 #include "casedetails/frmArbPrompt.h"
 
 #include "controls/FormWindow.h"
+#include "controls/ModalDialog.h"
 #include "core/GlobalState.h"
-#include "jobs/TurnTaking.h"
 #include "ui_frmArbPrompt.h"
-
-#include <QPointer>
 
 frmArbPrompt::frmArbPrompt(QWidget *parent)
     : QDialog(parent), ui(std::make_unique<Ui::frmArbPrompt>())
@@ -25,13 +23,5 @@ frmArbPrompt::~frmArbPrompt() = default;
 
 void frmArbPrompt::ShowModal(FormWindow *parent)
 {
-    // Behind a parent that has gone already nobody is there to be asked.
-    if (parent->IsUnloaded())
-        return;
-    // The parent may go while the window is open, and takes it along.
-    const QPointer<frmArbPrompt> form = new frmArbPrompt(parent);
-    connect(parent, &FormWindow::Unloaded, form, &frmArbPrompt::reject);
-    const TurnHold hold;
-    form->exec();
-    delete form;
+    ModalDialog<frmArbPrompt>(parent).Run();
 }

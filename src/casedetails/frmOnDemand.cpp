@@ -1,11 +1,9 @@
 #include "casedetails/frmOnDemand.h"
 
 #include "controls/FormWindow.h"
+#include "controls/ModalDialog.h"
 #include "core/GlobalState.h"
-#include "jobs/TurnTaking.h"
 #include "ui_frmOnDemand.h"
-
-#include <QPointer>
 
 namespace {
 int loaded = 0;
@@ -31,12 +29,7 @@ bool frmOnDemand::IsLoaded()
 
 void frmOnDemand::ShowModal(FormWindow *parent)
 {
-    // The parent may go while the window is open, and takes it along.
-    const QPointer<frmOnDemand> form = new frmOnDemand(parent);
-    connect(parent, &FormWindow::Unloaded, form, &frmOnDemand::reject);
-    const TurnHold hold;
-    form->exec();
-    delete form;
+    ModalDialog<frmOnDemand>(parent).Run();
 }
 
 void frmOnDemand::reject()

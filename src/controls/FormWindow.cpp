@@ -59,7 +59,7 @@ bool FormWindow::Unload(UnloadMode mode)
     hide();
     Q_EMIT Unloaded();
     if (runs == 0)
-        deleteLater();
+        endForGood();
     return true;
 }
 
@@ -99,5 +99,11 @@ bool FormWindow::eventFilter(QObject *watched, QEvent *event)
 void FormWindow::endRun()
 {
     if (--runs == 0 && unloaded)
-        deleteLater();
+        endForGood();
+}
+
+void FormWindow::endForGood()
+{
+    Over();
+    deleteLater();
 }

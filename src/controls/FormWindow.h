@@ -54,6 +54,8 @@ protected:
 
     /// The last that the window does.
     virtual void Unloading();
+    /// The window is gone, and so are all of its procedures: what they needed can be let go.
+    virtual void Over() {}
 
     void closeEvent(QCloseEvent *event) override;
     /// A mnemonic of the window's own buttons goes before a menu with the same letter, which the
@@ -63,6 +65,7 @@ protected:
 
 private:
     void endRun();
+    void endForGood();
 
     int runs = 0;
     bool unloaded = false;

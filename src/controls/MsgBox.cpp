@@ -1,5 +1,8 @@
 #include "controls/MsgBox.h"
 
+#include "controls/FormWindow.h"
+#include "controls/ModalDialog.h"
+
 #include <QApplication>
 #include <QMessageBox>
 #include <QPointer>
@@ -43,7 +46,26 @@ QMessageBox::Icon iconOf(MsgIcon icon)
     return QMessageBox::NoIcon;
 }
 
-MsgAnswer answerOf(int button)
+/// A question that stands open, and what it is about.
+struct OpenQuestion
+{
+    QPointer<QDialog> box;
+    const QObject *matter;
+};
+
+QList<OpenQuestion> &openQuestions()
+{
+    static QList<OpenQuestion> open;
+    return open;
+}
+
+bool isGone(const QWidget *window)
+{
+    const auto *form = qobject_cast<const FormWindow *>(window);
+    return form && form->IsUnloaded();
+}
+
+MsgAnswer answerOf(QMessageBox::StandardButton button)
 {
     switch (button) {
     case QMessageBox::Yes:
@@ -59,14 +81,15 @@ MsgAnswer answerOf(int button)
 } // namespace
 
 MsgAnswer MsgBox(QWidget *parent, const QString &text, const QString &title, MsgButtons buttons,
-                 MsgIcon icon)
+                 MsgIcon icon, const QObject *matter)
 {
     const ButtonSet set = buttonSet(buttons);
+    const bool parentGone = isGone(parent);
+    if (parentGone && buttons != MsgButtons::Ok)
+        return answerOf(set.escape);
     QString shown = text;
     shown.replace(u"\r\n"_s, u"\n"_s);
-    // On the heap and watched: its parent may be closed, and deleted, while the box is up.
-    const QPointer<QMessageBox> box(
-        new QMessageBox(parent ? parent : QApplication::activeWindow()));
+    ModalDialog<QMessageBox> box(parent && !parentGone ? parent : QApplication::activeWindow());
     box->setObjectName(u"MsgBox"_s);
     box->setTextFormat(Qt::PlainText);
     box->setText(shown);
@@ -74,9 +97,22 @@ MsgAnswer MsgBox(QWidget *parent, const QString &text, const QString &title, Msg
     box->setIcon(iconOf(icon));
     box->setStandardButtons(set.buttons);
     box->setEscapeButton(set.escape);
-    const int answer = box->exec();
-    if (!box)
+    if (matter)
+        openQuestions().append({QPointer<QDialog>(&*box), matter});
+    box.Run();
+    if (box.IsGone())
         return answerOf(set.escape);
-    delete box;
-    return answerOf(answer);
+    // Rejected from outside, no button was pressed.
+    QAbstractButton *pressed = box->clickedButton();
+    return answerOf(pressed ? box->standardButton(pressed) : set.escape);
+}
+
+void SettleQuestions(const QObject *matter)
+{
+    openQuestions().removeIf([](const OpenQuestion &one) { return one.box.isNull(); });
+    const QList<OpenQuestion> open = openQuestions();
+    for (const OpenQuestion &one : open) {
+        if (one.matter == matter && one.box)
+            one.box->reject();
+    }
 }

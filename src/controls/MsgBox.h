@@ -2,6 +2,7 @@
 
 #include <QString>
 
+class QObject;
 class QWidget;
 
 enum class MsgIcon { None, Information, Exclamation, Question, Critical };
@@ -9,7 +10,17 @@ enum class MsgButtons { Ok, OkCancel, YesNo };
 enum class MsgAnswer { Ok, Cancel, Yes, No };
 
 /// Shows a message box and waits for its answer. The text is shown as plain text, whatever it
-/// holds. Events run meanwhile: after the answer anything may have changed. Closing the box, or the
-/// end of its parent, counts as Cancel, or as No, or as OK where that is the only button.
+/// holds. No job takes its turn meanwhile. Events run: after the answer anything may have changed.
+/// Closing the box, or the end of its parent, counts as Cancel, or as No, or as OK where that is
+/// the only button.
+///
+/// A question about a window that is unloaded goes away with it, and none is asked about one that
+/// has gone already; what there is to be told is told all the same. `matter` names what a question
+/// is about, whatever object that may be: see SettleQuestions.
 MsgAnswer MsgBox(QWidget *parent, const QString &text, const QString &title = {},
-                 MsgButtons buttons = MsgButtons::Ok, MsgIcon icon = MsgIcon::Information);
+                 MsgButtons buttons = MsgButtons::Ok, MsgIcon icon = MsgIcon::Information,
+                 const QObject *matter = nullptr);
+
+/// Takes away the questions about this matter, which has been settled without them: they answer as
+/// if they had been closed.
+void SettleQuestions(const QObject *matter);

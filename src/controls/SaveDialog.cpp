@@ -1,9 +1,12 @@
 #include "controls/SaveDialog.h"
 
+#include "core/TurnHold.h"
+
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QPointer>
 
+#include <memory>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -38,6 +41,8 @@ void AskWhereToSave(QWidget *parent, const QString &title, const QString &sugges
     dialog->setDirectory(QFileInfo(suggested).absolutePath());
     dialog->selectFile(QFileInfo(suggested).fileName());
     QObject::connect(dialog, &QFileDialog::fileSelected, context, save);
+    // A question like any other: no job begins under it, and the answer need not wait for one.
+    QObject::connect(dialog, &QObject::destroyed, [hold = std::make_shared<TurnHold>()] {});
     dialog->open();
 }
 

@@ -6,8 +6,9 @@
 #include "core/GlobalState.h"
 #include "core/Log.h"
 #include "core/RunTimeError.h"
+#include "core/TurnHold.h"
 #include "jobs/TurnTaking.h"
-#include "link/Comm.h"
+#include "link/Exchange.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -123,6 +124,7 @@ void JobWindow::StopBlinking()
 void JobWindow::EndJob()
 {
     over = true;
+    SettleQuestions(stopButton);
     DisableStop();
     StopBlinking();
 }
@@ -143,14 +145,11 @@ void JobWindow::cmdStopSearching_Click()
 {
     const RunScope scope(this);
     StopPressed();
-    {
-        const TurnHold hold;
-        if (Global.bShowAlerts
-            && MsgBox(this, u"Stop This Search?"_s, u"Stop Search Verification"_s,
-                      MsgButtons::YesNo, MsgIcon::Question)
-                   != MsgAnswer::Yes)
-            return;
-    }
+    if (Global.bShowAlerts
+        && MsgBox(this, u"Stop This Search?"_s, u"Stop Search Verification"_s, MsgButtons::YesNo,
+                  MsgIcon::Question, stopButton)
+               != MsgAnswer::Yes)
+        return;
     // It may have ended, or gone, while the question was open.
     if (over || IsUnloaded())
         return;
@@ -199,7 +198,7 @@ void JobWindow::StopCurrentSearch()
 {
     QString error;
     try {
-        if (SendReq(StopRequest()) == SendStatus::Sent)
+        if (InterruptExchange(StopRequest()) == SendStatus::Sent)
             return;
     } catch (const RunTimeError &raised) {
         error = raised.Description();
@@ -217,7 +216,6 @@ bool JobWindow::MayClose(UnloadMode mode, const QString &question)
                u"Stop Current Search .."_s);
         return false;
     }
-    const TurnHold hold;
     return !Global.bShowAlerts
            || MsgBox(this, question, u"Close Search Form .."_s, MsgButtons::YesNo,
                      MsgIcon::Question)

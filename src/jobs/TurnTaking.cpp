@@ -1,21 +1,8 @@
 #include "jobs/TurnTaking.h"
 
 #include "core/GlobalState.h"
+#include "core/TurnHold.h"
 #include "jobs/frmQueue.h"
-
-namespace {
-int holds = 0;
-}
-
-TurnHold::TurnHold()
-{
-    ++holds;
-}
-
-TurnHold::~TurnHold()
-{
-    --holds;
-}
 
 Turn AskForTurn(const QString &txtMasterKey)
 {
@@ -23,7 +10,8 @@ Turn AskForTurn(const QString &txtMasterKey)
         return Turn::Stopped;
     if (Global.bSearchInProgress)
         return Turn::Taken;
-    if (holds > 0)
+    // Somebody waits for the user, who must not wait for a whole job.
+    if (TurnHold::IsHeld())
         return Turn::NotYet;
     const ListBox &queue = frmQueue::Form().FIFO;
     return queue.ListCount() > 0 && queue.List(0) == txtMasterKey ? Turn::Mine : Turn::NotYet;

@@ -17,18 +17,6 @@ enum class Turn {
 /// still reading from the link.
 Turn AskForTurn(const QString &txtMasterKey);
 
-/// While one of these lives, no job takes its turn. A procedure that waits for the user, or that
-/// lets events through while it builds something, would otherwise have a whole job run on top of
-/// it, and go on only when that job has ended: the click on OK would do nothing for minutes.
-class TurnHold
-{
-public:
-    TurnHold();
-    ~TurnHold();
-    TurnHold(const TurnHold &) = delete;
-    TurnHold &operator=(const TurnHold &) = delete;
-};
-
 /// Puts a key at the end of the queue.
 void EnqueueKey(const QString &txtMasterKey);
 

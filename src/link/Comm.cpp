@@ -7,6 +7,7 @@
 #include "core/RunTimeError.h"
 #include "core/Windows1252.h"
 #include "link/Framing.h"
+#include "link/Router.h"
 #include "link/ServerSocket.h"
 #include "link/frmWinsock.h"
 
@@ -55,8 +56,7 @@ void refuseEndlessToken()
     WriteAppInfo(u"Refused a token of more than "_s + QString::number(maximumBacklogBytes)
                  + u" bytes. Closing the connection."_s);
     Global.strRecvBuffer.Clear();
-    if (Global.sckServer)
-        Global.sckServer->Close();
+    DropServerLink();
 }
 
 /// False when the socket is there, not connected, and cannot be closed to idle.
@@ -65,6 +65,8 @@ bool closedToIdle()
     if (!Global.sckServer || Global.sckServer->State() == SocketState::Connected)
         return true;
     Global.sckServer->Close();
+    // The server closed its side, but we may have been faster than the event that tells of it.
+    Global.bConnectionClosed = true;
     Clock::Current().SleepMilliseconds(closeWaitMilliseconds);
     return Global.sckServer->State() == SocketState::Closed;
 }

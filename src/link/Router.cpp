@@ -99,6 +99,12 @@ void CloseServerLink()
     frmWinsock::Unload();
 }
 
+void DropServerLink()
+{
+    CloseServerLink();
+    Q_EMIT LinkEvents::Of().LinkDropped();
+}
+
 ServerSelection SelectServer(const std::function<bool()> &cancelled)
 {
     LoadServerList();

@@ -18,6 +18,10 @@ bool HasNetworkAddress();
 /// Closes the connection and unloads frmWinsock. Closing a link that is not open is no error.
 void CloseServerLink();
 
+/// Gives up a link that cannot be used any more: closes it and tells whoever shows the connection
+/// (LinkEvents::LinkDropped). The session is over, and the next login connects anew.
+void DropServerLink();
+
 enum class ServerSelection { Contacted, Cancelled, NotAvailable };
 
 /// Looks for a server: each address on the port in force, then on the other one of 80 and 85. The

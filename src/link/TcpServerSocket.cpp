@@ -3,6 +3,7 @@
 #include <QMetaObject>
 #include <QNetworkInterface>
 #include <QNetworkProxy>
+#include <QScopedValueRollback>
 
 using namespace Qt::StringLiterals;
 
@@ -27,10 +28,9 @@ TcpServerSocket::TcpServerSocket(QObject *parent) : ServerSocket(parent), socket
         // Requests are small and each waits for its answer: nothing may wait for a fuller packet.
         socket.setSocketOption(QAbstractSocket::LowDelayOption, 1);
         socket.setSocketOption(QAbstractSocket::KeepAliveOption, 1);
-        Q_EMIT Connected();
+        fromEventLoop([this] { Q_EMIT Connected(); });
     });
-    connect(&socket, &QTcpSocket::readyRead, this,
-            [this] { Q_EMIT DataArrival(socket.bytesAvailable()); });
+    connect(&socket, &QTcpSocket::readyRead, this, &TcpServerSocket::reportArrival);
     connect(&socket, &QTcpSocket::bytesWritten, this, &TcpServerSocket::reportWritten);
     connect(&socket, &QTcpSocket::errorOccurred, this, &TcpServerSocket::reportError);
     connect(&socket, &QTcpSocket::disconnected, this, [this] {
@@ -40,11 +40,7 @@ TcpServerSocket::TcpServerSocket(QObject *parent) : ServerSocket(parent), socket
         // What was not written never will be: the send is over, and nobody may wait for it.
         if (sending)
             completeSend();
-        fromEventLoop([this] {
-            // Close may have been called in between: then there is nothing to tell any more.
-            if (peerClosed)
-                Q_EMIT Closed();
-        });
+        fromEventLoop([this] { Q_EMIT Closed(); });
     });
 }
 
@@ -79,9 +75,12 @@ SocketState TcpServerSocket::State() const
 void TcpServerSocket::Connect()
 {
     Close();
-    if (LocalPort != 0)
-        socket.bind(LocalPort);
-    socket.connectToHost(RemoteHost, RemotePort);
+    // An address that cannot be one is refused at once, which is no event of this call either.
+    quietly([this] {
+        if (LocalPort != 0)
+            socket.bind(LocalPort);
+        socket.connectToHost(RemoteHost, RemotePort);
+    });
 }
 
 void TcpServerSocket::Close()
@@ -90,16 +89,17 @@ void TcpServerSocket::Close()
     socket.abort();
     closingHere = false;
     peerClosed = false;
+    ++closings;
 }
 
 void TcpServerSocket::SendData(const QByteArray &data)
 {
-    // Flushing may find the connection dead, which is no event of this call either.
-    insideSend = true;
+    // Flushing may find the connection dead, which is no event of this call.
     sending = true;
-    socket.write(data);
-    socket.flush();
-    insideSend = false;
+    quietly([this, &data] {
+        socket.write(data);
+        socket.flush();
+    });
 }
 
 qint64 TcpServerSocket::BytesAvailable() const
@@ -107,23 +107,52 @@ qint64 TcpServerSocket::BytesAvailable() const
     return socket.bytesAvailable();
 }
 
+void TcpServerSocket::TakeUpArrived()
+{
+    // Found by trial: with nothing there Qt calls it a time-out, and with the end of the connection
+    // there, it tells of that.
+    quietly([this] { socket.waitForReadyRead(0); });
+}
+
 QByteArray TcpServerSocket::GetData(qint64 maximum)
 {
     return socket.read(maximum);
 }
 
+void TcpServerSocket::quietly(const std::function<void()> &call)
+{
+    const QScopedValueRollback<bool> guard(insideCall, true);
+    call();
+}
+
+void TcpServerSocket::reportArrival()
+{
+    fromEventLoop([this] {
+        // Somebody may have taken it up in between.
+        if (const qint64 waiting = socket.bytesAvailable(); waiting > 0)
+            Q_EMIT DataArrival(waiting);
+    });
+}
+
 void TcpServerSocket::fromEventLoop(const std::function<void()> &event)
 {
-    if (insideSend)
-        QMetaObject::invokeMethod(this, event, Qt::QueuedConnection);
-    else
+    if (!insideCall) {
         event();
+        return;
+    }
+    // What this connection had to tell is nobody's affair once it was closed here.
+    const auto tell = [this, event, told = closings] {
+        if (told == closings)
+            event();
+    };
+    QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
 }
 
 void TcpServerSocket::reportError(QAbstractSocket::SocketError error)
 {
-    // The server's close is an event of its own and no error.
-    if (error == QAbstractSocket::RemoteHostClosedError)
+    // The server's close is an event of its own and no error; nothing having arrived is neither.
+    if (error == QAbstractSocket::RemoteHostClosedError
+        || (error == QAbstractSocket::SocketTimeoutError && State() == SocketState::Connected))
         return;
     const QString description = error == QAbstractSocket::ConnectionRefusedError
                                     ? u"The attempt to connect was forcefully rejected"_s

@@ -19,11 +19,15 @@ public:
     void Close() override;
     void SendData(const QByteArray &data) override;
     qint64 BytesAvailable() const override;
+    void TakeUpArrived() override;
     QByteArray GetData(qint64 maximum) override;
 
 private:
+    /// Does what makes Qt signal at once; the events are told on the next turn of the event loop.
+    void quietly(const std::function<void()> &call);
     /// Lets an event happen now, or on the next turn when a call of ours is still on the stack.
     void fromEventLoop(const std::function<void()> &event);
+    void reportArrival();
     void reportError(QAbstractSocket::SocketError error);
     void reportWritten();
     void completeSend();
@@ -31,8 +35,9 @@ private:
     QTcpSocket socket;
     bool peerClosed = false;
     bool closingHere = false;
-    bool insideSend = false;
+    bool insideCall = false; ///< what Qt signals now is told on the next turn
     bool sending = false;
+    int closings = 0; ///< how often Close was called
 };
 
 /// Makes LocalIP answer as if the machine were in a network: a practice court lies on this machine

@@ -18,6 +18,8 @@ QPointer<frmWinsock> loaded;
 std::function<ServerSocket *(QObject *)> socketFactory;
 
 constexpr int inactivityTickMilliseconds = 60000;
+/// A server that never stops sending is not waited for: the rest is found by whoever reads.
+constexpr qint64 maximumDiscardedBytes = 64 * 1024 * 1024;
 constexpr auto ping = "DIAG001";
 constexpr auto documentEnd = "|EOD~|";
 
@@ -122,6 +124,23 @@ void frmWinsock::TakeArrivedData()
     while (Global.strRecvBuffer.Size() < maximumBacklogBytes
            && CSock->State() == SocketState::Connected && CSock->BytesAvailable() > 0)
         DataArrival(CSock->BytesAvailable());
+}
+
+void frmWinsock::DiscardArrivedData()
+{
+    Global.strRecvBuffer.Clear();
+    if (!loaded)
+        return;
+    qint64 discarded = 0;
+    while (loaded->CSock->State() == SocketState::Connected && discarded < maximumDiscardedBytes) {
+        loaded->CSock->TakeUpArrived();
+        const qint64 waiting = loaded->CSock->BytesAvailable();
+        if (waiting < 1)
+            return;
+        loaded->DataArrival(waiting);
+        Global.strRecvBuffer.Clear();
+        discarded += waiting;
+    }
 }
 
 void frmWinsock::SendCompleted()

@@ -18,6 +18,9 @@ public:
 Q_SIGNALS:
     /// The link has been idle for as long as the settings allow.
     void IdleLimitReached();
+    /// The link was closed from here because nothing good could come of it any more. Whoever shows
+    /// whether there is a connection looks again now.
+    void LinkDropped();
 };
 
 /// Keeps the one socket and the count of idle minutes. A service without a window.
@@ -39,6 +42,11 @@ public:
     /// Takes what the socket holds, as long as the receive buffer has room. An arrival that found
     /// the buffer full left its data with the socket: whoever empties the buffer calls this.
     void TakeArrivedData();
+
+    /// Throws away what has arrived and was not consumed: what the receive buffer holds, what the
+    /// socket holds, and what has reached this machine without an event telling so yet. A ping in
+    /// it is answered. Without a socket only the buffer is emptied.
+    static void DiscardArrivedData();
 
     /// Starts the idle count over.
     void RestartInactivity();

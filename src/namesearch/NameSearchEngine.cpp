@@ -4,14 +4,13 @@
 #include "controls/MsgBox.h"
 #include "controls/ResultListView.h"
 #include "controls/Twips.h"
-#include "core/EventLoop.h"
 #include "core/GlobalState.h"
 #include "core/Log.h"
 #include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
 #include "jobs/ClientCode.h"
 #include "jobs/TurnTaking.h"
-#include "link/Comm.h"
+#include "link/Exchange.h"
 #include "namesearch/NameResultsWindow.h"
 #include "namesearch/SearchCriteria.h"
 
@@ -63,7 +62,6 @@ SearchOutcome NameResultsWindow::runRequests()
         runningTotal += std::exchange(rowsOfRequest, 0);
         if (i >= 1)
             ShowSearchCriteria(i);
-        Global.strRecvBuffer.Clear();
         if (!sendLine(i))
             return SearchOutcome::ConnectionLost;
         const QString line = lboxQueue.List(i);
@@ -93,29 +91,26 @@ bool NameResultsWindow::sendLine(int index)
     QString line = TrimBlanks(lboxQueue.List(index));
     if (!ClientAcctgCode.isEmpty())
         line = EmbedClientCode(line, ClientAcctgCode);
-    return SendReq(line) == SendStatus::Sent;
+    return BeginExchange(line) == SendStatus::Sent;
 }
 
 /// Reads the replies of one request. Nothing when its end mark came; otherwise the outcome of the
 /// whole search.
 std::optional<SearchOutcome> NameResultsWindow::readReplies()
 {
-    for (;;) {
-        const Response response = ReadResponse();
-        if (response.Status != ReadStatus::Token) {
-            const QString reason = response.Status == ReadStatus::TimedOutOrLost
-                                       ? u"Timed Out Waiting For Response from Server."_s
-                                       : u"Halvane Server Connection was Dropped!"_s;
-            WriteAppInfo(u"Search Error! Reason: "_s + reason);
-            return SearchOutcome::ConnectionLost;
-        }
-        const ReplyEffect effect = TakeReply(response.Token);
-        if (effect.EndsSearch)
-            return effect.EndsSearch;
-        if (effect.EndsRequest)
-            return std::nullopt;
-        Yield();
-    }
+    ReplyEffect effect;
+    const ReadStatus status = ReadReply([this, &effect](const Response &response) {
+        if (response.Status == ReadStatus::Token)
+            effect = TakeReply(response.Token);
+        return effect.EndsSearch || effect.EndsRequest;
+    });
+    if (status == ReadStatus::Token)
+        return effect.EndsSearch;
+    WriteAppInfo(u"Search Error! Reason: "_s
+                 + (status == ReadStatus::TimedOutOrLost
+                        ? u"Timed Out Waiting For Response from Server."_s
+                        : u"Halvane Server Connection was Dropped!"_s));
+    return SearchOutcome::ConnectionLost;
 }
 
 NameResultsWindow::ReplyEffect NameResultsWindow::TakeReply(const QString &reply)

@@ -1,10 +1,9 @@
 #include "prefs/frmInfo.h"
 
+#include "controls/ModalDialog.h"
 #include "core/TextUtilities.h"
 #include "prefs/ScreenFit.h"
 #include "ui_frmInfo.h"
-
-#include <QPointer>
 
 frmInfo::frmInfo(QWidget *parent) : QDialog(parent), ui(std::make_unique<Ui::frmInfo>())
 {
@@ -19,7 +18,7 @@ frmInfo::~frmInfo() = default;
 void frmInfo::ShowFieldError(QWidget *parent, const QString &what, const QString &why,
                              const QString &action, const QString &caption)
 {
-    const QPointer<frmInfo> window(new frmInfo(parent));
+    ModalDialog<frmInfo> window(parent);
     if (!caption.isEmpty())
         window->setWindowTitle(caption);
     window->ui->Label1_0->setText(what);
@@ -27,8 +26,7 @@ void frmInfo::ShowFieldError(QWidget *parent, const QString &what, const QString
     window->ui->Label1_2->setText(action);
     window->FitTexts();
     window->setAccessibleDescription(what + u'\n' + why + u'\n' + action);
-    window->exec();
-    delete window;
+    window.Run();
 }
 
 void frmInfo::ShowInfo(const QString &first, const QString &second, const QString &third,

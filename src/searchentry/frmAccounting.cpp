@@ -1,5 +1,6 @@
 #include "searchentry/frmAccounting.h"
 
+#include "controls/ModalDialog.h"
 #include "controls/MsgBox.h"
 #include "controls/SearchTextBox.h"
 #include "core/GlobalState.h"
@@ -7,7 +8,6 @@
 #include "core/Options.h"
 #include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
-#include "jobs/TurnTaking.h"
 #include "searchentry/RecentEntries.h"
 #include "ui_frmAccounting.h"
 
@@ -60,12 +60,7 @@ frmAccounting::~frmAccounting() = default;
 
 void frmAccounting::ShowModal(QWidget *parent)
 {
-    // OK acts at once: no search starts on top of the window and keeps it waiting.
-    const TurnHold hold;
-    // On the heap and watched: its parent may be deleted while the window is up.
-    const QPointer<frmAccounting> dialog(new frmAccounting(parent));
-    dialog->exec();
-    delete dialog;
+    ModalDialog<frmAccounting>(parent).Run();
 }
 
 void frmAccounting::cmdOK_Click()

@@ -1,10 +1,9 @@
 #include "session/LoginExchange.h"
 
-#include "core/EventLoop.h"
 #include "core/GlobalState.h"
 #include "core/Log.h"
 #include "core/TextUtilities.h"
-#include "link/Comm.h"
+#include "link/Exchange.h"
 
 using namespace Qt::StringLiterals;
 
@@ -33,30 +32,28 @@ SessionResult Login(const QString &userName, const QString &password, const QStr
     const QString request =
         u"LOGON"_s + bar + Global.strUserName + bar + Global.strUserPassword + bar + version + bar;
     show(u"Logging On .."_s);
-    const SendStatus sent = SendReq(request);
+    const SendStatus sent = BeginExchange(request);
     if (sent == SendStatus::NotConnected)
         return loginFailed(SessionResult::ConnectionLost, u"Cannot Contact Server to Login."_s);
     WriteAppInfo(u"Sent login request to Halvane. Result: "_s + QString::number(Number(sent)));
 
     bool refused = false;
-    for (;;) {
+    Global.bLoginBusy = true;
+    const ReadStatus status = ReadReply([&refused](const Response &response) {
+        // The limit of the next token is chosen by it, whoever has cleared it meanwhile.
         Global.bLoginBusy = true;
-        const Response response = ReadResponse();
         WriteAppInfo(u"read response reply: "_s + QString::number(Number(response.Status)));
-        if (response.Status == ReadStatus::TimedOutOrLost)
-            return loginFailed(SessionResult::NoReply,
-                               u"Server Timeout - No Response From Server!"_s);
-        if (response.Status != ReadStatus::Token)
-            return loginFailed(SessionResult::ConnectionLost, u"Lost connection to server"_s);
-        if (response.Token.startsWith(u"EOF"))
-            break;
         if (isRefusal(response.Token)) {
             WriteAppInfo(u"Got an Error in Login! The Result Code was: Invalid User Name or "
                          "Password."_s);
             refused = true;
         }
-        Yield();
-    }
+        return response.Token.startsWith(u"EOF");
+    });
+    if (status == ReadStatus::TimedOutOrLost)
+        return loginFailed(SessionResult::NoReply, u"Server Timeout - No Response From Server!"_s);
+    if (status != ReadStatus::Token)
+        return loginFailed(SessionResult::ConnectionLost, u"Lost connection to server"_s);
     if (refused)
         return loginFailed(SessionResult::InvalidCredentials,
                            u"Login Failed Due to Invalid User Name and/or Password!"_s);

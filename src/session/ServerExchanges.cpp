@@ -1,12 +1,11 @@
 #include "session/ServerExchanges.h"
 
-#include "core/EventLoop.h"
 #include "core/GlobalState.h"
 #include "core/Log.h"
 #include "core/Options.h"
 #include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
-#include "link/Comm.h"
+#include "link/Exchange.h"
 
 using namespace Qt::StringLiterals;
 
@@ -46,54 +45,53 @@ void applyIniLine()
                   TrimBlanks(FieldAt(parts, 2)));
 }
 
+bool isEndMark(const QString &token)
+{
+    return token.startsWith(u"EOF~");
+}
+
 bool readIniLines()
 {
-    for (;;) {
-        const Response response = ReadResponse();
+    bool complete = false;
+    const ReadStatus status = ReadReply([&](const Response &response) {
         WriteAppInfo(u"Read INI file change request from HV Server. Reply was: "_s
                      + numberText(response.Status));
-        if (response.Status == ReadStatus::TimedOutOrLost) {
-            WriteAppInfo(
-                u"Server Timeout - No Response From Server during GetINIval retrieval!!"_s);
-            return false;
-        }
-        if (response.Status != ReadStatus::Token) {
-            WriteAppInfo(u"Lost connection to server during retrieval of System INI settings"_s);
-            return false;
-        }
-        if (response.Token.startsWith(u"EOF~")) {
+        complete = isEndMark(response.Token);
+        if (complete)
             Global.bGettingParams = false;
-            return true;
-        }
-        if (response.Token.startsWith(u"EOS~"))
+        else if (response.Token.startsWith(u"EOS~"))
             applyIniLine();
-        else
+        else if (response.Status == ReadStatus::Token)
             Global.strIniLine = TrimBlanks(response.Token);
-        Yield();
-    }
+        return complete;
+    });
+    if (status == ReadStatus::TimedOutOrLost)
+        WriteAppInfo(u"Server Timeout - No Response From Server during GetINIval retrieval!!"_s);
+    else if (status != ReadStatus::Token)
+        WriteAppInfo(u"Lost connection to server during retrieval of System INI settings"_s);
+    return complete;
 }
 
 QString readSystemMessage()
 {
-    for (;;) {
-        const Response response = ReadResponse();
+    const auto take = [](const Response &response) {
         WriteAppInfo(u"Read message broadcast from HV Server. Reply was: "_s
                      + numberText(response.Status));
-        if (response.Status != ReadStatus::Token) {
-            Global.bGettingMessages = false;
-            WriteAppInfo(response.Status == ReadStatus::TimedOutOrLost
-                             ? u"Server Timeout - No Response From Server during system message "
-                               "retrieval!!"_s
-                             : u"Lost connection to server"_s);
-            Global.strSystemMsg.clear();
-            return {};
-        }
-        if (response.Token.startsWith(u"EOF~")) {
-            Global.bGettingMessages = false;
-            return Global.strSystemMsg;
-        }
+        if (response.Status != ReadStatus::Token || isEndMark(response.Token))
+            return true;
         appendMessage(Global.strSystemMsg, response.Token);
-    }
+        return false;
+    };
+    const ReadStatus status = ReadReply(take, EachRound::GoesOn);
+    Global.bGettingMessages = false;
+    if (status == ReadStatus::Token)
+        return Global.strSystemMsg;
+    WriteAppInfo(status == ReadStatus::TimedOutOrLost
+                     ? u"Server Timeout - No Response From Server during system message "
+                       "retrieval!!"_s
+                     : u"Lost connection to server"_s);
+    Global.strSystemMsg.clear();
+    return {};
 }
 
 QString noPrivateMessage()
@@ -104,76 +102,69 @@ QString noPrivateMessage()
 
 QString readPrivateMessage()
 {
-    for (;;) {
-        const Response response = ReadResponse();
+    bool refused = false;
+    const ReadStatus status = ReadReply([&](const Response &response) {
         // Before the status: an error ends the exchange however it came.
-        if (response.Token.contains(u"ERROR", Qt::CaseInsensitive))
-            return noPrivateMessage();
+        refused = response.Token.contains(u"ERROR", Qt::CaseInsensitive);
+        if (refused)
+            return true;
         WriteAppInfo(u"Read private message broadcast from HV Server. Reply was: "_s
                      + numberText(response.Status));
-        if (response.Status != ReadStatus::Token) {
-            WriteAppInfo(u"No Response From Server during system message retrieval! Skipping."_s);
-            return noPrivateMessage();
-        }
-        if (response.Token.startsWith(u"EOF~"))
-            return Global.strPrivateMsgs == NoMessagesFound() ? QString() : Global.strPrivateMsgs;
+        if (isEndMark(response.Token))
+            return true;
         appendMessage(Global.strPrivateMsgs, response.Token);
-        Yield();
+        return false;
+    });
+    if (refused)
+        return noPrivateMessage();
+    if (status != ReadStatus::Token) {
+        WriteAppInfo(u"No Response From Server during system message retrieval! Skipping."_s);
+        return noPrivateMessage();
     }
+    return Global.strPrivateMsgs == NoMessagesFound() ? QString() : Global.strPrivateMsgs;
 }
 
 QString readCourtStatus()
 {
-    const QString unavailable =
-        u"Alert! Unable to Connect to Halvane at this time. Please try again later."_s;
-    QString status;
-    for (;;) {
+    QString availability;
+    Global.bCheckingServer = true;
+    const auto take = [&availability](const Response &response) {
+        // The limit of the next token is chosen by it, whoever has cleared it meanwhile.
         Global.bCheckingServer = true;
-        const Response response = ReadResponse();
         WriteAppInfo(u"Read Court Availability from HV Server. Reply was: "_s
                      + numberText(response.Status));
-        if (response.Status == ReadStatus::TimedOutOrLost) {
-            WriteAppInfo(u"Server Timeout - No Response From Server during court availability "
-                         "retrieval!!"_s);
-            return unavailable;
-        }
-        if (response.Status != ReadStatus::Token) {
-            WriteAppInfo(u"Lost connection to server during court availability retrieval!!"_s);
-            return unavailable;
-        }
-        if (response.Token.startsWith(u"EOF~"))
-            return status;
-        status = TrimBlanks(response.Token);
-    }
+        if (isEndMark(response.Token))
+            return true;
+        availability = TrimBlanks(response.Token);
+        return false;
+    };
+    const ReadStatus status = ReadReply(take, EachRound::GoesOn);
+    if (status == ReadStatus::Token)
+        return availability;
+    WriteAppInfo(status == ReadStatus::TimedOutOrLost
+                     ? u"Server Timeout - No Response From Server during court availability "
+                       "retrieval!!"_s
+                     : u"Lost connection to server during court availability retrieval!!"_s);
+    return u"Alert! Unable to Connect to Halvane at this time. Please try again later."_s;
 }
 
 void readClientAcctgOption()
 {
-    for (;;) {
-        const Response response = ReadResponse();
+    const ReadStatus status = ReadReply([](const Response &response) {
         WriteAppInfo(u"Read Client Accounting Option from HV Server. Reply was: "_s
                      + numberText(response.Status));
-        if (response.Status == ReadStatus::TimedOutOrLost) {
-            WriteAppInfo(u"Server Timeout - No Response From Server during GETCLIENTACCTGOPT "
-                         "retrieval!!"_s);
-            return;
-        }
-        if (response.Status != ReadStatus::Token) {
-            WriteAppInfo(u"Lost connection to server during retrieval of GETCLIENTACCTGOPT "
-                         "settings"_s);
-            return;
-        }
         const QString token = response.Token.toUpper();
-        if (token.contains(u"TRUE~")) {
-            Global.bClientAcctgOpt = true;
-            return;
-        }
-        if (token.contains(u"FALSE~") || token.contains(u"EOF~")) {
-            Global.bClientAcctgOpt = false;
-            return;
-        }
-        Yield();
-    }
+        const bool demanded = token.contains(u"TRUE~");
+        const bool answered = demanded || token.contains(u"FALSE~") || token.contains(u"EOF~");
+        if (answered)
+            Global.bClientAcctgOpt = demanded;
+        return answered;
+    });
+    if (status == ReadStatus::TimedOutOrLost)
+        WriteAppInfo(u"Server Timeout - No Response From Server during GETCLIENTACCTGOPT "
+                     "retrieval!!"_s);
+    else if (status != ReadStatus::Token)
+        WriteAppInfo(u"Lost connection to server during retrieval of GETCLIENTACCTGOPT settings"_s);
 }
 } // namespace
 
@@ -183,7 +174,7 @@ bool GetIniValues(const ShowStatus &show)
         Global.bGettingParams = true;
         WriteAppInfo(u"******** Retrieving System Parameter Updates ********"_s);
         show(u"Please Wait.. Retrieving Important System Update(s) From Server .."_s);
-        const SendStatus sent = SendReq(u"GETINIVAL\u00A6"_s);
+        const SendStatus sent = BeginExchange(u"GETINIVAL\u00A6"_s);
         WriteAppInfo(u"Sent GetIniVal request and result was: "_s + numberText(sent));
         return readIniLines();
     } catch (const RunTimeError &) {
@@ -199,7 +190,7 @@ QString GetSystemMessage(const ShowStatus &show)
         Global.strSystemMsg.clear();
         Global.bGettingMessages = true;
         show(u"Please Wait.. Retrieving Important System Message(s) From Server .."_s);
-        const SendStatus sent = SendReq(u"GETMSG\u00A6"_s);
+        const SendStatus sent = BeginExchange(u"GETMSG\u00A6"_s);
         WriteAppInfo(u"Sent Message request and result was: "_s + numberText(sent));
         return readSystemMessage();
     } catch (const RunTimeError &) {
@@ -217,8 +208,8 @@ QString GetPrivateMessage(const QString &userName, const QString &password, cons
         WriteAppInfo(u"******** Retrieving Private Messages ********"_s);
         show(u"Please Wait. Retrieving Important Private Message(s) .."_s);
         const QChar bar(u'\u00A6');
-        const SendStatus sent =
-            SendReq(u"GET_PRIV_MSG"_s + bar + userName + bar + password + bar + version + bar);
+        const SendStatus sent = BeginExchange(u"GET_PRIV_MSG"_s + bar + userName + bar + password
+                                              + bar + version + bar);
         WriteAppInfo(u"Sent Private Message request and result was: "_s + numberText(sent));
         return readPrivateMessage();
     } catch (const RunTimeError &) {
@@ -231,7 +222,7 @@ QString GetCourtStatus(const ShowStatus &show)
 {
     try {
         show(u"Checking Court Availability.."_s);
-        const SendStatus sent = SendReq(u"COURT_STATUS\u00A6"_s);
+        const SendStatus sent = BeginExchange(u"COURT_STATUS\u00A6"_s);
         WriteAppInfo(u"Requesting Court Availability From Server and Result is: "_s
                      + numberText(sent));
         const QString status = readCourtStatus();
@@ -251,7 +242,7 @@ QString GetCourtStatus(const ShowStatus &show)
 void GetClientAcctgOption()
 {
     try {
-        SendReq(u"GETCLIENTACCTGOPT~"_s);
+        BeginExchange(u"GETCLIENTACCTGOPT~"_s);
         readClientAcctgOption();
     } catch (const RunTimeError &) {
         WriteAppInfo(u"Error While Retrieving the Client Accounting Option"_s);

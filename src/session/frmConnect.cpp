@@ -1,5 +1,6 @@
 #include "session/frmConnect.h"
 
+#include "controls/ModalDialog.h"
 #include "controls/WindowPlace.h"
 #include "core/GlobalState.h"
 #include "ui_frmConnect.h"
@@ -23,6 +24,5 @@ frmConnect::~frmConnect() = default;
 
 void frmConnect::ShowModal(QWidget *parent)
 {
-    frmConnect dialog(parent);
-    dialog.exec();
+    ModalDialog<frmConnect>(parent).Run();
 }

@@ -4,10 +4,32 @@
 #include "core/RunTimeError.h"
 #include "ui_frmInactivity.h"
 
+#include <QApplication>
+#include <QPointer>
+#include <QWindow>
+
 using namespace Qt::StringLiterals;
 
 namespace {
+QPointer<frmInactivity> warning;
+
 constexpr int tickMilliseconds = 1000;
+} // namespace
+
+void frmInactivity::ShowWarning(QWidget *parent)
+{
+    CloseWarning();
+    warning = new frmInactivity(parent);
+    warning->show();
+    // A modal window that is open already blocks it without telling so.
+    warning->standOverModal();
+}
+
+void frmInactivity::CloseWarning()
+{
+    if (warning)
+        warning->leave(false);
+    warning = nullptr;
 }
 
 frmInactivity::frmInactivity(QWidget *parent)
@@ -26,6 +48,24 @@ frmInactivity::frmInactivity(QWidget *parent)
 }
 
 frmInactivity::~frmInactivity() = default;
+
+bool frmInactivity::event(QEvent *event)
+{
+    if (event->type() == QEvent::WindowBlocked)
+        QMetaObject::invokeMethod(this, &frmInactivity::standOverModal, Qt::QueuedConnection);
+    return QDialog::event(event);
+}
+
+/// What belongs to a modal window is not blocked by it.
+void frmInactivity::standOverModal()
+{
+    QWidget *modal = QApplication::activeModalWidget();
+    if (!modal || isHidden() || !windowHandle())
+        return;
+    windowHandle()->setTransientParent(modal->window()->windowHandle());
+    raise();
+    activateWindow();
+}
 
 void frmInactivity::Tick()
 {

@@ -11,6 +11,8 @@ class frmInactivity;
 
 /// Warns for 15 seconds that an idle session is about to be ended. Global.bAutoLogout is True when
 /// the count ran out or the user asked for it, False when the user wants to stay.
+///
+/// It can be answered whatever else is open: the count runs under a box and a modal dialog too.
 class frmInactivity : public QDialog
 {
     Q_OBJECT
@@ -18,10 +20,20 @@ public:
     explicit frmInactivity(QWidget *parent = nullptr);
     ~frmInactivity() override;
 
+    /// Shows the warning and returns at once.
+    static void ShowWarning(QWidget *parent);
+    /// Takes the warning away, if one is open, as if the user had chosen to stay: the session that
+    /// it was about is over.
+    static void CloseWarning();
+
     QTimer *Timer1;    ///< one second a tick
     QString Timer1Tag; ///< seconds left, as text
 
+protected:
+    bool event(QEvent *event) override;
+
 private:
+    void standOverModal();
     void Tick();
     void leave(bool logOut);
 

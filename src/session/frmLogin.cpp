@@ -12,6 +12,7 @@
 #include "link/ConnectState.h"
 #include "link/Router.h"
 #include "link/frmWinsock.h"
+#include "session/LoginOffer.h"
 #include "session/SessionEvents.h"
 #include "session/frmMain.h"
 #include "session/frmMsg.h"
@@ -19,6 +20,7 @@
 
 #include <QApplication>
 #include <QDesktopServices>
+#include <QEventLoop>
 #include <QKeyEvent>
 #include <QPointer>
 #include <QUrl>
@@ -128,14 +130,42 @@ void frmLogin::ShowForm(QWidget *parent)
         BringToFront(loaded);
         return;
     }
+    if (frmLogin *form = LoadForm(parent)) {
+        form->show();
+        form->activateWindow();
+    }
+}
+
+void frmLogin::ShowModal(QWidget *parent)
+{
+    if (IsLoaded()) {
+        BringToFront(loaded);
+        return;
+    }
+    frmLogin *form = LoadForm(parent);
+    if (!form)
+        return;
+    QEventLoop untilUnloaded;
+    connect(form, &FormWindow::Unloaded, &untilUnloaded, &QEventLoop::quit);
+    form->setWindowModality(Qt::ApplicationModal);
+    form->show();
+    form->activateWindow();
+    untilUnloaded.exec();
+}
+
+/// Makes the window and loads it; nullptr when it was closed while it loaded.
+frmLogin *frmLogin::LoadForm(QWidget *parent)
+{
     const QPointer<frmLogin> form(new frmLogin(parent));
     loaded = form;
     form->Load();
     if (!form || form->IsUnloaded())
-        return;
+        return nullptr;
     CentreOnScreen(form);
-    form->show();
-    form->activateWindow();
+    // No field has the keyboard until it is known which one wants an entry, or the user goes to
+    // one.
+    form->setFocus();
+    return form;
 }
 
 void frmLogin::Load()
@@ -180,7 +210,9 @@ void frmLogin::StartConnect()
     if (IsUnloaded())
         return;
     activateWindow();
-    (ui->txtUsername->text().isEmpty() ? ui->txtUsername : ui->txtPassword)->setFocus();
+    // Who is in a field already is typing.
+    if (!qobject_cast<QLineEdit *>(focusWidget()))
+        (ui->txtUsername->text().isEmpty() ? ui->txtUsername : ui->txtPassword)->setFocus();
 }
 
 void frmLogin::FillRemembered()
@@ -266,7 +298,8 @@ ShowStatus frmLogin::statusLine()
 void frmLogin::ShowLoginStatus(const QString &text)
 {
     ui->lblStatus->setText(TrimBlanks(text));
-    ui->lblStatus->update();
+    // At once: the next text may come before the event loop has a turn.
+    ui->lblStatus->repaint();
 }
 
 SessionResult frmLogin::Login(const QString &userName, const QString &password,
@@ -305,6 +338,9 @@ void frmLogin::LoggedIn()
     Global.bLoginBusy = true;
     if (frmMain *main = frmMain::Form())
         main->SetTxtConnectStatus(u"Connected"_s);
+    SettleLoginOffers();
+    if (frmMain *main = frmMain::Form())
+        main->SessionChanged();
     ShowLoginStatus(u"Updating Halvane System Parameters .."_s);
     Global.bGettingParams = true;
     GetIniValues(statusLine());
@@ -345,7 +381,7 @@ void frmLogin::OfferSystemMessage()
                "to skip viewing it."_s,
                u"Halvane - Important System Message"_s, MsgButtons::OkCancel, MsgIcon::Information);
     if (answer == MsgAnswer::Ok)
-        (new frmMsg(parentWidget()))->show();
+        frmMsg::ShowForm(parentWidget());
 }
 
 void frmLogin::LoginRefused(SessionResult result)
@@ -368,14 +404,15 @@ void frmLogin::LoginRefused(SessionResult result)
 void frmLogin::cmdCancel_Click()
 {
     cancelled = true;
-    hold.reset();
     tmrUI->stop();
     tmrLbl->stop();
     setHourglass(false);
     Global.bLoggedIn = false;
     frmWinsock::Unload();
-    if (frmMain *main = frmMain::Form())
+    if (frmMain *main = frmMain::Form()) {
         main->SetTxtConnectStatus(u"NOT CONNECTED"_s);
+        main->SessionChanged();
+    }
     Unload();
 }
 
@@ -387,7 +424,6 @@ void frmLogin::Unloading()
         cancelled = true;
         frmWinsock::Unload();
     }
-    hold.reset();
     tmrUI->stop();
     tmrLbl->stop();
     setHourglass(false);

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "controls/FormWindow.h"
-#include "jobs/TurnTaking.h"
+#include "core/TurnHold.h"
 #include "session/LoginExchange.h"
 
 #include <QTimer>
@@ -22,6 +22,9 @@ public:
     /// Loads and shows the window, or brings the one that is open to the front. Loading may wait
     /// for a network address, and may show a box.
     static void ShowForm(QWidget *parent);
+    /// The same, above everything else, and waits until the login is through or given up. A window
+    /// that is open already is brought to the front, and not waited for.
+    static void ShowModal(QWidget *parent);
     static bool IsLoaded();
 
     ~frmLogin() override;
@@ -34,12 +37,14 @@ public:
 
 protected:
     void Unloading() override;
+    void Over() override { hold.reset(); }
     void keyPressEvent(QKeyEvent *event) override;
     void changeEvent(QEvent *event) override;
 
 private:
     explicit frmLogin(QWidget *parent);
 
+    static frmLogin *LoadForm(QWidget *parent);
     void Load();
     void StartConnect();
     void ContactServer();
@@ -59,7 +64,8 @@ private:
 
     const std::unique_ptr<Ui::frmLogin> ui;
     /// A job that waits from before must not talk into the login, nor to a court that does not know
-    /// the user yet.
+    /// the user yet. Held until the exchanges of the login are over, whether or not the window was
+    /// closed in the middle of them.
     std::optional<TurnHold> hold{std::in_place};
     bool cancelled = false;
     bool hourglass = false;

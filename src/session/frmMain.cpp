@@ -1,5 +1,6 @@
 #include "session/frmMain.h"
 
+#include "controls/ModalDialog.h"
 #include "controls/MsgBox.h"
 #include "controls/Twips.h"
 #include "core/AppFolder.h"
@@ -11,6 +12,7 @@
 #include "session/SessionEvents.h"
 #include "session/frmConnect.h"
 #include "session/frmConnectionStatus.h"
+#include "session/frmInactivity.h"
 #include "session/frmLogin.h"
 #include "session/frmMsg.h"
 #include "ui_frmMain.h"
@@ -157,7 +159,7 @@ void frmMain::connectMenus()
     connect(ui->mnuConnectionDisConnect, &QAction::triggered, this,
             &frmMain::mnuConnectionDisConnect_Click);
     connect(ui->mnuConnectionStatus, &QAction::triggered, this,
-            [this] { frmConnectionStatus(this).exec(); });
+            [this] { ModalDialog<frmConnectionStatus>(this).Run(); });
     connect(ui->mnuStartSearch, &QAction::triggered, this,
             [] { Q_EMIT SessionEvents::Of().SearchWithStateWanted(); });
     connect(ui->mnuCheckMsgs, &QAction::triggered, this, &frmMain::mnuCheckMsgs_Click);
@@ -334,12 +336,21 @@ void frmMain::CheckConnection()
 {
     if (Global.bConnectionClosed || Global.intConnectState != ConnectDone) {
         connectStatus = u"NOT CONNECTED"_s;
+        if (Global.bLoggedIn)
+            SessionChanged();
         Global.bLoggedIn = false;
         Global.bLoginBusy = false;
         Global.bGettingParams = false;
         Global.bGettingMessages = false;
     }
     ShowConnection(connectStatus == u"Connected");
+}
+
+void frmMain::SessionChanged()
+{
+    ++sessionChanges;
+    frmInactivity::CloseWarning();
+    SettleQuestions(ui->mnuConnectionDisConnect);
 }
 
 void frmMain::mnuConnnectionConnect_Click()
@@ -379,9 +390,7 @@ void frmMain::mnuCheckMsgs_Click()
         MsgBox(this, u"No Messages Found."_s, u"Halvane - Private Messages"_s);
         return;
     }
-    auto *window = new frmMsg(this);
-    window->show();
-    window->SetText1(Global.strPrivateMsgs);
+    frmMsg::ShowForm(this).SetText1(Global.strPrivateMsgs);
 }
 
 void frmMain::Cut()

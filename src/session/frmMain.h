@@ -49,6 +49,10 @@ public:
     /// "Connected" or "NOT CONNECTED". Writing it drives the lamp.
     const QString &txtConnectStatus() const { return connectStatus; }
     void SetTxtConnectStatus(const QString &text);
+    /// Looks whether the link stands, and shows it; a link that is lost ends the session.
+    void CheckConnection();
+    /// One session has ended, or another begun: what still asks about the former goes away.
+    void SessionChanged();
 
     /// Takes the window away for good, asking first what `mode` has to ask. False when refused.
     bool Unload(UnloadMode mode);
@@ -75,7 +79,6 @@ private:
     void SavePosition();
     void Activated();
     void ShowConnection(bool connected);
-    void CheckConnection();
 
     void mnuFileExit_Click();
     void mnuConnnectionConnect_Click();
@@ -99,6 +102,7 @@ private:
     QLabel *lamp = nullptr;
     QLabel *notice = nullptr;
     QString connectStatus;
+    int sessionChanges = 0; ///< how often SessionChanged was called
     bool exiting = false;
     bool activatedOnce = false;
     bool unloaded = false;

@@ -2,6 +2,7 @@
 
 #include "session/frmMain.h"
 
+#include "controls/ModalDialog.h"
 #include "controls/MsgBox.h"
 #include "core/Clock.h"
 #include "core/EndProgram.h"
@@ -22,9 +23,10 @@ using namespace Qt::StringLiterals;
 namespace {
 constexpr float idleWaitSeconds = 18.0F;
 
-bool confirmed(QWidget *parent, const QString &text, const QString &title)
+bool confirmed(QWidget *parent, const QString &text, const QString &title, const QObject *matter)
 {
-    return MsgBox(parent, text, title, MsgButtons::YesNo, MsgIcon::Question) == MsgAnswer::Yes;
+    return MsgBox(parent, text, title, MsgButtons::YesNo, MsgIcon::Question, matter)
+           == MsgAnswer::Yes;
 }
 } // namespace
 
@@ -36,6 +38,7 @@ SessionResult frmMain::Logout()
     Global.bLoggedIn = false;
     Global.bStopRequested = false;
     Global.ClientAcctgCode.clear();
+    SessionChanged();
     return SessionResult::LoggedOut;
 }
 
@@ -50,12 +53,13 @@ void frmMain::logoutAndReport(bool modal)
     }
     if (!Global.bShowAlerts)
         return;
+    if (modal) {
+        ModalDialog<frmElapsedTime>(this).Run();
+        return;
+    }
     auto *report = new frmElapsedTime(this);
     report->setAttribute(Qt::WA_DeleteOnClose);
-    if (modal)
-        report->exec();
-    else
-        report->show();
+    report->show();
 }
 
 void frmMain::mnuConnectionDisConnect_Click()
@@ -73,9 +77,10 @@ void frmMain::mnuConnectionDisConnect_Click()
     }
     if (!Global.bAutoLogout && Global.bShowAlerts
         && !confirmed(this, u"Are you sure you want to disconnect from the Halvane Server?"_s,
-                      u"Disconnect From Halvane .."_s))
+                      u"Disconnect From Halvane .."_s, ui->mnuConnectionDisConnect))
         return;
-    // A search may have taken its turn while the question was open.
+    // Not by a job that has begun meanwhile, which the question prevents; but one may have been
+    // running when it was asked, and gone on.
     if (Global.bSearchInProgress) {
         Global.bStopRequested = true;
         return;
@@ -92,13 +97,17 @@ void frmMain::autologout()
     Global.bAutoLogout = false;
     QApplication::beep();
     QApplication::beep();
-    (new frmInactivity(this))->show();
+    frmInactivity::ShowWarning(this);
+    const int session = sessionChanges;
     const float start = Clock::Current().SecondsOfDay();
     for (;;) {
         const float elapsed = ElapsedSeconds(start);
         if (elapsed >= idleWaitSeconds || Global.bAutoLogout)
             break;
         YieldUntilEvent(static_cast<double>(idleWaitSeconds - elapsed));
+        // The session that was warned of is over; the next one is not to be logged out for it.
+        if (!self || sessionChanges != session)
+            return;
     }
     if (!self || !Global.bAutoLogout)
         return;
@@ -124,7 +133,7 @@ void frmMain::mnuFileExit_Click()
                       u"You are about to exit the Halvane Application.\r\n\r\nAny data that has "
                       "not been printed or saved will be lost! Are you sure you want to Exit from "
                       "Halvane?"_s,
-                      u"Exit From Halvane?"_s))
+                      u"Exit From Halvane?"_s, ui->mnuFileExit))
         return;
     if (Global.bLoggedIn) {
         Global.bStopRequested = true;
@@ -150,6 +159,8 @@ bool frmMain::QueryUnload(UnloadMode mode)
                u"Exit Halvane .."_s);
         return false;
     }
+    // Whoever ends the program has not waited for the answer.
+    SettleQuestions(ui->mnuFileExit);
     if (mode == UnloadMode::Code || mode == UnloadMode::MdiParent || !Global.bLoggedIn)
         return true;
     Global.bStopRequested = true;

@@ -4,6 +4,23 @@
 #include "core/GlobalState.h"
 #include "ui_frmMsg.h"
 
+#include <QPointer>
+
+namespace {
+QPointer<frmMsg> loaded;
+}
+
+frmMsg &frmMsg::ShowForm(QWidget *parent)
+{
+    // One that was closed is about to be deleted.
+    if (!loaded || loaded->isHidden())
+        loaded = new frmMsg(parent);
+    else
+        loaded->SetText1(Global.strSystemMsg);
+    BringToFront(loaded);
+    return *loaded;
+}
+
 frmMsg::frmMsg(QWidget *parent) : QDialog(parent), ui(std::make_unique<Ui::frmMsg>())
 {
     ui->setupUi(this);

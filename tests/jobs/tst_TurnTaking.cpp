@@ -1,5 +1,6 @@
 #include "core/GlobalState.h"
 #include "core/TextUtilities.h"
+#include "core/TurnHold.h"
 #include "jobs/TurnTaking.h"
 #include "jobs/frmCDQueue.h"
 #include "jobs/frmQueue.h"

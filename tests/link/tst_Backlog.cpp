@@ -1,6 +1,7 @@
 #include "core/EventLoop.h"
 #include "core/GlobalState.h"
 #include "link/Comm.h"
+#include "link/ConnectState.h"
 #include "link/Router.h"
 #include "link/frmWinsock.h"
 #include "support/FakeSocket.h"
@@ -8,6 +9,7 @@
 #include "support/TestFolder.h"
 
 #include <QElapsedTimer>
+#include <QSignalSpy>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTest>
@@ -125,13 +127,19 @@ void tst_Backlog::aPartialTokenAtTheLimitIsStillCompleted()
 void tst_Backlog::anEndlessTokenIsRefused()
 {
     socket->Arrive('|' + QByteArray(maximumBacklogBytes - 1, 'x'));
+    QSignalSpy dropped(&LinkEvents::Of(), &LinkEvents::LinkDropped);
     const Response response = ReadResponse();
     QCOMPARE(response.Status, ReadStatus::TimedOutOrLost);
     QCOMPARE(response.Token, QString());
-    QCOMPARE(socket->State(), SocketState::Closed);
     QVERIFY(Global.strRecvBuffer.IsEmpty());
-    QCOMPARE(folder->Log(), (QStringList{refused, u"Connection Lost While Waiting for Response. "
-                                                  "Exiting Process ReadResponse()"_s}));
+    QCOMPARE(folder->Log(), (QStringList{refused, u"Closed connection to Halvane Server"_s,
+                                         u"Connection Lost While Waiting for Response. "
+                                         "Exiting Process ReadResponse()"_s}));
+    // Nothing is left that the next login could take for a connection.
+    QVERIFY(!frmWinsock::IsLoaded());
+    QCOMPARE(Global.sckServer, nullptr);
+    QCOMPARE(Global.intConnectState, int(ConnectIdle));
+    QCOMPARE(dropped.count(), 1);
 }
 
 void tst_Backlog::anEndlessRunOfJunkIsRefused()

@@ -20,20 +20,6 @@ const QString lost =
 
 /// How far beyond a limit the clock may have run when the limit is noticed.
 constexpr double slack = 4.0;
-
-/// Says Connected so many times and then what its state is: a link that is lost between two tests
-/// of one round.
-class FlickeringSocket : public FakeSocket
-{
-public:
-    using FakeSocket::FakeSocket;
-    SocketState State() const override
-    {
-        return asked++ < connectedAnswers ? SocketState::Connected : FakeSocket::State();
-    }
-    mutable int asked = 0;
-    int connectedAnswers = 0;
-};
 } // namespace
 
 class tst_Comm : public QObject
@@ -440,7 +426,7 @@ void tst_Comm::aLinkUnloadedDuringTheWait()
 
 void tst_Comm::aSocketThatDoesNotCloseIsNotClosed()
 {
-    FlickeringSocket flickering;
+    FakeSocket flickering;
     flickering.connectedAnswers = 1;
     flickering.state = SocketState::Closing;
     flickering.closes = false;
@@ -454,7 +440,7 @@ void tst_Comm::aSocketThatDoesNotCloseIsNotClosed()
 
 void tst_Comm::aSocketThatClosesIsALostLink()
 {
-    FlickeringSocket flickering;
+    FakeSocket flickering;
     flickering.connectedAnswers = 1;
     flickering.state = SocketState::Closing;
     Global.sckServer = &flickering;

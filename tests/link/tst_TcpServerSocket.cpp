@@ -42,6 +42,12 @@ private Q_SLOTS:
     void connectingTellsByItsEvent();
     void aRefusedConnectSaysSoInTheWordsThatTheLogicKnows();
     void aRefusalComesFromTheEventLoopOnly();
+    void anImpossibleAddressIsToldFromTheEventLoopOnly_data();
+    void anImpossibleAddressIsToldFromTheEventLoopOnly();
+    void whatAConnectHadToTellEndsWithIt();
+    void takingUpFindsWhatNoEventHasTold();
+    void takingUpNothingIsNoError();
+    void takingUpTheEndOfTheConnectionTellsItFromTheEventLoopOnly();
     void anUnknownHostIsAnErrorButNoRefusal();
     void dataArriveAndAreTakenInPieces();
     void sendCompleteComesFromTheEventLoopOnly();
@@ -135,6 +141,85 @@ void tst_TcpServerSocket::aRefusalComesFromTheEventLoopOnly()
         QCOMPARE(error.count(), 0);
         QTRY_COMPARE(error.count(), 1);
     }
+}
+
+void tst_TcpServerSocket::anImpossibleAddressIsToldFromTheEventLoopOnly_data()
+{
+    QTest::addColumn<QString>("host");
+    QTest::newRow("the key that is missing") << u"0"_s;
+    QTest::newRow("nobody's address") << u"255.255.255.255"_s;
+    QTest::newRow("one that this machine has no road to") << u"2001:db8::1"_s;
+    QTest::newRow("the many") << u"224.0.0.1"_s;
+}
+
+void tst_TcpServerSocket::anImpossibleAddressIsToldFromTheEventLoopOnly()
+{
+    QFETCH(QString, host);
+    QSignalSpy error(socket.get(), &ServerSocket::Error);
+    QSignalSpy connected(socket.get(), &ServerSocket::Connected);
+    socket->RemoteHost = host;
+    socket->RemotePort = closedPort();
+    socket->Connect();
+    QCOMPARE(error.count(), 0);
+    QTRY_COMPARE(error.count(), 1);
+    QCOMPARE(connected.count(), 0);
+}
+
+void tst_TcpServerSocket::whatAConnectHadToTellEndsWithIt()
+{
+    QSignalSpy error(socket.get(), &ServerSocket::Error);
+    QSignalSpy connected(socket.get(), &ServerSocket::Connected);
+    socket->RemoteHost = u"255.255.255.255"_s;
+    socket->Connect();
+    socket->RemoteHost = u"127.0.0.1"_s;
+    socket->Connect();
+    QTRY_COMPARE(connected.count(), 1);
+    QCOMPARE(error.count(), 0);
+}
+
+void tst_TcpServerSocket::takingUpFindsWhatNoEventHasTold()
+{
+    connectToServer();
+    QSignalSpy arrival(socket.get(), &ServerSocket::DataArrival);
+    peer->write("|A~|");
+    peer->flush();
+    QCOMPARE(socket->BytesAvailable(), 0);
+    socket->TakeUpArrived();
+    QCOMPARE(socket->BytesAvailable(), 4);
+    QCOMPARE(arrival.count(), 0);
+    // What nobody takes meanwhile is told as ever.
+    QTRY_COMPARE(arrival.count(), 1);
+    QCOMPARE(socket->GetData(4), QByteArray("|A~|"));
+    // And what was taken is not told again.
+    peer->write("|B~|");
+    peer->flush();
+    socket->TakeUpArrived();
+    QCOMPARE(socket->GetData(4), QByteArray("|B~|"));
+    Yield();
+    Yield();
+    QCOMPARE(arrival.count(), 1);
+}
+
+void tst_TcpServerSocket::takingUpNothingIsNoError()
+{
+    connectToServer();
+    QSignalSpy error(socket.get(), &ServerSocket::Error);
+    socket->TakeUpArrived();
+    QCOMPARE(socket->BytesAvailable(), 0);
+    Yield();
+    Yield();
+    QCOMPARE(error.count(), 0);
+    QCOMPARE(socket->State(), SocketState::Connected);
+}
+
+void tst_TcpServerSocket::takingUpTheEndOfTheConnectionTellsItFromTheEventLoopOnly()
+{
+    connectToServer();
+    QSignalSpy closed(socket.get(), &ServerSocket::Closed);
+    peer->disconnectFromHost();
+    socket->TakeUpArrived();
+    QCOMPARE(closed.count(), 0);
+    QTRY_COMPARE(closed.count(), 1);
 }
 
 void tst_TcpServerSocket::anUnknownHostIsAnErrorButNoRefusal()

@@ -9,6 +9,7 @@
 #include "link/Router.h"
 #include "link/frmWinsock.h"
 #include "namesearch/frmNameSearchResults.h"
+#include "session/frmLogin.h"
 #include "support/FakeSocket.h"
 
 #include <QApplication>
@@ -117,6 +118,16 @@ void SearchDesk::When(std::function<bool()> ready, std::function<void()> act)
                          now();
                      });
     watcher->start(shortestTick);
+}
+
+void SearchDesk::AnswerModalLogin(bool through)
+{
+    const auto login = [] { return qobject_cast<frmLogin *>(QApplication::activeModalWidget()); };
+    When([login] { return login() != nullptr; },
+         [login, through] {
+             Global.bLoggedIn = through;
+             login()->Unload();
+         });
 }
 
 bool SearchDesk::Finish(const QWidget *window)

@@ -50,6 +50,9 @@ public:
     /// Once, at the first turn of the event loop at which `ready` holds. It happens inside whatever
     /// wait is running then, as a click does.
     void When(std::function<bool()> ready, std::function<void()> act);
+    /// When a login window stands above everything else: logs in as far as the session knows
+    /// (`through`), or gives it up, and closes the window.
+    void AnswerModalLogin(bool through);
     /// True when everything that was to happen has happened.
     bool AllHappened() const { return watchers.isEmpty(); }
 

@@ -135,6 +135,14 @@ void Click(const QObject *window, const char *button)
     QTest::mouseClick(Child<QPushButton>(window, button), Qt::LeftButton);
 }
 
+void ClickOnScreen(const QObject *window, const char *button)
+{
+    const auto *target = Child<QPushButton>(window, button);
+    QWidget *around = target->window();
+    QTest::mouseClick(around->windowHandle(), Qt::LeftButton, {},
+                      target->mapTo(around, target->rect().center()));
+}
+
 void Choose(const QObject *window, const char *action)
 {
     Child<QAction>(window, action)->trigger();

@@ -103,6 +103,9 @@ T *Child(const QObject *window, const char *name)
 /// Clicks a button as a user does.
 void Click(const QObject *window, const char *button);
 
+/// Clicks a button where it stands on the screen: what a modal window blocks does not hear of it.
+void ClickOnScreen(const QObject *window, const char *button);
+
 /// Chooses a menu entry or tool bar button as a user does; a disabled one does nothing.
 void Choose(const QObject *window, const char *action);
 

@@ -38,6 +38,12 @@ private Q_SLOTS:
     void linkGoneAlreadyIsNoError();
     void mainWindowGoneDuringTheWait();
 
+    void theWarningIsAnsweredOverABox_data();
+    void theWarningIsAnsweredOverABox();
+    void theWarningEndsWithItsSession_data();
+    void theWarningEndsWithItsSession();
+    void theQuestionThatTheLogoutSettlesGoesAway();
+
 private:
     frmInactivity *warning() const { return main->findChild<frmInactivity *>(u"frmInactivity"_s); }
     /// Does this with the warning once autologout has opened it.
@@ -252,6 +258,113 @@ void tst_Idle::mainWindowGoneDuringTheWait()
     });
     other->autologout();
     QVERIFY(!session->folder.Logged(u"Auto Logout Complete .."_s));
+}
+
+void tst_Idle::theWarningIsAnsweredOverABox_data()
+{
+    QTest::addColumn<bool>("boxFirst");
+    QTest::addColumn<bool>("dialog");
+    QTest::addColumn<bool>("stay");
+    for (const bool stay : {true, false}) {
+        const char *answer = stay ? "stay" : "log out";
+        QTest::addRow("a box stands already, %s", answer) << true << false << stay;
+        QTest::addRow("a box comes over it, %s", answer) << false << false << stay;
+        QTest::addRow("a dialog stands already, %s", answer) << true << true << stay;
+        QTest::addRow("a dialog comes over it, %s", answer) << false << true << stay;
+    }
+}
+
+void tst_Idle::theWarningIsAnsweredOverABox()
+{
+    QFETCH(bool, boxFirst);
+    QFETCH(bool, dialog);
+    QFETCH(bool, stay);
+    Global.bShowAlerts = false;
+    const auto showModal = [&] { Choose(main, dialog ? "mnuConnectionStatus" : "mnuCheckMsgs"); };
+    bool answered = false;
+    const auto answer = [&] {
+        Settle();
+        ClickOnScreen(warning(), stay ? "cmdCancel" : "cmdLogOut");
+        answered = !warning() || !warning()->isVisible();
+        QCOMPARE(Global.bAutoLogout, !stay);
+        session->clock.Run(2.0);
+    };
+    session->boxes.Whenever(dialog ? u"frmConnectionStatus"_s : u"MsgBox"_s, [&](QDialog *modal) {
+        const QPointer<QDialog> watched(modal);
+        if (boxFirst) {
+            QTimer::singleShot(0, this, answer);
+            main->autologout();
+        } else {
+            answer();
+        }
+        QVERIFY(watched && watched->isVisible());
+        watched->reject();
+    });
+    if (boxFirst) {
+        showModal();
+    } else {
+        QTimer::singleShot(0, this, showModal);
+        main->autologout();
+    }
+    QVERIFY(answered);
+    QCOMPARE(Global.bLoggedIn, stay);
+}
+
+void tst_Idle::theWarningEndsWithItsSession_data()
+{
+    QTest::addColumn<QString>("end");
+    QTest::newRow("disconnected") << u"disconnect"_s;
+    QTest::newRow("the link was lost") << u"lost"_s;
+    QTest::newRow("disconnected, and logged in again") << u"again"_s;
+    QTest::newRow("lost, and logged in again") << u"lost again"_s;
+}
+
+void tst_Idle::theWarningEndsWithItsSession()
+{
+    QFETCH(QString, end);
+    Global.bShowAlerts = false;
+    const bool again = end.endsWith(u"again");
+    int ticks = 0;
+    whenWarned([&](frmInactivity *form) {
+        const QPointer<frmInactivity> watched(form);
+        if (end.startsWith(u"lost")) {
+            FakeSocket::Last()->PeerCloses();
+            main->CheckConnection();
+        } else {
+            Choose(main, "mnuConnectionDisConnect");
+        }
+        QVERIFY(!watched || !watched->isVisible());
+        QCOMPARE(Global.bLoggedIn, false);
+        if (!again)
+            return;
+        frmWinsock::Unload();
+        session->BeLoggedIn();
+        // As long as the count-down would have been.
+        session->clock.Run(2.0);
+        ++ticks;
+    });
+    main->autologout();
+    QTRY_VERIFY(!warning());
+    QCOMPARE(ticks, again ? 1 : 0);
+    QCOMPARE(Global.bLoggedIn, again);
+    QCOMPARE(Global.bAutoLogout, false);
+    QVERIFY(!session->folder.Logged(u"Auto Logout Complete .."_s));
+    QCOMPARE(main->txtConnectStatus(), again ? u"Connected"_s : u"NOT CONNECTED"_s);
+}
+
+void tst_Idle::theQuestionThatTheLogoutSettlesGoesAway()
+{
+    // Nobody answers it: the user is not there.
+    session->boxes.Whenever(u"MsgBox"_s, [this](QDialog *box) {
+        const QPointer<QDialog> watched(box);
+        whenWarned([](frmInactivity *form) { form->Timer1->setInterval(1); });
+        main->autologout();
+        QCOMPARE(Global.bLoggedIn, false);
+        QVERIFY(!watched || !watched->isVisible());
+    });
+    Choose(main, "mnuConnectionDisConnect");
+    QVERIFY(main->isVisible());
+    QCOMPARE(session->folder.TimesLogged(u"Logout Successful"_s), 1);
 }
 
 QTEST_MAIN(tst_Idle)

@@ -52,7 +52,10 @@ private:
         return Login(userName, password, u"AppVer-9.00"_s,
                      [this](const QString &text) { shown.append(text); });
     }
-    void reply(const QByteArray &bytes) { FakeSocket::Last()->Arrive(bytes); }
+    /// What comes when the request has gone out.
+    void reply(const QByteArray &bytes) { FakeSocket::Last()->Answer(bytes); }
+    /// What comes now.
+    void arrive(const QByteArray &bytes) { FakeSocket::Last()->Arrive(bytes); }
 
     std::unique_ptr<SessionFixture> session;
     QStringList shown;
@@ -205,8 +208,8 @@ void tst_LoginExchange::silenceEndsAfterFourteenSecondsWhateverTheSettings()
 void tst_LoginExchange::eachTokenStartsTheLimitAnew()
 {
     for (const int turn : {10, 20, 30})
-        QTimer::singleShot(turn, FakeSocket::Last(), [this] { reply("|please wait|"); });
-    QTimer::singleShot(35, FakeSocket::Last(), [this] { reply("|EOF~|"); });
+        QTimer::singleShot(turn, FakeSocket::Last(), [this] { arrive("|please wait|"); });
+    QTimer::singleShot(35, FakeSocket::Last(), [this] { arrive("|EOF~|"); });
     session->clock.Run(0.5);
     QCOMPARE(login(), SessionResult::LoggedIn);
 }
@@ -225,7 +228,8 @@ void tst_LoginExchange::sendBehindABusyOneStillWaitsForTheReply()
 {
     Global.bSendBusy = true;
     session->clock.Run(1.0);
-    reply("|EOF~|");
+    // Nothing goes out, so what comes is no answer; it is waited for all the same.
+    QTimer::singleShot(1, FakeSocket::Last(), [this] { arrive("|EOF~|"); });
     QCOMPARE(login(), SessionResult::LoggedIn);
     QVERIFY(session->folder.Logged(u"Sent login request to Halvane. Result: 2"_s));
     QCOMPARE(FakeSocket::Last()->sent, QByteArrayList());
@@ -253,7 +257,8 @@ void tst_LoginExchange::linkLostWhileWaitingGives922()
 void tst_LoginExchange::socketThatCannotBeClosedGives954()
 {
     frmWinsock::Unload();
-    MoodySocket::Install({SocketState::Connected, SocketState::Connected, SocketState::Closing});
+    MoodySocket::Install({SocketState::Connected, SocketState::Connected, SocketState::Connected,
+                          SocketState::Closing});
     frmWinsock::Form();
     QCOMPARE(login(), SessionResult::ConnectionLost);
     QCOMPARE(session->folder.Log(),
@@ -269,7 +274,7 @@ void tst_LoginExchange::loginIsBusyWhileItWaits()
     QTimer::singleShot(3, FakeSocket::Last(), [&] {
         busy.append(Global.bLoginBusy);
         Global.bLoginBusy = false;
-        reply("|A~|");
+        arrive("|A~|");
     });
     // The second reply waits until the first one has been taken in, or has had its time.
     QTimer second;
@@ -279,7 +284,7 @@ void tst_LoginExchange::loginIsBusyWhileItWaits()
             return;
         second.stop();
         busy.append(Global.bLoginBusy);
-        reply("|EOF~|");
+        arrive("|EOF~|");
     });
     second.start(1);
     QCOMPARE(login(), SessionResult::LoggedIn);

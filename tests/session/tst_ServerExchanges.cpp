@@ -161,7 +161,10 @@ private Q_SLOTS:
     void endBehindTheAccountingOptionStaysInTheBuffer();
 
 private:
-    void reply(const QByteArray &bytes) { FakeSocket::Last()->Arrive(bytes); }
+    /// What comes when the request has gone out.
+    void reply(const QByteArray &bytes) { FakeSocket::Last()->Answer(bytes); }
+    /// What comes now.
+    void arrive(const QByteArray &bytes) { FakeSocket::Last()->Arrive(bytes); }
     QString run(const QString &exchange)
     {
         return exchanges()[exchange].run([this](const QString &text) { shown.append(text); });
@@ -250,7 +253,8 @@ void tst_ServerExchanges::socketThatCannotBeClosedEndsTheExchange()
     const Asked asked = exchanges()[exchange];
     raiseFlags(exchange);
     frmWinsock::Unload();
-    MoodySocket::Install({SocketState::Connected, SocketState::Connected, SocketState::Closing});
+    MoodySocket::Install({SocketState::Connected, SocketState::Connected, SocketState::Connected,
+                          SocketState::Closing});
     frmWinsock::Form();
     QCOMPARE(run(exchange), asked.failure);
     QVERIFY(session->folder.Logged(asked.readLine + u"-1"_s));
@@ -338,7 +342,7 @@ void tst_ServerExchanges::secondEosWritesTheSameLineAgain()
     QTimer::singleShot(5, FakeSocket::Last(), [&] {
         between = GetOptionStr(u"Searching"_s, u"MaxIndexResults"_s);
         SaveOptionStr(u"Searching"_s, u"MaxIndexResults"_s, u"7"_s);
-        reply("|EOS~||EOF~|");
+        arrive("|EOS~||EOF~|");
     });
     QCOMPARE(run(u"parameters"_s), u"done"_s);
     QCOMPARE(between, u"300"_s);

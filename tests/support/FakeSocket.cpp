@@ -6,6 +6,8 @@
 #include <QPointer>
 #include <QTimer>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -23,6 +25,21 @@ void FakeSocket::Install()
 FakeSocket *FakeSocket::Last()
 {
     return newest;
+}
+
+SocketState FakeSocket::State() const
+{
+    if (connectedAnswers <= 0)
+        return state;
+    --connectedAnswers;
+    return SocketState::Connected;
+}
+
+void FakeSocket::TakeUpArrived()
+{
+    incoming.append(heldBack);
+    if (!refills)
+        heldBack.clear();
 }
 
 void FakeSocket::Connect()
@@ -50,6 +67,8 @@ void FakeSocket::Close()
 void FakeSocket::SendData(const QByteArray &data)
 {
     sent.append(data);
+    if (!nextReply.isEmpty())
+        ArriveLater({std::exchange(nextReply, {})});
     if (completesSends)
         QMetaObject::invokeMethod(
             this, [this] { Q_EMIT SendComplete(); }, Qt::QueuedConnection);

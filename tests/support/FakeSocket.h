@@ -17,17 +17,22 @@ public:
     static FakeSocket *Last();
 
     QString LocalIP() const override { return localIP; }
-    SocketState State() const override { return state; }
+    SocketState State() const override;
     void Connect() override;
     void Close() override;
     void SendData(const QByteArray &data) override;
     qint64 BytesAvailable() const override { return incoming.size(); }
+    void TakeUpArrived() override;
     QByteArray GetData(qint64 maximum) override;
 
     /// Lets bytes arrive, now.
     void Arrive(const QByteArray &bytes);
     /// Lets these pieces arrive one a turn of the event loop, from the next turn on.
     void ArriveLater(const QByteArrayList &pieces);
+    /// Lets bytes arrive at the turn after the next request, as its reply.
+    void Answer(const QByteArray &bytes) { nextReply.append(bytes); }
+    /// Lets bytes reach the machine without an event that tells of them.
+    void HoldBack(const QByteArray &bytes) { heldBack.append(bytes); }
     /// The server closes its side.
     void PeerCloses();
 
@@ -36,10 +41,14 @@ public:
     bool closes = true;         ///< false: Close leaves the state as it is
     bool connects = true;       ///< Connect succeeds at the next turn
     bool refuses = false;       ///< Connect is refused at the next turn
+    bool refills = false;       ///< as much as was held back reaches the machine again and again
+    mutable int connectedAnswers = 0; ///< so often the state is Connected, whatever it is
     QString localIP = QStringLiteral("192.0.2.1");
     QByteArrayList sent;
     QStringList connectedTo; ///< "host:port" of each Connect
 
 private:
     QByteArray incoming;
+    QByteArray heldBack;
+    QByteArray nextReply;
 };

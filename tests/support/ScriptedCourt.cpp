@@ -5,6 +5,8 @@
 
 #include <QTcpSocket>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 ScriptedCourt::ScriptedCourt()
@@ -34,6 +36,12 @@ ScriptedCourt::Exchange &ScriptedCourt::Exchange::ReplyBytes(const QByteArray &b
 ScriptedCourt::Exchange &ScriptedCourt::Exchange::Drop()
 {
     drops = true;
+    return *this;
+}
+
+ScriptedCourt::Exchange &ScriptedCourt::Exchange::Late()
+{
+    late = true;
     return *this;
 }
 
@@ -113,10 +121,23 @@ void ScriptedCourt::answer(const QByteArray &request)
     if (exchange.request != request)
         complaints.append(u"expected "_s + FromWindows1252(exchange.request) + u", got "_s
                           + requests.last());
-    client->write(exchange.reply);
-    client->flush();
-    if (exchange.drops)
+    if (exchange.late)
+        owed = &exchange;
+    else
+        reply(exchange);
+}
+
+void ScriptedCourt::reply(const Exchange &exchange)
+{
+    Send(exchange.reply);
+    if (exchange.drops && client)
         client->disconnectFromHost();
+}
+
+void ScriptedCourt::AnswerNow()
+{
+    if (const Exchange *late = std::exchange(owed, nullptr))
+        reply(*late);
 }
 
 void ScriptedCourt::Send(const QByteArray &bytes)

@@ -33,12 +33,15 @@ public:
         Exchange &ReplyBytes(const QByteArray &bytes);
         /// The connection is dropped behind the reply.
         Exchange &Drop();
+        /// The reply waits until AnswerNow.
+        Exchange &Late();
 
     private:
         friend class ScriptedCourt;
         QByteArray request;
         QByteArray reply;
         bool drops = false;
+        bool late = false;
     };
 
     /// The next request that must come, without its bars.
@@ -46,6 +49,10 @@ public:
 
     /// LOGON, GETINIVAL, GETMSG and GETCLIENTACCTGOPT~ as an uneventful login has them.
     void ExpectLogin(const QString &userName, const QString &password);
+
+    /// A reply waits for AnswerNow.
+    bool OwesAnswer() const { return owed != nullptr; }
+    void AnswerNow();
 
     /// Sends bytes to the client now, unasked.
     void Send(const QByteArray &bytes);
@@ -72,11 +79,13 @@ private:
     void accept();
     void readRequests();
     void answer(const QByteArray &request);
+    void reply(const Exchange &exchange);
 
     QTcpServer server;
     QTcpSocket *client = nullptr;
     QByteArray received;
     QList<Exchange *> script;
+    const Exchange *owed = nullptr;
     qsizetype next = 0;
     QStringList requests;
     QStringList complaints;

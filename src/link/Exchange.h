@@ -1,0 +1,31 @@
+#pragma once
+
+#include "link/Comm.h"
+
+#include <functional>
+
+// One exchange with the server: a request goes out, and its reply is read to its end. There is one
+// socket and one exchange at a time, and nothing on the wire says which reply belongs to which
+// request. So every exchange of the program begins here, with nothing left of the one before, and
+// is read here; nobody else calls SendReq and ReadResponse.
+
+/// Begins an exchange: whatever has arrived and was not read is thrown away, then the request,
+/// given without its bars, goes out. A reply that came too late, or that nobody read to its end
+/// mark, would otherwise be taken for this one's. Gives what SendReq gives.
+SendStatus BeginExchange(const QString &request);
+
+/// Asks the server, in the middle of an exchange, to bring its reply to an end. What has arrived
+/// stays: it belongs to whoever reads the exchange. Gives what SendReq gives.
+SendStatus InterruptExchange(const QString &request);
+
+/// Whether the event loop has a turn of its own after each token, beyond those of the waiting.
+enum class EachRound { Yields, GoesOn };
+
+/// Reads the reply of the exchange that was begun, token by token.
+///
+/// `take` gets every response, the failing one included, and says whether the reply is over.
+/// Reading ends then, or when no token came within the limit, or when the link was lost; what
+/// comes back is the status of the last response. Throws what `take` throws, and error 6
+/// ("Overflow") when the search time-out in seconds does not fit 16 bits.
+ReadStatus ReadReply(const std::function<bool(const Response &response)> &take,
+                     EachRound round = EachRound::Yields);

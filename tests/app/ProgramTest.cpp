@@ -1,0 +1,116 @@
+#include "app/ProgramTest.h"
+
+#include "app/Startup.h"
+#include "core/GlobalState.h"
+#include "namesearch/frmNameSearchResults.h"
+#include "session/frmLogin.h"
+#include "session/frmMain.h"
+
+#include <QAction>
+#include <QDialog>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+void ClickOn(QWidget *window, const char *name)
+{
+    QTest::mouseClick(ButtonOf(window, name), Qt::LeftButton);
+}
+
+void TypeAnew(const QWidget *window, const char *name, const QString &text)
+{
+    auto *box = window->findChild<QLineEdit *>(QLatin1StringView(name));
+    box->clear();
+    QTest::keyClicks(box, text);
+}
+
+void TickItems(const QWidget *window, const char *list, const QStringList &items)
+{
+    auto *box = window->findChild<QListWidget *>(QLatin1StringView(list));
+    for (int i = 0; i < box->count(); ++i) {
+        if (!items.contains(box->item(i)->text()))
+            continue;
+        box->scrollToItem(box->item(i));
+        QTest::mouseClick(box->viewport(), Qt::LeftButton, {},
+                          box->visualItemRect(box->item(i)).center());
+    }
+}
+
+void ChooseEntry(const QString &action)
+{
+    frmMain::Form()->findChild<QAction *>(action)->trigger();
+}
+
+void ProgramTest::initTestCase()
+{
+    WireWindows();
+}
+
+void ProgramTest::init()
+{
+    SearchTest::init();
+    court->PointSettingsHere();
+}
+
+void ProgramTest::StartProgram()
+{
+    desk->Boxes.ExpectDialog(u"frmConnect"_s,
+                             [](QDialog *dialog) { ClickOn(dialog, "cmdConnect"); });
+    ::Main(false);
+    Main = frmMain::Form();
+}
+
+void ProgramTest::LogIn()
+{
+    QTRY_VERIFY(frmLogin::IsLoaded());
+    auto *login = Shown(u"frmLogin"_s);
+    QVERIFY(login);
+    QTRY_VERIFY(ButtonOf(login, "cmdLogin")->isEnabled());
+    TypeAnew(login, "txtUsername", u"paralegal"_s);
+    TypeAnew(login, "txtPassword", u"secret"_s);
+    const QPointer<QWidget> open(login);
+    ClickOn(login, "cmdLogin");
+    QTRY_VERIFY(open.isNull());
+    QVERIFY(Global.bLoggedIn);
+}
+
+void ProgramTest::BeginSession()
+{
+    court->ExpectLogin(u"paralegal"_s, u"secret"_s);
+    StartProgram();
+    LogIn();
+}
+
+QString ProgramTest::SearchRequest()
+{
+    return u"WASUP\u00A6SEARCH\u00A6SMITH\u00A6JOHN\u00A6Q\u00A6\u00A6King,\u00A6"
+           "Civil,Criminal,\u00A6\u00A6\u00A6"_s;
+}
+
+void ProgramTest::FillForm()
+{
+    const QWidget *form = Shown(u"frmSearchWA"_s);
+    TickItems(form, "lboxCountyOrProfile", {u"King"_s});
+    TickItems(form, "lboxCaseTypes", {u"Civil"_s, u"Criminal"_s});
+}
+
+frmNameSearchResults *ProgramTest::StartSearch()
+{
+    QWidget *form = Shown(u"frmSearchWA"_s);
+    TypeAnew(form, "txtSearchName_0", u"Smith"_s);
+    TypeAnew(form, "txtSearchName_1", u"John"_s);
+    TypeAnew(form, "txtSearchName_2", u"q"_s);
+    const QWidgetList before = QApplication::allWidgets();
+    ClickOn(form, "cmdBeginSearch");
+    const QWidgetList after = QApplication::allWidgets();
+    for (QWidget *widget : after) {
+        auto *window = qobject_cast<frmNameSearchResults *>(widget);
+        if (!window || before.contains(widget))
+            continue;
+        window->Timer1->setInterval(1);
+        return window;
+    }
+    return nullptr;
+}

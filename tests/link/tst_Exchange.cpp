@@ -1,0 +1,295 @@
+#include "core/EventLoop.h"
+#include "core/GlobalState.h"
+#include "core/RunTimeError.h"
+#include "link/Exchange.h"
+#include "link/Router.h"
+#include "link/TcpServerSocket.h"
+#include "link/frmWinsock.h"
+#include "support/FakeSocket.h"
+#include "support/ScriptedCourt.h"
+#include "support/TestClock.h"
+#include "support/TestFolder.h"
+
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+/// Takes tokens until the end mark, and keeps them.
+struct Taken
+{
+    bool operator()(const Response &response)
+    {
+        statuses->append(response.Status);
+        tokens->append(response.Token);
+        return response.Token == u"EOF~";
+    }
+    QStringList *tokens;
+    QList<ReadStatus> *statuses;
+};
+} // namespace
+
+/// How exchanges begin and how their replies are read: over a network that does what the test says,
+/// and over a real one.
+class tst_Exchange : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void beginsWithNothingLeft_data();
+    void beginsWithNothingLeft();
+    void whatTheSocketStillHoldsGoesToo();
+    void aPingAmongTheRestIsAnswered();
+    void whatAFullBufferLeftWithTheSocketGoesToo();
+    void aServerThatNeverStopsIsNotWaitedFor();
+    void withoutALinkOnlyTheBufferIsEmptied();
+    void theStatusIsThatOfTheSend_data();
+    void theStatusIsThatOfTheSend();
+    void anInterruptionLeavesWhatHasArrived();
+
+    void readsToTheEndMark();
+    void whatStandsBehindTheEndMarkStays();
+    void endsWithSilence();
+    void endsWithTheLink();
+    void endsWithASocketThatDoesNotClose();
+    void eachRoundYieldsOnce_data();
+    void eachRoundYieldsOnce();
+    void whatTakingThrowsComesThrough();
+
+    void aStaleReplyOnARealLineIsNotRead_data();
+    void aStaleReplyOnARealLineIsNotRead();
+
+private:
+    ReadStatus read(EachRound round = EachRound::Yields)
+    {
+        return ReadReply(Taken{&tokens, &statuses}, round);
+    }
+    QByteArray buffered() const { return Global.strRecvBuffer.View().toByteArray(); }
+
+    std::unique_ptr<TestFolder> folder;
+    std::unique_ptr<TestClock> clock;
+    FakeSocket *socket = nullptr;
+    QStringList tokens;
+    QList<ReadStatus> statuses;
+};
+
+void tst_Exchange::init()
+{
+    folder = std::make_unique<TestFolder>();
+    clock = std::make_unique<TestClock>();
+    FakeSocket::Install();
+    frmWinsock::Form();
+    socket = FakeSocket::Last();
+    tokens.clear();
+    statuses.clear();
+}
+
+void tst_Exchange::cleanup()
+{
+    clock.reset();
+    folder.reset();
+}
+
+void tst_Exchange::beginsWithNothingLeft_data()
+{
+    QTest::addColumn<QByteArray>("left");
+    QTest::newRow("an end mark") << QByteArray("|EOF~|");
+    QTest::newRow("a whole reply") << QByteArray("|A~||B~||EOF~|");
+    QTest::newRow("half a token") << QByteArray("|HALF");
+    QTest::newRow("a lone bar") << QByteArray("|");
+    QTest::newRow("the second half of an empty token") << QByteArray("||");
+    QTest::newRow("nothing") << QByteArray();
+}
+
+void tst_Exchange::beginsWithNothingLeft()
+{
+    QFETCH(QByteArray, left);
+    if (!left.isEmpty())
+        socket->Arrive(left);
+    QCOMPARE(BeginExchange(u"ASK\u00A6"_s), SendStatus::Sent);
+    QCOMPARE(buffered(), QByteArray());
+    QCOMPARE(socket->sent, QByteArrayList{"|ASK\xA6|"});
+    socket->Arrive("|NEW~||EOF~|");
+    QCOMPARE(read(), ReadStatus::Token);
+    QCOMPARE(tokens, (QStringList{u"NEW~"_s, u"EOF~"_s}));
+}
+
+void tst_Exchange::whatTheSocketStillHoldsGoesToo()
+{
+    socket->HoldBack("|OLD~||EOF~|");
+    QCOMPARE(BeginExchange(u"ASK\u00A6"_s), SendStatus::Sent);
+    QCOMPARE(socket->BytesAvailable(), 0);
+    socket->Arrive("|NEW~||EOF~|");
+    QCOMPARE(read(), ReadStatus::Token);
+    QCOMPARE(tokens, (QStringList{u"NEW~"_s, u"EOF~"_s}));
+}
+
+void tst_Exchange::aPingAmongTheRestIsAnswered()
+{
+    socket->HoldBack("|DIAG001|");
+    BeginExchange(u"ASK\u00A6"_s);
+    QCOMPARE(socket->sent, (QByteArrayList{"|IMALIVE\xA6|", "|ASK\xA6|"}));
+}
+
+void tst_Exchange::whatAFullBufferLeftWithTheSocketGoesToo()
+{
+    socket->Arrive(QByteArray(maximumBacklogBytes, 'x'));
+    socket->Arrive("|OLD~|");
+    QCOMPARE(socket->BytesAvailable(), 6);
+    BeginExchange(u"ASK\u00A6"_s);
+    QCOMPARE(buffered(), QByteArray());
+    QCOMPARE(socket->BytesAvailable(), 0);
+}
+
+void tst_Exchange::aServerThatNeverStopsIsNotWaitedFor()
+{
+    socket->HoldBack(QByteArray(1024 * 1024, 'x'));
+    socket->refills = true;
+    QCOMPARE(BeginExchange(u"ASK\u00A6"_s), SendStatus::Sent);
+    QCOMPARE(buffered(), QByteArray());
+}
+
+void tst_Exchange::withoutALinkOnlyTheBufferIsEmptied()
+{
+    frmWinsock::Unload();
+    Global.strRecvBuffer.Append("|OLD~|");
+    QCOMPARE(BeginExchange(u"ASK\u00A6"_s), SendStatus::NotConnected);
+    QCOMPARE(buffered(), QByteArray());
+    QVERIFY(!frmWinsock::IsLoaded());
+}
+
+void tst_Exchange::theStatusIsThatOfTheSend_data()
+{
+    QTest::addColumn<bool>("connected");
+    QTest::addColumn<bool>("busy");
+    QTest::addColumn<bool>("completes");
+    QTest::addColumn<int>("status");
+    QTest::newRow("sent") << true << false << true << 0;
+    QTest::newRow("never completed") << true << false << false << 1;
+    QTest::newRow("busy") << true << true << false << 2;
+    QTest::newRow("not connected") << false << false << true << -1;
+}
+
+void tst_Exchange::theStatusIsThatOfTheSend()
+{
+    QFETCH(bool, connected);
+    QFETCH(bool, busy);
+    QFETCH(bool, completes);
+    QFETCH(int, status);
+    clock->Run(1.0);
+    for (const bool interrupts : {false, true}) {
+        socket->state = connected ? SocketState::Connected : SocketState::Closing;
+        socket->completesSends = completes;
+        Global.bSendBusy = busy;
+        const SendStatus sent =
+            interrupts ? InterruptExchange(u"STOP\u00A6"_s) : BeginExchange(u"ASK\u00A6"_s);
+        QCOMPARE(int(Number(sent)), status);
+    }
+}
+
+void tst_Exchange::anInterruptionLeavesWhatHasArrived()
+{
+    socket->Arrive("|ROW~|");
+    QCOMPARE(InterruptExchange(u"STOP\u00A6"_s), SendStatus::Sent);
+    QCOMPARE(socket->sent, QByteArrayList{"|STOP\xA6|"});
+    socket->Arrive("|EOF~|");
+    QCOMPARE(read(), ReadStatus::Token);
+    QCOMPARE(tokens, (QStringList{u"ROW~"_s, u"EOF~"_s}));
+}
+
+void tst_Exchange::readsToTheEndMark()
+{
+    socket->ArriveLater({"|A", "~||B~|", "|EOF~|"});
+    QCOMPARE(read(), ReadStatus::Token);
+    QCOMPARE(tokens, (QStringList{u"A~"_s, u"B~"_s, u"EOF~"_s}));
+}
+
+void tst_Exchange::whatStandsBehindTheEndMarkStays()
+{
+    socket->Arrive("|A~||EOF~||BEHIND~|");
+    QCOMPARE(read(), ReadStatus::Token);
+    QCOMPARE(buffered(), QByteArray("|BEHIND~|"));
+}
+
+void tst_Exchange::endsWithSilence()
+{
+    clock->Run(1.0);
+    socket->Arrive("|A~|");
+    QCOMPARE(read(), ReadStatus::TimedOutOrLost);
+    QCOMPARE(statuses, (QList{ReadStatus::Token, ReadStatus::TimedOutOrLost}));
+    QCOMPARE(tokens, (QStringList{u"A~"_s, QString()}));
+}
+
+void tst_Exchange::endsWithTheLink()
+{
+    QTimer::singleShot(0, socket, [this] { socket->PeerCloses(); });
+    QCOMPARE(read(), ReadStatus::TimedOutOrLost);
+    QCOMPARE(statuses, QList{ReadStatus::TimedOutOrLost});
+}
+
+void tst_Exchange::endsWithASocketThatDoesNotClose()
+{
+    // Connected when the round begins, and not any more when it is looked at again.
+    socket->connectedAnswers = 1;
+    socket->state = SocketState::Closing;
+    socket->closes = false;
+    QCOMPARE(read(), ReadStatus::NotClosed);
+    QCOMPARE(statuses, QList{ReadStatus::NotClosed});
+}
+
+void tst_Exchange::eachRoundYieldsOnce_data()
+{
+    QTest::addColumn<bool>("yields");
+    QTest::addColumn<int>("count");
+    QTest::newRow("with a turn after each token") << true << 3;
+    QTest::newRow("without") << false << 0;
+}
+
+void tst_Exchange::eachRoundYieldsOnce()
+{
+    QFETCH(bool, yields);
+    QFETCH(int, count);
+    socket->Arrive("|A~||B~||C~||EOF~|");
+    const unsigned long long before = YieldCount();
+    QCOMPARE(read(yields ? EachRound::Yields : EachRound::GoesOn), ReadStatus::Token);
+    QCOMPARE(int(YieldCount() - before), count);
+}
+
+void tst_Exchange::whatTakingThrowsComesThrough()
+{
+    socket->Arrive("|A~||EOF~|");
+    const auto take = [](const Response &) -> bool { throw RunTimeError::SubscriptOutOfRange(); };
+    QVERIFY_THROWS_EXCEPTION(RunTimeError, ReadReply(take));
+    QCOMPARE(buffered(), QByteArray("|EOF~|"));
+}
+
+void tst_Exchange::aStaleReplyOnARealLineIsNotRead_data()
+{
+    QTest::addColumn<bool>("told");
+    QTest::newRow("it is in the buffer") << true;
+    QTest::newRow("it has just reached the machine") << false;
+}
+
+void tst_Exchange::aStaleReplyOnARealLineIsNotRead()
+{
+    QFETCH(bool, told);
+    frmWinsock::Unload();
+    frmWinsock::SetSocketFactory({});
+    ScriptedCourt court;
+    Global.lngServerPort = court.Port();
+    QVERIFY(ConnectToRouter(u"127.0.0.1"_s));
+    QTRY_VERIFY(court.HasClient());
+    court.Expect(u"ASK\u00A6"_s).Reply({u"NEW~"_s, u"EOF~"_s});
+    court.SendTokens({u"OLD~"_s, u"EOF~"_s});
+    if (told)
+        QTRY_VERIFY(!Global.strRecvBuffer.IsEmpty());
+    QCOMPARE(BeginExchange(u"ASK\u00A6"_s), SendStatus::Sent);
+    QCOMPARE(read(), ReadStatus::Token);
+    QCOMPARE(tokens, (QStringList{u"NEW~"_s, u"EOF~"_s}));
+    QCOMPARE(court.Complaints(), QString());
+}
+
+QTEST_GUILESS_MAIN(tst_Exchange)
+#include "tst_Exchange.moc"
