@@ -1,7 +1,6 @@
 #include "casedetails/DiscisSummary.h"
 
 #include "casedetails/GridGrammar.h"
-#include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
 
 #include <array>
@@ -43,16 +42,11 @@ QString sentence(const QString &line)
     return TrimBlanks(QString(line).replace(fieldMark, u' '));
 }
 
-/// The value of a header line; a line that is missing has an empty one. So has a line without the
-/// field in a reply that is too short for a header: that is a word of the court about the case, and
-/// no reason to keep the link from everybody else. In a reply that is long enough it is an error.
+/// The value of a header line. A line that is missing, or lacks the field, has an empty one: one
+/// line of the header is no reason to lose the rest of the case.
 QString headerValue(const QStringList &lines, qsizetype line)
 {
-    const QStringList fields = lines.value(line).split(fieldMark);
-    const bool tooShort = lines.size() < static_cast<qsizetype>(nonCivilHeader.size());
-    if (fields.size() < 2 && (tooShort || lines.at(line).isEmpty()))
-        return {};
-    return TrimBlanks(FieldAt(fields, 1));
+    return TrimBlanks(lines.value(line).split(fieldMark).value(1));
 }
 
 void fillHeader(DiscisSummaryView &view, const Header &header, const QStringList &lines)

@@ -1,7 +1,6 @@
 #include "casedetails/SummaryReply.h"
 
 #include "casedetails/GridGrammar.h"
-#include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
 #include "courts/CaseTypes.h"
 
@@ -92,17 +91,17 @@ GridTable itemGrid()
     return {{{u"Item"_s, 30}, {u"Description"_s, 70}}, {}, true};
 }
 
-/// Field 1 of a header line. A reply that is too short for a case may lack the line or the field:
-/// then nothing is set and the grid tells the rest. In a reply that is long enough a line without
-/// the field is an error.
+/// Field 1 of a header line. A line that lacks it has an empty one: the rest of the case is not to
+/// be lost over it. Nothing where the reply ends before the line, or where a reply that is too
+/// short for a case lacks the field: what the window shows stays then, and the grid tells the rest.
 std::optional<QString> headerField(const QStringList &lines, qsizetype line)
 {
-    const QStringList fields = lines.value(line).split(fieldMark);
-    if (lines.size() < fewestLines && fields.size() < 2)
-        return std::nullopt;
     if (line >= lines.size())
         return std::nullopt;
-    return FieldAt(fields, 1);
+    const QStringList fields = lines[line].split(fieldMark);
+    if (lines.size() < fewestLines && fields.size() < 2)
+        return std::nullopt;
+    return fields.value(1);
 }
 
 /// The case is not to be shown: a message in its place, Summary is the only tab that is left, and
