@@ -48,6 +48,7 @@ void CaseWindow::reportEmptyQueue()
            u"No Search Requests For Case Details Can Be Located! This Form will be closed when you "
            "select OK. The Request Queue Appears to be Empty."_s,
            u"Search Queue Empty .."_s, MsgButtons::Ok, MsgIcon::Exclamation);
+    WriteAppInfo(u"EXITED - SEARCH QUEUE EMPTY - from ProcessSearchReqeusts."_s);
     closesUnasked = true;
     Unload();
 }
@@ -212,9 +213,11 @@ void CaseWindow::endRun(RunEnd end)
         endInError();
         break;
     case RunEnd::NotLocated:
+        WriteAppInfo(u"NORMAL EXIT - CASE NOT LOCATED in ProcessSearchReqeusts."_s);
         // Its turn is given back and its status said already.
         printButton->setEnabled(true);
         leaveUnretrieved();
+        printIfAsked();
         break;
     case RunEnd::Fatal:
         // The link broke under it: it keeps its place until it is closed, so that nothing is sent

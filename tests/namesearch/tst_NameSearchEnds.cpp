@@ -57,6 +57,7 @@ private Q_SLOTS:
     void everyOutcomeGivesTheTurnBackOnce_data() { addOutcomes(); }
     void everyOutcomeGivesTheTurnBackOnce();
     void anEmptyListGivesTheTurnBackOnce();
+    void anEmptyListIsLoggedAsWhatItIs();
     void anEmptyListThatIsWithdrawnMeanwhileLeavesTheNextJobsTurn();
     void whatArrivedTooLateIsThrownAwayInFourOutcomes_data() { addOutcomes(); }
     void whatArrivedTooLateIsThrownAwayInFourOutcomes();
@@ -348,6 +349,20 @@ void tst_NameSearchEnds::anEmptyListGivesTheTurnBackOnce()
     frmQueue::Form().FIFO.AddItem(thirdKey);
     QTRY_VERIFY(window.isNull());
     QCOMPARE(frmQueue::Form().FIFO.Lines(), (QStringList{secondKey, thirdKey}));
+}
+
+/// A line of its own, and none of another cause.
+void tst_NameSearchEnds::anEmptyListIsLoggedAsWhatItIs()
+{
+    Global.bShowAlerts = true;
+    desk->Boxes.Expect(u"No Search Requests Can Be Located! This Form will be closed when you "
+                       "select OK. The Request Queue Appears to be Empty."_s,
+                       u"Search Queue Empty .."_s, MsgIcon::Exclamation);
+    const QPointer<frmNameSearchResults> window(desk->Start({}));
+    QTRY_VERIFY(window.isNull());
+    QCOMPARE(desk->Folder.Log().last(),
+             u"EXITED - SEARCH QUEUE EMPTY - from ProcessSearchReqeusts."_s);
+    QVERIFY(!desk->Folder.Logged(u"Unconditional Form Close Called. Closing Name Search form."_s));
 }
 
 void tst_NameSearchEnds::anEmptyListThatIsWithdrawnMeanwhileLeavesTheNextJobsTurn()
