@@ -2,6 +2,7 @@
 
 #include "casedetails/GridGrammar.h"
 #include "core/TextUtilities.h"
+#include "courts/CaseMarks.h"
 #include "courts/CaseTypes.h"
 
 #include <algorithm>
@@ -11,7 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 constexpr QChar fieldMark(u'~');
-constexpr QStringView commandMark = u"RETRIEVECOMMAND=";
 constexpr QStringView notLocated = u"This case was not located.";
 constexpr QStringView notAvailable = u"N/A";
 constexpr QStringView notFound = u"Case Not Found";
@@ -74,11 +74,6 @@ bool holdsOneOf(const QString &text, const std::array<QStringView, N> &phrases)
 QStringList splitByLastCharacter(const QString &line)
 {
     return line.isEmpty() ? QStringList() : line.split(line.back());
-}
-
-QString withoutCommandMark(const QString &field)
-{
-    return TrimBlanks(QString(field).remove(commandMark.toString(), Qt::CaseInsensitive));
 }
 
 QString singleBlanks(const QString &text)
@@ -216,9 +211,9 @@ void readTabDef(SummaryView &view, const QString &line)
     // Summary is on the screen already, so it is the first tab whatever the line says.
     QStringList tabs{CaseTabRowOf(CaseTab::Summary).caption.toString()};
     for (const QString &field : splitByLastCharacter(line)) {
-        if (!holds(field, commandMark))
+        if (!HoldsRetrieveCommand(field))
             continue;
-        const QString request = withoutCommandMark(field);
+        const QString request = TrimBlanks(WithoutRetrieveCommand(field));
         view.TabRequests += request;
         if (const std::optional<CaseTab> tab = tabOfRequest(request)) {
             const QString caption = CaseTabRowOf(*tab).caption.toString();
@@ -270,7 +265,7 @@ SummaryView bankruptcyList(const QStringList &lines)
     SummaryView view;
     GridTable grid{{{u"Case#"_s, 15}, {u"Type"_s, 10}, {u"Title"_s, 74}}, {}, true};
     for (const QString &line : lines) {
-        if (!holds(line, commandMark))
+        if (!HoldsRetrieveCommand(line))
             continue;
         const QStringList fields = splitByLastCharacter(line);
         grid.Rows.append({TrimBlanks(fields.value(0)), TrimBlanks(fields.value(2)),
