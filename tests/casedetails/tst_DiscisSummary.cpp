@@ -36,6 +36,8 @@ private Q_SLOTS:
     void aPhraseMayHaveTheHeaderBehindIt();
     void nonCivilCase();
     void twoPairsInARow();
+    void linesOfSeveralPairs_data();
+    void linesOfSeveralPairs();
     void nonCivilWithNothingBehindTheHeader();
     void civilNotAssociatedStopsTheRun();
     void civilPhrasesOfTheOtherWindowAreHeaderLines();
@@ -150,12 +152,46 @@ void tst_DiscisSummary::twoPairsInARow()
              QList<QStringList>({{u"A"_s, u"1"_s, u"B"_s, u"2"_s}, {u"C"_s, QString()}}));
 }
 
+void tst_DiscisSummary::linesOfSeveralPairs_data()
+{
+    QTest::addColumn<QStringList>("items");
+    QTest::addColumn<QString>("rows"); // cells between "/", rows between ";"
+    using Items = QStringList;
+    QTest::newRow("two pairs") << Items{u"Plea~Guilty~Finding~Committed~"_s}
+                               << u"Plea/Guilty/Finding/Committed"_s;
+    QTest::newRow("two pairs a line")
+        << Items{u"A~1~B~2~"_s, u"C~3~D~4~"_s} << u"A/1/B/2;C/3/D/4"_s;
+    QTest::newRow("the last without a mark") << Items{u"A~1~B~2"_s} << u"A/1/B/2"_s;
+    QTest::newRow("an item alone behind a pair") << Items{u"A~1~B~"_s} << u"A/1/B/"_s;
+    QTest::newRow("one, then two") << Items{u"A~1~"_s, u"B~2~C~3~"_s} << u"A/1;B/2/C/3"_s;
+    QTest::newRow("two, then one")
+        << Items{u"A~1~B~2~"_s, u"C~3~"_s, u"D~4~"_s} << u"A/1/B/2;C/3/D/4"_s;
+    QTest::newRow("one on either side")
+        << Items{u"A~1~"_s, u"B~2~C~3~"_s, u"D~4~"_s} << u"A/1;B/2/C/3;D/4"_s;
+    QTest::newRow("three pairs") << Items{u"A~1~B~2~C~3~"_s, u"D~4~"_s} << u"A/1/B/2;C/3;D/4"_s;
+    QTest::newRow("an empty second pair") << Items{u"A~1~~~"_s, u"B~2~"_s} << u"A/1/B/2"_s;
+    QTest::newRow("an empty first pair") << Items{u"~ ~B~2~"_s} << u"B/2"_s;
+    QTest::newRow("an item without a name") << Items{u"~1~B~2~"_s} << u"/1/B/2"_s;
+    QTest::newRow("nothing between") << Items{u"A~1~"_s, u"~~~~"_s, u"B~2~"_s} << u"A/1/B/2"_s;
+}
+
+void tst_DiscisSummary::linesOfSeveralPairs()
+{
+    QFETCH(QStringList, items);
+    const GridTable grid = ReadDiscisSummary(CaseKind::NonCivil, nonCivilHeader + items).Grid;
+    QStringList rows;
+    for (const QStringList &row : grid.Rows)
+        rows.append(row.join(u'/'));
+    QTEST(rows.join(u';'), "rows");
+}
+
 void tst_DiscisSummary::nonCivilWithNothingBehindTheHeader()
 {
     const GridTable expected = cell(u"No Additional Summary Details Available."_s);
     QCOMPARE(ReadDiscisSummary(CaseKind::NonCivil, nonCivilHeader).Grid, expected);
-    QCOMPARE(ReadDiscisSummary(CaseKind::NonCivil, nonCivilHeader + QStringList{QString()}).Grid,
-             expected);
+    for (const QString &line : {QString(), u"~"_s, u"~ ~~~"_s})
+        QCOMPARE(ReadDiscisSummary(CaseKind::NonCivil, nonCivilHeader + QStringList{line}).Grid,
+                 expected);
 }
 
 void tst_DiscisSummary::civilNotAssociatedStopsTheRun()
