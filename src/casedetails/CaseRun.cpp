@@ -66,9 +66,12 @@ CaseWindow::RunEnd CaseWindow::runTabs()
         const RunEnd end = runTab(*tab);
         if (end != RunEnd::Normal)
             return end;
-        // A bankruptcy case has nothing behind its docket.
-        if (IsBankruptcy() && *tab == CaseTab::Docket)
+        // The run of a bankruptcy case is over behind its docket; a court that names something else
+        // after it is asked for that when the user wants it.
+        if (IsBankruptcy() && *tab == CaseTab::Docket) {
+            leaveUnretrieved();
             break;
+        }
     }
     return RunEnd::Normal;
 }
@@ -269,9 +272,7 @@ void CaseWindow::endStopped()
     printButton->setEnabled(true);
     SearchStopped = true;
     // The list of documents is no part of what a stop leaves out.
-    const bool documents = Tab(CaseTab::Documents).TabNotRetrieved;
-    leaveUnretrieved();
-    TabOf(CaseTab::Documents).TabNotRetrieved = documents;
+    leaveUnretrieved(Documents::AsTheyAre);
 }
 
 void CaseWindow::endClosed()

@@ -177,7 +177,10 @@ private:
     void showFrame(CaseTab tab);
     bool askOnDemand(CaseTabState &state);
     void printDetails();
-    void leaveUnretrieved();
+    /// Whether the list of documents counts.
+    enum class Documents { Too, AsTheyAre };
+    void leaveUnretrieved(Documents documents = Documents::Too);
+    void offerAll();
     void withdrawIfGone();
 
     // The first run
