@@ -31,6 +31,7 @@ private Q_SLOTS:
     void aLineWithoutAMarkLosesNoCase();
     void aMissingFieldReadsAsEmpty_data();
     void aMissingFieldReadsAsEmpty();
+    void aSuperiorCaseThatIsNotOnFile();
 };
 
 void tst_OddSummaries::aLineWithoutAMarkLosesNoCase_data()
@@ -101,6 +102,31 @@ void tst_OddSummaries::aMissingFieldReadsAsEmpty()
     window->SetCaseTitle(u"A VS B"_s);
     Run(window);
     QTEST(TextOf(window, label.constData()), "reads");
+}
+
+/// The court does not end the case with it: the reply is an ordinary one, too short for a case, and
+/// what else the court has of the number is asked for.
+void tst_OddSummaries::aSuperiorCaseThatIsNotOnFile()
+{
+    FetchAtOnce(u"CaseSearchTabs"_s, {u"Names"_s, u"Docket"_s});
+    court->Expect(SuperiorLine(u"SUMMARY"_s))
+        .Reply({u"ERROR -- The Case is not on file"_s, u"EOF~"_s});
+    court->Expect(SuperiorLine(u"NAMES"_s)).Reply(GridDef({u"SMITH, JOHN~Defendant~"_s}));
+    court->Expect(SuperiorLine(u"DOCKET"_s)).Reply({u"ERROR -- no such case"_s, u"EOF~"_s});
+    frmCaseDetails *window = Superior();
+    const QStringList captions = WashingtonTabs(window->txtCaseNumber);
+    Run(window);
+    QCOMPARE(summaryCells(window), QList<QStringList>{{u"This case was not located."_s}});
+    QVERIFY(desk->Folder.Logged(u"The Case is not on file"_s));
+    QVERIFY(window->Tab(CaseTab::Summary).TabDone);
+    QCOMPARE(CaptionsOf(window), captions);
+    QVERIFY(window->Tab(CaseTab::Names).TabDone);
+    QVERIFY(window->Tab(CaseTab::Docket).TabIncomplete);
+    QCOMPARE(TextOf(window, "lblStatus"), u"Search Incomplete!"_s);
+    QVERIFY(desk->Folder.Logged(normalExit));
+    QVERIFY(!window->windowTitle().contains(u"Not Located"));
+    // What the list of results told of the case stays.
+    QCOMPARE(TextOf(window, "lblCourtName"), u"King County, Washington Superior Courts"_s);
 }
 
 QTEST_MAIN(tst_OddSummaries)
