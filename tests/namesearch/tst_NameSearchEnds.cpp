@@ -54,6 +54,7 @@ private Q_SLOTS:
     void aRowWithTooFewFieldsLosesTheSearch_data();
     void aRowWithTooFewFieldsLosesTheSearch();
     void aLineWithTooFewFieldsLosesTheSearch();
+    void aFirstLineWithTooFewFieldsIsAskedAllTheSame();
     void everyOutcomeGivesTheTurnBackOnce_data() { addOutcomes(); }
     void everyOutcomeGivesTheTurnBackOnce();
     void anEmptyListGivesTheTurnBackOnce();
@@ -313,6 +314,19 @@ void tst_NameSearchEnds::aLineWithTooFewFieldsLosesTheSearch()
     QVERIFY(desk->Finish(window));
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Stopped - Court Connection Lost!"_s);
     QCOMPARE(court->Requests(), QStringList{RequestLine()});
+}
+
+/// What it is about cannot be shown, but the court may know.
+void tst_NameSearchEnds::aFirstLineWithTooFewFieldsIsAskedAllTheSame()
+{
+    const QString line = u"WASUP\u00A6SEARCH\u00A6"_s;
+    court->Expect(line).Reply({ResultLine(u"A"_s), u"EOF~"_s});
+    desk->ConnectTo(*court);
+    const frmNameSearchResults *window = desk->Start({line});
+    QVERIFY(desk->Finish(window));
+    QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete: 1 Cases Retrieved."_s);
+    QCOMPARE(desk->Folder.TimesLogged(u"Cannot show the search criteria: Subscript out of range"_s),
+             1);
 }
 
 void tst_NameSearchEnds::searchToTheOutcome()
