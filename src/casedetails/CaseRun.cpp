@@ -87,7 +87,7 @@ CaseWindow::RunEnd CaseWindow::runSummary()
         return RunEnd::InvalidCase;
     askAgainWithAnswer();
     if (NotLocated) {
-        // An empty reply that a stop has cut short says nothing of the case.
+        // A stop goes before what the reply said.
         const RunEnd end = endOf(testStopFlags());
         return end == RunEnd::Normal ? RunEnd::NotLocated : end;
     }

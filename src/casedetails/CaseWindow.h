@@ -224,6 +224,7 @@ private:
     void takeSummaryError(const QString &line, SummaryRead &read);
     void askArbitration();
     void evaluateSummary(const QString &request, const SummaryRead &read);
+    bool stopHasCutSummaryShort() const;
     void showSummary();
     void summaryComplete(const QString &request);
     void summaryInvalid(const QString &request, const QString &reason);

@@ -32,6 +32,9 @@ private Q_SLOTS:
     void aCaseStoppedWhilePending();
     void aBankruptcyCaseStoppedWhilePending_data();
     void aBankruptcyCaseStoppedWhilePending();
+    void aSummaryThatAStopHasCutShort_data();
+    void aSummaryThatAStopHasCutShort();
+    void aBankruptcySummaryThatAStopHasCutShort();
     void aTabInSightIsOfferedAtOnce();
     void aStopLeavesTheDocumentsInSight();
     void aTabThatFailedInSightStaysThere();
@@ -149,6 +152,56 @@ void tst_OnDemandOffers::aBankruptcyCaseStoppedWhilePending()
     QCOMPARE(CaptionsOf(window), (QStringList{u"Summary"_s, u"Docket"_s, u"Names"_s}));
     QVERIFY(window->Tab(CaseTab::Summary).TabDone
             && !window->Tab(CaseTab::Summary).TabNotRetrieved);
+}
+
+void tst_OnDemandOffers::aSummaryThatAStopHasCutShort_data()
+{
+    QTest::addColumn<CaseWindowKind>("kind");
+    QTest::addColumn<int>("lines");
+    for (size_t i = 0; i < caseWindowNames.size(); ++i) {
+        for (const int lines : {0, 1, 3})
+            QTest::addRow("%s, %d lines", caseWindowNames.at(i), lines)
+                << static_cast<CaseWindowKind>(i) << lines;
+    }
+    QTest::newRow("civil, the header alone") << CaseWindowKind::Civil << 6;
+}
+
+/// It says nothing of the case: not that there is none, and not that this is all of it.
+void tst_OnDemandOffers::aSummaryThatAStopHasCutShort()
+{
+    QFETCH(CaseWindowKind, kind);
+    QFETCH(int, lines);
+    court->Expect(LineOf(kind, CaseTab::Summary)).Reply(SummaryReplyOf(kind).first(lines));
+    court->Expect(u"\u00A6STOP"_s).Reply({u"EOF~"_s});
+    CaseWindow *window = MakeCase(kind);
+    desk->When([this] { return court->Requests().size() == 1; }, [window] { stop(window); });
+    Run(window);
+    QCOMPARE(TextOf(window, "lblStatus"), u"Search Stopped by User .."_s);
+    QVERIFY(!window->windowTitle().contains(u"Not Located"));
+    QVERIFY(!window->Tab(CaseTab::Summary).TabDone);
+    QVERIFY(CaptionsOf(window).size() > 1);
+    QCOMPARE(ShownFrame(window), panel);
+    Tick(window, {CaseTab::Summary});
+    court->Expect(LineOf(kind, CaseTab::Summary)).Reply(SummaryReplyOf(kind));
+    SearchNowToTheEnd(window);
+    QVERIFY(window->Tab(CaseTab::Summary).TabDone);
+    QCOMPARE(ShownFrame(window), FrameOf(CaseTab::Summary));
+    QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete"_s);
+}
+
+void tst_OnDemandOffers::aBankruptcySummaryThatAStopHasCutShort()
+{
+    court->Expect(bankruptcyLine).Reply({});
+    court->Expect(u"BKRPT~STOP~"_s).Reply({u"EOF~"_s});
+    CaseWindow *window = Bankruptcy(bankruptcyLine);
+    desk->When([this] { return court->Requests().size() == 1; }, [window] { stop(window); });
+    Run(window);
+    QCOMPARE(TextOf(window, "lblStatus"), u"Search Stopped by User .."_s);
+    QVERIFY(TextOf(window, "lblCaseTitle") != u"N/A");
+    QCOMPARE(ShownFrame(window), panel);
+    court->Expect(bankruptcyLine).Reply(bankruptcySummary());
+    SearchNowToTheEnd(window);
+    QCOMPARE(TextOf(window, "lblCaseTitle"), u"SMITH (Chapter 7)"_s);
 }
 
 /// Nobody looks at an empty grid and takes it for the whole.
