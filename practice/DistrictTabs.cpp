@@ -165,8 +165,9 @@ void sayNonCivilSummary(const TabTask &task, const OtherFile &found, Reply &repl
     for (const ChargeRecord &one : ChargesOf(file, today))
         say(u"Violation %1:"_s.arg(one.count), one.text);
     const std::vector<DocketEntry> docket = DocketOf(file, today);
-    say(u"Last Entry:"_s, docket.back().text);
-    say(u"Entered:"_s, DateText(docket.back().date));
+    // What belongs together comes in one line, and stands side by side then.
+    reply.Say(CaseLine(
+        {u"Last Entry:"_s, docket.back().text, u"Entered:"_s, DateText(docket.back().date)}));
 }
 
 void sayTab(const TabTask &task, const OtherFile &found, Reply &reply)

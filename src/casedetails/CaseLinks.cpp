@@ -6,6 +6,7 @@
 #include "core/Log.h"
 #include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
+#include "courts/CaseMarks.h"
 #include "session/LoginOffer.h"
 #include "session/NewWindow.h"
 
@@ -15,7 +16,14 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr QStringView retrieveCommand = u"RETRIEVECOMMAND=";
+/// The request in a line of List1, which holds the command and the number of its row, each closed
+/// by
+/// "^". "" for a row without a command.
+QString requestIn(const QString &line)
+{
+    const QString command = line.section(u'^', 0, -3);
+    return HoldsRetrieveCommand(command) ? TrimBlanks(WithoutRetrieveCommand(command)) : QString();
+}
 
 /// The first cell of a row that reads like a number of the Superior Courts, "" when none does.
 QString caseNumberIn(const FlexGrid &grid, int row)
@@ -48,10 +56,11 @@ void frmCaseDetails::GridSummary_DblClick(int row)
         return;
     // In a list of several cases this is the type, and a row without one is no case.
     const QString number = grid.Cell(row, 1);
-    if (number.isEmpty() || !mayBegin(this))
+    const QString listed = requestIn(List1.value(row - 1));
+    if (number.isEmpty() || (chkBKYass && listed.isEmpty()) || !mayBegin(this))
         return;
     if (chkBKYass)
-        openListedCase(row);
+        openListedCase(listed);
     else
         DoCaseNumberSearchAss(number);
 }
@@ -66,10 +75,8 @@ void frmCaseDetails::GridJudgment_DblClick(int row)
     DoCaseNumberSearchJudgment(number);
 }
 
-void frmCaseDetails::openListedCase(int row)
+void frmCaseDetails::openListedCase(const QString &request)
 {
-    // A line holds the command and the number of its row, each closed by "^".
-    const QStringList fields = List1.value(row - 1).split(u'^');
     NewWindow form(new frmCaseDetails);
     form->SetCourtName(lblCourtName());
     form->lblState = lblState;
@@ -79,8 +86,6 @@ void frmCaseDetails::openListedCase(int row)
     form->chkBK = true;
     form->SetCaseTitle(u"Bankruptcy"_s);
     form->ClientAcctgCode = ClientAcctgCode;
-    QString command = fields.filter(retrieveCommand).value(0);
-    const QString request = TrimBlanks(command.remove(retrieveCommand.toString()));
     form->tboxCaseNumberQueue = request;
     form->lboxTabReqQueue.Clear();
     form->lboxTabReqQueue.AddItem(request);

@@ -48,6 +48,7 @@ void CaseWindow::reportEmptyQueue()
            u"No Search Requests For Case Details Can Be Located! This Form will be closed when you "
            "select OK. The Request Queue Appears to be Empty."_s,
            u"Search Queue Empty .."_s, MsgButtons::Ok, MsgIcon::Exclamation);
+    WriteAppInfo(u"EXITED - SEARCH QUEUE EMPTY - from ProcessSearchReqeusts."_s);
     closesUnasked = true;
     Unload();
 }
@@ -65,9 +66,12 @@ CaseWindow::RunEnd CaseWindow::runTabs()
         const RunEnd end = runTab(*tab);
         if (end != RunEnd::Normal)
             return end;
-        // A bankruptcy case has nothing behind its docket.
-        if (IsBankruptcy() && *tab == CaseTab::Docket)
+        // The run of a bankruptcy case is over behind its docket; a court that names something else
+        // after it is asked for that when the user wants it.
+        if (IsBankruptcy() && *tab == CaseTab::Docket) {
+            leaveUnretrieved();
             break;
+        }
     }
     return RunEnd::Normal;
 }
@@ -82,7 +86,7 @@ CaseWindow::RunEnd CaseWindow::runSummary()
         return RunEnd::InvalidCase;
     askAgainWithAnswer();
     if (NotLocated) {
-        // An empty reply that a stop has cut short says nothing of the case.
+        // A stop goes before what the reply said.
         const RunEnd end = endOf(testStopFlags());
         return end == RunEnd::Normal ? RunEnd::NotLocated : end;
     }
@@ -211,9 +215,11 @@ void CaseWindow::endRun(RunEnd end)
         endInError();
         break;
     case RunEnd::NotLocated:
+        WriteAppInfo(u"NORMAL EXIT - CASE NOT LOCATED in ProcessSearchReqeusts."_s);
         // Its turn is given back and its status said already.
         printButton->setEnabled(true);
         leaveUnretrieved();
+        printIfAsked();
         break;
     case RunEnd::Fatal:
         // The link broke under it: it keeps its place until it is closed, so that nothing is sent
@@ -265,9 +271,7 @@ void CaseWindow::endStopped()
     printButton->setEnabled(true);
     SearchStopped = true;
     // The list of documents is no part of what a stop leaves out.
-    const bool documents = Tab(CaseTab::Documents).TabNotRetrieved;
-    leaveUnretrieved();
-    TabOf(CaseTab::Documents).TabNotRetrieved = documents;
+    leaveUnretrieved(Documents::AsTheyAre);
 }
 
 void CaseWindow::endClosed()

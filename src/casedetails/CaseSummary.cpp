@@ -19,6 +19,20 @@ constexpr QStringView caseNotFound = u"Case Not Found";
 constexpr QStringView notAvailable = u"N/A";
 constexpr QStringView warningsStatus = u"Search Warnings - See Summary";
 constexpr QStringView idahoIsDown = u"Idaho courts are currently unavailable, please try later.";
+/// The fewest lines with which there is a case: its header, and an item in a civil one of the
+/// District and Municipal Courts.
+constexpr qsizetype fewestLinesOf(CaseKind kind)
+{
+    switch (kind) {
+    case CaseKind::State:
+        return 4;
+    case CaseKind::NonCivil:
+        return 6;
+    case CaseKind::Civil:
+        return 7;
+    }
+    return 0;
+}
 } // namespace
 
 /// What the lines of a Summary reply amount to.
@@ -154,6 +168,8 @@ void CaseWindow::evaluateSummary(const QString &request, const SummaryRead &read
         SetStatusText(warningsStatus.toString());
         summaryIncomplete(request, read.ErrorText);
         return;
+    } else if (stopHasCutSummaryShort()) {
+        return;
     } else if (IsBankruptcy() && lboxResponses.ListCount() == 0) {
         lboxResponses.AddItem(caseNotFound.toString());
         SetCaseTitle(notAvailable.toString());
@@ -161,6 +177,15 @@ void CaseWindow::evaluateSummary(const QString &request, const SummaryRead &read
     }
     showSummary();
     summaryComplete(request);
+}
+
+/// A reply that ended with a stop before there was a case in it says nothing of the case: not that
+/// there is none, and not that this is all of it. The run ends with the stop, and the Summary
+/// offers itself as one that has not come.
+bool CaseWindow::stopHasCutSummaryShort() const
+{
+    return (StopRequested || Global.bStopRequested)
+           && lboxResponses.ListCount() < fewestLinesOf(kind);
 }
 
 void CaseWindow::showSummary()

@@ -355,13 +355,21 @@ void CaseWindow::StopPressed()
     StopBlinking();
 }
 
-/// Every tab of the strip that has neither been left out nor come offers to be fetched.
-void CaseWindow::leaveUnretrieved()
+/// Every tab of the strip that has neither been left out nor come offers to be fetched, one in
+/// sight at once: an empty grid would be taken for the whole. What has failed has something to be
+/// read, and asks when it is clicked.
+void CaseWindow::leaveUnretrieved(Documents documents)
 {
+    const std::optional<CaseTab> inSight = CaseTabOf(tabStrip->SelectedCaption());
     for (int i = 0; i < caseTabCount; ++i) {
-        CaseTabState &state = tabs.at(static_cast<size_t>(i));
-        if (!state.TabNotRetrieved && !state.TabDone && TabExists(static_cast<CaseTab>(i)))
-            state.TabNotRetrieved = true;
+        const auto tab = static_cast<CaseTab>(i);
+        CaseTabState &state = TabOf(tab);
+        if (state.TabNotRetrieved || state.TabDone || !TabExists(tab)
+            || (tab == CaseTab::Documents && documents == Documents::AsTheyAre))
+            continue;
+        state.TabNotRetrieved = true;
+        if (tab == inSight && !state.TabIncomplete && !IsUnloaded())
+            showFrame(tab);
     }
 }
 
@@ -374,12 +382,21 @@ void CaseWindow::ShowStopped(StopCase stopCase)
         WriteAppInfo(onDemand ? u"INCOMPLETE EXIT - from OnDemandTimer1 - Case Details."_s
                               : u"INCOMPLETE EXIT - from Timer1 - Case Details."_s);
         SetWarning(u"Search Stopped .."_s);
-        leaveUnretrieved();
     }
     // A run that is using the link ends in its own time.
     if (!HasTurn)
-        offerNextRun();
+        offerAll();
     voice->SayState();
+}
+
+/// Nothing more comes by itself. Before its first tick the case has neither its tabs nor the lines
+/// that they are asked for with.
+void CaseWindow::offerAll()
+{
+    if (!RequestsBuilt)
+        BeginTick();
+    leaveUnretrieved();
+    offerNextRun();
 }
 
 /// The run of a window that has gone meanwhile is over.

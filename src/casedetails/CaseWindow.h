@@ -177,7 +177,10 @@ private:
     void showFrame(CaseTab tab);
     bool askOnDemand(CaseTabState &state);
     void printDetails();
-    void leaveUnretrieved();
+    /// Whether the list of documents counts.
+    enum class Documents { Too, AsTheyAre };
+    void leaveUnretrieved(Documents documents = Documents::Too);
+    void offerAll();
     void withdrawIfGone();
 
     // The first run
@@ -222,6 +225,7 @@ private:
     void takeSummaryError(const QString &line, SummaryRead &read);
     void askArbitration();
     void evaluateSummary(const QString &request, const SummaryRead &read);
+    bool stopHasCutSummaryShort() const;
     void showSummary();
     void summaryComplete(const QString &request);
     void summaryInvalid(const QString &request, const QString &reason);

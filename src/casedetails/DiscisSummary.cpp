@@ -1,7 +1,6 @@
 #include "casedetails/DiscisSummary.h"
 
 #include "casedetails/GridGrammar.h"
-#include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
 
 #include <array>
@@ -43,16 +42,11 @@ QString sentence(const QString &line)
     return TrimBlanks(QString(line).replace(fieldMark, u' '));
 }
 
-/// The value of a header line; a line that is missing has an empty one. So has a line without the
-/// field in a reply that is too short for a header: that is a word of the court about the case, and
-/// no reason to keep the link from everybody else. In a reply that is long enough it is an error.
+/// The value of a header line. A line that is missing, or lacks the field, has an empty one: one
+/// line of the header is no reason to lose the rest of the case.
 QString headerValue(const QStringList &lines, qsizetype line)
 {
-    const QStringList fields = lines.value(line).split(fieldMark);
-    const bool tooShort = lines.size() < static_cast<qsizetype>(nonCivilHeader.size());
-    if (fields.size() < 2 && (tooShort || lines.at(line).isEmpty()))
-        return {};
-    return TrimBlanks(FieldAt(fields, 1));
+    return TrimBlanks(lines.value(line).split(fieldMark).value(1));
 }
 
 void fillHeader(DiscisSummaryView &view, const Header &header, const QStringList &lines)
@@ -82,21 +76,50 @@ DiscisSummaryView notLocated()
     return view;
 }
 
-/// The item and its description, twice in a row.
-GridTable pairGrid(const QStringList &items)
+/// The items of a line, each with its description. A pair in which there is nothing is none.
+QList<QStringList> pairsOf(const QString &line)
 {
-    constexpr qsizetype cellsOfRow = 4;
-    GridTable grid{
-        {{u"Item"_s, 15}, {u"Description"_s, 35}, {u"Item"_s, 15}, {u"Description"_s, 35}},
-        {},
-        true};
-    for (const QString &item : items) {
-        const QStringList fields = item.split(fieldMark);
-        if (grid.Rows.isEmpty() || grid.Rows.back().size() == cellsOfRow)
-            grid.Rows.append(QStringList());
-        grid.Rows.back() += {fields.front(), fields.value(1)};
+    QList<QStringList> pairs;
+    const QStringList fields = line.split(fieldMark);
+    for (qsizetype field = 0; field < fields.size(); field += 2) {
+        const QStringList pair{fields[field], fields.value(field + 1)};
+        if (!TrimBlanks(pair.join(QString())).isEmpty())
+            pairs.append(pair);
     }
-    return grid;
+    return pairs;
+}
+
+/// Two pairs in a row. A line of several pairs has rows of its own: the court has put side by side
+/// what belongs together. Pairs that come one a line share a row with the next that does.
+QList<QStringList> pairRows(const QStringList &lines)
+{
+    QList<QStringList> rows;
+    bool hasRoom = false; // the last row is a pair that came alone
+    for (const QString &line : lines) {
+        const QList<QStringList> pairs = pairsOf(line);
+        if (pairs.isEmpty())
+            continue;
+        const bool alone = pairs.size() == 1;
+        if (alone && hasRoom) {
+            rows.back() += pairs.front();
+            hasRoom = false;
+            continue;
+        }
+        for (qsizetype pair = 0; pair < pairs.size(); pair += 2)
+            rows.append(pairs[pair] + pairs.value(pair + 1));
+        hasRoom = alone;
+    }
+    return rows;
+}
+
+GridTable pairGrid(const QStringList &lines)
+{
+    const QList<QStringList> rows = pairRows(lines);
+    if (rows.isEmpty())
+        return OneCellTable(u"No Additional Summary Details Available."_s);
+    return {{{u"Item"_s, 15}, {u"Description"_s, 35}, {u"Item"_s, 15}, {u"Description"_s, 35}},
+            rows,
+            true};
 }
 
 /// Nothing of an earlier try stays beside a summary that has come.
@@ -121,9 +144,7 @@ DiscisSummaryView nonCivilSummary(const QStringList &lines)
     }
     clearNotes(view);
     fillHeader(view, nonCivilHeader, lines);
-    const QStringList items = itemsBehind(lines);
-    view.Grid = items.isEmpty() ? OneCellTable(u"No Additional Summary Details Available."_s)
-                                : pairGrid(items);
+    view.Grid = pairGrid(itemsBehind(lines));
     return view;
 }
 

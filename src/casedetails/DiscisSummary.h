@@ -28,5 +28,6 @@ struct DiscisSummaryView
     GridTable Grid;
 };
 
-/// Reads the reply. Throws error 9 when a header line has too few fields.
+/// Reads the reply, whatever its lines hold. A header line that is missing or lacks its field
+/// counts as empty.
 DiscisSummaryView ReadDiscisSummary(CaseKind kind, const QStringList &lines);

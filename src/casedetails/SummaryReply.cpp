@@ -1,8 +1,8 @@
 #include "casedetails/SummaryReply.h"
 
 #include "casedetails/GridGrammar.h"
-#include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
+#include "courts/CaseMarks.h"
 #include "courts/CaseTypes.h"
 
 #include <algorithm>
@@ -12,7 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 constexpr QChar fieldMark(u'~');
-constexpr QStringView commandMark = u"RETRIEVECOMMAND=";
 constexpr QStringView notLocated = u"This case was not located.";
 constexpr QStringView notAvailable = u"N/A";
 constexpr QStringView notFound = u"Case Not Found";
@@ -77,11 +76,6 @@ QStringList splitByLastCharacter(const QString &line)
     return line.isEmpty() ? QStringList() : line.split(line.back());
 }
 
-QString withoutCommandMark(const QString &field)
-{
-    return TrimBlanks(QString(field).remove(commandMark.toString(), Qt::CaseInsensitive));
-}
-
 QString singleBlanks(const QString &text)
 {
     return QString(text).replace(u"  "_s, u" "_s);
@@ -92,17 +86,17 @@ GridTable itemGrid()
     return {{{u"Item"_s, 30}, {u"Description"_s, 70}}, {}, true};
 }
 
-/// Field 1 of a header line. A reply that is too short for a case may lack the line or the field:
-/// then nothing is set and the grid tells the rest. In a reply that is long enough a line without
-/// the field is an error.
+/// Field 1 of a header line. A line that lacks it has an empty one: the rest of the case is not to
+/// be lost over it. Nothing where the reply ends before the line, or where a reply that is too
+/// short for a case lacks the field: what the window shows stays then, and the grid tells the rest.
 std::optional<QString> headerField(const QStringList &lines, qsizetype line)
 {
-    const QStringList fields = lines.value(line).split(fieldMark);
-    if (lines.size() < fewestLines && fields.size() < 2)
-        return std::nullopt;
     if (line >= lines.size())
         return std::nullopt;
-    return FieldAt(fields, 1);
+    const QStringList fields = lines[line].split(fieldMark);
+    if (lines.size() < fewestLines && fields.size() < 2)
+        return std::nullopt;
+    return fields.value(1);
 }
 
 /// The case is not to be shown: a message in its place, Summary is the only tab that is left, and
@@ -217,9 +211,9 @@ void readTabDef(SummaryView &view, const QString &line)
     // Summary is on the screen already, so it is the first tab whatever the line says.
     QStringList tabs{CaseTabRowOf(CaseTab::Summary).caption.toString()};
     for (const QString &field : splitByLastCharacter(line)) {
-        if (!holds(field, commandMark))
+        if (!HoldsRetrieveCommand(field))
             continue;
-        const QString request = withoutCommandMark(field);
+        const QString request = TrimBlanks(WithoutRetrieveCommand(field));
         view.TabRequests += request;
         if (const std::optional<CaseTab> tab = tabOfRequest(request)) {
             const QString caption = CaseTabRowOf(*tab).caption.toString();
@@ -271,7 +265,7 @@ SummaryView bankruptcyList(const QStringList &lines)
     SummaryView view;
     GridTable grid{{{u"Case#"_s, 15}, {u"Type"_s, 10}, {u"Title"_s, 74}}, {}, true};
     for (const QString &line : lines) {
-        if (!holds(line, commandMark))
+        if (!HoldsRetrieveCommand(line))
             continue;
         const QStringList fields = splitByLastCharacter(line);
         grid.Rows.append({TrimBlanks(fields.value(0)), TrimBlanks(fields.value(2)),

@@ -63,6 +63,7 @@ struct SummaryContext
     QString CourtName;      ///< lblCourtName
 };
 
-/// Reads a whole reply of the Superior, Oregon, Idaho or bankruptcy courts. Throws error 9 when a
-/// header line has too few fields, unless the reply is too short for a case: then the grid says so.
+/// Reads a whole reply of the Superior, Oregon, Idaho or bankruptcy courts, whatever its lines
+/// hold. A header line without its field has an empty one; in a reply that is too short for a case
+/// it sets nothing, and the grid says so.
 SummaryView ReadSummary(const SummaryContext &context, const QStringList &lines);

@@ -44,7 +44,7 @@ private:
     void applySummary(const SummaryView &view);
     void GridSummary_DblClick(int row);
     void GridJudgment_DblClick(int row);
-    void openListedCase(int row);
+    void openListedCase(const QString &request);
     bool openCaseOfCounty(const QString &number, const QString &procedure);
 
     const std::unique_ptr<Ui::frmCaseDetails> ui;

@@ -63,6 +63,20 @@ QList<int> filled(const QList<ColumnShare> &columns, int width)
 }
 } // namespace
 
+QList<ColumnShare> SharesOf(const QList<double> &percents)
+{
+    const auto isZero = [](double percent) { return percent == 0.0; };
+    const bool nothingSeen = std::all_of(percents.begin(), percents.end(), isZero);
+    QList<ColumnShare> shares;
+    for (const double percent : percents) {
+        if (nothingSeen)
+            shares.append(ColumnShare{whole / static_cast<double>(percents.size())});
+        else
+            shares.append(ColumnShare{percent, isZero(percent) ? 0 : -1});
+    }
+    return shares;
+}
+
 bool FillsGrid(const QList<ColumnShare> &columns)
 {
     double sum = 0.0;

@@ -6,8 +6,13 @@
 struct ColumnShare
 {
     double Percent = 1;
-    int Fixed = -1; ///< its width when that is settled already, in pixels
+    int Fixed = -1; ///< its width when that is settled already, in pixels; 0 for none at all
 };
+
+/// The claims of columns that were given these widths, in hundredths. One of 0 keeps its column out
+/// of sight. When every one is 0 the columns share the grid evenly: rows that nobody can see would
+/// look like a failure.
+QList<ColumnShare> SharesOf(const QList<double> &percents);
 
 /// Whether the columns are meant to fill the grid: their hundredths make a whole, or so nearly that
 /// only rounding can be the cause, as with three columns of 33.

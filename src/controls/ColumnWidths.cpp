@@ -16,6 +16,15 @@ QString storeSection()
 }
 } // namespace
 
+int LastColumnInSight(const QTableView *table)
+{
+    const QHeaderView *header = table->horizontalHeader();
+    int place = header->count() - 1;
+    while (place >= 0 && header->isSectionHidden(header->logicalIndex(place)))
+        --place;
+    return header->logicalIndex(place);
+}
+
 ColumnWidths::ColumnWidths(QTableView *table) : QObject(table), view(table)
 {
     view->horizontalHeader()->viewport()->installEventFilter(this);
@@ -110,11 +119,10 @@ QString ColumnWidths::nameOf(int column) const
     return earlier == 0 ? name : QString(name + u'#' + QString::number(earlier));
 }
 
-/// The last column takes the room that is left: its width follows from the others'.
+/// The last column in sight takes the room that is left: its width follows from the others'.
 bool ColumnWidths::isStretched(int column) const
 {
-    const QHeaderView *header = view->horizontalHeader();
-    return header->stretchLastSection() && header->visualIndex(column) + 1 == header->count();
+    return view->horizontalHeader()->stretchLastSection() && column == LastColumnInSight(view);
 }
 
 QList<int> ColumnWidths::widths() const

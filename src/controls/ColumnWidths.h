@@ -7,6 +7,10 @@
 
 class QTableView;
 
+/// The last column of a table that is not hidden: the one that takes the room that is left, where
+/// one does. -1 when there is none.
+int LastColumnInSight(const QTableView *table);
+
 /// The widths of a table's columns: the told ones, until the user drags a column; from then on that
 /// column has the user's width in every list of this kind, today and after the next start.
 class ColumnWidths : public QObject

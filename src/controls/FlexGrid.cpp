@@ -1,6 +1,5 @@
 #include "controls/FlexGrid.h"
 
-#include "controls/ColumnShares.h"
 #include "controls/ColumnWidths.h"
 #include "controls/GridHeader.h"
 #include "controls/RowFilter.h"
@@ -71,6 +70,8 @@ FlexGrid::FlexGrid(QWidget *parent)
 {
     setHorizontalHeader(header);
     setModel(&content);
+    // Behind the header, which has to know the columns, and ahead of whoever asks which are shown.
+    connect(&content, &QAbstractItemModel::modelReset, this, &FlexGrid::hideColumns);
     setItemDelegate(new WrappedCellDelegate(this));
     SetTableLook(this);
     setVerticalScrollMode(ScrollPerPixel);
@@ -163,26 +164,40 @@ void FlexGrid::setLeastWidth()
                                   + 2 * wrappedTextSide);
 }
 
+QList<ColumnShare> FlexGrid::shares() const
+{
+    QList<double> percents;
+    for (const GridColumn &column : content.Table().Columns)
+        percents.append(column.Percent);
+    return SharesOf(percents);
+}
+
+void FlexGrid::hideColumns()
+{
+    const QList<ColumnShare> columns = shares();
+    for (int column = 0; column < columns.size(); ++column)
+        setColumnHidden(column, columns[column].Fixed == 0);
+}
+
 void FlexGrid::shareColumns()
 {
     if (!followsWindow || tools->Widths()->InHand())
         return;
-    QList<ColumnShare> shares;
-    for (const GridColumn &column : content.Table().Columns)
-        shares.append(ColumnShare{column.Percent});
-    const bool fills = FillsGrid(shares);
+    QList<ColumnShare> columns = shares();
+    const bool fills = FillsGrid(columns);
     header->setStretchLastSection(fills);
     ColumnWidths *widths = tools->Widths();
-    for (int column = 0; column < shares.size(); ++column) {
-        const bool rest = fills && column + 1 == shares.size();
-        if (!rest && widths->IsUsers(column))
-            shares[column].Fixed = columnWidth(column);
+    const int last = LastColumnInSight(this);
+    for (int column = 0; column < columns.size(); ++column) {
+        const bool rest = fills && column == last;
+        if (!rest && !isColumnHidden(column) && widths->IsUsers(column))
+            columns[column].Fixed = columnWidth(column);
     }
     const int least = header->minimumSectionSize();
-    QList<int> pixels = ColumnPixels(shares, viewport()->width(), least);
+    QList<int> pixels = ColumnPixels(columns, viewport()->width(), least);
     // The last column takes what is left; it would not become narrower than it was set.
     if (fills)
-        pixels.last() = least;
+        pixels[last] = least;
     for (int column = 0; column < pixels.size(); ++column)
         widths->SetTold(column, TwipsFromPixels(pixels[column]));
     header->StretchLast();
@@ -296,9 +311,12 @@ int FlexGrid::measuredHeight(int row)
     const QStringList &cells = content.Table().Rows[row];
     const qsizetype columns = std::min(cells.size(), widthsMeasuredFor.size());
     int text = fontMetrics().height();
-    for (qsizetype column = 0; column < columns; ++column)
-        text = std::max(text, WrappedTextHeight(cells[column], font(),
-                                                widthsMeasuredFor[column] - 2 * wrappedTextSide));
+    for (qsizetype column = 0; column < columns; ++column) {
+        const int width = widthsMeasuredFor[column];
+        if (width > 0) // What is out of sight makes no row higher.
+            text = std::max(text,
+                            WrappedTextHeight(cells[column], font(), width - 2 * wrappedTextSide));
+    }
     // All rows together have to stay a number.
     const int most =
         std::min(mostRowPixels, std::numeric_limits<int>::max() / 2 / content.rowCount());
@@ -321,7 +339,8 @@ int FlexGrid::likelyHeight() const
         qsizetype most = 1;
         for (qsizetype column = 0; column < std::min(cells.size(), widths.size()); ++column) {
             const qsizetype text = cells[column].size() * fontMetrics().averageCharWidth();
-            most = std::max(most, text / std::max(widths[column], 1) + 1);
+            if (widths[column] > 0)
+                most = std::max(most, text / widths[column] + 1);
         }
         lines += most;
         ++sampled;

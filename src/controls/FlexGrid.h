@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/ColumnShares.h"
 #include "controls/GridModel.h"
 
 #include <QTableView>
@@ -23,7 +24,8 @@ public:
     explicit FlexGrid(QWidget *parent = nullptr);
 
     /// Shows this table in the place of whatever was shown. The user's column widths are kept for
-    /// all grids of this object name.
+    /// all grids of this object name. A column whose width is 0 is out of sight, and with it for
+    /// everything that works on what is shown: copying, exporting, finding.
     void Show(const GridTable &newTable);
     const GridTable &Table() const { return content.Table(); }
 
@@ -34,7 +36,8 @@ public:
     /// outside.
     QString Cell(int row, int column) const;
 
-    /// Left and at the top until it is set; kept whatever is shown.
+    /// Left and at the top until it is set; kept whatever is shown. A message in the place of a
+    /// table stands left all the same.
     void SetColumnAlignment(int column, Qt::Alignment alignment);
     Qt::Alignment ColumnAlignment(int column) const;
 
@@ -71,6 +74,8 @@ private:
     void activate(int row);
     void sayRows();
     void layOut();
+    QList<ColumnShare> shares() const;
+    void hideColumns();
     void shareColumns();
     QList<int> columnWidths() const;
     void userChangedColumns(bool reset);

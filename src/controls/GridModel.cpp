@@ -26,7 +26,8 @@ void GridModel::SetAlignment(int column, Qt::Alignment alignment)
 
 Qt::Alignment GridModel::Alignment(int column) const
 {
-    return alignments.value(column, Qt::AlignLeft | Qt::AlignTop);
+    constexpr Qt::Alignment leftTop = Qt::AlignLeft | Qt::AlignTop;
+    return table.IsMessage() ? leftTop : alignments.value(column, leftTop);
 }
 
 int GridModel::rowCount(const QModelIndex &parent) const

@@ -22,7 +22,8 @@ public:
     /// The text of a cell, row 0 being the first row below the headers. Empty outside.
     QString Cell(int row, int column) const;
 
-    /// The alignment stays with the place of the column, whatever table comes.
+    /// The alignment stays with the place of the column, whatever table comes. A message in the
+    /// place of a table stands left meanwhile.
     void SetAlignment(int column, Qt::Alignment alignment);
     Qt::Alignment Alignment(int column) const;
 

@@ -21,5 +21,8 @@ struct GridTable
     /// The headers are the grid's row 0. Without them row 0 is the first of Rows.
     bool HasHeader = true;
 
+    /// Words in the place of a table: one column, which has no name.
+    bool IsMessage() const { return Columns.size() == 1 && Columns.first().Header.isEmpty(); }
+
     bool operator==(const GridTable &) const = default;
 };

@@ -7,6 +7,8 @@
 namespace {
 /// The longest mark first: each is the beginning of the text behind which the number stands.
 constexpr std::array<QStringView, 3> marks{u">>*", u">>", u"*"};
+
+constexpr QStringView retrieveCommand = u"RETRIEVECOMMAND=";
 } // namespace
 
 QString CaseNumberOf(const QString &cell)
@@ -16,4 +18,14 @@ QString CaseNumberOf(const QString &cell)
             return TrimBlanks(cell.sliced(mark.size()));
     }
     return TrimBlanks(cell);
+}
+
+bool HoldsRetrieveCommand(const QString &text)
+{
+    return text.contains(retrieveCommand, Qt::CaseInsensitive);
+}
+
+QString WithoutRetrieveCommand(const QString &text)
+{
+    return QString(text).remove(retrieveCommand.toString(), Qt::CaseInsensitive);
 }

@@ -209,6 +209,8 @@ bool NameResultsWindow::QueryUnload(UnloadMode mode)
         WriteAppInfo(u"Unconditional Form Close Called. Closing Name Search form."_s);
         return true;
     }
+    if (closesUnasked)
+        return true;
     return MayClose(mode, u"Are you sure you want to close this form?\r\n\r\nAny data that has not "
                           "been printed or saved will be lost!"_s);
 }

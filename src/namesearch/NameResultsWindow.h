@@ -158,6 +158,7 @@ private:
     int rowsOfRequest = 0;
     bool tooManyHits = false;
     bool CriteriaShown = false;
+    bool closesUnasked = false;      ///< the box has told why, and the user has answered it
     std::optional<int> pendingCount; ///< what the count will read
     bool sortFlag = false;           ///< turned by every click on a header
     bool stoppedByUser = false;      ///< this time; StopRequested is for all pages of an index

@@ -46,8 +46,9 @@ void NameResultsWindow::reportEmptyQueue()
            u"No Search Requests Can Be Located! This Form will be closed when you select OK. The "
            "Request Queue Appears to be Empty."_s,
            u"Search Queue Empty .."_s, MsgButtons::Ok, MsgIcon::Exclamation);
+    WriteAppInfo(u"EXITED - SEARCH QUEUE EMPTY - from ProcessSearchReqeusts."_s);
     ReleaseTurnOf(txtMasterKey);
-    lbl911 = u"T"_s;
+    closesUnasked = true;
     Unload();
 }
 

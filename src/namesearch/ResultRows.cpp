@@ -1,6 +1,7 @@
 #include "namesearch/ResultRows.h"
 
 #include "core/TextUtilities.h"
+#include "courts/CaseMarks.h"
 
 #include <array>
 
@@ -44,7 +45,7 @@ ResultRow bankruptcyRow(const QStringList &fields)
         return row;
     }
     row.Cells.append(fields[bankruptcyRole] + u" / "_s + fields[bankruptcySecondRole]);
-    row.Cells.append(QString(fields[bankruptcyCommand]).remove(u"RETRIEVECOMMAND="_s));
+    row.Cells.append(WithoutRetrieveCommand(fields[bankruptcyCommand]));
     return row;
 }
 } // namespace

@@ -2,10 +2,10 @@
 
 #include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
+#include "courts/CaseTypes.h"
 #include "courts/Counties.h"
 #include "courts/DiscisCourts.h"
 
-#include <algorithm>
 #include <array>
 
 using namespace Qt::StringLiterals;
@@ -22,9 +22,6 @@ constexpr qsizetype longestWholeCounty = 20;
 constexpr qsizetype longestCountyHead = 35;
 constexpr QChar indexDelimiter(u'~');
 constexpr qsizetype oregonCodeLength = 3;
-
-/// Idaho's bankruptcy court is none of these: its line cannot be read, and what is shown stays.
-constexpr std::array<QStringView, 3> givenStates{u"ORBK", u"WAEBK", u"WAWBK"};
 
 /// Oregon and Idaho send codes; each is replaced over the whole text, in this order.
 struct TypeWord
@@ -111,7 +108,7 @@ SearchCriteria CriteriaOf(const QString &requestLine, const CriteriaSource &sour
 
 bool KeepsGivenCriteria(const QString &state)
 {
-    return std::find(givenStates.begin(), givenStates.end(), state) != givenStates.end();
+    return IsBankruptcyCourt(state);
 }
 
 SearchCriteria DiscisCriteria(const QString &requestLine, const QString &courtCounty)

@@ -40,7 +40,8 @@ const QString errorExit = u"SEARCH ERROR EXIT - from ProcessSearchReqeusts."_s;
 const QString invalidExit = u"NORMAL EXIT - INVALID CASE NUMBER in ProcessSearchReqeusts."_s;
 const QString closeExit =
     u"SEARCH FORM CLOSED BY USER - from Process Search Reqeusts in Case Details."_s;
-const QStringList allExits{stopExit, normalExit, errorExit, invalidExit, closeExit};
+const QString nowhereExit = u"NORMAL EXIT - CASE NOT LOCATED in ProcessSearchReqeusts."_s;
+const QStringList allExits{stopExit, normalExit, errorExit, invalidExit, closeExit, nowhereExit};
 
 /// What is seen of a run at its end.
 struct Ending
@@ -236,7 +237,7 @@ void tst_CaseEnds::everyEnd_data()
     row("a tab broke down", Way::TabBreaksDown,
         {{}, u"Retrieving Docket .."_s, u"blue"_s, {}, false, true, true, false, false, false});
     row("not located", Way::NothingThere,
-        {{},
+        {nowhereExit,
          u"Search Stopped. Case Not Located."_s,
          u"blue"_s,
          {},
@@ -245,7 +246,7 @@ void tst_CaseEnds::everyEnd_data()
          false,
          true,
          false,
-         false});
+         true});
 }
 
 void tst_CaseEnds::aClosedCaseDoesNotPrint()

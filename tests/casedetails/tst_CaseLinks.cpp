@@ -60,6 +60,8 @@ private Q_SLOTS:
     void aShortListIsAListToo();
     void aCaseOfTheList();
     void aCaseOfTheListNeedsNoNumber();
+    void aCommandInAnyLettersOpensItsCase_data();
+    void aCommandInAnyLettersOpensItsCase();
     void anAssociatedCase();
     void theEnterKeyOpensItToo();
     void whatOpensNothing_data();
@@ -176,6 +178,29 @@ void tst_CaseLinks::aCaseOfTheListNeedsNoNumber()
     QCOMPARE(opened->tboxCaseNumberQueue, u"BKRPT~SUMMARY~1~"_s);
 }
 
+void tst_CaseLinks::aCommandInAnyLettersOpensItsCase_data()
+{
+    QTest::addColumn<QString>("mark");
+    QTest::newRow("as usual") << u"RETRIEVECOMMAND="_s;
+    QTest::newRow("mixed") << u"RetrieveCommand="_s;
+    QTest::newRow("small") << u"retrievecommand= "_s;
+}
+
+void tst_CaseLinks::aCommandInAnyLettersOpensItsCase()
+{
+    QFETCH(QString, mark);
+    const QString command = u"BKRPT~SUMMARY~99^20077~"_s;
+    const QStringList reply{u"MULTIPLE"_s, u"99-20077/"_s + mark + command + u"/BK/DOE/"_s,
+                            u"EOF~"_s};
+    const frmCaseDetails *window = summarised(u"WAWBK"_s, reply);
+    QCOMPARE(summaryCells(window).size(), 2);
+    doubleClick(window, CaseTab::Summary, 1, 0);
+    const frmCaseDetails *opened = otherThan(window);
+    QVERIFY(opened);
+    QCOMPARE(opened->tboxCaseNumberQueue, command);
+    QCOMPARE(opened->lboxTabReqQueue.Lines(), QStringList{command});
+}
+
 void tst_CaseLinks::anAssociatedCase()
 {
     frmCaseDetails *window =
@@ -223,6 +248,11 @@ void tst_CaseLinks::whatOpensNothing_data()
     QTest::newRow("another name for it")
         << u"WA"_s << superiorWith(u"Associated Cases:~02-2-00456-7~"_s) << 2;
     QTest::newRow("a row of the list without a type") << u"WAWBK"_s << severalCases << 2;
+    QTest::newRow("a row of the list whose command stands elsewhere")
+        << u"WAWBK"_s
+        << QStringList{u"MULTIPLE"_s, u"99-20077/x/BK/RETRIEVECOMMAND=BKRPT~SUMMARY~1~/"_s,
+                       u"EOF~"_s}
+        << 1;
 }
 
 void tst_CaseLinks::whatOpensNothing()

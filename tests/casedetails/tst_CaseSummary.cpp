@@ -54,7 +54,6 @@ private Q_SLOTS:
     void anEmptyReplyOffersTheTabsThatWereNotAskedFor();
     void anEmptyBankruptcyReplyIsNotFound();
     void anInvalidNumberAsALine();
-    void aHeaderLineWithoutItsFieldBreaksDown();
     void labelsNeverShowMarkup_data();
     void whatCameBeforeTheRunIsNoReply();
     void labelsNeverShowMarkup();
@@ -520,18 +519,6 @@ void tst_CaseSummary::anInvalidNumberAsALine()
     QVERIFY(desk->Folder.Logged(invalidExit));
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete - Case Number Invalid"_s);
     QVERIFY(isHidden(window, "lblWarning"));
-}
-
-void tst_CaseSummary::aHeaderLineWithoutItsFieldBreaksDown()
-{
-    QStringList reply = superiorReply();
-    reply[2] = u"no field"_s;
-    const frmCaseDetails *window = summarised(u"WA"_s, reply);
-    QVERIFY(desk->Folder.Logged(u"Exiting DoSummarySearch() via PROCERR in Case Details. Error: "
-                                "Subscript out of range"_s));
-    QVERIFY(desk->Folder.Logged(u"SEARCH ERROR EXIT - from ProcessSearchReqeusts."_s));
-    QVERIFY(!window->Tab(CaseTab::Summary).TabDone);
-    QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
 }
 
 void tst_CaseSummary::labelsNeverShowMarkup_data()

@@ -35,6 +35,9 @@ private Q_SLOTS:
     void scheduleOfOregonHasTheWordsOfJudgments();
     void countsOfIdahosChargesStandAgainstTheirText_data();
     void countsOfIdahosChargesStandAgainstTheirText();
+    void aMessageInPlaceOfTheChargesStandsLeft();
+    void aWidthOfZeroHidesItsColumn_data();
+    void aWidthOfZeroHidesItsColumn();
     void aCopiedGridIsTheGrid();
 
 private:
@@ -245,6 +248,76 @@ void tst_CaseTabRetrieval::countsOfIdahosChargesStandAgainstTheirText()
     };
     QCOMPARE(isRight(0), right);
     QVERIFY(!isRight(1));
+}
+
+/// Whatever stood there before, and whatever comes afterwards.
+void tst_CaseTabRetrieval::aMessageInPlaceOfTheChargesStandsLeft()
+{
+    struct Charges : frmCaseDetails
+    {
+        using frmCaseDetails::ShowTab;
+    };
+    Charges window;
+    window.lblState = u"ID"_s;
+    const QAbstractItemModel *model = window.Tab(CaseTab::Charges).Grid->model();
+    const auto alignments = [model] {
+        return QList<Qt::Alignment>{
+            model->index(0, 0).data(Qt::TextAlignmentRole).value<Qt::Alignment>(),
+            model->headerData(0, Qt::Horizontal, Qt::TextAlignmentRole).value<Qt::Alignment>()};
+    };
+    const QList<Qt::Alignment> left{Qt::AlignLeft | Qt::AlignTop, Qt::AlignLeft | Qt::AlignVCenter};
+    const QStringList table = TableForm({u"1~Theft~"_s});
+    for (const bool incomplete : {false, true}) {
+        window.lboxResponses.Clear();
+        window.ShowTab(CaseTab::Charges, incomplete, {});
+        QCOMPARE(CellsOf(&window, CaseTab::Charges).size(), 2);
+        QCOMPARE(alignments(), left);
+        for (const QString &line : table.first(table.size() - 1))
+            window.lboxResponses.AddItem(line);
+        window.ShowTab(CaseTab::Charges, incomplete, {});
+        QVERIFY(alignments().front().testFlag(Qt::AlignRight));
+    }
+}
+
+void tst_CaseTabRetrieval::aWidthOfZeroHidesItsColumn_data()
+{
+    QTest::addColumn<QString>("state");
+    QTest::addColumn<CaseTab>("tab");
+    QTest::addColumn<QStringList>("lines");
+    const auto tableForm = [](const QString &columns) {
+        return QStringList{u"TABNAME~x~"_s, u"TABDEF~x~"_s, columns, u"COLALIGNMENT~L~L~"_s,
+                           u"1~secret~Theft~"_s};
+    };
+    QTest::newRow("Superior") << u"WA"_s << CaseTab::Docket
+                              << QStringList{u"GRIDDEF~No~Id~Entry~20~0~80~"_s,
+                                             u"1~secret~Theft~"_s};
+    QTest::newRow("Oregon") << u"OR"_s << CaseTab::Docket
+                            << tableForm(u"COLDEF~No~20~Id~0~Entry~80~"_s);
+    QTest::newRow("names of Idaho")
+        << u"ID"_s << CaseTab::Names << tableForm(u"COLDEF~No~Id~Entry~20~0~80~"_s);
+    QTest::newRow("documents") << u"WA"_s << CaseTab::Documents
+                               << tableForm(u"COLDEF~No~Id~Entry~20~0~80~"_s);
+}
+
+void tst_CaseTabRetrieval::aWidthOfZeroHidesItsColumn()
+{
+    struct Case : frmCaseDetails
+    {
+        using frmCaseDetails::ShowTab;
+    };
+    QFETCH(QString, state);
+    QFETCH(CaseTab, tab);
+    QFETCH(QStringList, lines);
+    Case window;
+    window.lblState = state;
+    for (const QString &line : std::as_const(lines))
+        window.lboxResponses.AddItem(line);
+    window.ShowTab(tab, false, {});
+    const FlexGrid *grid = window.Tab(tab).Grid;
+    QVERIFY(!grid->isColumnHidden(0));
+    QVERIFY(grid->isColumnHidden(1));
+    QVERIFY(!grid->isColumnHidden(2));
+    QCOMPARE(grid->Cell(1, 1), u"secret"_s);
 }
 
 /// Whatever the target showed before; and what is shown in the source later stays there.

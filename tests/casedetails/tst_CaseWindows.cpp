@@ -587,6 +587,8 @@ void tst_CaseWindows::anEmptyQueueClosesTheWindow()
     QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{otherKey});
     QVERIFY(!Global.bSearchInProgress);
     QCOMPARE(court->Requests(), QStringList());
+    QCOMPARE(desk->Folder.Log().last(),
+             u"EXITED - SEARCH QUEUE EMPTY - from ProcessSearchReqeusts."_s);
 }
 
 QTEST_MAIN(tst_CaseWindows)

@@ -52,6 +52,8 @@ private Q_SLOTS:
     void theHeadersOfACase();
     void emptyHeadersAreNotOnFile_data();
     void emptyHeadersAreNotOnFile();
+    void aHeaderLineWithoutAMarkLosesNoCase_data();
+    void aHeaderLineWithoutAMarkLosesNoCase();
     void theTitleAsTheCourtWritesIt_data();
     void theTitleAsTheCourtWritesIt();
     void theAmountHasItsSign_data();
@@ -433,6 +435,29 @@ void tst_DistrictCases::emptyHeadersAreNotOnFile()
     const CaseWindow *window = AfterSummary(
         kind, {u"A~~"_s, u"B~ ~"_s, u"C~~"_s, u"D~~"_s, u"E~~"_s, u"F~~"_s, u"Status~Open~"_s});
     QCOMPARE(TextOf(window, label.constData()), u"Not on File"_s);
+}
+
+void tst_DistrictCases::aHeaderLineWithoutAMarkLosesNoCase_data()
+{
+    QTest::addColumn<CaseKind>("kind");
+    QTest::addColumn<int>("line");
+    for (const DistrictWindow &window : districtWindows) {
+        for (const int line : {0, 1, 2, 3, 4, 5})
+            QTest::addRow("%s, line %d", window.name, line) << window.kind << line;
+    }
+}
+
+void tst_DistrictCases::aHeaderLineWithoutAMarkLosesNoCase()
+{
+    QFETCH(CaseKind, kind);
+    QFETCH(int, line);
+    QStringList reply = DistrictSummary(kind);
+    reply[line] = u"Case 1AN000125"_s;
+    const CaseWindow *window = AfterSummary(kind, reply);
+    QVERIFY(window->Tab(CaseTab::Summary).TabDone);
+    QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete"_s);
+    QCOMPARE(CellsOf(window, CaseTab::Summary).last().mid(0, 2),
+             (QStringList{u"Status"_s, u"Open"_s}));
 }
 
 void tst_DistrictCases::theTitleAsTheCourtWritesIt_data()

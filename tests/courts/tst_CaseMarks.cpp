@@ -10,6 +10,8 @@ class tst_CaseMarks : public QObject
 private Q_SLOTS:
     void numbersLoseTheirMarks_data();
     void numbersLoseTheirMarks();
+    void commandsLoseTheirMark_data();
+    void commandsLoseTheirMark();
 };
 
 void tst_CaseMarks::numbersLoseTheirMarks_data()
@@ -30,6 +32,26 @@ void tst_CaseMarks::numbersLoseTheirMarks()
 {
     QFETCH(QString, cell);
     QTEST(CaseNumberOf(cell), "number");
+}
+
+void tst_CaseMarks::commandsLoseTheirMark_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("holds");
+    QTest::addColumn<QString>("command");
+    QTest::newRow("in capitals") << u"RETRIEVECOMMAND=BKRPT~1~"_s << true << u"BKRPT~1~"_s;
+    QTest::newRow("in any letters") << u" retrieveCommand= BKRPT~1~"_s << true << u"  BKRPT~1~"_s;
+    QTest::newRow("without its sign")
+        << u"RETRIEVECOMMAND BKRPT"_s << false << u"RETRIEVECOMMAND BKRPT"_s;
+    QTest::newRow("no command") << u"BKRPT~1~"_s << false << u"BKRPT~1~"_s;
+    QTest::newRow("empty") << QString() << false << QString();
+}
+
+void tst_CaseMarks::commandsLoseTheirMark()
+{
+    QFETCH(QString, text);
+    QTEST(HoldsRetrieveCommand(text), "holds");
+    QTEST(WithoutRetrieveCommand(text), "command");
 }
 
 QTEST_GUILESS_MAIN(tst_CaseMarks)

@@ -28,6 +28,7 @@ private Q_SLOTS:
     void anErrorInTheSecondSearch();
     void theSecondSearchFindsNoCases();
     void theSecondSearchFindsFurtherNames();
+    void whatIsReadBehindTheCasesOfPeople();
     void theNoticeOfTooManyMakesPlaceForCases();
 };
 
@@ -416,6 +417,42 @@ void tst_CheckedNames::theSecondSearchFindsFurtherNames()
     QCOMPARE(NamesOf(window).size(), 2);
     QCOMPARE(ListOf(window, "lvDupe")->List()->Key(1), u"I2"_s);
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete:    2 Duplicate Names Found."_s);
+}
+
+/// As behind every search that is complete: the status line has the number, of all cases in the
+/// list or of all people, and the label that counted while they came is empty.
+void tst_CheckedNames::whatIsReadBehindTheCasesOfPeople()
+{
+    frmDiscisNCNameResults *window = Searched({PersonRow(u"A"_s), PersonRow(u"B"_s), u"EOF~"_s});
+    const auto read = [window] {
+        return QStringList{FrontOf(window), TextOf(window, "Label3"), TextOf(window, "lblStatus"),
+                           TextOf(window, "lblSearchStatus")};
+    };
+    const auto retrieve = [&](int row, const QStringList &reply) {
+        const QString first = row == 1 ? u"A"_s : u"B"_s;
+        court->Expect(CasesLine(first, row)).Reply(reply + QStringList{u"EOF~"_s});
+        for (int i = 0; i < 2; ++i)
+            ListOf(window, "lvDupe")->List()->SetChecked(i, i + 1 == row);
+        Retrieve(window);
+        return read();
+    };
+    const auto cases = [](const QString &found) {
+        return QStringList{u"cases"_s, QString(), u"Search Complete:    "_s + found, complete};
+    };
+    QCOMPARE(retrieve(1, {CaseRow(u"SMITH, A"_s)}), cases(u"1 Case Retrieved."_s));
+    // What the user looks at then is no search: the lists change places, the numbers stay.
+    ButtonOf(window, "cmdViewDupes")->click();
+    QCOMPARE(read(), (QStringList{u"names"_s, QString(), u"Search Complete:    1 Case Retrieved."_s,
+                                  u"Multiple Names Match. Please Select Name(s) to retrieve."_s}));
+    QCOMPARE(retrieve(2, {CaseRow(u"SMITH, B"_s), CaseRow(u"SMITH, B"_s)}),
+             cases(u"3 Cases Retrieved."_s));
+    // Who has no case leaves the people in front.
+    ButtonOf(window, "cmdViewDupes")->click();
+    QCOMPARE(
+        retrieve(1, {}),
+        (QStringList{u"names"_s, QString(), u"Search Complete:    2 Duplicate Names Found."_s,
+                     u"Duplicate Names Found. Check Name(s) to Retrieve Associated Cases."_s}));
+    QVERIFY(ButtonOf(window, "cmdViewDupes")->isEnabled());
 }
 
 void tst_CheckedNames::theNoticeOfTooManyMakesPlaceForCases()

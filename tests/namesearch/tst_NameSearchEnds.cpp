@@ -54,9 +54,11 @@ private Q_SLOTS:
     void aRowWithTooFewFieldsLosesTheSearch_data();
     void aRowWithTooFewFieldsLosesTheSearch();
     void aLineWithTooFewFieldsLosesTheSearch();
+    void aFirstLineWithTooFewFieldsIsAskedAllTheSame();
     void everyOutcomeGivesTheTurnBackOnce_data() { addOutcomes(); }
     void everyOutcomeGivesTheTurnBackOnce();
     void anEmptyListGivesTheTurnBackOnce();
+    void anEmptyListIsLoggedAsWhatItIs();
     void anEmptyListThatIsWithdrawnMeanwhileLeavesTheNextJobsTurn();
     void whatArrivedTooLateIsThrownAwayInFourOutcomes_data() { addOutcomes(); }
     void whatArrivedTooLateIsThrownAwayInFourOutcomes();
@@ -314,6 +316,19 @@ void tst_NameSearchEnds::aLineWithTooFewFieldsLosesTheSearch()
     QCOMPARE(court->Requests(), QStringList{RequestLine()});
 }
 
+/// What it is about cannot be shown, but the court may know.
+void tst_NameSearchEnds::aFirstLineWithTooFewFieldsIsAskedAllTheSame()
+{
+    const QString line = u"WASUP\u00A6SEARCH\u00A6"_s;
+    court->Expect(line).Reply({ResultLine(u"A"_s), u"EOF~"_s});
+    desk->ConnectTo(*court);
+    const frmNameSearchResults *window = desk->Start({line});
+    QVERIFY(desk->Finish(window));
+    QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete: 1 Cases Retrieved."_s);
+    QCOMPARE(desk->Folder.TimesLogged(u"Cannot show the search criteria: Subscript out of range"_s),
+             1);
+}
+
 void tst_NameSearchEnds::searchToTheOutcome()
 {
     QFETCH(QStringList, reply);
@@ -348,6 +363,20 @@ void tst_NameSearchEnds::anEmptyListGivesTheTurnBackOnce()
     frmQueue::Form().FIFO.AddItem(thirdKey);
     QTRY_VERIFY(window.isNull());
     QCOMPARE(frmQueue::Form().FIFO.Lines(), (QStringList{secondKey, thirdKey}));
+}
+
+/// A line of its own, and none of another cause.
+void tst_NameSearchEnds::anEmptyListIsLoggedAsWhatItIs()
+{
+    Global.bShowAlerts = true;
+    desk->Boxes.Expect(u"No Search Requests Can Be Located! This Form will be closed when you "
+                       "select OK. The Request Queue Appears to be Empty."_s,
+                       u"Search Queue Empty .."_s, MsgIcon::Exclamation);
+    const QPointer<frmNameSearchResults> window(desk->Start({}));
+    QTRY_VERIFY(window.isNull());
+    QCOMPARE(desk->Folder.Log().last(),
+             u"EXITED - SEARCH QUEUE EMPTY - from ProcessSearchReqeusts."_s);
+    QVERIFY(!desk->Folder.Logged(u"Unconditional Form Close Called. Closing Name Search form."_s));
 }
 
 void tst_NameSearchEnds::anEmptyListThatIsWithdrawnMeanwhileLeavesTheNextJobsTurn()

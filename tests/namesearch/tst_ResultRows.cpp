@@ -206,6 +206,9 @@ void tst_ResultRows::cellsByKind_data()
     QTest::newRow("bankruptcy") << ResultKind::Bankruptcy
                                 << u"n~c~RETRIEVECOMMAND=BKRPT-1~d~desc~loc~debtor~joint~"_s
                                 << u"n/c/d/desc/loc/debtor / joint/BKRPT-1"_s;
+    QTest::newRow("bankruptcy, in other letters")
+        << ResultKind::Bankruptcy << u"n~c~RetrieveCommand=BKRPT-1~d~desc~loc~debtor~joint~"_s
+        << u"n/c/d/desc/loc/debtor / joint/BKRPT-1"_s;
     for (const ResultKind kind :
          {ResultKind::DiscisCivil, ResultKind::DiscisStatewide, ResultKind::DiscisAddresses}) {
         QTest::newRow(qPrintable(u"District "_s + QString::number(static_cast<int>(kind))))

@@ -92,8 +92,8 @@ void tst_TabDialogues::dialogues_data()
         {u"Name~SMITH, JOHN Q~"_s, u"Sex~M~"_s, u"Case Number~3YH809020~"_s,
          u"Court~King District Seattle~"_s, u"Court Type~District~"_s, u"Date Filed~08/09/2003~"_s,
          u"Case Type:~IT~"_s, u"Case Status:~Closed~"_s, u"Judge:~HOLLIS, S~"_s,
-         u"Violation 1:~Expired Vehicle License~"_s, u"Last Entry:~Case Closed~"_s,
-         u"Entered:~02/03/2004~"_s});
+         u"Violation 1:~Expired Vehicle License~"_s,
+         u"Last Entry:~Case Closed~Entered:~02/03/2004~"_s});
     row("non-civil, Names", u"WADISCIS¦¦¦¦3YH809020¦IT¦KSD¦IN¦NCPAR¦¦"_s,
         {u"CPARNOTE~Addresses may be out of date.~"_s,
          u"CPARNOTE~Contact the court for certified copies.~"_s,
