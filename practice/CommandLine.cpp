@@ -16,6 +16,7 @@ enum class Switch : quint8 {
     DropAfter,
     StallAfter,
     PingEvery,
+    LeaveBehind,
     Refuse,
     UntilStdinCloses,
     Version,
@@ -38,7 +39,7 @@ struct SwitchRow
 constexpr qint64 anyCount = std::numeric_limits<qint64>::max();
 constexpr qint64 aDay = 86'400'000;
 
-constexpr std::array<SwitchRow, 12> rows{{
+constexpr std::array<SwitchRow, 13> rows{{
     {Switch::Port, u"--port", Takes::Number, u"N", 0, 65'535,
      u"listen on this port of 127.0.0.1; 0 (default) picks a free one"},
     {Switch::Data, u"--data", Takes::Text, u"FILE", 0, 0, u"people and cases to add"},
@@ -53,6 +54,8 @@ constexpr std::array<SwitchRow, 12> rows{{
      u"send nothing more after N reply bytes"},
     {Switch::PingEvery, u"--ping-every", Takes::Number, u"MS", 1, aDay,
      u"ping an idle client every MS milliseconds"},
+    {Switch::LeaveBehind, u"--leave-behind", Takes::Nothing, u"", 0, 0,
+     u"leave a stray reply behind each reply"},
     {Switch::Refuse, u"--refuse", Takes::Nothing, u"", 0, 0, u"close each connection at once"},
     {Switch::UntilStdinCloses, u"--until-stdin-closes", Takes::Nothing, u"", 0, 0,
      u"end when standard input ends"},
@@ -98,6 +101,9 @@ bool apply(Switch which, qint64 number, const QString &text, CommandLine &line)
         return false;
     case Switch::PingEvery:
         switches.pingEvery = static_cast<int>(number);
+        return false;
+    case Switch::LeaveBehind:
+        switches.leaveBehind = true;
         return false;
     case Switch::Refuse:
         switches.refuse = true;

@@ -18,6 +18,7 @@ struct Switches
     std::optional<qint64> dropAfter;  ///< reply bytes, then the connection is closed
     std::optional<qint64> stallAfter; ///< reply bytes, then nothing more is sent
     std::optional<int> pingEvery;     ///< milliseconds
+    bool leaveBehind = false;
     bool refuse = false;
     bool untilInputCloses = false;
 };

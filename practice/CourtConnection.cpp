@@ -17,6 +17,9 @@ namespace {
 constexpr qint64 socketFull = 64 * 1024;
 constexpr qsizetype batch = 16 * 1024;
 
+// Of an exchange that the client has long given up.
+constexpr QByteArrayView strayReply = "|A ROW OF ANOTHER REPLY~||EOF~|";
+
 // So many writes, then the other clients have their turn.
 constexpr int writesATurn = 256;
 
@@ -37,6 +40,7 @@ CourtConnection::CourtConnection(QTcpSocket &socket, const Population &populatio
 {
     link.setParent(this);
     link.setSocketOption(QAbstractSocket::LowDelayOption, 1);
+    leaveBehind = switches.leaveBehind;
     oneByOne = switches.split || switches.drip || switches.dropAfter || switches.stallAfter;
     clock.start();
 
@@ -193,6 +197,8 @@ void CourtConnection::fill()
             break;
         case ReplyStep::Kind::End:
             reply.reset();
+            if (leaveBehind)
+                outgoing += strayReply;
             break;
         }
     }

@@ -46,10 +46,11 @@ private:
     std::deque<QByteArray> waiting;
 
     std::optional<Reply> reply;
-    bool silent = false;   ///< the running reply says nothing more
-    bool dropping = false; ///< the running reply ends with the connection
-    QByteArray outgoing;   ///< of the running reply: made, and not yet handed to the socket
-    bool oneByOne = false; ///< a fault counts bytes, so tokens are made one at a time
+    bool silent = false;      ///< the running reply says nothing more
+    bool dropping = false;    ///< the running reply ends with the connection
+    QByteArray outgoing;      ///< of the running reply: made, and not yet handed to the socket
+    bool leaveBehind = false; ///< each reply is followed by one that nobody has asked for
+    bool oneByOne = false;    ///< a fault counts bytes, so tokens are made one at a time
     bool pumping = false;
     bool hungUp = false;
     SendGate gate;

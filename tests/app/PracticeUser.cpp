@@ -84,6 +84,28 @@ bool PracticeUser::FetchOnDemand(CaseWindow *window)
     return Run(window);
 }
 
+void PracticeCourts::AddRows()
+{
+    QTest::addColumn<bool>("straysFollow");
+    QTest::newRow("tidy court") << false;
+    QTest::newRow("stray replies") << true;
+}
+
+QString PracticeCourts::Start(const QStringList &switches)
+{
+    const QString program = QStringLiteral(HALVANE_BIN_DIR "/halvane-practice");
+    if (!tidy.Start(program, switches))
+        return tidy.Error();
+    return untidy.Start(program, switches + QStringList{u"--leave-behind"_s}) ? QString()
+                                                                              : untidy.Error();
+}
+
+quint16 PracticeCourts::Port() const
+{
+    QFETCH_GLOBAL(bool, straysFollow);
+    return straysFollow ? untidy.Port() : tidy.Port();
+}
+
 bool LogInAs(const QString &user)
 {
     frmLogin::ShowForm(nullptr);

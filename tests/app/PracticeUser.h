@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/PracticeCourt.h"
 #include "casedetails/CaseTabs.h"
 #include "searchentry/EntryDesk.h"
 
@@ -28,6 +29,23 @@ public:
     /// Asks for all tabs that the panel offers, and waits for the end of the run. False when there
     /// is no panel to be used.
     bool FetchOnDemand(CaseWindow *window);
+};
+
+/// The two courts that every search and every case has to meet: one that answers as it should, and
+/// one that leaves a stray reply behind each of its own.
+class PracticeCourts
+{
+public:
+    /// The global data rows of a test: each of its functions meets both.
+    static void AddRows();
+    /// Starts both; "" when they are there, otherwise what went wrong.
+    QString Start(const QStringList &switches = {});
+    /// The port of the court of this row.
+    quint16 Port() const;
+
+private:
+    PracticeCourt tidy;
+    PracticeCourt untidy;
 };
 
 /// Logs in at the court that options.ini names; true when the search form is there then.

@@ -12,8 +12,6 @@
 #include <QTest>
 
 namespace {
-const QString practice = QStringLiteral(HALVANE_BIN_DIR "/halvane-practice");
-
 /// Cases that the practice court would make up only by chance.
 constexpr const char *ownPeople =
     "Quick~Ada~B~King~Juvenile Offender~03/04/1999~Theft 3~Respondent\n"
@@ -86,6 +84,7 @@ class tst_AllCases : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
+    void initTestCase_data() { PracticeCourts::AddRows(); }
     void initTestCase();
     void init();
     void cleanup();
@@ -99,7 +98,7 @@ private:
     static void checkRow(const CaseWindow *window, const CaseRow &row);
 
     QTemporaryFile people;
-    PracticeCourt court;
+    PracticeCourts court;
     std::unique_ptr<PracticeUser> user;
 };
 
@@ -108,7 +107,7 @@ void tst_AllCases::initTestCase()
     QVERIFY(people.open());
     people.write(ownPeople);
     people.close();
-    QVERIFY2(court.Start(practice, {u"--data"_s, people.fileName()}), qPrintable(court.Error()));
+    QCOMPARE(court.Start({u"--data"_s, people.fileName()}), QString());
 }
 
 void tst_AllCases::init()

@@ -8,6 +8,8 @@ import sys
 import tempfile
 import unittest
 
+LINTS = ("layers", "plain_text", "house", "one_road")
+
 HERE = os.path.dirname(os.path.abspath(__file__))
 
 LABEL_UI = """<ui version="4.0"><class>frmOne</class><widget class="QDialog" name="frmOne">
@@ -23,6 +25,10 @@ CLEAN_TREE = {
     "src/core/CMakeLists.txt": "add_library(halvane_core STATIC Clock.h)\n",
     "src/link/Comm.cpp": '#include "link/Comm.h"\n#include "core/Clock.h"\n',
     "src/link/Comm.h": "#include <QByteArray>\n",
+    "src/link/Exchange.cpp": "void f() { SendReq(a); ReadResponse(); } // dialog.exec()\n",
+    "src/controls/ModalDialog.cpp": "int f() { return dialog->exec(); }\n",
+    "src/controls/SaveDialog.cpp": "#include <QFileDialog>\n",
+    "src/session/frmLogin.cpp": "QEventLoop loop; loop.exec(); BeginExchange(a);\n",
     "src/jobs/CMakeLists.txt": "halvane_library(jobs logic SOURCES Turn.cpp Turn.h LIBS core)\n"
                                "halvane_library(jobs forms SOURCES frmQueue.cpp)\n",
     "src/jobs/Turn.h": '#include "core/Clock.h"\n',
@@ -106,6 +112,13 @@ OFFENCES = [
     ("plain_text", "emit", "practice/Bad.cpp", "emit Done();\n"),
     ("plain_text", "foreach", "src/core/Bad.cpp", "foreach (int a, list) {}\n"),
 
+    ("one_road", "request", "src/session/Bad.cpp", "if (SendReq(text) == 0) {}\n"),
+    ("one_road", "reply", "src/namesearch/Bad.cpp", "auto r = ReadResponse ();\n"),
+    ("one_road", "dialog", "src/prefs/Bad.cpp", "frmOpts(this).exec();\n"),
+    ("one_road", "dialog on the heap", "src/prefs/Bad.cpp", "form->exec ();\n"),
+    ("one_road", "loop", "src/jobs/Bad.cpp", "QEventLoop loop;\n"),
+    ("one_road", "file", "src/reports/Bad.cpp", "QFileDialog::getSaveFileName(this);\n"),
+
     ("house", "long file", "src/core/Bad.cpp", "\n" * 601),
     ("house", "long without a reason", "src/core/Bad.h", "// Long by design: \n" + "\n" * 601),
     ("house", "paper", "src/core/Bad.h", f"// as the {PAPER} says\n"),
@@ -135,7 +148,7 @@ class Lints(unittest.TestCase):
             )
 
     def test_a_clean_tree_passes(self):
-        for lint in ("layers", "plain_text", "house"):
+        for lint in LINTS:
             with self.subTest(lint):
                 done = self.run_lint(lint, CLEAN_TREE)
                 self.assertEqual((done.returncode, done.stdout, done.stderr), (0, "", ""))
@@ -150,7 +163,7 @@ class Lints(unittest.TestCase):
                 self.assertEqual({line.split(":")[0] for line in done.stdout.splitlines()}, {path})
 
     def test_a_wrong_call_is_no_pass(self):
-        for lint in ("layers", "plain_text", "house"):
+        for lint in LINTS:
             done = subprocess.run(
                 [sys.executable, os.path.join(HERE, lint + ".py"), "/no/such/folder"],
                 capture_output=True, check=False,

@@ -18,6 +18,7 @@ private Q_SLOTS:
     void dripTakesItsTime();
     void dropAfter_data();
     void dropAfter();
+    void leaveBehind();
     void stallAfter_data();
     void stallAfter();
     void pingsAnIdleClient();
@@ -80,6 +81,17 @@ void tst_PracticeFaults::dropAfter()
         QCOMPARE(client.ReadToClose(), QByteArray("|EOF~|" + guideReply).first(bytes));
         QVERIFY(!client.IsConnected());
     }
+}
+
+void tst_PracticeFaults::leaveBehind()
+{
+    const PracticeProcess court({u"--leave-behind"_s});
+    WireClient client(court);
+    const QByteArray stray = "|A ROW OF ANOTHER REPLY~||EOF~|";
+    client.Send(u"LOGON¦ann¦pw¦v¦"_s);
+    QCOMPARE(client.ReadBytes(6 + stray.size()), "|EOF~|" + stray);
+    client.Send(guideSearch);
+    QCOMPARE(client.ReadBytes(guideReply.size() + stray.size()), guideReply + stray);
 }
 
 void tst_PracticeFaults::stallAfter_data()

@@ -259,13 +259,14 @@ void tst_PracticeWire::switchesAreStored()
     QCOMPARE(none.seed, quint32{1});
     QVERIFY(none.dataFile.isEmpty());
     QVERIFY(!none.split && !none.drip && !none.dropAfter && !none.stallAfter && !none.pingEvery);
-    QVERIFY(!none.refuse && !none.untilInputCloses);
+    QVERIFY(!none.leaveBehind && !none.refuse && !none.untilInputCloses);
 
     const Switches all =
         ParseCommandLine({u"halvane-practice"_s, u"--port"_s, u"8085"_s, u"--data=a=b.txt"_s,
                           u"--seed"_s, u"7"_s, u"--split"_s, u"3"_s, u"--drip"_s, u"400"_s,
                           u"--drop-after"_s, u"500"_s, u"--stall-after"_s, u"0"_s,
-                          u"--ping-every"_s, u"60"_s, u"--refuse"_s, u"--until-stdin-closes"_s})
+                          u"--ping-every"_s, u"60"_s, u"--leave-behind"_s, u"--refuse"_s,
+                          u"--until-stdin-closes"_s})
             .switches;
     QCOMPARE(all.port, quint16{8085});
     QCOMPARE(all.dataFile, u"a=b.txt"_s);
@@ -275,6 +276,7 @@ void tst_PracticeWire::switchesAreStored()
     QCOMPARE(all.dropAfter, 500);
     QCOMPARE(all.stallAfter, 0);
     QCOMPARE(all.pingEvery, 60);
+    QVERIFY(all.leaveBehind);
     QVERIFY(all.refuse);
     QVERIFY(all.untilInputCloses);
 }
@@ -284,8 +286,8 @@ void tst_PracticeWire::everySwitchIsInTheHelp()
     const QString help = HelpText();
     for (const char16_t *name :
          {u"--port N", u"--data FILE", u"--seed N", u"--split N", u"--drip N", u"--drop-after N",
-          u"--stall-after N", u"--ping-every MS", u"--refuse", u"--until-stdin-closes",
-          u"--version", u"--help"})
+          u"--stall-after N", u"--ping-every MS", u"--leave-behind", u"--refuse",
+          u"--until-stdin-closes", u"--version", u"--help"})
         QVERIFY2(help.contains(QStringView(name)), qPrintable(QString::fromUtf16(name)));
 }
 
