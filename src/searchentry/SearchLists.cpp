@@ -334,6 +334,7 @@ void frmSearchWA::InitMruList(const QString &searchType)
     box->clear();
     box->addItems(entries);
     box->setCurrentIndex(-1);
+    recentType = searchType;
     recentEntries = entries;
 }
 

@@ -7,7 +7,9 @@
 #include "core/Options.h"
 #include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
+#include "core/Windows1252.h"
 #include "jobs/TurnTaking.h"
+#include "searchentry/FieldRules.h"
 #include "searchentry/RecentEntries.h"
 #include "ui_frmAccounting.h"
 
@@ -70,8 +72,11 @@ void frmAccounting::ShowModal(QWidget *parent)
 
 void frmAccounting::cmdOK_Click()
 {
-    const QString code = TrimBlanks(ui->cboxClientID->currentText());
+    const QString code =
+        TrimBlanks(ui->cboxClientID->currentText().normalized(QString::NormalizationForm_C));
     const bool wanted = !ui->chkDontShowAgain->isChecked();
+    if (wanted && !MaySend(code))
+        return;
     SaveOptionStr(u"Accounting"_s, u"EnableAcctg"_s, wanted ? u"1"_s : u"0"_s);
     Global.bEnableAcctg = wanted;
     Q_EMIT AccountingEvents::Of().OptionChanged(wanted);
@@ -86,6 +91,24 @@ void frmAccounting::cmdOK_Click()
         TellCodeIsRequired();
     else
         accept();
+}
+
+/// Whether the code may go out: one that reads otherwise on the invoice than it was typed is the
+/// user's to decide.
+bool frmAccounting::MaySend(const QString &code)
+{
+    const QStringList lost = CharactersOutsideWindows1252(code);
+    if (lost.isEmpty())
+        return true;
+    const QPointer<frmAccounting> self(this);
+    const MsgAnswer answer =
+        MsgBox(this,
+               LostCharactersText(lost)
+                   + u"\r\n\r\nTo use the code all the same click OK. To change it click Cancel."_s,
+               u"Halvane Form Field Validation"_s, MsgButtons::OkCancel, MsgIcon::Exclamation);
+    if (self && answer != MsgAnswer::Ok)
+        ui->cboxClientID->setFocus();
+    return self && answer == MsgAnswer::Ok;
 }
 
 bool frmAccounting::QueryUnload()

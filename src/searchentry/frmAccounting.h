@@ -37,6 +37,7 @@ public:
 
 private:
     void cmdOK_Click();
+    bool MaySend(const QString &code);
     bool QueryUnload();
     void TellCodeIsRequired();
 

@@ -9,6 +9,7 @@
 
 #include <array>
 #include <memory>
+#include <utility>
 
 class QAbstractButton;
 class QCheckBox;
@@ -136,9 +137,17 @@ private:
     void FocusFirstName();
     bool Shows(FormPart part) const { return parts.testFlag(part); }
 
+    /// A text that is to be sent, and the box it was typed in.
+    using TypedText = std::pair<QString, QLineEdit *>;
+
     // From the entries to a waiting window
     void FoldEntries();
     void TakeBackNumbers(const SearchEntry &entry);
+    /// Whether the texts may go out: a character that cannot be sent is not lost without the
+    /// user's consent.
+    bool MaySendCharacters(const QList<TypedText> &typed);
+    bool MaySendNames(const SearchEntry &entry);
+    bool MaySendBatch(const SearchEntry &entry);
     bool DisclaimerAccepted(bool batch);
     bool DisplayDisclaimer(size_t index);
     bool LoggedIn();
@@ -174,6 +183,7 @@ private:
     int LastStateIndex = 1;
     bool building = false; ///< from the click on Start Search until its windows wait
     QString courtDisplayName;
-    QStringList recentEntries; ///< of the type that is being entered
+    QString recentType;        ///< the type that is being entered, as its recent entries are filed
+    QStringList recentEntries; ///< of that type
     QList<SearchLogRow> searchList;
 };
