@@ -169,8 +169,10 @@ void RememberEntry(const QString &searchType, const QString &text, ShownRecents 
         || (searchType != shown.Type && IsInMruList(LoadMruLists().Of(searchType), entry)))
         return;
     AddToMruList(searchType, entry);
-    if (searchType == shown.Type)
-        shown.Entries.prepend(entry);
+    if (searchType != shown.Type)
+        return;
+    shown.Entries.prepend(entry);
+    shown.Entries = shown.Entries.first(std::min(shown.Entries.size(), longestMruList));
 }
 
 std::array<QString, 3> MruNameParts(const QString &item)

@@ -12,7 +12,6 @@
 #include "jobs/TurnTaking.h"
 #include "searchentry/FieldRules.h"
 #include "searchentry/NumberRequests.h"
-#include "searchentry/RecentEntries.h"
 #include "searchentry/SearchDispatch.h"
 #include "searchentry/frmAccounting.h"
 #include "searchentry/frmSearchWA.h"
@@ -334,7 +333,7 @@ void frmSearchWA::cmdBeginSearch_Click()
 void frmSearchWA::Dispatch(const SearchEntry &entry, const QString &code)
 {
     try {
-        ShownRecents shown{recentType, recentEntries};
+        ShownRecents shown = recents;
         switch (DispatchSearch(entry, code, shown)) {
         case DispatchResult::NoRequests:
             ReportNoRequests();
@@ -343,7 +342,10 @@ void frmSearchWA::Dispatch(const SearchEntry &entry, const QString &code)
             ReportRequestError({});
             break;
         case DispatchResult::Waiting:
-            ShowMRU();
+            // What the form has stays there, also when the file of it has gone.
+            if (shown.Type == recents.Type)
+                FillRecents(shown);
+            ShowRecents();
             break;
         case DispatchResult::Nothing:
             break;

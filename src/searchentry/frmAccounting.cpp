@@ -40,7 +40,7 @@ AccountingEvents &AccountingEvents::Of()
 }
 
 frmAccounting::frmAccounting(QWidget *parent)
-    : QDialog(parent), ui(std::make_unique<Ui::frmAccounting>())
+    : QDialog(parent), ui(std::make_unique<Ui::frmAccounting>()), inSession(Global.bLoggedIn)
 {
     ui->setupUi(this);
     auto *entry = new SearchTextBox(ui->cboxClientID);
@@ -80,12 +80,11 @@ void frmAccounting::cmdOK_Click()
     SaveOptionStr(u"Accounting"_s, u"EnableAcctg"_s, wanted ? u"1"_s : u"0"_s);
     Global.bEnableAcctg = wanted;
     Q_EMIT AccountingEvents::Of().OptionChanged(wanted);
-    if (wanted) {
-        Global.ClientAcctgCode = code;
+    // A session that ended meanwhile took its code along: the next one is not billed to it.
+    const bool sessionEnded = inSession && !Global.bLoggedIn;
+    Global.ClientAcctgCode = wanted && !sessionEnded ? code : QString();
+    if (wanted)
         remember(code);
-    } else {
-        Global.ClientAcctgCode.clear();
-    }
     // Only now: the option is as the user set it even when the code is still owed.
     if (Global.bClientAcctgOpt && code.isEmpty())
         TellCodeIsRequired();

@@ -42,4 +42,5 @@ private:
     void TellCodeIsRequired();
 
     const std::unique_ptr<Ui::frmAccounting> ui;
+    const bool inSession; ///< somebody was logged in when the window came up
 };

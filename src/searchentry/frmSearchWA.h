@@ -3,6 +3,7 @@
 #include "controls/FormWindow.h"
 #include "searchentry/FormStates.h"
 #include "searchentry/FormTalk.h"
+#include "searchentry/RecentEntries.h"
 #include "searchentry/SearchEntry.h"
 #include "searchentry/SearchEvents.h"
 #include "searchentry/SearchLogRow.h"
@@ -133,6 +134,8 @@ private:
     void ShowCourtStats();
     void ShowChosenCounty();
     void UseRecentEntry(const QString &text);
+    void FillRecents(const ShownRecents &entries);
+    void ShowRecents();
     void OfferWhileTyping(const QStringList &entries);
     void FocusFirstName();
     bool Shows(FormPart part) const { return parts.testFlag(part); }
@@ -183,7 +186,6 @@ private:
     int LastStateIndex = 1;
     bool building = false; ///< from the click on Start Search until its windows wait
     QString courtDisplayName;
-    QString recentType;        ///< the type that is being entered, as its recent entries are filed
-    QStringList recentEntries; ///< of that type
+    ShownRecents recents; ///< of the type that is being entered
     QList<SearchLogRow> searchList;
 };

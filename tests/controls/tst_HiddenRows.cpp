@@ -192,6 +192,8 @@ private Q_SLOTS:
     void noWaySelectsThem();
     void whatIsHiddenLaterIsGivenUp_data() { eachTable(); }
     void whatIsHiddenLaterIsGivenUp();
+    void goingToTheTableKeepsWhatIsSelected_data() { eachTable(); }
+    void goingToTheTableKeepsWhatIsSelected();
     void shiftGoesOnFromTheCurrentRow_data() { eachTable(); }
     void shiftGoesOnFromTheCurrentRow();
     void lettersDoNotLeadThere_data() { eachTable(); }
@@ -259,6 +261,24 @@ void tst_HiddenRows::whatIsHiddenLaterIsGivenUp()
     QCOMPARE(user.Selected(), QString());
     user.Find({});
     QCOMPARE(user.Selected(), QString());
+}
+
+void tst_HiddenRows::goingToTheTableKeepsWhatIsSelected()
+{
+    QFETCH(bool, isGrid);
+    const TableUser user(isGrid);
+    user.Click(1);
+    user.Click(4, Qt::ShiftModifier);
+    user.Click(3, Qt::ControlModifier);
+    user.Click(3, Qt::ControlModifier);
+    user.Find(u"smith"_s);
+    QCOMPARE(user.Selected(), u"2 4"_s);
+    QVERIFY(!user.Table->currentIndex().isValid());
+    user.Tools()->OpenFind();
+    QTest::keyClick(user.Window.focusWidget(), Qt::Key_Return);
+    QCOMPARE(user.Window.focusWidget(), user.Table);
+    QCOMPARE(user.Table->currentIndex().row(), 2);
+    QCOMPARE(user.Selected(), u"2 4"_s);
 }
 
 void tst_HiddenRows::shiftGoesOnFromTheCurrentRow()

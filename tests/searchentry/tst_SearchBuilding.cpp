@@ -286,9 +286,10 @@ void tst_SearchBuilding::whatTheFormShowsIsCompared()
     desk->Do(steps);
     QVERIFY(!desk->Start().isEmpty());
     const QByteArray list = desk->Desk.Folder.Read(file);
-    // The form has the entry, and nothing is to be written.
+    // The form has the entry and keeps it, and nothing is to be written.
     desk->Desk.Folder.Remove(file);
-    QVERIFY(!desk->Start().isEmpty());
+    for (int i = 0; i < 3; ++i)
+        QVERIFY(!desk->Start().isEmpty());
     QVERIFY(!QFile::exists(desk->Desk.Folder.Path(file)));
     // The other way round, the file has it and the form does not show it.
     desk->Desk.Folder.Write(file, QByteArray());
@@ -321,6 +322,7 @@ void tst_SearchBuilding::the32ndEntryDropsTheOldest()
     for (int i = 31; i >= 1; --i)
         list += "NAME " + QByteArray::number(i) + "\r\n";
     desk->Desk.Folder.Write(u"MruIName.txt"_s, list);
+    desk->Form()->ShowMRU();
     desk->Do(smith + king);
     QCOMPARE(desk->Start().size(), 1);
     const QStringList items = desk->ItemsOf("cboxLastBizOrCase");

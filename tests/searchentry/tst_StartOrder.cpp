@@ -67,6 +67,7 @@ private Q_SLOTS:
     void aFormThatGoesUnderTheClientCodeStartsNothing();
     void aSessionThatEndsUnderTheClientCodeIsTold_data();
     void aSessionThatEndsUnderTheClientCodeIsTold();
+    void aCodeOfASessionThatHasEndedIsNotInForce();
 
     void aCharacterThatCannotBeSentIsTold_data();
     void aCharacterThatCannotBeSentIsTold();
@@ -416,6 +417,24 @@ void tst_StartOrder::aSessionThatEndsUnderTheClientCodeIsTold()
     desk->Desk.Boxes.Expect(notLoggedIn, notLoggedInTitle, MsgIcon::Exclamation, answer);
     startsNothing({u"SMITH"_s, u"JOHN"_s, u"Q"_s, u"Jr."_s});
     QCOMPARE(frmLogin::IsLoaded(), answer == MsgAnswer::Yes);
+}
+
+void tst_StartOrder::aCodeOfASessionThatHasEndedIsNotInForce()
+{
+    SaveOptionStr(u"Accounting"_s, u"EnableAcctg"_s, u"1"_s);
+    desk->Do(smith + king);
+    desk->Desk.Boxes.ExpectDialog(u"frmAccounting"_s, [](QDialog *dialog) {
+        // A logout takes the code of its session along.
+        Global.bLoggedIn = false;
+        Global.ClientAcctgCode.clear();
+        dialog->findChild<QComboBox *>(u"cboxClientID"_s)->setEditText(u"abc"_s);
+        QTest::mouseClick(ButtonOf(dialog, "cmdOK"), Qt::LeftButton);
+    });
+    desk->Desk.Boxes.Expect(notLoggedIn, notLoggedInTitle, MsgIcon::Exclamation, MsgAnswer::No);
+    startsNothing({u"SMITH"_s, u"JOHN"_s, u"Q"_s, u"Jr."_s});
+    QCOMPARE(Global.ClientAcctgCode, QString());
+    // It is offered the next time.
+    QCOMPARE(desk->Desk.Folder.Read(u"MruAcctg.txt"_s), "abc\r\n");
 }
 
 void tst_StartOrder::aCharacterThatCannotBeSentIsTold_data()
