@@ -1,114 +1,16 @@
-#include "controls/FlexGrid.h"
-#include "controls/ResultListView.h"
 #include "controls/RowFilter.h"
-#include "controls/SaveDialog.h"
-#include "controls/TableTools.h"
+#include "controls/TableUser.h"
 #include "support/ProcessorTime.h"
-#include "support/TestFolder.h"
 
-#include <QApplication>
-#include <QClipboard>
-#include <QLineEdit>
 #include <QSignalSpy>
-#include <QTest>
-#include <QVBoxLayout>
 
-#include <memory>
+#include <array>
 
 using namespace Qt::StringLiterals;
 
-// What Find has hidden is not chosen: in a list and in a grid, by whatever selects and by whatever
-// acts on the selected rows.
+// What Find has hidden is not chosen: in a list and in a grid, by whatever selects.
 
 namespace {
-const QStringList names{u"SMITH, A"_s, u"JONES, B"_s, u"SMITH, C"_s, u"JONES, D"_s, u"SMITH, E"_s};
-
-/// A window with one table of one column, and a user at it.
-class TableUser
-{
-public:
-    explicit TableUser(bool isGrid)
-    {
-        auto *column = new QVBoxLayout(&Window);
-        if (isGrid)
-            Table = Grid = new FlexGrid(&Window);
-        else
-            Table = List = new ResultListView(&Window);
-        column->addWidget(Table);
-        Window.resize(400, 400);
-        Window.setWindowTitle(u"names"_s);
-        if (List)
-            List->SetColumns({{u"Name"_s, 3000}});
-        Window.show();
-        Fill(names);
-        Table->setFocus();
-    }
-
-    /// A list gets them below the rows that it has, a grid in their place.
-    void Fill(const QStringList &texts) const
-    {
-        GridTable table{{{u"Name"_s, 100}}, {}, true};
-        for (const QString &text : texts) {
-            table.Rows.append({text});
-            if (List)
-                List->List()->AddRow({text});
-        }
-        if (Grid)
-            Grid->Show(table);
-        else
-            List->List()->Flush();
-    }
-
-    void Find(const QString &text) const
-    {
-        Tools()->OpenFind();
-        Window.findChild<QLineEdit *>(u"txtFind"_s)->setText(text);
-        Table->setFocus();
-    }
-    TableTools *Tools() const { return Grid ? Grid->Tools() : List->Tools(); }
-
-    QPoint Place(int row) const
-    {
-        return Table->visualRect(Table->model()->index(row, 0)).center();
-    }
-    void Click(int row, Qt::KeyboardModifiers keys = {}) const
-    {
-        QTest::mouseClick(Table->viewport(), Qt::LeftButton, keys, Place(row));
-    }
-    void Drag(int from, int to) const
-    {
-        QTest::mousePress(Table->viewport(), Qt::LeftButton, {}, Place(from));
-        for (int row = from; row <= to; ++row) {
-            if (!Table->isRowHidden(row))
-                QTest::mouseMove(Table->viewport(), Place(row));
-        }
-        QTest::mouseRelease(Table->viewport(), Qt::LeftButton, {}, Place(to));
-    }
-    void Trigger(const QString &action) const { Table->findChild<QAction *>(action)->trigger(); }
-    QString Copied(const QString &action) const
-    {
-        QApplication::clipboard()->setText(u"nothing"_s);
-        Trigger(action);
-        return QApplication::clipboard()->text();
-    }
-
-    /// The rows that are selected by all that Qt knows.
-    QString Selected() const
-    {
-        QStringList rows;
-        for (int row = 0; row < Table->model()->rowCount(); ++row) {
-            if (Table->selectionModel()->isRowSelected(row))
-                rows.append(QString::number(row));
-        }
-        return rows.join(u' ');
-    }
-
-    QWidget Window;
-    QTableView *Table = nullptr;
-    ResultListView *List = nullptr;
-    FlexGrid *Grid = nullptr;
-};
-
 /// A way of selecting, with the rows 1 and 3 hidden, and what is selected then.
 struct Way
 {
@@ -169,25 +71,12 @@ const std::array<Way, 11> ways{{
      u""},
 }};
 
-void eachTable()
-{
-    QTest::addColumn<bool>("isGrid");
-    QTest::newRow("list") << false;
-    QTest::newRow("grid") << true;
-}
 } // namespace
 
 class tst_HiddenRows : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init() { folder = std::make_unique<TestFolder>(); }
-    void cleanup()
-    {
-        ReplaceSaveDialog({});
-        folder.reset();
-    }
-
     void noWaySelectsThem_data();
     void noWaySelectsThem();
     void whatIsHiddenLaterIsGivenUp_data() { eachTable(); }
@@ -198,12 +87,6 @@ private Q_SLOTS:
     void shiftGoesOnFromTheCurrentRow();
     void lettersDoNotLeadThere_data() { eachTable(); }
     void lettersDoNotLeadThere();
-    void commandsOnSelectedRows_data() { eachTable(); }
-    void commandsOnSelectedRows();
-    void commandsOnOneRow_data() { eachTable(); }
-    void commandsOnOneRow();
-    void theMenuWithNothingInSight_data() { eachTable(); }
-    void theMenuWithNothingInSight();
 
     void aRowThatChanges();
     void aSortedList();
@@ -214,9 +97,6 @@ private Q_SLOTS:
     void theButtonOfTheRowKeepsTheFocus();
     void anotherTableOfTheGrid();
     void hundredThousandRows();
-
-private:
-    std::unique_ptr<TestFolder> folder;
 };
 
 void tst_HiddenRows::noWaySelectsThem_data()
@@ -311,65 +191,6 @@ void tst_HiddenRows::lettersDoNotLeadThere()
     QCOMPARE(user.Table->currentIndex().row(), 1);
 }
 
-void tst_HiddenRows::commandsOnSelectedRows()
-{
-    QFETCH(bool, isGrid);
-    const TableUser user(isGrid);
-    user.Table->selectAll();
-    user.Find(u"smith"_s);
-    QCOMPARE(user.Copied(u"mnuListCopy"_s), u"SMITH, A\nSMITH, C\nSMITH, E"_s);
-    QCOMPARE(user.Copied(u"mnuListCopyHeaders"_s), u"Name\nSMITH, A\nSMITH, C\nSMITH, E"_s);
-    QApplication::clipboard()->clear();
-    QTest::keySequence(user.Table, QKeySequence::Copy);
-    QCOMPARE(QApplication::clipboard()->text(), u"SMITH, A\nSMITH, C\nSMITH, E"_s);
-    QCOMPARE(user.Tools()->Filter()->SelectedRows(), QList<int>({0, 2, 4}));
-    // An export is of all rows in sight, selected or not.
-    const QString path = folder->Path(u"rows.csv"_s);
-    ReplaceSaveDialog([path](const QString &) { return path; });
-    user.Table->clearSelection();
-    user.Trigger(u"mnuListExport"_s);
-    QCOMPARE(folder->Read(u"rows.csv"_s),
-             QByteArray("\xEF\xBB\xBF"
-                        "Name\r\n\"SMITH, A\"\r\n\"SMITH, C\"\r\n\"SMITH, E\"\r\n"));
-    QCOMPARE(user.Copied(u"mnuListCopy"_s), u"nothing"_s);
-}
-
-void tst_HiddenRows::commandsOnOneRow()
-{
-    QFETCH(bool, isGrid);
-    const TableUser user(isGrid);
-    QList<int> opened;
-    if (user.Grid)
-        connect(user.Grid, &FlexGrid::RowActivated, this, [&](int row) { opened.append(row - 1); });
-    else
-        connect(user.List, &ResultListView::RowChosen, this, [&](int row) { opened.append(row); });
-    user.Click(3);
-    user.Find(u"smith"_s);
-    QTest::keyClick(user.Table, Qt::Key_Return);
-    QCOMPARE(opened, QList<int>());
-    QCOMPARE(user.Tools()->Filter()->ChosenRow(), -1);
-    QCOMPARE(user.Tools()->Filter()->CurrentRow(), -1);
-    // Where the hidden row 3 was, row 4 is now.
-    user.Click(4);
-    QTest::mouseDClick(user.Table->viewport(), Qt::LeftButton, {}, user.Place(4));
-    QTest::keyClick(user.Table, Qt::Key_Up);
-    QTest::keyClick(user.Table, Qt::Key_Return);
-    QCOMPARE(opened, QList<int>({4, 2}));
-    QCOMPARE(user.Tools()->Filter()->ChosenRow(), 2);
-}
-
-void tst_HiddenRows::theMenuWithNothingInSight()
-{
-    QFETCH(bool, isGrid);
-    const TableUser user(isGrid);
-    user.Click(3);
-    user.Find(u"nobody"_s);
-    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), QPoint());
-    QCoreApplication::sendEvent(user.Table, &event);
-    for (const QString &name : {u"mnuListCopy"_s, u"mnuListCopyHeaders"_s, u"mnuListExport"_s})
-        QVERIFY(!user.Table->findChild<QAction *>(name)->isEnabled());
-}
-
 void tst_HiddenRows::aRowThatChanges()
 {
     const TableUser user(false);
@@ -399,7 +220,7 @@ void tst_HiddenRows::aSortedList()
     user.Click(2, Qt::ControlModifier);
     QCOMPARE(user.Selected(), u"0 4"_s);
     std::vector<QString> keys;
-    for (const QString &name : names)
+    for (const QString &name : fiveNames)
         keys.push_back(name);
     // JONES, B and D; SMITH, A, C and E.
     user.List->SortRows(keys, Qt::AscendingOrder);
