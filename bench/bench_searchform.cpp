@@ -8,6 +8,7 @@
 #include "core/GlobalState.h"
 #include "courts/DiscisCourts.h"
 #include "jobs/frmQueue.h"
+#include "searchentry/RecentEntries.h"
 #include "searchentry/SearchDispatch.h"
 #include "searchentry/frmSearchWA.h"
 
@@ -120,6 +121,7 @@ void StartStatewideCivilSearch(benchmark::State &state)
     Global.intSearchWhere = 5;
     const SearchEntry entry = allCivilCourts();
     constexpr int controlsOfResults = 20;
+    ShownRecents recents;
     double baseline = 0.0;
     double subject = 0.0;
     for (auto _ : state) {
@@ -131,7 +133,7 @@ void StartStatewideCivilSearch(benchmark::State &state)
             benchmark::DoNotOptimize(lines);
         });
         DispatchResult result = DispatchResult::Nothing;
-        const double seconds = secondsOf([&] { result = DispatchSearch(entry, {}); });
+        const double seconds = secondsOf([&] { result = DispatchSearch(entry, {}, recents); });
         closeResults();
         if (result != DispatchResult::Waiting) {
             state.SkipWithError("the search did not start");

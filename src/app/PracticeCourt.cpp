@@ -1,6 +1,6 @@
 #include "app/PracticeCourt.h"
 
-#include "core/Options.h"
+#include "core/RunSettings.h"
 #include "link/TcpServerSocket.h"
 
 #include <QCoreApplication>
@@ -54,7 +54,7 @@ PracticeCourt::~PracticeCourt()
 void PointSessionAt(quint16 port)
 {
     for (int i = 1; i <= serverAddresses; ++i)
-        SaveOptionStr(u"Communications"_s, u"HVServerIP"_s + QString::number(i), u"127.0.0.1"_s);
-    SaveOptionStr(u"Communications"_s, u"HVServerPort"_s, QString::number(port));
+        HoldForThisRun(u"Communications"_s, u"HVServerIP"_s + QString::number(i), u"127.0.0.1"_s);
+    HoldForThisRun(u"Communications"_s, u"HVServerPort"_s, QString::number(port));
     AssumeNetworkAddress(true);
 }

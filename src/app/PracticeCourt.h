@@ -26,6 +26,6 @@ private:
     QString error;
 };
 
-/// Writes the court into options.ini as the one server, and lets the login through on a machine
-/// that is in no network.
+/// Makes the court the one server of this run, without a trace in options.ini, and lets the login
+/// through on a machine that is in no network.
 void PointSessionAt(quint16 port);

@@ -54,6 +54,16 @@ void offerToConnect(frmMain *main)
         frmLogin::ShowForm(main);
 }
 
+/// Other programs may have come before the main window while the start was under way. The login
+/// window stands before it and has the keyboard.
+void bringForward(frmMain *main)
+{
+    if (frmLogin::IsLoaded())
+        main->raise();
+    else
+        BringToFront(main);
+}
+
 void wireSession()
 {
     SessionEvents *session = &SessionEvents::Of();
@@ -121,7 +131,7 @@ void Main(bool practice)
     offerToConnect(main);
     LoadAppOptions();
     TrimMruFiles();
-    main->show();
+    bringForward(main);
     WriteAppInfo(u" \r\n"_s);
     Global.WaDisclaimerAccepted = false;
     frmSearchWA::ShowForm();

@@ -6,6 +6,7 @@
 #include "core/Log.h"
 #include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
+#include "core/Windows1252.h"
 #include "courts/CaseMarks.h"
 #include "session/LoginOffer.h"
 #include "session/NewWindow.h"
@@ -35,6 +36,14 @@ QString caseNumberIn(const FlexGrid &grid, int row)
             return cell;
     }
     return {};
+}
+
+/// The code that a further retrieval is billed to: the one in force, which the user may have
+/// changed since the case was opened.
+QString codeInForce(const QString &codeOfCase)
+{
+    const QString code = FoldToUpper(TrimBlanks(Global.ClientAcctgCode));
+    return code.isEmpty() ? codeOfCase : code;
 }
 
 /// Whether a search may begin; asks for the login otherwise.
@@ -85,7 +94,7 @@ void frmCaseDetails::openListedCase(const QString &request)
     form->setWindowTitle(windowTitle());
     form->chkBK = true;
     form->SetCaseTitle(u"Bankruptcy"_s);
-    form->ClientAcctgCode = ClientAcctgCode;
+    form->ClientAcctgCode = codeInForce(ClientAcctgCode);
     form->tboxCaseNumberQueue = request;
     form->lboxTabReqQueue.Clear();
     form->lboxTabReqQueue.AddItem(request);
@@ -115,7 +124,7 @@ bool frmCaseDetails::openCaseOfCounty(const QString &number, const QString &proc
         form->SetCaseDetailsHdr(u"Case Details ("_s + asked + u')');
         form->SetCourtName(txtCountyName + u" County, Washington Superior Courts"_s);
         form->SetCaseTitle(u"Pending .. "_s);
-        form->ClientAcctgCode = ClientAcctgCode;
+        form->ClientAcctgCode = codeInForce(ClientAcctgCode);
         form.GiveKey();
         form.Launch();
         return true;

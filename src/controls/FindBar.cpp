@@ -127,14 +127,15 @@ void FindBar::placeBelowTable()
 void FindBar::goToTable()
 {
     view->setFocus(Qt::OtherFocusReason);
-    if (view->currentIndex().isValid())
+    if (filter->CurrentRow() >= 0 || filter->Shown() == 0)
         return;
-    for (int row = 0; row < filter->Loaded(); ++row) {
-        if (filter->Shows(row)) {
-            view->setCurrentIndex(view->model()->index(row, 0));
-            return;
-        }
-    }
+    // The cursor goes to what is selected, and leaves it so.
+    const int selected = filter->ChosenRow();
+    if (selected >= 0)
+        view->selectionModel()->setCurrentIndex(view->model()->index(selected, 0),
+                                                QItemSelectionModel::NoUpdate);
+    else
+        view->setCurrentIndex(view->model()->index(filter->ShownRows().first(), 0));
 }
 
 void FindBar::keyPressEvent(QKeyEvent *event)

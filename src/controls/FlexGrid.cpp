@@ -500,8 +500,15 @@ void FlexGrid::keyPressEvent(QKeyEvent *event)
     }
     event->accept();
     // A key that is held down activates once.
-    if (!event->isAutoRepeat() && currentIndex().isValid())
-        activate(currentIndex().row());
+    if (!event->isAutoRepeat() && tools->Filter()->CurrentRow() >= 0)
+        activate(tools->Filter()->CurrentRow());
+}
+
+void FlexGrid::keyboardSearch(const QString &search)
+{
+    // The letters would lead to rows that Find has hidden.
+    if (!tools->Filter()->IsActive())
+        QTableView::keyboardSearch(search);
 }
 
 void FlexGrid::mouseDoubleClickEvent(QMouseEvent *event)

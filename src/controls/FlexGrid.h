@@ -48,6 +48,7 @@ public:
     int MeasuredRows() const { return measured; }
 
     void scrollTo(const QModelIndex &index, ScrollHint hint = EnsureVisible) override;
+    void keyboardSearch(const QString &search) override;
 
 Q_SIGNALS:
     /// A row was double-clicked, or Enter pressed on it; rows are counted as in Cell.

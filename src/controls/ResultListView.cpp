@@ -1,6 +1,7 @@
 #include "controls/ResultListView.h"
 
 #include "controls/ColumnWidths.h"
+#include "controls/RowFilter.h"
 #include "controls/TableLook.h"
 #include "controls/TableTools.h"
 #include "controls/Twips.h"
@@ -189,11 +190,7 @@ void ResultListView::SortRows(const std::vector<QString> &keys, Qt::SortOrder or
 
 int ResultListView::SelectedRow() const
 {
-    const QModelIndex current = currentIndex();
-    if (current.isValid() && selectionModel()->isRowSelected(current.row()))
-        return current.row();
-    const QItemSelection selection = selectionModel()->selection();
-    return selection.isEmpty() ? -1 : selection.first().top();
+    return tools->Filter()->ChosenRow();
 }
 
 void ResultListView::keyPressEvent(QKeyEvent *event)
@@ -224,17 +221,26 @@ void ResultListView::mouseDoubleClickEvent(QMouseEvent *event)
 
 void ResultListView::turnCheckBoxes()
 {
-    if (list.rowCount() == 0)
+    const RowFilter *filter = tools->Filter();
+    int lead = filter->CurrentRow() >= 0 ? filter->CurrentRow() : filter->ChosenRow();
+    if (lead < 0 && filter->Shown() > 0) {
+        // Before the first key or click the cursor stands nowhere, and the first row is meant.
+        lead = filter->ShownRows().first();
+        setCurrentIndex(list.index(lead, 0));
+    }
+    if (lead < 0)
         return;
-    // Before the first key or click the cursor stands nowhere, and the first row is meant.
-    if (!currentIndex().isValid())
-        setCurrentIndex(list.index(0, 0));
-    const int current = currentIndex().row();
-    const bool checked = !list.IsChecked(current);
-    list.SetChecked(current, checked);
-    const QModelIndexList selected = selectionModel()->selectedRows();
-    if (!selectionModel()->isRowSelected(current))
-        return;
-    for (const QModelIndex &index : selected)
-        list.SetChecked(index.row(), checked);
+    const bool checked = !list.IsChecked(lead);
+    QList<int> turned{lead};
+    if (selectionModel()->isRowSelected(lead))
+        turned = filter->SelectedRows();
+    for (const int row : turned)
+        list.SetChecked(row, checked);
+}
+
+void ResultListView::keyboardSearch(const QString &search)
+{
+    // The letters would lead to rows that Find has hidden.
+    if (!tools->Filter()->IsActive())
+        QTableView::keyboardSearch(search);
 }

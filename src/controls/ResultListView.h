@@ -51,8 +51,10 @@ public:
     /// The order of the last sorting, ascending at first.
     Qt::SortOrder SortOrder() const { return sortOrder; }
 
-    /// The selected row, -1 when there is none; of several, the current one.
+    /// The selected row, -1 when there is none; of several, the current one. It is in sight.
     int SelectedRow() const;
+
+    void keyboardSearch(const QString &search) override;
 
 Q_SIGNALS:
     void HeaderClicked(int column);

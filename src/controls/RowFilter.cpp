@@ -1,5 +1,6 @@
 #include "controls/RowFilter.h"
 
+#include "controls/ShownRowSelection.h"
 #include "controls/TableLook.h"
 #include "controls/Twips.h"
 
@@ -9,8 +10,11 @@
 #include <algorithm>
 
 namespace {
-// Each run of selected rows is looked at for every cell that is painted.
-constexpr qsizetype mostRunsKept = 1000;
+/// A change that no cell's text has a part in, such as of a check box.
+bool leavesTexts(const QList<int> &roles)
+{
+    return !roles.isEmpty() && !roles.contains(Qt::DisplayRole) && !roles.contains(Qt::EditRole);
+}
 } // namespace
 
 QList<int> ShownColumns(const QTableView *table)
@@ -26,7 +30,9 @@ QList<int> ShownColumns(const QTableView *table)
     return shown;
 }
 
-RowFilter::RowFilter(QTableView *table) : QObject(table), view(table), rows(table->verticalHeader())
+RowFilter::RowFilter(QTableView *table)
+    : QObject(table), view(table), selection(new ShownRowSelection(table)),
+      rows(table->verticalHeader())
 {
     const QAbstractItemModel *model = view->model();
     connect(model, &QAbstractItemModel::rowsInserted, this,
@@ -36,8 +42,8 @@ RowFilter::RowFilter(QTableView *table) : QObject(table), view(table), rows(tabl
                 Q_EMIT Changed();
             });
     connect(model, &QAbstractItemModel::dataChanged, this,
-            [this](const QModelIndex &from, const QModelIndex &to) {
-                if (!IsActive())
+            [this](const QModelIndex &from, const QModelIndex &to, const QList<int> &roles) {
+                if (!IsActive() || leavesTexts(roles))
                     return;
                 apply(from.row(), to.row());
                 Q_EMIT Changed();
@@ -60,7 +66,6 @@ void RowFilter::SetText(const QString &text)
     if (!wasActive && !IsActive())
         return;
     apply(0, Loaded() - 1);
-    deselectHidden();
     if (view->currentIndex().isValid())
         view->scrollTo(view->currentIndex());
     Q_EMIT Changed();
@@ -101,6 +106,7 @@ void RowFilter::apply(int first, int last)
         rows->setSectionHidden(row, !matches(row, columns));
     rows->setUpdatesEnabled(paints);
     view->viewport()->update();
+    selection->LeaveHiddenRows();
 }
 
 bool RowFilter::matches(int row, const QList<int> &columns) const
@@ -117,31 +123,42 @@ bool RowFilter::matches(int row, const QList<int> &columns) const
     });
 }
 
-void RowFilter::deselectHidden()
+QList<int> RowFilter::ShownRows() const
 {
-    QItemSelectionModel *selection = view->selectionModel();
-    const QAbstractItemModel *model = view->model();
-    const int lastColumn = model->columnCount() - 1;
-    const QItemSelection before = selection->selection();
-    QItemSelection kept;
-    bool someHidden = false;
-    for (const QItemSelectionRange &range : before) {
-        for (int row = range.top(); row <= range.bottom() && kept.size() <= mostRunsKept; ++row) {
-            if (!Shows(row)) {
-                someHidden = true;
-                continue;
-            }
-            const int begin = row;
-            while (row < range.bottom() && Shows(row + 1))
-                ++row;
-            kept.append(QItemSelectionRange(model->index(begin, 0), model->index(row, lastColumn)));
+    QList<int> shown;
+    for (int row = 0; row < Loaded(); ++row) {
+        if (Shows(row))
+            shown.append(row);
+    }
+    return shown;
+}
+
+QList<int> RowFilter::SelectedRows() const
+{
+    QList<int> selected;
+    const QItemSelection ranges = selection->selection();
+    for (const QItemSelectionRange &range : ranges) {
+        for (int row = range.top(); row <= range.bottom(); ++row) {
+            if (Shows(row))
+                selected.append(row);
         }
     }
-    if (someHidden) {
-        if (kept.size() > mostRunsKept)
-            kept.clear();
-        selection->select(kept, QItemSelectionModel::ClearAndSelect);
-    }
-    if (view->currentIndex().isValid() && !Shows(view->currentIndex().row()))
-        selection->clearCurrentIndex();
+    std::sort(selected.begin(), selected.end());
+    selected.erase(std::unique(selected.begin(), selected.end()), selected.end());
+    return selected;
+}
+
+int RowFilter::ChosenRow() const
+{
+    const int current = CurrentRow();
+    if (current >= 0 && selection->isRowSelected(current))
+        return current;
+    const QList<int> selected = SelectedRows();
+    return selected.isEmpty() ? -1 : selected.first();
+}
+
+int RowFilter::CurrentRow() const
+{
+    const QModelIndex current = selection->currentIndex();
+    return current.isValid() && Shows(current.row()) ? current.row() : -1;
 }

@@ -8,6 +8,7 @@
 
 class QHeaderView;
 class QTableView;
+class ShownRowSelection;
 
 /// The columns of a table that can be seen, from left to right.
 QList<int> ShownColumns(const QTableView *table);
@@ -15,6 +16,9 @@ QList<int> ShownColumns(const QTableView *table);
 /// Shows only those rows of a table in which every given word occurs, capital or small, in a column
 /// that can be seen. The other rows are hidden in the view; the model and its row numbers stay as
 /// they are, so whoever fills, sorts or opens by row number need not know of it.
+///
+/// Hidden rows are never selected (ShownRowSelection). Whoever acts on selected, current or all
+/// rows for the user asks here which they are.
 class RowFilter : public QObject
 {
     Q_OBJECT
@@ -30,6 +34,16 @@ public:
     int Shown() const;
     bool Shows(int row) const;
 
+    /// The rows in sight, from top to bottom.
+    QList<int> ShownRows() const;
+    /// Those of them that are selected.
+    QList<int> SelectedRows() const;
+    /// The one row that a command for one row is about: of several that are selected the current
+    /// one, or the uppermost; -1 when none is.
+    int ChosenRow() const;
+    /// The row of the cursor, selected or not; -1 when there is none.
+    int CurrentRow() const;
+
 Q_SIGNALS:
     /// The number of rows, loaded or shown, may be another now.
     void Changed();
@@ -38,9 +52,9 @@ private:
     void apply(int first, int last);
     void applyToAll();
     bool matches(int row, const QList<int> &columns) const;
-    void deselectHidden();
 
     QTableView *view;
+    ShownRowSelection *selection;
     /// Gone before the view itself: a table that owns its model hears of the model's end
     /// afterwards.
     QPointer<QHeaderView> rows;

@@ -17,8 +17,6 @@
 #include <QShortcut>
 #include <QTableView>
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -147,7 +145,7 @@ void TableTools::showMenuAtRow()
 
 void TableTools::showMenu(const QPoint &where)
 {
-    const bool someSelected = !selectedRows().isEmpty();
+    const bool someSelected = filter->ChosenRow() >= 0;
     copyRows->setEnabled(someSelected);
     copyWithHeaders->setEnabled(someSelected);
     exportRows->setEnabled(filter->Shown() > 0);
@@ -170,7 +168,7 @@ bool TableTools::HoldsFocus() const
 
 void TableTools::Copy(bool withHeaders)
 {
-    const QList<int> rows = selectedRows();
+    const QList<int> rows = filter->SelectedRows();
     if (!rows.isEmpty())
         QApplication::clipboard()->setText(ClipboardText(table(rows), withHeaders));
 }
@@ -185,37 +183,12 @@ void TableTools::ExportCsv()
 
 void TableTools::writeCsv(const QString &path)
 {
-    if (!ReplaceFileContent(path, CsvText(table(shownRows()))))
+    if (!ReplaceFileContent(path, CsvText(table(filter->ShownRows()))))
         MsgBox(view->parentWidget(),
                u"The list could not be written to this file:\n\n"_s + QDir::toNativeSeparators(path)
                    + u"\n\nCheck that the folder exists, that you may write there, and that there "
                      "is room on the disk. Nothing was changed."_s,
                exportTitle.toString(), MsgButtons::Ok, MsgIcon::Exclamation);
-}
-
-QList<int> TableTools::selectedRows() const
-{
-    QList<int> rows;
-    const QItemSelection selection = view->selectionModel()->selection();
-    for (const QItemSelectionRange &range : selection) {
-        for (int row = range.top(); row <= range.bottom(); ++row) {
-            if (filter->Shows(row))
-                rows.append(row);
-        }
-    }
-    std::sort(rows.begin(), rows.end());
-    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
-    return rows;
-}
-
-QList<int> TableTools::shownRows() const
-{
-    QList<int> rows;
-    for (int row = 0; row < filter->Loaded(); ++row) {
-        if (filter->Shows(row))
-            rows.append(row);
-    }
-    return rows;
 }
 
 ShownTable TableTools::table(const QList<int> &rows) const

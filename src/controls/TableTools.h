@@ -45,8 +45,6 @@ private:
     void openFindOfFocus();
     void showMenuAtRow();
     bool takeKey(QKeyEvent *key);
-    QList<int> selectedRows() const;
-    QList<int> shownRows() const;
     ShownTable table(const QList<int> &rows) const;
     QString caption() const;
 

@@ -4,6 +4,7 @@
 #include "core/AtomicFile.h"
 #include "core/IniText.h"
 #include "core/Log.h"
+#include "core/RunSettings.h"
 #include "core/RunTimeError.h"
 #include "core/UserStore.h"
 
@@ -70,10 +71,20 @@ void CSetting::Init(const QString &name, bool iniMode)
     IniMode = iniMode;
 }
 
+/// What the key is held at for this run; such keys are those of options.ini.
+std::optional<QString> CSetting::heldValue(const QString &section, const QString &key) const
+{
+    const bool options =
+        QFileInfo(fullPath).fileName().compare(u"options.ini", Qt::CaseInsensitive) == 0;
+    return options ? HeldForThisRun(section, key) : std::nullopt;
+}
+
 QString CSetting::readText(const QString &section, const QString &key, const QString &fallback)
 {
     if (!IniMode)
         return UserStoreValue(section, key, fallback);
+    if (const auto held = heldValue(section, key))
+        return *held;
     return IniValue(textOf(fullPath), section, key).value_or(fallback);
 }
 
@@ -83,6 +94,8 @@ void CSetting::writeText(const QString &section, const QString &key, const QStri
         SaveUserStoreValue(section, key, value);
         return;
     }
+    if (heldValue(section, key))
+        return;
     changeFile(fullPath,
                [&](const QByteArray &text) { return IniTextWithValue(text, section, key, value); });
 }

@@ -2,8 +2,13 @@
 
 #include <QString>
 
+#include <optional>
+
 /// Through this class every ini file of the application folder is read and written. Each call goes
 /// to the file; nothing is kept, so a change made anywhere is seen everywhere at once.
+///
+/// A key of options.ini that is held for this run (core/RunSettings.h) reads as it is held and is
+/// not written.
 ///
 /// With IniMode off the same calls go to the per-user store of the platform.
 class CSetting
@@ -32,6 +37,7 @@ public:
     const QString &FullPath() const { return fullPath; }
 
 private:
+    std::optional<QString> heldValue(const QString &section, const QString &key) const;
     QString readText(const QString &section, const QString &key, const QString &fallback);
     void writeText(const QString &section, const QString &key, const QString &value);
 

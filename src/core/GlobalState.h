@@ -3,6 +3,7 @@
 #include "core/Boolean.h"
 #include "core/ReceiveBuffer.h"
 
+#include <QHash>
 #include <QString>
 #include <QStringList>
 
@@ -60,6 +61,9 @@ struct GlobalState
     Boolean WaDisclaimerAccepted;
     Boolean OrDisclaimerAccepted;
     Boolean IdDisclaimerAccepted;
+
+    /// What goes before options.ini, see core/RunSettings.h
+    QHash<QString, QString> SettingsOfThisRun;
 
     // Settings, as read at the moments that Options.h tells
     Boolean bShowAlerts;

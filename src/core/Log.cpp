@@ -2,12 +2,12 @@
 
 #include "core/AppFolder.h"
 #include "core/Clock.h"
+#include "core/GeneralDate.h"
 #include "core/Platform.h"
 #include "core/RunTimeError.h"
 #include "core/Windows1252.h"
 
 #include <QFile>
-#include <QLocale>
 
 #include <limits>
 
@@ -26,13 +26,8 @@ const QByteArray &headOfEntry()
     const qint64 second = Clock::Current().EpochSeconds();
     if (second == formattedSecond)
         return formatted;
-    static const QLocale locale = QLocale::system();
-    // The long time without its zone: a log is read by people who know where it was written.
-    static const QString timeFormat = locale.timeFormat(QLocale::LongFormat).remove(u't').trimmed();
-    const QDateTime moment = Clock::Current().Now();
     formattedSecond = second;
-    formatted = ToWindows1252(QString(locale.toString(moment.date(), QLocale::ShortFormat) + u' '
-                                      + locale.toString(moment.time(), timeFormat) + u" -- "_s));
+    formatted = ToWindows1252(QString(GeneralDate(Clock::Current().Now()) + u" -- "_s));
     return formatted;
 }
 

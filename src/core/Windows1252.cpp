@@ -72,6 +72,18 @@ bool FitsWindows1252(QStringView text)
     return std::all_of(text.begin(), text.end(), [](QChar c) { return AnsiCode(c) >= 0; });
 }
 
+QStringList CharactersOutsideWindows1252(const QString &text)
+{
+    QStringList outside;
+    for (const uint code : text.toUcs4()) {
+        const QString character = QString::fromUcs4(reinterpret_cast<const char32_t *>(&code), 1);
+        if (!FitsWindows1252(character))
+            outside.append(character);
+    }
+    outside.removeDuplicates();
+    return outside;
+}
+
 QString FoldToUpper(const QString &text)
 {
     QString folded = text;

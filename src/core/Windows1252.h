@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QString>
+#include <QStringList>
 #include <QStringView>
 
 /// Text as the wire and the files hold it: Windows-1252, one byte a character.
@@ -15,6 +16,9 @@ QString FromWindows1252(QByteArrayView bytes);
 
 /// True when every character of `text` exists in Windows-1252.
 bool FitsWindows1252(QStringView text);
+
+/// The characters that Windows-1252 does not have, each once, in the order of the text.
+QStringList CharactersOutsideWindows1252(const QString &text);
 
 /// The text in upper case, each character by itself: one that has no upper case in the code page
 /// ("ß", "µ") stays as it is, since its upper case could not travel.

@@ -80,6 +80,23 @@ QString MarkedAsRetrieved(const QString &text)
     return retrievedMark + withoutMark(text);
 }
 
+QString OutOfSightQuestion(qsizetype outOfSight, qsizetype checked)
+{
+    const QString count = QString::number(checked);
+    if (checked == 1)
+        return u"The checked name is out of sight, because it does not match the words in Find. "
+               "Retrieve its cases?"_s;
+    QString question = u"All %2 checked names are"_s;
+    if (outOfSight == 1)
+        question = u"%1 of the %2 checked names is"_s;
+    else if (outOfSight < checked)
+        question = u"%1 of the %2 checked names are"_s;
+    question += outOfSight == 1 ? u" out of sight, because it does not match"_s
+                                : u" out of sight, because they do not match"_s;
+    question += u" the words in Find. Retrieve the cases of all %2 names?"_s;
+    return question.replace(u"%1"_s, QString::number(outOfSight)).replace(u"%2"_s, count);
+}
+
 QString CasesOfNameRequest(const QString &search, const QString &nameVal, const QStringList &cells,
                            const QString &key)
 {

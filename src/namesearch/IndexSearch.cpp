@@ -90,6 +90,9 @@ void frmNameSearchResults::clearServerTexts()
 
 void frmNameSearchResults::cmdGetNext_Click()
 {
+    // Without a link the page would end as lost, and could not be asked for again.
+    if (!MaySearch())
+        return;
     ++SearchRunCount;
     TurnOff(ui->cmdSearchResults_4);
     // Pending again, so that Stop withdraws the key instead of stopping a search that has not

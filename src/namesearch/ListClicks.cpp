@@ -130,12 +130,18 @@ void NameResultsWindow::chooseRow(int row)
     if (row < 0)
         return;
     const RunScope scope(this);
-    if (!Global.bLoggedIn) {
-        if (OfferLogin(this))
-            ShowLogin();
-        return;
-    }
-    OpenCaseFromRow(row);
+    if (MaySearch())
+        OpenCaseFromRow(row);
+}
+
+bool NameResultsWindow::MaySearch()
+{
+    if (Global.bLoggedIn)
+        return true;
+    const RunScope scope(this);
+    if (OfferLogin(this))
+        ShowLogin();
+    return false;
 }
 
 void NameResultsWindow::OpenCaseFromRow(int row)

@@ -110,6 +110,9 @@ protected:
     void CountRowsOf(ResultListView *list);
     /// The same for a further list, which a screen reader tells of, too.
     void AlsoFills(ResultListView *list);
+    /// Whether the window may ask the court for something. When nobody is logged in, the login is
+    /// offered, and the user asks again once that is done.
+    bool MaySearch();
     /// The window waits again, with the key that it has: what the user waits for begins here.
     void SearchAgain();
     /// A whole row has come: the count reads so many when the rows are shown next. A row that was

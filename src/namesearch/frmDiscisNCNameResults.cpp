@@ -2,6 +2,7 @@
 
 #include "controls/MsgBox.h"
 #include "controls/ResultListView.h"
+#include "controls/RowFilter.h"
 #include "controls/TableTools.h"
 #include "core/GlobalState.h"
 #include "core/RunTimeError.h"
@@ -126,23 +127,65 @@ void frmDiscisNCNameResults::ToggleDupesView()
     ui->cmdViewDupes->setText(texts.other.toString());
 }
 
+frmDiscisNCNameResults::CheckedNames frmDiscisNCNameResults::checkedNames() const
+{
+    const ResultListModel *names = ui->lvDupe->List();
+    CheckedNames checked;
+    const QList<int> rows = names->CheckedRows();
+    for (const int row : rows) {
+        checked.All.append(names->Key(row));
+        if (!ui->lvDupe->Tools()->Filter()->Shows(row))
+            checked.OutOfSight.append(names->Key(row));
+    }
+    return checked;
+}
+
+/// Whether the names that are checked are to be retrieved: with each of them the user pays for a
+/// search, so those that Find hides are asked about, whatever alerts are wanted. Whatever may have
+/// become otherwise under a question is looked at again.
+bool frmDiscisNCNameResults::mayRetrieve()
+{
+    CheckedNames agreed;
+    while (!IsUnloaded() && namesRetrievable) {
+        const CheckedNames checked = checkedNames();
+        if (checked.All.isEmpty()) {
+            MsgBox(this,
+                   u"No Name(s) Selected. Please place a checkmark next to the name(s) to "
+                   "retrieve."_s,
+                   u"Halvane - Invalid Request .."_s);
+            return false;
+        }
+        if (!MaySearch())
+            return false;
+        if (checked.OutOfSight.isEmpty() || checked == agreed)
+            return true;
+        if (MsgBox(this, OutOfSightQuestion(checked.OutOfSight.size(), checked.All.size()),
+                   u"Halvane - Names Out of Sight"_s, MsgButtons::YesNo, MsgIcon::Question)
+            != MsgAnswer::Yes)
+            return false;
+        agreed = checked;
+    }
+    return false;
+}
+
 void frmDiscisNCNameResults::RetrieveCheckedNames()
 {
-    ResultListModel *names = ui->lvDupe->List();
-    const QList<int> checked = names->CheckedRows();
-    if (checked.isEmpty()) {
-        MsgBox(this,
-               u"No Name(s) Selected. Please place a checkmark next to the name(s) to retrieve."_s,
-               u"Halvane - Invalid Request .."_s);
+    const RunScope scope(this);
+    if (!mayRetrieve())
         return;
-    }
+    // The labels tell of each person while that person's cases are asked for; what was searched for
+    // stays the same.
+    if (searchedFor.isEmpty())
+        searchedFor = lblNameVal();
     Global.bStopRequested = false;
     lboxQueue.Clear();
+    ResultListModel *names = ui->lvDupe->List();
+    const QList<int> checked = names->CheckedRows();
     for (const int row : checked) {
         QStringList cells;
         for (int column = 0; column < names->columnCount(); ++column)
             cells.append(names->Cell(row, column));
-        lboxQueue.AddItem(CasesOfNameRequest(lblDNDorSNCI, lblNameVal(), cells, names->Key(row)));
+        lboxQueue.AddItem(CasesOfNameRequest(lblDNDorSNCI, searchedFor, cells, names->Key(row)));
         names->SetCell(row, 0, MarkedAsRetrieved(cells[0]));
     }
     showCaseColumnsAgain();

@@ -30,7 +30,8 @@ public:
     void AddDupeRow(const QString &row);
     /// Brings the list that is behind to the front, with the texts that belong to it.
     void ToggleDupesView();
-    /// Asks for the cases of the people who are checked, as a new job of this window.
+    /// Asks for the cases of the people who are checked, as a new job of this window. The user is
+    /// asked first when some of them are out of sight.
     void RetrieveCheckedNames();
 
     QString lblDNDorSNCI;      ///< "SNCI", or "DND" for defendants with addresses
@@ -48,10 +49,21 @@ protected:
     QWidget *HomeOfFocus() const override;
 
 private:
+    /// The keys of the people who are checked, and of those of them whom Find hides.
+    struct CheckedNames
+    {
+        QStringList All;
+        QStringList OutOfSight;
+        bool operator==(const CheckedNames &) const = default;
+    };
+
+    CheckedNames checkedNames() const;
+    bool mayRetrieve();
     int nameCount() const;
     void showCaseColumnsAgain();
     void allowRetrieval(bool allowed);
 
     const std::unique_ptr<Ui::frmDiscisNCNameResults> ui;
     bool namesRetrievable = false; ///< no job of this window is waiting or running
+    QString searchedFor;           ///< the name, as the first search showed it
 };

@@ -124,8 +124,10 @@ constexpr std::array rules{
               .error = {.what = u"The NUMBER Field Is Empty!",
                         .why = u"This is a required field and Has a Minimum Length of 1 Character.",
                         .action = u"Please enter a NUMBER or Select Cancel to Continue."}},
+    // Without one an Oregon request names no court, and the answer would be that there is no such
+    // case.
     FieldRule{.kinds = number,
-              .courts = superior,
+              .courts = superior | oregon,
               .broken = lacksNumberCounty,
               .error = noCountyForNumber},
     // Idaho's numbers have no form that could be tested.
@@ -193,6 +195,14 @@ bool anyStandsIn(const QString &list, const QStringList &counties)
     });
 }
 } // namespace
+
+QString LostCharactersText(const QStringList &characters)
+{
+    const QString all = u'"' + characters.join(u"\", \""_s) + u'"';
+    if (characters.size() == 1)
+        return u"The character "_s + all + u" cannot be sent. A question mark goes in its place."_s;
+    return u"The characters "_s + all + u" cannot be sent. Question marks go in their place."_s;
+}
 
 bool HasCountyWithoutDistrictCourt(const QStringList &counties)
 {

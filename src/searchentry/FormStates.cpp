@@ -117,10 +117,14 @@ CourtFamily FirstCourtOf(int stateIndex)
     return CourtFamily::Superior;
 }
 
+bool IsIdentifier(SearchKind kind)
+{
+    return kind == SearchKind::TaxId || kind == SearchKind::Ssn;
+}
+
 FormState Settled(FormState state)
 {
-    if (state.Court != CourtFamily::Bankruptcy
-        && (state.Kind == SearchKind::TaxId || state.Kind == SearchKind::Ssn))
+    if (state.Court != CourtFamily::Bankruptcy && IsIdentifier(state.Kind))
         state.Kind = SearchKind::Person;
     FormState single = state;
     single.Batch = false;

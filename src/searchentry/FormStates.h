@@ -89,6 +89,9 @@ const ScopeRow &ScopeRowOf(SearchScope where);
 /// The first court family of a state, by the index of its button.
 CourtFamily FirstCourtOf(int stateIndex);
 
+/// Whether it looks for a tax identifier or a social security number.
+bool IsIdentifier(SearchKind kind);
+
 /// The state with everything put right that cannot be: tax identifiers and social security numbers
 /// exist for the U.S. Courts only, a batch for numbers of the three states' own courts only.
 FormState Settled(FormState state);

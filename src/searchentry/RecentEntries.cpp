@@ -161,6 +161,20 @@ bool IsInMruList(const QStringList &items, const QString &text)
                        [&](const QString &item) { return sameEntry(item, text); });
 }
 
+void RememberEntry(const QString &searchType, const QString &text, ShownRecents &shown)
+{
+    // As the file can hold it: what the code page has not is a question mark there.
+    const QString entry = FromWindows1252(ToWindows1252(text));
+    if (IsInMruList(shown.Entries, entry)
+        || (searchType != shown.Type && IsInMruList(LoadMruLists().Of(searchType), entry)))
+        return;
+    AddToMruList(searchType, entry);
+    if (searchType != shown.Type)
+        return;
+    shown.Entries.prepend(entry);
+    shown.Entries = shown.Entries.first(std::min(shown.Entries.size(), longestMruList));
+}
+
 std::array<QString, 3> MruNameParts(const QString &item)
 {
     const QStringList parts = item.split(partSeparator.toString());

@@ -56,5 +56,17 @@ QString MruText(const SearchEntry &entry);
 /// True when one of the items, trimmed, is the text, without regard to case.
 bool IsInMruList(const QStringList &items, const QString &text);
 
+/// The recent entries that the search form offers.
+struct ShownRecents
+{
+    QString Type; ///< the search type that they are of
+    QStringList Entries;
+};
+
+/// Puts what was searched for on top of its list, unless it is among the entries that the form
+/// shows; they have it then. An entry of another type than the form shows, as a business has that
+/// is searched for in bankruptcy, is looked for in its own list, too. Throws as AddToMruList does.
+void RememberEntry(const QString &searchType, const QString &text, ShownRecents &shown);
+
 /// A remembered person as last name, first name and initial; a part that is missing is empty.
 std::array<QString, 3> MruNameParts(const QString &item);

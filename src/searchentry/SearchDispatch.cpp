@@ -46,70 +46,73 @@ void fillLines(ListBox &list, const QStringList &lines)
         list.AddItem(line);
 }
 
-/// What was searched for goes on top of its list, unless it stands there already.
-void rememberEntry(const SearchEntry &entry)
+/// What a dispatch needs beside the entries themselves.
+struct Handing
 {
-    const QString type = RecentEntryType(entry);
-    const QString text = RecentEntryText(entry);
-    // Compared as the file can hold it: what the code page has not is a question mark there.
-    if (!IsInMruList(LoadMruLists().Of(type), FromWindows1252(ToWindows1252(text))))
-        AddToMruList(type, text);
+    QString code; ///< the client accounting code
+    ShownRecents &recents;
+};
+
+/// What was searched for goes on top of its list, unless it stands there already.
+void rememberEntry(const SearchEntry &entry, const Handing &handing)
+{
+    RememberEntry(RecentEntryType(entry), RecentEntryText(entry), handing.recents);
 }
 
-DispatchResult nameSearch(const SearchEntry &entry, const QString &code)
+DispatchResult nameSearch(const SearchEntry &entry, const Handing &handing)
 {
     // Before the window: reading the counties may show a box.
     const RequestContext context = contextOf(entry);
     const NameResultsFields fields = NameResultsFieldsOf(entry);
     NewWindow form(new frmNameSearchResults(fields.lblState, fields.chkIndexSearch));
-    form->ClientAcctgCode = code;
+    form->ClientAcctgCode = handing.code;
     if (!LoadNameSearchRequests(*form, entry, context)) {
         form->lbl911 = u"T"_s;
         return DispatchResult::NoRequests;
     }
     form.GiveKey();
     form->SetTxtCountyList(fields.txtCountyList);
-    rememberEntry(entry);
+    rememberEntry(entry, handing);
     form.Launch();
     return DispatchResult::Waiting;
 }
 
 template<typename Window>
-DispatchResult discisNameSearch(const SearchEntry &entry, const QString &code)
+DispatchResult discisNameSearch(const SearchEntry &entry, const Handing &handing)
 {
     if (entry.Where == SearchScope::DiscisNonCivil)
         Global.DiscisDndSearch = IsDndSearch(entry);
     NewWindow form(new Window);
-    form->ClientAcctgCode = code;
+    form->ClientAcctgCode = handing.code;
     if (!LoadDiscisNameRequests(*form, entry))
         return DispatchResult::Failed;
     form.GiveKey();
-    rememberEntry(entry);
+    rememberEntry(entry, handing);
     form.Launch();
     return DispatchResult::Waiting;
 }
 
 template<typename Window>
-DispatchResult discisNumberSearch(const SearchEntry &entry, const QString &code)
+DispatchResult discisNumberSearch(const SearchEntry &entry, const Handing &handing)
 {
     NewWindow form(new Window);
-    form->ClientAcctgCode = code;
+    form->ClientAcctgCode = handing.code;
     if (!LoadDiscisCaseNumberFields(*form, entry))
         return DispatchResult::Failed;
     form.GiveKey();
-    rememberEntry(entry);
+    rememberEntry(entry, handing);
     form.Launch();
     return DispatchResult::Waiting;
 }
 
-DispatchResult numberSearch(const SearchEntry &entry, const QString &code)
+DispatchResult numberSearch(const SearchEntry &entry, const Handing &handing)
 {
     NewWindow form(new frmCaseDetails);
-    form->ClientAcctgCode = code;
+    form->ClientAcctgCode = handing.code;
     if (!DoCaseNumberSearch(*form, entry))
         return DispatchResult::Failed;
     form.GiveKey();
-    rememberEntry(entry);
+    rememberEntry(entry, handing);
     form.Launch();
     return DispatchResult::Waiting;
 }
@@ -125,7 +128,7 @@ frmNameSearchResults *newBankruptcyResults(const QString &state)
     return form;
 }
 
-DispatchResult bankruptcyResults(const SearchEntry &entry, int court, const QString &code)
+DispatchResult bankruptcyResults(const SearchEntry &entry, int court, const Handing &handing)
 {
     const BkResultsFields fields = BkResultsFieldsOf(entry, court);
     NewWindow form(newBankruptcyResults(fields.lblState));
@@ -135,38 +138,38 @@ DispatchResult bankruptcyResults(const SearchEntry &entry, int court, const QStr
     form->SetTxtCountyList(fields.txtCountyList);
     form->SetCaseTypeVals(fields.lblCaseTypeVals);
     form->SetNameVal(fields.lblNameVal);
-    form->ClientAcctgCode = code;
+    form->ClientAcctgCode = handing.code;
     if (!LoadBkSearchParams(form->lboxQueue, entry, court)) {
         form->lbl911 = u"T"_s;
         return DispatchResult::NoRequests;
     }
     form.GiveKey();
-    rememberEntry(entry);
+    rememberEntry(entry, handing);
     form.Launch();
     return DispatchResult::Waiting;
 }
 
-DispatchResult bankruptcyCase(const SearchEntry &entry, int court, const QString &code)
+DispatchResult bankruptcyCase(const SearchEntry &entry, int court, const Handing &handing)
 {
     NewWindow form(new frmCaseDetails);
     FillCaseWindow(*form, BkNumberFields(entry, court));
-    form->ClientAcctgCode = code;
+    form->ClientAcctgCode = handing.code;
     if (!LoadBkSearchParams(form->lboxTabReqQueue, entry, court))
         return DispatchResult::NoRequests;
     form.GiveKey();
-    rememberEntry(entry);
+    rememberEntry(entry, handing);
     form.Launch();
     return DispatchResult::Waiting;
 }
 
-DispatchResult bankruptcySearch(const SearchEntry &entry, const QString &code)
+DispatchResult bankruptcySearch(const SearchEntry &entry, const Handing &handing)
 {
     DispatchResult result = DispatchResult::Nothing;
     for (int court = 0; court < bkCourtCount; ++court) {
         if (!entry.BkCourts.at(static_cast<size_t>(court)))
             continue;
-        result = entry.Kind == SearchKind::Number ? bankruptcyCase(entry, court, code)
-                                                  : bankruptcyResults(entry, court, code);
+        result = entry.Kind == SearchKind::Number ? bankruptcyCase(entry, court, handing)
+                                                  : bankruptcyResults(entry, court, handing);
         if (result != DispatchResult::Waiting)
             break;
     }
@@ -178,26 +181,26 @@ bool isNumber(const SearchEntry &entry)
     return entry.Kind == SearchKind::Number;
 }
 
-DispatchResult countySearch(const SearchEntry &entry, const QString &code)
+DispatchResult countySearch(const SearchEntry &entry, const Handing &handing)
 {
-    return isNumber(entry) ? numberSearch(entry, code) : nameSearch(entry, code);
+    return isNumber(entry) ? numberSearch(entry, handing) : nameSearch(entry, handing);
 }
 
-DispatchResult discisSearch(const SearchEntry &entry, const QString &code)
+DispatchResult discisSearch(const SearchEntry &entry, const Handing &handing)
 {
     const bool civil = entry.Where == SearchScope::DiscisCivil;
     if (isNumber(entry))
-        return civil ? discisNumberSearch<frmCivilCaseDetails>(entry, code)
-                     : discisNumberSearch<frmNCCaseDetails>(entry, code);
-    return civil ? discisNameSearch<frmDiscisNameResults>(entry, code)
-                 : discisNameSearch<frmDiscisNCNameResults>(entry, code);
+        return civil ? discisNumberSearch<frmCivilCaseDetails>(entry, handing)
+                     : discisNumberSearch<frmNCCaseDetails>(entry, handing);
+    return civil ? discisNameSearch<frmDiscisNameResults>(entry, handing)
+                 : discisNameSearch<frmDiscisNCNameResults>(entry, handing);
 }
 
 /// Who builds the search of a court family.
 struct DispatchRow
 {
     CourtFamily court;
-    DispatchResult (*start)(const SearchEntry &entry, const QString &code);
+    DispatchResult (*start)(const SearchEntry &entry, const Handing &handing);
 };
 constexpr std::array<DispatchRow, 5> dispatchRows{{
     {CourtFamily::Superior, countySearch},
@@ -296,7 +299,7 @@ void LaunchBatchCase(const CaseFields &fields, const QString &code, bool autoPri
     form.Launch();
 }
 
-DispatchResult DispatchSearch(const SearchEntry &entry, const QString &code)
+DispatchResult DispatchSearch(const SearchEntry &entry, const QString &code, ShownRecents &recents)
 {
-    return dispatchRows.at(static_cast<size_t>(entry.Court)).start(entry, code);
+    return dispatchRows.at(static_cast<size_t>(entry.Court)).start(entry, {code, recents});
 }

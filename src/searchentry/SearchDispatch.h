@@ -9,6 +9,7 @@ class frmCaseDetails;
 class frmNameSearchResults;
 struct CaseFields;
 struct RequestContext;
+struct ShownRecents;
 
 // From checked entries to windows that wait for their turn. Each window gets everything it needs
 // before it is shown: its request lines, its texts, the client accounting code and its key, which
@@ -22,9 +23,10 @@ enum class DispatchResult {
     Nothing     ///< there was nothing to search
 };
 
-/// Starts the search. `code` is the client accounting code, or empty. A window that could not be
+/// Starts the search. `code` is the client accounting code, or empty. What was searched for goes to
+/// the recent entries, of which `recents` are those on the form. A window that could not be
 /// completed is unloaded again. Throws what goes wrong on the way.
-DispatchResult DispatchSearch(const SearchEntry &entry, const QString &code);
+DispatchResult DispatchSearch(const SearchEntry &entry, const QString &code, ShownRecents &recents);
 
 /// One case of a batch; `autoPrint` prints it as soon as it is there.
 void LaunchBatchCase(const CaseFields &fields, const QString &code, bool autoPrint);

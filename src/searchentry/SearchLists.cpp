@@ -329,25 +329,34 @@ void frmSearchWA::lboxSearchProfiles_DblClick(int row)
 /// Fills the box of the recent entries of a search type.
 void frmSearchWA::InitMruList(const QString &searchType)
 {
-    const QStringList entries = LoadMruLists().Of(searchType);
-    QComboBox *box = searchType == u"Case Number" ? ui->cboxCaseMRUs : ui->cboxLastBizOrCase;
+    FillRecents({searchType, LoadMruLists().Of(searchType)});
+}
+
+void frmSearchWA::FillRecents(const ShownRecents &entries)
+{
+    recents = entries;
+    QComboBox *box = recents.Type == u"Case Number" ? ui->cboxCaseMRUs : ui->cboxLastBizOrCase;
     box->clear();
-    box->addItems(entries);
+    box->addItems(recents.Entries);
     box->setCurrentIndex(-1);
-    recentEntries = entries;
 }
 
 /// Shows the recent entries of the type that is being entered, when they are wanted at all, and
 /// lets the first box offer them as one types.
 void frmSearchWA::ShowMRU()
 {
-    const bool offered =
-        Global.bEnableMRU && (Shows(FormPart::NameRecents) || Shows(FormPart::NumberRecents));
     // A tax identifier is remembered among the business names.
     const QString type = state.Kind == SearchKind::TaxId
                              ? KindRowOf(SearchKind::Business).type.toString()
                              : KindRowOf(state.Kind).type.toString();
     InitMruList(type);
+    ShowRecents();
+}
+
+void frmSearchWA::ShowRecents()
+{
+    const bool offered =
+        Global.bEnableMRU && (Shows(FormPart::NameRecents) || Shows(FormPart::NumberRecents));
     // One goes before the other comes: both together would make the window grow.
     QComboBox *shown = ui->cboxLastBizOrCase;
     QComboBox *other = ui->cboxCaseMRUs;
@@ -357,7 +366,7 @@ void frmSearchWA::ShowMRU()
     shown->setVisible(offered);
     ui->lblMruList->setVisible(offered);
     ui->lblMruList->setBuddy(shown);
-    OfferWhileTyping(offered ? recentEntries : QStringList());
+    OfferWhileTyping(offered ? recents.Entries : QStringList());
 }
 
 void frmSearchWA::OfferWhileTyping(const QStringList &entries)

@@ -25,6 +25,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 constexpr size_t foldedBoxes = 3;
+constexpr QStringView validationTitle = u"Halvane Form Field Validation";
 
 /// The notice of a state's courts: asked for once a session.
 struct DisclaimerRow
@@ -83,6 +84,12 @@ QString currentCode()
 {
     return FoldToUpper(TrimBlanks(Global.ClientAcctgCode));
 }
+
+/// An accent that was typed or pasted as a character of its own is one with its letter on the wire.
+QString textOf(const QLineEdit *box)
+{
+    return box->text().normalized(QString::NormalizationForm_C);
+}
 } // namespace
 
 // ---- what stands on the form ----
@@ -95,7 +102,7 @@ SearchEntry frmSearchWA::Entry() const
     entry.CourtName = courtDisplayName;
     entry.Where = static_cast<SearchScope>(Global.intSearchWhere);
     for (size_t i = 0; i < entry.Names.size(); ++i)
-        entry.Names[i] = txtSearchName[i]->text();
+        entry.Names[i] = textOf(txtSearchName[i]);
     entry.Counties = ui->lboxCountyOrProfile->Selected();
     // The focus alone makes a row the current one; selected it is by the user only.
     const QList<QListWidgetItem *> chosen = ui->lboxMultiJurisdiction->selectedItems();
@@ -120,7 +127,7 @@ SearchEntry frmSearchWA::Entry() const
     entry.FromYear = from->currentText();
     entry.ToYear = to->currentText();
     for (size_t i = 0; i < entry.Batch.size(); ++i)
-        entry.Batch[i] = {Text1[i]->text(), cbCty1[i]->currentText()};
+        entry.Batch[i] = {textOf(Text1[i]), cbCty1[i]->currentText()};
     return entry;
 }
 
@@ -184,6 +191,48 @@ bool frmSearchWA::Ask(const QString &text, const QString &title, QuestionButtons
         this, text, title,
         buttons == QuestionButtons::YesNo ? MsgButtons::YesNo : MsgButtons::OkCancel, iconOf(icon));
     return answer == MsgAnswer::Yes || answer == MsgAnswer::Ok;
+}
+
+bool frmSearchWA::MaySendCharacters(const QList<TypedText> &typed)
+{
+    QStringList lost;
+    QLineEdit *first = nullptr;
+    for (const auto &[text, box] : typed) {
+        const QStringList outside = CharactersOutsideWindows1252(text);
+        if (!first && !outside.isEmpty())
+            first = box;
+        lost.append(outside);
+    }
+    if (!first)
+        return true;
+    lost.removeDuplicates();
+    if (Ask(LostCharactersText(lost)
+                + u"\r\n\r\nTo search all the same click OK. To change what you entered click "
+                  "Cancel."_s,
+            validationTitle.toString(), QuestionButtons::OkCancel, MessageIcon::Exclamation))
+        return true;
+    if (!IsUnloaded()) {
+        first->setFocus();
+        first->selectAll();
+    }
+    return false;
+}
+
+bool frmSearchWA::MaySendNames(const SearchEntry &entry)
+{
+    QList<TypedText> typed;
+    const size_t boxes = entry.Kind == SearchKind::Person ? foldedBoxes : 1;
+    for (size_t i = 0; i < boxes; ++i)
+        typed.append({entry.Names[i], txtSearchName[i]});
+    return MaySendCharacters(typed);
+}
+
+bool frmSearchWA::MaySendBatch(const SearchEntry &entry)
+{
+    QList<TypedText> typed;
+    for (size_t i = 0; i < entry.Batch.size(); ++i)
+        typed.append({entry.Batch[i].Number, Text1[i]});
+    return MaySendCharacters(typed);
 }
 
 // ---- disclaimers and login ----
@@ -267,15 +316,15 @@ void frmSearchWA::cmdBeginSearch_Click()
     const bool valid = entry.Court == CourtFamily::Bankruptcy ? ValidateBkFormFields(entry)
                                                               : ValidateAllFormFields(entry);
     // Any of these questions may outlive the form.
-    if (!valid || IsUnloaded() || !DisclaimerAccepted(false) || IsUnloaded() || !LoggedIn()
-        || IsUnloaded())
+    if (!valid || IsUnloaded() || !MaySendNames(entry) || IsUnloaded() || !DisclaimerAccepted(false)
+        || IsUnloaded() || !LoggedIn() || IsUnloaded())
         return;
     QString code;
     if (accountingEnabled() || Global.bClientAcctgOpt) {
         frmAccounting::ShowModal(this);
         code = currentCode();
         // The session may have ended under that window, or the form have gone.
-        if (!Global.bLoggedIn || IsUnloaded())
+        if (IsUnloaded() || !LoggedIn() || IsUnloaded())
             return;
     }
     Dispatch(entry, code);
@@ -284,7 +333,8 @@ void frmSearchWA::cmdBeginSearch_Click()
 void frmSearchWA::Dispatch(const SearchEntry &entry, const QString &code)
 {
     try {
-        switch (DispatchSearch(entry, code)) {
+        ShownRecents shown = recents;
+        switch (DispatchSearch(entry, code, shown)) {
         case DispatchResult::NoRequests:
             ReportNoRequests();
             break;
@@ -292,7 +342,10 @@ void frmSearchWA::Dispatch(const SearchEntry &entry, const QString &code)
             ReportRequestError({});
             break;
         case DispatchResult::Waiting:
-            ShowMRU();
+            // What the form has stays there, also when the file of it has gone.
+            if (shown.Type == recents.Type)
+                FillRecents(shown);
+            ShowRecents();
             break;
         case DispatchResult::Nothing:
             break;
@@ -352,7 +405,7 @@ void frmSearchWA::StartBatch(bool autoPrint)
     const QScopedValueRollback<bool> guard(building, true);
     const TurnHold hold;
     SearchEntry entry = Entry();
-    if (ValidateBatchSearchFields(entry))
+    if (ValidateBatchSearchFields(entry) && !IsUnloaded() && MaySendBatch(entry))
         RunBatchSearch(entry, autoPrint);
 }
 
@@ -382,7 +435,7 @@ void frmSearchWA::RunBatchSearch(const SearchEntry &entry, bool autoPrint)
         code = currentCode();
     }
     // The session may have ended under one of the boxes, or the form have gone.
-    if (!Global.bLoggedIn || IsUnloaded())
+    if (IsUnloaded() || !LoggedIn() || IsUnloaded())
         return;
     try {
         for (const CaseFields &fields : BatchFields(entry))

@@ -8,6 +8,8 @@
 #include "core/Options.h"
 #include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
+#include "core/Windows1252.h"
+#include "searchentry/FieldRules.h"
 #include "searchentry/RecentEntries.h"
 #include "ui_frmAccounting.h"
 
@@ -38,7 +40,7 @@ AccountingEvents &AccountingEvents::Of()
 }
 
 frmAccounting::frmAccounting(QWidget *parent)
-    : QDialog(parent), ui(std::make_unique<Ui::frmAccounting>())
+    : QDialog(parent), ui(std::make_unique<Ui::frmAccounting>()), inSession(Global.bLoggedIn)
 {
     ui->setupUi(this);
     auto *entry = new SearchTextBox(ui->cboxClientID);
@@ -65,22 +67,42 @@ void frmAccounting::ShowModal(QWidget *parent)
 
 void frmAccounting::cmdOK_Click()
 {
-    const QString code = TrimBlanks(ui->cboxClientID->currentText());
+    const QString code =
+        TrimBlanks(ui->cboxClientID->currentText().normalized(QString::NormalizationForm_C));
     const bool wanted = !ui->chkDontShowAgain->isChecked();
+    if (wanted && !MaySend(code))
+        return;
     SaveOptionStr(u"Accounting"_s, u"EnableAcctg"_s, wanted ? u"1"_s : u"0"_s);
     Global.bEnableAcctg = wanted;
     Q_EMIT AccountingEvents::Of().OptionChanged(wanted);
-    if (wanted) {
-        Global.ClientAcctgCode = code;
+    // A session that ended meanwhile took its code along: the next one is not billed to it.
+    const bool sessionEnded = inSession && !Global.bLoggedIn;
+    Global.ClientAcctgCode = wanted && !sessionEnded ? code : QString();
+    if (wanted)
         remember(code);
-    } else {
-        Global.ClientAcctgCode.clear();
-    }
     // Only now: the option is as the user set it even when the code is still owed.
     if (Global.bClientAcctgOpt && code.isEmpty())
         TellCodeIsRequired();
     else
         accept();
+}
+
+/// Whether the code may go out: one that reads otherwise on the invoice than it was typed is the
+/// user's to decide.
+bool frmAccounting::MaySend(const QString &code)
+{
+    const QStringList lost = CharactersOutsideWindows1252(code);
+    if (lost.isEmpty())
+        return true;
+    const QPointer<frmAccounting> self(this);
+    const MsgAnswer answer =
+        MsgBox(this,
+               LostCharactersText(lost)
+                   + u"\r\n\r\nTo use the code all the same click OK. To change it click Cancel."_s,
+               u"Halvane Form Field Validation"_s, MsgButtons::OkCancel, MsgIcon::Exclamation);
+    if (self && answer != MsgAnswer::Ok)
+        ui->cboxClientID->setFocus();
+    return self && answer == MsgAnswer::Ok;
 }
 
 bool frmAccounting::QueryUnload()

@@ -37,8 +37,10 @@ public:
 
 private:
     void cmdOK_Click();
+    bool MaySend(const QString &code);
     bool QueryUnload();
     void TellCodeIsRequired();
 
     const std::unique_ptr<Ui::frmAccounting> ui;
+    const bool inSession; ///< somebody was logged in when the window came up
 };

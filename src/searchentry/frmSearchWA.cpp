@@ -301,6 +301,9 @@ void frmSearchWA::GoTo(FormState next)
     if (Shows(FormPart::UseIndex) != indexWasOffered)
         ui->chkUseIndex->setChecked(Shows(FormPart::UseIndex)
                                     && Global.strDefaultToWaIndex == u"1");
+    // An identifier is nobody's name: it would go to the other court as one.
+    if (before.Court != state.Court && IsIdentifier(before.Kind))
+        txtSearchName[0]->clear();
     if (before.Kind != state.Kind || before.Batch != state.Batch)
         ShowMRU();
     ReserveCharacters();

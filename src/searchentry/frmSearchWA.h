@@ -3,12 +3,14 @@
 #include "controls/FormWindow.h"
 #include "searchentry/FormStates.h"
 #include "searchentry/FormTalk.h"
+#include "searchentry/RecentEntries.h"
 #include "searchentry/SearchEntry.h"
 #include "searchentry/SearchEvents.h"
 #include "searchentry/SearchLogRow.h"
 
 #include <array>
 #include <memory>
+#include <utility>
 
 class QAbstractButton;
 class QCheckBox;
@@ -132,13 +134,23 @@ private:
     void ShowCourtStats();
     void ShowChosenCounty();
     void UseRecentEntry(const QString &text);
+    void FillRecents(const ShownRecents &entries);
+    void ShowRecents();
     void OfferWhileTyping(const QStringList &entries);
     void FocusFirstName();
     bool Shows(FormPart part) const { return parts.testFlag(part); }
 
+    /// A text that is to be sent, and the box it was typed in.
+    using TypedText = std::pair<QString, QLineEdit *>;
+
     // From the entries to a waiting window
     void FoldEntries();
     void TakeBackNumbers(const SearchEntry &entry);
+    /// Whether the texts may go out: a character that cannot be sent is not lost without the
+    /// user's consent.
+    bool MaySendCharacters(const QList<TypedText> &typed);
+    bool MaySendNames(const SearchEntry &entry);
+    bool MaySendBatch(const SearchEntry &entry);
     bool DisclaimerAccepted(bool batch);
     bool DisplayDisclaimer(size_t index);
     bool LoggedIn();
@@ -174,6 +186,6 @@ private:
     int LastStateIndex = 1;
     bool building = false; ///< from the click on Start Search until its windows wait
     QString courtDisplayName;
-    QStringList recentEntries; ///< of the type that is being entered
+    ShownRecents recents; ///< of the type that is being entered
     QList<SearchLogRow> searchList;
 };

@@ -109,11 +109,13 @@ void tst_PracticeSession::aProgramThatSaysNoPortIsToldOf()
 void tst_PracticeSession::theSessionIsPointedAtIt()
 {
     const TestFolder folder;
+    const QByteArray before = folder.Read(u"options.ini"_s);
     PointSessionAt(4711);
     for (int i = 1; i <= 5; ++i)
         QCOMPARE(GetOptionStr(u"Communications"_s, u"HVServerIP"_s + QString::number(i)),
                  u"127.0.0.1"_s);
     QCOMPARE(GetOptionStr(u"Communications"_s, u"HVServerPort"_s), u"4711"_s);
+    QCOMPARE(folder.Read(u"options.ini"_s), before);
 }
 
 void tst_PracticeSession::noChildIsLeftWhenTheClientIsKilled()

@@ -63,6 +63,25 @@ public:
 };
 } // namespace
 
+/// Writes down which window is raised or gets the keyboard.
+class FrontWatcher : public QObject
+{
+public:
+    FrontWatcher() { qApp->installEventFilter(this); }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::ZOrderChange && watched == frmMain::Form())
+            Seen.append(u"main raised"_s);
+        else if (event->type() == QEvent::WindowActivate && watched->isWidgetType()
+                 && static_cast<QWidget *>(watched)->isWindow())
+            Seen.append(watched->objectName() + u" active"_s);
+        return false;
+    }
+
+    QStringList Seen;
+};
+
 class tst_Startup : public QObject
 {
     Q_OBJECT
@@ -76,6 +95,8 @@ private Q_SLOTS:
     void withoutAlertsTheLoginComesAtOnce();
     void workOfflineOpensNoSocket();
     void connectingOpensTheLogin();
+    void theMainWindowComesForward();
+    void theMainWindowDoesNotTakeTheKeyboardFromTheLogin();
     void theSearchFormComesWhenTheLoginCloses();
     void theSearchFormIsAwayWhileTheServerIsContacted();
     void startClearsWhatWasLeft();
@@ -199,6 +220,39 @@ void tst_Startup::connectingOpensTheLogin()
     const QWidget *login = shownWindow(u"frmLogin"_s);
     QVERIFY(login);
     QVERIFY(login->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+}
+
+void tst_Startup::theMainWindowComesForward()
+{
+    QWidget other;
+    other.setObjectName(u"other"_s);
+    FrontWatcher watcher;
+    desk->Boxes.ExpectDialog(u"frmConnect"_s, [&](QDialog *dialog) {
+        QTest::mouseClick(ButtonOf(dialog, "cmdCancel"), Qt::LeftButton);
+        // Somebody else's window comes up meanwhile.
+        other.show();
+        other.raise();
+        other.activateWindow();
+        watcher.Seen.clear();
+    });
+    Main(false);
+    QVERIFY(watcher.Seen.contains(u"main raised"_s));
+    QTRY_COMPARE(QApplication::activeWindow(), frmMain::Form());
+}
+
+void tst_Startup::theMainWindowDoesNotTakeTheKeyboardFromTheLogin()
+{
+    FakeSocket::Install();
+    SaveOptionStr(u"Communications"_s, u"ShowAlerts"_s, u"0"_s);
+    FrontWatcher watcher;
+    Main(false);
+    QVERIFY(watcher.Seen.contains(u"main raised"_s));
+    QTRY_VERIFY(watcher.Seen.contains(u"frmLogin active"_s));
+    QCoreApplication::processEvents();
+    const qsizetype login = watcher.Seen.indexOf(u"frmLogin active"_s);
+    QVERIFY2(!watcher.Seen.mid(login).contains(u"frmMain active"_s),
+             qPrintable(watcher.Seen.join(u", "_s)));
+    QCOMPARE(QApplication::activeWindow()->objectName(), u"frmLogin"_s);
 }
 
 void tst_Startup::theSearchFormComesWhenTheLoginCloses()

@@ -1,5 +1,6 @@
 #include <QDir>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QImage>
 #include <QProcess>
 #include <QRegularExpression>
@@ -28,14 +29,28 @@ private Q_SLOTS:
 void tst_Tour::theTourShowsWhatItMust()
 {
     const QTemporaryDir output;
+    // The servers of somebody's real sessions.
+    const QTemporaryDir folder;
+    QFile installed(QStringLiteral(HALVANE_DATA_DIR "/options.ini"));
+    QFile options(folder.filePath(u"options.ini"_s));
+    QVERIFY(installed.open(QIODevice::ReadOnly) && options.open(QIODevice::ReadWrite));
+    options.write(installed.readAll()
+                      .replace("router1.halvane.example", "192.0.2.1")
+                      .replace("HVServerPort=80", "HVServerPort=85"));
+    options.close();
     QProcess tour;
-    tour.start(program, {u"--tour"_s, u"--output"_s, output.path()});
+    tour.start(program, {u"--tour"_s, u"--output"_s, output.path(), u"--folder"_s, folder.path()});
     QVERIFY(tour.waitForFinished(tourMilliseconds));
     const QString said = QString::fromUtf8(tour.readAllStandardOutput());
     QVERIFY2(tour.exitStatus() == QProcess::NormalExit && tour.exitCode() == 0, qPrintable(said));
     QVERIFY2(said.contains(u"Search Complete: 2 Cases Retrieved."), qPrintable(said));
     QVERIFY(said.contains(u"SMITH, JOHN"));
     QVERIFY(said.contains(u"Tour complete"));
+    // It has talked to a practice court, and left no trace of it there.
+    QVERIFY(options.open(QIODevice::ReadOnly));
+    const QByteArray left = options.readAll();
+    QVERIFY(left.contains("HVServerIP1=192.0.2.1\n") || left.contains("HVServerIP1=192.0.2.1\r\n"));
+    QVERIFY(left.contains("HVServerPort=85") && !left.contains("127.0.0.1"));
     const QStringList pictures = QDir(output.path()).entryList({u"*.png"_s}, QDir::Files);
     for (const QString &name :
          {u"connect"_s, u"login"_s, u"form-district"_s, u"form-oregon"_s, u"form-idaho"_s,

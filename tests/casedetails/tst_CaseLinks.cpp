@@ -63,6 +63,8 @@ private Q_SLOTS:
     void aCommandInAnyLettersOpensItsCase_data();
     void aCommandInAnyLettersOpensItsCase();
     void anAssociatedCase();
+    void theCodeInForceGoesWithIt_data();
+    void theCodeInForceGoesWithIt();
     void theEnterKeyOpensItToo();
     void whatOpensNothing_data();
     void whatOpensNothing();
@@ -225,6 +227,42 @@ void tst_CaseLinks::anAssociatedCase()
     Begin(opened);
     QVERIFY(Finished(opened));
     QVERIFY(opened->Tab(CaseTab::Summary).TabDone);
+}
+
+void tst_CaseLinks::theCodeInForceGoesWithIt_data()
+{
+    QTest::addColumn<int>("from");
+    QTest::addColumn<QString>("inForce");
+    QTest::addColumn<QString>("code");
+    int from = 0;
+    for (const char *name : {"an associated case", "a case of a list", "a judgment's case"}) {
+        QTest::addRow("%s, another code", name) << from << u" new co "_s << u"NEW CO"_s;
+        QTest::addRow("%s, the same code", name) << from << u"acme"_s << u"ACME"_s;
+        QTest::addRow("%s, no code", name) << from << QString() << u"ACME"_s;
+        QTest::addRow("%s, blanks", name) << from << u"  "_s << u"ACME"_s;
+        ++from;
+    }
+}
+
+void tst_CaseLinks::theCodeInForceGoesWithIt()
+{
+    QFETCH(int, from);
+    QFETCH(QString, inForce);
+    QFETCH(QString, code);
+    frmCaseDetails *window = nullptr;
+    if (from == 0)
+        window = summarised(u"WA"_s, superiorWith(u"Associated Case:~02-2-00456-7~"_s));
+    else
+        window = from == 1 ? summarised(u"WAWBK"_s, severalCases) : withJudgments();
+    window->ClientAcctgCode = u"ACME"_s;
+    // The user has given another code since the case was opened, or none.
+    Global.ClientAcctgCode = inForce;
+    doubleClick(window, from == 2 ? CaseTab::Judgments : CaseTab::Summary, from == 1 ? 1 : 2,
+                from == 0 ? 1 : 0);
+    const frmCaseDetails *opened = otherThan(window);
+    QVERIFY(opened);
+    QCOMPARE(opened->ClientAcctgCode, code);
+    QCOMPARE(window->ClientAcctgCode, u"ACME"_s);
 }
 
 void tst_CaseLinks::theEnterKeyOpensItToo()

@@ -1,5 +1,7 @@
 #include "core/CSetting.h"
+#include "core/GlobalState.h"
 #include "core/Options.h"
+#include "core/RunSettings.h"
 #include "core/UserStore.h"
 #include "support/FaultyFile.h"
 #include "support/TestFolder.h"
@@ -58,6 +60,9 @@ private Q_SLOTS:
     void aWriteThatChangesNothingLeavesTheFileAlone();
     void aLinkedFileStaysALink();
     void noTemporaryFileStaysBehind();
+    void aKeyThatIsHeldGoesBeforeTheFile();
+    void aKeyThatIsHeldIsNotWritten();
+    void onlyOptionsAreHeld();
 
 private:
     std::unique_ptr<TestFolder> folder;
@@ -367,6 +372,57 @@ void tst_Settings::noTemporaryFileStaysBehind()
     for (int i = 0; i < 10; ++i)
         SaveOptionStr(u"S"_s, u"K"_s, QString::number(i));
     QCOMPARE(QDir(folder->Path()).entryList(QDir::Files | QDir::Hidden), before);
+}
+
+void tst_Settings::aKeyThatIsHeldGoesBeforeTheFile()
+{
+    folder->Write(u"options.ini"_s, "[Communications]\r\nHVServerPort=80\r\nHVServerIP1=a\r\n");
+    HoldForThisRun(u"Communications"_s, u"HVServerPort"_s, u"4711"_s);
+    HoldForThisRun(u"Communications"_s, u"HVServerIP2"_s, u"here"_s);
+    CSetting setting = optionsFile();
+    // In whatever letters, through whatever call, in the file or not.
+    QCOMPARE(setting.GetSettingStr(u"communications"_s, u"HVSERVERPORT"_s, u"x"_s), u"4711"_s);
+    QCOMPARE(setting.GetSettingInt(u"Communications"_s, u"HVServerPort"_s, 1), qint16(4711));
+    QCOMPARE(setting.GetSettingStr(u"Communications"_s, u"HVServerIP2"_s, u"x"_s), u"here"_s);
+    QCOMPARE(GetOptionStr(u"Communications"_s, u"HVServerPort"_s), u"4711"_s);
+    CSetting never;
+    QCOMPARE(never.GetSettingStr(u"Communications"_s, u"HVServerPort"_s, u"x"_s), u"4711"_s);
+    // Other keys are the file's.
+    QCOMPARE(GetOptionStr(u"Communications"_s, u"HVServerIP1"_s), u"a"_s);
+    QCOMPARE(GetOptionStr(u"General"_s, u"HVServerPort"_s), u"0"_s);
+    // The next run begins without it.
+    TestFolder::ResetProgram();
+    QCOMPARE(GetOptionStr(u"Communications"_s, u"HVServerPort"_s), u"80"_s);
+}
+
+void tst_Settings::aKeyThatIsHeldIsNotWritten()
+{
+    const QByteArray before = "[Communications]\r\nHVServerPort=85\r\n[Searching]\r\n";
+    folder->Write(u"options.ini"_s, before);
+    HoldForThisRun(u"Communications"_s, u"HVServerPort"_s, u"4711"_s);
+    SaveOptionStr(u"Communications"_s, u"HVServerPort"_s, u"80"_s);
+    SaveOptionStr(u" communications "_s, u" hvserverport "_s, u"80"_s);
+    optionsFile().SaveSettingInt(u"Communications"_s, u"HVServerPort"_s, 80);
+    QCOMPARE(folder->Read(u"options.ini"_s), before);
+    QCOMPARE(GetOptionStr(u"Communications"_s, u"HVServerPort"_s), u"4711"_s);
+    LoadAppOptions();
+    QCOMPARE(Global.lngServerPort, 4711);
+    QVERIFY(folder->Read(u"options.ini"_s).contains("HVServerPort=85\r\n"));
+    SaveOptionStr(u"Searching"_s, u"DefaultView"_s, u"OR"_s);
+    QVERIFY(folder->Read(u"options.ini"_s).contains("DefaultView=OR"));
+}
+
+void tst_Settings::onlyOptionsAreHeld()
+{
+    HoldForThisRun(u"Cty2Code"_s, u"King"_s, u"99"_s);
+    CSetting codes;
+    codes.Init(u"waCtyCds"_s, true);
+    QCOMPARE(codes.GetSettingStr(u"Cty2Code"_s, u"King"_s, u"0"_s), u"17"_s);
+    codes.SaveSettingStr(u"Cty2Code"_s, u"King"_s, u"18"_s);
+    QCOMPARE(codes.GetSettingStr(u"Cty2Code"_s, u"King"_s, u"0"_s), u"18"_s);
+    CSetting user;
+    user.Init(u"options.ini"_s, false);
+    QCOMPARE(user.GetSettingStr(u"Cty2Code"_s, u"King"_s, u"none"_s), u"none"_s);
 }
 
 QTEST_GUILESS_MAIN(tst_Settings)

@@ -16,9 +16,19 @@ private Q_SLOTS:
     void characters();
     void charactersOutsideBecomeAQuestionMark_data();
     void charactersOutsideBecomeAQuestionMark();
+    void charactersOutsideAreNamedOnce();
     void plainTextIsTheSame();
     void emptyStaysEmpty();
 };
+
+void tst_Windows1252::charactersOutsideAreNamedOnce()
+{
+    QCOMPARE(CharactersOutsideWindows1252(QStringLiteral("Jos\u00E9 \u20AC \u0081")),
+             QStringList());
+    QCOMPARE(
+        CharactersOutsideWindows1252(QStringLiteral("\u0141u\u4E2Dk\U0001F600\u0141\U0001F600")),
+        QStringList({u"\u0141"_s, u"\u4E2D"_s, u"\U0001F600"_s}));
+}
 
 void tst_Windows1252::upperCaseStaysInTheCodePage()
 {

@@ -1,5 +1,6 @@
 #include "core/GlobalState.h"
 #include "core/Options.h"
+#include "core/RunSettings.h"
 #include "link/ConnectState.h"
 #include "link/Router.h"
 #include "link/frmWinsock.h"
@@ -97,6 +98,7 @@ private Q_SLOTS:
     void aRealRefusalAndARealServer();
 
     void hasNetworkAddress_data();
+    void aPortThatIsHeldIsNotSaved();
     void hasNetworkAddress();
     void closeServerLink();
     void closingALinkThatIsNotOpen();
@@ -434,6 +436,19 @@ void tst_Router::hasNetworkAddress_data()
     QTest::newRow("loopback only") << u"127.0.0.1"_s << false;
     QTest::newRow("an address") << u"192.0.2.1"_s << true;
     QTest::newRow("another loopback address") << u"127.0.0.2"_s << true;
+}
+
+void tst_Router::aPortThatIsHeldIsNotSaved()
+{
+    HoldForThisRun(u"Communications"_s, u"HVServerPort"_s, u"4711"_s);
+    HoldForThisRun(u"Communications"_s, u"HVServerIP1"_s, u"127.0.0.1"_s);
+    const QByteArray before = "[Communications]\r\nHVServerIP1=a1\r\nHVServerPort=85\r\n";
+    folder->Write(u"options.ini"_s, before);
+    LoadAppOptions();
+    network.outcomes = {Outcome::Refuses, Outcome::Accepts};
+    QCOMPARE(SelectServer([] { return false; }), ServerSelection::Contacted);
+    QCOMPARE(network.attempts, (QStringList{u"127.0.0.1:4711"_s, u"127.0.0.1:80"_s}));
+    QVERIFY(folder->Read(u"options.ini"_s).startsWith(before));
 }
 
 void tst_Router::hasNetworkAddress()

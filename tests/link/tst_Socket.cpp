@@ -6,6 +6,7 @@
 #include "support/TestFolder.h"
 
 #include <QPointer>
+#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -77,6 +78,7 @@ private Q_SLOTS:
     void theIdleTimerTicksOnceAMinute();
     void idleLimit_data();
     void idleLimit();
+    void theInstalledSettingAndWhatIsSaidOfItAreTrue();
     void aMissingIdleSettingEndsAtTheFirstTick();
     void theIdleTimerStaysStoppedAtTheLimit();
     void theSettingIsReadAtEachTick();
@@ -432,6 +434,27 @@ void tst_Socket::idleLimit()
     QFETCH(int, minutes);
     SaveOptionStr(u"General"_s, u"InactivityTimeOut"_s, setting);
     QCOMPARE(minutesUntilLimit(), minutes);
+}
+
+void tst_Socket::theInstalledSettingAndWhatIsSaidOfItAreTrue()
+{
+    QCOMPARE(GetOptionStr(u"General"_s, u"InactivityTimeOut"_s), u"4"_s);
+    QCOMPARE(minutesUntilLimit(), 6);
+    const QString options = QString::fromLatin1(folder->Read(u"options.ini"_s));
+    const QString said = options.section(u"Setting and minutes:"_s, 1).section(u'\n', 1, 1);
+    static const QRegularExpression pair(u"(\\d+)(?: to (\\d+))?: (\\d+)"_s);
+    int settings = 0;
+    for (const QRegularExpressionMatch &match : pair.globalMatch(said)) {
+        const int first = match.captured(1).toInt();
+        const int last = match.captured(2).isEmpty() ? first : match.captured(2).toInt();
+        for (int setting = first; setting <= last; ++setting, ++settings) {
+            SaveOptionStr(u"General"_s, u"InactivityTimeOut"_s, QString::number(setting));
+            frmWinsock::Form().TmrInactivityTag = u"0"_s;
+            QCOMPARE(minutesUntilLimit(), match.captured(3).toInt());
+        }
+    }
+    // From 0 to 30.
+    QCOMPARE(settings, 31);
 }
 
 void tst_Socket::aMissingIdleSettingEndsAtTheFirstTick()

@@ -2,6 +2,7 @@
 #include "core/Options.h"
 #include "jobs/frmQueue.h"
 #include "namesearch/IndexLines.h"
+#include "session/frmLogin.h"
 
 #include <QPushButton>
 #include <QTest>
@@ -83,6 +84,8 @@ private Q_SLOTS:
     void aLostSecondPageCannotBeAskedForAgain();
     void theClientCodeIsOnEveryPageAndNotInTheList();
     void eachPressCountsOnce();
+    void withoutALoginNothingIsQueued_data();
+    void withoutALoginNothingIsQueued();
     void fromGetNextTheKeyboardGoesToTheList();
 };
 
@@ -340,6 +343,41 @@ void tst_IndexPages::eachPressCountsOnce()
     QTest::mouseClick(nextButton(window), Qt::LeftButton);
     QCOMPARE(window->SearchRunCount, qint16(2));
     QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{window->txtMasterKey});
+}
+
+void tst_IndexPages::withoutALoginNothingIsQueued_data()
+{
+    QTest::addColumn<bool>("logsIn");
+    QTest::newRow("no") << false;
+    QTest::newRow("yes") << true;
+}
+
+void tst_IndexPages::withoutALoginNothingIsQueued()
+{
+    QFETCH(bool, logsIn);
+    court->Expect(IndexLine()).Reply({IndexRow(u"1"_s), LimitRow(500, 700)});
+    const frmNameSearchResults *window = startPages(*desk, *court);
+    QVERIFY(desk->Finish(window));
+    const QString status = TextOf(window, "lblStatus");
+    Global.bLoggedIn = false;
+    desk->Boxes.Expect(u"This Search Cannot be Started!\r\nThis is because you are not currently "
+                       "Logged-In to the Halvane Server.\r\n\r\nDo you want to Login Now?"_s,
+                       u"Cannot Perform Search! Not Logged In to Halvane"_s, MsgIcon::Exclamation,
+                       logsIn ? MsgAnswer::Yes : MsgAnswer::No);
+    QTest::mouseClick(nextButton(window), Qt::LeftButton);
+    QCOMPARE(desk->Boxes.Answered(), 1);
+    QCOMPARE(frmLogin::IsLoaded(), logsIn);
+    QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
+    QCOMPARE(window->SearchRunCount, qint16(1));
+    QCOMPARE(TextOf(window, "lblStatus"), status);
+    QVERIFY(nextButton(window)->isEnabled());
+    if (logsIn)
+        return;
+    // The page is still to be had.
+    Global.bLoggedIn = true;
+    court->Expect(IndexLine(501, 1000)).Reply({IndexRow(u"2"_s), u"EOF~"_s});
+    QVERIFY(takeNextPage(*desk, window));
+    QCOMPARE(window->RowCount(), 2);
 }
 
 void tst_IndexPages::fromGetNextTheKeyboardGoesToTheList()

@@ -7,6 +7,7 @@
 
 #include <QComboBox>
 #include <QDialog>
+#include <QLineEdit>
 #include <QTest>
 
 namespace {
@@ -78,7 +79,9 @@ private Q_SLOTS:
     void withoutAlertsAllDisclaimersAreAccepted();
     void theLoginQuestionComesBeforeTheDisclaimer();
     void theCodeIsAskedForOnce();
-    void aSessionThatEndsUnderTheClientCodeStartsNothing();
+    void aCharacterThatCannotBeSentIsTold();
+    void aSessionThatEndsUnderTheClientCodeIsTold();
+    void aSessionThatEndsUnderTheDisclaimerIsTold();
     void aCompulsoryCodeIsNotAskedFor();
     void anEmptyBatchStartsNothing();
 
@@ -459,7 +462,32 @@ void tst_Batch::theCodeIsAskedForOnce()
         QCOMPARE(window->ClientAcctgCode, u"ABC"_s);
 }
 
-void tst_Batch::aSessionThatEndsUnderTheClientCodeStartsNothing()
+void tst_Batch::aCharacterThatCannotBeSentIsTold()
+{
+    desk->Do(batch + row(0, u"052020291"_s, u"King"_s) + row(3, {}, u"King"_s));
+    auto *box = desk->Form()->findChild<QLineEdit *>(u"Text1_3"_s);
+    const auto expect = [&](MsgAnswer answer) {
+        box->setText(u"CV\u0141"_s);
+        desk->Desk.Boxes.Expect(u"The case/judgment number in FIELD 4 appears to be a non-SCOMIS "
+                                "number.\r\n\r\nTo continue the search using this number click "
+                                "OK."_s,
+                                u"Halvane"_s, MsgIcon::Exclamation, MsgAnswer::Ok,
+                                MsgButtons::OkCancel);
+        desk->Desk.Boxes.Expect(u"The character \"\u0141\" cannot be sent. A question mark goes "
+                                "in its place.\r\n\r\nTo search all the same click OK. To change "
+                                "what you entered click Cancel."_s,
+                                u"Halvane Form Field Validation"_s, MsgIcon::Exclamation, answer,
+                                MsgButtons::OkCancel);
+    };
+    expect(MsgAnswer::Cancel);
+    QVERIFY(run().isEmpty());
+    QCOMPARE(Keys(), QStringList());
+    QCOMPARE(desk->Form()->focusWidget(), box);
+    expect(MsgAnswer::Ok);
+    QCOMPARE(run().size(), 2);
+}
+
+void tst_Batch::aSessionThatEndsUnderTheClientCodeIsTold()
 {
     SaveOptionStr(u"Accounting"_s, u"EnableAcctg"_s, u"1"_s);
     desk->Do(batch + row(0, u"052020291"_s, u"King"_s));
@@ -467,6 +495,19 @@ void tst_Batch::aSessionThatEndsUnderTheClientCodeStartsNothing()
         Global.bLoggedIn = false;
         dialog->reject();
     });
+    desk->Desk.Boxes.Expect(notLoggedIn, notLoggedInTitle, MsgIcon::Exclamation, MsgAnswer::No);
+    QVERIFY(run().isEmpty());
+    QCOMPARE(Keys(), QStringList());
+}
+
+void tst_Batch::aSessionThatEndsUnderTheDisclaimerIsTold()
+{
+    Global.bShowAlerts = true;
+    desk->Do(batch + row(0, u"052020291"_s, u"King"_s));
+    desk->Desk.Boxes.Meanwhile([] { Global.bLoggedIn = false; });
+    desk->Desk.Boxes.Expect(washingtonDisclaimer, u"Washington State Courts"_s,
+                            MsgIcon::Exclamation, MsgAnswer::Yes);
+    desk->Desk.Boxes.Expect(notLoggedIn, notLoggedInTitle, MsgIcon::Exclamation, MsgAnswer::No);
     QVERIFY(run().isEmpty());
     QCOMPARE(Keys(), QStringList());
 }

@@ -2,6 +2,7 @@
 #include "core/GlobalState.h"
 #include "namesearch/frmNameSearchResults.h"
 #include "searchentry/EntryDesk.h"
+#include "searchentry/RecentEntries.h"
 #include "searchentry/SearchDispatch.h"
 #include "searchentry/frmSearchWA.h"
 
@@ -237,6 +238,8 @@ void tst_DispatchBankruptcy::theRecentEntryIsFiled_data()
         << type(1, u"Acme Inc"_s) << u"MruIName.txt"_s << QByteArray("ACME INC\r\n");
     QTest::newRow("a tax identifier goes to the businesses")
         << type(3, u"91-1234567"_s) << u"MruBName.txt"_s << QByteArray("91-1234567\r\n");
+    QTest::newRow("a social security number goes to the persons")
+        << type(4, u"900-00-0001"_s) << u"MruIName.txt"_s << QByteArray("900-00-0001\r\n");
 }
 
 void tst_DispatchBankruptcy::theRecentEntryIsFiled()
@@ -248,6 +251,10 @@ void tst_DispatchBankruptcy::theRecentEntryIsFiled()
     QVERIFY(desk->StartOne<frmNameSearchResults>());
     for (const QString &name : {u"MruIName.txt"_s, u"MruBName.txt"_s, u"MruCases.txt"_s})
         QCOMPARE(desk->Desk.Folder.Read(name), name == file ? content : QByteArray());
+    // Once, although the form shows another list than the one that some go to.
+    desk->Do(check(courts[1]));
+    QCOMPARE(desk->Start().size(), 2);
+    QCOMPARE(desk->Desk.Folder.Read(file), content);
 }
 
 void tst_DispatchBankruptcy::aNumberInAnUnknownFormIsSearchedAsTyped()
@@ -312,8 +319,9 @@ void tst_DispatchBankruptcy::withoutALineNothingIsShown()
     entry.Kind = static_cast<SearchKind>(kind);
     entry.BkCourts = {true, true, false, false};
     DispatchResult result = DispatchResult::Waiting;
+    ShownRecents recents;
     const QList<JobWindow *> windows =
-        desk->NewWindows([&] { result = DispatchSearch(entry, QString()); });
+        desk->NewWindows([&] { result = DispatchSearch(entry, QString(), recents); });
     QCOMPARE(result, DispatchResult::NoRequests);
     QVERIFY(windows.isEmpty());
     QCOMPARE(Keys(), QStringList());

@@ -68,6 +68,7 @@ private Q_SLOTS:
     void aNumberIsHanded();
     void aNumberOfSeveralCourtsGoesToTheFirst();
     void aNumberWithoutACourtIsRefused();
+    void aNumberInAllCountiesIsRefused();
     void aNumberWithNeitherCivilNorNonCivilIsTold();
     void aNameWithNeitherCivilNorNonCivilIsTold();
 };
@@ -323,6 +324,25 @@ void tst_DispatchDiscis::aNumberWithoutACourtIsRefused()
     desk->ExpectRefusal(&told);
     QVERIFY(desk->Start().isEmpty());
     QCOMPARE(told.value(1), u"A County selection is required for this type of search."_s);
+    QCOMPARE(Keys(), QStringList());
+}
+
+void tst_DispatchDiscis::aNumberInAllCountiesIsRefused()
+{
+    desk->Do(civil + number
+             + QStringList{u"choose cboxCountyList -- ALL COUNTIES/STATEWIDE --"_s,
+                           u"type txtSearchName_0 052020299"_s});
+    // A number is one court's: the whole state is no choice, and nothing is chosen.
+    QVERIFY(!desk->Control("lboxDiscisCourtNames")->isEnabled());
+    QCOMPARE(desk->Text("lblCourtNameStats"),
+             u"Courts Available: 173   Courts Selected: 0 (zero)"_s);
+    QCOMPARE(desk->Form()->Entry().DiscisSelected, QStringList());
+    QStringList told;
+    desk->ExpectRefusal(&told);
+    QVERIFY(desk->Start().isEmpty());
+    QCOMPARE(told, (QStringList{u"You Have Not Selected a County!"_s,
+                                u"A County selection is required for this type of search."_s,
+                                u"Please Select a County or Change Jurisidiction to Continue."_s}));
     QCOMPARE(Keys(), QStringList());
 }
 

@@ -332,8 +332,8 @@ void tst_FieldRules::numbers_data()
         {wrongCheckDigit}, false, u"09-2-02029-4"_s);
     add("an Oregon county without a code", caseNumber(Oregon, u"092020290"_s, u"Multnomah"_s), {},
         true, u"09-2-02029-0"_s);
-    add("Oregon without a county", caseNumber(Oregon, u"092020290"_s, {}), {}, true,
-        u"09-2-02029-0"_s);
+    refused("Oregon without a county", caseNumber(Oregon, u"CV08060677"_s, {}), noNumberCounty);
+    accepted("Idaho without a county", caseNumber(Idaho, u"CR-1998-0002546-IN"_s, {}));
     refused("Superior without a county", caseNumber(Superior, u"092020294"_s, {}), noNumberCounty);
     refused("Superior with a county of blanks", caseNumber(Superior, u"092020294"_s, u"  "_s),
             noNumberCounty);

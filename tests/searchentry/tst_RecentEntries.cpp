@@ -1,5 +1,6 @@
 #include "searchentry/RecentEntries.h"
 
+#include "core/AppFolder.h"
 #include "core/RunTimeError.h"
 #include "support/FaultyFile.h"
 #include "support/TestFolder.h"
@@ -59,6 +60,7 @@ private Q_SLOTS:
     void anUnreadableFileIsError75();
     void aFullDiskLeavesTheOldListWhole_data();
     void aFullDiskLeavesTheOldListWhole();
+    void theListsAreTheirOwnersOnly_data() { theInstalledListsAreThereAndEmpty_data(); }
     void theListsAreTheirOwnersOnly();
 
     void loadingPassesOverEmptyLines();
@@ -245,14 +247,35 @@ void tst_RecentEntries::aFullDiskLeavesTheOldListWhole()
     QCOMPARE(folder->Read(file), before);
 }
 
+/// The persons' list can hold social security numbers.
 void tst_RecentEntries::theListsAreTheirOwnersOnly()
 {
-    AddToMruList(persons, u"SMITH"_s);
-    AddAcctgToMru(u"ABC"_s);
-    const QFileDevice::Permissions others = QFileDevice::ReadGroup | QFileDevice::WriteGroup
-                                            | QFileDevice::ReadOther | QFileDevice::WriteOther;
-    for (const QString &file : {u"MruIName.txt"_s, acctgFile})
-        QVERIFY2(!(QFile::permissions(folder->Path(file)) & others), qPrintable(file));
+    QFETCH(QString, file);
+    const auto isOwnersOnly = [&] {
+        const QFileDevice::Permissions others = QFileDevice::ReadGroup | QFileDevice::WriteGroup
+                                                | QFileDevice::ReadOther | QFileDevice::WriteOther;
+        return !(QFile::permissions(folder->Path(file)) & others);
+    };
+    const auto openToAll = [&] {
+        QFile::setPermissions(folder->Path(file), QFileDevice::Permissions(0x6666));
+        return !isOwnersOnly();
+    };
+    folder->Remove(file);
+    CopyMissingDataFiles(QStringLiteral(HALVANE_DATA_DIR));
+    QVERIFY(isOwnersOnly());
+    // One that came otherwise is put right by every start, and by the next entry.
+    QVERIFY(openToAll());
+    TrimMruFiles();
+    QVERIFY(isOwnersOnly());
+    QVERIFY(openToAll());
+    if (file == acctgFile)
+        AddAcctgToMru(u"ABC"_s);
+    else
+        AddToMruList(file == u"MruIName.txt"   ? persons
+                     : file == u"MruBName.txt" ? u"Business Name"_s
+                                               : u"Case Number"_s,
+                     u"900-00-0001"_s);
+    QVERIFY(isOwnersOnly());
 }
 
 void tst_RecentEntries::loadingPassesOverEmptyLines()

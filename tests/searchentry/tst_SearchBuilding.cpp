@@ -7,6 +7,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
+#include <QFile>
 #include <QLineEdit>
 #include <QTest>
 #include <QTimer>
@@ -87,6 +88,8 @@ private Q_SLOTS:
     void aSearchIsRemembered();
     void anEntryIsNotWrittenTwice();
     void anEntryOutsideTheCodePageIsWrittenOnce();
+    void whatTheFormShowsIsCompared_data() { addSearches(); }
+    void whatTheFormShowsIsCompared();
     void theNewestEntryIsOnTopAndShownAtOnce();
     void the32ndEntryDropsTheOldest();
     void aStoppedSearchIsNotRemembered();
@@ -252,6 +255,7 @@ void tst_SearchBuilding::aSearchIsRemembered()
 void tst_SearchBuilding::anEntryIsNotWrittenTwice()
 {
     desk->Desk.Folder.Write(u"MruIName.txt"_s, "Jones\r\n  Smith, john  \r\n");
+    desk->Form()->ShowMRU();
     desk->Do(smith + king);
     QCOMPARE(desk->Start().size(), 1);
     QCOMPARE(desk->Desk.Folder.Read(u"MruIName.txt"_s), "Jones\r\n  Smith, john  \r\n");
@@ -263,10 +267,36 @@ void tst_SearchBuilding::anEntryOutsideTheCodePageIsWrittenOnce()
     for (int i = 0; i < 3; ++i) {
         qobject_cast<QLineEdit *>(desk->Control("txtSearchName_0"))
             ->setText(u"\u0141ukasz\u4E2D"_s);
+        desk->Desk.Boxes.Expect(
+            u"The characters \"\u0141\", \"\u4E2D\" cannot be sent. Question marks go in their "
+            "place.\r\n\r\nTo search all the same click OK. To change what you entered click "
+            "Cancel."_s,
+            u"Halvane Form Field Validation"_s, MsgIcon::Exclamation, MsgAnswer::Ok,
+            MsgButtons::OkCancel);
         QCOMPARE(desk->Start().size(), 1);
         QCOMPARE(desk->Desk.Folder.Read(u"MruIName.txt"_s), "?UKASZ?\r\n");
     }
     QCOMPARE(desk->ItemsOf("cboxLastBizOrCase"), QStringList{u"?UKASZ?"_s});
+}
+
+void tst_SearchBuilding::whatTheFormShowsIsCompared()
+{
+    QFETCH(QStringList, steps);
+    QFETCH(QString, file);
+    desk->Do(steps);
+    QVERIFY(!desk->Start().isEmpty());
+    const QByteArray list = desk->Desk.Folder.Read(file);
+    // The form has the entry and keeps it, and nothing is to be written.
+    desk->Desk.Folder.Remove(file);
+    for (int i = 0; i < 3; ++i)
+        QVERIFY(!desk->Start().isEmpty());
+    QVERIFY(!QFile::exists(desk->Desk.Folder.Path(file)));
+    // The other way round, the file has it and the form does not show it.
+    desk->Desk.Folder.Write(file, QByteArray());
+    desk->Form()->ShowMRU();
+    desk->Desk.Folder.Write(file, list);
+    QVERIFY(!desk->Start().isEmpty());
+    QCOMPARE(desk->Desk.Folder.Read(file), list + list);
 }
 
 void tst_SearchBuilding::theNewestEntryIsOnTopAndShownAtOnce()
@@ -292,6 +322,7 @@ void tst_SearchBuilding::the32ndEntryDropsTheOldest()
     for (int i = 31; i >= 1; --i)
         list += "NAME " + QByteArray::number(i) + "\r\n";
     desk->Desk.Folder.Write(u"MruIName.txt"_s, list);
+    desk->Form()->ShowMRU();
     desk->Do(smith + king);
     QCOMPARE(desk->Start().size(), 1);
     const QStringList items = desk->ItemsOf("cboxLastBizOrCase");

@@ -52,6 +52,8 @@ private Q_SLOTS:
     void usCourtsShowTaxAndSsnAndLeavingThemHidesThem();
     void leavingTheUsCourtsFromATaxSearchGoesToAPersonSearch_data();
     void leavingTheUsCourtsFromATaxSearchGoesToAPersonSearch();
+    void anIdentifierDoesNotLeaveTheUsCourts_data();
+    void anIdentifierDoesNotLeaveTheUsCourts();
     void statewideSelectedShowsTheOneCountyStatewide_data();
     void statewideSelectedShowsTheOneCountyStatewide();
     void aNumberInSuperiorCourtsHasTheOneCountyList();
@@ -451,8 +453,44 @@ void tst_SearchFormStates::leavingTheUsCourtsFromATaxSearchGoesToAPersonSearch()
     QFETCH(QByteArray, type);
     user->Click("optState_2");
     user->Click(type);
+    user->Box(0)->setText(u"900-00-0001"_s);
     user->Click("optState_0");
     QCOMPARE(user->Differences({Oregon, 0, 1, 5, false}), QString());
+    // It is nobody's name.
+    QCOMPARE(user->Box(0)->text(), QString());
+}
+
+void tst_SearchFormStates::anIdentifierDoesNotLeaveTheUsCourts_data()
+{
+    QTest::addColumn<QByteArray>("way");
+    for (const char *way : {"optState_0", "optState_1", "optState_3", "lstJurisdictions_0",
+                            "lstJurisdictions_1", "lstJurisdictions_2", "lstJurisdictions_3"})
+        QTest::newRow(way) << QByteArray(way);
+    QTest::newRow("the menu of courts") << QByteArray();
+}
+
+void tst_SearchFormStates::anIdentifierDoesNotLeaveTheUsCourts()
+{
+    QFETCH(QByteArray, way);
+    const auto leave = [&] {
+        if (way.isEmpty())
+            user->Form->SelectCourt(CourtFamily::Discis);
+        else
+            user->Press(way);
+    };
+    user->Click("optState_2");
+    user->Click("optSearchType_4");
+    user->Box(0)->setText(u"900-00-0001"_s);
+    leave();
+    QCOMPARE(user->Box(0)->text(), QString());
+    // A case number is one everywhere, and a name is, too.
+    for (const char *type : {"optSearchType_2", "optSearchType_0"}) {
+        user->Press("optState_2");
+        user->Press(type);
+        user->Box(0)->setText(u"99-20077"_s);
+        leave();
+        QCOMPARE(user->Box(0)->text(), u"99-20077"_s);
+    }
 }
 
 void tst_SearchFormStates::statewideSelectedShowsTheOneCountyStatewide_data()

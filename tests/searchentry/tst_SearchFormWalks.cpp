@@ -158,7 +158,9 @@ Place tst_SearchFormWalks::walkOn(const Place &place, const QByteArray &control,
     if (next.Where != 2 || control == "optSearchWhere_1")
         extras.TemplateApplied = false;
     const bool chosen = control == "optSearchType_0" || control == "optSearchType_1";
-    if (control == "cmdClearForm" || (chosen && next.Type != place.Type))
+    // Who leaves the U.S. Courts from an identifier comes to a search by name.
+    const bool identifierLeft = place.Type > 2 && next.Court != place.Court;
+    if (control == "cmdClearForm" || (chosen && next.Type != place.Type) || identifierLeft)
         extras.Name.clear();
     const bool addresses = next.Court != Discis || (next.Type == 0 && next.DiscisWhere == 6);
     if (!addresses && extras.County.startsWith(u"-- SHOW"))

@@ -14,6 +14,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
 
@@ -63,8 +64,14 @@ private Q_SLOTS:
     void cancelledClientCodeSearchesWithTheCodeInForce();
     void aCompulsoryCodeCannotBeCancelled();
     void theClientCodeTurnedOffSearchesWithoutOne();
-    void whatEndsUnderTheClientCodeStartsNothing_data();
-    void whatEndsUnderTheClientCodeStartsNothing();
+    void aFormThatGoesUnderTheClientCodeStartsNothing();
+    void aSessionThatEndsUnderTheClientCodeIsTold_data();
+    void aSessionThatEndsUnderTheClientCodeIsTold();
+    void aCodeOfASessionThatHasEndedIsNotInForce();
+
+    void aCharacterThatCannotBeSentIsTold_data();
+    void aCharacterThatCannotBeSentIsTold();
+    void aFormThatGoesUnderTheLostCharactersStartsNothing();
 
     void twoSearchesStandInTheQueue();
     void nothingIsSentByTheForm();
@@ -378,25 +385,132 @@ void tst_StartOrder::theClientCodeTurnedOffSearchesWithoutOne()
     QVERIFY(starts());
 }
 
-void tst_StartOrder::whatEndsUnderTheClientCodeStartsNothing_data()
+void tst_StartOrder::aFormThatGoesUnderTheClientCodeStartsNothing()
 {
-    QTest::addColumn<bool>("session");
-    QTest::newRow("the form") << false;
-    QTest::newRow("the session") << true;
-}
-
-void tst_StartOrder::whatEndsUnderTheClientCodeStartsNothing()
-{
-    QFETCH(bool, session);
     SaveOptionStr(u"Accounting"_s, u"EnableAcctg"_s, u"1"_s);
     desk->Do(smith + king);
-    desk->Desk.Boxes.ExpectDialog(u"frmAccounting"_s, [this, session](QDialog *dialog) {
-        if (session)
-            Global.bLoggedIn = false;
-        else
-            desk->Form()->Unload();
+    desk->Desk.Boxes.ExpectDialog(u"frmAccounting"_s, [this](QDialog *dialog) {
+        desk->Form()->Unload();
         dialog->reject();
     });
+    QVERIFY(desk->Start().isEmpty());
+    QCOMPARE(Keys(), QStringList());
+}
+
+void tst_StartOrder::aSessionThatEndsUnderTheClientCodeIsTold_data()
+{
+    QTest::addColumn<MsgAnswer>("answer");
+    QTest::newRow("no") << MsgAnswer::No;
+    QTest::newRow("log in again") << MsgAnswer::Yes;
+}
+
+void tst_StartOrder::aSessionThatEndsUnderTheClientCodeIsTold()
+{
+    QFETCH(MsgAnswer, answer);
+    FakeSocket::Install();
+    SaveOptionStr(u"Accounting"_s, u"EnableAcctg"_s, u"1"_s);
+    desk->Do(smith + king);
+    desk->Desk.Boxes.ExpectDialog(u"frmAccounting"_s, [](QDialog *dialog) {
+        Global.bLoggedIn = false;
+        dialog->reject();
+    });
+    desk->Desk.Boxes.Expect(notLoggedIn, notLoggedInTitle, MsgIcon::Exclamation, answer);
+    startsNothing({u"SMITH"_s, u"JOHN"_s, u"Q"_s, u"Jr."_s});
+    QCOMPARE(frmLogin::IsLoaded(), answer == MsgAnswer::Yes);
+}
+
+void tst_StartOrder::aCodeOfASessionThatHasEndedIsNotInForce()
+{
+    SaveOptionStr(u"Accounting"_s, u"EnableAcctg"_s, u"1"_s);
+    desk->Do(smith + king);
+    desk->Desk.Boxes.ExpectDialog(u"frmAccounting"_s, [](QDialog *dialog) {
+        // A logout takes the code of its session along.
+        Global.bLoggedIn = false;
+        Global.ClientAcctgCode.clear();
+        dialog->findChild<QComboBox *>(u"cboxClientID"_s)->setEditText(u"abc"_s);
+        QTest::mouseClick(ButtonOf(dialog, "cmdOK"), Qt::LeftButton);
+    });
+    desk->Desk.Boxes.Expect(notLoggedIn, notLoggedInTitle, MsgIcon::Exclamation, MsgAnswer::No);
+    startsNothing({u"SMITH"_s, u"JOHN"_s, u"Q"_s, u"Jr."_s});
+    QCOMPARE(Global.ClientAcctgCode, QString());
+    // It is offered the next time.
+    QCOMPARE(desk->Desk.Folder.Read(u"MruAcctg.txt"_s), "abc\r\n");
+}
+
+void tst_StartOrder::aCharacterThatCannotBeSentIsTold_data()
+{
+    QTest::addColumn<QStringList>("steps");
+    QTest::addColumn<QString>("box");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("told");
+    const QString one =
+        u"The character \"%1\" cannot be sent. A question mark goes in its place."_s;
+    const QStringList number{u"click optSearchType_2"_s, u"tick lboxMultiJurisdiction King"_s};
+    QTest::newRow("last name") << smith + king << u"txtSearchName_0"_s << u"\u0141ukasz"_s
+                               << one.arg(u"\u0141"_s);
+    QTest::newRow("first name") << smith + king << u"txtSearchName_1"_s << u"\u0160te\u0159"_s
+                                << one.arg(u"\u0159"_s);
+    QTest::newRow("initial") << smith + king << u"txtSearchName_2"_s << u"\u0416"_s
+                             << one.arg(u"\u0416"_s);
+    QTest::newRow("several, each once")
+        << smith + king << u"txtSearchName_0"_s << u"\u4E2D\u0141\u4E2D\U0001F600"_s
+        << u"The characters \"\u4E2D\", \"\u0141\", \"\U0001F600\" cannot be sent. Question "
+           "marks go in their place."_s;
+    QTest::newRow("a suffix, which is not sent")
+        << smith + king << u"txtSearchName_3"_s << u"\u0141"_s << QString();
+    QTest::newRow("an accent by itself")
+        << smith + king << u"txtSearchName_0"_s << u"Jose\u0301"_s << QString();
+    QTest::newRow("business") << QStringList{u"click optSearchType_1"_s} + king
+                              << u"txtSearchName_0"_s << u"\u017B"_s << one.arg(u"\u017B"_s);
+    QTest::newRow("bankruptcy") << federal << u"txtSearchName_0"_s << u"\u0141"_s
+                                << one.arg(u"\u0141"_s);
+    QTest::newRow("Idaho") << idaho << u"txtSearchName_0"_s << u"\u0141"_s << one.arg(u"\u0141"_s);
+}
+
+void tst_StartOrder::aCharacterThatCannotBeSentIsTold()
+{
+    QFETCH(QStringList, steps);
+    QFETCH(QString, box);
+    QFETCH(QString, typed);
+    QFETCH(QString, told);
+    desk->Do(steps);
+    auto *field = desk->Form()->findChild<QLineEdit *>(box);
+    field->setText(typed);
+    const QString text =
+        told
+        + u"\r\n\r\nTo search all the same click OK. To change what you entered click Cancel."_s;
+    const auto expect = [&](MsgAnswer answer) {
+        desk->Desk.Boxes.Expect(text, u"Halvane Form Field Validation"_s, MsgIcon::Exclamation,
+                                answer, MsgButtons::OkCancel);
+    };
+    if (!told.isEmpty()) {
+        desk->Control("cmdBeginSearch")->setFocus();
+        expect(MsgAnswer::Cancel);
+        QVERIFY(desk->Start().isEmpty());
+        QCOMPARE(desk->Form()->focusWidget(), field);
+        QCOMPARE(field->selectedText(), field->text());
+        expect(MsgAnswer::Ok);
+    }
+    const QList<JobWindow *> windows = desk->Start();
+    QCOMPARE(windows.size(), 1);
+    // "Jose" and an accent are "Jos\u00E9" in the request.
+    if (typed.startsWith(u"Jose"))
+        QVERIFY(qobject_cast<NameResultsWindow *>(windows[0])
+                    ->lboxQueue.List(0)
+                    .contains(u"JOS\u00C9"));
+}
+
+void tst_StartOrder::aFormThatGoesUnderTheLostCharactersStartsNothing()
+{
+    Global.bShowAlerts = true;
+    desk->Do(smith + king);
+    desk->Form()->findChild<QLineEdit *>(u"txtSearchName_0"_s)->setText(u"\u0141"_s);
+    desk->Desk.Boxes.Meanwhile([this] { desk->Form()->Unload(); });
+    desk->Desk.Boxes.Expect(
+        u"The character \"\u0141\" cannot be sent. A question mark goes in its place.\r\n\r\nTo "
+        "search all the same click OK. To change what you entered click Cancel."_s,
+        u"Halvane Form Field Validation"_s, MsgIcon::Exclamation, MsgAnswer::Ok,
+        MsgButtons::OkCancel);
     QVERIFY(desk->Start().isEmpty());
     QCOMPARE(Keys(), QStringList());
 }

@@ -95,6 +95,11 @@ private Q_SLOTS:
     void charactersThatCannotTravelDoNotGoIn_data();
     void charactersThatCannotTravelDoNotGoIn();
 
+    void aCharacterThatCannotBeSentIsTold_data();
+    void aCharacterThatCannotBeSentIsTold();
+    void aCodeThatIsNotWantedIsNotAskedAbout();
+    void theWindowMayGoUnderTheQuestion();
+
     void waysOutWithACode_data();
     void waysOutWithACode();
     void waysOutWithoutACode_data();
@@ -270,6 +275,67 @@ void tst_frmAccounting::charactersThatCannotTravelDoNotGoIn()
     });
     frmAccounting::ShowModal(nullptr);
     QCOMPARE(Global.ClientAcctgCode, u"AB"_s);
+}
+
+void tst_frmAccounting::aCharacterThatCannotBeSentIsTold_data()
+{
+    QTest::addColumn<MsgAnswer>("answer");
+    QTest::newRow("Cancel") << MsgAnswer::Cancel;
+    QTest::newRow("OK") << MsgAnswer::Ok;
+}
+
+void tst_frmAccounting::aCharacterThatCannotBeSentIsTold()
+{
+    QFETCH(MsgAnswer, answer);
+    bool stays = false;
+    boxes->ExpectDialog(u"frmAccounting"_s, [&](QDialog *form) {
+        entryOf(form)->lineEdit()->setText(u"\u0141 & Co"_s);
+        later(form, [&, form] {
+            click(form, u"cmdOK"_s);
+            stays = form->isVisible();
+            entryOf(form)->lineEdit()->setText(u"ABC"_s);
+            if (stays)
+                click(form, u"cmdOK"_s);
+        });
+    });
+    boxes->Expect(u"The character \"\u0141\" cannot be sent. A question mark goes in its "
+                  "place.\r\n\r\nTo use the code all the same click OK. To change it click "
+                  "Cancel."_s,
+                  u"Halvane Form Field Validation"_s, MsgIcon::Exclamation, answer,
+                  MsgButtons::OkCancel);
+    frmAccounting::ShowModal(nullptr);
+    QCOMPARE(stays, answer == MsgAnswer::Cancel);
+    QCOMPARE(Global.ClientAcctgCode, stays ? u"ABC"_s : u"\u0141 & Co"_s);
+    QCOMPARE(folder->Read(acctgFile), stays ? QByteArray("ABC\r\n") : QByteArray("? & Co\r\n"));
+}
+
+void tst_frmAccounting::aCodeThatIsNotWantedIsNotAskedAbout()
+{
+    boxes->ExpectDialog(u"frmAccounting"_s, [](QDialog *form) {
+        entryOf(form)->lineEdit()->setText(u"\u0141"_s);
+        checkBoxOf(form)->setChecked(true);
+        click(form, u"cmdOK"_s);
+    });
+    frmAccounting::ShowModal(nullptr);
+    QCOMPARE(Global.ClientAcctgCode, QString());
+}
+
+void tst_frmAccounting::theWindowMayGoUnderTheQuestion()
+{
+    auto *parent = new QWidget;
+    boxes->ExpectDialog(u"frmAccounting"_s, [](QDialog *form) {
+        entryOf(form)->lineEdit()->setText(u"\u0141"_s);
+        later(form, [form] { click(form, u"cmdOK"_s); });
+    });
+    boxes->Meanwhile([parent] { delete parent; });
+    boxes->Expect(u"The character \"\u0141\" cannot be sent. A question mark goes in its "
+                  "place.\r\n\r\nTo use the code all the same click OK. To change it click "
+                  "Cancel."_s,
+                  u"Halvane Form Field Validation"_s, MsgIcon::Exclamation, MsgAnswer::Ok,
+                  MsgButtons::OkCancel);
+    frmAccounting::ShowModal(parent);
+    QCOMPARE(Global.ClientAcctgCode, QString());
+    QCOMPARE(enableAcctg(), u"0"_s);
 }
 
 void tst_frmAccounting::waysOutWithACode_data()
