@@ -28,6 +28,7 @@ private Q_SLOTS:
     void aSearchThatWaitsLetsTheLoginGoFirst();
     void disconnectingStopsWhatIsPending();
     void disconnectIsRefusedWhileSearchingAndTheSearchGivesUp();
+    void aRefusedExitLetsTheSearchEndAndStopsWhatIsPending();
 };
 
 void tst_TheRoad::fromTheLoginToTheRows()
@@ -187,6 +188,39 @@ void tst_TheRoad::disconnectIsRefusedWhileSearchingAndTheSearchGivesUp()
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Stopped - Court Connection Lost!"_s);
     QCOMPARE(window->RowCount(), 2);
     QVERIFY(!court->Requests().contains(u"STOP\u00A6"_s));
+}
+
+void tst_TheRoad::aRefusedExitLetsTheSearchEndAndStopsWhatIsPending()
+{
+    BeginSession();
+    Global.bShowAlerts = false;
+    FillForm();
+    court->Expect(SearchRequest()).Reply({ResultLine(u"A"_s)});
+    frmNameSearchResults *running = StartSearch();
+    frmNameSearchResults *pending = StartSearch();
+    desk->Boxes.Expect(u"You must wait for the current search to complete or be stopped before "
+                       "Exiting. All Pending Searches will be stopped."_s,
+                       u"Exit Halvane .."_s);
+    desk->When([&] { return running->RowCount() == 1; },
+               [&] {
+                   ChooseEntry(u"mnuFileExit"_s);
+                   court->SendTokens({ResultLine(u"B"_s), u"EOF~"_s});
+               });
+    QVERIFY(desk->Finish(running));
+    // What had begun comes to its own end: it is told neither to the court nor to the user as
+    // stopped.
+    QCOMPARE(TextOf(running, "lblStatus"), u"Search Complete: 2 Cases Retrieved."_s);
+    QVERIFY(!court->Requests().contains(u"STOP\u00A6"_s));
+    QVERIFY(desk->Finish(pending));
+    QCOMPARE(TextOf(pending, "lblStatus"), u"Search Stopped By User .. "_s);
+    QVERIFY(Main->isVisible());
+    // The refusal holds until a new search is started.
+    QVERIFY(Global.bStopRequested);
+    court->Expect(SearchRequest()).Reply({ResultLine(u"A"_s), u"EOF~"_s});
+    frmNameSearchResults *next = StartSearch();
+    QVERIFY(!Global.bStopRequested);
+    QVERIFY(desk->Finish(next));
+    QCOMPARE(TextOf(next, "lblStatus"), u"Search Complete: 1 Cases Retrieved."_s);
 }
 
 QTEST_MAIN(tst_TheRoad)

@@ -3,7 +3,6 @@
 #include "controls/TabStrip.h"
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
-#include "session/frmLogin.h"
 
 #include <QLabel>
 #include <QPointer>
@@ -16,10 +15,6 @@
 // The later runs of a case window.
 
 namespace {
-const QString loginQuestion =
-    u"This Search Cannot be Started!\r\nThis is because you are not currently Logged-In to the "
-    "Halvane Server.\r\n\r\nDo you want to Login Now?"_s;
-const QString loginTitle = u"Cannot Perform Search! Not Logged In to Halvane"_s;
 const QString started = u"On Demand Search Started.."_s;
 const QString normalExit = u"NORMAL EXIT - from Process On Demand Search Reqeusts."_s;
 const QString stopExit =
@@ -33,8 +28,6 @@ class tst_OnDemand : public OnDemandTest
 private Q_SLOTS:
     void searchNow_data();
     void searchNow();
-    void searchNowNotLoggedIn_data();
-    void searchNowNotLoggedIn();
     void theStatusBlinksFromTheBeginning();
     void whileAnotherJobRunsItBlinksSlowly();
     void itWaitsForItsTurn();
@@ -97,44 +90,6 @@ void tst_OnDemand::searchNow()
     // So it reads, although nothing has begun.
     QVERIFY(desk->Folder.Logged(u"Search On Demand Complete"_s));
     QVERIFY(!desk->Folder.Logged(started));
-}
-
-void tst_OnDemand::searchNowNotLoggedIn_data()
-{
-    QTest::addColumn<CaseWindowKind>("kind");
-    QTest::addColumn<bool>("login");
-    for (size_t i = 0; i < caseWindowNames.size(); ++i) {
-        QTest::addRow("%s, no", caseWindowNames.at(i)) << static_cast<CaseWindowKind>(i) << false;
-        QTest::addRow("%s, yes", caseWindowNames.at(i)) << static_cast<CaseWindowKind>(i) << true;
-    }
-}
-
-void tst_OnDemand::searchNowNotLoggedIn()
-{
-    QFETCH(CaseWindowKind, kind);
-    QFETCH(bool, login);
-    CaseWindow *window = AfterFirstRun(kind, {}, {u"Names"_s});
-    ClickTab(window, u"Docket"_s);
-    const QString warning = TextOf(window, "lblWarning");
-    QCOMPARE(warning, u"Names Information Incomplete! Click Tab to Retry."_s);
-    const QString key = window->txtMasterKey;
-    Global.bLoggedIn = false;
-    Global.bStopRequested = true;
-    desk->Boxes.Expect(loginQuestion, loginTitle, MsgIcon::Exclamation,
-                       login ? MsgAnswer::Yes : MsgAnswer::No);
-    if (login)
-        desk->AnswerModalLogin(true);
-    ButtonOf(window, "cmdSearchNow")->click();
-    // The login was over before the click was; what was wanted is for the user to start anew.
-    QVERIFY(desk->AllHappened());
-    QVERIFY(!frmLogin::IsLoaded());
-    QCOMPARE(TextOf(window, "lblWarning"), login ? QString() : warning);
-    QVERIFY(!Global.bStopRequested);
-    QCOMPARE(window->txtMasterKey, key);
-    QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
-    QVERIFY(CommandsEnabled(window));
-    QVERIFY(!window->TmrSearchOnDemand->isActive());
-    QVERIFY(!desk->Folder.Logged(u"Search On Demand Complete"_s));
 }
 
 void tst_OnDemand::theStatusBlinksFromTheBeginning()

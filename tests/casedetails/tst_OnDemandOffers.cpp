@@ -4,12 +4,17 @@
 #include "casedetails/frmCaseDetails.h"
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
+#include "session/frmLogin.h"
 
 #include <QAbstractButton>
 #include <QPushButton>
 #include <QTest>
 
 namespace {
+const QString loginQuestion =
+    u"This Search Cannot be Started!\r\nThis is because you are not currently Logged-In to the "
+    "Halvane Server.\r\n\r\nDo you want to Login Now?"_s;
+const QString loginTitle = u"Cannot Perform Search! Not Logged In to Halvane"_s;
 const QString panel = u"frameTabs_8"_s;
 const QString stoppedStatus = u"Search Stopped By User .. "_s;
 const QString bankruptcyLine = u"BKRPT~CASE~1~"_s;
@@ -40,6 +45,8 @@ private Q_SLOTS:
     void aTabThatFailedInSightStaysThere();
     void whatABankruptcyCaseNamesBehindItsDocket();
     void whatABankruptcyCaseNamesBehindItsDocketInSight();
+    void searchNowNotLoggedIn_data();
+    void searchNowNotLoggedIn();
 
 private:
     /// Stops a window that waits for its turn.
@@ -270,6 +277,44 @@ void tst_OnDemandOffers::whatABankruptcyCaseNamesBehindItsDocketInSight()
     Run(window);
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete"_s);
     QCOMPARE(ShownFrame(window), panel);
+}
+
+void tst_OnDemandOffers::searchNowNotLoggedIn_data()
+{
+    QTest::addColumn<CaseWindowKind>("kind");
+    QTest::addColumn<bool>("login");
+    for (size_t i = 0; i < caseWindowNames.size(); ++i) {
+        QTest::addRow("%s, no", caseWindowNames.at(i)) << static_cast<CaseWindowKind>(i) << false;
+        QTest::addRow("%s, yes", caseWindowNames.at(i)) << static_cast<CaseWindowKind>(i) << true;
+    }
+}
+
+void tst_OnDemandOffers::searchNowNotLoggedIn()
+{
+    QFETCH(CaseWindowKind, kind);
+    QFETCH(bool, login);
+    CaseWindow *window = AfterFirstRun(kind, {}, {u"Names"_s});
+    ClickTab(window, u"Docket"_s);
+    const QString warning = TextOf(window, "lblWarning");
+    QCOMPARE(warning, u"Names Information Incomplete! Click Tab to Retry."_s);
+    const QString key = window->txtMasterKey;
+    Global.bLoggedIn = false;
+    Global.bStopRequested = true;
+    desk->Boxes.Expect(loginQuestion, loginTitle, MsgIcon::Exclamation,
+                       login ? MsgAnswer::Yes : MsgAnswer::No);
+    if (login)
+        desk->AnswerModalLogin(true);
+    ButtonOf(window, "cmdSearchNow")->click();
+    // The login was over before the click was; what was wanted is for the user to start anew.
+    QVERIFY(desk->AllHappened());
+    QVERIFY(!frmLogin::IsLoaded());
+    QCOMPARE(TextOf(window, "lblWarning"), login ? QString() : warning);
+    QVERIFY(!Global.bStopRequested);
+    QCOMPARE(window->txtMasterKey, key);
+    QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
+    QVERIFY(CommandsEnabled(window));
+    QVERIFY(!window->TmrSearchOnDemand->isActive());
+    QVERIFY(!desk->Folder.Logged(u"Search On Demand Complete"_s));
 }
 
 QTEST_MAIN(tst_OnDemandOffers)

@@ -37,6 +37,7 @@ private Q_SLOTS:
     void message();
     void messageIsReplaced();
     void messageClosesByItsButton();
+    void thereIsOneWindowOfMessages();
     void elapsedTime_data();
     void elapsedTime();
     void elapsedTimeForgetsTheSessionTime_data();
@@ -170,6 +171,24 @@ void tst_SmallWindows::messageClosesByItsButton()
     window->show();
     Click(window, "Command1");
     QTRY_VERIFY(!window);
+}
+
+void tst_SmallWindows::thereIsOneWindowOfMessages()
+{
+    Global.strSystemMsg = u"to all"_s;
+    const QPointer<frmMsg> window(&frmMsg::ShowForm(nullptr));
+    QVERIFY(window->isVisible());
+    window->SetText1(u"to you"_s);
+    Global.strSystemMsg = u"to all, later"_s;
+    QCOMPARE(&frmMsg::ShowForm(nullptr), window.data());
+    QCOMPARE(Child<QPlainTextEdit>(window, "Text1")->toPlainText(), u"to all, later"_s);
+    // One that is being closed is not shown again.
+    window->close();
+    frmMsg &next = frmMsg::ShowForm(nullptr);
+    QVERIFY(&next != window.data());
+    QTRY_VERIFY(!window);
+    QVERIFY(next.isVisible());
+    next.close();
 }
 
 void tst_SmallWindows::elapsedTime_data()

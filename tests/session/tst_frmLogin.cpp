@@ -23,6 +23,27 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+/// What a label reads each time that it is painted.
+class PaintWatch : public QObject
+{
+public:
+    explicit PaintWatch(QLabel *watched) : label(watched) { label->installEventFilter(this); }
+
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::Paint)
+            texts.append(label->text());
+        return false;
+    }
+
+    QStringList texts;
+
+private:
+    QLabel *label;
+};
+} // namespace
+
 class tst_frmLogin : public QObject
 {
     Q_OBJECT
@@ -50,7 +71,13 @@ private Q_SLOTS:
     void oneEmptyFieldSendsNothing();
     void privateMessages_data();
     void privateMessages();
+    void whatARefusedMessageLeavesIsNoAnswerToTheLogin();
     void statusWhileMessagesAreFetched();
+    void everyStatusIsPainted();
+    void theKeyboardGoesWhereAnEntryIsMissing_data();
+    void theKeyboardGoesWhereAnEntryIsMissing();
+    void whoIsInAFieldStaysThere_data();
+    void whoIsInAFieldStaysThere();
     void addressesAreTriedInOrderAndTheFailureIsTold();
     void serverThatNeverAnswersTheConnectIsTold();
     void connectedAlreadyGoesOnWithoutAConnect();
@@ -347,6 +374,72 @@ void tst_frmLogin::privateMessages()
     QCOMPARE(Global.strPrivateMsgs, text);
     QCOMPARE(Child<QGroupBox>(login, "Frame1")->isVisible(), inView);
     QCOMPARE(login->height() == PixelsFromTwips(5370), inView);
+}
+
+void tst_frmLogin::whatARefusedMessageLeavesIsNoAnswerToTheLogin()
+{
+    remember(u"1"_s, u"User"_s, u"Wrong"_s);
+    // The exchange of the messages ends at the error; the end mark behind it is not read.
+    CourtSocket::Court().replies = {"|ERROR~Invalid User Name and/or PW~||EOF~|",
+                                    "|ERROR~Invalid User Name and/or PW~||EOF~|"};
+    const frmLogin *login = session->OpenLoginToTheEnd();
+    QVERIFY(login);
+    session->boxes.Expect(
+        u"Either the User Name and/or Password you entered is Invalid!\r\n\r\nPlease Re-Enter Your "
+        "User Name and Password and then select Login."_s,
+        u"Invalid User Name or Password .."_s, MsgIcon::Exclamation);
+    Click(login, "cmdLogin");
+    QCOMPARE(Global.bLoggedIn, false);
+    QVERIFY(SessionFixture::LoginWindow());
+    QCOMPARE(status(), u"Invalid Login - Try Again"_s);
+}
+
+void tst_frmLogin::everyStatusIsPainted()
+{
+    frmLogin *login = session->OpenLogin();
+    QVERIFY(QTest::qWaitForWindowExposed(login));
+    Settle();
+    PaintWatch watch(Child<QLabel>(login, "lblStatus"));
+    login->ShowLoginStatus(u" first "_s);
+    login->ShowLoginStatus(u"second"_s);
+    QCOMPARE(watch.texts, (QStringList{u"first"_s, u"second"_s}));
+}
+
+void tst_frmLogin::theKeyboardGoesWhereAnEntryIsMissing_data()
+{
+    QTest::addColumn<QString>("userName");
+    QTest::addColumn<QString>("field");
+    QTest::newRow("nothing is remembered") << QString() << u"txtUsername"_s;
+    QTest::newRow("the name is remembered") << u"User"_s << u"txtPassword"_s;
+}
+
+void tst_frmLogin::theKeyboardGoesWhereAnEntryIsMissing()
+{
+    QFETCH(QString, userName);
+    QFETCH(QString, field);
+    remember(u"0"_s, userName, QString());
+    const frmLogin *login = session->OpenLogin();
+    QVERIFY(!qobject_cast<QLineEdit *>(login->focusWidget()));
+    QVERIFY(WaitUntil([this] { return mayLogIn(); }));
+    QCOMPARE(login->focusWidget()->objectName(), field);
+}
+
+void tst_frmLogin::whoIsInAFieldStaysThere_data()
+{
+    QTest::addColumn<QString>("field");
+    QTest::newRow("user name") << u"txtUsername"_s;
+    QTest::newRow("password") << u"txtPassword"_s;
+}
+
+void tst_frmLogin::whoIsInAFieldStaysThere()
+{
+    QFETCH(QString, field);
+    // The other field is the one that wants an entry.
+    remember(u"0"_s, field == u"txtUsername" ? u"User"_s : QString(), QString());
+    const frmLogin *login = session->OpenLogin();
+    QTest::mouseClick(login->findChild<QLineEdit *>(field), Qt::LeftButton);
+    QVERIFY(WaitUntil([this] { return mayLogIn(); }));
+    QCOMPARE(login->focusWidget()->objectName(), field);
 }
 
 void tst_frmLogin::statusWhileMessagesAreFetched()
