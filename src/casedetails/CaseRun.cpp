@@ -109,10 +109,11 @@ void CaseWindow::retrieveSummary()
     askAgainWithAnswer();
 }
 
-/// The Summary asked about arbitration: it is asked for once more, with the answer.
+/// The Summary asked about arbitration: it is asked for once more, with the answer. Not when nobody
+/// wants the case any more: it has not come then.
 void CaseWindow::askAgainWithAnswer()
 {
-    if (!UserQuestion)
+    if (!UserQuestion || isToEnd())
         return;
     CaseTabState &summary = TabOf(CaseTab::Summary);
     summary.TabRequest = WithArbitration(summary.TabRequest, arbitration);
@@ -170,6 +171,11 @@ void CaseWindow::rewriteForArbitration(CaseTab tab)
         return;
     TabOf(tab).TabRequest = WithArbitration(Tab(tab).TabRequest, arbitration);
     Global.ArbitrationChosen = false;
+}
+
+bool CaseWindow::isToEnd() const
+{
+    return Global.bStopRequested || CloseRequested || StopRequested;
 }
 
 CaseWindow::StopPoint CaseWindow::testStopFlags()

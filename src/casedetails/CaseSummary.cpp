@@ -150,7 +150,8 @@ void CaseWindow::evaluateSummary(const QString &request, const SummaryRead &read
 {
     lblStatus->show();
     if (read.Question) {
-        askArbitration();
+        if (!isToEnd())
+            askArbitration();
         return;
     }
     if (read.ErrorText.contains(u"not a valid case number", Qt::CaseInsensitive)) {

@@ -420,7 +420,9 @@ void CaseWindow::Unloading()
     TmrSearchOnDemand->stop();
     TmrFlash->stop();
     // A run keeps its place until its reply has come: the next job would read what is left of it.
-    if (!HasTurn)
+    if (HasTurn)
+        CloseRequested = true;
+    else
         WithdrawKey(txtMasterKey);
 }
 

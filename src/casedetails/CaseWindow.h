@@ -87,8 +87,8 @@ public:
     bool SearchStopped = false; ///< the case was not asked for to its end
     ListBox lboxResponses;      ///< the reply of the tab that was fetched last
 
-    /// Nobody sets it: a window that shall close in the middle of a run refuses and is stopped
-    /// first. The run looks at it all the same, for whoever will need it.
+    /// The window has gone in the middle of a run, which ends at its next stop point. By itself a
+    /// window refuses that, but not when its link is thought to be free.
     bool CloseRequested = false;
 
     QTimer *TmrSearchOnDemand; ///< asks for the turn of a later run
@@ -180,6 +180,8 @@ private:
     /// Whether the list of documents counts.
     enum class Documents { Too, AsTheyAre };
     void leaveUnretrieved(Documents documents = Documents::Too);
+    /// Whether the user, or whoever wants to leave, wants nothing more of this run.
+    bool isToEnd() const;
     void offerAll();
     void withdrawIfGone();
 

@@ -167,6 +167,9 @@ void JobWindow::cmdStopSearching_Click()
     if (!stopped)
         WriteAppInfo(u"Cannot Stop Active Search"_s);
     Global.bSearchInProgress = false;
+    // A run that broke down has kept its place, and nobody comes back to give it away.
+    if (!HasTurn)
+        WithdrawKey(txtMasterKey);
     StopDone();
 }
 

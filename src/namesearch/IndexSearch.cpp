@@ -93,6 +93,8 @@ void frmNameSearchResults::cmdGetNext_Click()
     // Without a link the page would end as lost, and could not be asked for again.
     if (!MaySearch())
         return;
+    // A page is a new search: whatever all jobs were asked to stop for is over.
+    Global.bStopRequested = false;
     ++SearchRunCount;
     TurnOff(ui->cmdSearchResults_4);
     // Pending again, so that Stop withdraws the key instead of stopping a search that has not

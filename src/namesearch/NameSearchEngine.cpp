@@ -71,7 +71,8 @@ SearchOutcome NameResultsWindow::runRequests()
         tooManyHits = false;
         if (const std::optional<SearchOutcome> early = readReplies())
             return *early;
-        if (StopRequested) {
+        // Behind a window that has gone nobody sees what the rest would bring, and be billed for.
+        if (StopRequested || IsUnloaded()) {
             WriteAppInfo(u"Searching Stopped by User. Request Was: "_s + line);
             return SearchOutcome::Stopped;
         }

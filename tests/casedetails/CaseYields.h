@@ -12,6 +12,7 @@ enum class CaseEnd {
     Stopped,        ///< read on to the next end mark, then stopped
     StoppedPending, ///< its Stop button, before its turn
     AllJobsStopped, ///< a wish to leave, seen before its turn
+    Closed,         ///< read on to the next end mark behind a window that has gone
     Error,          ///< the summary could not be asked for
     BrokenDown      ///< a tab could not be asked for: the run keeps its place in the queue
 };
@@ -53,12 +54,12 @@ inline constexpr std::array<CaseTold, 27> caseTold{{
     {Act::UnloadByCode, Moment::Pending, CaseEnd::None, true, true, false, false},
     {Act::UnloadByCode, Moment::Running, CaseEnd::Completed, false, true, false, false},
     {Act::UnloadByCode, Moment::Over, CaseEnd::Completed, true, true, false, false},
-    // These ask nobody: the run goes on to its end behind a window that is out of sight.
+    // These ask nobody: the run ends at its next stop point behind a window that is out of sight.
     {Act::SessionEnds, Moment::Pending, CaseEnd::None, true, true, false, false},
-    {Act::SessionEnds, Moment::Running, CaseEnd::Completed, true, true, false, false},
+    {Act::SessionEnds, Moment::Running, CaseEnd::Closed, true, true, false, false},
     {Act::SessionEnds, Moment::Over, CaseEnd::Completed, true, true, false, false},
     {Act::UnloadUnconditionally, Moment::Pending, CaseEnd::None, true, true, false, false},
-    {Act::UnloadUnconditionally, Moment::Running, CaseEnd::Completed, true, true, false, false},
+    {Act::UnloadUnconditionally, Moment::Running, CaseEnd::Closed, true, true, false, false},
     {Act::UnloadUnconditionally, Moment::Over, CaseEnd::Completed, true, true, false, false},
 }};
 
@@ -82,11 +83,13 @@ struct CaseEndLine
     QStringView line;
 };
 
-inline constexpr std::array<CaseEndLine, 8> caseEndLines{{
+inline constexpr std::array<CaseEndLine, 9> caseEndLines{{
     {CaseEnd::Completed, u"NORMAL EXIT - from ProcessSearchReqeusts."},
     {CaseEnd::Stopped, u"SEARCHING STOPPED DUE TO LOGOUT or STOP - from ProcessSearchReqeusts in "
                        "Case Details."},
     {CaseEnd::AllJobsStopped, u"INCOMPLETE EXIT - from Timer1 - Case Details."},
+    {CaseEnd::Closed,
+     u"SEARCH FORM CLOSED BY USER - from Process Search Reqeusts in Case Details."},
     {CaseEnd::Error, u"SEARCH ERROR EXIT - from ProcessSearchReqeusts."},
     {CaseEnd::BrokenDown, u"Exiting DoNameSearch() via PROCERR in Case Details. Error: "},
     {CaseEnd::BrokenDown, u"Exiting DoDocketSearch() via PROCERR in Case Details. Error: "},
@@ -113,6 +116,6 @@ inline constexpr std::array<CaseEndTexts, 7> caseEndTexts{{
     {CaseEnd::BrokenDown, u"Retrieving ", u""},
 }};
 
-inline constexpr std::array<const char *, 8> caseEndNames{
-    "none",  "completed",  "incomplete", "stopped", "stopped while pending", "all jobs stopped",
-    "error", "broken down"};
+inline constexpr std::array<const char *, 9> caseEndNames{
+    "none",   "completed", "incomplete", "stopped", "stopped while pending", "all jobs stopped",
+    "closed", "error",     "broken down"};

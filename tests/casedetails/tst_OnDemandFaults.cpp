@@ -164,7 +164,7 @@ void tst_OnDemandFaults::whatHappensUnderTheQuestion()
     ClickTab(window, u"Docket"_s);
     Tick(window, {CaseTab::Names, CaseTab::Docket});
     ExpectFailingTab(kind, CaseTab::Names);
-    const bool goesOn = under == Under::AnotherCase || under == Under::Gone;
+    const bool goesOn = under == Under::AnotherCase;
     if (goesOn)
         ExpectTab(kind, CaseTab::Docket);
     QPointer<CaseWindow> other;
@@ -358,7 +358,8 @@ void tst_OnDemandFaults::aWindowThatHasGoneAsksNothing()
     window->TmrSearchOnDemand->start(1);
     QTRY_VERIFY(window.isNull());
     QCOMPARE(desk->Boxes.Complaints(), QString());
-    QVERIFY(desk->Folder.Logged(u"NORMAL EXIT - from Process On Demand Search Reqeusts."_s));
+    QVERIFY(desk->Folder.Logged(
+        u"SEARCH FORM CLOSED BY USER - from Process Search Reqeusts in Case Details."_s));
     QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{otherKey});
     QVERIFY(!Global.bSearchInProgress);
 }
@@ -375,7 +376,7 @@ void tst_OnDemandFaults::aWindowThatHasGoneKeepsNoPlace()
     ClickTab(window, u"Docket"_s);
     Tick(window, {CaseTab::Names, CaseTab::Docket});
     court->Expect(LineOf(kind, CaseTab::Names)).Reply({});
-    // Its run breaks down, and it will not be closed a second time.
+    // Its tab fails with the link, and it will not be closed a second time.
     desk->When([this] { return court->Requests().size() == 2; },
                [&] {
                    window->Unload(UnloadMode::MdiParent);
@@ -385,8 +386,8 @@ void tst_OnDemandFaults::aWindowThatHasGoneKeepsNoPlace()
     frmQueue::Form().FIFO.AddItem(otherKey);
     window->TmrSearchOnDemand->start(1);
     QTRY_VERIFY(window.isNull());
-    QVERIFY(desk->Folder.Logged(u"Exiting DoDocketSearch() via PROCERR in Case Details. Error: "
-                                "Halvane Server Connection was Dropped!"_s));
+    QVERIFY(desk->Folder.Logged(
+        u"SEARCH FORM CLOSED BY USER - from Process Search Reqeusts in Case Details."_s));
     QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{otherKey});
     QVERIFY(!Global.bSearchInProgress);
 }

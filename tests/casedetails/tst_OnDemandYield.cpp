@@ -23,6 +23,8 @@ const QString started = u"On Demand Search Started.."_s;
 const QString normalExit = u"NORMAL EXIT - from Process On Demand Search Reqeusts."_s;
 const QString stopExit =
     u"SEARCHING STOPPED DUE TO LOGOUT - from ProcessSearchReqeusts in Case Details."_s;
+const QString closeExit =
+    u"SEARCH FORM CLOSED BY USER - from Process Search Reqeusts in Case Details."_s;
 const QString timerExit = u"INCOMPLETE EXIT - from OnDemandTimer1 - Case Details."_s;
 const QString breakDown = u" via PROCERR in Case Details. Error: "_s;
 
@@ -30,6 +32,7 @@ const QString breakDown = u" via PROCERR in Case Details. Error: "_s;
 const QString nothing = u"nothing"_s;
 const QString completed = u"completed"_s;
 const QString stopped = u"stopped"_s;
+const QString closed = u"closed"_s;
 const QString stoppedForAll = u"stopped with all jobs"_s;
 const QString stoppedBefore = u"stopped before its turn"_s;
 const QString brokenDown = u"broken down"_s;
@@ -74,12 +77,12 @@ const QList<Outcome> outcomes{
     {Act::UnloadByCode, Moment::Pending, nothing, true, false, true, false, false},
     {Act::UnloadByCode, Moment::Running, completed, false, false, true, false, false},
     {Act::UnloadByCode, Moment::Over, completed, true, false, true, false, false},
-    // These ask nobody: the run goes on to its end behind a window that is out of sight.
+    // These ask nobody: the run ends at its next stop point behind a window that is out of sight.
     {Act::SessionEnds, Moment::Pending, nothing, true, false, true, false, false},
-    {Act::SessionEnds, Moment::Running, completed, true, false, true, false, false},
+    {Act::SessionEnds, Moment::Running, closed, true, false, true, false, false},
     {Act::SessionEnds, Moment::Over, completed, true, false, true, false, false},
     {Act::UnloadUnconditionally, Moment::Pending, nothing, true, false, true, false, false},
-    {Act::UnloadUnconditionally, Moment::Running, completed, true, false, true, false, false},
+    {Act::UnloadUnconditionally, Moment::Running, closed, true, false, true, false, false},
     {Act::UnloadUnconditionally, Moment::Over, completed, true, false, true, false, false},
 };
 } // namespace
@@ -159,6 +162,8 @@ QString tst_OnDemandYield::endOf() const
     const bool forAll = log.contains(timerExit);
     if (log.contains(normalExit))
         ends.append(completed);
+    if (log.contains(closeExit))
+        ends.append(closed);
     if (log.contains(breakDown))
         ends.append(brokenDown);
     if (log.contains(stopExit))

@@ -168,7 +168,7 @@ void tst_ModalDialog::aDialogGoesWithItsWindow()
 
 void tst_ModalDialog::noDialogOverAWindowThatHasGone()
 {
-    FormWindow *window = new FormWindow;
+    auto *window = new FormWindow;
     const FormWindow::RunScope scope(window);
     window->Unload();
     bool shown = false;
@@ -186,7 +186,7 @@ void tst_ModalDialog::aQuestionGoesWithItsWindow()
 {
     QFETCH(MsgButtons, buttons);
     QFETCH(MsgAnswer, escape);
-    FormWindow *window = new FormWindow;
+    auto *window = new FormWindow;
     const FormWindow::RunScope scope(window);
     window->show();
     whenUp([window](QDialog *) { window->Unload(); });
@@ -197,7 +197,7 @@ void tst_ModalDialog::noQuestionAboutAWindowThatHasGone()
 {
     QFETCH(MsgButtons, buttons);
     QFETCH(MsgAnswer, escape);
-    FormWindow *window = new FormWindow;
+    auto *window = new FormWindow;
     const FormWindow::RunScope scope(window);
     window->Unload();
     bool shown = false;
@@ -213,7 +213,7 @@ void tst_ModalDialog::noQuestionAboutAWindowThatHasGone()
 
 void tst_ModalDialog::whatThereIsToTellIsToldAllTheSame()
 {
-    FormWindow *window = new FormWindow;
+    auto *window = new FormWindow;
     const FormWindow::RunScope scope(window);
     window->Unload();
     QString told;

@@ -78,12 +78,12 @@ inline constexpr std::array<Told, 30> allTold{{
     {Act::UnloadByCode, Moment::Pending, End::None, true, true, true, false, false},
     {Act::UnloadByCode, Moment::Running, End::Completed, false, false, true, false, false},
     {Act::UnloadByCode, Moment::Over, End::Completed, true, false, true, false, false},
-    // These ask nobody: the run goes on to its end behind a window that is out of sight.
+    // These ask nobody: behind a window that is out of sight the run asks for nothing more.
     {Act::SessionEnds, Moment::Pending, End::None, true, true, true, false, false},
-    {Act::SessionEnds, Moment::Running, End::Completed, true, false, true, false, false},
+    {Act::SessionEnds, Moment::Running, End::Stopped, true, false, true, false, false},
     {Act::SessionEnds, Moment::Over, End::Completed, true, false, true, false, false},
     {Act::UnloadUnconditionally, Moment::Pending, End::None, true, true, true, false, false},
-    {Act::UnloadUnconditionally, Moment::Running, End::Completed, true, false, true, false, false},
+    {Act::UnloadUnconditionally, Moment::Running, End::Stopped, true, false, true, false, false},
     {Act::UnloadUnconditionally, Moment::Over, End::Completed, true, false, true, false, false},
 }};
 

@@ -82,6 +82,7 @@ private Q_SLOTS:
     void theSecondPage();
     void aStoppedSecondPageEndsByItsEndMark();
     void aLostSecondPageCannotBeAskedForAgain();
+    void aPageIsANewSearchToWhoWantedToLeave();
     void theClientCodeIsOnEveryPageAndNotInTheList();
     void eachPressCountsOnce();
     void withoutALoginNothingIsQueued_data();
@@ -313,6 +314,22 @@ void tst_IndexPages::aLostSecondPageCannotBeAskedForAgain()
     QTest::keyClick(nextButton(window), Qt::Key_Space);
     QCOMPARE(window->SearchRunCount, qint16(2));
     QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
+}
+
+/// An exit was refused while the page before this one, or another job, was running: that stops what
+/// was pending then, and not what is wanted later.
+void tst_IndexPages::aPageIsANewSearchToWhoWantedToLeave()
+{
+    court->Expect(IndexLine()).Reply({IndexRow(u"A"_s), LimitRow(500, 700)});
+    court->Expect(IndexLine(501, 1000)).Reply({IndexRow(u"B"_s), u"EOF~"_s});
+    const frmNameSearchResults *window = startPages(*desk, *court);
+    desk->When([this] { return court->Requests().size() == 1; },
+               [] { Global.bStopRequested = true; });
+    QVERIFY(desk->Finish(window));
+    QVERIFY(Global.bStopRequested);
+    QVERIFY(takeNextPage(*desk, window));
+    QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete: 2 Cases Retrieved."_s);
+    QVERIFY(!Global.bStopRequested);
 }
 
 void tst_IndexPages::theClientCodeIsOnEveryPageAndNotInTheList()

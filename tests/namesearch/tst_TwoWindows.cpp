@@ -29,6 +29,8 @@ private Q_SLOTS:
     void theFirstLosesTheConnectionAndTheSecondFails();
     void stoppingTheSecondLeavesNoKey();
     void stoppingTheFirstLetsTheSecondStartOnceItHasRead();
+    void aSearchThatIsClosedUnderTheStopOfAnotherAsksForNoMore_data();
+    void aSearchThatIsClosedUnderTheStopOfAnotherAsksForNoMore();
     void aDisconnectEndsBoth();
     void aLogoutEndsWhatIsPending();
     void nobodyIsInTheSpareQueue();
@@ -182,6 +184,38 @@ void tst_TwoWindows::stoppingTheFirstLetsTheSecondStartOnceItHasRead()
     QCOMPARE(TextOf(first, "lblStatus"), u"Search Stopped By User: 0 Cases Retrieved."_s);
     QCOMPARE(TextOf(second, "lblStatus"), u"Search Complete: 1 Cases Retrieved."_s);
     QVERIFY(!second->StopRequested);
+}
+
+void tst_TwoWindows::aSearchThatIsClosedUnderTheStopOfAnotherAsksForNoMore_data()
+{
+    QTest::addColumn<bool>("stopsOther");
+    QTest::newRow("another is stopped first") << true;
+    QTest::newRow("it is stopped itself") << false;
+}
+
+/// Every stop frees the link, and whose window does not hold the link can be closed: the counties
+/// that are left would be asked for, and paid, behind a window that has gone.
+void tst_TwoWindows::aSearchThatIsClosedUnderTheStopOfAnotherAsksForNoMore()
+{
+    QFETCH(bool, stopsOther);
+    court->Expect(RequestLine()).Reply({ResultLine(u"A"_s)});
+    if (!stopsOther)
+        court->Expect(stopRequest).Reply({});
+    desk->ConnectTo(*court);
+    const QPointer<frmNameSearchResults> first =
+        desk->Start({RequestLine(), RequestLine(u"SMITH"_s, u"Pierce"_s)});
+    frmNameSearchResults *second = desk->MakePending({RequestLine(u"SMYTHE"_s)});
+    desk->When([&] { return first->RowCount() == 1; },
+               [&] {
+                   const QWidget *stopped = stopsOther ? second : first.data();
+                   QTest::mouseClick(ButtonOf(stopped, "cmdStopSearching"), Qt::LeftButton);
+                   QVERIFY(first->close());
+                   court->SendTokens({u"EOF~"_s});
+               });
+    QTRY_VERIFY(first.isNull());
+    QCOMPARE(court->Requests().size(), stopsOther ? 1 : 2);
+    QVERIFY(!Global.bSearchInProgress);
+    QCOMPARE(frmQueue::Form().FIFO.ListCount(), stopsOther ? 0 : 1);
 }
 
 void tst_TwoWindows::aDisconnectEndsBoth()
