@@ -50,7 +50,7 @@ struct Meaning
     QStringList Parts;
 };
 
-QString textOf(QByteArray frame)
+QString textOf(const QByteArray &frame)
 {
     return FromWindows1252(frame.mid(1, frame.size() - 2));
 }

@@ -49,7 +49,7 @@ public:
         }
         if (Grid)
             Grid->Show(table);
-        else
+        if (List)
             List->List()->Flush();
     }
 
