@@ -3,7 +3,7 @@
 // what a row costs in memory.
 
 #include "casedetails/GridGrammar.h"
-#include "controls/FlexGrid.h"
+#include "tables/FlexGrid.h"
 
 #include <QApplication>
 #include <QEvent>

@@ -6,7 +6,7 @@
 #include "BenchFolder.h"
 #include "StoppableServer.h"
 
-#include "controls/ResultListView.h"
+#include "tables/ResultListView.h"
 #include "core/EventLoop.h"
 #include "core/GlobalState.h"
 #include "core/TextUtilities.h"

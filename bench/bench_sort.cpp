@@ -1,7 +1,7 @@
 // Sorting a list of results by a column, keys made included, against a bare std::stable_sort of the
 // same keys.
 
-#include "controls/ResultListModel.h"
+#include "tables/ResultListModel.h"
 #include "namesearch/SortKeys.h"
 
 #include <QCoreApplication>

@@ -1,7 +1,7 @@
 // What double clicks in a case window open: other cases, each in a window of its own.
 
 #include "casedetails/frmCaseDetails.h"
-#include "controls/FlexGrid.h"
+#include "tables/FlexGrid.h"
 #include "core/GlobalState.h"
 #include "core/Log.h"
 #include "core/RunTimeError.h"

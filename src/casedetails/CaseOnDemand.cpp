@@ -2,7 +2,7 @@
 
 #include "casedetails/CaseWindow.h"
 #include "casedetails/OnDemandPanel.h"
-#include "controls/JobVoice.h"
+#include "jobs/JobVoice.h"
 #include "controls/TabStrip.h"
 #include "core/GlobalState.h"
 #include "core/Log.h"

@@ -1,8 +1,8 @@
 // The first run of a case window: CaseWindow::ProcessSearchRequests and what it is made of.
 
 #include "casedetails/CaseWindow.h"
-#include "controls/FlexGrid.h"
-#include "controls/JobVoice.h"
+#include "tables/FlexGrid.h"
+#include "jobs/JobVoice.h"
 #include "controls/MsgBox.h"
 #include "controls/TabStrip.h"
 #include "core/Clock.h"

@@ -1,49 +1,12 @@
 #pragma once
 
+#include "records/CaseTabs.h"
+
 #include <QList>
 #include <QString>
 #include <QStringList>
 
-#include <array>
-#include <optional>
-
-// The tabs of the case windows, and which of them a case has.
-
-enum class CaseTab {
-    Summary,
-    Names,
-    Docket,
-    Accounting,
-    Judgments,
-    Charges,
-    Sentence,
-    Schedule,
-    Documents,
-    Finance,
-    Violations
-};
-inline constexpr int caseTabCount = 11;
-
-/// The three case windows.
-enum class CaseKind {
-    State,   ///< frmCaseDetails
-    Civil,   ///< frmCivilCaseDetails
-    NonCivil ///< frmNCCaseDetails
-};
-
-/// What a tab has of its own, wherever it appears.
-struct CaseTabRow
-{
-    CaseTab tab;
-    QStringView caption;   ///< in TabStrip1, and the key of its setting
-    int frame;             ///< its element of frameTabs
-    int check;             ///< its element of chkTab
-    QStringView title;     ///< its word in the status line and in the log
-    QStringView procedure; ///< without its brackets
-    QStringView review;    ///< lblWarning when the tab is shown and is incomplete
-};
-
-const CaseTabRow &CaseTabRowOf(CaseTab tab);
+// Which tabs a case has, and what is said while they come.
 
 /// What the status line, lblWarning and the log say of one exchange of a tab.
 struct TabTexts
@@ -59,9 +22,6 @@ struct TabTexts
     QString NormalExit;       ///< logged
 };
 TabTexts TextsOf(CaseTab tab);
-
-/// The tab with this caption, in capitals or not, with a leading "&" or not.
-std::optional<CaseTab> CaseTabOf(const QString &caption);
 
 /// The captions of a case of the Superior Courts by the type digit of its number. Neither "*" nor
 /// ">>" stands in front of the number any more.

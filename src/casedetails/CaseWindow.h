@@ -2,7 +2,7 @@
 
 #include "casedetails/CaseRequests.h"
 #include "casedetails/CaseTabs.h"
-#include "controls/GridTable.h"
+#include "records/GridTable.h"
 #include "jobs/JobWindow.h"
 #include "jobs/ListBox.h"
 

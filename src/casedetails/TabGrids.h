@@ -1,7 +1,7 @@
 #pragma once
 
 #include "casedetails/CaseTabs.h"
-#include "controls/GridTable.h"
+#include "records/GridTable.h"
 
 #include <QString>
 #include <QStringList>

@@ -17,6 +17,16 @@ Turn AskForTurn(const QString &txtMasterKey)
     return queue.ListCount() > 0 && queue.List(0) == txtMasterKey ? Turn::Mine : Turn::NotYet;
 }
 
+void TakeLink()
+{
+    Global.bSearchInProgress = true;
+}
+
+void FreeLink()
+{
+    Global.bSearchInProgress = false;
+}
+
 void EnqueueKey(const QString &txtMasterKey)
 {
     frmQueue::Form().FIFO.AddItem(txtMasterKey);

@@ -17,6 +17,12 @@ enum class Turn {
 /// still reading from the link.
 Turn AskForTurn(const QString &txtMasterKey);
 
+/// The link is this job's until it gives it back. Nobody else writes bSearchInProgress.
+void TakeLink();
+/// The link is free, although the job that had it may still be reading what the court has to say:
+/// a stop lets the others have their turns at once.
+void FreeLink();
+
 /// Puts a key at the end of the queue.
 void EnqueueKey(const QString &txtMasterKey);
 

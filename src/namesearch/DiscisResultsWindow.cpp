@@ -2,7 +2,7 @@
 
 #include "controls/MsgBox.h"
 #include "controls/ReadOnlyTextBox.h"
-#include "controls/ResultListView.h"
+#include "tables/ResultListView.h"
 #include "namesearch/CaseFromRow.h"
 #include "namesearch/SearchCriteria.h"
 #include "session/SessionEvents.h"

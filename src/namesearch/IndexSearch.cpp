@@ -1,6 +1,6 @@
 // The index search of frmNameSearchResults: its replies, its messages and its pages.
 
-#include "controls/ResultListView.h"
+#include "tables/ResultListView.h"
 #include "core/GlobalState.h"
 #include "core/Log.h"
 #include "core/RunTimeError.h"

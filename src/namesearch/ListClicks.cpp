@@ -3,7 +3,7 @@
 #include "casedetails/frmCaseDetails.h"
 #include "casedetails/frmCivilCaseDetails.h"
 #include "casedetails/frmNCCaseDetails.h"
-#include "controls/ResultListView.h"
+#include "tables/ResultListView.h"
 #include "core/GlobalState.h"
 #include "core/Log.h"
 #include "namesearch/CaseFromRow.h"

@@ -1,8 +1,8 @@
 #include "namesearch/NameResultsWindow.h"
 
-#include "controls/JobVoice.h"
+#include "jobs/JobVoice.h"
 #include "controls/MsgBox.h"
-#include "controls/ResultListView.h"
+#include "tables/ResultListView.h"
 #include "controls/StatusColour.h"
 #include "core/GlobalState.h"
 #include "core/Log.h"

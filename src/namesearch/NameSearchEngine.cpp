@@ -1,8 +1,8 @@
 // The run of a search: NameResultsWindow::ProcessSearchRequests and what it is made of.
 
-#include "controls/JobVoice.h"
+#include "jobs/JobVoice.h"
 #include "controls/MsgBox.h"
-#include "controls/ResultListView.h"
+#include "tables/ResultListView.h"
 #include "controls/Twips.h"
 #include "core/GlobalState.h"
 #include "core/Log.h"

@@ -1,9 +1,9 @@
 #include "namesearch/frmDiscisNCNameResults.h"
 
 #include "controls/MsgBox.h"
-#include "controls/ResultListView.h"
-#include "controls/RowFilter.h"
-#include "controls/TableTools.h"
+#include "tables/ResultListView.h"
+#include "tables/RowFilter.h"
+#include "tables/TableTools.h"
 #include "core/GlobalState.h"
 #include "core/RunTimeError.h"
 #include "namesearch/DuplicateNames.h"

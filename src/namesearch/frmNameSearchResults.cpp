@@ -1,6 +1,6 @@
 #include "namesearch/frmNameSearchResults.h"
 
-#include "controls/ResultListView.h"
+#include "tables/ResultListView.h"
 #include "core/GlobalState.h"
 #include "namesearch/CaseFromRow.h"
 #include "namesearch/SearchCriteria.h"

@@ -2,7 +2,7 @@
 
 #include "app/PracticeCourt.h"
 #include "casedetails/CaseWindow.h"
-#include "controls/ResultListView.h"
+#include "tables/ResultListView.h"
 #include "controls/TabStrip.h"
 #include "core/CSetting.h"
 #include "core/GlobalState.h"

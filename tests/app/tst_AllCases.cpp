@@ -1,7 +1,7 @@
 #include "app/CaseChecks.h"
 #include "app/PracticeCourt.h"
 #include "casedetails/CaseWindow.h"
-#include "controls/FlexGrid.h"
+#include "tables/FlexGrid.h"
 #include "controls/TabStrip.h"
 #include "core/EventLoop.h"
 #include "namesearch/NameResultsWindow.h"

@@ -3,7 +3,7 @@
 #include "casedetails/frmCaseDetails.h"
 #include "casedetails/frmCivilCaseDetails.h"
 #include "casedetails/frmNCCaseDetails.h"
-#include "controls/FlexGrid.h"
+#include "tables/FlexGrid.h"
 #include "controls/TabStrip.h"
 #include "core/CSetting.h"
 #include "core/GlobalState.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/GridTable.h"
+#include "records/GridTable.h"
 
 #include <QString>
 #include <QStringList>

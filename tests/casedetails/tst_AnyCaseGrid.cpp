@@ -7,7 +7,7 @@
 #include "casedetails/frmCaseDetails.h"
 #include "casedetails/frmCivilCaseDetails.h"
 #include "casedetails/frmNCCaseDetails.h"
-#include "controls/FlexGrid.h"
+#include "tables/FlexGrid.h"
 #include "link/Router.h"
 #include "support/FakeSocket.h"
 

@@ -2,7 +2,7 @@
 
 #include "casedetails/CaseDesk.h"
 #include "casedetails/frmCaseDetails.h"
-#include "controls/FlexGrid.h"
+#include "tables/FlexGrid.h"
 #include "core/EventLoop.h"
 #include "core/GlobalState.h"
 #include "core/RunTimeError.h"

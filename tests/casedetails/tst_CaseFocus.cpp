@@ -3,7 +3,7 @@
 
 #include "casedetails/OnDemandDesk.h"
 #include "casedetails/frmCaseDetails.h"
-#include "controls/FlexGrid.h"
+#include "tables/FlexGrid.h"
 #include "core/GlobalState.h"
 
 #include <QPushButton>

@@ -4,7 +4,7 @@
 #include "casedetails/OnDemandDesk.h"
 #include "casedetails/frmCaseDetails.h"
 #include "casedetails/frmNCCaseDetails.h"
-#include "controls/FlexGrid.h"
+#include "tables/FlexGrid.h"
 #include "controls/TabStrip.h"
 #include "controls/WrappedLabel.h"
 #include "core/GlobalState.h"

@@ -1,7 +1,7 @@
 #include "casedetails/DiscisCaseWindow.h"
 #include "casedetails/OnDemandDesk.h"
 #include "casedetails/frmCaseDetails.h"
-#include "controls/FlexGrid.h"
+#include "tables/FlexGrid.h"
 #include "controls/Notice.h"
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"

@@ -1,5 +1,5 @@
 #include "casedetails/SummaryDesk.h"
-#include "controls/FlexGrid.h"
+#include "tables/FlexGrid.h"
 #include "controls/TabStrip.h"
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"

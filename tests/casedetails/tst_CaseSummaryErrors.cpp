@@ -1,6 +1,6 @@
 #include "casedetails/SummaryDesk.h"
 #include "casedetails/TextTrail.h"
-#include "controls/FlexGrid.h"
+#include "tables/FlexGrid.h"
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
 #include "link/Comm.h"

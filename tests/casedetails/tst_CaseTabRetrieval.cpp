@@ -1,6 +1,6 @@
 #include "casedetails/TabDesk.h"
 #include "casedetails/frmCaseDetails.h"
-#include "controls/FlexGrid.h"
+#include "tables/FlexGrid.h"
 
 #include <QTest>
 

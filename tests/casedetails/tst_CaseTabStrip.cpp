@@ -4,7 +4,7 @@
 #include "casedetails/CaseDesk.h"
 #include "casedetails/frmCaseDetails.h"
 #include "casedetails/frmOnDemand.h"
-#include "controls/FlexGrid.h"
+#include "tables/FlexGrid.h"
 #include "controls/TabStrip.h"
 #include "core/GlobalState.h"
 #include "link/Comm.h"

@@ -1,7 +1,7 @@
 #include "casedetails/DistrictDesk.h"
 #include "casedetails/frmCivilCaseDetails.h"
 #include "casedetails/frmNCCaseDetails.h"
-#include "controls/FlexGrid.h"
+#include "tables/FlexGrid.h"
 #include "core/GlobalState.h"
 #include "courts/DiscisCourts.h"
 #include "jobs/frmQueue.h"

@@ -16,7 +16,9 @@ from common import CODE, files, line_of, main, read
 RANKS = (
     ("core",),
     ("courts",),
+    ("records",),
     ("controls", "link"),
+    ("tables",),
     ("jobs",),
     ("session",),
     ("reports",),

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/ResultListView.h"
+#include "tables/ResultListView.h"
 #include "core/GlobalState.h"
 #include "namesearch/DistrictSearch.h"
 #include "support/Wire.h"

@@ -1,6 +1,6 @@
 #include "namesearch/SearchDesk.h"
 
-#include "controls/ResultListView.h"
+#include "tables/ResultListView.h"
 #include "core/EventLoop.h"
 #include "core/GlobalState.h"
 #include "core/TextUtilities.h"

@@ -1,4 +1,4 @@
-#include "controls/TableTools.h"
+#include "tables/TableTools.h"
 #include "namesearch/DupesSearch.h"
 
 namespace {

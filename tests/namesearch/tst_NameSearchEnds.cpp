@@ -1,4 +1,4 @@
-#include "controls/ResultListView.h"
+#include "tables/ResultListView.h"
 #include "controls/Twips.h"
 #include "core/GlobalState.h"
 #include "jobs/TurnTaking.h"

@@ -1,7 +1,7 @@
 #include "casedetails/frmCaseDetails.h"
 #include "casedetails/frmCivilCaseDetails.h"
 #include "casedetails/frmNCCaseDetails.h"
-#include "controls/ResultListView.h"
+#include "tables/ResultListView.h"
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
 #include "namesearch/DistrictSearch.h"

@@ -1,5 +1,5 @@
-#include "controls/RowFilter.h"
-#include "controls/TableTools.h"
+#include "tables/RowFilter.h"
+#include "tables/TableTools.h"
 #include "jobs/frmQueue.h"
 #include "namesearch/DupesSearch.h"
 #include "session/frmLogin.h"

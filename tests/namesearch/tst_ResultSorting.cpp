@@ -1,4 +1,4 @@
-#include "controls/ResultListView.h"
+#include "tables/ResultListView.h"
 #include "courts/DiscisCourts.h"
 #include "namesearch/DistrictSearch.h"
 

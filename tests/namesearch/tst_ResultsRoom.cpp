@@ -1,5 +1,5 @@
 #include "casedetails/CaseWindow.h"
-#include "controls/ResultListView.h"
+#include "tables/ResultListView.h"
 #include "core/GlobalState.h"
 #include "namesearch/DupesSearch.h"
 #include "namesearch/IndexLines.h"

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <QByteArray>
+#include <QObject>
+#include <QString>
+#include <QStringList>
+
+#include <vector>
+
+/// A column of a list, its width in twips.
+struct ListColumn
+{
+    QString Header;
+    int Width = 0;
+    Qt::Alignment Alignment = Qt::AlignLeft;
+
+    bool operator==(const ListColumn &) const = default;
+};
+
+/// The rows of a list of results, as they came from the server, with what the user has done to
+/// them. Whoever shows them follows the signals; nobody has to.
+class RowTable : public QObject
+{
+    Q_OBJECT
+public:
+    using QObject::QObject;
+
+    /// Adds a row with its cells, from the first column on; missing cells are empty. The key is not
+    /// shown; it goes with the row.
+    void AddRow(const QStringList &cells, const QString &key = {});
+    void Clear();
+
+    int Count() const { return static_cast<int>(rows.size()); }
+    QString Cell(int row, int column) const;
+    void SetCell(int row, int column, const QString &text);
+    QStringList Cells(int row) const;
+    QString Key(int row) const;
+
+    bool IsChecked(int row) const;
+    void SetChecked(int row, bool checked);
+    /// The rows that are checked, in the order of the list.
+    QList<int> CheckedRows() const;
+
+    /// Puts the rows into this order: row n is what row order[n] has been. Nobody is told: who
+    /// shows the rows has to be told before and after, and is the one who sorts them.
+    void Rearrange(const std::vector<int> &order);
+
+Q_SIGNALS:
+    void RowAdded();
+    void CellChanged(int row, int column);
+    void CheckChanged(int row);
+    void Cleared();
+
+private:
+    /// All that belongs to a row moves with it.
+    struct Row
+    {
+        QByteArray cells; ///< in one block, see packed()
+        QString key;
+        bool checked = false;
+    };
+
+    const Row &at(int row) const { return rows.at(static_cast<size_t>(row)); }
+    Row &at(int row) { return rows.at(static_cast<size_t>(row)); }
+
+    std::vector<Row> rows;
+};

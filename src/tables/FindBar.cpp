@@ -1,0 +1,160 @@
+#include "tables/FindBar.h"
+
+#include "tables/RowFilter.h"
+
+#include <QBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QStyle>
+#include <QTableView>
+#include <QToolButton>
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+/// The layout of the table's parent, at any depth, in which the table itself stands.
+QLayout *layoutOf(const QWidget *widget)
+{
+    const QWidget *parent = widget->parentWidget();
+    if (!parent)
+        return nullptr;
+    const QList<QLayout *> layouts = parent->findChildren<QLayout *>();
+    for (QLayout *layout : layouts) {
+        if (layout->indexOf(widget) >= 0)
+            return layout;
+    }
+    return nullptr;
+}
+} // namespace
+
+FindBar::FindBar(QTableView *table, RowFilter *rowFilter)
+    : QWidget(table), view(table), filter(rowFilter), txtFind(new QLineEdit(this)),
+      lblFindCount(new QLabel(this))
+{
+    setObjectName(u"FindBar"_s);
+    setAutoFillBackground(true);
+    auto *lblFind = new QLabel(u"Find:"_s, this);
+    lblFind->setTextFormat(Qt::PlainText);
+    lblFind->setBuddy(txtFind);
+    txtFind->setObjectName(u"txtFind"_s);
+    txtFind->setAccessibleName(u"Find in the loaded rows"_s);
+    txtFind->setPlaceholderText(u"Words in any column"_s);
+    txtFind->setClearButtonEnabled(true);
+    lblFindCount->setObjectName(u"lblFindCount"_s);
+    lblFindCount->setTextFormat(Qt::PlainText);
+    auto *cmdCloseFind = new QToolButton(this);
+    cmdCloseFind->setObjectName(u"cmdCloseFind"_s);
+    cmdCloseFind->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
+    cmdCloseFind->setAutoRaise(true);
+    cmdCloseFind->setToolTip(u"Close and show all rows (Esc)"_s);
+    cmdCloseFind->setAccessibleName(u"Close find"_s);
+    auto *line = new QHBoxLayout(this);
+    line->setContentsMargins(0, 0, 0, 0);
+    line->addWidget(lblFind);
+    line->addWidget(txtFind, 1);
+    line->addWidget(lblFindCount);
+    line->addWidget(cmdCloseFind);
+    hide();
+    connect(txtFind, &QLineEdit::textChanged, filter, &RowFilter::SetText);
+    connect(txtFind, &QLineEdit::returnPressed, this, &FindBar::goToTable);
+    connect(cmdCloseFind, &QToolButton::clicked, this, &FindBar::Close);
+    connect(filter, &RowFilter::Changed, this, &FindBar::showCount);
+}
+
+void FindBar::Open()
+{
+    if (parentWidget() == view)
+        placeBelowTable();
+    show();
+    showCount();
+    txtFind->setFocus(Qt::ShortcutFocusReason);
+    txtFind->selectAll();
+}
+
+void FindBar::Close()
+{
+    const bool hadFocus = isAncestorOf(window()->focusWidget());
+    txtFind->clear();
+    hide();
+    if (hadFocus)
+        view->setFocus(Qt::OtherFocusReason);
+}
+
+void FindBar::GoWithTable(bool tableShown)
+{
+    if (!tableShown) {
+        withTable = !isHidden();
+        hide();
+    } else if (std::exchange(withTable, false)) {
+        show();
+        showCount();
+    }
+}
+
+/// Not before it is wanted: only then the window's layouts are surely in place.
+void FindBar::placeBelowTable()
+{
+    QLayout *layout = layoutOf(view);
+    auto *box = qobject_cast<QBoxLayout *>(layout);
+    if (box && box->direction() == QBoxLayout::TopToBottom) {
+        box->insertWidget(box->indexOf(view) + 1, this);
+    } else if (layout) {
+        // The table makes room for a column of the table and the bar.
+        auto *both = new QWidget(view->parentWidget());
+        const QWidget *focus = view->window()->focusWidget();
+        // The item that held the table alone comes back to us.
+        delete layout->replaceWidget(view, both);
+        auto *column = new QVBoxLayout(both);
+        column->setContentsMargins(0, 0, 0, 0);
+        column->addWidget(view);
+        column->addWidget(this);
+        both->show();
+        view->show();
+        if (focus == view)
+            view->setFocus();
+    } else {
+        // A table that stands free: the bar covers its lower edge.
+        const int height = sizeHint().height();
+        setGeometry(0, view->height() - height, view->width(), height);
+        raise();
+    }
+    setTabOrder(view, txtFind);
+}
+
+void FindBar::goToTable()
+{
+    view->setFocus(Qt::OtherFocusReason);
+    if (filter->CurrentRow() >= 0 || filter->Shown() == 0)
+        return;
+    // The cursor goes to what is selected, and leaves it so.
+    const int selected = filter->ChosenRow();
+    if (selected >= 0)
+        view->selectionModel()->setCurrentIndex(view->model()->index(selected, 0),
+                                                QItemSelectionModel::NoUpdate);
+    else
+        view->setCurrentIndex(view->model()->index(filter->ShownRows().first(), 0));
+}
+
+void FindBar::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape)
+        Close();
+    else if (event->key() == Qt::Key_Down)
+        goToTable();
+    else
+        QWidget::keyPressEvent(event);
+}
+
+void FindBar::showCount()
+{
+    if (isHidden())
+        return;
+    const QString count = QString::number(filter->Shown()) + u" of "_s
+                          + QString::number(filter->Loaded()) + u" shown"_s;
+    lblFindCount->setText(count);
+    // Of the widget with the focus, so that a screen reader says it while the user types.
+    txtFind->setAccessibleDescription(count);
+}

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "records/GridTable.h"
+
+#include <QAbstractTableModel>
+#include <QMap>
+
+/// The rows of a grid. A table has all of its rows at once, and another table takes its place
+/// whole.
+class GridModel : public QAbstractTableModel
+{
+    Q_OBJECT
+public:
+    explicit GridModel(QObject *parent = nullptr);
+
+    void SetTable(const GridTable &newTable);
+    const GridTable &Table() const { return table; }
+
+    /// Whether there are headers above the rows. A table without columns has none.
+    bool HasHeader() const { return table.HasHeader && !table.Columns.isEmpty(); }
+
+    /// The text of a cell, row 0 being the first row below the headers. Empty outside.
+    QString Cell(int row, int column) const;
+
+    /// The alignment stays with the place of the column, whatever table comes. A message in the
+    /// place of a table stands left meanwhile.
+    void SetAlignment(int column, Qt::Alignment alignment);
+    Qt::Alignment Alignment(int column) const;
+
+    int rowCount(const QModelIndex &parent = {}) const override;
+    int columnCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+    QVariant headerData(int section, Qt::Orientation orientation,
+                        int role = Qt::DisplayRole) const override;
+
+private:
+    GridTable table;
+    QMap<int, Qt::Alignment> alignments;
+};
