@@ -164,8 +164,8 @@ void TabStrip::keyPressEvent(QKeyEvent *event)
     event->accept();
 }
 
-/// The click is told when the tab bar has done its part: who hears of it may open a box, or close
-/// the window.
+/// The click is reported when the tab bar has done its part: who hears of it may open a box, or
+/// close the window.
 void TabStrip::mousePressEvent(QMouseEvent *event)
 {
     {

@@ -69,7 +69,7 @@ protected:
     virtual QString WorkingText() const = 0;
     /// Shows that the job was stopped; ShowStoppedStatus is the part that all have in common.
     virtual void ShowStopped(StopCase stopCase) = 0;
-    /// What the server is told when the job is stopped.
+    /// What is sent to the server when the job is stopped.
     virtual QString StopRequest() const = 0;
     /// The Stop button was pressed; nothing has been asked yet.
     virtual void StopPressed() {}
@@ -78,8 +78,8 @@ protected:
 
     void ShowStoppedStatus();
     void StopBlinking();
-    /// Turns a button off. Who is on it is on the home of the keyboard then: the platform would go
-    /// on to the next button, which prints, stops or closes.
+    /// Turns a button off. If it has the keyboard, the home of the keyboard gets it: the platform
+    /// would go on to the next button, which prints, stops or closes.
     void TurnOff(QPushButton *button);
     void DisableStop();
     /// The job is over: no more stopping, no more blinking.

@@ -17,8 +17,8 @@ struct ListLayout;
 /// The results window of one name search: waits for its turn on the link, sends its request lines
 /// one after the other, lists what comes back, and ends in one of a few outcomes.
 ///
-/// This is what the three results windows have in common; in what they differ is a row of the table
-/// in ResultsWindows.cpp, and which columns and rows they have is in the windows themselves.
+/// This is what the three results windows have in common. How they differ is a row of the table in
+/// ResultsWindows.cpp; which columns and rows they have is in the windows themselves.
 class NameResultsWindow : public JobWindow
 {
     Q_OBJECT
@@ -85,15 +85,15 @@ protected:
     virtual void EndSearch(SearchOutcome outcome);
     /// What the window of the case in these cells gets.
     virtual CaseFromRow CaseOf(const QStringList &cells) const = 0;
-    /// The button that retrieves what is chosen in the list: by itself, the selected case.
+    /// The button that retrieves what is chosen in the list: unless overridden, the selected case.
     virtual void RetrieveDetails();
-    /// Whether that button can be pressed, now that something else is chosen.
+    /// Turns that button on or off, now that something else is chosen.
     virtual void UpdateRetrieveButton();
     /// Sorts a list of the window by a column, as a click on its header does.
     void SortList(ResultListView *list, int column);
-    /// The search is complete: the labels already read so.
+    /// The search is complete, and the labels say so already.
     virtual void ShowCompletion() {}
-    /// What a paged search has put in the place of other buttons goes.
+    /// Takes away what a paged search has put in the place of other buttons.
     virtual void PutButtonsBack() {}
 
     /// Adds the cells of a row in the order of the columns. Throws error 9 when some are missing.
@@ -108,7 +108,7 @@ protected:
     void ShowCount(int rows);
     /// The count follows the rows of this list, each time that they are shown.
     void CountRowsOf(ResultListView *list);
-    /// The same for a further list, which a screen reader tells of, too.
+    /// The same for a further list, which a screen reader announces too.
     void AlsoFills(ResultListView *list);
     /// Whether the window may ask the court for something. When nobody is logged in, the login is
     /// offered, and the user asks again once that is done.
@@ -161,7 +161,7 @@ private:
     int rowsOfRequest = 0;
     bool tooManyHits = false;
     bool CriteriaShown = false;
-    bool closesUnasked = false;      ///< the box has told why, and the user has answered it
+    bool closesUnasked = false;      ///< the box has said why, and the user has answered it
     std::optional<int> pendingCount; ///< what the count will read
     bool sortFlag = false;           ///< turned by every click on a header
     bool stoppedByUser = false;      ///< this time; StopRequested is for all pages of an index

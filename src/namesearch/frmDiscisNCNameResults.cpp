@@ -15,7 +15,7 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-/// What the window reads with one of its two lists in front.
+/// The texts of the window with one of its two lists in front.
 struct ViewTexts
 {
     bool names;
@@ -92,7 +92,7 @@ void frmDiscisNCNameResults::AddRow(const QString &row)
     } else {
         AddDiscisRow(row);
     }
-    // What comes goes in front.
+    // The list to which rows come is shown in front.
     if (isName != ShowingDupes)
         ToggleDupesView();
 }
@@ -173,7 +173,7 @@ void frmDiscisNCNameResults::RetrieveCheckedNames()
     const RunScope scope(this);
     if (!mayRetrieve())
         return;
-    // The labels tell of each person while that person's cases are asked for; what was searched for
+    // The labels name each person while that person's cases are asked for; what was searched for
     // stays the same.
     if (searchedFor.isEmpty())
         searchedFor = lblNameVal();
@@ -245,7 +245,7 @@ QWidget *frmDiscisNCNameResults::HomeOfFocus() const
 void frmDiscisNCNameResults::ShowStopped(StopCase stopCase)
 {
     DiscisResultsWindow::ShowStopped(stopCase);
-    // A run that was told to stop still reads to its end.
+    // A run that was stopped still reads to its end.
     if (!HasTurn)
         allowRetrieval(true);
 }

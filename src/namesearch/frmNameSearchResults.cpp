@@ -53,7 +53,8 @@ void frmNameSearchResults::SetLabelName(const QString &text)
 
 void frmNameSearchResults::AddResultRow(const QString &row)
 {
-    // By what the window is now: its starter may have taken the index mark back after the load.
+    // Decided by what the window is now: its starter may have taken the index mark back after the
+    // load.
     AddParsedRow(row, ResultKindOf(lblState, chkIndexSearch, chkBK));
     if (lblState == u"ID") {
         List()->SetColumnTwips(1, idahoWideColumn2);

@@ -63,7 +63,7 @@ private:
     const std::unique_ptr<Ui::frmNameSearchResults> ui;
     std::array<QPushButton *, 7> cmdSearchResults{};
     ResultKind kind;
-    // The rows with which the server told of trouble in an index search
+    // The rows with which the server reported trouble in an index search
     bool ServerErrorSeen = false;
     QString ServerErrorText;
     bool ServerWarningSeen = false;
