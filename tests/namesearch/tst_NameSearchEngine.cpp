@@ -62,7 +62,7 @@ private Q_SLOTS:
     void aSocketThatCannotBeClosedIsADroppedConnection();
     void withoutAConnectionNothingIsSent();
     void anUnsentLineLosesTheSearch();
-    void anEmptyListIsToldAndClosesTheWindow();
+    void anEmptyListIsReportedAndClosesTheWindow();
     void aSearchLeavesTheLinkToTheNext();
     void theCountIsShownAsRowsArrive();
     void manyRowsAllArrive();
@@ -389,7 +389,7 @@ void tst_NameSearchEngine::anUnsentLineLosesTheSearch()
     QVERIFY(desk->Folder.Logged(searchFailed));
 }
 
-void tst_NameSearchEngine::anEmptyListIsToldAndClosesTheWindow()
+void tst_NameSearchEngine::anEmptyListIsReportedAndClosesTheWindow()
 {
     desk->ConnectTo(*court);
     const QPointer<frmNameSearchResults> window(desk->MakePending({}));
