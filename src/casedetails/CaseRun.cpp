@@ -1,8 +1,7 @@
 // The first run of a case window: CaseWindow::ProcessSearchRequests and what it is made of.
 
+#include "casedetails/CaseAnswers.h"
 #include "casedetails/CaseWindow.h"
-#include "tables/FlexGrid.h"
-#include "jobs/JobVoice.h"
 #include "controls/MsgBox.h"
 #include "controls/TabStrip.h"
 #include "core/Clock.h"
@@ -11,7 +10,9 @@
 #include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
 #include "courts/CaseMarks.h"
+#include "jobs/JobVoice.h"
 #include "jobs/TurnTaking.h"
+#include "tables/FlexGrid.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -119,7 +120,7 @@ void CaseWindow::askAgainWithAnswer()
     summary.TabRequest = WithArbitration(summary.TabRequest, arbitration);
     UserQuestion = false;
     ArbitrationAnswer = false;
-    Global.ArbitrationChosen = false;
+    CaseAnswers.ArbitrationChosen = false;
     DoSummarySearch(summary.TabRequest);
 }
 
@@ -170,7 +171,7 @@ void CaseWindow::rewriteForArbitration(CaseTab tab)
     if (arbitration == ArbitrationMode::NotAsked || tab == CaseTab::Documents)
         return;
     TabOf(tab).TabRequest = WithArbitration(Tab(tab).TabRequest, arbitration);
-    Global.ArbitrationChosen = false;
+    CaseAnswers.ArbitrationChosen = false;
 }
 
 bool CaseWindow::isToEnd() const

@@ -1,6 +1,7 @@
 // The exchange of the Summary, which says what kind of case it is, whether there is one at all, and
 // which tabs it has.
 
+#include "casedetails/CaseAnswers.h"
 #include "casedetails/CaseWindow.h"
 #include "casedetails/GridGrammar.h"
 #include "casedetails/SummaryReply.h"
@@ -132,9 +133,9 @@ void CaseWindow::askArbitration()
     UserQuestion = true;
     ArbitrationAnswer = false;
     frmArbPrompt::ShowModal(this);
-    ArbitrationAnswer = Global.ArbitrationChosen;
+    ArbitrationAnswer = CaseAnswers.ArbitrationChosen;
     arbitration = ArbitrationAnswer ? ArbitrationMode::Arbitration : ArbitrationMode::NoArbitration;
-    Global.ArbitrationChosen = false;
+    CaseAnswers.ArbitrationChosen = false;
 }
 
 void CaseWindow::summaryNotOnFile(const QString &request)

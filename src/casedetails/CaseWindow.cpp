@@ -2,20 +2,20 @@
 
 #include "casedetails/CaseWindow.h"
 
+#include "casedetails/CaseAnswers.h"
 #include "casedetails/OnDemandPanel.h"
 #include "casedetails/TabGrids.h"
 #include "casedetails/frmOnDemand.h"
-#include "tables/FlexGrid.h"
-#include "jobs/JobVoice.h"
 #include "controls/MsgBox.h"
 #include "controls/StatusColour.h"
 #include "controls/TabStrip.h"
 #include "core/CSetting.h"
-#include "core/GlobalState.h"
 #include "core/Log.h"
 #include "courts/CaseTypes.h"
+#include "jobs/JobVoice.h"
 #include "jobs/TurnTaking.h"
 #include "session/SessionEvents.h"
+#include "tables/FlexGrid.h"
 
 #include <QFontInfo>
 #include <QLabel>
@@ -47,8 +47,8 @@ CaseWindow::CaseWindow(CaseKind windowKind, QWidget *parent)
     TmrFlash->setObjectName(u"TmrFlash"_s);
     connect(TmrSearchOnDemand, &QTimer::timeout, this, &CaseWindow::TmrSearchOnDemand_Tick);
     connect(TmrFlash, &QTimer::timeout, this, &CaseWindow::TmrFlash_Tick);
-    Global.bOnDemandPrompt = true;
-    Global.bOnDemandRetry = true;
+    CaseAnswers.bOnDemandPrompt = true;
+    CaseAnswers.bOnDemandRetry = true;
 }
 
 void CaseWindow::UseTab(CaseTab tab, QWidget *frame, FlexGrid *grid)
@@ -232,10 +232,10 @@ bool CaseWindow::AnyTabIncomplete() const
 /// Asks whether an incomplete tab shall be retrieved again. False when the window went meanwhile.
 bool CaseWindow::askOnDemand(CaseTabState &state)
 {
-    if (!state.TabIncomplete || !Global.bOnDemandPrompt || frmOnDemand::IsLoaded())
+    if (!state.TabIncomplete || !CaseAnswers.bOnDemandPrompt || frmOnDemand::IsLoaded())
         return true;
     frmOnDemand::ShowModal(this);
-    state.TabNotRetrieved = Global.bOnDemandRetry;
+    state.TabNotRetrieved = CaseAnswers.bOnDemandRetry;
     return !IsUnloaded();
 }
 

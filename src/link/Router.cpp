@@ -38,14 +38,15 @@ bool connectFailed(const QString &logLine)
 }
 } // namespace
 
-void LoadServerList()
+QStringList LoadServerList()
 {
     CSetting setting;
     setting.Init(u"options.ini"_s, true);
-    Global.aServerIPs.clear();
+    QStringList addresses;
     for (int i = 1; i <= serverAddresses; ++i)
-        Global.aServerIPs.append(setting.GetSettingStr(
-            u"Communications"_s, u"HVServerIP"_s + QString::number(i), u"0"_s));
+        addresses.append(setting.GetSettingStr(u"Communications"_s,
+                                               u"HVServerIP"_s + QString::number(i), u"0"_s));
+    return addresses;
 }
 
 bool ConnectToRouter(const QString &address)
@@ -107,11 +108,11 @@ void DropServerLink()
 
 ServerSelection SelectServer(const std::function<bool()> &cancelled)
 {
-    LoadServerList();
+    const QStringList addresses = LoadServerList();
     for (int i = 0; i < serverAddresses; ++i) {
         if (cancelled())
             return ServerSelection::Cancelled;
-        const QString address = Global.aServerIPs.value(i);
+        const QString address = addresses.value(i);
         if (ConnectToRouter(address)) {
             settle();
             return ServerSelection::Contacted;

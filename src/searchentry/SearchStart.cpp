@@ -100,7 +100,7 @@ SearchEntry frmSearchWA::Entry() const
     entry.Court = state.Court;
     entry.Kind = state.Kind;
     entry.CourtName = courtDisplayName;
-    entry.Where = static_cast<SearchScope>(Global.intSearchWhere);
+    entry.Where = static_cast<SearchScope>(intSearchWhere);
     for (size_t i = 0; i < entry.Names.size(); ++i)
         entry.Names[i] = textOf(txtSearchName[i]);
     entry.Counties = ui->lboxCountyOrProfile->Selected();

@@ -249,8 +249,7 @@ void frmSearchWA::ConnectChoices()
     onChoice(
         optDiscisSearch,
         [this](int i) {
-            return (Global.intSearchWhere == static_cast<qint16>(SearchScope::DiscisCivil))
-                   == (i == 0);
+            return (intSearchWhere == static_cast<qint16>(SearchScope::DiscisCivil)) == (i == 0);
         },
         &frmSearchWA::optDiscisSearch_Click);
     connect(ui->optSearchYears_0, &QRadioButton::toggled, this, &frmSearchWA::optSearchYears_Click);
@@ -291,10 +290,10 @@ void frmSearchWA::GoTo(FormState next)
     parts = ViewOf(state);
     const CourtRow &court = CourtRowOf(state.Court);
     Global.strSearchState = court.searchState.toString();
-    Global.strCurrentCourt = court.currentCourt.toString();
-    Global.strCurrentSearchType = KindRowOf(state.Kind).type.toString();
+    strCurrentCourt = court.currentCourt.toString();
+    strCurrentSearchType = KindRowOf(state.Kind).type.toString();
     if (state.Court != CourtFamily::Discis)
-        Global.intSearchWhere = static_cast<qint16>(state.Where);
+        intSearchWhere = static_cast<qint16>(state.Where);
     LastStateIndex = court.stateIndex;
     ShowParts();
     // Whether the index is used is a setting, until the user says otherwise for this search.
@@ -445,7 +444,7 @@ void frmSearchWA::SelectCourtState(FormState next)
     courtDisplayName = CourtRowOf(state.Court).displayName.toString();
     // A court begins as the setting says, also when it is chosen again.
     ui->chkUseIndex->setChecked(Shows(FormPart::UseIndex) && Global.strDefaultToWaIndex == u"1");
-    LoadCaseTypes(Global.strCurrentCourt);
+    LoadCaseTypes(strCurrentCourt);
     LoadCountyLists();
     if (state.Court == CourtFamily::Discis)
         optDiscisSearch_Click(0);
@@ -480,7 +479,7 @@ void frmSearchWA::optSearchType_Click(int index)
     if (KindRowOf(state.Kind).empties) {
         for (QLineEdit *box : txtSearchName)
             box->clear();
-        LoadCaseTypes(Global.strCurrentCourt);
+        LoadCaseTypes(strCurrentCourt);
     }
     if (state.Court == CourtFamily::Discis)
         LoadDiscisCountyList();
@@ -500,7 +499,7 @@ void frmSearchWA::optSearchWhere_Click(int index)
 void frmSearchWA::optDiscisSearch_Click(int index)
 {
     choose(optDiscisSearch, index);
-    Global.intSearchWhere =
+    intSearchWhere =
         static_cast<qint16>(index == 0 ? SearchScope::DiscisCivil : SearchScope::DiscisNonCivil);
     LoadDiscisCountyList();
 }

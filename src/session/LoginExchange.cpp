@@ -4,6 +4,7 @@
 #include "core/Log.h"
 #include "core/TextUtilities.h"
 #include "link/Exchange.h"
+#include "session/SessionState.h"
 
 using namespace Qt::StringLiterals;
 
@@ -26,11 +27,11 @@ SessionResult Login(const QString &userName, const QString &password, const QStr
                     const ShowStatus &show)
 {
     WriteAppInfo(u"******** Client Login: Started ********"_s);
-    Global.strUserName = TrimBlanks(userName);
-    Global.strUserPassword = TrimBlanks(password);
+    Session.strUserName = TrimBlanks(userName);
+    Session.strUserPassword = TrimBlanks(password);
     const QChar bar(u'\u00A6');
-    const QString request =
-        u"LOGON"_s + bar + Global.strUserName + bar + Global.strUserPassword + bar + version + bar;
+    const QString request = u"LOGON"_s + bar + Session.strUserName + bar + Session.strUserPassword
+                            + bar + version + bar;
     show(u"Logging On .."_s);
     const SendStatus sent = BeginExchange(request);
     if (sent == SendStatus::NotConnected)

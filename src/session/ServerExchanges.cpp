@@ -6,6 +6,7 @@
 #include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
 #include "link/Exchange.h"
+#include "session/SessionState.h"
 
 using namespace Qt::StringLiterals;
 
@@ -38,9 +39,9 @@ void appendMessage(QString &message, const QString &token)
 
 void applyIniLine()
 {
-    if (Global.strIniLine.size() < shortestIniLine)
+    if (Session.strIniLine.size() < shortestIniLine)
         return;
-    const QStringList parts = Global.strIniLine.split(u'=');
+    const QStringList parts = Session.strIniLine.split(u'=');
     SaveOptionStr(TrimBlanks(FieldAt(parts, 0)), TrimBlanks(FieldAt(parts, 1)),
                   TrimBlanks(FieldAt(parts, 2)));
 }
@@ -62,7 +63,7 @@ bool readIniLines()
         else if (response.Token.startsWith(u"EOS~"))
             applyIniLine();
         else if (response.Status == ReadStatus::Token)
-            Global.strIniLine = TrimBlanks(response.Token);
+            Session.strIniLine = TrimBlanks(response.Token);
         return complete;
     });
     if (status == ReadStatus::TimedOutOrLost)
@@ -79,24 +80,24 @@ QString readSystemMessage()
                      + numberText(response.Status));
         if (response.Status != ReadStatus::Token || isEndMark(response.Token))
             return true;
-        appendMessage(Global.strSystemMsg, response.Token);
+        appendMessage(Session.strSystemMsg, response.Token);
         return false;
     };
     const ReadStatus status = ReadReply(take, EachRound::GoesOn);
     Global.bGettingMessages = false;
     if (status == ReadStatus::Token)
-        return Global.strSystemMsg;
+        return Session.strSystemMsg;
     WriteAppInfo(status == ReadStatus::TimedOutOrLost
                      ? u"Server Timeout - No Response From Server during system message "
                        "retrieval!!"_s
                      : u"Lost connection to server"_s);
-    Global.strSystemMsg.clear();
+    Session.strSystemMsg.clear();
     return {};
 }
 
 QString noPrivateMessage()
 {
-    Global.strPrivateMsgs.clear();
+    Session.strPrivateMsgs.clear();
     return NoMessagesFound();
 }
 
@@ -112,7 +113,7 @@ QString readPrivateMessage()
                      + numberText(response.Status));
         if (isEndMark(response.Token))
             return true;
-        appendMessage(Global.strPrivateMsgs, response.Token);
+        appendMessage(Session.strPrivateMsgs, response.Token);
         return false;
     });
     if (refused)
@@ -121,7 +122,7 @@ QString readPrivateMessage()
         WriteAppInfo(u"No Response From Server during system message retrieval! Skipping."_s);
         return noPrivateMessage();
     }
-    return Global.strPrivateMsgs == NoMessagesFound() ? QString() : Global.strPrivateMsgs;
+    return Session.strPrivateMsgs == NoMessagesFound() ? QString() : Session.strPrivateMsgs;
 }
 
 QString readCourtStatus()
@@ -187,7 +188,7 @@ QString GetSystemMessage(const ShowStatus &show)
 {
     try {
         WriteAppInfo(u"******** Retrieving System Broadcast Message ********"_s);
-        Global.strSystemMsg.clear();
+        Session.strSystemMsg.clear();
         Global.bGettingMessages = true;
         show(u"Please Wait.. Retrieving Important System Message(s) From Server .."_s);
         const SendStatus sent = BeginExchange(u"GETMSG\u00A6"_s);
@@ -204,7 +205,7 @@ QString GetPrivateMessage(const QString &userName, const QString &password, cons
                           const ShowStatus &show)
 {
     try {
-        Global.strPrivateMsgs.clear();
+        Session.strPrivateMsgs.clear();
         WriteAppInfo(u"******** Retrieving Private Messages ********"_s);
         show(u"Please Wait. Retrieving Important Private Message(s) .."_s);
         const QChar bar(u'\u00A6');

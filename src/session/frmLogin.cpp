@@ -14,6 +14,7 @@
 #include "link/frmWinsock.h"
 #include "session/LoginOffer.h"
 #include "session/SessionEvents.h"
+#include "session/SessionState.h"
 #include "session/frmMain.h"
 #include "session/frmMsg.h"
 #include "ui_frmLogin.h"
@@ -268,14 +269,14 @@ void frmLogin::FetchPrivateMessages()
     const QString password = TrimBlanks(ui->txtPassword->text());
     QString found;
     if (!userName.isEmpty() && !password.isEmpty()) {
-        Global.strPrivateMsgs.clear();
+        Session.strPrivateMsgs.clear();
         found = GetPrivateMessage(userName, password, LoginVersion(), statusLine());
     }
     // A refused request answers with words of its own and leaves no message: the box then comes
     // into view empty.
     if (found.isEmpty())
-        Global.strPrivateMsgs = NoMessagesFound();
-    showMessages(Global.strPrivateMsgs, !found.isEmpty());
+        Session.strPrivateMsgs = NoMessagesFound();
+    showMessages(Session.strPrivateMsgs, !found.isEmpty());
 }
 
 void frmLogin::showMessages(const QString &text, bool bringIntoView)
@@ -315,7 +316,7 @@ void frmLogin::cmdLogin_Click()
     ui->cmdLogin->setEnabled(false);
     if (Global.bLoginBusy)
         return;
-    Global.strUserName = ui->txtUsername->text();
+    Session.strUserName = ui->txtUsername->text();
     Global.bLoginBusy = true;
     const SessionResult result =
         Login(ui->txtUsername->text(), ui->txtPassword->text(), LoginVersion());

@@ -1,13 +1,14 @@
 // The tabs of a case on the screen: which frame is shown, what an incomplete one asks and says, and
 // what the window tells of its tabs.
 
+#include "casedetails/CaseAnswers.h"
 #include "casedetails/CaseDesk.h"
 #include "casedetails/frmCaseDetails.h"
 #include "casedetails/frmOnDemand.h"
-#include "tables/FlexGrid.h"
 #include "controls/TabStrip.h"
 #include "core/GlobalState.h"
 #include "link/Comm.h"
+#include "tables/FlexGrid.h"
 
 #include <QDialog>
 #include <QPushButton>
@@ -274,8 +275,8 @@ void tst_CaseTabStrip::theAnswerDecidesWhatIsShown()
 void tst_CaseTabStrip::nothingIsAskedWithoutThePrompt()
 {
     frmCaseDetails *window = withIncomplete(CaseTab::Docket);
-    Global.bOnDemandPrompt = false;
-    Global.bOnDemandRetry = false;
+    CaseAnswers.bOnDemandPrompt = false;
+    CaseAnswers.bOnDemandRetry = false;
     ClickTab(window, u"Docket"_s);
     // As its exchange left it.
     QVERIFY(window->Tab(CaseTab::Docket).TabNotRetrieved);
