@@ -44,7 +44,7 @@ struct GlobalState
     Boolean OrDisclaimerAccepted;
     Boolean IdDisclaimerAccepted;
 
-    // Settings, as read at the moments that Options.h tells
+    // Settings, as read at the moments that core/Settings.h tells
     Boolean bShowAlerts;
     Boolean bBatchSearch;
     Boolean bEnableMRU;

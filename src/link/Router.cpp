@@ -1,11 +1,10 @@
 #include "link/Router.h"
 
-#include "core/CSetting.h"
 #include "core/Clock.h"
 #include "core/EventLoop.h"
 #include "core/GlobalState.h"
 #include "core/Log.h"
-#include "core/Options.h"
+#include "core/Settings.h"
 #include "core/TextUtilities.h"
 #include "link/ConnectState.h"
 #include "link/frmWinsock.h"
@@ -18,7 +17,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 constexpr float connectLimitSeconds = 7.0F;
-constexpr int serverAddresses = 5;
 constexpr int standardPort = 80;
 constexpr int alternatePort = 85;
 constexpr int settleMilliseconds = 100;
@@ -40,12 +38,9 @@ bool connectFailed(const QString &logLine)
 
 QStringList LoadServerList()
 {
-    CSetting setting;
-    setting.Init(u"options.ini"_s, true);
     QStringList addresses;
-    for (int i = 1; i <= serverAddresses; ++i)
-        addresses.append(setting.GetSettingStr(u"Communications"_s,
-                                               u"HVServerIP"_s + QString::number(i), u"0"_s));
+    for (int i = 0; i < serverAddressCount; ++i)
+        addresses.append(ReadSetting(ServerAddress(i)));
     return addresses;
 }
 
@@ -109,7 +104,7 @@ void DropServerLink()
 ServerSelection SelectServer(const std::function<bool()> &cancelled)
 {
     const QStringList addresses = LoadServerList();
-    for (int i = 0; i < serverAddresses; ++i) {
+    for (int i = 0; i < serverAddressCount; ++i) {
         if (cancelled())
             return ServerSelection::Cancelled;
         const QString address = addresses.value(i);
@@ -124,7 +119,7 @@ ServerSelection SelectServer(const std::function<bool()> &cancelled)
         WriteAppInfo(u"Note: Swapping Connection Port to: "_s + port);
         if (ConnectToRouter(address)) {
             settle();
-            SaveOptionStr(u"Communications"_s, u"HVServerPort"_s, port);
+            SaveSetting(Setting::ServerPort, SettingWriter::Connecting, port);
             return ServerSelection::Contacted;
         }
         Yield();

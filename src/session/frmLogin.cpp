@@ -7,6 +7,7 @@
 #include "core/GlobalState.h"
 #include "core/Log.h"
 #include "core/Options.h"
+#include "core/Settings.h"
 #include "core/TextUtilities.h"
 #include "core/Version.h"
 #include "link/ConnectState.h"
@@ -218,12 +219,12 @@ void frmLogin::StartConnect()
 
 void frmLogin::FillRemembered()
 {
-    const QString userName = GetOptionStr(u"Security"_s, u"UserName"_s);
-    const bool remembered = GetOptionStr(u"Security"_s, u"RememberPwd"_s) != u"0";
+    const QString userName = ReadSetting(Setting::UserName);
+    const bool remembered = SettingValue(Setting::RememberPwd) != u"0";
     ui->Check1->setChecked(remembered);
     ui->txtUsername->setText(DecodeCredential(userName));
     if (remembered)
-        ui->txtPassword->setText(DecodeCredential(GetOptionStr(u"Security"_s, u"UserPwd"_s)));
+        ui->txtPassword->setText(DecodeCredential(ReadSetting(Setting::UserPwd)));
 }
 
 void frmLogin::ContactServer()
@@ -362,10 +363,10 @@ void frmLogin::LoggedIn()
 void frmLogin::RememberCredentials()
 {
     const bool remember = ui->Check1->isChecked();
-    SaveOptionStr(u"security"_s, u"RememberPwd"_s, remember ? u"1"_s : u"0"_s);
-    SaveOptionStr(u"security"_s, u"UserName"_s, EncodeCredential(ui->txtUsername->text()));
-    SaveOptionStr(u"security"_s, u"UserPwd"_s,
-                  remember ? EncodeCredential(ui->txtPassword->text()) : QString());
+    SaveSetting(Setting::RememberPwd, SettingWriter::Login, remember ? u"1"_s : u"0"_s);
+    SaveSetting(Setting::UserName, SettingWriter::Login, EncodeCredential(ui->txtUsername->text()));
+    SaveSetting(Setting::UserPwd, SettingWriter::Login,
+                remember ? EncodeCredential(ui->txtPassword->text()) : QString());
 }
 
 void frmLogin::OfferSystemMessage()
