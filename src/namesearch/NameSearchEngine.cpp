@@ -1,18 +1,18 @@
 // The run of a search: NameResultsWindow::ProcessSearchRequests and what it is made of.
 
-#include "jobs/JobVoice.h"
 #include "controls/MsgBox.h"
-#include "tables/ResultListView.h"
 #include "controls/Twips.h"
 #include "core/GlobalState.h"
 #include "core/Log.h"
 #include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
-#include "jobs/ClientCode.h"
+#include "jobs/JobVoice.h"
 #include "jobs/TurnTaking.h"
 #include "link/Exchange.h"
+#include "link/RequestLine.h"
 #include "namesearch/NameResultsWindow.h"
 #include "namesearch/SearchCriteria.h"
+#include "tables/ResultListView.h"
 
 #include <QPushButton>
 

@@ -4,6 +4,7 @@
 #include "core/Log.h"
 #include "core/TextUtilities.h"
 #include "link/Exchange.h"
+#include "link/RequestLine.h"
 #include "session/SessionState.h"
 
 using namespace Qt::StringLiterals;
@@ -29,9 +30,8 @@ SessionResult Login(const QString &userName, const QString &password, const QStr
     WriteAppInfo(u"******** Client Login: Started ********"_s);
     Session.strUserName = TrimBlanks(userName);
     Session.strUserPassword = TrimBlanks(password);
-    const QChar bar(u'\u00A6');
-    const QString request = u"LOGON"_s + bar + Session.strUserName + bar + Session.strUserPassword
-                            + bar + version + bar;
+    const QString request =
+        ComposeLine(fieldBar, {u"LOGON"_s, Session.strUserName, Session.strUserPassword, version});
     show(u"Logging On .."_s);
     const SendStatus sent = BeginExchange(request);
     if (sent == SendStatus::NotConnected)

@@ -6,6 +6,7 @@
 #include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
 #include "link/Exchange.h"
+#include "link/RequestLine.h"
 #include "session/SessionState.h"
 
 using namespace Qt::StringLiterals;
@@ -175,7 +176,7 @@ bool GetIniValues(const ShowStatus &show)
         Global.bGettingParams = true;
         WriteAppInfo(u"******** Retrieving System Parameter Updates ********"_s);
         show(u"Please Wait.. Retrieving Important System Update(s) From Server .."_s);
-        const SendStatus sent = BeginExchange(u"GETINIVAL\u00A6"_s);
+        const SendStatus sent = BeginExchange(ComposeLine(fieldBar, {u"GETINIVAL"_s}));
         WriteAppInfo(u"Sent GetIniVal request and result was: "_s + numberText(sent));
         return readIniLines();
     } catch (const RunTimeError &) {
@@ -191,7 +192,7 @@ QString GetSystemMessage(const ShowStatus &show)
         Session.strSystemMsg.clear();
         Global.bGettingMessages = true;
         show(u"Please Wait.. Retrieving Important System Message(s) From Server .."_s);
-        const SendStatus sent = BeginExchange(u"GETMSG\u00A6"_s);
+        const SendStatus sent = BeginExchange(ComposeLine(fieldBar, {u"GETMSG"_s}));
         WriteAppInfo(u"Sent Message request and result was: "_s + numberText(sent));
         return readSystemMessage();
     } catch (const RunTimeError &) {
@@ -208,9 +209,8 @@ QString GetPrivateMessage(const QString &userName, const QString &password, cons
         Session.strPrivateMsgs.clear();
         WriteAppInfo(u"******** Retrieving Private Messages ********"_s);
         show(u"Please Wait. Retrieving Important Private Message(s) .."_s);
-        const QChar bar(u'\u00A6');
-        const SendStatus sent = BeginExchange(u"GET_PRIV_MSG"_s + bar + userName + bar + password
-                                              + bar + version + bar);
+        const SendStatus sent =
+            BeginExchange(ComposeLine(fieldBar, {u"GET_PRIV_MSG"_s, userName, password, version}));
         WriteAppInfo(u"Sent Private Message request and result was: "_s + numberText(sent));
         return readPrivateMessage();
     } catch (const RunTimeError &) {
@@ -223,7 +223,7 @@ QString GetCourtStatus(const ShowStatus &show)
 {
     try {
         show(u"Checking Court Availability.."_s);
-        const SendStatus sent = BeginExchange(u"COURT_STATUS\u00A6"_s);
+        const SendStatus sent = BeginExchange(ComposeLine(fieldBar, {u"COURT_STATUS"_s}));
         WriteAppInfo(u"Requesting Court Availability From Server and Result is: "_s
                      + numberText(sent));
         const QString status = readCourtStatus();
@@ -243,7 +243,7 @@ QString GetCourtStatus(const ShowStatus &show)
 void GetClientAcctgOption()
 {
     try {
-        BeginExchange(u"GETCLIENTACCTGOPT~"_s);
+        BeginExchange(ComposeLine(u'~', {u"GETCLIENTACCTGOPT"_s}));
         readClientAcctgOption();
     } catch (const RunTimeError &) {
         WriteAppInfo(u"Error While Retrieving the Client Accounting Option"_s);
