@@ -1,15 +1,17 @@
 // What double clicks in a case window open: other cases, each in a window of its own.
 
 #include "casedetails/frmCaseDetails.h"
-#include "tables/FlexGrid.h"
 #include "core/GlobalState.h"
 #include "core/Log.h"
 #include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
 #include "core/Windows1252.h"
 #include "courts/CaseMarks.h"
+#include "courts/CourtTable.h"
+#include "link/RequestLine.h"
 #include "session/LoginOffer.h"
 #include "session/NewWindow.h"
+#include "tables/FlexGrid.h"
 
 #include <QLabel>
 #include <QRegularExpression>
@@ -120,9 +122,11 @@ bool frmCaseDetails::openCaseOfCounty(const QString &number, const QString &proc
         form->lblState = u"WA"_s;
         form->txtCountyName = txtCountyName;
         form->txtCaseNumber = asked;
-        form->tboxCaseNumberQueue = u"WASUP\u00A6SUMMARY\u00A6"_s + asked;
+        form->tboxCaseNumberQueue =
+            ComposeLine(fieldBar, {CourtOf(CourtFamily::Superior).Word.toString(), u"SUMMARY"_s})
+            + asked;
         form->SetCaseDetailsHdr(u"Case Details ("_s + asked + u')');
-        form->SetCourtName(txtCountyName + u" County, Washington Superior Courts"_s);
+        form->SetCourtName(CourtsOfCounty(txtCountyName, CourtFamily::Superior));
         form->SetCaseTitle(u"Pending .. "_s);
         form->ClientAcctgCode = codeInForce(ClientAcctgCode);
         form.GiveKey();

@@ -9,9 +9,9 @@
 #include "controls/MsgBox.h"
 #include "controls/StatusColour.h"
 #include "controls/TabStrip.h"
-#include "core/CSetting.h"
 #include "core/Log.h"
-#include "courts/CaseTypes.h"
+#include "core/Settings.h"
+#include "courts/CourtTable.h"
 #include "jobs/JobVoice.h"
 #include "jobs/TurnTaking.h"
 #include "session/SessionEvents.h"
@@ -301,8 +301,6 @@ QList<CaseTab> CaseWindow::requestOrder() const
 void CaseWindow::BuildTabRequests()
 {
     lboxTabReqQueue.Clear();
-    CSetting settings;
-    settings.Init(u"options.ini"_s);
     const CaseOfRequest fields = requestFields();
     lboxTabReqQueue.AddItem(CaseTabRequest(fields, CaseTab::Summary));
     const QString section = CaseTabsSection(kind, lblState);
@@ -312,7 +310,7 @@ void CaseWindow::BuildTabRequests()
         CaseTabState &state = TabOf(tab);
         state.TabRequest = CaseTabRequest(fields, tab);
         const QString key = CaseTabRowOf(tab).caption.toString();
-        state.TabNotRetrieved = settings.GetSettingStr(section, key, u"0"_s) != u"1";
+        state.TabNotRetrieved = !TabIsFetchedAtOnce(section, key);
         if (!state.TabNotRetrieved)
             lboxTabReqQueue.AddItem(state.TabRequest);
     }
@@ -345,7 +343,7 @@ QString CaseWindow::WorkingText() const
 
 QString CaseWindow::StopRequest() const
 {
-    return IsBankruptcy() ? u"BKRPT~STOP~"_s : u"\u00A6STOP"_s;
+    return CaseStopOf(lblState);
 }
 
 void CaseWindow::StopPressed()

@@ -1,13 +1,14 @@
 #include "namesearch/NameResultsWindow.h"
 
-#include "jobs/JobVoice.h"
 #include "controls/MsgBox.h"
-#include "tables/ResultListView.h"
 #include "controls/StatusColour.h"
 #include "core/GlobalState.h"
 #include "core/Log.h"
 #include "core/RunTimeError.h"
+#include "courts/CourtTable.h"
+#include "jobs/JobVoice.h"
 #include "namesearch/ResultRows.h"
+#include "tables/ResultListView.h"
 
 #include <QEvent>
 #include <QLabel>
@@ -171,7 +172,7 @@ QString NameResultsWindow::WorkingText() const
 
 QString NameResultsWindow::StopRequest() const
 {
-    return StopRequestOf(lblState);
+    return SearchStopOf(lblState);
 }
 
 void NameResultsWindow::StopDone()

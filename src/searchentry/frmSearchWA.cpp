@@ -91,7 +91,7 @@ frmSearchWA::frmSearchWA() : ui(std::make_unique<Ui::frmSearchWA>())
     LoadDiscisCourts();
     LoadSearchYears();
     GoTo(state);
-    courtDisplayName = CourtRowOf(state.Court).displayName.toString();
+    courtDisplayName = CourtOf(state.Court).Display.toString();
     optSearchType_Click(0);
     LoadCountyLists();
     SelectState(Global.strDefaultView);
@@ -289,8 +289,8 @@ void frmSearchWA::GoTo(FormState next)
     const FormState before = std::exchange(state, next);
     parts = ViewOf(state);
     const CourtRow &court = CourtRowOf(state.Court);
-    Global.strSearchState = court.searchState.toString();
-    strCurrentCourt = court.currentCourt.toString();
+    Global.strSearchState = CourtOf(state.Court).SearchState.toString();
+    strCurrentCourt = CourtOf(state.Court).CurrentCourt.toString();
     strCurrentSearchType = KindRowOf(state.Kind).type.toString();
     if (state.Court != CourtFamily::Discis)
         intSearchWhere = static_cast<qint16>(state.Where);
@@ -441,7 +441,7 @@ void frmSearchWA::SelectCourtState(FormState next)
     next.Where = SearchScope::Counties;
     next.Batch = false;
     GoTo(next);
-    courtDisplayName = CourtRowOf(state.Court).displayName.toString();
+    courtDisplayName = CourtOf(state.Court).Display.toString();
     // A court begins as the setting says, also when it is chosen again.
     ui->chkUseIndex->setChecked(Shows(FormPart::UseIndex) && Global.strDefaultToWaIndex == u"1");
     LoadCaseTypes(strCurrentCourt);
@@ -555,7 +555,7 @@ void frmSearchWA::ResetFormFields()
     for (QCheckBox *court : chkBKcourt)
         court->setChecked(false);
     // As it has always been called after that, whatever the court.
-    courtDisplayName = CourtRowOf(CourtFamily::Superior).displayName.toString();
+    courtDisplayName = CourtOf(CourtFamily::Superior).Display.toString();
 }
 
 void frmSearchWA::cmdClearForm_Click()
@@ -573,7 +573,7 @@ void frmSearchWA::SelectFirstCourt()
 void frmSearchWA::SelectState(const QString &searchState)
 {
     for (const CourtRow &row : CourtRows()) {
-        if (row.searchState != searchState)
+        if (CourtOf(row.court).SearchState != searchState)
             continue;
         if (LastStateIndex != row.stateIndex)
             optState_Click(row.stateIndex);

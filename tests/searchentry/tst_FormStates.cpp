@@ -229,13 +229,13 @@ void tst_FormStates::courtRows()
     QCOMPARE(&CourtRows()[static_cast<size_t>(court)], &row);
     QCOMPARE(row.stateIndex, told.optState);
     QTEST(row.courtIndex, "courtIndex");
-    QCOMPARE(row.searchState.toString(), QString::fromLatin1(told.searchState));
-    QCOMPARE(row.currentCourt.toString(), QString::fromLatin1(told.currentCourt));
+    QCOMPARE(CourtOf(row.court).SearchState.toString(), QString::fromLatin1(told.searchState));
+    QCOMPARE(CourtOf(row.court).CurrentCourt.toString(), QString::fromLatin1(told.currentCourt));
     QCOMPARE(row.caption.toString(), QString::fromLatin1(told.caption));
     QCOMPARE(row.courtLabel.toString(), QString::fromLatin1(told.courtLabel));
     QCOMPARE(row.statewide.toString(), QString::fromLatin1(told.statewide));
     QCOMPARE(row.numberExample.toString(), QString::fromLatin1(told.example));
-    QTEST(row.displayName.toString(), "displayName");
+    QTEST(CourtOf(row.court).Display.toString(), "displayName");
 }
 
 void tst_FormStates::kindRows_data()
