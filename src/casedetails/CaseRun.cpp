@@ -321,7 +321,7 @@ void CaseWindow::printIfAsked()
     // Behind the run: a box must not keep the link from the other cases of a batch.
     const auto print = [this] {
         if (!IsUnloaded())
-            printDetails();
+            PrintDirect();
     };
     QMetaObject::invokeMethod(this, print, Qt::QueuedConnection);
 }

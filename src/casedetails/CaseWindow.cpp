@@ -71,7 +71,7 @@ void CaseWindow::load(QPushButton *cmdStopSearching, QPushButton *cmdCloseDetail
     keepsPlace.setRetainSizeWhenHidden(true);
     lblWarning->setSizePolicy(keepsPlace);
     connect(cmdCloseDetails, &QPushButton::clicked, this, [this] { Unload(UnloadMode::Code); });
-    connect(printButton, &QPushButton::clicked, this, &CaseWindow::printDetails);
+    connect(printButton, &QPushButton::clicked, this, &CaseWindow::PrintDirect);
     connect(help, &QPushButton::clicked, &SessionEvents::Of(), &SessionEvents::CaseHelpWanted);
     connect(tabStrip, &TabStrip::TabClicked, this, &CaseWindow::ActivateTab);
     connectPanel();
@@ -430,9 +430,14 @@ void CaseWindow::showEvent(QShowEvent *event)
     JobWindow::showEvent(event);
 }
 
-void CaseWindow::printDetails()
+void CaseWindow::PrintDirect()
 {
     MsgBox(this, u"Printing of case details comes with a later version."_s);
+}
+
+void CaseWindow::PrintToFile(const QString & /*path*/)
+{
+    PrintDirect();
 }
 
 void CaseWindow::startFlash()

@@ -2,9 +2,9 @@
 
 #include "casedetails/CaseRequests.h"
 #include "casedetails/CaseTabs.h"
-#include "records/GridTable.h"
 #include "jobs/JobWindow.h"
 #include "jobs/ListBox.h"
+#include "records/GridTable.h"
 
 #include <array>
 #include <optional>
@@ -67,6 +67,9 @@ public:
     /// Does nothing, and is kept for its name: SetGridColsAndNamesAndWidths gives a grid its widths
     /// and headers.
     static void SetColumnWidthsAndInsertHeaderText() {}
+
+    void PrintDirect() override;
+    void PrintToFile(const QString &path) override;
 
     const CaseTabState &Tab(CaseTab tab) const { return tabs.at(static_cast<size_t>(tab)); }
     const QStringList &TabCaptions() const { return tabCaptions; }
@@ -176,7 +179,6 @@ private:
     QList<CaseTab> requestOrder() const;
     void showFrame(CaseTab tab);
     bool askOnDemand(CaseTabState &state);
-    void printDetails();
     /// Whether the list of documents counts.
     enum class Documents { Too, AsTheyAre };
     void leaveUnretrieved(Documents documents = Documents::Too);

@@ -63,9 +63,8 @@ void NameResultsWindow::load(QPushButton *cmdStopSearching)
     InitListView();
     ShowHeaderIcon(0, Qt::AscendingOrder, true);
     CountRowsOf(listview1);
-    // The button is enabled when a search ends; the reports it opens come with a later version.
-    connect(printButton, &QPushButton::clicked, this,
-            [this] { MsgBox(this, u"Printing of results comes with a later version."_s); });
+    // The button is enabled when a search ends.
+    connect(printButton, &QPushButton::clicked, this, &NameResultsWindow::PrintDirect);
     StartJob(lblStatus, cmdStopSearching, listview1);
 }
 
@@ -163,6 +162,16 @@ void NameResultsWindow::BeginTick()
     } catch (const RunTimeError &error) {
         WriteAppInfo(u"Cannot show the search criteria: "_s + error.Description());
     }
+}
+
+void NameResultsWindow::PrintDirect()
+{
+    MsgBox(this, u"Printing of results comes with a later version."_s);
+}
+
+void NameResultsWindow::PrintToFile(const QString & /*path*/)
+{
+    PrintDirect();
 }
 
 QString NameResultsWindow::WorkingText() const

@@ -38,6 +38,9 @@ public:
     void SetTxtCountyList(const QString &text);
     QString txtCountyList() const;
 
+    void PrintDirect() override;
+    void PrintToFile(const QString &path) override;
+
     int RowCount() const;
 
     /// Opens the case of this row in a window of its own, which takes its place in the queue, and
