@@ -2,6 +2,7 @@
 
 #include "app/PracticeCourt.h"
 #include "casedetails/CaseWindow.h"
+#include "support/Places.h"
 #include "tables/ResultListView.h"
 #include "controls/TabStrip.h"
 #include "core/CSetting.h"
@@ -93,7 +94,7 @@ void PracticeCourts::AddRows()
 
 QString PracticeCourts::Start(const QStringList &switches)
 {
-    const QString program = QStringLiteral(HALVANE_BIN_DIR "/halvane-practice");
+    const QString program = ProgramPath(u"halvane-practice"_s);
     if (!tidy.Start(program, switches))
         return tidy.Error();
     return untidy.Start(program, switches + QStringList{u"--leave-behind"_s}) ? QString()

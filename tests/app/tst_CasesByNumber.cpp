@@ -1,9 +1,10 @@
 #include "app/CaseChecks.h"
 #include "app/PracticeCourt.h"
 #include "casedetails/CaseWindow.h"
-#include "tables/FlexGrid.h"
 #include "controls/TabStrip.h"
 #include "practice/ToldCases.h"
+#include "support/HalvaneTest.h"
+#include "tables/FlexGrid.h"
 
 #include <QDialog>
 #include <QPushButton>
@@ -295,5 +296,5 @@ void tst_CasesByNumber::aDocketOfTwentyThousandEntries()
     QCOMPARE(TroubleWith(window, CaseTab::Docket), QString());
 }
 
-QTEST_MAIN(tst_CasesByNumber)
+HALVANE_TEST(tst_CasesByNumber)
 #include "tst_CasesByNumber.moc"

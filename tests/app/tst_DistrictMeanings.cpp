@@ -1,8 +1,9 @@
 #include "app/CaseChecks.h"
 #include "app/PracticeCourt.h"
 #include "casedetails/CaseWindow.h"
-#include "tables/FlexGrid.h"
 #include "practice/ToldCases.h"
+#include "support/HalvaneTest.h"
+#include "tables/FlexGrid.h"
 
 #include <QDialog>
 #include <QLabel>
@@ -229,5 +230,5 @@ void tst_DistrictMeanings::tabsThatFailTheFirstTimeAndComeTheSecond()
     }
 }
 
-QTEST_MAIN(tst_DistrictMeanings)
+HALVANE_TEST(tst_DistrictMeanings)
 #include "tst_DistrictMeanings.moc"

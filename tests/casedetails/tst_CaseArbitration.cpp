@@ -1,7 +1,8 @@
 #include "casedetails/SummaryDesk.h"
-#include "tables/FlexGrid.h"
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
+#include "support/HalvaneTest.h"
+#include "tables/FlexGrid.h"
 
 #include <QAbstractButton>
 #include <QDialog>
@@ -321,5 +322,5 @@ void tst_CaseArbitration::aWindowThatHasGoneIsNotAsked()
     QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
 }
 
-QTEST_MAIN(tst_CaseArbitration)
+HALVANE_TEST(tst_CaseArbitration)
 #include "tst_CaseArbitration.moc"

@@ -2,12 +2,13 @@
 
 #include "casedetails/CaseDesk.h"
 #include "casedetails/frmCaseDetails.h"
-#include "tables/FlexGrid.h"
 #include "core/EventLoop.h"
 #include "core/GlobalState.h"
 #include "core/RunTimeError.h"
 #include "jobs/frmQueue.h"
 #include "link/Comm.h"
+#include "support/HalvaneTest.h"
+#include "tables/FlexGrid.h"
 
 #include <QEventLoop>
 #include <QLabel>
@@ -443,5 +444,5 @@ void tst_CaseEnds::theTurnOfAnotherIsNotGivenAway()
     QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{otherKey});
 }
 
-QTEST_MAIN(tst_CaseEnds)
+HALVANE_TEST(tst_CaseEnds)
 #include "tst_CaseEnds.moc"

@@ -1,12 +1,13 @@
 #include "casedetails/DiscisCaseWindow.h"
 #include "casedetails/OnDemandDesk.h"
 #include "casedetails/frmCaseDetails.h"
-#include "tables/FlexGrid.h"
 #include "controls/Notice.h"
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
 #include "link/Comm.h"
 #include "session/SessionEvents.h"
+#include "support/HalvaneTest.h"
+#include "tables/FlexGrid.h"
 
 #include <QLabel>
 #include <QLayout>
@@ -210,5 +211,5 @@ void tst_CaseRun::helpIsWanted()
     QCOMPARE(wanted.size(), 1);
 }
 
-QTEST_MAIN(tst_CaseRun)
+HALVANE_TEST(tst_CaseRun)
 #include "tst_CaseRun.moc"

@@ -1,10 +1,11 @@
 #include "casedetails/SummaryDesk.h"
 #include "casedetails/TextTrail.h"
-#include "tables/FlexGrid.h"
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
 #include "link/Comm.h"
 #include "link/ServerSocket.h"
+#include "support/HalvaneTest.h"
+#include "tables/FlexGrid.h"
 
 #include <QDialog>
 #include <QPushButton>
@@ -418,5 +419,5 @@ void tst_CaseSummaryErrors::whatWasSaidOnTheWay()
     }
 }
 
-QTEST_MAIN(tst_CaseSummaryErrors)
+HALVANE_TEST(tst_CaseSummaryErrors)
 #include "tst_CaseSummaryErrors.moc"

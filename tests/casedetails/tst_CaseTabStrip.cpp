@@ -4,10 +4,11 @@
 #include "casedetails/CaseDesk.h"
 #include "casedetails/frmCaseDetails.h"
 #include "casedetails/frmOnDemand.h"
-#include "tables/FlexGrid.h"
 #include "controls/TabStrip.h"
 #include "core/GlobalState.h"
 #include "link/Comm.h"
+#include "support/HalvaneTest.h"
+#include "tables/FlexGrid.h"
 
 #include <QDialog>
 #include <QPushButton>
@@ -370,5 +371,5 @@ void tst_CaseTabStrip::onlyTabsOfTheStripCanBeIncomplete()
     QVERIFY(!window->AnyTabIncomplete());
 }
 
-QTEST_MAIN(tst_CaseTabStrip)
+HALVANE_TEST(tst_CaseTabStrip)
 #include "tst_CaseTabStrip.moc"

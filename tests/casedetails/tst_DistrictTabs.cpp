@@ -1,9 +1,10 @@
 #include "casedetails/DistrictDesk.h"
 #include "casedetails/frmCivilCaseDetails.h"
 #include "casedetails/frmNCCaseDetails.h"
-#include "tables/FlexGrid.h"
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
+#include "support/HalvaneTest.h"
+#include "tables/FlexGrid.h"
 
 #include <QDialog>
 #include <QPushButton>
@@ -418,5 +419,5 @@ void tst_DistrictTabs::theClientCodeGoesWithSummaryAndNames()
     }
 }
 
-QTEST_MAIN(tst_DistrictTabs)
+HALVANE_TEST(tst_DistrictTabs)
 #include "tst_DistrictTabs.moc"

@@ -5,6 +5,7 @@
 #include "core/RunTimeError.h"
 #include "jobs/frmQueue.h"
 #include "link/Router.h"
+#include "support/HalvaneTest.h"
 
 #include <QDialog>
 #include <QPointer>
@@ -512,5 +513,5 @@ void tst_OnDemandFaults::arbitrationInTheSecondPass()
     QVERIFY(!Global.ArbitrationChosen);
 }
 
-QTEST_MAIN(tst_OnDemandFaults)
+HALVANE_TEST(tst_OnDemandFaults)
 #include "tst_OnDemandFaults.moc"

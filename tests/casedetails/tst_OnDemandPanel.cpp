@@ -3,6 +3,7 @@
 #include "casedetails/frmOnDemand.h"
 #include "controls/TabStrip.h"
 #include "core/GlobalState.h"
+#include "support/HalvaneTest.h"
 
 #include <QCheckBox>
 #include <QDialog>
@@ -475,5 +476,5 @@ void tst_OnDemandPanel::thePromptGoesWithItsWindow()
     QTRY_VERIFY(window.isNull());
 }
 
-QTEST_MAIN(tst_OnDemandPanel)
+HALVANE_TEST(tst_OnDemandPanel)
 #include "tst_OnDemandPanel.moc"

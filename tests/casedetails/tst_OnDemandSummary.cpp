@@ -4,6 +4,7 @@
 #include "core/GlobalState.h"
 #include "core/RunTimeError.h"
 #include "jobs/frmQueue.h"
+#include "support/HalvaneTest.h"
 
 #include <QAbstractButton>
 #include <QDialog>
@@ -325,5 +326,5 @@ void tst_OnDemandSummary::aBankruptcyTab()
     QVERIFY(window->Tab(CaseTab::Docket).TabDone);
 }
 
-QTEST_MAIN(tst_OnDemandSummary)
+HALVANE_TEST(tst_OnDemandSummary)
 #include "tst_OnDemandSummary.moc"

@@ -1,6 +1,7 @@
 #include "core/GlobalState.h"
 #include "core/Options.h"
 #include "support/FaultyFile.h"
+#include "support/HalvaneTest.h"
 #include "support/TestFolder.h"
 
 #include <QDir>
@@ -381,5 +382,5 @@ void tst_Options::aReportFolderThatCannotBeMadeIsNoError()
     QCOMPARE(Global.lngServerPort, 80);
 }
 
-QTEST_GUILESS_MAIN(tst_Options)
+HALVANE_TEST(tst_Options)
 #include "tst_Options.moc"

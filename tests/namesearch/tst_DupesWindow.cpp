@@ -1,5 +1,6 @@
-#include "tables/TableTools.h"
 #include "namesearch/DupesSearch.h"
+#include "support/HalvaneTest.h"
+#include "tables/TableTools.h"
 
 namespace {
 const QString multipleNames = u"Multiple Names Match. Please Select Name(s) to retrieve."_s;
@@ -309,5 +310,5 @@ void tst_DupesWindow::bothListsAreWrittenSmall()
         QVERIFY(ListOf(&window, name)->font().pointSizeF() < window.font().pointSizeF());
 }
 
-QTEST_MAIN(tst_DupesWindow)
+HALVANE_TEST(tst_DupesWindow)
 #include "tst_DupesWindow.moc"

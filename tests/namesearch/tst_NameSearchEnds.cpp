@@ -1,4 +1,3 @@
-#include "tables/ResultListView.h"
 #include "controls/Twips.h"
 #include "core/GlobalState.h"
 #include "jobs/TurnTaking.h"
@@ -6,6 +5,8 @@
 #include "namesearch/SearchDesk.h"
 #include "namesearch/frmNameSearchResults.h"
 #include "support/FakeSocket.h"
+#include "support/HalvaneTest.h"
+#include "tables/ResultListView.h"
 
 #include <QPointer>
 #include <QPushButton>
@@ -399,5 +400,5 @@ void tst_NameSearchEnds::whatArrivedTooLateIsThrownAwayInFourOutcomes()
              clears ? QByteArray() : QByteArray("|too late~|"));
 }
 
-QTEST_MAIN(tst_NameSearchEnds)
+HALVANE_TEST(tst_NameSearchEnds)
 #include "tst_NameSearchEnds.moc"

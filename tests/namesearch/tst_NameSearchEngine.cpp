@@ -4,6 +4,7 @@
 #include "namesearch/SearchDesk.h"
 #include "namesearch/frmNameSearchResults.h"
 #include "support/FakeSocket.h"
+#include "support/HalvaneTest.h"
 
 #include <QPointer>
 #include <QPushButton>
@@ -446,5 +447,5 @@ void tst_NameSearchEngine::manyRowsAllArrive()
     QCOMPARE(RowsOf(window).last()[0], u"SMITH, 4999"_s);
 }
 
-QTEST_MAIN(tst_NameSearchEngine)
+HALVANE_TEST(tst_NameSearchEngine)
 #include "tst_NameSearchEngine.moc"

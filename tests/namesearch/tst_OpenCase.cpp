@@ -1,12 +1,13 @@
 #include "casedetails/frmCaseDetails.h"
 #include "casedetails/frmCivilCaseDetails.h"
 #include "casedetails/frmNCCaseDetails.h"
-#include "tables/ResultListView.h"
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
 #include "namesearch/DistrictSearch.h"
 #include "namesearch/Handed.h"
 #include "session/frmLogin.h"
+#include "support/HalvaneTest.h"
+#include "tables/ResultListView.h"
 
 #include <QApplication>
 #include <QPushButton>
@@ -550,5 +551,5 @@ void tst_OpenCase::aSortedRowOpensItsOwnCase()
     QCOMPARE(RowsOf(window)[0][1], u">>02-2-00002-1"_s);
 }
 
-QTEST_MAIN(tst_OpenCase)
+HALVANE_TEST(tst_OpenCase)
 #include "tst_OpenCase.moc"

@@ -1,6 +1,7 @@
 #include "namesearch/Replies.h"
 
 #include "core/Windows1252.h"
+#include "support/HalvaneTest.h"
 
 #include <QTest>
 
@@ -237,5 +238,5 @@ void tst_Replies::stopRequest()
     QTEST(StopRequestOf(state), "request");
 }
 
-QTEST_APPLESS_MAIN(tst_Replies)
+HALVANE_TEST(tst_Replies)
 #include "tst_Replies.moc"

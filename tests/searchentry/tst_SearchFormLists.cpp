@@ -3,6 +3,7 @@
 #include "searchentry/SearchFormUser.h"
 
 #include "core/GlobalState.h"
+#include "support/HalvaneTest.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -542,5 +543,5 @@ void tst_SearchFormLists::aSecondTemplateTakesThePlaceOfTheFirst()
     QCOMPARE(user->Text("lblCountyOrProfile"), templateLoaded);
 }
 
-QTEST_MAIN(tst_SearchFormLists)
+HALVANE_TEST(tst_SearchFormLists)
 #include "tst_SearchFormLists.moc"

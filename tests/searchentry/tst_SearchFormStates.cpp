@@ -3,6 +3,7 @@
 #include "searchentry/SearchFormUser.h"
 
 #include "core/GlobalState.h"
+#include "support/HalvaneTest.h"
 
 #include <QAbstractButton>
 #include <QLineEdit>
@@ -589,5 +590,5 @@ void tst_SearchFormStates::judgmentsOnlyIsForgottenOutsideOregon()
     QVERIFY(!user->Form->Entry().JudgmentsOnly);
 }
 
-QTEST_MAIN(tst_SearchFormStates)
+HALVANE_TEST(tst_SearchFormStates)
 #include "tst_SearchFormStates.moc"

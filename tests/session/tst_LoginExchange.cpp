@@ -3,6 +3,7 @@
 #include "core/GlobalState.h"
 #include "link/frmWinsock.h"
 #include "session/LoginExchange.h"
+#include "support/HalvaneTest.h"
 
 using namespace Qt::StringLiterals;
 
@@ -308,5 +309,5 @@ void tst_LoginExchange::failureTakesAnEarlierLoginBack()
     QCOMPARE(Global.bLoggedIn, false);
 }
 
-QTEST_MAIN(tst_LoginExchange)
+HALVANE_TEST(tst_LoginExchange)
 #include "tst_LoginExchange.moc"

@@ -4,6 +4,7 @@
 #include "core/Options.h"
 #include "link/frmWinsock.h"
 #include "session/ServerExchanges.h"
+#include "support/HalvaneTest.h"
 
 #include <cmath>
 
@@ -548,5 +549,5 @@ void tst_ServerExchanges::endBehindTheAccountingOptionStaysInTheBuffer()
     QCOMPARE(Global.strRecvBuffer.View().toByteArray(), QByteArray("|EOF~|"));
 }
 
-QTEST_MAIN(tst_ServerExchanges)
+HALVANE_TEST(tst_ServerExchanges)
 #include "tst_ServerExchanges.moc"

@@ -1,11 +1,12 @@
+#include "Browser.h"
 #include "SessionFixture.h"
 
 #include "core/GlobalState.h"
 #include "link/ConnectState.h"
 #include "session/SessionEvents.h"
 #include "session/frmMain.h"
+#include "support/HalvaneTest.h"
 
-#include <QDesktopServices>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
@@ -96,20 +97,6 @@ QStringList names(const QList<QAction *> &actions)
     return all;
 }
 } // namespace
-
-/// Stands for the browser.
-class Browser : public QObject
-{
-    Q_OBJECT
-public:
-    Browser() { QDesktopServices::setUrlHandler(u"https"_s, this, "open"); }
-    ~Browser() override { QDesktopServices::unsetUrlHandler(u"https"_s); }
-
-    QList<QUrl> opened;
-
-public Q_SLOTS:
-    void open(const QUrl &url) { opened.append(url); }
-};
 
 class tst_frmMain : public QObject
 {
@@ -560,5 +547,5 @@ void tst_frmMain::privateMessagesAreShown()
     Click(window, "Command1");
 }
 
-QTEST_MAIN(tst_frmMain)
+HALVANE_TEST(tst_frmMain)
 #include "tst_frmMain.moc"

@@ -7,6 +7,7 @@
 #include "link/frmWinsock.h"
 #include "session/frmLogin.h"
 #include "session/frmMain.h"
+#include "support/HalvaneTest.h"
 
 #include <QDialog>
 #include <QLabel>
@@ -497,5 +498,5 @@ void tst_frmMainExit::queueIsUnloadedAtTheEnd()
     QVERIFY(!main->tmrConnectStatus->isActive());
 }
 
-QTEST_MAIN(tst_frmMainExit)
+HALVANE_TEST(tst_frmMainExit)
 #include "tst_frmMainExit.moc"

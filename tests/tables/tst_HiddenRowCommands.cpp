@@ -1,7 +1,8 @@
-#include "tables/RowFilter.h"
 #include "controls/SaveDialog.h"
-#include "tables/TableUser.h"
+#include "support/HalvaneTest.h"
 #include "support/TestFolder.h"
+#include "tables/RowFilter.h"
+#include "tables/TableUser.h"
 
 #include <QFile>
 
@@ -246,5 +247,5 @@ void tst_HiddenRowCommands::theMenuWithNothingInSight()
         QVERIFY(!user.Table->findChild<QAction *>(name)->isEnabled());
 }
 
-QTEST_MAIN(tst_HiddenRowCommands)
+HALVANE_TEST(tst_HiddenRowCommands)
 #include "tst_HiddenRowCommands.moc"

@@ -1,5 +1,6 @@
-#include "tables/ResultListView.h"
+#include "support/HalvaneTest.h"
 #include "support/ProcessorTime.h"
+#include "tables/ResultListView.h"
 
 #include <QAbstractItemModelTester>
 #include <QFile>
@@ -392,5 +393,5 @@ void tst_ResultSort::aHundredThousandRowsAreSortedInTimeAndMemory()
     QCOMPARE(view.selectionModel()->selectedRows().size(), rows);
 }
 
-QTEST_MAIN(tst_ResultSort)
+HALVANE_TEST(tst_ResultSort)
 #include "tst_ResultSort.moc"

@@ -1,9 +1,10 @@
-#include "tables/ListUser.h"
 #include "controls/SaveDialog.h"
 #include "core/GlobalState.h"
 #include "support/BoxAnswers.h"
 #include "support/FaultyFile.h"
+#include "support/HalvaneTest.h"
 #include "support/TestFolder.h"
+#include "tables/ListUser.h"
 
 #include <QDir>
 #include <QFileDialog>
@@ -339,5 +340,5 @@ void tst_TableTools::anyTable()
     QVERIFY(table.isRowHidden(1) && !table.isRowHidden(0));
 }
 
-QTEST_MAIN(tst_TableTools)
+HALVANE_TEST(tst_TableTools)
 #include "tst_TableTools.moc"
