@@ -16,7 +16,8 @@ namespace HalvaneTest {
 
 /// Runs one test class on the arguments for Qt Test; gives the number of failures.
 using Runner = std::function<int(const QStringList &arguments)>;
-/// What a test starts its own program for: takes the arguments behind the name, gives the exit code.
+/// What a test starts its own program for: takes the arguments behind the name, gives the exit
+/// code.
 using ChildRole = std::function<int(const QStringList &arguments)>;
 
 /// Exists once for each test class of the program, from before main().
@@ -37,7 +38,8 @@ public:
 /// prints the names and fails: nothing was tested.
 int RunNamed(QStringList arguments);
 
-template<typename Class> int Run(const QStringList &arguments)
+template<typename Class>
+int Run(const QStringList &arguments)
 {
     Class test;
     return QTest::qExec(&test, arguments);
