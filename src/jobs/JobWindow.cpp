@@ -4,97 +4,98 @@
 #include "controls/StatusColour.h"
 #include "core/EventLoop.h"
 #include "core/GlobalState.h"
-#include "core/Log.h"
-#include "core/RunTimeError.h"
 #include "core/TurnHold.h"
-#include "jobs/TurnTaking.h"
-#include "link/Exchange.h"
+#include "jobs/JobVoice.h"
 
 #include <QLabel>
 #include <QPushButton>
-#include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
 
-JobWindow::JobWindow(const JobPace &jobPace, QWidget *parent)
-    : FormWindow(parent), Timer1(new QTimer(this)), tmrBlink(new QTimer(this)), pace(jobPace)
+JobWindow::JobWindow(Job *ownJob, QWidget *parent)
+    : FormWindow(parent), job(ownJob), txtMasterKey(job->txtMasterKey),
+      StopRequested(job->StopRequested), Timer1(job->Timer1), tmrBlink(new QTimer(this))
 {
-    Timer1->setObjectName(u"Timer1"_s);
-    Timer1->setInterval(pace.turn);
     tmrBlink->setObjectName(u"tmrBlink"_s);
-    tmrBlink->setInterval(pace.blink);
-    connect(Timer1, &QTimer::timeout, this, &JobWindow::Timer1_Tick);
+    tmrBlink->setInterval(job->Kind().Blink);
     connect(tmrBlink, &QTimer::timeout, this, &JobWindow::tmrBlink_Tick);
 }
 
-void JobWindow::StartJob(QLabel *lblStatus, QPushButton *cmdStopSearching, QWidget *home)
+JobWindow::~JobWindow()
 {
-    statusLabel = lblStatus;
-    stopButton = cmdStopSearching;
-    homeOfFocus = home;
+    job->disconnect(this);
+    job->Release();
+}
+
+void JobWindow::StartJob(const JobControls &controls)
+{
+    statusLabel = controls.lblStatus;
+    stopButton = controls.cmdStopSearching;
+    homeOfFocus = controls.home;
     // Nothing around a blinking label may jump.
     QSizePolicy keepsPlace = statusLabel->sizePolicy();
     keepsPlace.setRetainSizeWhenHidden(true);
     statusLabel->setSizePolicy(keepsPlace);
+    voice = new JobVoice(this, statusLabel, controls.rows);
     connect(stopButton, &QPushButton::clicked, this, &JobWindow::cmdStopSearching_Click);
+    connect(job, &Job::StateChanged, this, [this] { ShowState(); });
+    connect(job, &Job::Changed, this, [this] { ShowStatus(); });
+    connect(job, &Job::Ended, voice, &JobVoice::Ended);
+    ShowStatus();
     Timer1->start();
     tmrBlink->start();
 }
 
-void JobWindow::RestartJob(QTimer *timer)
+void JobWindow::AlsoFills(QTableView *rows)
 {
-    EnqueueKey(txtMasterKey);
-    stopButton->setEnabled(true);
-    over = false;
-    blinking = true;
-    BlinkOn = false;
-    timer->start();
-    tmrBlink->start();
+    voice->AlsoFills(rows);
 }
 
-void JobWindow::Timer1_Tick()
+void JobWindow::ShowState()
 {
-    const RunScope scope(this);
-    Timer1->stop();
-    BeginTick();
-    AskTurn({.Timer = Timer1,
-             .WorkingBlink = pace.workingBlink,
-             .Run = [this] { ProcessSearchRequests(); },
-             .Stopped =
-                 [this] {
-                     ShowStopped(StopCase::AllJobs);
-                     WithdrawKey(txtMasterKey);
-                 }});
-}
-
-void JobWindow::AskTurn(const TurnRequest &request)
-{
-    switch (AskForTurn(txtMasterKey)) {
-    case Turn::Stopped:
-        request.Stopped();
-        return;
-    case Turn::Taken:
-        request.Timer->start();
-        tmrBlink->setInterval(pace.takenBlink);
-        return;
-    case Turn::Mine: {
-        Global.bSearchInProgress = true;
-        HasTurn = true;
-        const auto end = qScopeGuard([this] {
-            Global.bSearchInProgress = false;
-            HasTurn = false;
-        });
-        statusLabel->setText(WorkingText());
-        tmrBlink->setInterval(request.WorkingBlink);
+    const JobState before = std::exchange(shownState, job->State());
+    switch (shownState) {
+    case JobState::Pending:
+        if (before != JobState::Pending)
+            showBeginning();
+        else if (job->LinkWasTaken())
+            tmrBlink->setInterval(job->Kind().TakenBlink);
+        break;
+    case JobState::Taken:
+        break;
+    case JobState::Running:
+        tmrBlink->setInterval(job->Kind().WorkingBlink);
         if (blinking)
             tmrBlink->start();
-        request.Run();
-        return;
+        break;
+    case JobState::Stopping:
+    case JobState::Over:
+        showEnd();
+        break;
     }
-    case Turn::NotYet:
-        request.Timer->start();
-        return;
-    }
+}
+
+void JobWindow::showBeginning()
+{
+    stopButton->setEnabled(true);
+    blinking = true;
+    BlinkOn = false;
+    tmrBlink->start();
+    voice->Started();
+}
+
+void JobWindow::showEnd()
+{
+    SettleQuestions(stopButton);
+    DisableStop();
+    StopBlinking();
+}
+
+void JobWindow::ShowStatus()
+{
+    SetStatusStyle(statusLabel, job->Status.Trouble ? StatusColour::Trouble : StatusColour::Normal);
+    statusLabel->setText(job->Status.Text);
+    voice->SayState();
 }
 
 void JobWindow::tmrBlink_Tick()
@@ -121,14 +122,6 @@ void JobWindow::StopBlinking()
         statusLabel->show();
 }
 
-void JobWindow::EndJob()
-{
-    over = true;
-    SettleQuestions(stopButton);
-    DisableStop();
-    StopBlinking();
-}
-
 void JobWindow::TurnOff(QPushButton *button)
 {
     if (window()->focusWidget() == button)
@@ -151,70 +144,15 @@ void JobWindow::cmdStopSearching_Click()
                != MsgAnswer::Yes)
         return;
     // It may have ended, or gone, while the question was open.
-    if (over || IsUnloaded())
-        return;
-    StopRequested = true;
-    bool stopped = false;
-    if (statusLabel->text().trimmed().contains(u"Pending", Qt::CaseInsensitive)) {
-        stopped = StopPendingSearch();
-        if (!stopped) {
-            WriteAppInfo(u"Cannot Stop Pending Search"_s);
-            stopped = StopActiveSearch();
-        }
-    } else {
-        stopped = StopActiveSearch();
-    }
-    if (!stopped)
-        WriteAppInfo(u"Cannot Stop Active Search"_s);
-    Global.bSearchInProgress = false;
-    // A run that broke down has kept its place, and nobody comes back to give it away.
-    if (!HasTurn)
-        WithdrawKey(txtMasterKey);
-    StopDone();
-}
-
-bool JobWindow::StopPendingSearch()
-{
-    if (statusLabel->text() != u"Pending ..")
-        return false;
-    ShowStopped(StopCase::Pending);
-    WithdrawKey(txtMasterKey);
-    return true;
-}
-
-bool JobWindow::StopActiveSearch()
-{
-    ShowStopped(StopCase::Active);
-    StopCurrentSearch();
-    return true;
-}
-
-void JobWindow::ShowStoppedStatus()
-{
-    EndJob();
-    Timer1->stop();
-    SetStatusStyle(statusLabel, StatusColour::Trouble);
-    statusLabel->setText(u"Search Stopped By User .. "_s);
-}
-
-void JobWindow::StopCurrentSearch()
-{
-    QString error;
-    try {
-        if (InterruptExchange(StopRequest()) == SendStatus::Sent)
-            return;
-    } catch (const RunTimeError &raised) {
-        error = raised.Description();
-    }
-    ReleaseTurnOf(txtMasterKey);
-    WriteAppInfo(u"Exiting Via StopCurrentSearch in PROCERR. Error: "_s + error);
+    if (job->CanBeStopped() && !IsUnloaded())
+        job->Stop();
 }
 
 bool JobWindow::MayClose(UnloadMode mode, const QString &question)
 {
     if (mode != UnloadMode::ControlMenu && mode != UnloadMode::Code)
         return true;
-    if (Global.bSearchInProgress && HasTurn) {
+    if (Global.bSearchInProgress && job->HasTurn()) {
         MsgBox(this, u"This form cannot be closed until the current search completes."_s,
                u"Stop Current Search .."_s);
         return false;
@@ -227,6 +165,6 @@ bool JobWindow::MayClose(UnloadMode mode, const QString &question)
 
 void JobWindow::Unloading()
 {
-    Timer1->stop();
+    job->GiveUp();
     StopBlinking();
 }

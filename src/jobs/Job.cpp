@@ -1,0 +1,186 @@
+#include "jobs/Job.h"
+
+#include "core/Log.h"
+#include "core/RunTimeError.h"
+#include "jobs/TurnTaking.h"
+#include "link/Exchange.h"
+
+#include <QScopeGuard>
+
+using namespace Qt::StringLiterals;
+
+Job::Job(JobKindName name) : Timer1(new QTimer(this)), kind(&JobKindOf(name))
+{
+    Status.Text = kind->Pending.toString();
+    Timer1->setObjectName(u"Timer1"_s);
+    Timer1->setInterval(kind->Turn);
+    connect(Timer1, &QTimer::timeout, this, &Job::tick);
+}
+
+void Job::Withdraw()
+{
+    WithdrawKey(txtMasterKey);
+}
+
+void Job::GiveUp()
+{
+    Timer1->stop();
+    givenUp = true;
+    GivenUp();
+}
+
+void Job::Release()
+{
+    Timer1->stop();
+    released = true;
+    if (scopes == 0)
+        delete this;
+}
+
+void Job::endScope()
+{
+    if (--scopes == 0 && released)
+        deleteLater();
+}
+
+void Job::setState(JobState newState)
+{
+    if (state == newState)
+        return;
+    state = newState;
+    Q_EMIT StateChanged();
+}
+
+void Job::tick()
+{
+    const RunScope scope(this);
+    Timer1->stop();
+    BeginTick();
+    AskTurn({.Timer = Timer1,
+             .Run = [this] { ProcessSearchRequests(); },
+             .Stopped =
+                 [this] {
+                     ShowStopped(StopCase::AllJobs);
+                     Withdraw();
+                 }});
+}
+
+void Job::AskTurn(const TurnRequest &request)
+{
+    switch (AskForTurn(txtMasterKey)) {
+    case Turn::Stopped:
+        request.Stopped();
+        return;
+    case Turn::Taken:
+        linkWasTaken = true;
+        request.Timer->start();
+        Q_EMIT StateChanged();
+        return;
+    case Turn::Mine:
+        takeTurn(request);
+        return;
+    case Turn::NotYet:
+        request.Timer->start();
+        return;
+    }
+}
+
+void Job::takeTurn(const TurnRequest &request)
+{
+    TakeLink();
+    hasTurn = true;
+    const auto end = qScopeGuard([this] {
+        FreeLink();
+        hasTurn = false;
+    });
+    linkWasTaken = false;
+    setState(JobState::Taken);
+    SetStatus(kind->Working.toString());
+    setState(JobState::Running);
+    request.Run();
+}
+
+void Job::Restart(JobKindName name, QTimer *timer)
+{
+    kind = &JobKindOf(name);
+    EnqueueKey(txtMasterKey);
+    linkWasTaken = false;
+    setState(JobState::Pending);
+    timer->start();
+}
+
+void Job::SetStatus(const QString &text, StatusStyle style)
+{
+    Status.Set(text, style);
+    Q_EMIT Changed();
+}
+
+void Job::SetOver()
+{
+    setState(JobState::Over);
+}
+
+void Job::LogStoppedByAll()
+{
+    WriteAppInfo(kind->StoppedByAll.toString());
+}
+
+void Job::Stop()
+{
+    const RunScope scope(this);
+    StopRequested = true;
+    bool stopped = false;
+    if (state == JobState::Pending) {
+        stopped = StopPendingSearch();
+        if (!stopped) {
+            WriteAppInfo(kind->CannotStopPending.toString());
+            stopped = StopActiveSearch();
+        }
+    } else {
+        stopped = StopActiveSearch();
+    }
+    if (!stopped)
+        WriteAppInfo(kind->CannotStopActive.toString());
+    FreeLink();
+    // A run that broke down has kept its place, and nobody comes back to give it away.
+    if (!HasTurn())
+        Withdraw();
+    StopDone();
+}
+
+bool Job::StopPendingSearch()
+{
+    if (state != JobState::Pending)
+        return false;
+    ShowStopped(StopCase::Pending);
+    Withdraw();
+    return true;
+}
+
+bool Job::StopActiveSearch()
+{
+    ShowStopped(StopCase::Active);
+    StopCurrentSearch();
+    return true;
+}
+
+/// From here on there is nothing more to be stopped; a run that is on the stack reads on.
+void Job::ShowStoppedStatus()
+{
+    Timer1->stop();
+    setState(HasTurn() ? JobState::Stopping : JobState::Over);
+    SetStatus(kind->Stopped.toString(), StatusStyle::TroubleBold);
+}
+
+void Job::StopCurrentSearch()
+{
+    QString error;
+    try {
+        if (InterruptExchange(StopRequest()) == SendStatus::Sent)
+            return;
+    } catch (const RunTimeError &raised) {
+        error = raised.Description();
+    }
+    ReleaseTurnOf(txtMasterKey);
+    WriteAppInfo(kind->StopNotSent.toString() + error);
+}

@@ -1,0 +1,139 @@
+#pragma once
+
+#include "jobs/JobKinds.h"
+#include "records/StatusLine.h"
+
+#include <QObject>
+#include <QString>
+#include <QTimer>
+
+#include <functional>
+
+/// How far a job is. It never goes back, but a job that is over can begin anew as Pending.
+enum class JobState {
+    Pending,  ///< its key waits in the queue
+    Taken,    ///< it has its turn, and nothing has been asked yet
+    Running,  ///< its run asks and reads
+    Stopping, ///< the user stopped it: the run still reads what the court has to say
+    Over
+};
+
+/// One piece of work on the link: it waits for its turn, runs to its end, and can be stopped before
+/// and during it. It knows no window. Whoever shows it follows its signals; the window may go at
+/// any moment, and the job ends by its own rules.
+///
+/// Its window goes in two steps. GiveUp() says that nobody looks at the job any more: it does not ask
+/// for its turn again, and a run that is on the stack asks for nothing more. Release() gives it away:
+/// it is deleted then, or as soon as its last procedure has returned.
+class Job : public QObject
+{
+    Q_OBJECT
+public:
+    JobState State() const { return state; }
+    /// The run is on the stack, whatever the user was told meanwhile.
+    bool HasTurn() const { return hasTurn; }
+    /// The job can be stopped: it waits, or works and has not been stopped yet.
+    bool CanBeStopped() const { return state != JobState::Stopping && state != JobState::Over; }
+    /// Another job was seen using the link when this one asked for its turn.
+    bool LinkWasTaken() const { return linkWasTaken; }
+    const JobKind &Kind() const { return *kind; }
+
+    /// Takes the key out of the queue, wherever it stands.
+    void Withdraw();
+
+    /// Stops the job on the user's word: withdraws it while it waits, and tells the court while it
+    /// runs.
+    void Stop();
+    bool StopPendingSearch();
+    bool StopActiveSearch();
+    void StopCurrentSearch();
+
+    /// Nobody looks at the job any more.
+    void GiveUp();
+    bool IsGivenUp() const { return givenUp; }
+    /// Nobody holds the job any more.
+    void Release();
+
+    QString txtMasterKey;       ///< the key in the queue, "" before it was enqueued
+    StatusLine Status;          ///< lblStatus
+    bool StopRequested = false; ///< Stop was confirmed
+    QTimer *Timer1;             ///< asks for the turn
+
+Q_SIGNALS:
+    /// The state, or whether the link is taken, is another now.
+    void StateChanged();
+    /// What the job shows may read otherwise now.
+    void Changed();
+    /// A run has come to its end, of its own or stopped by the user.
+    void Ended(bool stoppedByUser);
+
+protected:
+    /// `name` is the kind of the first run.
+    explicit Job(JobKindName name);
+
+    /// Why a job is shown as stopped.
+    enum class StopCase {
+        AllJobs, ///< a logout, disconnect or exit; seen when the turn is asked for
+        Pending, ///< the user, before the turn
+        Active   ///< the user, during the run
+    };
+
+    /// A run that asks for its turn.
+    struct TurnRequest
+    {
+        QTimer *Timer; ///< asks again
+        std::function<void()> Run;
+        std::function<void()> Stopped; ///< every job was asked to stop
+    };
+    /// Asks once, and does what the answer says.
+    void AskTurn(const TurnRequest &request);
+
+    /// At the beginning of every tick, before the turn is asked for.
+    virtual void BeginTick() {}
+    /// The job itself. It gives the turn back on every way out, and says so by EndRun.
+    virtual void ProcessSearchRequests() = 0;
+    /// Shows that the job was stopped; ShowStoppedStatus is the part that all have in common.
+    virtual void ShowStopped(StopCase stopCase) = 0;
+    /// What the court is told when the job is stopped.
+    virtual QString StopRequest() const = 0;
+    /// The stop has been carried out.
+    virtual void StopDone() {}
+    /// Nobody looks at the job any more.
+    virtual void GivenUp() {}
+
+    /// Waits again, with the key that it has, as a job of this kind, whose turn this timer asks
+    /// for.
+    void Restart(JobKindName name, QTimer *timer);
+    void ShowStoppedStatus();
+    void SetStatus(const QString &text, StatusStyle style = StatusStyle::Unchanged);
+    /// Nothing is to be stopped any more.
+    void SetOver();
+    void LogStoppedByAll();
+
+    /// Keeps the job from being deleted while one of its procedures waits.
+    class RunScope
+    {
+    public:
+        explicit RunScope(Job *job) : guarded(job) { ++guarded->scopes; }
+        ~RunScope() { guarded->endScope(); }
+        RunScope(const RunScope &) = delete;
+        RunScope &operator=(const RunScope &) = delete;
+
+    private:
+        Job *guarded;
+    };
+
+private:
+    void tick();
+    void takeTurn(const TurnRequest &request);
+    void setState(JobState newState);
+    void endScope();
+
+    const JobKind *kind;
+    JobState state = JobState::Pending;
+    bool linkWasTaken = false;
+    bool givenUp = false;
+    bool released = false;
+    int scopes = 0; ///< procedures of this job on the stack
+    bool hasTurn = false; ///< a run of this job is on the stack
+};
