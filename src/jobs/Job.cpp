@@ -34,7 +34,7 @@ void Job::Release()
     Timer1->stop();
     released = true;
     if (scopes == 0)
-        delete this;
+        deleteLater();
 }
 
 void Job::endScope()

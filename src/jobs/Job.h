@@ -51,7 +51,7 @@ public:
     /// Nobody looks at the job any more.
     void GiveUp();
     bool IsGivenUp() const { return givenUp; }
-    /// Nobody holds the job any more.
+    /// Nobody holds the job any more. It goes a little later than the window, whose lists show its rows.
     void Release();
 
     QString txtMasterKey;       ///< the key in the queue, "" before it was enqueued

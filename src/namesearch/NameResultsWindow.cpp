@@ -2,6 +2,7 @@
 
 #include "controls/MsgBox.h"
 #include "controls/StatusColour.h"
+#include "controls/Twips.h"
 #include "core/Log.h"
 #include "namesearch/ResultColumns.h"
 #include "tables/ResultListView.h"
