@@ -34,7 +34,7 @@ void Job::Release()
     Timer1->stop();
     released = true;
     if (scopes == 0)
-        delete this;
+        deleteLater();
 }
 
 void Job::endScope()
@@ -45,9 +45,9 @@ void Job::endScope()
 
 void Job::setState(JobState newState)
 {
-    if (state == newState)
+    if (jobState == newState)
         return;
-    state = newState;
+    jobState = newState;
     Q_EMIT StateChanged();
 }
 
@@ -130,7 +130,7 @@ void Job::Stop()
     const RunScope scope(this);
     StopRequested = true;
     bool stopped = false;
-    if (state == JobState::Pending) {
+    if (jobState == JobState::Pending) {
         stopped = StopPendingSearch();
         if (!stopped) {
             WriteAppInfo(kind->CannotStopPending.toString());
@@ -150,7 +150,7 @@ void Job::Stop()
 
 bool Job::StopPendingSearch()
 {
-    if (state != JobState::Pending)
+    if (jobState != JobState::Pending)
         return false;
     ShowStopped(StopCase::Pending);
     Withdraw();

@@ -29,11 +29,11 @@ class Job : public QObject
 {
     Q_OBJECT
 public:
-    JobState State() const { return state; }
+    JobState State() const { return jobState; }
     /// The run is on the stack, whatever the user was told meanwhile.
     bool HasTurn() const { return hasTurn; }
     /// The job can be stopped: it waits, or works and has not been stopped yet.
-    bool CanBeStopped() const { return state != JobState::Stopping && state != JobState::Over; }
+    bool CanBeStopped() const { return jobState != JobState::Stopping && jobState != JobState::Over; }
     /// Another job was seen using the link when this one asked for its turn.
     bool LinkWasTaken() const { return linkWasTaken; }
     const JobKind &Kind() const { return *kind; }
@@ -51,7 +51,7 @@ public:
     /// Nobody looks at the job any more.
     void GiveUp();
     bool IsGivenUp() const { return givenUp; }
-    /// Nobody holds the job any more.
+    /// Nobody holds the job any more. It goes a little later than the window, whose lists show its rows.
     void Release();
 
     QString txtMasterKey;       ///< the key in the queue, "" before it was enqueued
@@ -130,7 +130,7 @@ private:
     void endScope();
 
     const JobKind *kind;
-    JobState state = JobState::Pending;
+    JobState jobState = JobState::Pending;
     bool linkWasTaken = false;
     bool givenUp = false;
     bool released = false;

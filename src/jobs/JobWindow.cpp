@@ -10,11 +10,14 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
-JobWindow::JobWindow(Job *ownJob, QWidget *parent)
+JobWindow::JobWindow(Job *ownJob, QString *state, QString *code, QWidget *parent)
     : FormWindow(parent), job(ownJob), txtMasterKey(job->txtMasterKey),
-      StopRequested(job->StopRequested), Timer1(job->Timer1), tmrBlink(new QTimer(this))
+      StopRequested(job->StopRequested), Timer1(job->Timer1), lblState(*state),
+      ClientAcctgCode(*code), tmrBlink(new QTimer(this))
 {
     tmrBlink->setObjectName(u"tmrBlink"_s);
     tmrBlink->setInterval(job->Kind().Blink);

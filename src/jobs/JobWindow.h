@@ -38,12 +38,16 @@ public:
     QString &txtMasterKey;
     bool &StopRequested;
     QTimer *const Timer1;
+    // and of its record
+    QString &lblState; ///< "WA", "OR", "ID", "WAWBK", "WAEBK", "ORBK" or "IDBK"
+    QString &ClientAcctgCode;
 
     QTimer *const tmrBlink; ///< blinks lblStatus
 
 protected:
-    /// Takes the job: it goes when both the window and its own last procedure are gone.
-    JobWindow(Job *ownJob, QWidget *parent);
+    /// Takes the job, which goes when both the window and its own last procedure are gone, and is
+    /// told where the job's record keeps the court and the client code.
+    JobWindow(Job *ownJob, QString *state, QString *code, QWidget *parent);
 
     /// The controls that every job has.
     struct JobControls

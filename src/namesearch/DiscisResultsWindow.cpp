@@ -2,21 +2,13 @@
 
 #include "controls/MsgBox.h"
 #include "controls/ReadOnlyTextBox.h"
-#include "tables/ResultListView.h"
-#include "namesearch/CaseFromRow.h"
-#include "namesearch/SearchCriteria.h"
 #include "session/SessionEvents.h"
+#include "tables/ResultListView.h"
 
 #include <QLabel>
 #include <QPushButton>
 
 using namespace Qt::StringLiterals;
-
-DiscisResultsWindow::DiscisResultsWindow(ResultsWindow window, QWidget *parent)
-    : NameResultsWindow(window, parent)
-{
-    lblState = u"WA"_s;
-}
 
 void DiscisResultsWindow::connectButtons(ReadOnlyTextBox *readOnlyBox, QPushButton *closeResults,
                                          QPushButton *createSearch, QPushButton *printMoreInfo)
@@ -36,43 +28,11 @@ void DiscisResultsWindow::InitListView()
 {
     // Not where typing is refused.
     List()->setFocus();
-    List()->SetColumns(ListColumnsOf(Kind()));
+    List()->SetColumns(ListColumnsOf(Search().Record.Kind));
 }
 
-void DiscisResultsWindow::ShowSearchCriteria(int lineIndex)
+void DiscisResultsWindow::ShowStatus()
 {
-    const SearchCriteria criteria = DiscisCriteria(lboxQueue.List(lineIndex), lblCourtCounty());
-    SetNameVal(criteria.Name);
-    setWindowTitle(criteria.Caption);
-}
-
-void DiscisResultsWindow::AddDiscisRow(const QString &row)
-{
-    AddParsedRow(row, Kind());
-}
-
-void DiscisResultsWindow::AddRow(const QString &row)
-{
-    AddDiscisRow(row);
-}
-
-CaseFromRow DiscisResultsWindow::CaseOf(const QStringList &cells) const
-{
-    return DiscisCaseOfRow(cells, Kind(), CaseTypeOfRequest(lboxQueue.List(0)));
-}
-
-void DiscisResultsWindow::SetNameVal(const QString &text)
-{
-    NameResultsWindow::SetNameVal(text);
-    setWindowTitle(u"Name Search Results - "_s + text);
-}
-
-void DiscisResultsWindow::SetCourtCounty(const QString &text)
-{
-    courtCounty->setText(text);
-}
-
-QString DiscisResultsWindow::lblCourtCounty() const
-{
-    return courtCounty->text();
+    NameResultsWindow::ShowStatus();
+    courtCounty->setText(lblCourtCounty());
 }

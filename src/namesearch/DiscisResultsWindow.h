@@ -1,5 +1,6 @@
 #pragma once
 
+#include "namesearch/DiscisSearch.h"
 #include "namesearch/NameResultsWindow.h"
 
 class ReadOnlyTextBox;
@@ -10,18 +11,11 @@ class DiscisResultsWindow : public NameResultsWindow
 {
     Q_OBJECT
 public:
-    void ShowSearchCriteria(int lineIndex) override;
-
-    /// Adds a case of the server to the list. Throws error 9 when it has too few fields.
-    void AddDiscisRow(const QString &row);
-
-    /// The name, in its label and in the caption.
-    void SetNameVal(const QString &text) override;
-    void SetCourtCounty(const QString &text);
-    QString lblCourtCounty() const;
+    void SetCourtCounty(const QString &text) { Search().SetCourtCounty(text); }
+    QString lblCourtCounty() const { return Search().Record.lblCourtCounty; }
 
 protected:
-    DiscisResultsWindow(ResultsWindow window, QWidget *parent);
+    using NameResultsWindow::NameResultsWindow;
 
     /// UseControls, with the controls that only these windows have.
     template<class Controls>
@@ -35,12 +29,8 @@ protected:
         UseControls(ui);
     }
 
-    /// The kind of cases in the list.
-    virtual ResultKind Kind() const = 0;
-
     void InitListView() override;
-    void AddRow(const QString &row) override;
-    CaseFromRow CaseOf(const QStringList &cells) const override;
+    void ShowStatus() override;
 
 private:
     void connectButtons(ReadOnlyTextBox *readOnlyBox, QPushButton *closeResults,

@@ -146,14 +146,12 @@ bool NameResultsWindow::MaySearch()
 
 void NameResultsWindow::OpenCaseFromRow(int row)
 {
-    const QStringList cells = listview1->List()->Cells(row);
-    if (!IsCaseRow(cells))
+    constexpr int number = 1;
+    if (!IsCaseRow(search->Record.Rows.Cells(row)))
         return;
     // A new job is being started: whatever all jobs were asked to stop for is over.
     Global.bStopRequested = false;
-    const CaseFromRow fields = CaseOf(cells);
-    const int number = 1;
-    listview1->List()->SetCell(row, number, MarkedAsOpened(cells.at(number)));
+    const CaseFromRow fields = search->OpenRow(row);
     // A number is what a case is known by: its mark must not push the end of it out of sight.
     listview1->WidenForCell(row, number);
     for (const FormRow &one : forms) {

@@ -1,13 +1,11 @@
 #include "namesearch/NameResultsWindow.h"
 
-#include "jobs/JobVoice.h"
 #include "controls/MsgBox.h"
-#include "tables/ResultListView.h"
 #include "controls/StatusColour.h"
-#include "core/GlobalState.h"
+#include "controls/Twips.h"
 #include "core/Log.h"
-#include "core/RunTimeError.h"
-#include "namesearch/ResultRows.h"
+#include "namesearch/ResultColumns.h"
+#include "tables/ResultListView.h"
 
 #include <QEvent>
 #include <QLabel>
@@ -20,27 +18,17 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr JobPace resultsPace{.turn = 1900, .blink = 500, .takenBlink = 900, .workingBlink = 500};
-
-void applyStyle(QLabel *label, StatusStyle style)
-{
-    if (style != StatusStyle::Unchanged)
-        SetStatusStyle(label, style == StatusStyle::NormalBold ? StatusColour::Normal
-                                                               : StatusColour::Trouble);
-}
+constexpr int listMarginTwips = 100;
 } // namespace
 
-NameResultsWindow::NameResultsWindow(ResultsWindow window, QWidget *parent)
-    : JobWindow(resultsPace, parent), differences(ResultsWindowRowOf(window))
+NameResultsWindow::NameResultsWindow(NameSearch *ownSearch, QWidget *parent)
+    : JobWindow(ownSearch, &ownSearch->Record.lblState, &ownSearch->Record.ClientAcctgCode, parent),
+      search(ownSearch), lboxQueue(search->lboxQueue),
+      SearchIncomplete(search->Record.SearchIncomplete),
+      StopWarningFlag(search->Record.StopWarningFlag),
+      SortColumnName(search->Record.SortColumnName)
 {
-    SortColumnName = FirstSortColumn();
-    Global.bUserStoppedSearch = false;
-}
-
-void NameResultsWindow::ShowInProgress()
-{
-    SetSearchStatus(u" Search In Progress. Select Stop Search Button to Cancel Current Search .."_s,
-                    StatusStyle::NormalBold);
+    search->UseTalk(this);
 }
 
 /// A label that is broken into lines needs the more of them the narrower the window is, and the
@@ -54,31 +42,18 @@ bool NameResultsWindow::event(QEvent *event)
     return handled;
 }
 
-void NameResultsWindow::load(QPushButton *cmdStopSearching)
+void NameResultsWindow::load(QLabel *lblStatus, QPushButton *cmdStopSearching)
 {
-    voice = new JobVoice(this, lblStatus, listview1);
-    ShowInProgress();
-    applyStyle(lblStatus, StatusStyle::NormalBold);
     InitListView();
+    listview1->List()->UseRows(&search->Record.Rows);
     ShowHeaderIcon(0, Qt::AscendingOrder, true);
-    CountRowsOf(listview1);
+    connect(listview1->List(), &ResultListModel::Flushed, this, &NameResultsWindow::showCount);
+    connect(search, &NameSearch::ColumnsChanged, this, &NameResultsWindow::showColumns);
+    connect(search, &Job::Ended, this, &NameResultsWindow::FlushRows);
     // The button is enabled when a search ends; the reports it opens come with a later version.
     connect(printButton, &QPushButton::clicked, this,
             [this] { MsgBox(this, u"Printing of results comes with a later version."_s); });
-    StartJob(lblStatus, cmdStopSearching, listview1);
-}
-
-void NameResultsWindow::BeginSearching()
-{
-    Global.bSearchInProgress = false;
-    SearchAgain();
-}
-
-void NameResultsWindow::SearchAgain()
-{
-    stoppedByUser = false;
-    RestartJob();
-    voice->Started();
+    StartJob({lblStatus, cmdStopSearching, listview1, listview1});
 }
 
 void NameResultsWindow::ShowHeaderIcon(int column, Qt::SortOrder order, bool show)
@@ -86,49 +61,10 @@ void NameResultsWindow::ShowHeaderIcon(int column, Qt::SortOrder order, bool sho
     listview1->ShowHeaderIcon(column, order, show);
 }
 
-void NameResultsWindow::SetNameVal(const QString &text)
+void NameResultsWindow::AlsoCountsRowsOf(ResultListView *list)
 {
-    nameVal->setText(text);
-}
-
-QString NameResultsWindow::lblNameVal() const
-{
-    return nameVal->text();
-}
-
-void NameResultsWindow::SetCaseTypeVals(const QString &text)
-{
-    lblCaseTypeVals->setText(text);
-}
-
-void NameResultsWindow::SetTxtCountyList(const QString &text)
-{
-    countyList->setText(text);
-    countyList->setCursorPosition(0);
-}
-
-QString NameResultsWindow::txtCountyList() const
-{
-    return countyList->text();
-}
-
-void NameResultsWindow::CountRowsOf(ResultListView *list)
-{
-    connect(list->List(), &ResultListModel::Flushed, this, [this] {
-        if (pendingCount)
-            ShowCount(*pendingCount);
-    });
-}
-
-void NameResultsWindow::AlsoFills(ResultListView *list)
-{
-    CountRowsOf(list);
-    voice->AlsoFills(list);
-}
-
-int NameResultsWindow::RowCount() const
-{
-    return listview1->List()->Count();
+    connect(list->List(), &ResultListModel::Flushed, this, &NameResultsWindow::showCount);
+    AlsoFills(list);
 }
 
 ListLayout NameResultsWindow::ListColumnsOf(ResultKind kind)
@@ -142,64 +78,69 @@ ListLayout NameResultsWindow::ListColumnsOf(ResultKind kind)
     return {ResultKindName(kind), columns};
 }
 
-void NameResultsWindow::AddParsedRow(const QString &row, ResultKind kind)
+void NameResultsWindow::showColumns()
 {
-    const ResultRow parsed = ParseResultRow(row, kind);
-    if (!parsed.Cells.isEmpty())
-        listview1->List()->AddRow(parsed.Cells);
-    if (!parsed.Complete)
-        throw RunTimeError::SubscriptOutOfRange();
-    CountLater(RowCount());
-}
-
-void NameResultsWindow::BeginTick()
-{
-    if (CriteriaShown)
+    if (!search->Record.TooManyToList) {
+        listview1->SetColumns(ListColumnsOf(search->Record.Kind));
         return;
-    CriteriaShown = true;
-    try {
-        ShowSearchCriteria(0);
-    } catch (const RunTimeError &error) {
-        WriteAppInfo(u"Cannot show the search criteria: "_s + error.Description());
     }
+    listview1->SetColumns(
+        {{u"NOTE:    This Search Returned More Than The Maximum Number Allowed (200)."_s,
+          TwipsFromPixels(listview1->width()) - listMarginTwips}});
 }
 
-QString NameResultsWindow::WorkingText() const
+void NameResultsWindow::FlushRows()
 {
-    return differences.working.toString();
+    listview1->List()->Flush();
 }
 
-QString NameResultsWindow::StopRequest() const
+void NameResultsWindow::ShowState()
 {
-    return StopRequestOf(lblState);
+    JobWindow::ShowState();
+    // The lines of status count what can be seen.
+    if (search->State() == JobState::Over)
+        FlushRows();
 }
 
-void NameResultsWindow::StopDone()
+void NameResultsWindow::ShowStatus()
 {
-    Global.bUserStoppedSearch = true;
-    stoppedByUser = true;
-}
-
-void NameResultsWindow::ShowStopped(StopCase stopCase)
-{
-    if (stopCase == StopCase::AllJobs)
-        WriteAppInfo(u"INCOMPLETE EXIT - from Timer1 - Name Search Results."_s);
-    ShowStoppedStatus();
-    QString text;
-    switch (stopCase) {
-    case StopCase::AllJobs:
-        text = u"Search Stopped By User: "_s + QString::number(RowCount()) + u" Cases Retrieved."_s;
-        break;
-    case StopCase::Pending:
-        text = u"Search Stopped By User. No Results Were Retrieved."_s;
-        break;
-    case StopCase::Active:
-        text = u"Search Stopped By User. Some Results May Not Have Been Retrieved."_s;
-        break;
+    const ResultsRecord &record = search->Record;
+    JobWindow::ShowStatus();
+    SetStatusStyle(lblSearchStatus,
+                   record.lblSearchStatus.Trouble ? StatusColour::Trouble : StatusColour::Normal);
+    lblSearchStatus->setText(record.lblSearchStatus.Text);
+    showCount();
+    nameVal->setText(record.lblNameVal);
+    lblCaseTypeVals->setText(record.lblCaseTypeVals);
+    if (countyList->text() != record.txtCountyList) {
+        countyList->setText(record.txtCountyList);
+        countyList->setCursorPosition(0);
     }
-    SetSearchStatus(text, StatusStyle::TroubleBold);
-    SetCount({});
-    voice->SayState();
+    if (shownCaption != record.Caption) {
+        shownCaption = record.Caption;
+        setWindowTitle(shownCaption);
+    }
+    printButton->setEnabled(record.Printable);
+}
+
+void NameResultsWindow::showCount()
+{
+    Label3->setText(search->Record.Label3);
+}
+
+void NameResultsWindow::TellEmptyQueue()
+{
+    const RunScope scope(this);
+    MsgBox(this,
+           u"No Search Requests Can Be Located! This Form will be closed when you select OK. The "
+           "Request Queue Appears to be Empty."_s,
+           u"Search Queue Empty .."_s, MsgButtons::Ok, MsgIcon::Exclamation);
+}
+
+void NameResultsWindow::CloseUnasked()
+{
+    closesUnasked = true;
+    Unload();
 }
 
 bool NameResultsWindow::QueryUnload(UnloadMode mode)
@@ -213,28 +154,4 @@ bool NameResultsWindow::QueryUnload(UnloadMode mode)
         return true;
     return MayClose(mode, u"Are you sure you want to close this form?\r\n\r\nAny data that has not "
                           "been printed or saved will be lost!"_s);
-}
-
-void NameResultsWindow::SetStatus(const QString &text, StatusStyle style)
-{
-    applyStyle(lblStatus, style);
-    lblStatus->setText(text);
-    voice->SayState();
-}
-
-void NameResultsWindow::SetSearchStatus(const QString &text, StatusStyle style)
-{
-    applyStyle(lblSearchStatus, style);
-    lblSearchStatus->setText(text);
-}
-
-void NameResultsWindow::SetCount(const QString &text)
-{
-    pendingCount.reset();
-    Label3->setText(text);
-}
-
-void NameResultsWindow::ShowCount(int rows)
-{
-    SetCount(differences.countLabel.toString() + QString::number(rows));
 }

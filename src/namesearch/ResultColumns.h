@@ -1,22 +1,11 @@
 #pragma once
 
+#include "records/ResultsRecord.h"
+
 #include <QString>
 #include <QStringView>
 
 #include <span>
-
-/// The kinds of result list, each with its own columns and row fields.
-enum class ResultKind {
-    Superior, ///< Oregon too
-    Idaho,
-    Bankruptcy,
-    Index,
-    DiscisCivil,
-    DiscisStatewide, ///< non-civil cases, "SNCI"
-    DiscisAddresses, ///< non-civil cases of defendants with addresses, "DND"
-    NamesStatewide,  ///< the names that came more than once, "SNCI"
-    NamesAddresses   ///< the same, "DND"
-};
 
 /// The kind of list for a search of frmNameSearchResults: `state` is a value of lblState.
 ResultKind ResultKindOf(const QString &state, bool indexSearch, bool bankruptcy);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "records/StatusLine.h"
+
 #include <QString>
 #include <QStringView>
 
@@ -13,8 +15,6 @@ enum class SearchOutcome {
     ConnectionLost,
     ServerMessage, ///< an index search was ended by a warning; ServerMessages.h has its table
 };
-
-enum class StatusStyle { Unchanged, NormalBold, TroubleBold };
 
 /// What the window shows and does when a search ends so. "%n" stands for the number of rows, "%c"
 /// for the county of the last request.

@@ -5,12 +5,11 @@
 #include "tables/RowFilter.h"
 #include "tables/TableTools.h"
 #include "core/GlobalState.h"
-#include "core/RunTimeError.h"
 #include "namesearch/DuplicateNames.h"
-#include "namesearch/ResultRows.h"
 #include "ui_frmDiscisNCNameResults.h"
 
 #include <array>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -19,29 +18,33 @@ namespace {
 struct ViewTexts
 {
     bool names;
-    QStringView instruction;  ///< Label1
-    QStringView searchStatus; ///< lblSearchStatus
-    QStringView retrieve;     ///< cmdSearchResults(0)
-    QStringView other;        ///< cmdViewDupes
+    QStringView instruction; ///< Label1
+    QStringView retrieve;    ///< cmdSearchResults(0)
+    QStringView other;       ///< cmdViewDupes
 };
 constexpr std::array<ViewTexts, 2> views{{
     {false,
      u"To retrieve case details, either double-click on a case from the list, or highlight it and "
      "click 'Retrieve Case Details'.",
-     u" Search Completed Successfully.   Double-Click on any Case to Retrieve Details.",
      u"Retrieve Case Details", u"&View Duplicates"},
     {true,
      u"Mulitple Names Match Search Criteria. Check Name(s) to retrieve cases for and click "
      "'Retrieve Case(s)'",
-     u"Multiple Names Match. Please Select Name(s) to retrieve.", u"Retrieve Case(s)",
+     u"Retrieve Case(s)",
      u"&View Cases"},
 }};
 } // namespace
 
 frmDiscisNCNameResults::frmDiscisNCNameResults(QWidget *parent)
-    : DiscisResultsWindow(ResultsWindow::DiscisNonCivil, parent),
-      lblDNDorSNCI(Global.DiscisDndSearch ? u"DND"_s : u"SNCI"_s),
-      ui(std::make_unique<Ui::frmDiscisNCNameResults>())
+    : frmDiscisNCNameResults(new NonCivilSearch(std::exchange(Global.DiscisDndSearch, false)),
+                             parent)
+{
+}
+
+frmDiscisNCNameResults::frmDiscisNCNameResults(NonCivilSearch *ownSearch, QWidget *parent)
+    : DiscisResultsWindow(ownSearch, parent), search(ownSearch),
+      lblDNDorSNCI(search->lblDNDorSNCI), DupesFound(search->DupesFound),
+      ShowingDupes(search->ShowingDupes), ui(std::make_unique<Ui::frmDiscisNCNameResults>())
 {
     ui->setupUi(this);
     ui->lvDupe->hide();
@@ -53,24 +56,22 @@ frmDiscisNCNameResults::frmDiscisNCNameResults(QWidget *parent)
             [this](int column) { SortList(ui->lvDupe, column); });
     connect(ui->cmdViewDupes, &QPushButton::clicked, this,
             &frmDiscisNCNameResults::ToggleDupesView);
+    connect(search, &NonCivilSearch::Toggled, this, &frmDiscisNCNameResults::showToggled);
+    // As after load: the cases that come now stand below those that were sorted.
+    connect(search, &NonCivilSearch::SortForgotten, this,
+            [this] { ShowHeaderIcon(0, Qt::AscendingOrder, true); });
     UseDiscisControls(*ui);
-    AlsoFills(ui->lvDupe);
+    ui->lvDupe->List()->UseRows(&search->Names);
+    AlsoCountsRowsOf(ui->lvDupe);
 }
 
 frmDiscisNCNameResults::~frmDiscisNCNameResults() = default;
 
-ResultKind frmDiscisNCNameResults::Kind() const
-{
-    return lblDNDorSNCI == u"DND" ? ResultKind::DiscisAddresses : ResultKind::DiscisStatewide;
-}
-
 void frmDiscisNCNameResults::InitListView()
 {
     DiscisResultsWindow::InitListView();
-    ui->lvDupe->SetColumns(ListColumnsOf(lblDNDorSNCI == u"DND" ? ResultKind::NamesAddresses
-                                                                : ResultKind::NamesStatewide));
+    ui->lvDupe->SetColumns(ListColumnsOf(search->KindOfNames()));
     ShowHeaderIconNC(0, Qt::AscendingOrder, true);
-    Global.DiscisDndSearch = false;
 }
 
 void frmDiscisNCNameResults::ShowHeaderIconNC(int column, Qt::SortOrder order, bool show)
@@ -78,41 +79,11 @@ void frmDiscisNCNameResults::ShowHeaderIconNC(int column, Qt::SortOrder order, b
     ui->lvDupe->ShowHeaderIcon(column, order, show);
 }
 
-int frmDiscisNCNameResults::nameCount() const
+void frmDiscisNCNameResults::showToggled()
 {
-    return ui->lvDupe->List()->Count();
-}
-
-void frmDiscisNCNameResults::AddRow(const QString &row)
-{
-    const bool isName = IsDuplicateName(row);
-    if (isName) {
-        DupesFound = true;
-        AddDupeRow(row);
-    } else {
-        AddDiscisRow(row);
-    }
-    // What comes goes in front.
-    if (isName != ShowingDupes)
-        ToggleDupesView();
-}
-
-void frmDiscisNCNameResults::AddDupeRow(const QString &row)
-{
-    const NameRow name = ParseNameRow(row, nameCount());
-    if (!name.Cells.isEmpty())
-        ui->lvDupe->List()->AddRow(name.Cells, name.Key);
-    if (!name.Complete)
-        throw RunTimeError::SubscriptOutOfRange();
-    CountLater(nameCount());
-}
-
-void frmDiscisNCNameResults::ToggleDupesView()
-{
-    ResultListView *behind = ShowingDupes ? ui->lvDupe : ui->listview1;
-    ResultListView *front = ShowingDupes ? ui->listview1 : ui->lvDupe;
+    ResultListView *front = ShowingDupes ? ui->lvDupe : ui->listview1;
+    ResultListView *behind = ShowingDupes ? ui->listview1 : ui->lvDupe;
     const bool focused = behind->Tools()->HoldsFocus();
-    ShowingDupes = !ShowingDupes;
     const ViewTexts &texts = views[ShowingDupes ? 1 : 0];
     front->show();
     // The cursor stays on the list, whichever it is, or goes there from the words to find in it:
@@ -121,7 +92,6 @@ void frmDiscisNCNameResults::ToggleDupesView()
         front->setFocus();
     behind->hide();
     ui->Label1->setText(texts.instruction.toString());
-    SetSearchStatus(texts.searchStatus.toString(), StatusStyle::NormalBold);
     ui->cmdSearchResults_0->setText(texts.retrieve.toString());
     UpdateRetrieveButton();
     ui->cmdViewDupes->setText(texts.other.toString());
@@ -146,7 +116,7 @@ frmDiscisNCNameResults::CheckedNames frmDiscisNCNameResults::checkedNames() cons
 bool frmDiscisNCNameResults::mayRetrieve()
 {
     CheckedNames agreed;
-    while (!IsUnloaded() && namesRetrievable) {
+    while (!IsUnloaded() && search->NamesRetrievable()) {
         const CheckedNames checked = checkedNames();
         if (checked.All.isEmpty()) {
             MsgBox(this,
@@ -171,52 +141,8 @@ bool frmDiscisNCNameResults::mayRetrieve()
 void frmDiscisNCNameResults::RetrieveCheckedNames()
 {
     const RunScope scope(this);
-    if (!mayRetrieve())
-        return;
-    // The labels tell of each person while that person's cases are asked for; what was searched for
-    // stays the same.
-    if (searchedFor.isEmpty())
-        searchedFor = lblNameVal();
-    Global.bStopRequested = false;
-    lboxQueue.Clear();
-    ResultListModel *names = ui->lvDupe->List();
-    const QList<int> checked = names->CheckedRows();
-    for (const int row : checked) {
-        QStringList cells;
-        for (int column = 0; column < names->columnCount(); ++column)
-            cells.append(names->Cell(row, column));
-        lboxQueue.AddItem(CasesOfNameRequest(lblDNDorSNCI, searchedFor, cells, names->Key(row)));
-        names->SetCell(row, 0, MarkedAsRetrieved(cells[0]));
-    }
-    showCaseColumnsAgain();
-    allowRetrieval(false);
-    SortColumnName = FirstSortColumn();
-    // As after load: the cases that come now stand below those that were sorted.
-    ShowHeaderIcon(0, Qt::AscendingOrder, true);
-    StopRequested = false;
-    Global.bUserStoppedSearch = false;
-    SearchIncomplete = false;
-    // Pending as at first, so that Stop withdraws the key until the turn has come.
-    SetStatus(u"Pending .."_s, StatusStyle::NormalBold);
-    ShowInProgress();
-    SearchAgain();
-}
-
-/// A search that found too many and listed none has put a notice in the place of the cases.
-void frmDiscisNCNameResults::showCaseColumnsAgain()
-{
-    const ListLayout layout = ListColumnsOf(Kind());
-    if (List()->List()->Columns().size() == layout.Columns.size())
-        return;
-    List()->List()->Clear();
-    List()->SetColumns(layout);
-}
-
-/// A run walks the request lines and must not have them replaced under it.
-void frmDiscisNCNameResults::allowRetrieval(bool allowed)
-{
-    namesRetrievable = allowed;
-    UpdateRetrieveButton();
+    if (mayRetrieve())
+        search->RetrieveCheckedNames();
 }
 
 void frmDiscisNCNameResults::RetrieveDetails()
@@ -231,7 +157,7 @@ void frmDiscisNCNameResults::UpdateRetrieveButton()
 {
     if (!ShowingDupes)
         DiscisResultsWindow::UpdateRetrieveButton();
-    else if (namesRetrievable)
+    else if (search->NamesRetrievable())
         ui->cmdSearchResults_0->setEnabled(true);
     else
         TurnOff(ui->cmdSearchResults_0);
@@ -242,35 +168,15 @@ QWidget *frmDiscisNCNameResults::HomeOfFocus() const
     return ShowingDupes ? ui->lvDupe : ui->listview1;
 }
 
-void frmDiscisNCNameResults::ShowStopped(StopCase stopCase)
-{
-    DiscisResultsWindow::ShowStopped(stopCase);
-    // A run that was told to stop still reads to its end.
-    if (!HasTurn)
-        allowRetrieval(true);
-}
-
-void frmDiscisNCNameResults::ShowCompletion()
-{
-    if (ShowingDupes) {
-        SetStatus(u"Search Complete:    "_s + QString::number(nameCount())
-                      + u" Duplicate Names Found."_s,
-                  StatusStyle::NormalBold);
-        SetSearchStatus(u"Duplicate Names Found. Check Name(s) to Retrieve Associated Cases."_s,
-                        StatusStyle::NormalBold);
-        return;
-    }
-    const int rows = RowCount();
-    SetStatus(u"Search Complete:    "_s + QString::number(rows)
-                  + (rows == 1 ? u" Case Retrieved."_s : u" Cases Retrieved."_s),
-              StatusStyle::NormalBold);
-}
-
-void frmDiscisNCNameResults::EndSearch(SearchOutcome outcome)
+void frmDiscisNCNameResults::FlushRows()
 {
     ui->lvDupe->List()->Flush();
-    DiscisResultsWindow::EndSearch(outcome);
-    // However it ended: what came is there to be looked at.
-    ui->cmdViewDupes->setEnabled((ShowingDupes ? RowCount() : nameCount()) > 0);
-    allowRetrieval(true);
+    DiscisResultsWindow::FlushRows();
+}
+
+void frmDiscisNCNameResults::ShowStatus()
+{
+    DiscisResultsWindow::ShowStatus();
+    UpdateRetrieveButton();
+    ui->cmdViewDupes->setEnabled(search->CanToggle());
 }

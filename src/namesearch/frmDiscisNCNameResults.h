@@ -10,9 +10,8 @@ class frmDiscisNCNameResults;
 
 /// The results of a non-civil name search in the District and Municipal Courts.
 ///
-/// When several people have the name, the server sends them in place of cases, or beside cases.
-/// They have a list of their own, in the same place as the cases: one of the two is in front. The
-/// cases of the people who are checked there are retrieved by a second search of the same window.
+/// People of one name have a list of their own, in the same place as the cases: one of the two is in
+/// front.
 class frmDiscisNCNameResults : public DiscisResultsWindow
 {
     Q_OBJECT
@@ -25,27 +24,29 @@ public:
     /// ShowHeaderIcon, for the list of names.
     void ShowHeaderIconNC(int column, Qt::SortOrder order, bool show);
 
-    /// Adds a person of the server to the list of names. Throws error 9 when the row has too few
-    /// fields.
-    void AddDupeRow(const QString &row);
-    /// Brings the list that is behind to the front, with the texts that belong to it.
-    void ToggleDupesView();
+    void AddDupeRow(const QString &row) { search->AddDupeRow(row); }
+    /// Adds a case of the server to the list. Throws error 9 when it has too few fields.
+    void AddDiscisRow(const QString &row) { search->DiscisSearch::AddRow(row); }
+    void ToggleDupesView() { search->ToggleDupesView(); }
     /// Asks for the cases of the people who are checked, as a new job of this window. The user is
     /// asked first when some of them are out of sight.
     void RetrieveCheckedNames();
 
-    QString lblDNDorSNCI;      ///< "SNCI", or "DND" for defendants with addresses
-    bool DupesFound = false;   ///< the server has sent people
-    bool ShowingDupes = false; ///< the names are in front
+private:
+    frmDiscisNCNameResults(NonCivilSearch *ownSearch, QWidget *parent);
+
+    NonCivilSearch *const search;
+
+public:
+    const QString &lblDNDorSNCI;
+    bool &DupesFound;
+    bool &ShowingDupes;
 
 protected:
-    ResultKind Kind() const override;
-    void AddRow(const QString &row) override;
-    void ShowStopped(StopCase stopCase) override;
-    void ShowCompletion() override;
-    void EndSearch(SearchOutcome outcome) override;
     void RetrieveDetails() override;
     void UpdateRetrieveButton() override;
+    void FlushRows() override;
+    void ShowStatus() override;
     QWidget *HomeOfFocus() const override;
 
 private:
@@ -59,11 +60,7 @@ private:
 
     CheckedNames checkedNames() const;
     bool mayRetrieve();
-    int nameCount() const;
-    void showCaseColumnsAgain();
-    void allowRetrieval(bool allowed);
+    void showToggled();
 
     const std::unique_ptr<Ui::frmDiscisNCNameResults> ui;
-    bool namesRetrievable = false; ///< no job of this window is waiting or running
-    QString searchedFor;           ///< the name, as the first search showed it
 };

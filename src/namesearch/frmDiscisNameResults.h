@@ -16,10 +16,8 @@ public:
     explicit frmDiscisNameResults(QWidget *parent = nullptr);
     ~frmDiscisNameResults() override;
 
-    void ShowSearchCriteria(int lineIndex) override;
-
-protected:
-    ResultKind Kind() const override;
+    /// Adds a case of the server to the list. Throws error 9 when it has too few fields.
+    void AddDiscisRow(const QString &row) { Search().AddRow(row); }
 
 private:
     const std::unique_ptr<Ui::frmDiscisNameResults> ui;

@@ -1,10 +1,9 @@
 #include "namesearch/frmNameSearchResults.h"
 
-#include "tables/ResultListView.h"
 #include "core/GlobalState.h"
-#include "namesearch/CaseFromRow.h"
-#include "namesearch/SearchCriteria.h"
+#include "namesearch/ResultColumns.h"
 #include "session/SessionEvents.h"
+#include "tables/ResultListView.h"
 #include "ui_frmNameSearchResults.h"
 
 using namespace Qt::StringLiterals;
@@ -14,11 +13,16 @@ enum ResultButton { CaseDetails, CloseResults, PrintResults, CreateSearch, GetNe
 } // namespace
 
 frmNameSearchResults::frmNameSearchResults(const QString &state, bool indexSearch, QWidget *parent)
-    : NameResultsWindow(ResultsWindow::Name, parent), chkIndexSearch(indexSearch),
-      ui(std::make_unique<Ui::frmNameSearchResults>()),
-      kind(ResultKindOf(state, indexSearch, Global.BkFormLoading))
+    : frmNameSearchResults(new CourtSearch(state, indexSearch, Global.BkFormLoading), parent)
 {
-    lblState = state;
+}
+
+frmNameSearchResults::frmNameSearchResults(CourtSearch *ownSearch, QWidget *parent)
+    : NameResultsWindow(ownSearch, parent), search(ownSearch),
+      chkIndexSearch(search->Record.chkIndexSearch), chkBK(search->chkBK),
+      SearchRunCount(search->SearchRunCount), NextLowerLimit(search->NextLowerLimit),
+      NextUpperLimit(search->NextUpperLimit), ui(std::make_unique<Ui::frmNameSearchResults>())
+{
     ui->setupUi(this);
     connect(ui->lblHelp, &QPushButton::clicked, &SessionEvents::Of(),
             &SessionEvents::ResultsHelpWanted);
@@ -33,8 +37,13 @@ frmNameSearchResults::frmNameSearchResults(const QString &state, bool indexSearc
     connect(cmdSearchResults[GetNext], &QPushButton::clicked, this,
             &frmNameSearchResults::cmdGetNext_Click);
     // Its eight columns have too little room otherwise.
-    if (kind == ResultKind::Index)
+    if (search->Record.Kind == ResultKind::Index)
         ui->listview1->UseSmallText();
+    if (search->Record.Kind == ResultKind::Idaho)
+        connect(&search->Record.Rows, &RowTable::RowAdded, this, [this] {
+            List()->SetColumnTwips(1, idahoWideColumn2);
+            List()->SetColumnTwips(4, idahoWideColumn5);
+        });
     UseControls(*ui);
 }
 
@@ -42,8 +51,7 @@ frmNameSearchResults::~frmNameSearchResults() = default;
 
 void frmNameSearchResults::InitListView()
 {
-    chkBK = kind == ResultKind::Bankruptcy;
-    List()->SetColumns(ListColumnsOf(kind));
+    List()->SetColumns(ListColumnsOf(search->Record.Kind));
 }
 
 void frmNameSearchResults::SetLabelName(const QString &text)
@@ -51,59 +59,24 @@ void frmNameSearchResults::SetLabelName(const QString &text)
     ui->lblName->setText(text);
 }
 
-void frmNameSearchResults::AddResultRow(const QString &row)
+void frmNameSearchResults::ShowStatus()
 {
-    // By what the window is now: its starter may have taken the index mark back after the load.
-    AddParsedRow(row, ResultKindOf(lblState, chkIndexSearch, chkBK));
-    if (lblState == u"ID") {
-        List()->SetColumnTwips(1, idahoWideColumn2);
-        List()->SetColumnTwips(4, idahoWideColumn5);
-    }
+    NameResultsWindow::ShowStatus();
+    ui->Label2->setText(search->Label2);
+    if (search->PageOffered())
+        cmdSearchResults[GetNext]->setText(u"Get Next "_s + search->PageCount() + u" Cases"_s);
+    if (search->PageOffered() && !search->PageTaken())
+        cmdSearchResults[GetNext]->setEnabled(true);
+    showPageButton(search->PageOffered());
 }
 
-void frmNameSearchResults::AddRow(const QString &row)
+void frmNameSearchResults::cmdGetNext_Click()
 {
-    AddResultRow(row);
-}
-
-CaseFromRow frmNameSearchResults::CaseOf(const QStringList &cells) const
-{
-    return CaseOfRow(cells, ResultKindOf(lblState, chkIndexSearch, chkBK), lblState);
-}
-
-void frmNameSearchResults::ShowSearchCriteria(int lineIndex)
-{
-    if (KeepsGivenCriteria(lblState)) {
-        setWindowTitle(lblNameVal() + u" in "_s + txtCountyList());
+    // Without a link the page would end as lost, and could not be asked for again.
+    if (!MaySearch())
         return;
-    }
-    if (chkIndexSearch)
-        ui->Label2->setText(u"Index Results"_s);
-    const SearchCriteria criteria =
-        CriteriaOf(lboxQueue.List(lineIndex), {lblState, chkIndexSearch, txtCountyList()});
-    SetNameVal(criteria.Name);
-    SetCaseTypeVals(criteria.CaseTypes);
-    if (!criteria.Caption.isEmpty())
-        setWindowTitle(criteria.Caption);
-}
-
-NameResultsWindow::ReplyEffect frmNameSearchResults::TakeReply(const QString &reply)
-{
-    return chkIndexSearch ? takeIndexReply(reply) : NameResultsWindow::TakeReply(reply);
-}
-
-void frmNameSearchResults::EndSearch(SearchOutcome outcome)
-{
-    if (outcome == SearchOutcome::ServerMessage)
-        showServerMessage();
-    else
-        NameResultsWindow::EndSearch(outcome);
-}
-
-void frmNameSearchResults::PutButtonsBack()
-{
-    showPageButton(false);
-    clearServerTexts();
+    TurnOff(cmdSearchResults[GetNext]);
+    search->GetNextPage();
 }
 
 void frmNameSearchResults::showPageButton(bool nextPage)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "namesearch/CourtSearch.h"
 #include "namesearch/NameResultsWindow.h"
 
 #include <array>
@@ -11,8 +12,7 @@ class frmNameSearchResults;
 
 /// The results of a Superior, Oregon, Idaho, Bankruptcy or Index name search.
 ///
-/// An index search comes in pages: the server ends a page with a warning that more rows are to be
-/// had, and the button Get Next queues the window again for them.
+/// The button Get Next asks for the next page of an index search, when there is one.
 class frmNameSearchResults : public NameResultsWindow
 {
     Q_OBJECT
@@ -26,46 +26,35 @@ public:
     void InitListView() override;
 
     /// Adds a row of the server to the list. Throws error 9 when it has too few fields.
-    void AddResultRow(const QString &row);
-
-    void ShowSearchCriteria(int lineIndex) override;
+    void AddResultRow(const QString &row) { search->AddRow(row); }
 
     /// What stands in front of the name: "Name:", "Tax ID#:" or "SSN#".
     void SetLabelName(const QString &text);
 
+private:
+    frmNameSearchResults(CourtSearch *ownSearch, QWidget *parent);
+
+    CourtSearch *const search;
+
+public:
     // What the starter hands over, besides the members of every results window
-    bool chkIndexSearch = false;
-    bool chkBK = false;
+    bool &chkIndexSearch;
+    bool &chkBK;
     bool OrStatewide = false;
     bool IdStatewide = false;
     bool ORchkboxJGMcasetype = false; ///< only cases with judgments were asked for
 
-    qint16 SearchRunCount = 1; ///< plus 1 for each further page
-    // The rows of the next page of an index search, counted from 1; 0 as long as none was offered
-    qint16 NextLowerLimit = 0;
-    qint16 NextUpperLimit = 0;
+    qint16 &SearchRunCount;
+    qint16 &NextLowerLimit;
+    qint16 &NextUpperLimit;
 
 protected:
-    ReplyEffect TakeReply(const QString &reply) override;
-    void AddRow(const QString &row) override;
-    CaseFromRow CaseOf(const QStringList &cells) const override;
-    void EndSearch(SearchOutcome outcome) override;
-    void PutButtonsBack() override;
+    void ShowStatus() override;
 
 private:
-    ReplyEffect takeIndexReply(const QString &reply);
-    void showServerMessage();
-    void offerNextPage();
-    void clearServerTexts();
     void cmdGetNext_Click();
     void showPageButton(bool nextPage);
 
     const std::unique_ptr<Ui::frmNameSearchResults> ui;
     std::array<QPushButton *, 7> cmdSearchResults{};
-    ResultKind kind;
-    // The rows with which the server told of trouble in an index search
-    bool ServerErrorSeen = false;
-    QString ServerErrorText;
-    bool ServerWarningSeen = false;
-    QString ServerWarningText;
 };

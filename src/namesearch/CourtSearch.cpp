@@ -1,0 +1,161 @@
+#include "namesearch/CourtSearch.h"
+
+#include "core/GlobalState.h"
+#include "core/Log.h"
+#include "core/RunTimeError.h"
+#include "core/TextUtilities.h"
+#include "jobs/TurnTaking.h"
+#include "namesearch/Replies.h"
+#include "namesearch/ResultColumns.h"
+#include "namesearch/SearchCriteria.h"
+#include "namesearch/ServerMessages.h"
+
+using namespace Qt::StringLiterals;
+
+CourtSearch::CourtSearch(const QString &state, bool indexSearch, bool bankruptcy)
+    : NameSearch(JobKindName::NameSearch, ResultsWindow::Name)
+{
+    Record.lblState = state;
+    Record.chkIndexSearch = indexSearch;
+    Record.Kind = ResultKindOf(state, indexSearch, bankruptcy);
+    chkBK = Record.Kind == ResultKind::Bankruptcy;
+}
+
+ResultKind CourtSearch::kindOfRows() const
+{
+    return ResultKindOf(Record.lblState, Record.chkIndexSearch, chkBK);
+}
+
+void CourtSearch::ShowSearchCriteria(int lineIndex)
+{
+    if (KeepsGivenCriteria(Record.lblState)) {
+        SetCaption(Record.lblNameVal + u" in "_s + Record.txtCountyList);
+        return;
+    }
+    if (Record.chkIndexSearch)
+        Label2 = u"Index Results"_s;
+    const SearchCriteria criteria =
+        CriteriaOf(lboxQueue.List(lineIndex),
+                   {Record.lblState, Record.chkIndexSearch, Record.txtCountyList});
+    SetNameVal(criteria.Name);
+    SetCaseTypeVals(criteria.CaseTypes);
+    if (!criteria.Caption.isEmpty())
+        SetCaption(criteria.Caption);
+}
+
+void CourtSearch::AddRow(const QString &row)
+{
+    AddParsedRow(row, kindOfRows());
+}
+
+CaseFromRow CourtSearch::CaseOf(const QStringList &cells) const
+{
+    return CaseOfRow(cells, kindOfRows(), Record.lblState);
+}
+
+NameSearch::ReplyEffect CourtSearch::TakeReply(const QString &reply)
+{
+    return Record.chkIndexSearch ? takeIndexReply(reply) : NameSearch::TakeReply(reply);
+}
+
+void CourtSearch::EndSearch(SearchOutcome outcome)
+{
+    if (outcome == SearchOutcome::ServerMessage)
+        showServerMessage();
+    else
+        NameSearch::EndSearch(outcome);
+}
+
+void CourtSearch::WithdrawOffer()
+{
+    pageOffered = false;
+    Q_EMIT Changed();
+    clearServerTexts();
+}
+
+/// An error by itself does not end the search: the end mark behind it completes the search as if
+/// nothing had happened, and the error's own words are shown only when a warning comes between the
+/// two.
+NameSearch::ReplyEffect CourtSearch::takeIndexReply(const QString &reply)
+{
+    switch (ClassifyIndexReply(reply)) {
+    case IndexReplyKind::Progress:
+        break;
+    case IndexReplyKind::EndOfSearch:
+        return {.EndsSearch = SearchOutcome::Completed};
+    case IndexReplyKind::Error:
+        ServerErrorSeen = true;
+        ServerErrorText = TrimBlanks(reply);
+        break;
+    case IndexReplyKind::Warning:
+        ServerWarningSeen = true;
+        ServerWarningText = TrimBlanks(reply);
+        WriteAppInfo(u"Error or Warning Message Received During Index Search: "_s + reply);
+        return {.EndsSearch = SearchOutcome::ServerMessage};
+    case IndexReplyKind::Row:
+        AddRow(TrimBlanks(reply));
+        break;
+    }
+    return {};
+}
+
+void CourtSearch::showServerMessage()
+{
+    SetOver();
+    SetCount(QString::number(RowCount()));
+    const ServerMessageRow &row =
+        ServerMessageRowOf(ServerErrorSeen ? ServerErrorText : QString(), ServerWarningText);
+    // Some messages have no words of their own: the lines turn red as they are.
+    SetStatus(Status.Text, StatusStyle::TroubleBold);
+    SetSearchStatus(Record.lblSearchStatus.Text, StatusStyle::TroubleBold);
+    try {
+        const QString more = row.pageLimit ? RowsStillToCome(ServerWarningText) : QString();
+        if (!row.status.isEmpty()) {
+            SetStatus(row.status.toString().replace(u"%m"_s, more), StatusStyle::TroubleBold);
+            SetSearchStatus(row.searchStatus.toString().replace(u"%m"_s, more),
+                            StatusStyle::TroubleBold);
+        }
+        if (row.pageLimit)
+            offerNextPage();
+    } catch (const RunTimeError &error) {
+        // A warning that cannot be read offers no next page; what came is still there.
+        WriteAppInfo(u"Cannot read the page limit: "_s + error.Description());
+    }
+    clearServerTexts();
+    Global.strRecvBuffer.Clear();
+    FinishRun();
+}
+
+void CourtSearch::offerNextPage()
+{
+    const NextPage page = NextPageOf(ServerWarningText, Global.intMaxIndexResults);
+    const QString request = PageRequest(lboxQueue.List(0), page);
+    NextLowerLimit = page.Lower;
+    NextUpperLimit = page.Upper;
+    pageCount = page.Count;
+    lboxQueue.Clear();
+    lboxQueue.AddItem(request);
+    pageOffered = true;
+    pageTaken = false;
+    ShowCount(RowCount());
+}
+
+void CourtSearch::clearServerTexts()
+{
+    ServerErrorSeen = false;
+    ServerErrorText.clear();
+    ServerWarningSeen = false;
+    ServerWarningText.clear();
+}
+
+void CourtSearch::GetNextPage()
+{
+    // A page is a new search: whatever all jobs were asked to stop for is over.
+    Global.bStopRequested = false;
+    ++SearchRunCount;
+    pageTaken = true;
+    // Pending again, so that Stop withdraws the key instead of stopping a search that has not
+    // begun.
+    SetStatus(Kind().Pending.toString(), StatusStyle::NormalBold);
+    BeginSearching();
+}
