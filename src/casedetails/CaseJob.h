@@ -23,7 +23,7 @@ class CaseJob : public Job
     Q_OBJECT
 public:
     /// The user is asked through this from now on, until the job is given up; null for nobody.
-    void TalkThrough(CaseTalk *window) { talk = window; }
+    void UseTalk(CaseTalk *window) { talk = window; }
 
     /// Takes what the starter hands over.
     void Take(const CaseStart &start);

@@ -23,8 +23,8 @@ constexpr double headerScale = 1.2;
 } // namespace
 
 CaseWindow::CaseWindow(CaseJob *ownJob, QWidget *parent)
-    : JobWindow(ownJob, parent), caseJob(ownJob), lblState(ownJob->Record.lblState),
-      ClientAcctgCode(ownJob->Record.ClientAcctgCode), txtCaseNumber(ownJob->Record.txtCaseNumber),
+    : JobWindow(ownJob, &ownJob->Record.lblState, &ownJob->Record.ClientAcctgCode, parent),
+      caseJob(ownJob), txtCaseNumber(ownJob->Record.txtCaseNumber),
       txtCountyName(ownJob->Record.txtCountyName), lblOrCourtType(ownJob->Record.lblOrCourtType),
       tboxCaseNumberQueue(ownJob->Record.tboxCaseNumberQueue),
       lboxTabReqQueue(ownJob->lboxTabReqQueue), chkBK(ownJob->Record.chkBK),
@@ -34,14 +34,14 @@ CaseWindow::CaseWindow(CaseJob *ownJob, QWidget *parent)
       CloseRequested(ownJob->CloseRequested), TmrSearchOnDemand(ownJob->TmrSearchOnDemand),
       TmrFlash(new QTimer(this))
 {
-    caseJob->TalkThrough(this);
+    caseJob->UseTalk(this);
     TmrFlash->setObjectName(u"TmrFlash"_s);
     connect(TmrFlash, &QTimer::timeout, this, &CaseWindow::TmrFlash_Tick);
 }
 
 CaseWindow::~CaseWindow()
 {
-    caseJob->TalkThrough(nullptr);
+    caseJob->UseTalk(nullptr);
 }
 
 void CaseWindow::UseTab(CaseTab tab, QWidget *frame, FlexGrid *grid)

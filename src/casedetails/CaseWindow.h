@@ -72,9 +72,7 @@ public:
     CaseTabState Tab(CaseTab tab) const;
     const QStringList &TabCaptions() const { return Record().TabCaptions; }
 
-    // What the starter hands over, besides the key
-    QString &lblState;
-    QString &ClientAcctgCode;
+    // What the starter hands over, besides the members of every job
     QString &txtCaseNumber;
     QString &txtCountyName;
     QString &lblOrCourtType;

@@ -3,10 +3,10 @@
 #include "casedetails/frmCaseDetails.h"
 #include "casedetails/frmCivilCaseDetails.h"
 #include "casedetails/frmNCCaseDetails.h"
-#include "tables/FlexGrid.h"
 #include "controls/TabStrip.h"
 #include "core/CSetting.h"
 #include "core/GlobalState.h"
+#include "tables/FlexGrid.h"
 
 #include <QPushButton>
 #include <QStackedWidget>

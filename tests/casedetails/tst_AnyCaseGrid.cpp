@@ -7,9 +7,9 @@
 #include "casedetails/frmCaseDetails.h"
 #include "casedetails/frmCivilCaseDetails.h"
 #include "casedetails/frmNCCaseDetails.h"
-#include "tables/FlexGrid.h"
 #include "link/Router.h"
 #include "support/FakeSocket.h"
+#include "tables/FlexGrid.h"
 
 #include <QPointer>
 #include <QTest>

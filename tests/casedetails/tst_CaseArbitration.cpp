@@ -1,7 +1,7 @@
 #include "casedetails/SummaryDesk.h"
-#include "tables/FlexGrid.h"
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
+#include "tables/FlexGrid.h"
 
 #include <QAbstractButton>
 #include <QDialog>

@@ -2,12 +2,12 @@
 
 #include "casedetails/CaseDesk.h"
 #include "casedetails/frmCaseDetails.h"
-#include "tables/FlexGrid.h"
 #include "core/EventLoop.h"
 #include "core/GlobalState.h"
 #include "core/RunTimeError.h"
 #include "jobs/frmQueue.h"
 #include "link/Comm.h"
+#include "tables/FlexGrid.h"
 
 #include <QEventLoop>
 #include <QLabel>

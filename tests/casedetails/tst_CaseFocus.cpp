@@ -3,8 +3,8 @@
 
 #include "casedetails/OnDemandDesk.h"
 #include "casedetails/frmCaseDetails.h"
-#include "tables/FlexGrid.h"
 #include "core/GlobalState.h"
+#include "tables/FlexGrid.h"
 
 #include <QPushButton>
 #include <QTest>

@@ -1,9 +1,9 @@
 #include "casedetails/SummaryDesk.h"
-#include "tables/FlexGrid.h"
 #include "core/GlobalState.h"
 #include "core/RunTimeError.h"
 #include "jobs/frmQueue.h"
 #include "session/frmLogin.h"
+#include "tables/FlexGrid.h"
 
 #include <QApplication>
 

@@ -4,10 +4,10 @@
 #include "casedetails/OnDemandDesk.h"
 #include "casedetails/frmCaseDetails.h"
 #include "casedetails/frmNCCaseDetails.h"
-#include "tables/FlexGrid.h"
 #include "controls/TabStrip.h"
 #include "controls/WrappedLabel.h"
 #include "core/GlobalState.h"
+#include "tables/FlexGrid.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

@@ -1,12 +1,12 @@
 #include "casedetails/DiscisCaseWindow.h"
 #include "casedetails/OnDemandDesk.h"
 #include "casedetails/frmCaseDetails.h"
-#include "tables/FlexGrid.h"
 #include "controls/Notice.h"
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
 #include "link/Comm.h"
 #include "session/SessionEvents.h"
+#include "tables/FlexGrid.h"
 
 #include <QLabel>
 #include <QLayout>

@@ -1,8 +1,8 @@
 #include "casedetails/SummaryDesk.h"
-#include "tables/FlexGrid.h"
 #include "controls/TabStrip.h"
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
+#include "tables/FlexGrid.h"
 
 #include <QPushButton>
 #include <QTimer>

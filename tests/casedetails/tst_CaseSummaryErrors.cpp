@@ -1,10 +1,10 @@
 #include "casedetails/SummaryDesk.h"
 #include "casedetails/TextTrail.h"
-#include "tables/FlexGrid.h"
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
 #include "link/Comm.h"
 #include "link/ServerSocket.h"
+#include "tables/FlexGrid.h"
 
 #include <QDialog>
 #include <QPushButton>

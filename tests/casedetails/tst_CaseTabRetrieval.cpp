@@ -8,6 +8,15 @@
 
 namespace {
 const QString endMark = u"EOF~"_s;
+
+/// A window whose tabs are filled by hand.
+struct CaseByHand : frmCaseDetails
+{
+    void FillTab(CaseTab tab, bool incomplete, const QString &request)
+    {
+        caseJob->ShowTab(tab, incomplete, request);
+    }
+};
 } // namespace
 
 /// The exchange of one tab, for every tab of every court, when it ends as it should.
@@ -199,15 +208,11 @@ void tst_CaseTabRetrieval::scheduleOfOregonHasTheWordsOfJudgments_data()
 /// Oregon's strip has no such tab; should it get one, this is what it says.
 void tst_CaseTabRetrieval::scheduleOfOregonHasTheWordsOfJudgments()
 {
-    struct Schedule : frmCaseDetails
-    {
-        using frmCaseDetails::ShowTab;
-    };
     QFETCH(bool, incomplete);
     QFETCH(QString, words);
-    Schedule window;
+    CaseByHand window;
     window.lblState = u"OR"_s;
-    window.ShowTab(CaseTab::Schedule, incomplete, u"OREGON@SCHEDULE,@"_s);
+    window.FillTab(CaseTab::Schedule, incomplete, u"OREGON@SCHEDULE,@"_s);
     QCOMPARE(CellsOf(&window, CaseTab::Schedule), Message(words));
 }
 
@@ -225,20 +230,16 @@ void tst_CaseTabRetrieval::countsOfIdahosChargesStandAgainstTheirText_data()
 
 void tst_CaseTabRetrieval::countsOfIdahosChargesStandAgainstTheirText()
 {
-    struct Charges : frmCaseDetails
-    {
-        using frmCaseDetails::ShowTab;
-    };
     QFETCH(QString, state);
     QFETCH(CaseTab, tab);
     QFETCH(bool, right);
-    Charges window;
+    CaseByHand window;
     window.lblState = state;
     const QStringList table =
         state == u"WA" ? GridDef({u"1~Theft~"_s}) : TableForm({u"1~Theft~"_s});
     for (const QString &line : table.first(table.size() - 1))
         window.lboxResponses.AddItem(line);
-    window.ShowTab(tab, false, u"OREGON@CHARGES,@"_s);
+    window.FillTab(tab, false, u"OREGON@CHARGES,@"_s);
     const QAbstractItemModel *model = window.Tab(tab).Grid->model();
     const auto isRight = [model](int column) {
         return model->index(0, column)
@@ -253,11 +254,7 @@ void tst_CaseTabRetrieval::countsOfIdahosChargesStandAgainstTheirText()
 /// Whatever stood there before, and whatever comes afterwards.
 void tst_CaseTabRetrieval::aMessageInPlaceOfTheChargesStandsLeft()
 {
-    struct Charges : frmCaseDetails
-    {
-        using frmCaseDetails::ShowTab;
-    };
-    Charges window;
+    CaseByHand window;
     window.lblState = u"ID"_s;
     const QAbstractItemModel *model = window.Tab(CaseTab::Charges).Grid->model();
     const auto alignments = [model] {
@@ -269,12 +266,12 @@ void tst_CaseTabRetrieval::aMessageInPlaceOfTheChargesStandsLeft()
     const QStringList table = TableForm({u"1~Theft~"_s});
     for (const bool incomplete : {false, true}) {
         window.lboxResponses.Clear();
-        window.ShowTab(CaseTab::Charges, incomplete, {});
+        window.FillTab(CaseTab::Charges, incomplete, {});
         QCOMPARE(CellsOf(&window, CaseTab::Charges).size(), 2);
         QCOMPARE(alignments(), left);
         for (const QString &line : table.first(table.size() - 1))
             window.lboxResponses.AddItem(line);
-        window.ShowTab(CaseTab::Charges, incomplete, {});
+        window.FillTab(CaseTab::Charges, incomplete, {});
         QVERIFY(alignments().front().testFlag(Qt::AlignRight));
     }
 }
@@ -301,18 +298,14 @@ void tst_CaseTabRetrieval::aWidthOfZeroHidesItsColumn_data()
 
 void tst_CaseTabRetrieval::aWidthOfZeroHidesItsColumn()
 {
-    struct Case : frmCaseDetails
-    {
-        using frmCaseDetails::ShowTab;
-    };
     QFETCH(QString, state);
     QFETCH(CaseTab, tab);
     QFETCH(QStringList, lines);
-    Case window;
+    CaseByHand window;
     window.lblState = state;
     for (const QString &line : std::as_const(lines))
         window.lboxResponses.AddItem(line);
-    window.ShowTab(tab, false, {});
+    window.FillTab(tab, false, {});
     const FlexGrid *grid = window.Tab(tab).Grid;
     QVERIFY(!grid->isColumnHidden(0));
     QVERIFY(grid->isColumnHidden(1));

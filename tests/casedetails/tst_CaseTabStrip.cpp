@@ -4,10 +4,10 @@
 #include "casedetails/CaseDesk.h"
 #include "casedetails/frmCaseDetails.h"
 #include "casedetails/frmOnDemand.h"
-#include "tables/FlexGrid.h"
 #include "controls/TabStrip.h"
 #include "core/GlobalState.h"
 #include "link/Comm.h"
+#include "tables/FlexGrid.h"
 
 #include <QDialog>
 #include <QPushButton>
@@ -57,7 +57,6 @@ private Q_SLOTS:
     void aTabThatGoesTakesItsFrameAlong();
     void theWordOfATabIsFoundInAnyLetters();
     void aCaptionIsFoundLetterByLetter();
-    void onlyTabsOfTheStripCanBeIncomplete();
 
 private:
     /// A window whose tabs are there and have all been fetched, without a run.
@@ -358,16 +357,6 @@ void tst_CaseTabStrip::aCaptionIsFoundLetterByLetter()
     QVERIFY(window->IsTabCaption(u"Docket"_s));
     for (const QString &word : {u"DOCKET"_s, u"docket"_s, u"Dock"_s, u"Finance"_s, u""_s})
         QVERIFY(!window->IsTabCaption(word));
-}
-
-void tst_CaseTabStrip::onlyTabsOfTheStripCanBeIncomplete()
-{
-    // A Docket that failed counts, until the strip has no Docket any more.
-    const frmCaseDetails *window = withIncomplete(CaseTab::Docket);
-    QVERIFY(window->AnyTabIncomplete());
-    window->findChild<TabStrip *>(u"TabStrip1"_s)->SetCaptions({u"Summary"_s});
-    QVERIFY(window->Tab(CaseTab::Docket).TabIncomplete);
-    QVERIFY(!window->AnyTabIncomplete());
 }
 
 QTEST_MAIN(tst_CaseTabStrip)

@@ -1,12 +1,12 @@
 #include "casedetails/DistrictDesk.h"
 #include "casedetails/frmCivilCaseDetails.h"
 #include "casedetails/frmNCCaseDetails.h"
-#include "tables/FlexGrid.h"
 #include "core/GlobalState.h"
 #include "courts/DiscisCourts.h"
 #include "jobs/frmQueue.h"
 #include "namesearch/DistrictSearch.h"
 #include "searchentry/SearchDispatch.h"
+#include "tables/FlexGrid.h"
 
 #include <QApplication>
 #include <QPushButton>

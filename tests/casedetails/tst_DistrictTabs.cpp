@@ -1,9 +1,9 @@
 #include "casedetails/DistrictDesk.h"
 #include "casedetails/frmCivilCaseDetails.h"
 #include "casedetails/frmNCCaseDetails.h"
-#include "tables/FlexGrid.h"
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
+#include "tables/FlexGrid.h"
 
 #include <QDialog>
 #include <QPushButton>

@@ -194,13 +194,12 @@ void tst_OnDemandPanel::everyCombinationOfACriminalCase()
 {
     struct Open : frmCaseDetails
     {
-        using frmCaseDetails::SetTabs;
-        using frmCaseDetails::TabOf;
+        CaseSheet &Sheet() { return caseJob->Sheet; }
     };
     const QList<CaseTab> tabs = TabsOf(CaseWindowKind::Superior);
     Open window;
-    window.SetTabs(GetTabsForCaseType(u"02-1-00123-4"_s, false));
-    window.TabOf(CaseTab::Summary).TabDone = true;
+    window.Sheet().SetTabs(GetTabsForCaseType(u"02-1-00123-4"_s, false));
+    window.Sheet().Record.Tab(CaseTab::Summary).TabDone = true;
     // What asks about a tab that failed is tested above.
     Global.bOnDemandPrompt = false;
     int combinations = 1;
@@ -213,7 +212,7 @@ void tst_OnDemandPanel::everyCombinationOfACriminalCase()
         for (const CaseTab tab : tabs) {
             const auto fate = static_cast<Fate>(rest % 3);
             rest /= 3;
-            CaseTabState &state = window.TabOf(tab);
+            CaseTabRecord &state = window.Sheet().Record.Tab(tab);
             state.TabDone = fate == Fate::Done;
             state.TabNotRetrieved = fate != Fate::Done;
             state.TabIncomplete = fate == Fate::Failed;

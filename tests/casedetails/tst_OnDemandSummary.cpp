@@ -2,7 +2,6 @@
 #include "casedetails/frmCaseDetails.h"
 #include "casedetails/frmCivilCaseDetails.h"
 #include "core/GlobalState.h"
-#include "core/RunTimeError.h"
 #include "jobs/frmQueue.h"
 
 #include <QAbstractButton>
@@ -26,21 +25,6 @@ QStringList bankruptcySummary()
             u"Judge~DOE~"_s,
             u"EOF~"_s};
 }
-
-/// A case that cannot be cut to its tabs any more.
-class UncutCase : public frmCivilCaseDetails
-{
-public:
-    bool breaks = false;
-
-protected:
-    void CutTabsToCase() override
-    {
-        if (breaks)
-            throw RunTimeError(9, u"Subscript out of range"_s);
-        frmCivilCaseDetails::CutTabsToCase();
-    }
-};
 } // namespace
 
 class tst_OnDemandSummary : public OnDemandTest
@@ -59,7 +43,6 @@ private Q_SLOTS:
     void nothingIsAskedBehindASummaryWithoutACase();
     void aSummaryOfACaseThatWasStoppedBeforeItsTurn_data();
     void aSummaryOfACaseThatWasStoppedBeforeItsTurn();
-    void aRunTimeErrorAheadOfTheSummary();
     void aBankruptcySummary();
     void aBankruptcyTab();
 };
@@ -253,37 +236,6 @@ void tst_OnDemandSummary::aSummaryOfACaseThatWasStoppedBeforeItsTurn()
     QVERIFY(window->Tab(CaseTab::Summary).TabDone);
     QVERIFY(window->Tab(CaseTab::Docket).TabDone);
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete"_s);
-}
-
-void tst_OnDemandSummary::aRunTimeErrorAheadOfTheSummary()
-{
-    auto *window = new UncutCase;
-    window->txtCaseNumber = u"Y00012345"_s;
-    window->txtCourtCode = u"SED"_s;
-    window->txtCaseType = u"CV"_s;
-    desk->Enqueue(window);
-    court->Expect(LineOf(CaseWindowKind::Civil, CaseTab::Summary)).Reply({});
-    desk->ConnectTo(*court);
-    Begin(window);
-    UntilTimeOut(window);
-    AnswerPrompt(true);
-    ClickTab(window, u"Summary"_s);
-    window->breaks = true;
-    SearchNow(window);
-    window->TmrSearchOnDemand->start(1);
-    QTRY_VERIFY(desk->Folder.Logged(u"ERROR EXIT - from ProcessOnDemandSearchReqeusts. Error: "
-                                    "Subscript out of range"_s));
-    QTRY_VERIFY(!Global.bSearchInProgress);
-    QCOMPARE(court->Requests().size(), 1);
-    QVERIFY(!desk->Folder.Logged(u"NORMAL EXIT - from Process On Demand Search Reqeusts."_s));
-    // As behind every break: its place is kept until it goes, and it can be asked again.
-    QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{window->txtMasterKey});
-    QVERIFY(CommandsEnabled(window));
-    // No run goes on whose ticks would be the user's.
-    BoxOf(window, CaseTab::Summary)->setChecked(false);
-    AnswerPrompt(true);
-    ClickTab(window, u"Summary"_s);
-    QVERIFY(BoxOf(window, CaseTab::Summary)->isChecked());
 }
 
 void tst_OnDemandSummary::aBankruptcySummary()
