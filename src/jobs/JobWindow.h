@@ -15,8 +15,8 @@ class QTableView;
 /// the button that stops it. What the job does is the job's; what else the window shows is the
 /// business of the windows made from it.
 ///
-/// Whoever starts one fills its public members, gives it a key and shows it; the timers run from the
-/// moment it is made.
+/// Whoever starts one fills its public members, gives it a key and shows it; the timers run from
+/// the moment it is made.
 class JobWindow : public FormWindow
 {
     Q_OBJECT

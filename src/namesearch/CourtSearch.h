@@ -26,7 +26,7 @@ public:
 
     bool chkBK;
     QString Label2 = QStringLiteral("Search Results"); ///< what stands above the list
-    qint16 SearchRunCount = 1; ///< plus 1 for each further page
+    qint16 SearchRunCount = 1;                         ///< plus 1 for each further page
     // The rows of the next page of an index search, counted from 1; 0 as long as none was offered
     qint16 NextLowerLimit = 0;
     qint16 NextUpperLimit = 0;

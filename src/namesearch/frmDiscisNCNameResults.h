@@ -10,8 +10,8 @@ class frmDiscisNCNameResults;
 
 /// The results of a non-civil name search in the District and Municipal Courts.
 ///
-/// People of one name have a list of their own, in the same place as the cases: one of the two is in
-/// front.
+/// People of one name have a list of their own, in the same place as the cases: one of the two is
+/// in front.
 class frmDiscisNCNameResults : public DiscisResultsWindow
 {
     Q_OBJECT

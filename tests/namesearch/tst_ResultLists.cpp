@@ -1,11 +1,11 @@
-#include "tables/ColumnWidths.h"
 #include "controls/Notice.h"
-#include "tables/ResultListView.h"
-#include "tables/TableTools.h"
 #include "core/UserStore.h"
 #include "namesearch/DupesSearch.h"
 #include "namesearch/IndexLines.h"
 #include "namesearch/ResultColumns.h"
+#include "tables/ColumnWidths.h"
+#include "tables/ResultListView.h"
+#include "tables/TableTools.h"
 
 #include <QApplication>
 #include <QClipboard>

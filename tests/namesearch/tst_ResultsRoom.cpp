@@ -1,8 +1,8 @@
 #include "casedetails/CaseWindow.h"
-#include "tables/ResultListView.h"
 #include "core/GlobalState.h"
 #include "namesearch/DupesSearch.h"
 #include "namesearch/IndexLines.h"
+#include "tables/ResultListView.h"
 
 #include <QAbstractButton>
 #include <QApplication>
