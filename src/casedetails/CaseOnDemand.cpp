@@ -21,8 +21,8 @@ namespace {
 constexpr int onDemandBlink = 500;
 } // namespace
 
-/// What is missing is offered and ticked. Only while a run waits or goes on are the ticks what the
-/// user has made them: looking at another tab must not add to what is fetched.
+/// What is missing is offered and ticked. While a run waits or goes on the ticks stay as the user
+/// has made them: looking at another tab must not add to what is fetched.
 void CaseWindow::SetOnDemandPanel()
 {
     offerMissing(choiceStands);

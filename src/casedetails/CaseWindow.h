@@ -31,7 +31,7 @@ struct CaseTabState
 /// The window of one case: takes its turn on the link, asks for the case one tab at a time, and
 /// fills a grid for each. What was left out, or failed, can be fetched later in a run of its own.
 ///
-/// This is the engine that the three case windows share. In what they differ is in CaseTabs,
+/// This is the engine that the three case windows share. How they differ is in CaseTabs,
 /// CaseRequests, TabGrids and the readers of the Summary, and in the few overrides below.
 ///
 /// The life of the window is in CaseWindow.cpp, its first run in CaseRun.cpp, the exchange of one

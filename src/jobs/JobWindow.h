@@ -71,8 +71,8 @@ protected:
     virtual void ShowStatus();
 
     void StopBlinking();
-    /// Turns a button off. Who is on it is on the home of the keyboard then: the platform would go
-    /// on to the next button, which prints, stops or closes.
+    /// Turns a button off. If it has the keyboard, the home of the keyboard gets it: the platform
+    /// would go on to the next button, which prints, stops or closes.
     void TurnOff(QPushButton *button);
     void DisableStop();
     /// The rule for closing, for a window that asks this question.

@@ -14,7 +14,7 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-/// What the window reads with one of its two lists in front.
+/// The texts of the window with one of its two lists in front.
 struct ViewTexts
 {
     bool names;

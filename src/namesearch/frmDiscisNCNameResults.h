@@ -16,7 +16,7 @@ class frmDiscisNCNameResults : public DiscisResultsWindow
 {
     Q_OBJECT
 public:
-    /// What is searched for is Global.DiscisDndSearch's to say, which is cleared by it.
+    /// Global.DiscisDndSearch says what is searched for; it is cleared here.
     explicit frmDiscisNCNameResults(QWidget *parent = nullptr);
     ~frmDiscisNCNameResults() override;
 

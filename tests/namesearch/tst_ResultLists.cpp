@@ -281,7 +281,7 @@ void tst_ResultLists::idahosChangeOfWidthsLeavesTheUsersColumn()
     window.AddResultRow(ResultLine(u"SMITH"_s));
     QCOMPARE(list->columnWidth(1), 200);
     QCOMPARE(list->columnWidth(4), 80);
-    // Back to what is told, and that is what the first row has changed it to.
+    // Back to the usual width, and that is what the first row has changed it to.
     list->Tools()->Widths()->Reset();
     QCOMPARE(list->columnWidth(1), 113);
     QCOMPARE(list->columnWidth(4), 80);
