@@ -1,136 +1,80 @@
-// What double clicks in a case window open: other cases, each in a window of its own.
+#include "casedetails/CaseLinks.h"
 
-#include "casedetails/frmCaseDetails.h"
-#include "tables/FlexGrid.h"
-#include "core/GlobalState.h"
-#include "core/Log.h"
-#include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
-#include "core/Windows1252.h"
 #include "courts/CaseMarks.h"
-#include "session/LoginOffer.h"
-#include "session/NewWindow.h"
 
-#include <QLabel>
 #include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 /// The request in a line of List1, which holds the command and the number of its row, each closed
-/// by
-/// "^". "" for a row without a command.
+/// by "^". "" for a row without a command.
 QString requestIn(const QString &line)
 {
     const QString command = line.section(u'^', 0, -3);
     return HoldsRetrieveCommand(command) ? TrimBlanks(WithoutRetrieveCommand(command)) : QString();
 }
 
-/// The first cell of a row that reads like a number of the Superior Courts, "" when none does.
-QString caseNumberIn(const FlexGrid &grid, int row)
+QStringList cellsOf(const GridTable &table, int row)
+{
+    return row < 1 ? QStringList() : table.Rows.value(table.HasHeader ? row - 1 : row);
+}
+} // namespace
+
+std::optional<CaseStart> ListedCase(const CaseRecord &record, int row)
+{
+    // The second column is the type, and a row without one is no case.
+    const QString type = cellsOf(record.Tab(CaseTab::Summary).Table, row).value(1);
+    const QString request = requestIn(record.List1.value(row - 1));
+    if (!record.chkBKYass || type.isEmpty() || request.isEmpty())
+        return std::nullopt;
+    CaseStart start;
+    start.lblCourtName = record.lblCourtName;
+    start.lblState = record.lblState;
+    start.txtCaseNumber = record.txtCaseNumber;
+    start.SetHeading(record.lblCaseDetailsHdr);
+    start.Caption = record.Caption;
+    start.chkBK = true;
+    start.SetTitle(u"Bankruptcy"_s);
+    start.ClientAcctgCode = record.ClientAcctgCode;
+    start.tboxCaseNumberQueue = request;
+    start.TabRequests = {request};
+    return start;
+}
+
+QString AssociatedCase(const CaseRecord &record, int row)
+{
+    const QStringList cells = cellsOf(record.Tab(CaseTab::Summary).Table, row);
+    const bool associated = !record.chkBKYass && cells.value(0) == u"Associated Case:";
+    return associated ? cells.value(1) : QString();
+}
+
+QString CaseOfJudgment(const CaseRecord &record, int row)
 {
     static const QRegularExpression pattern(u"^\\d{2}-\\d-\\d{5}-\\d$"_s);
-    for (int column = 0; column < grid.Cols(); ++column) {
-        const QString cell = TrimBlanks(grid.Cell(row, column));
+    if (record.lblState != u"WA")
+        return {};
+    const GridTable &table = record.Tab(CaseTab::Judgments).Table;
+    for (const QString &text : cellsOf(table, row).mid(0, table.Columns.size())) {
+        const QString cell = TrimBlanks(text);
         if (pattern.match(cell).hasMatch())
             return cell;
     }
     return {};
 }
 
-/// The code that a further retrieval is billed to: the one in force, which the user may have
-/// changed since the case was opened.
-QString codeInForce(const QString &codeOfCase)
+CaseStart CaseOfCounty(const CaseRecord &record, const QString &number)
 {
-    const QString code = FoldToUpper(TrimBlanks(Global.ClientAcctgCode));
-    return code.isEmpty() ? codeOfCase : code;
-}
-
-/// Whether a search may begin; asks for the login otherwise.
-bool mayBegin(QWidget *window)
-{
-    if (Global.bLoggedIn)
-        return true;
-    if (OfferLogin(window))
-        ShowLoginModally();
-    return Global.bLoggedIn;
-}
-} // namespace
-
-void frmCaseDetails::GridSummary_DblClick(int row)
-{
-    const RunScope scope(this);
-    const FlexGrid &grid = *Tab(CaseTab::Summary).Grid;
-    if (row < 1 || (grid.Cell(row, 0) != u"Associated Case:" && !chkBKYass))
-        return;
-    // In a list of several cases this is the type, and a row without one is no case.
-    const QString number = grid.Cell(row, 1);
-    const QString listed = requestIn(List1.value(row - 1));
-    if (number.isEmpty() || (chkBKYass && listed.isEmpty()) || !mayBegin(this))
-        return;
-    if (chkBKYass)
-        openListedCase(listed);
-    else
-        DoCaseNumberSearchAss(number);
-}
-
-void frmCaseDetails::GridJudgment_DblClick(int row)
-{
-    const RunScope scope(this);
-    const FlexGrid &grid = *Tab(CaseTab::Judgments).Grid;
-    const QString number = row < 1 ? QString() : caseNumberIn(grid, row);
-    if (lblState != u"WA" || number.isEmpty() || !mayBegin(this))
-        return;
-    DoCaseNumberSearchJudgment(number);
-}
-
-void frmCaseDetails::openListedCase(const QString &request)
-{
-    NewWindow form(new frmCaseDetails);
-    form->SetCourtName(lblCourtName());
-    form->lblState = lblState;
-    form->txtCaseNumber = txtCaseNumber;
-    form->SetCaseDetailsHdr(lblCaseDetailsHdr());
-    form->setWindowTitle(windowTitle());
-    form->chkBK = true;
-    form->SetCaseTitle(u"Bankruptcy"_s);
-    form->ClientAcctgCode = codeInForce(ClientAcctgCode);
-    form->tboxCaseNumberQueue = request;
-    form->lboxTabReqQueue.Clear();
-    form->lboxTabReqQueue.AddItem(request);
-    form.GiveKey();
-    form.Launch();
-}
-
-bool frmCaseDetails::DoCaseNumberSearchAss(const QString &number)
-{
-    return openCaseOfCounty(number, u"DoCaseNumberSearchAss"_s);
-}
-
-bool frmCaseDetails::DoCaseNumberSearchJudgment(const QString &number)
-{
-    return openCaseOfCounty(number, u"DoCaseNumberSearchJudgment"_s);
-}
-
-bool frmCaseDetails::openCaseOfCounty(const QString &number, const QString &procedure)
-{
-    try {
-        const QString asked = TrimBlanks(number).toUpper();
-        NewWindow form(new frmCaseDetails);
-        form->lblState = u"WA"_s;
-        form->txtCountyName = txtCountyName;
-        form->txtCaseNumber = asked;
-        form->tboxCaseNumberQueue = u"WASUP\u00A6SUMMARY\u00A6"_s + asked;
-        form->SetCaseDetailsHdr(u"Case Details ("_s + asked + u')');
-        form->SetCourtName(txtCountyName + u" County, Washington Superior Courts"_s);
-        form->SetCaseTitle(u"Pending .. "_s);
-        form->ClientAcctgCode = codeInForce(ClientAcctgCode);
-        form.GiveKey();
-        form.Launch();
-        return true;
-    } catch (const RunTimeError &error) {
-        WriteAppInfo(u"Error Executing Case Number Search: frmCaseDetails::"_s + procedure
-                     + u"(): Error: "_s + error.Description());
-        return false;
-    }
+    const QString asked = TrimBlanks(number).toUpper();
+    CaseStart start;
+    start.lblState = u"WA"_s;
+    start.txtCountyName = record.txtCountyName;
+    start.txtCaseNumber = asked;
+    start.tboxCaseNumberQueue = u"WASUP\u00A6SUMMARY\u00A6"_s + asked;
+    start.SetHeading(u"Case Details ("_s + asked + u')');
+    start.lblCourtName = record.txtCountyName + u" County, Washington Superior Courts"_s;
+    start.SetTitle(u"Pending .. "_s);
+    start.ClientAcctgCode = record.ClientAcctgCode;
+    return start;
 }

@@ -1,25 +1,18 @@
-// The later runs of a case window, which fetch what the user ticked on the on-demand panel.
+// The later runs of a case, which fetch what the user ticked on the on-demand panel.
 
-#include "casedetails/CaseWindow.h"
-#include "casedetails/OnDemandPanel.h"
-#include "jobs/JobVoice.h"
-#include "controls/TabStrip.h"
+#include "casedetails/CaseJob.h"
 #include "core/GlobalState.h"
 #include "core/Log.h"
 #include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
 #include "jobs/TurnTaking.h"
-#include "session/LoginOffer.h"
 
-#include <QLabel>
-#include <QPushButton>
 #include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr int onDemandBlink = 500;
-} // namespace
+constexpr int boxCount = 10;
 
 /// What is missing is offered and ticked. While a run waits or goes on the ticks stay as the user
 /// has made them: looking at another tab must not add to what is fetched.
@@ -32,88 +25,79 @@ void CaseWindow::offerMissing(bool keepTicks)
 {
     for (int i = 0; i < caseTabCount; ++i) {
         const auto tab = static_cast<CaseTab>(i);
-        const bool missing = TabExists(tab) && !Tab(tab).TabDone;
-        if (Tab(tab).Frame && !(missing && keepTicks))
-            panel->Offer(CaseTabRowOf(tab).check, missing);
+        if (record.Tab(tab).Exists && CaseTabRowOf(tab).check == box)
+            return tab;
     }
+    return std::nullopt;
 }
+} // namespace
 
-/// No run of this window waits or goes on: another can be started.
-void CaseWindow::offerNextRun()
+/// No run of this case waits or goes on: another can be started.
+void CaseJob::offerNextRun()
 {
-    choiceStands = false;
-    if (IsUnloaded())
+    Sheet.ChoiceStands = false;
+    if (IsGivenUp())
         return;
     if (onDemand) {
         restoreOnDemandButtons();
         return;
     }
     // The panel may be in sight, with tabs on it that have come since.
-    offerMissing(true);
-    panel->SetCommandsEnabled(true);
+    Sheet.OfferMissing(true);
+    Sheet.AllowSearchNow(true);
 }
 
-void CaseWindow::cmdSearchNow_Click()
+void CaseJob::SearchNow()
 {
     const RunScope scope(this);
     Global.bStopRequested = false;
-    if (!Global.bLoggedIn) {
-        if (OfferLogin(this)) {
-            SetWarning({});
-            ShowLoginModally();
-        }
-        return;
-    }
     // A run that broke down has kept its place in the queue: nobody else could remove it any more.
-    WithdrawKey(txtMasterKey);
+    Withdraw();
     FatalError = 0;
-    // The button that was pressed is off from here; the tabs are what one turns to next.
-    if (panel->isAncestorOf(window()->focusWidget()))
-        tabStrip->setFocus(Qt::OtherFocusReason);
-    panel->SetCommandsEnabled(false);
+    Sheet.AllowSearchNow(false);
     txtMasterKey = MakeMasterKey();
-    HasTurn = false;
     onDemand = true;
-    choiceStands = true;
-    SetStatusText(u"Pending .."_s);
-    lblStatus->show();
-    TurnOff(printButton);
+    Sheet.ChoiceStands = true;
+    setStatusText(JobKindOf(JobKindName::CaseOnDemand).Pending.toString());
+    Q_EMIT StatusToBeSeen();
+    Sheet.AllowPrint(false);
     StopRequested = false;
-    RestartJob(TmrSearchOnDemand);
+    Restart(JobKindName::CaseOnDemand, TmrSearchOnDemand);
     WriteAppInfo(u"Search On Demand Complete"_s);
-    voice->Started();
 }
 
-void CaseWindow::TmrSearchOnDemand_Tick()
+void CaseJob::askTurnOnDemand()
 {
     const RunScope scope(this);
     TmrSearchOnDemand->stop();
     const auto stopped = [this] {
         ShowStopped(StopCase::AllJobs);
-        WithdrawKey(txtMasterKey);
+        Withdraw();
     };
     bool ran = false;
     AskTurn({.Timer = TmrSearchOnDemand,
-             .WorkingBlink = onDemandBlink,
              .Run =
                  [this, &ran] {
-                     TurnOff(printButton);
+                     Sheet.AllowPrint(false);
                      ProcessOnDemandSearchRequests();
                      ran = true;
                  },
              .Stopped = stopped});
-    if (ran && Global.bStopRequested && !IsUnloaded())
+    if (ran && Global.bStopRequested && !IsGivenUp())
         stopped();
 }
 
-void CaseWindow::ProcessOnDemandSearchRequests()
+void CaseJob::ProcessOnDemandSearchRequests()
 {
-    const auto atEnd = qScopeGuard([this] { withdrawIfGone(); });
+    // The run of a window that has gone meanwhile is over.
+    const auto atEnd = qScopeGuard([this] {
+        if (IsGivenUp())
+            Withdraw();
+    });
     lboxResponses.Clear();
     CaseInvalid = false;
-    NotLocated = false;
+    Record.NotLocated = false;
     WriteAppInfo(u"On Demand Search Started.."_s);
-    voice->SayState();
     try {
         endOnDemand(runOnDemandTabs());
     } catch (const RunTimeError &error) {
@@ -121,17 +105,18 @@ void CaseWindow::ProcessOnDemandSearchRequests()
                      + error.Description());
     }
     // A run that broke down says nothing more, but it is over.
-    choiceStands = false;
-    panel->SetCommandsEnabled(true);
+    Sheet.ChoiceStands = false;
+    Sheet.AllowSearchNow(true);
 }
 
 /// The tabs of the panel in the order of its boxes. What is ticked is asked for when its box is
 /// reached: until then the user can change it.
-CaseWindow::RunEnd CaseWindow::runOnDemandTabs()
+CaseJob::RunEnd CaseJob::runOnDemandTabs()
 {
-    for (int box = 0; box < OnDemandPanel::BoxCount; ++box) {
-        const std::optional<CaseTab> tab = tabOfBox(box);
-        if (!tab || !panel->IsChosen(box) || !TabExists(*tab))
+    for (int box = 0; box < boxCount; ++box) {
+        const std::optional<CaseTab> tab = tabOfBox(Record, box);
+        if (!tab || !Record.Tab(*tab).Offered || !Record.Tab(*tab).Chosen
+            || !Record.TabExists(*tab))
             continue;
         const RunEnd end = runOnDemandTab(*tab);
         if (end != RunEnd::Normal)
@@ -140,59 +125,51 @@ CaseWindow::RunEnd CaseWindow::runOnDemandTabs()
     return RunEnd::Normal;
 }
 
-CaseWindow::RunEnd CaseWindow::runOnDemandTab(CaseTab tab)
+CaseJob::RunEnd CaseJob::runOnDemandTab(CaseTab tab)
 {
     prepareOnDemand(tab);
-    if (!Tab(tab).TabRequest.isEmpty())
-        retrieveTab(tab, Tab(tab).TabRequest);
+    // A copy: the Summary makes another when the court asks about arbitration.
+    const QString request = Record.Tab(tab).TabRequest;
+    if (!request.isEmpty())
+        retrieveTab(tab, request);
     ActivateTab(CaseTabRowOf(tab).caption.toString());
     if (FatalError == brokenDown)
         return RunEnd::Fatal;
-    if (NotLocated)
+    if (Record.NotLocated)
         return RunEnd::NotLocated;
     if (CaseInvalid)
         return RunEnd::Error;
     // A Summary that came only now has brought tabs that nobody has asked for yet.
-    if (tab == CaseTab::Summary && Tab(tab).TabDone)
+    if (tab == CaseTab::Summary && Record.Tab(tab).TabDone)
         leaveUnretrieved();
-    return endOf(testStopFlags());
+    return testStopFlags();
 }
 
-void CaseWindow::prepareOnDemand(CaseTab tab)
+void CaseJob::prepareOnDemand(CaseTab tab)
 {
-    CaseTabState &state = TabOf(tab);
-    state.TabNotRetrieved = false;
+    CaseTabRecord &ofTab = Record.Tab(tab);
+    ofTab.TabNotRetrieved = false;
     if (tab != CaseTab::Summary) {
         // The lines of a bankruptcy case came with its Summary.
-        if (IsBankruptcy() && state.TabRequest.isEmpty())
-            takeBankruptcyRequest(tab);
-        if (!state.TabRequest.isEmpty())
+        if (Record.IsBankruptcy() && ofTab.TabRequest.isEmpty())
+            ofTab.TabRequest = BankruptcyRequest(lboxTabReqQueue.Lines(), tab);
+        if (!ofTab.TabRequest.isEmpty())
             rewriteForArbitration(tab);
         return;
     }
     // The first run may have been stopped before its turn: its line is in the queue still.
-    if (state.TabRequest.isEmpty() && lboxTabReqQueue.ListCount() > 0) {
-        state.TabRequest = TrimBlanks(lboxTabReqQueue.List(0));
+    if (ofTab.TabRequest.isEmpty() && lboxTabReqQueue.ListCount() > 0) {
+        ofTab.TabRequest = TrimBlanks(lboxTabReqQueue.List(0));
         lboxTabReqQueue.RemoveItem(0);
     }
     // A Summary that failed has left no other tab; the reply says which there are.
-    if (!IsBankruptcy())
+    if (!Record.IsBankruptcy())
         CutTabsToCase();
 }
 
-std::optional<CaseTab> CaseWindow::tabOfBox(int box) const
+void CaseJob::endOnDemand(RunEnd end)
 {
-    for (int i = 0; i < caseTabCount; ++i) {
-        const auto tab = static_cast<CaseTab>(i);
-        if (Tab(tab).Frame && CaseTabRowOf(tab).check == box)
-            return tab;
-    }
-    return std::nullopt;
-}
-
-void CaseWindow::endOnDemand(RunEnd end)
-{
-    choiceStands = false;
+    Sheet.ChoiceStands = false;
     switch (end) {
     case RunEnd::Stopped:
         WriteAppInfo(
@@ -210,22 +187,21 @@ void CaseWindow::endOnDemand(RunEnd end)
     case RunEnd::InvalidCase:
     case RunEnd::Error:
     case RunEnd::NotLocated:
-        SetOnDemandPanel();
+        Sheet.OfferMissing();
         ReleaseTurnOf(txtMasterKey);
-        EndJob();
+        SetOver();
         WriteAppInfo(u"NORMAL EXIT - from Process On Demand Search Reqeusts."_s);
-        if (!NotLocated)
+        if (!Record.NotLocated)
             showEndStatus();
         break;
     }
     restoreOnDemandButtons();
-    voice->Ended(StopRequested);
+    Q_EMIT Ended(StopRequested);
 }
 
-void CaseWindow::restoreOnDemandButtons()
+void CaseJob::restoreOnDemandButtons()
 {
-    SetOnDemandPanel();
-    panel->SetCommandsEnabled(true);
-    printButton->setEnabled(true);
-    DisableStop();
+    Sheet.OfferMissing();
+    Sheet.AllowSearchNow(true);
+    Sheet.AllowPrint(true);
 }

@@ -159,3 +159,13 @@ QString WithArbitration(const QString &request, ArbitrationMode mode)
         mode == ArbitrationMode::Arbitration ? u" ARBITRATION"_s : u" NOARBITRATION"_s;
     return request.chopped(qMin(tail, request.size())) + answer + fieldBar + fieldBar;
 }
+
+QString BankruptcyRequest(const QStringList &lines, CaseTab tab)
+{
+    const QStringView word = CaseTabRowOf(tab).caption;
+    for (const QString &line : lines) {
+        if (line.contains(word, Qt::CaseInsensitive))
+            return line;
+    }
+    return {};
+}

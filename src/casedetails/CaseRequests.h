@@ -31,3 +31,7 @@ enum class ArbitrationMode { NotAsked = 0, Arbitration = 1, NoArbitration = 2 };
 /// The request line with the answer: all but its last two characters, the answer, and "¦¦". The
 /// line as it stands when nothing was asked.
 QString WithArbitration(const QString &request, ArbitrationMode mode);
+
+/// The line that the court has given for this tab of a bankruptcy case in its Summary: the first of
+/// these that holds the tab's caption, "" when none does.
+QString BankruptcyRequest(const QStringList &lines, CaseTab tab);

@@ -1,10 +1,7 @@
-// The first run of a case window: CaseWindow::ProcessSearchRequests and what it is made of.
+// The first run of a case: CaseJob::ProcessSearchRequests and what it is made of.
 
-#include "casedetails/CaseWindow.h"
-#include "tables/FlexGrid.h"
-#include "jobs/JobVoice.h"
-#include "controls/MsgBox.h"
-#include "controls/TabStrip.h"
+#include "casedetails/CaseJob.h"
+#include "casedetails/CaseTalk.h"
 #include "core/Clock.h"
 #include "core/GlobalState.h"
 #include "core/Log.h"
@@ -13,8 +10,6 @@
 #include "courts/CaseMarks.h"
 #include "jobs/TurnTaking.h"
 
-#include <QLabel>
-#include <QPushButton>
 #include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
@@ -23,11 +18,14 @@ namespace {
 constexpr float pauseBeforeTab = 0.15F; ///< seconds
 } // namespace
 
-void CaseWindow::ProcessSearchRequests()
+void CaseJob::ProcessSearchRequests()
 {
-    const auto atEnd = qScopeGuard([this] { withdrawIfGone(); });
+    // The run of a window that has gone meanwhile is over.
+    const auto atEnd = qScopeGuard([this] {
+        if (IsGivenUp())
+            Withdraw();
+    });
     lboxResponses.Clear();
-    voice->SayState();
     CaseInvalid = false;
     if (lboxTabReqQueue.ListCount() == 0) {
         reportEmptyQueue();
@@ -42,25 +40,22 @@ void CaseWindow::ProcessSearchRequests()
     offerNextRun();
 }
 
-void CaseWindow::reportEmptyQueue()
+void CaseJob::reportEmptyQueue()
 {
-    MsgBox(this,
-           u"No Search Requests For Case Details Can Be Located! This Form will be closed when you "
-           "select OK. The Request Queue Appears to be Empty."_s,
-           u"Search Queue Empty .."_s, MsgButtons::Ok, MsgIcon::Exclamation);
+    if (talk)
+        talk->TellEmptyQueue();
     WriteAppInfo(u"EXITED - SEARCH QUEUE EMPTY - from ProcessSearchReqeusts."_s);
-    closesUnasked = true;
-    Unload();
+    Q_EMIT CloseWanted();
 }
 
-CaseWindow::RunEnd CaseWindow::runTabs()
+CaseJob::RunEnd CaseJob::runTabs()
 {
     const RunEnd summary = runSummary();
     if (summary != RunEnd::Normal)
         return summary;
-    for (int i = 1; i < tabStrip->count(); ++i) {
+    for (int i = 1; i < Record.TabCaptions.size(); ++i) {
         PauseSeconds(pauseBeforeTab);
-        const std::optional<CaseTab> tab = CaseTabOf(tabCaptions.value(i));
+        const std::optional<CaseTab> tab = CaseTabOf(Record.TabCaptions.value(i));
         if (!tab)
             continue;
         const RunEnd end = runTab(*tab);
@@ -68,7 +63,7 @@ CaseWindow::RunEnd CaseWindow::runTabs()
             return end;
         // The run of a bankruptcy case is over behind its docket; a court that names something else
         // after it is asked for that when the user wants it.
-        if (IsBankruptcy() && *tab == CaseTab::Docket) {
+        if (Record.IsBankruptcy() && *tab == CaseTab::Docket) {
             leaveUnretrieved();
             break;
         }
@@ -77,125 +72,91 @@ CaseWindow::RunEnd CaseWindow::runTabs()
 }
 
 /// The Summary, and a second time with the answer when the court asks about arbitration.
-CaseWindow::RunEnd CaseWindow::runSummary()
+CaseJob::RunEnd CaseJob::runSummary()
 {
-    CaseTabState &summary = TabOf(CaseTab::Summary);
+    CaseTabRecord &summary = Record.Tab(CaseTab::Summary);
     summary.TabRequest = TrimBlanks(lboxTabReqQueue.List(0));
     DoSummarySearch(summary.TabRequest);
-    if (summary.Grid->Cell(0, 0).contains(u"not a valid case number", Qt::CaseInsensitive))
+    if (InvalidNumber)
         return RunEnd::InvalidCase;
     askAgainWithAnswer();
-    if (NotLocated) {
+    if (Record.NotLocated) {
         // A stop goes before what the reply said.
-        const RunEnd end = endOf(testStopFlags());
+        const RunEnd end = testStopFlags();
         return end == RunEnd::Normal ? RunEnd::NotLocated : end;
     }
     if (CaseInvalid || FatalError == brokenDown)
         return RunEnd::Error;
     if (lboxTabReqQueue.ListCount() > 0)
         lboxTabReqQueue.RemoveItem(0);
-    if (Archived) {
-        SetCaseDetailsHdr(u"Case Details (*"_s + CaseNumberOf(txtCaseNumber) + u')');
-        setWindowTitle(lblCaseDetailsHdr());
+    // The list of a bankruptcy court has no mark for what is archived.
+    if (Record.Archived && !Record.IsBankruptcy()) {
+        Sheet.SetHeading(u"Case Details (*"_s + CaseNumberOf(Record.txtCaseNumber) + u')');
+        Sheet.SetHeader(&CaseRecord::Caption, Record.lblCaseDetailsHdr);
     }
-    if (lblCaseDetailsHdr().contains(u'*'))
-        Archived = true;
-    return endOf(testStopFlags());
-}
-
-void CaseWindow::retrieveSummary()
-{
-    DoSummarySearch(Tab(CaseTab::Summary).TabRequest);
-    askAgainWithAnswer();
+    return testStopFlags();
 }
 
 /// The Summary asked about arbitration: it is asked for once more, with the answer. Not when nobody
 /// wants the case any more: it has not come then.
-void CaseWindow::askAgainWithAnswer()
+void CaseJob::askAgainWithAnswer()
 {
     if (!UserQuestion || isToEnd())
         return;
-    CaseTabState &summary = TabOf(CaseTab::Summary);
+    CaseTabRecord &summary = Record.Tab(CaseTab::Summary);
     summary.TabRequest = WithArbitration(summary.TabRequest, arbitration);
     UserQuestion = false;
-    ArbitrationAnswer = false;
     Global.ArbitrationChosen = false;
     DoSummarySearch(summary.TabRequest);
 }
 
-CaseWindow::RunEnd CaseWindow::endOf(StopPoint point)
-{
-    switch (point) {
-    case StopPoint::Stop:
-        return RunEnd::Stopped;
-    case StopPoint::Close:
-        return RunEnd::Closed;
-    case StopPoint::GoOn:
-        break;
-    }
-    return RunEnd::Normal;
-}
-
-CaseWindow::RunEnd CaseWindow::runTab(CaseTab tab)
+CaseJob::RunEnd CaseJob::runTab(CaseTab tab)
 {
     rewriteForArbitration(tab);
-    if (IsBankruptcy())
-        takeBankruptcyRequest(tab);
-    const CaseTabState &state = Tab(tab);
-    const bool nothingToAsk = IsBankruptcy() && state.TabRequest.isEmpty();
-    if (!state.TabNotRetrieved && !nothingToAsk)
-        retrieveTab(tab, state.TabRequest);
+    if (Record.IsBankruptcy())
+        Record.Tab(tab).TabRequest = BankruptcyRequest(lboxTabReqQueue.Lines(), tab);
+    const CaseTabRecord &ofTab = Record.Tab(tab);
+    const bool nothingToAsk = Record.IsBankruptcy() && ofTab.TabRequest.isEmpty();
+    if (!ofTab.TabNotRetrieved && !nothingToAsk)
+        retrieveTab(tab, ofTab.TabRequest);
     if (FatalError == brokenDown)
         return RunEnd::Fatal;
-    return endOf(testStopFlags());
-}
-
-/// The court has given the lines of a bankruptcy case in its Summary.
-void CaseWindow::takeBankruptcyRequest(CaseTab tab)
-{
-    const QStringView word = CaseTabRowOf(tab).caption;
-    TabOf(tab).TabRequest.clear();
-    for (const QString &line : lboxTabReqQueue.Lines()) {
-        if (line.contains(word, Qt::CaseInsensitive)) {
-            TabOf(tab).TabRequest = line;
-            return;
-        }
-    }
+    return testStopFlags();
 }
 
 /// The answer goes into the line every time that the line is about to be used; the court reads the
 /// end of the field.
-void CaseWindow::rewriteForArbitration(CaseTab tab)
+void CaseJob::rewriteForArbitration(CaseTab tab)
 {
     if (arbitration == ArbitrationMode::NotAsked || tab == CaseTab::Documents)
         return;
-    TabOf(tab).TabRequest = WithArbitration(Tab(tab).TabRequest, arbitration);
+    Record.Tab(tab).TabRequest = WithArbitration(Record.Tab(tab).TabRequest, arbitration);
     Global.ArbitrationChosen = false;
 }
 
-bool CaseWindow::isToEnd() const
+bool CaseJob::isToEnd() const
 {
     return Global.bStopRequested || CloseRequested || StopRequested;
 }
 
-CaseWindow::StopPoint CaseWindow::testStopFlags()
+CaseJob::RunEnd CaseJob::testStopFlags() const
 {
     if (Global.bStopRequested) {
         WriteAppInfo(u"Searching Stopped - Yielding to Logout Process."_s);
-        return StopPoint::Stop;
+        return RunEnd::Stopped;
     }
     if (CloseRequested) {
         WriteAppInfo(u"Searching Stopped - Yielding to Form Close Request by User."_s);
-        return StopPoint::Close;
+        return RunEnd::Closed;
     }
     if (StopRequested) {
         WriteAppInfo(u"Searching Stopped - Yielding to Stop Command from User."_s);
-        return StopPoint::Stop;
+        return RunEnd::Stopped;
     }
-    return StopPoint::GoOn;
+    return RunEnd::Normal;
 }
 
-void CaseWindow::endRun(RunEnd end)
+void CaseJob::endRun(RunEnd end)
 {
     switch (end) {
     case RunEnd::Normal:
@@ -223,104 +184,99 @@ void CaseWindow::endRun(RunEnd end)
     case RunEnd::NotLocated:
         WriteAppInfo(u"NORMAL EXIT - CASE NOT LOCATED in ProcessSearchReqeusts."_s);
         // Its turn is given back and its status said already.
-        printButton->setEnabled(true);
+        Sheet.AllowPrint(true);
         leaveUnretrieved();
         printIfAsked();
         break;
     case RunEnd::Fatal:
         // The link broke under it: it keeps its place until it is closed, so that nothing is sent
-        // into a conversation in an unknown state.
+        // into a conversation in an unknown ofTab.
         return;
     }
-    voice->Ended(StopRequested);
+    Q_EMIT Ended(StopRequested);
 }
 
-void CaseWindow::showEndStatus()
+void CaseJob::showEndStatus()
 {
-    if (AnyTabIncomplete()) {
-        SetStatusText(u"Search Incomplete!"_s, true);
+    if (Record.AnyTabIncomplete()) {
+        setStatusText(u"Search Incomplete!"_s, StatusStyle::TroubleBold);
     } else {
-        SetStatusText(u"Search Complete"_s);
-        SetWarning({});
+        setStatusText(u"Search Complete"_s);
+        Sheet.SetWarning({});
     }
 }
 
-void CaseWindow::endNormally()
+void CaseJob::endNormally()
 {
     ReleaseTurnOf(txtMasterKey);
-    EndJob();
+    SetOver();
     showEndStatus();
-    printButton->setEnabled(true);
-    startFlash();
+    Sheet.AllowPrint(true);
+    Q_EMIT FlashWanted();
     printIfAsked();
 }
 
-void CaseWindow::endInvalid()
+void CaseJob::endInvalid()
 {
     ReleaseTurnOf(txtMasterKey);
-    EndJob();
-    SetStatusText(u"Search Complete - Case Number Invalid"_s);
-    SetWarning({});
-    printButton->setEnabled(true);
-    FlexGrid *grid = TabOf(CaseTab::Summary).Grid;
-    grid->SetColumnAlignment(0, Qt::AlignLeft | Qt::AlignTop);
-    grid->scrollToTop();
+    SetOver();
+    setStatusText(u"Search Complete - Case Number Invalid"_s);
+    Sheet.SetWarning({});
+    Sheet.AllowPrint(true);
+    Sheet.ToBegin(CaseTab::Summary);
     printIfAsked();
 }
 
-void CaseWindow::endStopped()
+void CaseJob::endStopped()
 {
-    WithdrawKey(txtMasterKey);
-    EndJob();
-    SetStatusText(u"Search Stopped by User .."_s, true);
-    SetWarning(u"Warning: Some results may NOT have been retrieved .."_s);
-    printButton->setEnabled(true);
-    SearchStopped = true;
+    Withdraw();
+    SetOver();
+    setStatusText(u"Search Stopped by User .."_s, StatusStyle::TroubleBold);
+    Sheet.SetWarning(u"Warning: Some results may NOT have been retrieved .."_s);
+    Sheet.AllowPrint(true);
+    Record.SearchStopped = true;
     // The list of documents is no part of what a stop leaves out.
     leaveUnretrieved(Documents::AsTheyAre);
 }
 
-void CaseWindow::endClosed()
+void CaseJob::endClosed()
 {
-    SetStatusText(u"Search Stopped - Form Closing .."_s, true);
-    StopBlinking();
-    SetWarning(u"Closing Form .."_s);
+    setStatusText(u"Search Stopped - Form Closing .."_s, StatusStyle::TroubleBold);
+    SetOver();
+    Sheet.SetWarning(u"Closing Form .."_s);
     ReleaseTurnOf(txtMasterKey);
-    Global.bSearchInProgress = false;
-    HasTurn = false;
-    closesUnasked = true;
-    Unload();
+    FreeLink();
+    Q_EMIT CloseWanted();
 }
 
-void CaseWindow::endInError()
+void CaseJob::endInError()
 {
-    EndJob();
+    SetOver();
     ReleaseTurnOf(txtMasterKey);
-    Global.bSearchInProgress = false;
-    HasTurn = false;
-    printButton->setEnabled(true);
-    startFlash();
+    FreeLink();
+    Sheet.AllowPrint(true);
+    Q_EMIT FlashWanted();
 }
 
-void CaseWindow::EndNotLocated(const QString &status, const QString &captionSuffix)
+void CaseJob::EndNotLocated(const QString &status, const QString &captionSuffix)
 {
-    NotLocated = true;
+    Record.NotLocated = true;
     ReleaseTurnOf(txtMasterKey);
-    EndJob();
-    SetStatusText(status);
-    startFlash();
-    setWindowTitle(windowTitle() + captionSuffix);
+    SetOver();
+    setStatusText(status);
+    Q_EMIT FlashWanted();
+    Sheet.SetHeader(&CaseRecord::Caption, Record.Caption + captionSuffix);
 }
 
-void CaseWindow::printIfAsked()
+void CaseJob::printIfAsked()
 {
-    if (!chkAutoPrint)
+    if (!Record.chkAutoPrint)
         return;
-    chkAutoPrint = false;
+    Record.chkAutoPrint = false;
     // Behind the run: a box must not keep the link from the other cases of a batch.
     const auto print = [this] {
-        if (!IsUnloaded())
-            printDetails();
+        if (talk)
+            talk->Print();
     };
     QMetaObject::invokeMethod(this, print, Qt::QueuedConnection);
 }

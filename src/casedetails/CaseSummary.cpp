@@ -1,16 +1,15 @@
 // The exchange of the Summary, which says what kind of case it is, whether there is one at all, and
 // which tabs it has.
 
-#include "casedetails/CaseWindow.h"
+#include "casedetails/CaseExchange.h"
+#include "casedetails/CaseJob.h"
+#include "casedetails/CaseTalk.h"
 #include "casedetails/GridGrammar.h"
 #include "casedetails/SummaryReply.h"
-#include "casedetails/frmArbPrompt.h"
 #include "core/GlobalState.h"
 #include "core/Log.h"
 #include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
-
-#include <QLabel>
 
 using namespace Qt::StringLiterals;
 
@@ -33,10 +32,16 @@ constexpr qsizetype fewestLinesOf(CaseKind kind)
     }
     return 0;
 }
+
+void logSummaryFailure(const QString &first, const QString &request, const QString &reason)
+{
+    WriteAppInfo(first + request);
+    WriteAppInfo(TextsOf(CaseTab::Summary).SearchResult + reason);
+}
 } // namespace
 
 /// What the lines of a Summary reply amount to.
-struct CaseWindow::SummaryRead
+struct CaseJob::SummaryRead
 {
     QString ErrorText;
     QString TimeOut;        ///< the reason, when the end mark did not come
@@ -45,54 +50,54 @@ struct CaseWindow::SummaryRead
     bool NotOnFile = false; ///< the reply ended before its end mark
 };
 
-void CaseWindow::DoSummarySearch(const QString &request)
+void CaseJob::DoSummarySearch(const QString &request)
 {
-    CaseTabState &summary = TabOf(CaseTab::Summary);
+    CaseTabRecord &summary = Record.Tab(CaseTab::Summary);
     const TabTexts texts = TextsOf(CaseTab::Summary);
     try {
         summary.TabIncomplete = false;
-        NotLocated = false;
+        Record.NotLocated = false;
         UserQuestion = false;
+        InvalidNumber = false;
         if (summary.TabNotRetrieved)
-            lblWarning->hide();
+            Sheet.SetWarning({});
         WriteAppInfo(texts.Retrieving);
-        SetStatusText(texts.Retrieving);
+        setStatusText(texts.Retrieving);
         summary.TabDone = false;
         lboxResponses.Clear();
-        sendTabRequest(request, true);
-        const SummaryRead read = readSummary(request);
-        if (!read.TimeOut.isEmpty())
+        SendTabRequest(request, Record.ClientAcctgCode);
+        SummaryRead read;
+        const auto take = [&](const QString &line) { return takeSummaryLine(line, request, read); };
+        if (!ReadTabReply(u" ", take))
+            read.TimeOut = ReplyTimedOut.toString();
+        if (!read.TimeOut.isEmpty()) {
             summaryIncomplete(request, read.TimeOut);
-        else if (read.NotOnFile)
-            summaryNotOnFile(request);
-        else
+        } else if (read.NotOnFile) {
+            lboxResponses.Clear();
+            lboxResponses.AddItem(caseNotFound.toString());
+            ShowSummaryResponse();
+            setStatusText(texts.Complete);
+            summaryComplete(request);
+        } else {
             evaluateSummary(request, read);
+        }
     } catch (const RunTimeError &error) {
         tabFailed(CaseTab::Summary, error);
     }
 }
 
-CaseWindow::SummaryRead CaseWindow::readSummary(const QString &request)
-{
-    SummaryRead read;
-    const auto take = [&](const QString &line) { return takeSummaryLine(line, request, read); };
-    if (!readLines(u" ", take))
-        read.TimeOut = timedOut.toString();
-    return read;
-}
-
 /// True when nothing more is read.
-bool CaseWindow::takeSummaryLine(const QString &line, const QString &request, SummaryRead &read)
+bool CaseJob::takeSummaryLine(const QString &line, const QString &request, SummaryRead &read)
 {
-    switch (ClassifySummaryLine(lblState, line)) {
+    switch (ClassifySummaryLine(Record.lblState, line)) {
     case SummaryLine::EndOfReply:
         return true;
     case SummaryLine::BankruptcyNotFound:
         lboxResponses.Clear();
         lboxResponses.AddItem(caseNotFound.toString());
-        SetCaseTitle(notAvailable.toString());
-        SetDateFiled(notAvailable.toString());
-        SetStatusText(TextsOf(CaseTab::Summary).Complete);
+        Sheet.SetTitle(notAvailable.toString());
+        Sheet.SetHeader(&CaseRecord::lblDateFiled, notAvailable.toString());
+        setStatusText(TextsOf(CaseTab::Summary).Complete);
         WriteAppInfo(TextsOf(CaseTab::Summary).AllReceived + request);
         break;
     case SummaryLine::NotOnFile:
@@ -113,7 +118,7 @@ bool CaseWindow::takeSummaryLine(const QString &line, const QString &request, Su
     return false;
 }
 
-void CaseWindow::takeSummaryError(const QString &line, SummaryRead &read)
+void CaseJob::takeSummaryError(const QString &line, SummaryRead &read)
 {
     const SummaryError error = ReadSummaryError(line);
     read.ErrorText = error.Text;
@@ -127,34 +132,23 @@ void CaseWindow::takeSummaryError(const QString &line, SummaryRead &read)
 }
 
 /// The court does not go on before it knows; the answer is part of every later request of the case.
-void CaseWindow::askArbitration()
+void CaseJob::askArbitration()
 {
     UserQuestion = true;
-    ArbitrationAnswer = false;
-    frmArbPrompt::ShowModal(this);
-    ArbitrationAnswer = Global.ArbitrationChosen;
-    arbitration = ArbitrationAnswer ? ArbitrationMode::Arbitration : ArbitrationMode::NoArbitration;
+    const bool chosen = talk && talk->AskArbitration();
+    arbitration = chosen ? ArbitrationMode::Arbitration : ArbitrationMode::NoArbitration;
     Global.ArbitrationChosen = false;
 }
 
-void CaseWindow::summaryNotOnFile(const QString &request)
+void CaseJob::evaluateSummary(const QString &request, const SummaryRead &read)
 {
-    lboxResponses.Clear();
-    lboxResponses.AddItem(caseNotFound.toString());
-    ShowSummaryResponse();
-    SetStatusText(TextsOf(CaseTab::Summary).Complete);
-    summaryComplete(request);
-}
-
-void CaseWindow::evaluateSummary(const QString &request, const SummaryRead &read)
-{
-    lblStatus->show();
+    Q_EMIT StatusToBeSeen();
     if (read.Question) {
         if (!isToEnd())
             askArbitration();
         return;
     }
-    if (read.ErrorText.contains(u"not a valid case number", Qt::CaseInsensitive)) {
+    if (IsInvalidNumber(read.ErrorText)) {
         summaryInvalid(request, read.ErrorText);
         return;
     }
@@ -162,85 +156,75 @@ void CaseWindow::evaluateSummary(const QString &request, const SummaryRead &read
                                 Qt::CaseInsensitive)) {
         logSummaryFailure(TextsOf(CaseTab::Summary).SearchIncomplete, request,
                           u"Search Incomplete. Idaho Courts Are Currently Unavailable."_s);
-        lblState = u"ID"_s;
+        Record.lblState = u"ID"_s;
         lboxResponses.Clear();
         lboxResponses.AddItem(idahoIsDown.toString());
     } else if (read.Warnings) {
-        SetStatusText(warningsStatus.toString());
+        setStatusText(warningsStatus.toString());
         summaryIncomplete(request, read.ErrorText);
         return;
     } else if (stopHasCutSummaryShort()) {
         return;
-    } else if (IsBankruptcy() && lboxResponses.ListCount() == 0) {
+    } else if (Record.IsBankruptcy() && lboxResponses.ListCount() == 0) {
         lboxResponses.AddItem(caseNotFound.toString());
-        SetCaseTitle(notAvailable.toString());
-        SetDateFiled(notAvailable.toString());
+        Sheet.SetTitle(notAvailable.toString());
+        Sheet.SetHeader(&CaseRecord::lblDateFiled, notAvailable.toString());
     }
-    showSummary();
+    ShowSummaryResponse();
+    // A reply that ended the search has said so itself.
+    if (!Record.NotLocated)
+        setStatusText(TextsOf(CaseTab::Summary).Complete);
     summaryComplete(request);
 }
 
 /// A reply that ended with a stop before there was a case in it says nothing of the case: not that
 /// there is none, and not that this is all of it. The run ends with the stop, and the Summary
 /// offers itself as one that has not come.
-bool CaseWindow::stopHasCutSummaryShort() const
+bool CaseJob::stopHasCutSummaryShort() const
 {
     return (StopRequested || Global.bStopRequested)
-           && lboxResponses.ListCount() < fewestLinesOf(kind);
+           && lboxResponses.ListCount() < fewestLinesOf(Record.Kind);
 }
 
-void CaseWindow::showSummary()
-{
-    ShowSummaryResponse();
-    // A reply that ended the search has said so itself.
-    if (!NotLocated)
-        SetStatusText(TextsOf(CaseTab::Summary).Complete);
-}
-
-void CaseWindow::summaryComplete(const QString &request)
+void CaseJob::summaryComplete(const QString &request)
 {
     const TabTexts texts = TextsOf(CaseTab::Summary);
     WriteAppInfo(texts.AllReceived + request);
     WriteAppInfo(texts.NormalExit);
-    TabOf(CaseTab::Summary).TabDone = true;
-    TabOf(CaseTab::Summary).TabIncomplete = false;
-}
-
-void CaseWindow::logSummaryFailure(const QString &first, const QString &request,
-                                   const QString &reason)
-{
-    WriteAppInfo(first + request);
-    WriteAppInfo(TextsOf(CaseTab::Summary).SearchResult + reason);
+    Record.Tab(CaseTab::Summary).TabDone = true;
+    Record.Tab(CaseTab::Summary).TabIncomplete = false;
 }
 
 /// The reason stands where the Summary would, alone.
-void CaseWindow::showFailedSummary(const QString &reason)
+void CaseJob::showFailedSummary(const QString &reason)
 {
-    SetStatusText(warningsStatus.toString(), true);
+    setStatusText(warningsStatus.toString(), StatusStyle::TroubleBold);
     ShowSummaryFailure(reason);
-    ShowGrid(CaseTab::Summary, OneCellTable(lboxResponses.List(0)));
+    const QString shown = lboxResponses.List(0);
+    InvalidNumber = IsInvalidNumber(shown);
+    Sheet.ShowTable(CaseTab::Summary, OneCellTable(shown));
     ActivateTab(CaseTabRowOf(CaseTab::Summary).caption.toString());
-    RemoveAllTabsButFirst();
+    Sheet.RemoveAllTabsButFirst();
 }
 
-void CaseWindow::summaryInvalid(const QString &request, const QString &reason)
+void CaseJob::summaryInvalid(const QString &request, const QString &reason)
 {
     logSummaryFailure(u"Summary Search Incomplete. Invalid Case# for County. Request: "_s, request,
                       reason);
-    SetWarning(u"Summary Information Unvavailable! Case Number Invalid For County."_s);
+    Sheet.SetWarning(u"Summary Information Unvavailable! Case Number Invalid For County."_s);
     showFailedSummary(reason);
-    CaseTabState &summary = TabOf(CaseTab::Summary);
+    CaseTabRecord &summary = Record.Tab(CaseTab::Summary);
     summary.TabNotRetrieved = false;
     summary.TabIncomplete = false;
     summary.TabDone = false;
 }
 
-void CaseWindow::summaryIncomplete(const QString &request, const QString &reason)
+void CaseJob::summaryIncomplete(const QString &request, const QString &reason)
 {
     logSummaryFailure(TextsOf(CaseTab::Summary).SearchIncomplete, request, reason);
-    SetWarning(u"Summary Information Incomplete! Please Retry Search."_s);
+    Sheet.SetWarning(u"Summary Information Incomplete! Please Retry Search."_s);
     showFailedSummary(reason);
-    CaseTabState &summary = TabOf(CaseTab::Summary);
+    CaseTabRecord &summary = Record.Tab(CaseTab::Summary);
     summary.TabIncomplete = true;
     summary.TabNotRetrieved = false;
     summary.TabDone = false;

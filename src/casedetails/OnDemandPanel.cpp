@@ -14,6 +14,9 @@ OnDemandPanel::OnDemandPanel(QWidget *parent)
                 box->setChecked(on);
         }
     };
+    for (int i = 0; i < BoxCount; ++i)
+        connect(chkTab.at(static_cast<size_t>(i)), &QCheckBox::toggled, this,
+                [this, i](bool on) { Q_EMIT BoxToggled(i, on); });
     connect(ui->cmdSelectAll, &QPushButton::clicked, this, [tickAll] { tickAll(true); });
     connect(ui->cmdClearAll, &QPushButton::clicked, this, [tickAll] { tickAll(false); });
     connect(ui->cmdSearchNow, &QPushButton::clicked, this, &OnDemandPanel::SearchNow);
@@ -36,18 +39,11 @@ void OnDemandPanel::UseBox(int index, const QString &caption)
     box->show();
 }
 
-void OnDemandPanel::Offer(int index, bool available)
+void OnDemandPanel::Offer(int index, bool offered, bool chosen)
 {
     QCheckBox *box = chkTab.at(static_cast<size_t>(index));
-    box->setEnabled(available);
-    box->setChecked(available);
-}
-
-bool OnDemandPanel::IsChosen(int index) const
-{
-    const QCheckBox *box = chkTab.at(static_cast<size_t>(index));
-    // Of its own: while the panel is not on the screen, it counts as disabled with all it holds.
-    return box->isChecked() && box->isEnabledTo(this);
+    box->setEnabled(offered);
+    box->setChecked(chosen);
 }
 
 void OnDemandPanel::FollowInTabOrder(QWidget *widget)

@@ -26,9 +26,8 @@ public:
     void UseBox(int index, const QString &caption);
     void HideBoxes();
 
-    /// A tab that can be fetched is enabled and ticked; one that cannot is neither.
-    void Offer(int index, bool available);
-    bool IsChosen(int index) const;
+    /// Shows whether a box can be ticked, and is.
+    void Offer(int index, bool offered, bool chosen);
 
     /// The Tab key comes to the panel from this widget.
     void FollowInTabOrder(QWidget *widget);
@@ -37,6 +36,8 @@ public:
     void SetCommandsEnabled(bool enabled);
 
 Q_SIGNALS:
+    /// A box has a tick now, or none; told also when the program did it.
+    void BoxToggled(int index, bool on);
     void SearchNow();
 
 private:

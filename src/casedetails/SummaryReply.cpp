@@ -302,6 +302,11 @@ SummaryLine ClassifySummaryLine(const QString &state, const QString &line)
     return SummaryLine::Data;
 }
 
+bool IsInvalidNumber(const QString &text)
+{
+    return holds(text, invalidNumber);
+}
+
 SummaryError ReadSummaryError(const QString &line)
 {
     constexpr qsizetype errorWord = 5;
@@ -353,8 +358,9 @@ SummaryView ReadSummary(const SummaryContext &context, const QStringList &lines)
         view.Grid = OneCellTable(notLocated.toString());
         return view;
     }
-    if (context.State == u"WA" && holds(first, invalidNumber)) {
+    if (context.State == u"WA" && IsInvalidNumber(first)) {
         SummaryView view;
+        view.InvalidNumber = true;
         view.Grid = OneCellTable(first);
         return view;
     }

@@ -23,6 +23,9 @@ enum class SummaryLine {
 };
 SummaryLine ClassifySummaryLine(const QString &state, const QString &line);
 
+/// Whether a text of the court says that a number is none of a case.
+bool IsInvalidNumber(const QString &text);
+
 /// What an error line does.
 struct SummaryError
 {
@@ -49,8 +52,9 @@ struct SummaryView
     QStringList TabRequests;         ///< bankruptcy: lines for lboxTabReqQueue
     QStringList List1;               ///< bankruptcy: each listed case's command^grid row^
     bool ActivateSummary = false;
-    bool Multiple = false;   ///< several bankruptcy cases are on the screen
-    bool NotLocated = false; ///< the search is over: nothing came at all
+    bool Multiple = false;      ///< several bankruptcy cases are on the screen
+    bool InvalidNumber = false; ///< the court says that the number is none of a case
+    bool NotLocated = false;    ///< the search is over: nothing came at all
 };
 
 /// What the window shows before the reply.

@@ -1,17 +1,53 @@
 #include "casedetails/frmCaseDetails.h"
 
-#include "casedetails/SummaryReply.h"
+#include "casedetails/CaseLinks.h"
+#include "casedetails/StateCaseJob.h"
+#include "core/GlobalState.h"
+#include "core/Log.h"
+#include "core/RunTimeError.h"
+#include "core/TextUtilities.h"
+#include "core/Windows1252.h"
+#include "session/LoginOffer.h"
+#include "session/NewWindow.h"
 #include "ui_frmCaseDetails.h"
-
-#include <QLabel>
 
 using namespace Qt::StringLiterals;
 
+namespace {
+/// The code that a further retrieval is billed to: the one in force, which the user may have
+/// changed since the case was opened.
+QString codeInForce(const QString &codeOfCase)
+{
+    const QString code = FoldToUpper(TrimBlanks(Global.ClientAcctgCode));
+    return code.isEmpty() ? codeOfCase : code;
+}
+
+/// Whether a search may begin; asks for the login otherwise.
+bool mayBegin(QWidget *window)
+{
+    if (Global.bLoggedIn)
+        return true;
+    if (OfferLogin(window))
+        ShowLoginModally();
+    return Global.bLoggedIn;
+}
+
+/// Opens a case that another one names.
+void openLinked(CaseStart start)
+{
+    start.ClientAcctgCode = codeInForce(start.ClientAcctgCode);
+    NewWindow form(new frmCaseDetails);
+    form->Take(start);
+    form.GiveKey();
+    form.Launch();
+}
+} // namespace
+
 frmCaseDetails::frmCaseDetails(QWidget *parent)
-    : CaseWindow(CaseKind::State, parent), ui(std::make_unique<Ui::frmCaseDetails>())
+    : CaseWindow(new StateCaseJob, parent), List1(Record().List1),
+      ui(std::make_unique<Ui::frmCaseDetails>())
 {
     ui->setupUi(this);
-    ui->Label1_2->hide();
     UseTab(CaseTab::Summary, ui->frameTabs_0, ui->GridSummary);
     UseTab(CaseTab::Names, ui->frameTabs_1, ui->GridNames);
     UseTab(CaseTab::Docket, ui->frameTabs_2, ui->GridDocket);
@@ -31,106 +67,53 @@ frmCaseDetails::frmCaseDetails(QWidget *parent)
 
 frmCaseDetails::~frmCaseDetails() = default;
 
-void frmCaseDetails::SetTopFrameCaseType(const QString &text)
+void frmCaseDetails::ShowHeader()
 {
-    ui->lblTopFrameCaseType->setText(text);
+    CaseWindow::ShowHeader();
+    ui->lblTopFrameCaseType->setText(Record().lblTopFrameCaseType);
+    ui->Label1_2->setText(Record().MultipleLabel);
+    ui->Label1_2->setVisible(!Record().MultipleLabel.isEmpty());
 }
 
-QString frmCaseDetails::lblTopFrameCaseType() const
+void frmCaseDetails::GridSummary_DblClick(int row)
 {
-    return ui->lblTopFrameCaseType->text();
-}
-
-void frmCaseDetails::CutTabsToCase()
-{
-    if (lblState == u"OR")
-        SetOregonTabs();
-    else if (lblState == u"ID")
-        SetIdahoTabs();
-    else
-        SetWashingtonTabs(txtCaseNumber);
-}
-
-void frmCaseDetails::SetWashingtonTabs(const QString &number)
-{
-    SetTabs(WashingtonTabs(number));
-}
-
-void frmCaseDetails::SetOregonTabs()
-{
-    SetTabs(OregonTabs());
-}
-
-void frmCaseDetails::SetIdahoTabs()
-{
-    SetTabs(IdahoTabs());
-}
-
-void frmCaseDetails::ShowTab(CaseTab tab, bool incomplete, const QString &request)
-{
-    CaseWindow::ShowTab(tab, incomplete, request);
-    // What Idaho puts there are numbers of counts, which stand against their text.
-    constexpr Qt::Alignment rightTop = Qt::AlignRight | Qt::AlignTop;
-    constexpr Qt::Alignment leftTop = Qt::AlignLeft | Qt::AlignTop;
-    if (tab == CaseTab::Charges)
-        ui->GridCharges->SetColumnAlignment(0, lblState == u"ID" ? rightTop : leftTop);
-}
-
-void frmCaseDetails::ShowSummaryResponse()
-{
-    applySummary(ReadSummary({.State = lblState,
-                              .CountyName = txtCountyName,
-                              .CaseTitle = lblCaseTitle(),
-                              .CaseDetailsHdr = lblCaseDetailsHdr(),
-                              .CourtName = lblCourtName()},
-                             lboxResponses.Lines()));
-}
-
-void frmCaseDetails::applySummary(const SummaryView &view)
-{
-    if (view.CourtName)
-        SetCourtName(*view.CourtName);
-    if (view.TopFrameCaseType)
-        SetTopFrameCaseType(*view.TopFrameCaseType);
-    // The courts send a chapter for it, which stands behind the title.
-    else if (IsBankruptcy())
-        SetTopFrameCaseType(u"Bankruptcy"_s);
-    if (view.CaseTitle)
-        SetCaseTitle(*view.CaseTitle);
-    if (view.DateFiled)
-        SetDateFiled(*view.DateFiled);
-    if (view.Caption)
-        setWindowTitle(*view.Caption);
-    if (view.NotLocated)
-        EndNotLocated(u"Search Stopped. Case Not Located."_s,
-                      view.CaptionSuffix.value_or(QString()));
-    if (view.MultipleLabel) {
-        ui->Label1_2->setText(*view.MultipleLabel);
-        ui->Label1_2->show();
-    }
-    if (view.Grid) {
-        const bool items = view.Grid->HasHeader && view.Grid->Columns.size() == 2;
-        ui->GridSummary->SetColumnAlignment(0, (items ? Qt::AlignRight : Qt::AlignLeft)
-                                                   | Qt::AlignTop);
-        ShowGrid(CaseTab::Summary, *view.Grid);
-    }
-    if (view.ActivateSummary)
-        ActivateTab(CaseTabRowOf(CaseTab::Summary).caption.toString());
-    if (view.Tabs)
-        SetTabs(*view.Tabs);
-    for (const QString &line : view.TabRequests)
-        lboxTabReqQueue.AddItem(line);
-    if (view.Multiple) {
-        chkBKYass = true;
-        List1 = view.List1;
-    }
-}
-
-void frmCaseDetails::ShowSummaryFailure(const QString &reason)
-{
-    if (lblState != u"WA")
+    const RunScope scope(this);
+    const std::optional<CaseStart> listed = ListedCase(Record(), row);
+    const QString associated = AssociatedCase(Record(), row);
+    if ((!listed && associated.isEmpty()) || !mayBegin(this))
         return;
-    SetCaseTitle(reason);
-    SetCourtName(txtCountyName + u" County, Washington Superior Courts"_s);
-    SetDateFiled(u"N/A"_s);
+    if (listed)
+        openLinked(*listed);
+    else
+        DoCaseNumberSearchAss(associated);
+}
+
+void frmCaseDetails::GridJudgment_DblClick(int row)
+{
+    const RunScope scope(this);
+    const QString number = CaseOfJudgment(Record(), row);
+    if (!number.isEmpty() && mayBegin(this))
+        DoCaseNumberSearchJudgment(number);
+}
+
+bool frmCaseDetails::DoCaseNumberSearchAss(const QString &number)
+{
+    return openCaseOfCounty(number, u"DoCaseNumberSearchAss"_s);
+}
+
+bool frmCaseDetails::DoCaseNumberSearchJudgment(const QString &number)
+{
+    return openCaseOfCounty(number, u"DoCaseNumberSearchJudgment"_s);
+}
+
+bool frmCaseDetails::openCaseOfCounty(const QString &number, const QString &procedure)
+{
+    try {
+        openLinked(CaseOfCounty(Record(), number));
+        return true;
+    } catch (const RunTimeError &error) {
+        WriteAppInfo(u"Error Executing Case Number Search: frmCaseDetails::"_s + procedure
+                     + u"(): Error: "_s + error.Description());
+        return false;
+    }
 }

@@ -8,8 +8,6 @@ namespace Ui {
 class frmCaseDetails;
 }
 
-struct SummaryView;
-
 /// One case of the Washington Superior Courts, the courts of Oregon and Idaho, or a Federal
 /// Bankruptcy Court.
 class frmCaseDetails : public CaseWindow
@@ -19,8 +17,11 @@ public:
     explicit frmCaseDetails(QWidget *parent = nullptr);
     ~frmCaseDetails() override;
 
-    void SetTopFrameCaseType(const QString &text);
-    QString lblTopFrameCaseType() const;
+    void SetTopFrameCaseType(const QString &text)
+    {
+        setHeader(&CaseRecord::lblTopFrameCaseType, text);
+    }
+    QString lblTopFrameCaseType() const { return Record().lblTopFrameCaseType; }
 
     /// Opens an associated case of the same county, by its number, in a window of its own. False,
     /// and a line in the log, when that fails.
@@ -29,22 +30,14 @@ public:
     bool DoCaseNumberSearchJudgment(const QString &number);
 
     /// Of several bankruptcy cases: the retrieval command of each row, in order.
-    QStringList List1;
+    const QStringList &List1;
 
 protected:
-    void CutTabsToCase() override;
-    void ShowSummaryResponse() override;
-    void ShowSummaryFailure(const QString &reason) override;
-    void ShowTab(CaseTab tab, bool incomplete, const QString &request) override;
+    void ShowHeader() override;
 
 private:
-    void SetWashingtonTabs(const QString &number);
-    void SetOregonTabs();
-    void SetIdahoTabs();
-    void applySummary(const SummaryView &view);
     void GridSummary_DblClick(int row);
     void GridJudgment_DblClick(int row);
-    void openListedCase(const QString &request);
     bool openCaseOfCounty(const QString &number, const QString &procedure);
 
     const std::unique_ptr<Ui::frmCaseDetails> ui;

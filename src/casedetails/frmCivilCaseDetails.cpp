@@ -1,6 +1,5 @@
 #include "casedetails/frmCivilCaseDetails.h"
 
-#include "casedetails/DiscisSummary.h"
 #include "ui_frmCivilCaseDetails.h"
 
 frmCivilCaseDetails::frmCivilCaseDetails(QWidget *parent)
@@ -17,13 +16,13 @@ frmCivilCaseDetails::frmCivilCaseDetails(QWidget *parent)
     UseNotes(CaseTab::Judgments, ui->lblCvjiNote1, ui->lblCvjiNote2);
     UseCaseTitle(ui->lblCaseTitle);
     UseDiscisControls(*ui);
-    SetCaseType(QStringLiteral("CIVIL  CV"));
 }
 
 frmCivilCaseDetails::~frmCivilCaseDetails() = default;
 
-void frmCivilCaseDetails::ShowOwnFields(const DiscisSummaryView &view)
+void frmCivilCaseDetails::ShowHeader()
 {
-    SetText(ui->lblCause, view.Cause);
-    SetText(ui->lblSuitAmt, view.SuitAmt);
+    DiscisCaseWindow::ShowHeader();
+    ui->lblCause->setText(Record().lblCause);
+    ui->lblSuitAmt->setText(Record().lblSuitAmt);
 }

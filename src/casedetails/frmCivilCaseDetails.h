@@ -17,7 +17,7 @@ public:
     ~frmCivilCaseDetails() override;
 
 protected:
-    void ShowOwnFields(const DiscisSummaryView &view) override;
+    void ShowHeader() override;
 
 private:
     const std::unique_ptr<Ui::frmCivilCaseDetails> ui;

@@ -1,6 +1,5 @@
 #include "casedetails/frmNCCaseDetails.h"
 
-#include "casedetails/DiscisSummary.h"
 #include "ui_frmNCCaseDetails.h"
 
 frmNCCaseDetails::frmNCCaseDetails(QWidget *parent)
@@ -16,14 +15,14 @@ frmNCCaseDetails::frmNCCaseDetails(QWidget *parent)
     UseNotes(CaseTab::Docket, ui->lblNoteCDK1, ui->lblNoteCDK2);
     UseNotes(CaseTab::Violations, ui->lblNCVIONote1, ui->lblNCVIONote2);
     UseDiscisControls(*ui);
-    SetCaseType(QStringLiteral("NON-CIVIL"));
 }
 
 frmNCCaseDetails::~frmNCCaseDetails() = default;
 
-void frmNCCaseDetails::ShowOwnFields(const DiscisSummaryView &view)
+void frmNCCaseDetails::ShowHeader()
 {
-    SetText(ui->lblName, view.Name);
-    SetText(ui->lblSex, view.Sex);
-    SetText(ui->lblCourtType, view.CourtType);
+    DiscisCaseWindow::ShowHeader();
+    ui->lblName->setText(Record().lblName);
+    ui->lblSex->setText(Record().lblSex);
+    ui->lblCourtType->setText(Record().lblCourtType);
 }

@@ -18,7 +18,7 @@ public:
     ~frmNCCaseDetails() override;
 
 protected:
-    void ShowOwnFields(const DiscisSummaryView &view) override;
+    void ShowHeader() override;
 
 private:
     const std::unique_ptr<Ui::frmNCCaseDetails> ui;

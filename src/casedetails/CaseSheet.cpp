@@ -1,0 +1,104 @@
+#include "casedetails/CaseSheet.h"
+
+#include <algorithm>
+
+CaseSheet::CaseSheet(CaseKind kind) : Record(kind) {}
+
+void CaseSheet::Take(const CaseStart &start)
+{
+    static_cast<CaseStart &>(Record) = start;
+    Q_EMIT HeaderChanged();
+}
+
+void CaseSheet::SetHeader(QString CaseRecord::*field, const QString &text)
+{
+    Record.*field = text;
+    Q_EMIT HeaderChanged();
+}
+
+void CaseSheet::SetHeading(const QString &text)
+{
+    Record.SetHeading(text);
+    Q_EMIT HeaderChanged();
+}
+
+void CaseSheet::SetTitle(const QString &text)
+{
+    Record.SetTitle(text);
+    Q_EMIT HeaderChanged();
+}
+
+void CaseSheet::SetWarning(const QString &text, StatusStyle style)
+{
+    Record.lblWarning.Set(text, style);
+    Q_EMIT WarningChanged();
+}
+
+void CaseSheet::SetTabs(const QStringList &captions)
+{
+    const QString selected = Record.SelectedTab;
+    Record.TabCaptions = captions;
+    if (!captions.contains(selected))
+        Record.SelectedTab = captions.value(0);
+    Q_EMIT TabsChanged();
+    if (Record.SelectedTab == selected)
+        return;
+    // The tab that was in sight has gone: what the strip has selected instead comes into sight.
+    const std::optional<CaseTab> tab = CaseTabOf(Record.SelectedTab);
+    if (tab && Record.Tab(*tab).Exists)
+        BringIntoSight(*tab);
+}
+
+void CaseSheet::RemoveAllTabsButFirst()
+{
+    SetTabs(Record.TabCaptions.first(std::min<qsizetype>(1, Record.TabCaptions.size())));
+}
+
+void CaseSheet::ShowTable(CaseTab tab, const GridTable &table)
+{
+    if (!Record.Tab(tab).Exists)
+        return;
+    Record.Tab(tab).Table = table;
+    Q_EMIT TabChanged(tab);
+}
+
+void CaseSheet::ToBegin(CaseTab tab)
+{
+    Record.Tab(tab).FirstColumn = CaseTabRecord().FirstColumn;
+    Q_EMIT TabToBegin(tab);
+}
+
+void CaseSheet::BringIntoSight(CaseTab tab)
+{
+    Record.InSight = tab;
+    Record.PanelInSight = Record.Tab(tab).TabNotRetrieved;
+    if (Record.PanelInSight)
+        OfferMissing();
+    Q_EMIT SightChanged();
+}
+
+void CaseSheet::OfferMissing(bool keepTicks)
+{
+    for (int i = 0; i < caseTabCount; ++i) {
+        const auto tab = static_cast<CaseTab>(i);
+        CaseTabRecord &state = Record.Tab(tab);
+        const bool missing = Record.TabExists(tab) && !state.TabDone;
+        if (state.Exists && !(missing && keepTicks)) {
+            state.Offered = missing;
+            state.Chosen = missing;
+        }
+    }
+    Q_EMIT OfferChanged();
+}
+
+void CaseSheet::AllowSearchNow(bool allowed)
+{
+    Record.CanSearchNow = allowed;
+    Q_EMIT OfferChanged();
+}
+
+void CaseSheet::AllowPrint(bool allowed)
+{
+    Record.CanPrint = allowed;
+    Q_EMIT OfferChanged();
+}

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "records/CaseRecord.h"
+
+#include <QObject>
+
+/// The record of a case, with who shows it told of each change, there and then. Who shows it writes
+/// back what the user chose.
+class CaseSheet : public QObject
+{
+    Q_OBJECT
+public:
+    explicit CaseSheet(CaseKind kind);
+
+    /// Takes what the starter hands over.
+    void Take(const CaseStart &start);
+    /// A text of the header that is nothing but a text.
+    void SetHeader(QString CaseRecord::*field, const QString &text);
+    void SetHeading(const QString &text);
+    void SetTitle(const QString &text);
+    void SetWarning(const QString &text, StatusStyle style = StatusStyle::TroubleBold);
+
+    /// Cuts the strip to these captions, or extends it to them.
+    void SetTabs(const QStringList &captions);
+    /// Only the Summary is left.
+    void RemoveAllTabsButFirst();
+    void ShowTable(CaseTab tab, const GridTable &table);
+    /// A tab's table stands as it does when it is new.
+    void ToBegin(CaseTab tab);
+    /// Brings the tab below the strip, or the on-demand panel in its place.
+    void BringIntoSight(CaseTab tab);
+
+    /// The user selected this tab in the strip.
+    void Select(const QString &caption) { Record.SelectedTab = caption; }
+    /// The user ticked a box of the on-demand panel, or took its tick away.
+    void Choose(CaseTab tab, bool chosen) { Record.Tab(tab).Chosen = chosen; }
+    /// Every tab that has not come is offered and ticked on the panel; what is missing stays as it
+    /// is ticked where the ticks are to be kept.
+    void OfferMissing(bool keepTicks);
+    /// The same. Only while a run waits or goes on are the ticks what the user has made them:
+    /// looking at another tab must not add to what is fetched.
+    void OfferMissing() { OfferMissing(ChoiceStands); }
+    void AllowSearchNow(bool allowed);
+    void AllowPrint(bool allowed);
+
+    CaseRecord Record;
+    bool ChoiceStands = false; ///< a later run waits or goes on: its ticks are the user's
+
+Q_SIGNALS:
+    void HeaderChanged(); ///< the caption of the window, or a text of its header
+    void WarningChanged();
+    void TabsChanged(); ///< the strip has other captions
+    /// What is below the strip, or selected in it, is another, or is to be shown afresh.
+    void SightChanged();
+    void TabChanged(CaseTab tab); ///< it has another table
+    void TabToBegin(CaseTab tab);
+    void OfferChanged(); ///< what the panel offers, or whether something can be printed
+};
