@@ -47,7 +47,7 @@ private:
     bool pageOffered = false;
     bool pageTaken = false; ///< the page that was offered has been asked for
     QString pageCount;
-    // The rows with which the server told of trouble in an index search
+    // The rows with which the server reported trouble in an index search
     bool ServerErrorSeen = false;
     QString ServerErrorText;
     bool ServerWarningSeen = false;

@@ -113,6 +113,6 @@ private:
     QPushButton *printButton = nullptr;
     QPushButton *retrieveButton = nullptr;
     QString shownCaption;
-    bool closesUnasked = false; ///< the box has told why, and the user has answered it
+    bool closesUnasked = false; ///< the box has said why, and the user has answered it
     bool sortFlag = false;      ///< turned by every click on a header
 };

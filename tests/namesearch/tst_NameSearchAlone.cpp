@@ -48,7 +48,7 @@ private Q_SLOTS:
     void stoppedInTheMiddle();
     void stoppedForAll();
     void pagesOfAnIndex();
-    void anEmptyListIsToldOnce();
+    void anEmptyListIsReportedOnce();
     void nobodyLooksBeforeItsTurn();
     void nobodyLooksInTheMiddle();
     void itGoesWhenItsRunHasEnded();
@@ -158,7 +158,7 @@ void tst_NameSearchAlone::pagesOfAnIndex()
     QCOMPARE(search->SearchRunCount, qint16(2));
 }
 
-void tst_NameSearchAlone::anEmptyListIsToldOnce()
+void tst_NameSearchAlone::anEmptyListIsReportedOnce()
 {
     CourtSearch *search = Start(QStringList());
     const Listener listener(search);

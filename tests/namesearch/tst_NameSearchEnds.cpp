@@ -23,7 +23,7 @@ class tst_NameSearchEnds : public SearchTest
 {
     Q_OBJECT
 private Q_SLOTS:
-    void anEmptyListIsToldAndClosesTheWindow();
+    void anEmptyListIsReportedAndClosesTheWindow();
     void theCountIsShownAsRowsArrive();
     void outcome_data();
     void outcome();
@@ -184,7 +184,7 @@ void tst_NameSearchEnds::anEmptyListThatIsWithdrawnMeanwhileLeavesTheNextJobsTur
     QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{secondKey});
 }
 
-void tst_NameSearchEnds::anEmptyListIsToldAndClosesTheWindow()
+void tst_NameSearchEnds::anEmptyListIsReportedAndClosesTheWindow()
 {
     desk->ConnectTo(*court);
     const QPointer<frmNameSearchResults> window(desk->MakePending({}));
