@@ -95,7 +95,7 @@ void finish()
         YieldUntilEvent(0.05);
 }
 
-/// The longest time for which rows were there that the view had not been told of.
+/// The longest time for which rows were there that the view did not know of.
 class GapWatch
 {
 public:

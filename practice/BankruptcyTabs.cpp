@@ -78,7 +78,7 @@ CaseRows numberedDocket(const CaseFile &file, QDate today)
 void sayTab(const TabTask &task, const OtherFile &found, Reply &reply)
 {
     const QDate today = task.context.today;
-    if (IsMeaning(task.told, ToldCase::Multiple) && task.asked.tab == CaseTab::Summary
+    if (IsMeaning(task.special, SpecialCase::Multiple) && task.asked.tab == CaseTab::Summary
         && task.asked.number.count(u'-') == 1)
         sayMultiple(found, CourtOf(family, found.courtCase).code, reply);
     else if (task.asked.tab == CaseTab::Summary)
@@ -93,22 +93,23 @@ void sayTab(const TabTask &task, const OtherFile &found, Reply &reply)
 }
 
 /// "90-99050-2" is the second of the cases that have the number before it.
-const ToldCaseRow *findTold(const TabAsked &asked)
+const SpecialCaseRow *findSpecial(const TabAsked &asked)
 {
-    if (const ToldCaseRow *told = FindToldCase(asked))
-        return told;
+    if (const SpecialCaseRow *special = FindSpecialCase(asked))
+        return special;
     const qsizetype dash = asked.number.lastIndexOf(u'-');
     const int place = asked.number.mid(dash + 1).toInt();
-    const ToldCaseRow *told =
-        FindToldCase(asked.family, asked.court, asked.number.left(std::max<qsizetype>(dash, 0)));
-    return IsMeaning(told, ToldCase::Multiple) && place >= 1 && place <= multipleCases ? told
-                                                                                       : nullptr;
+    const SpecialCaseRow *special =
+        FindSpecialCase(asked.family, asked.court, asked.number.left(std::max<qsizetype>(dash, 0)));
+    return IsMeaning(special, SpecialCase::Multiple) && place >= 1 && place <= multipleCases
+               ? special
+               : nullptr;
 }
 
 std::optional<OtherFile> findCase(const TabTask &task)
 {
-    if (task.told != nullptr) {
-        OtherFile found = ToldOtherFile(task, family);
+    if (task.special != nullptr) {
+        OtherFile found = SpecialOtherFile(task, family);
         if (task.asked.number.count(u'-') > 1) {
             const int place = task.asked.number.section(u'-', -1).toInt();
             found.file.number = task.asked.number;
@@ -133,9 +134,9 @@ bool isNumber(const QString &number)
 
 Reply AnswerBankruptcyTab(const TabContext &context, const TabAsked &asked)
 {
-    const TabTask task{context, asked, findTold(asked)};
+    const TabTask task{context, asked, findSpecial(asked)};
     Reply reply;
-    if (!SayToldTab(task, reply)) {
+    if (!SaySpecialTab(task, reply)) {
         if (const std::optional<OtherFile> found = findCase(task))
             sayTab(task, *found, reply);
         else

@@ -319,7 +319,7 @@ std::vector<DocumentRecord> DocumentsOf(const CaseFile &file, QDate today)
 
 QString SexOf(const Person &person)
 {
-    // In the list of first names men and women take turns, down to the first that is told here.
+    // In the list of first names men and women take turns, down to the first that is named here.
     constexpr QStringView lastOfTurns = u"JOHNNY";
     bool isMan = true;
     for (const char16_t *name : FirstNames()) {

@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace Practice {
 namespace {
-QDate toldCaseFiled()
+QDate specialCaseFiled()
 {
     return {1990, 3, 14};
 }
@@ -40,20 +40,20 @@ void addBreaks(TabTable &table)
 }
 } // namespace
 
-const ToldCaseRow *FindToldCase(const TabAsked &asked)
+const SpecialCaseRow *FindSpecialCase(const TabAsked &asked)
 {
-    return FindToldCase(asked.family, asked.court, asked.number);
+    return FindSpecialCase(asked.family, asked.court, asked.number);
 }
 
-bool IsMeaning(const ToldCaseRow *told, ToldCase meaning)
+bool IsMeaning(const SpecialCaseRow *special, SpecialCase meaning)
 {
-    return told != nullptr && told->meaning == meaning;
+    return special != nullptr && special->meaning == meaning;
 }
 
-bool SayToldTab(const TabTask &task, Reply &reply)
+bool SaySpecialTab(const TabTask &task, Reply &reply)
 {
-    return task.told != nullptr
-           && SayToldTab(*task.told, task.asked.tab, keyOf(task), task.context.memory, reply);
+    return task.special != nullptr
+           && SaySpecialTab(*task.special, task.asked.tab, keyOf(task), task.context.memory, reply);
 }
 
 QStringList DocketCells(const QDate &date, const QString &code, const QString &text)
@@ -64,12 +64,12 @@ QStringList DocketCells(const QDate &date, const QString &code, const QString &t
 void SayTab(const TabTask &task, const CaseFile &file, TabTable table, Reply &reply)
 {
     const bool docket = task.asked.tab == CaseTab::Docket;
-    if (IsMeaning(task.told, ToldCase::NoDefinition)) {
+    if (IsMeaning(task.special, SpecialCase::NoDefinition)) {
         for (const QStringList &row : table.rows)
             reply.Say(CaseLine(row));
         return;
     }
-    if (docket && IsMeaning(task.told, ToldCase::LongDocket)) {
+    if (docket && IsMeaning(task.special, SpecialCase::LongDocket)) {
         table.rows.clear();
         for (const QString &line : DefinitionLines(table))
             reply.Say(line);
@@ -79,10 +79,10 @@ void SayTab(const TabTask &task, const CaseFile &file, TabTable table, Reply &re
         });
         return;
     }
-    if (IsMeaning(task.told, ToldCase::Breaks))
+    if (IsMeaning(task.special, SpecialCase::Breaks))
         addBreaks(table);
-    const bool silent = IsMeaning(task.told, ToldCase::TabSilentOnce);
-    const bool dropped = IsMeaning(task.told, ToldCase::TabDropOnce);
+    const bool silent = IsMeaning(task.special, SpecialCase::TabSilentOnce);
+    const bool dropped = IsMeaning(task.special, SpecialCase::TabDropOnce);
     if (docket && (silent || dropped) && task.context.memory.FailsNow(keyOf(task))) {
         table.rows.resize(std::min<std::size_t>(table.rows.size(), rowsBeforeBreak));
         SayTable(table, reply);
@@ -92,17 +92,17 @@ void SayTab(const TabTask &task, const CaseFile &file, TabTable table, Reply &re
     SayTable(table, reply);
 }
 
-CaseFile ToldCaseFile(const TabTask &task)
+CaseFile SpecialCaseFile(const TabTask &task)
 {
     CaseFile file;
-    file.number = ToldCaseNumber(task.asked.family, *task.told);
-    file.filed = toldCaseFiled();
+    file.number = SpecialCaseNumber(task.asked.family, *task.special);
+    file.filed = specialCaseFiled();
     file.cause = u"Breach of Contract"_s;
     file.parties = {{{u"PRACTICE"_s, u"JAMES"_s, u"A"_s, false}, u"Plaintiff"_s},
                     {{u"ACME PLUMBING INC"_s, {}, {}, true}, u"Defendant"_s}};
     file.title = u"PRACTICE, JAMES A VS ACME PLUMBING INC"_s;
     file.judgment = true;
-    file.seed = SeedOfCase(task.context.people, ToldCaseCourt(task.asked.family), file.number);
+    file.seed = SeedOfCase(task.context.people, SpecialCaseCourt(task.asked.family), file.number);
     return file;
 }
 } // namespace Practice

@@ -2,9 +2,9 @@
 
 #include "practice/CaseFile.h"
 #include "practice/CaseTable.h"
+#include "practice/SpecialCases.h"
+#include "practice/SpecialLists.h"
 #include "practice/TabRequest.h"
-#include "practice/ToldCases.h"
-#include "practice/ToldLists.h"
 
 #include <QDate>
 #include <QString>
@@ -19,7 +19,7 @@ struct TabContext
     const Population &people;
     QDate today;
     TabMemory &memory;
-    const ToldLists &lists;
+    const SpecialLists &lists;
     QString user;
 };
 
@@ -28,23 +28,23 @@ struct TabTask
 {
     const TabContext &context;
     const TabAsked &asked;
-    const ToldCaseRow *told; ///< nullptr for an ordinary case
+    const SpecialCaseRow *special; ///< nullptr for an ordinary case
 };
 
 /// The meaning of the number that is asked for.
-const ToldCaseRow *FindToldCase(const TabAsked &asked);
+const SpecialCaseRow *FindSpecialCase(const TabAsked &asked);
 
 /// Says what the number means in place of the tab; false when the tab comes as of any case.
-bool SayToldTab(const TabTask &task, Reply &reply);
+bool SaySpecialTab(const TabTask &task, Reply &reply);
 
 /// Says a tab that is a table, with what the number's meaning makes of it.
 void SayTab(const TabTask &task, const CaseFile &file, TabTable table, Reply &reply);
 
 /// What the practice court's own cases have in common: the parties, the day.
-CaseFile ToldCaseFile(const TabTask &task);
+CaseFile SpecialCaseFile(const TabTask &task);
 
 /// The cells of a docket row: the date, the code, the text.
 QStringList DocketCells(const QDate &date, const QString &code, const QString &text);
 
-bool IsMeaning(const ToldCaseRow *told, ToldCase meaning);
+bool IsMeaning(const SpecialCaseRow *special, SpecialCase meaning);
 } // namespace Practice

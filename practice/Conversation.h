@@ -4,10 +4,10 @@
 #include "practice/Population.h"
 #include "practice/Reply.h"
 #include "practice/Request.h"
+#include "practice/SpecialCases.h"
+#include "practice/SpecialLists.h"
+#include "practice/SpecialNames.h"
 #include "practice/TabRequest.h"
-#include "practice/ToldCases.h"
-#include "practice/ToldLists.h"
-#include "practice/ToldNames.h"
 
 #include <QByteArrayView>
 #include <QDate>
@@ -64,7 +64,7 @@ private:
     QDate today;
     int thisYear;
     std::shared_ptr<TabMemory> memory;
-    ToldLists lists;
+    SpecialLists lists;
     bool loggedIn = false;
     QString userName;
     UserKind user = UserKind::Ordinary;

@@ -2,7 +2,7 @@
 
 #include "practice/CommandLine.h"
 #include "practice/Population.h"
-#include "practice/ToldCases.h"
+#include "practice/SpecialCases.h"
 
 #include <QString>
 #include <QTcpServer>

@@ -185,11 +185,12 @@ ParsedSearch parseSearch(const QStringList &fields, int thisYear)
 /// Says what the name means if it is one of those that list people; false when it is not.
 bool sayListed(const OtherSearch &search, const Command &command, Reply &reply)
 {
-    const ToldName *told = FindToldName(search.name.last);
-    if (told == nullptr || !command.statewide || search.courts.empty() || search.types.empty()
-        || (told->search != ToldSearch::NamesOnly && told->search != ToldSearch::NamesAndCases))
+    const SpecialName *special = FindSpecialName(search.name.last);
+    if (special == nullptr || !command.statewide || search.courts.empty() || search.types.empty()
+        || (special->search != SpecialSearch::NamesOnly
+            && special->search != SpecialSearch::NamesAndCases))
         return false;
-    SayListedPeople(told->search, search, command.withAgency, reply);
+    SayListedPeople(special->search, search, command.withAgency, reply);
     return true;
 }
 } // namespace
@@ -226,7 +227,7 @@ Reply AnswerDistrictSearch(const Population &population, const QStringList &fiel
 
     Reply reply;
     SayProgress(search.places, reply);
-    if (!sayListed(search, *command, reply) && !SayOtherTold(search, thisYear, reply)) {
+    if (!sayListed(search, *command, reply) && !SayOtherSpecial(search, thisYear, reply)) {
         std::vector<OrderedRow> rows = FindOtherRows(population, search);
         if (!search.courts.empty() && isStatewide(fields))
             addSuperior(population, search.name, *command, thisYear, rows);

@@ -87,11 +87,11 @@ constexpr quint64 suitSalt = 0xE1;
 /// None, one or two, as the number means or as it falls.
 int noteCount(const TabTask &task, const CaseFile &file)
 {
-    if (IsMeaning(task.told, ToldCase::NoNotes))
+    if (IsMeaning(task.special, SpecialCase::NoNotes))
         return 0;
-    if (IsMeaning(task.told, ToldCase::OneNote))
+    if (IsMeaning(task.special, SpecialCase::OneNote))
         return 1;
-    if (IsMeaning(task.told, ToldCase::TwoNotes))
+    if (IsMeaning(task.special, SpecialCase::TwoNotes))
         return 2;
     return DrawingFor(file, noteSalt).Between(0, 2);
 }
@@ -104,7 +104,7 @@ bool isCivil(const CaseFile &file)
 /// The lines of the heading, each by its place; with the meaning of an empty one nothing in them.
 void sayHeading(const TabTask &task, const QList<QStringList> &lines, Reply &reply)
 {
-    const bool empty = IsMeaning(task.told, ToldCase::EmptyHeader);
+    const bool empty = IsMeaning(task.special, SpecialCase::EmptyHeader);
     for (const QStringList &line : lines)
         reply.Say(CaseLine({line.first(), empty ? QString() : line.last()}));
 }
@@ -128,7 +128,7 @@ void sayCivilSummary(const TabTask &task, const OtherFile &found, Reply &reply)
                 {u"Cause"_s, small ? u"Small Claims"_s : cause},
                 {u"Suit Amount"_s, MoneyText(random.Between(100'00, static_cast<int>(most)))}},
                reply);
-    if (IsMeaning(task.told, ToldCase::HeaderOnly))
+    if (IsMeaning(task.special, SpecialCase::HeaderOnly))
         return;
     const std::vector<DocketEntry> docket = DocketOf(file, today);
     reply.Say(CaseLine({u"Case Status:"_s, spellOut(found.courtCase.text), {}}));
@@ -153,7 +153,7 @@ void sayNonCivilSummary(const TabTask &task, const OtherFile &found, Reply &repl
                  court.location.contains(u"(Municipal)"_s) ? u"Municipal"_s : u"District"_s},
                 {u"Date Filed"_s, DateText(file.filed)}},
                reply);
-    if (IsMeaning(task.told, ToldCase::HeaderOnly))
+    if (IsMeaning(task.special, SpecialCase::HeaderOnly))
         return;
     const auto say = [&reply](const QString &item, const QString &text) {
         reply.Say(CaseLine({item, text}));
@@ -193,11 +193,11 @@ void sayTab(const TabTask &task, const OtherFile &found, Reply &reply)
 
 Reply AnswerDistrictTab(const TabContext &context, const TabAsked &asked)
 {
-    const TabTask task{context, asked, FindToldCase(asked)};
+    const TabTask task{context, asked, FindSpecialCase(asked)};
     Reply reply;
-    if (!SayToldTab(task, reply)) {
-        const std::optional<OtherFile> found = task.told != nullptr
-                                                   ? std::optional(ToldOtherFile(task, family))
+    if (!SaySpecialTab(task, reply)) {
+        const std::optional<OtherFile> found = task.special != nullptr
+                                                   ? std::optional(SpecialOtherFile(task, family))
                                                    : FindOtherFile(context, family, asked.number);
         if (!found || isCivil(found->file) != asked.civil) {
             // Nothing is said of a case that there is not.

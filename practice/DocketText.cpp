@@ -329,7 +329,7 @@ private:
         const int days = random.Between(step.least, step.most);
         if (days > 0)
             day = workingDay(day.addDays(days));
-        // What lies ahead is drawn like the rest, and is not told yet.
+        // What lies ahead is drawn like the rest, and is not written yet.
         if (day <= today)
             entries.push_back({day, QString::fromUtf16(step.code), QString::fromUtf16(step.text)});
     }

@@ -3,7 +3,7 @@
 #include "core/Windows1252.h"
 #include "practice/Counties.h"
 #include "practice/CourtTables.h"
-#include "practice/ToldNames.h"
+#include "practice/SpecialNames.h"
 
 #include <QStringDecoder>
 
@@ -70,7 +70,7 @@ QString troubleWithName(const QString &last)
         if (last.startsWith(QStringView(beginning)))
             return u"a name must not begin with %1"_s.arg(QStringView(beginning));
     }
-    if (FindToldName(last) != nullptr)
+    if (FindSpecialName(last) != nullptr)
         return u"the name %1 has a meaning of its own"_s.arg(last);
     return {};
 }

@@ -1,7 +1,7 @@
 #include "practice/IndexSearch.h"
 
+#include "practice/SpecialSearches.h"
 #include "practice/SuperiorCases.h"
-#include "practice/ToldSearches.h"
 
 #include <algorithm>
 #include <memory>
@@ -68,13 +68,13 @@ void sayPage(qint64 count, const Page &page, const Reply::RowMaker &row, Reply &
 }
 
 /// An error, and the warning without which the program makes nothing of it.
-void sayError(const ToldScene &scene, qint64 rows, const QString &error, Reply &reply)
+void sayError(const SpecialScene &scene, qint64 rows, const QString &error, Reply &reply)
 {
-    SayToldRows(scene, rows, reply);
+    SaySpecialRows(scene, rows, reply);
     reply.Say(error).Say(QString::fromUtf16(stopped));
 }
 
-void sayTold(ToldSearch search, const ToldScene &scene, const Page &page, Reply &reply)
+void saySpecial(SpecialSearch search, const SpecialScene &scene, const Page &page, Reply &reply)
 {
     const auto few = [&](qint64 count) { return std::min(count, page.Size()); };
     const auto sayPaged = [&](qint64 count) {
@@ -82,67 +82,67 @@ void sayTold(ToldSearch search, const ToldScene &scene, const Page &page, Reply 
         sayPage(scene.row ? count : 0, page, row, reply);
     };
     switch (search) {
-    case ToldSearch::Many:
-    case ToldSearch::Pages:
-        sayPaged(ToldRowCount(search, scene.name.first));
+    case SpecialSearch::Many:
+    case SpecialSearch::Pages:
+        sayPaged(SpecialRowCount(search, scene.name.first));
         break;
-    case ToldSearch::Over200:
+    case SpecialSearch::Over200:
         sayPaged(Over200Rows(scene.name.first)); // more than a page is nothing to speak of here
         break;
-    case ToldSearch::Slow:
+    case SpecialSearch::Slow:
         SaySlowProgress(scene, reply);
         sayPaged(slowRows);
         break;
-    case ToldSearch::TooManyHits:
+    case SpecialSearch::TooManyHits:
         sayError(scene, few(tooManyRows), QString::fromUtf16(tooManyHits), reply);
         break;
-    case ToldSearch::FirstNameError:
+    case SpecialSearch::FirstNameError:
         sayError(scene, few(errorRows), u"ERROR~More than 500 names match the First Name~"_s,
                  reply);
         break;
-    case ToldSearch::RoleError:
+    case SpecialSearch::RoleError:
         sayError(scene, few(errorRows), u"ERROR~Illegal Role~"_s, reply);
         break;
-    case ToldSearch::OtherError:
+    case SpecialSearch::OtherError:
         sayError(scene, few(errorRows), QString::fromUtf16(unreadableRecord), reply);
         break;
-    case ToldSearch::SecondNameWarning:
-        SayToldRows(scene, few(errorRows), reply);
+    case SpecialSearch::SecondNameWarning:
+        SaySpecialRows(scene, few(errorRows), reply);
         reply.Say(u"WARNING~More than 500 names match the Second Name~"_s);
         break;
-    case ToldSearch::OtherWarning:
-        SayToldRows(scene, few(errorRows), reply);
+    case SpecialSearch::OtherWarning:
+        SaySpecialRows(scene, few(errorRows), reply);
         reply.Say(u"WARNING~The index is being rebuilt~"_s);
         break;
-    case ToldSearch::BadLimit:
-        SayToldRows(scene, few(errorRows), reply);
+    case SpecialSearch::BadLimit:
+        SaySpecialRows(scene, few(errorRows), reply);
         reply.Say(u"WARNING~Reached Search Limit~some~more~"_s);
         break;
-    case ToldSearch::ErrorRow:
-    case ToldSearch::Thereof:
-    case ToldSearch::Stall:
-    case ToldSearch::DropLink:
-    case ToldSearch::Empty:
-    case ToldSearch::NamesOnly:
-    case ToldSearch::NamesAndCases:
-        SayTold(search, scene, reply);
+    case SpecialSearch::ErrorRow:
+    case SpecialSearch::Thereof:
+    case SpecialSearch::Stall:
+    case SpecialSearch::DropLink:
+    case SpecialSearch::Empty:
+    case SpecialSearch::NamesOnly:
+    case SpecialSearch::NamesAndCases:
+        SaySpecial(search, scene, reply);
         reply.Finish();
         break;
     }
 }
 
-void sayToldName(ToldSearch search, SuperiorQuery query, int thisYear, const Page &page,
-                 Reply &reply)
+void saySpecialName(SpecialSearch search, SuperiorQuery query, int thisYear, const Page &page,
+                    Reply &reply)
 {
     query.years.from = std::max(query.years.from, firstCaseYear);
     query.years.to = std::min(query.years.to, thisYear);
-    ToldScene scene{query.name, {}, QString::fromUtf16(weeklyIndex)};
+    SpecialScene scene{query.name, {}, QString::fromUtf16(weeklyIndex)};
     if (LetsSomethingThrough(query)) {
         scene.row = [query](qint64 number, const QString &lastField) {
             return rowText(MadeUpSuperiorRow(query, number), lastField);
         };
     }
-    sayTold(search, scene, page, reply);
+    saySpecial(search, scene, page, reply);
 }
 } // namespace
 
@@ -159,8 +159,8 @@ Reply AnswerIndexSearch(const Population &population, const QStringList &fields,
 
     Reply reply;
     reply.Say(ProgressLine(QString::fromUtf16(weeklyIndex)));
-    if (const ToldName *told = FindToldName(query.name.last)) {
-        sayToldName(told->search, query, thisYear, *page, reply);
+    if (const SpecialName *special = FindSpecialName(query.name.last)) {
+        saySpecialName(special->search, query, thisYear, *page, reply);
         return reply;
     }
     const auto parts =

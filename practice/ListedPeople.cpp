@@ -1,7 +1,7 @@
 #include "practice/ListedPeople.h"
 
 #include "practice/SearchFields.h"
-#include "practice/ToldSearches.h"
+#include "practice/SpecialSearches.h"
 
 #include <QDate>
 
@@ -97,14 +97,15 @@ QString rowOf(const NameQuery &asked, qint64 place, bool withAddresses)
 }
 } // namespace
 
-void SayListedPeople(ToldSearch told, const OtherSearch &search, bool withAddresses, Reply &reply)
+void SayListedPeople(SpecialSearch meaning, const OtherSearch &search, bool withAddresses,
+                     Reply &reply)
 {
     const NameQuery asked = search.name;
     bool isNumber = false;
     const qint64 number = asked.first.toLongLong(&isNumber);
     const qint64 count = isNumber ? std::clamp<qint64>(number, 0, mostListedPeople) : listedPeople;
     const auto sayCase = [&](qint64 place) {
-        if (told == ToldSearch::NamesAndCases)
+        if (meaning == SpecialSearch::NamesAndCases)
             reply.Say(search.write(MadeUpHit(search, place), QString()));
     };
     sayCase(0);
@@ -115,9 +116,10 @@ void SayListedPeople(ToldSearch told, const OtherSearch &search, bool withAddres
 
 std::optional<qint64> FindListed(const QStringList &fields, bool withAddresses)
 {
-    const ToldName *told = FindToldName(fields[ListedName].section(u',', 0, 0));
-    if (told == nullptr
-        || (told->search != ToldSearch::NamesOnly && told->search != ToldSearch::NamesAndCases))
+    const SpecialName *special = FindSpecialName(fields[ListedName].section(u',', 0, 0));
+    if (special == nullptr
+        || (special->search != SpecialSearch::NamesOnly
+            && special->search != SpecialSearch::NamesAndCases))
         return std::nullopt;
     for (qint64 place = 0; place < mostListedPeople; ++place) {
         if (withAddresses) {

@@ -2,7 +2,7 @@
 
 #include "practice/OtherSearch.h"
 #include "practice/Reply.h"
-#include "practice/ToldNames.h"
+#include "practice/SpecialNames.h"
 
 #include <QStringList>
 
@@ -12,7 +12,8 @@ namespace Practice {
 
 /// What the names DUPES and MIXED bring in a statewide search. With addresses, each person comes
 /// with a number and a place, and without a note.
-void SayListedPeople(ToldSearch told, const OtherSearch &search, bool withAddresses, Reply &reply);
+void SayListedPeople(SpecialSearch meaning, const OtherSearch &search, bool withAddresses,
+                     Reply &reply);
 
 /// What follows "WADISCIS" in a request for the cases of a listed person: SEARCH, what was searched
 /// for, the person's name, the seven other cells of the list as they were shown, the row's number,

@@ -2,7 +2,7 @@
 
 #include "practice/CaseFile.h"
 #include "practice/Random.h"
-#include "practice/ToldCases.h"
+#include "practice/SpecialCases.h"
 
 #include <algorithm>
 #include <array>
@@ -234,7 +234,7 @@ bool makeCase(const Population &population, quint32 person, OtherFamily family, 
     const Person &other = population.People()[person ^ 1U];
     const bool both = type.otherRole != nullptr;
     if ((!both && !isFirst) || isFixedNumber(made.number)
-        || IsToldCaseNumber(CourtFamilyOf(family), made.number))
+        || IsSpecialCaseNumber(CourtFamilyOf(family), made.number))
         return false;
     if (type.personal && (population.People()[person].business || (both && other.business)))
         return false;

@@ -124,7 +124,7 @@ void complete(const TabContext &context, OtherFamily family, OtherFile &found)
     file.seed = SeedOfCase(context.people, court.code, one.number);
 }
 
-/// Whoever the list of a name with a meaning tells of.
+/// The people whom the list of a name with a meaning names.
 std::vector<OtherParty> partiesOfHit(OtherFamily family, const OtherHit &hit)
 {
     std::vector<OtherParty> parties{{hit.person, hit.courtCase}};
@@ -160,13 +160,13 @@ std::optional<OtherFile> FindOtherFile(const TabContext &context, OtherFamily fa
     return found;
 }
 
-OtherFile ToldOtherFile(const TabTask &task, OtherFamily family)
+OtherFile SpecialOtherFile(const TabTask &task, OtherFamily family)
 {
     constexpr int firstNonCivil = 2;
-    OtherFile found{ToldCaseFile(task), {}};
+    OtherFile found{SpecialCaseFile(task), {}};
     OtherCase &one = found.courtCase;
     const bool nonCivil = family == OtherFamily::District && !task.asked.civil;
-    one.court = FindCourt(family, ToldCaseCourt(task.asked.family)).value_or(0);
+    one.court = FindCourt(family, SpecialCaseCourt(task.asked.family)).value_or(0);
     one.type = nonCivil ? firstNonCivil : 0;
     one.number = found.file.number;
     one.filed = found.file.filed;

@@ -20,7 +20,7 @@ std::optional<OtherFile> FindOtherFile(const TabContext &context, OtherFamily fa
 
 /// A case with a meaning: of the first kind of its family, or when the non-civil side of a district
 /// court is asked, of the first kind there.
-OtherFile ToldOtherFile(const TabTask &task, OtherFamily family);
+OtherFile SpecialOtherFile(const TabTask &task, OtherFamily family);
 
 /// The court of a case.
 const OtherCourt &CourtOf(OtherFamily family, const OtherCase &courtCase);

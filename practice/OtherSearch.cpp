@@ -2,7 +2,7 @@
 
 #include "practice/CaseFile.h"
 #include "practice/NameTables.h"
-#include "practice/ToldSearches.h"
+#include "practice/SpecialSearches.h"
 
 #include <algorithm>
 #include <memory>
@@ -139,19 +139,19 @@ std::optional<OtherHit> FindMadeUpHit(const OtherSearch &asked, int thisYear, co
     return std::nullopt;
 }
 
-bool SayOtherTold(const OtherSearch &asked, int thisYear, Reply &reply)
+bool SayOtherSpecial(const OtherSearch &asked, int thisYear, Reply &reply)
 {
-    const ToldName *told = FindToldName(asked.name.last);
-    if (told == nullptr)
+    const SpecialName *special = FindSpecialName(asked.name.last);
+    if (special == nullptr)
         return false;
     const OtherSearch search = withinItsYears(asked, thisYear);
-    ToldScene scene{search.name, {}, search.places.value(0, u"the courts"_s)};
+    SpecialScene scene{search.name, {}, search.places.value(0, u"the courts"_s)};
     if (letsSomethingThrough(search)) {
         scene.row = [search](qint64 number, const QString &lastField) {
             return search.write(MadeUpHit(search, number), lastField);
         };
     }
-    SayTold(told->search, scene, reply);
+    SaySpecial(special->search, scene, reply);
     return true;
 }
 
@@ -159,7 +159,7 @@ Reply AnswerOther(const Population &population, const OtherSearch &search, int t
 {
     Reply reply;
     SayProgress(search.places, reply);
-    if (!SayOtherTold(search, thisYear, reply))
+    if (!SayOtherSpecial(search, thisYear, reply))
         SayOrdered(FindOtherRows(population, search), reply);
     reply.Finish();
     return reply;

@@ -75,7 +75,7 @@ std::optional<OtherHit> FindMadeUpHit(const OtherSearch &search, int thisYear,
                                       const QString &number);
 
 /// Says what the search's name means if it has a meaning; false when it has none.
-bool SayOtherTold(const OtherSearch &search, int thisYear, Reply &reply);
+bool SayOtherSpecial(const OtherSearch &search, int thisYear, Reply &reply);
 
 /// Answers the search: progress, what the name means or the rows that pass, the end mark.
 Reply AnswerOther(const Population &population, const OtherSearch &search, int thisYear);

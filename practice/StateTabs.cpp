@@ -118,8 +118,8 @@ void sayTab(const TabTask &task, OtherFamily family, const OtherFile &found, Rep
 /// The case of that number, if it is in that court.
 std::optional<OtherFile> findCase(OtherFamily family, const TabTask &task)
 {
-    if (task.told != nullptr)
-        return ToldOtherFile(task, family);
+    if (task.special != nullptr)
+        return SpecialOtherFile(task, family);
     const std::optional<OtherFile> found = FindOtherFile(task.context, family, task.asked.number);
     if (!found || FindCourt(family, task.asked.court) != found->courtCase.court)
         return std::nullopt;
@@ -129,9 +129,9 @@ std::optional<OtherFile> findCase(OtherFamily family, const TabTask &task)
 
 Reply AnswerStateTab(OtherFamily family, const TabContext &context, const TabAsked &asked)
 {
-    const TabTask task{context, asked, FindToldCase(asked)};
+    const TabTask task{context, asked, FindSpecialCase(asked)};
     Reply reply;
-    if (!SayToldTab(task, reply)) {
+    if (!SaySpecialTab(task, reply)) {
         if (const std::optional<OtherFile> found = findCase(family, task))
             sayTab(task, family, *found, reply);
         else

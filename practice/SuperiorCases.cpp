@@ -175,7 +175,7 @@ std::optional<QString> ReadSuperiorQuery(const QStringList &fields, int thisYear
     return std::nullopt;
 }
 
-std::optional<SuperiorQuery> ParseToldSearch(const QStringList &fields, int thisYear)
+std::optional<SuperiorQuery> ParseSpecialSearch(const QStringList &fields, int thisYear)
 {
     SuperiorQuery query;
     if (ReadSuperiorQuery(fields, thisYear, query))

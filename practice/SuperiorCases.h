@@ -53,7 +53,7 @@ std::optional<SuperiorRow> FindMadeUpRow(const SuperiorQuery &query, const CaseN
 
 /// What follows the keyword of a search, of the Superior Courts or of their index; nullopt when it
 /// is not well formed. The years are those of which there are cases.
-std::optional<SuperiorQuery> ParseToldSearch(const QStringList &fields, int thisYear);
+std::optional<SuperiorQuery> ParseSpecialSearch(const QStringList &fields, int thisYear);
 
 /// "WA Superior Ct King County": the program finds the county between "Ct " and " County".
 QString SuperiorLocation(const CaseNumber &number);

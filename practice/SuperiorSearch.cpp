@@ -1,8 +1,8 @@
 #include "practice/SuperiorSearch.h"
 
 #include "practice/Counties.h"
+#include "practice/SpecialSearches.h"
 #include "practice/SuperiorCases.h"
-#include "practice/ToldSearches.h"
 
 #include <algorithm>
 #include <memory>
@@ -21,12 +21,13 @@ QString rowText(const SuperiorRow &row)
     return SuperiorFields(row).join(u'~') + u'~';
 }
 
-void sayTold(const ToldName &told, SuperiorQuery query, int thisYear, Reply &reply)
+void saySpecial(const SpecialName &special, SuperiorQuery query, int thisYear, Reply &reply)
 {
     // Rows are made for the years from 1970 on, whatever else is asked for.
     query.years.from = std::max(query.years.from, firstCaseYear);
     query.years.to = std::min(query.years.to, thisYear);
-    ToldScene scene{query.name, {}, placeOf(query.counties.empty() ? 1 : query.counties.front())};
+    SpecialScene scene{
+        query.name, {}, placeOf(query.counties.empty() ? 1 : query.counties.front())};
     if (LetsSomethingThrough(query)) {
         scene.row = [query](qint64 number, const QString &lastField) {
             SuperiorRow row = MadeUpSuperiorRow(query, number);
@@ -35,7 +36,7 @@ void sayTold(const ToldName &told, SuperiorQuery query, int thisYear, Reply &rep
             return rowText(row);
         };
     }
-    SayTold(told.search, scene, reply);
+    SaySpecial(special.search, scene, reply);
 }
 } // namespace
 
@@ -52,8 +53,8 @@ Reply AnswerSuperiorSearch(const Population &population, const QStringList &fiel
     for (const int county : query.counties)
         places.append(placeOf(county));
     SayProgress(places, reply);
-    if (const ToldName *told = FindToldName(query.name.last)) {
-        sayTold(*told, query, thisYear, reply);
+    if (const SpecialName *special = FindSpecialName(query.name.last)) {
+        saySpecial(*special, query, thisYear, reply);
     } else {
         const auto parts =
             std::make_shared<const std::vector<quint32>>(FindSuperiorParts(population, query));

@@ -62,7 +62,7 @@ Nature natureOf(int digit)
     }
 }
 
-/// A case and its place in the population; the told ones have none.
+/// A case and its place in the population; the special ones have none.
 struct Found
 {
     CaseFile file;
@@ -143,17 +143,17 @@ std::optional<Found> findCase(const TabContext &context, const TabAsked &asked)
     return std::nullopt;
 }
 
-Found toldFound(const TabTask &task)
+Found specialFound(const TabTask &task)
 {
-    Found found{ToldCaseFile(task), {}, CountyNumber(task.asked.court).value_or(1)};
-    found.file.nature = natureOf(task.told->digit);
+    Found found{SpecialCaseFile(task), {}, CountyNumber(task.asked.court).value_or(1)};
+    found.file.nature = natureOf(task.special->digit);
     if (found.file.nature == Nature::Criminal) {
         found.file.cause = u"Forgery"_s;
         found.file.parties = {{found.file.parties.front().person, u"Defendant"_s}};
         found.file.title = u"STATE OF WASHINGTON VS PRACTICE, JAMES A"_s;
     }
     nameCourt(task.context.people, found.county, found.file);
-    if (task.told->meaning == ToldCase::Arbitration
+    if (task.special->meaning == SpecialCase::Arbitration
         && task.asked.arbitration == ArbitrationAnswer::Arbitration) {
         found.file.nature = Nature::Arbitration;
         found.file.court += u" - Arbitration"_s;
@@ -165,10 +165,10 @@ Found toldFound(const TabTask &task)
 /// same county and with a party in common.
 QString associatedNumber(const TabTask &task, const Found &found)
 {
-    if (IsMeaning(task.told, ToldCase::Associated)) {
-        for (const ToldCaseRow &row : toldCases) {
-            if (row.meaning == ToldCase::Associated && row.place != task.told->place)
-                return ToldCaseNumber(CourtFamily::Superior, row);
+    if (IsMeaning(task.special, SpecialCase::Associated)) {
+        for (const SpecialCaseRow &row : specialCases) {
+            if (row.meaning == SpecialCase::Associated && row.place != task.special->place)
+                return SpecialCaseNumber(CourtFamily::Superior, row);
         }
     }
     if (!found.place)
@@ -308,16 +308,16 @@ void sayTab(const TabTask &task, const Found &found, Reply &reply)
 
 Reply AnswerSuperiorTab(const TabContext &context, const TabAsked &asked)
 {
-    const TabTask task{context, asked, FindToldCase(asked)};
+    const TabTask task{context, asked, FindSpecialCase(asked)};
     Reply reply;
-    if (IsMeaning(task.told, ToldCase::Arbitration) && asked.tab == CaseTab::Summary
+    if (IsMeaning(task.special, SpecialCase::Arbitration) && asked.tab == CaseTab::Summary
         && asked.arbitration == ArbitrationAnswer::NotGiven) {
         reply.Say(u"USERQUESTION~This case is in arbitration~"_s).Finish();
         return reply;
     }
-    if (!SayToldTab(task, reply)) {
+    if (!SaySpecialTab(task, reply)) {
         const std::optional<Found> found =
-            task.told != nullptr ? std::optional(toldFound(task)) : findCase(context, asked);
+            task.special != nullptr ? std::optional(specialFound(task)) : findCase(context, asked);
         if (found)
             sayTab(task, *found, reply);
         else if (asked.tab == CaseTab::Summary)

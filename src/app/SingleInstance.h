@@ -16,7 +16,7 @@ public:
     /// running copy has been asked to come to the front.
     bool Claim();
 
-    /// By what this copy is known on the machine.
+    /// The name by which this copy is known on the machine.
     QString Name() const { return name; }
 
     /// Whether a Claim that failed met a running copy; otherwise nobody could be reached.

@@ -1,7 +1,7 @@
 #pragma once
 
-/// Connects what the layers tell upward to the windows that answer it. The only place where windows
-/// are wired to each other.
+/// Connects the signals of the lower layers to the windows that answer them. The only place where
+/// windows are wired to each other.
 void WireWindows();
 
 /// The order of the start, from the first window to the search form. Boxes and the connect question

@@ -371,7 +371,7 @@ void Tour::say(const QString &text)
 
 void Tour::picture(QWidget *window, const QString &name)
 {
-    // What a click has just shown or hidden is laid out on the next turn, which may not have come.
+    // What a click has just shown or hidden is laid out only on the next turn of the event loop.
     QApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
     const QString path = output + u'/' + QString::number(++pictures) + u'-' + name + u".png"_s;
     if (!window || !window->grab().save(path)) {

@@ -29,7 +29,7 @@ constexpr std::array oddTexts{
             u"Exiting frmCaseDetails:DoDocumentSearch() via PROCERR in Case Details. Error: "},
 };
 
-/// What a case of the Superior Courts has behind Summary and Names.
+/// The tabs of a case of the Superior Courts behind Summary and Names.
 struct TypeRow
 {
     QStringView digits;

@@ -291,7 +291,7 @@ void CaseWindow::printDetails()
 }
 
 /// The count is compared with a limit that is never set, so the window does not flash: somebody who
-/// works in another window is told by a notice of the desktop instead.
+/// works in another window gets a notice on the desktop instead.
 void CaseWindow::TmrFlash_Tick()
 {
     constexpr qint16 flashLimit = 0;

@@ -137,7 +137,7 @@ DiscisSummaryView nonCivilSummary(const QStringList &lines)
             continue;
         view.Note = u"Note: "_s + sentence(lines.front());
         view.Grid = OneCellTable(row.cell.toString());
-        // The labels keep what the list of results told of the case, unless the court tells more.
+        // The labels keep what the list of results said of the case, unless the court says more.
         if (lines.size() > 1)
             fillHeader(view, nonCivilHeader, lines.sliced(1));
         return view;

@@ -11,7 +11,7 @@
 // What the lines of a Summary reply mean, without a window. The run that reads them is in
 // CaseSummary.cpp.
 
-/// What a line of the reply is; the first that holds.
+/// What a line of the reply is: the first kind that fits.
 enum class SummaryLine {
     EndOfReply,
     BankruptcyNotFound, ///< the case is not there: the reply counts as "Case Not Found"

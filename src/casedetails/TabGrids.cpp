@@ -99,7 +99,7 @@ constexpr std::array<TabGridRow, 20> tabGrids{{
     {CaseTab::Schedule, washington | district, Grammar::GridDef, RowOrder::AsSent, u"",
      u"No Schedule Information Found For This Case.",
      u"Schedule Information Incomplete. Please Retry Search.", u"", u""},
-    // The texts of Judgments, and meant to be.
+    // The texts of Judgments, on purpose.
     {CaseTab::Schedule, others, Grammar::ColDef, RowOrder::AsSent, u"",
      u"No Judgments Were Found For This Case.", u"Judgments Search Incomplete. Please Retry Search",
      u"", u""},
@@ -128,7 +128,7 @@ const TabGridRow *rowOf(CaseTab tab, unsigned courts)
     return row == tabGrids.end() ? nullptr : row;
 }
 
-/// Takes the notes ahead of the table and tells the line behind them.
+/// Takes the notes ahead of the table and gives the number of the line behind them.
 int takeNotes(const QStringList &lines, QStringView note, QStringList &notes)
 {
     constexpr int mostNotes = 2;
@@ -261,7 +261,7 @@ GridTable DocumentsTable(const QStringList &lines)
     if (table.Columns.isEmpty())
         return table;
     for (qsizetype line = definitionLines; line < lines.size(); ++line) {
-        // A line without a field has its row too: a row's place tells its line.
+        // A line without a field has its row too: the place of a row is that of its line.
         addDocument(documentCells(TrimBlanks(lines[line]), table.Columns.size()), table.Rows);
     }
     return table;

@@ -30,7 +30,7 @@ GridTable DocumentsTable(const QStringList &lines);
 /// The whole reply of the Documents tab, with a message when it holds no list.
 TabView ShowDocumentsResponse(const QStringList &lines, bool incomplete, const QString &request);
 
-/// What a line of a tab's reply is; the first that holds. Not for Summary.
+/// What a line of a tab's reply is: the first kind that fits. Not for Summary.
 enum class TabLine {
     EndOfReply,
     Error, ///< not stored; its text is the reason why the tab is incomplete

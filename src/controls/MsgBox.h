@@ -15,7 +15,7 @@ enum class MsgAnswer { Ok, Cancel, Yes, No };
 /// the only button.
 ///
 /// A question about a window that is unloaded goes away with it, and none is asked about one that
-/// has gone already; what there is to be told is told all the same. `matter` names what a question
+/// has gone already; a message is shown all the same. `matter` names what a question
 /// is about, whatever object that may be: see SettleQuestions.
 MsgAnswer MsgBox(QWidget *parent, const QString &text, const QString &title = {},
                  MsgButtons buttons = MsgButtons::Ok, MsgIcon icon = MsgIcon::Information,

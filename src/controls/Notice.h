@@ -6,7 +6,7 @@
 
 class QWidget;
 
-/// Whether the user has this window before the eyes: it is not minimised, nothing of the program is
+/// Whether the user sees this window: it is not minimised, nothing of the program is
 /// in front of it, and the program is not behind others.
 bool IsInFront(const QWidget *window);
 

@@ -21,7 +21,7 @@ QString doubled(QString text)
     return text.replace(u'&', u"&&"_s);
 }
 
-/// The caption in the writing of a tab's text, where "&" marks a mnemonic and "&&" is one "&".
+/// The caption as it is written for a tab, where "&" marks a mnemonic and "&&" is one "&".
 QString tabTextOf(const QString &caption)
 {
     const bool hasMnemonic = caption.size() > 1 && caption.startsWith(u'&');
@@ -164,8 +164,8 @@ void TabStrip::keyPressEvent(QKeyEvent *event)
     event->accept();
 }
 
-/// The click is told when the tab bar has done its part: who hears of it may open a box, or close
-/// the window.
+/// The click is reported when the tab bar has done its part: who hears of it may open a box, or
+/// close the window.
 void TabStrip::mousePressEvent(QMouseEvent *event)
 {
     {

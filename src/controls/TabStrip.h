@@ -5,8 +5,8 @@
 #include <QStringList>
 #include <QTabBar>
 
-/// The tabs of a case. What the user does to them is told by TabClicked; what the program does to
-/// them is not.
+/// The tabs of a case. TabClicked reports what the user does to them, and nothing that the
+/// program does to them.
 ///
 /// Ctrl+Tab and Ctrl+Shift+Tab go to the next and the previous tab, Ctrl+1 to Ctrl+9 to the first
 /// nine, wherever in its window the focus is.
@@ -45,7 +45,7 @@ private:
     void choose(int index);
     void tellClickOn(int index);
 
-    bool quiet = false; ///< what changes now is not the user's doing, or is told later
+    bool quiet = false; ///< what changes now is not the user's doing, or is reported later
     int pressed = -1;
     QObjectCleanupHandler shortcuts;
     QPointer<QWidget> listeningIn;

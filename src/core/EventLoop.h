@@ -7,7 +7,7 @@
 /// Anything may have happened on return: windows closed, flags set, the link lost.
 void Yield();
 
-/// Handles what is pending; if there was nothing, turns for some tens of microseconds (an answer
+/// Handles what is pending; if there was nothing, spins for some tens of microseconds (an answer
 /// over a fast link is often that near), then sleeps in the event loop until something happens or
 /// `seconds` have gone by. A waiting program uses no processor time, and what arrives is still seen
 /// on the very next turn.

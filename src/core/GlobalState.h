@@ -65,7 +65,7 @@ struct GlobalState
     /// What goes before options.ini, see core/RunSettings.h
     QHash<QString, QString> SettingsOfThisRun;
 
-    // Settings, as read at the moments that Options.h tells
+    // Settings, as read at the moments that Options.h names
     Boolean bShowAlerts;
     Boolean bBatchSearch;
     Boolean bEnableMRU;

@@ -22,9 +22,9 @@ enum class JobState {
 /// and during it. It knows no window. Whoever shows it follows its signals; the window may go at
 /// any moment, and the job ends by its own rules.
 ///
-/// Its window goes in two steps. GiveUp() says that nobody looks at the job any more: it does not ask
-/// for its turn again, and a run that is on the stack asks for nothing more. Release() gives it away:
-/// it is deleted then, or as soon as its last procedure has returned.
+/// Its window goes in two steps. GiveUp() says that nobody looks at the job any more: it does not
+/// ask for its turn again, and a run that is on the stack asks for nothing more. Release() gives it
+/// away: it is deleted then, or as soon as its last procedure has returned.
 class Job : public QObject
 {
     Q_OBJECT
@@ -33,7 +33,10 @@ public:
     /// The run is on the stack, whatever the user was told meanwhile.
     bool HasTurn() const { return hasTurn; }
     /// The job can be stopped: it waits, or works and has not been stopped yet.
-    bool CanBeStopped() const { return jobState != JobState::Stopping && jobState != JobState::Over; }
+    bool CanBeStopped() const
+    {
+        return jobState != JobState::Stopping && jobState != JobState::Over;
+    }
     /// Another job was seen using the link when this one asked for its turn.
     bool LinkWasTaken() const { return linkWasTaken; }
     const JobKind &Kind() const { return *kind; }
@@ -51,7 +54,8 @@ public:
     /// Nobody looks at the job any more.
     void GiveUp();
     bool IsGivenUp() const { return givenUp; }
-    /// Nobody holds the job any more. It goes a little later than the window, whose lists show its rows.
+    /// Nobody holds the job any more. It goes a little later than the window, whose lists show its
+    /// rows.
     void Release();
 
     QString txtMasterKey;       ///< the key in the queue, "" before it was enqueued
@@ -134,6 +138,6 @@ private:
     bool linkWasTaken = false;
     bool givenUp = false;
     bool released = false;
-    int scopes = 0; ///< procedures of this job on the stack
+    int scopes = 0;       ///< procedures of this job on the stack
     bool hasTurn = false; ///< a run of this job is on the stack
 };

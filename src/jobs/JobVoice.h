@@ -24,7 +24,7 @@ public:
     void Started();
     /// The state may read otherwise now.
     void SayState();
-    /// The job has come to its end. Nobody is told on the desktop of what they did themselves.
+    /// The job has come to its end. The desktop shows nobody a notice of what they did themselves.
     void Ended(bool stoppedByUser);
 
 private:

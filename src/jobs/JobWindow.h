@@ -15,8 +15,8 @@ class QTableView;
 /// the button that stops it. What the job does is the job's; what else the window shows is the
 /// business of the windows made from it.
 ///
-/// Whoever starts one fills its public members, gives it a key and shows it; the timers run from the
-/// moment it is made.
+/// Whoever starts one fills its public members, gives it a key and shows it; the timers run from
+/// the moment it is made.
 class JobWindow : public FormWindow
 {
     Q_OBJECT
@@ -71,8 +71,8 @@ protected:
     virtual void ShowStatus();
 
     void StopBlinking();
-    /// Turns a button off. Who is on it is on the home of the keyboard then: the platform would go
-    /// on to the next button, which prints, stops or closes.
+    /// Turns a button off. If it has the keyboard, the home of the keyboard gets it: the platform
+    /// would go on to the next button, which prints, stops or closes.
     void TurnOff(QPushButton *button);
     void DisableStop();
     /// The rule for closing, for a window that asks this question.

@@ -65,7 +65,7 @@ bool closedToIdle()
     if (!Global.sckServer || Global.sckServer->State() == SocketState::Connected)
         return true;
     Global.sckServer->Close();
-    // The server closed its side, but we may have been faster than the event that tells of it.
+    // The server closed its side, but we may have been faster than the event that reports it.
     Global.bConnectionClosed = true;
     Clock::Current().SleepMilliseconds(closeWaitMilliseconds);
     return Global.sckServer->State() == SocketState::Closed;
@@ -102,7 +102,8 @@ SendStatus SendWithTimeout(const QByteArray &data, ServerSocket *const &socket, 
     for (;;) {
         if (!busyFlag)
             return SendStatus::Sent;
-        // Unloaded under the send: its completion will never be told, and must not be waited for.
+        // Unloaded under the send: its completion will never be reported, and must not be waited
+        // for.
         if (socket != began) {
             busyFlag = false;
             return SendStatus::TimedOut;

@@ -40,7 +40,7 @@ public:
     virtual void SendData(const QByteArray &data) = 0;
 
     virtual qint64 BytesAvailable() const = 0;
-    /// Counts what has reached this machine into BytesAvailable although no event has told of it
+    /// Counts what has reached this machine into BytesAvailable although no event has reported it
     /// yet. Does not wait, and raises no event by itself.
     virtual void TakeUpArrived() {}
     virtual QByteArray GetData(qint64 maximum) = 0;

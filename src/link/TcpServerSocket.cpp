@@ -109,8 +109,8 @@ qint64 TcpServerSocket::BytesAvailable() const
 
 void TcpServerSocket::TakeUpArrived()
 {
-    // Found by trial: with nothing there Qt calls it a time-out, and with the end of the connection
-    // there, it tells of that.
+    // Found by trial: when nothing has arrived Qt calls it a time-out, and when the connection has
+    // ended, it reports the end.
     quietly([this] { socket.waitForReadyRead(0); });
 }
 
@@ -140,9 +140,9 @@ void TcpServerSocket::fromEventLoop(const std::function<void()> &event)
         event();
         return;
     }
-    // What this connection had to tell is nobody's affair once it was closed here.
-    const auto tell = [this, event, told = closings] {
-        if (told == closings)
+    // Nobody needs what this connection had to report once it was closed here.
+    const auto tell = [this, event, before = closings] {
+        if (before == closings)
             event();
     };
     QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);

@@ -23,7 +23,7 @@ public:
     QByteArray GetData(qint64 maximum) override;
 
 private:
-    /// Does what makes Qt signal at once; the events are told on the next turn of the event loop.
+    /// Does what makes Qt signal at once; the events follow on the next turn of the event loop.
     void quietly(const std::function<void()> &call);
     /// Lets an event happen now, or on the next turn when a call of ours is still on the stack.
     void fromEventLoop(const std::function<void()> &event);
@@ -35,7 +35,7 @@ private:
     QTcpSocket socket;
     bool peerClosed = false;
     bool closingHere = false;
-    bool insideCall = false; ///< what Qt signals now is told on the next turn
+    bool insideCall = false; ///< what Qt signals now is passed on in the next turn
     bool sending = false;
     int closings = 0; ///< how often Close was called
 };

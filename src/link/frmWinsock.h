@@ -7,8 +7,8 @@
 
 #include <functional>
 
-/// What the link has to tell upward. It outlives every load of frmWinsock, so that one connection
-/// at start is enough.
+/// The signals of the link to the layers above. The object outlives every load of frmWinsock, so
+/// that connecting to it once, at start, is enough.
 class LinkEvents : public QObject
 {
     Q_OBJECT
@@ -44,8 +44,8 @@ public:
     void TakeArrivedData();
 
     /// Throws away what has arrived and was not consumed: what the receive buffer holds, what the
-    /// socket holds, and what has reached this machine without an event telling so yet. A ping in
-    /// it is answered. Without a socket only the buffer is emptied.
+    /// socket holds, and what has reached this machine without an event that reports it yet. A ping
+    /// in it is answered. Without a socket only the buffer is emptied.
     static void DiscardArrivedData();
 
     /// Starts the idle count over.

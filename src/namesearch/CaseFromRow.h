@@ -40,7 +40,7 @@ struct CaseFromRow
 /// The cell of a case that has been opened: with ">>" in front, once.
 QString MarkedAsOpened(const QString &cell);
 
-/// True for a row of a case; a warning or a tip among the rows is none.
+/// True for a row of a case; false for a warning or a tip among the rows.
 bool IsCaseRow(const QStringList &cells);
 
 /// A case of frmNameSearchResults; `state` is a value of lblState. Cells that are missing count as

@@ -34,9 +34,8 @@ void CourtSearch::ShowSearchCriteria(int lineIndex)
     }
     if (Record.chkIndexSearch)
         Label2 = u"Index Results"_s;
-    const SearchCriteria criteria =
-        CriteriaOf(lboxQueue.List(lineIndex),
-                   {Record.lblState, Record.chkIndexSearch, Record.txtCountyList});
+    const SearchCriteria criteria = CriteriaOf(
+        lboxQueue.List(lineIndex), {Record.lblState, Record.chkIndexSearch, Record.txtCountyList});
     SetNameVal(criteria.Name);
     SetCaseTypeVals(criteria.CaseTypes);
     if (!criteria.Caption.isEmpty())

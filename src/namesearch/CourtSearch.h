@@ -26,7 +26,7 @@ public:
 
     bool chkBK;
     QString Label2 = QStringLiteral("Search Results"); ///< what stands above the list
-    qint16 SearchRunCount = 1; ///< plus 1 for each further page
+    qint16 SearchRunCount = 1;                         ///< plus 1 for each further page
     // The rows of the next page of an index search, counted from 1; 0 as long as none was offered
     qint16 NextLowerLimit = 0;
     qint16 NextUpperLimit = 0;
@@ -47,7 +47,7 @@ private:
     bool pageOffered = false;
     bool pageTaken = false; ///< the page that was offered has been asked for
     QString pageCount;
-    // The rows with which the server told of trouble in an index search
+    // The rows with which the server reported trouble in an index search
     bool ServerErrorSeen = false;
     QString ServerErrorText;
     bool ServerWarningSeen = false;

@@ -3,7 +3,7 @@
 #include <QString>
 #include <QStringList>
 
-/// A person as the list of duplicate names takes one.
+/// A person as a row of the list of duplicate names.
 struct NameRow
 {
     QStringList Cells;

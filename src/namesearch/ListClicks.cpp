@@ -3,7 +3,6 @@
 #include "casedetails/frmCaseDetails.h"
 #include "casedetails/frmCivilCaseDetails.h"
 #include "casedetails/frmNCCaseDetails.h"
-#include "tables/ResultListView.h"
 #include "core/GlobalState.h"
 #include "core/Log.h"
 #include "namesearch/CaseFromRow.h"
@@ -11,6 +10,7 @@
 #include "namesearch/SortKeys.h"
 #include "session/LoginOffer.h"
 #include "session/NewWindow.h"
+#include "tables/ResultListView.h"
 
 #include <QPushButton>
 

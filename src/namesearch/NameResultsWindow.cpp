@@ -25,8 +25,7 @@ NameResultsWindow::NameResultsWindow(NameSearch *ownSearch, QWidget *parent)
     : JobWindow(ownSearch, &ownSearch->Record.lblState, &ownSearch->Record.ClientAcctgCode, parent),
       search(ownSearch), lboxQueue(search->lboxQueue),
       SearchIncomplete(search->Record.SearchIncomplete),
-      StopWarningFlag(search->Record.StopWarningFlag),
-      SortColumnName(search->Record.SortColumnName)
+      StopWarningFlag(search->Record.StopWarningFlag), SortColumnName(search->Record.SortColumnName)
 {
     search->UseTalk(this);
 }

@@ -74,7 +74,7 @@ protected:
 
     /// The button that retrieves what is chosen in the list: by itself, the selected case.
     virtual void RetrieveDetails();
-    /// Whether that button can be pressed, now that something else is chosen.
+    /// Turns that button on or off, now that something else is chosen.
     virtual void UpdateRetrieveButton();
     /// Sorts a list of the window by a column, as a click on its header does.
     void SortList(ResultListView *list, int column);
@@ -113,6 +113,6 @@ private:
     QPushButton *printButton = nullptr;
     QPushButton *retrieveButton = nullptr;
     QString shownCaption;
-    bool closesUnasked = false; ///< the box has told why, and the user has answered it
+    bool closesUnasked = false; ///< the box has said why, and the user has answered it
     bool sortFlag = false;      ///< turned by every click on a header
 };

@@ -7,8 +7,8 @@ using namespace Qt::StringLiterals;
 namespace {
 constexpr qsizetype shortestProgress = 10;
 
-/// The courts whose requests travel in the "~" family. Idaho's bankruptcy court is not told apart
-/// here: it is stopped by the common request.
+/// The courts whose requests travel in the "~" family. Idaho's bankruptcy court is not among
+/// them: it is stopped by the common request.
 constexpr std::array<QStringView, 3> tildeStates{u"WAWBK", u"WAEBK", u"ORBK"};
 
 bool isEndMark(const QString &reply, EndMark where)

@@ -19,7 +19,7 @@ enum class EndMark {
     AtTheBeginning
 };
 
-/// In what the courts differ.
+/// How the courts differ.
 struct ReplyRules
 {
     EndMark endMark = EndMark::AtTheEnd;
@@ -39,7 +39,7 @@ enum class IndexReplyKind {
 };
 
 /// Which of these a reply is. The end mark is the whole reply, unlike that of the other searches,
-/// and the words stand in capitals; only progress is told in any case.
+/// and the words stand in capitals; only progress is recognised in any case.
 IndexReplyKind ClassifyIndexReply(const QString &reply);
 
 /// What a progress reply shows, or "" when it is too short to show anything. `asItIs` leaves each

@@ -22,7 +22,7 @@ struct ResultColumn
 
 std::span<const ResultColumn> ResultColumnsOf(ResultKind kind);
 
-/// The one column whose cells stand in the middle.
+/// The one column whose cells are centred.
 constexpr QStringView centredColumn = u"Date Filed";
 
 /// Idaho's columns 2 and 5 (counted from 1) open narrow and take these widths with the first row.

@@ -11,7 +11,7 @@ enum class ResultsWindow {
     DiscisNonCivil ///< frmDiscisNCNameResults
 };
 
-/// In what the three windows differ while they do the same work.
+/// How the three windows differ while they do the same work.
 struct ResultsWindowRow
 {
     ResultsWindow window;

@@ -25,12 +25,12 @@ struct CriteriaSource
 SearchCriteria CriteriaOf(const QString &requestLine, const CriteriaSource &source);
 
 /// True for the courts whose window shows what its starter wrote into it, since their request lines
-/// do not tell it.
+/// do not have it.
 bool KeepsGivenCriteria(const QString &state);
 
 /// The criteria of a District or Municipal request line. `courtCounty` is what lblCourtCounty
-/// reads, for a line that names no single court. Case types are not told by the line. Throws error
-/// 9 when the line has too few fields.
+/// reads, for a line that names no single court. The line does not name the case types. Throws
+/// error 9 when the line has too few fields.
 SearchCriteria DiscisCriteria(const QString &requestLine, const QString &courtCounty);
 
 /// The county of a request line: field 6, trimmed and without its commas; nothing when the line has

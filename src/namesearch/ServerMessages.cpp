@@ -18,7 +18,7 @@ constexpr QStringView tooManyShort = u"Warning - Too Many Results For First Name
 constexpr QStringView tooManyLong =
     u"Too Many Results for First Name! Enter a More Specific Name and Retry the Search.";
 
-// A second name that is too common is told in the words of the first: they are the words of the
+// A second name that is too common is reported in the words of the first: they name the
 // field that the user can do something about. The last row of each kind takes what is left.
 constexpr std::array<ServerMessageRow, 6> messages{{
     {true, u"First Name", u"More Than", tooManyShort, tooManyLong},

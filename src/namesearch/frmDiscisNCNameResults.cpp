@@ -1,11 +1,11 @@
 #include "namesearch/frmDiscisNCNameResults.h"
 
 #include "controls/MsgBox.h"
+#include "core/GlobalState.h"
+#include "namesearch/DuplicateNames.h"
 #include "tables/ResultListView.h"
 #include "tables/RowFilter.h"
 #include "tables/TableTools.h"
-#include "core/GlobalState.h"
-#include "namesearch/DuplicateNames.h"
 #include "ui_frmDiscisNCNameResults.h"
 
 #include <array>
@@ -14,7 +14,7 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-/// What the window reads with one of its two lists in front.
+/// The texts of the window with one of its two lists in front.
 struct ViewTexts
 {
     bool names;
@@ -30,8 +30,7 @@ constexpr std::array<ViewTexts, 2> views{{
     {true,
      u"Mulitple Names Match Search Criteria. Check Name(s) to retrieve cases for and click "
      "'Retrieve Case(s)'",
-     u"Retrieve Case(s)",
-     u"&View Cases"},
+     u"Retrieve Case(s)", u"&View Cases"},
 }};
 } // namespace
 
@@ -42,9 +41,9 @@ frmDiscisNCNameResults::frmDiscisNCNameResults(QWidget *parent)
 }
 
 frmDiscisNCNameResults::frmDiscisNCNameResults(NonCivilSearch *ownSearch, QWidget *parent)
-    : DiscisResultsWindow(ownSearch, parent), search(ownSearch),
-      lblDNDorSNCI(search->lblDNDorSNCI), DupesFound(search->DupesFound),
-      ShowingDupes(search->ShowingDupes), ui(std::make_unique<Ui::frmDiscisNCNameResults>())
+    : DiscisResultsWindow(ownSearch, parent), search(ownSearch), lblDNDorSNCI(search->lblDNDorSNCI),
+      DupesFound(search->DupesFound), ShowingDupes(search->ShowingDupes),
+      ui(std::make_unique<Ui::frmDiscisNCNameResults>())
 {
     ui->setupUi(this);
     ui->lvDupe->hide();

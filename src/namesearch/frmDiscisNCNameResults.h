@@ -10,13 +10,13 @@ class frmDiscisNCNameResults;
 
 /// The results of a non-civil name search in the District and Municipal Courts.
 ///
-/// People of one name have a list of their own, in the same place as the cases: one of the two is in
-/// front.
+/// People of one name have a list of their own, in the same place as the cases: one of the two is
+/// in front.
 class frmDiscisNCNameResults : public DiscisResultsWindow
 {
     Q_OBJECT
 public:
-    /// What is searched for is Global.DiscisDndSearch's to say, which is cleared by it.
+    /// Global.DiscisDndSearch says what is searched for; it is cleared here.
     explicit frmDiscisNCNameResults(QWidget *parent = nullptr);
     ~frmDiscisNCNameResults() override;
 

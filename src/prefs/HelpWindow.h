@@ -9,7 +9,7 @@ class QPushButton;
 class QTextEdit;
 class QVBoxLayout;
 
-/// What tells one help window from another.
+/// How one help window differs from another.
 struct HelpWindowLook
 {
     QStringView name; ///< of the window

@@ -22,8 +22,8 @@ enum class ResultKind {
 struct ResultsRecord
 {
     // What was searched for, in the words of the window
-    QString lblState;        ///< "WA", "OR", "ID", "WAWBK", "WAEBK", "ORBK" or "IDBK"
-    QString Caption;         ///< of the window
+    QString lblState; ///< "WA", "OR", "ID", "WAWBK", "WAEBK", "ORBK" or "IDBK"
+    QString Caption;  ///< of the window
     QString lblNameVal;
     QString lblCaseTypeVals;
     QString txtCountyList;
@@ -39,9 +39,9 @@ struct ResultsRecord
 
     // How it went; the job has lblStatus
     StatusLine lblSearchStatus;
-    QString Label3;                 ///< the count
-    QString SortColumnName;         ///< the header of the sort column
-    bool SearchIncomplete = false;  ///< a request failed in a way that loses results
-    bool StopWarningFlag = false;   ///< nothing sets it: a stop shows in a report's closing line
-    bool Printable = false;         ///< a run has come to its end
+    QString Label3;                ///< the count
+    QString SortColumnName;        ///< the header of the sort column
+    bool SearchIncomplete = false; ///< a request failed in a way that loses results
+    bool StopWarningFlag = false;  ///< nothing sets it: a stop shows in a report's closing line
+    bool Printable = false;        ///< a run has come to its end
 };

@@ -41,8 +41,9 @@ public:
     /// The rows that are checked, in the order of the list.
     QList<int> CheckedRows() const;
 
-    /// Puts the rows into this order: row n is what row order[n] has been. Nobody is told: who
-    /// shows the rows has to be told before and after, and is the one who sorts them.
+    /// Puts the rows into this order: row n is what row order[n] has been. This raises no
+    /// signal: who shows the rows has to know of it before and after, and is the one who sorts
+    /// them.
     void Rearrange(const std::vector<int> &order);
 
 Q_SIGNALS:

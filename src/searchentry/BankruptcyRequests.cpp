@@ -24,7 +24,7 @@ struct BkSearch
     QStringView lblName;
 };
 
-/// By what is looked for, in the order of SearchKind.
+/// One row for each SearchKind, in its order.
 constexpr std::array<BkSearch, 5> searches{{
     {RequestLine::BkPerson, u""},
     {RequestLine::BkBusiness, u""},

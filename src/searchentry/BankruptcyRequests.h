@@ -16,11 +16,11 @@ struct BkCourtRow
 
 constexpr int bkCourtCount = 4;
 
-/// The court of a box of chkBKcourt. Throws error 9 for a box that there is not.
+/// The court of a box of chkBKcourt. Throws error 9 when there is no such box.
 const BkCourtRow &BkCourt(int index);
 
-/// The one line of a search of this court. None for a court that there is not, and when nothing to
-/// look for is left of what was entered.
+/// The one line of a search of this court. None when there is no such court, or when nothing
+/// to look for is left of what was entered.
 std::optional<QString> BkRequest(const SearchEntry &entry, int courtIndex, int thisYear);
 
 /// What a results window of a bankruptcy search gets.

@@ -18,8 +18,8 @@ bool ValidateBkFormFields(SearchEntry &entry, FormTalk &talk);
 /// The checks of the numbers and counties in entry.Batch.
 bool ValidateBatchSearchFields(SearchEntry &entry, FormTalk &talk);
 
-/// What is told of characters that were entered and cannot be sent: a sentence that names them, and
-/// one that says what becomes of them.
+/// What the user reads about characters that were entered and cannot be sent: a sentence that names
+/// them, and one that says what becomes of them.
 QString LostCharactersText(const QStringList &characters);
 
 /// True when one of these Oregon counties has no District Court.

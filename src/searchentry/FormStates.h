@@ -92,7 +92,7 @@ CourtFamily FirstCourtOf(int stateIndex);
 /// Whether it looks for a tax identifier or a social security number.
 bool IsIdentifier(SearchKind kind);
 
-/// The state with everything put right that cannot be: tax identifiers and social security numbers
+/// The state with impossible combinations put right: tax identifiers and social security numbers
 /// exist for the U.S. Courts only, a batch for numbers of the three states' own courts only.
 FormState Settled(FormState state);
 

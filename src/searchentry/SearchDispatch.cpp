@@ -119,7 +119,7 @@ DispatchResult numberSearch(const SearchEntry &entry, const Handing &handing)
 
 frmNameSearchResults *newBankruptcyResults(const QString &state)
 {
-    // The window takes its columns while it loads, before it is told its state: the flag says
+    // The window takes its columns while it loads, before it knows its state: the flag says
     // which.
     Global.BkFormLoading = true;
     auto *form = new frmNameSearchResults(QString());

@@ -77,7 +77,7 @@ bool save(SearchRecord record, const QString &iniFile, bool RecordKey::*kind)
     record.CreateTime = locale.toString(now.time(), QLocale::ShortFormat);
     CSetting setting;
     setting.Init(iniFile, true);
-    // The settings say nothing of a key that they could not write, so each is looked for.
+    // CSetting does not report a key that it could not write, so each is looked for afterwards.
     const QString missing(QChar(1));
     bool allWritten = true;
     for (const RecordKey &row : recordKeys) {

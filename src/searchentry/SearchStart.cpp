@@ -1,6 +1,6 @@
 // What stands between a click on Start Search, or on a batch's buttons, and the dispatch: the
-// checks, the disclaimer, the login question and the client code. Each that stops ends the click
-// with the form as it stood.
+// checks, the disclaimer, the login question and the client code. Whichever of them stops the
+// search leaves the form as it stood.
 
 #include "controls/MsgBox.h"
 #include "core/GlobalState.h"

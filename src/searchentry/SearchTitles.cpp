@@ -37,7 +37,7 @@ const TitleRow *titleRow(const SearchEntry &entry)
     return found == titles.end() ? nullptr : found;
 }
 
-/// By what is looked for, in the order of SearchKind. Bankruptcy has its own filing: a business
+/// One row for each SearchKind, in its order. Bankruptcy has its own filing: a business
 /// goes to the persons there, and only a tax identifier to the businesses.
 struct RecentRow
 {

@@ -8,7 +8,7 @@ namespace Ui {
 class frmAccounting;
 }
 
-/// What the window of client codes tells the search form.
+/// The signals of the window of client codes to the search form.
 class AccountingEvents : public QObject
 {
     Q_OBJECT

@@ -26,7 +26,7 @@ class frmSearchWA;
 /// The one screen on which every search is entered. It never talks to the server: it makes the
 /// request lines, hands them to a new window, and gives that window a place in the turn queue.
 ///
-/// Every click moves `state` and then shows what FormStates tells for it.
+/// Every click moves `state` and then shows what FormStates has for it.
 class frmSearchWA : public FormWindow, private FormTalk
 {
     Q_OBJECT

@@ -21,7 +21,7 @@ void frmInactivity::ShowWarning(QWidget *parent)
     CloseWarning();
     warning = new frmInactivity(parent);
     warning->show();
-    // A modal window that is open already blocks it without telling so.
+    // A modal window that is open already blocks it silently.
     warning->standOverModal();
 }
 

@@ -39,7 +39,7 @@ constexpr float networkWaitSeconds = 5.0F;
 constexpr int messagesHeightTwips = 5370;
 constexpr int parameterPauseMilliseconds = 200;
 
-/// How a login that failed is told. The title and text of every other code are the last row.
+/// What is said of a login that failed. The last row has the title and text for every other code.
 struct Refusal
 {
     SessionResult result;

@@ -57,7 +57,7 @@ public:
     /// Takes the window away for good, asking first what `mode` has to ask. False when refused.
     bool Unload(UnloadMode mode);
 
-    /// A line in the status bar that stays, such as the one that tells practice records apart.
+    /// A line in the status bar that stays, such as the one that marks practice records.
     void SetNotice(const QString &text);
 
     QStringList lstActiveWindows; ///< captions of the open children, in the order of activation

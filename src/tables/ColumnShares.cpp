@@ -94,8 +94,8 @@ QList<int> ColumnPixels(const QList<ColumnShare> &columns, int width, int least)
     }
     QList<int> pixels;
     for (const ColumnShare &column : columns) {
-        const int told = static_cast<int>(std::lround(width * sane(column.Percent) / whole));
-        pixels.append(column.Fixed >= 0 ? column.Fixed : std::max(told, least));
+        const int share = static_cast<int>(std::lround(width * sane(column.Percent) / whole));
+        pixels.append(column.Fixed >= 0 ? column.Fixed : std::max(share, least));
     }
     return pixels;
 }

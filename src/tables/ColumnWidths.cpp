@@ -30,21 +30,21 @@ ColumnWidths::ColumnWidths(QTableView *table) : QObject(table), view(table)
     view->horizontalHeader()->viewport()->installEventFilter(this);
 }
 
-void ColumnWidths::Begin(const QString &kind, const QList<int> &told)
+void ColumnWidths::Begin(const QString &kind, const QList<int> &usual)
 {
     kindName = kind;
-    toldTwips = told;
+    usualTwips = usual;
     atPress.clear();
     users = kind.isEmpty() ? StoredWidths()
                            : WidthsOfText(UserStoreValue(storeSection(), kind, QString()));
-    for (int column = 0; column < told.size(); ++column)
-        SetTold(column, told[column]);
+    for (int column = 0; column < usual.size(); ++column)
+        SetUsual(column, usual[column]);
 }
 
-void ColumnWidths::SetTold(int column, int twips)
+void ColumnWidths::SetUsual(int column, int twips)
 {
-    if (column < toldTwips.size())
-        toldTwips[column] = twips;
+    if (column < usualTwips.size())
+        usualTwips[column] = twips;
     const int width = users.isEmpty() ? twips : users.value(nameOf(column), twips);
     view->setColumnWidth(column, PixelsFromTwips(width));
     // A column that changes by itself during a drag was not changed by the user.
@@ -57,8 +57,8 @@ void ColumnWidths::Reset()
     users.clear();
     if (!kindName.isEmpty())
         SaveUserStoreValue(storeSection(), kindName, QString());
-    for (int column = 0; column < toldTwips.size(); ++column)
-        view->setColumnWidth(column, PixelsFromTwips(toldTwips[column]));
+    for (int column = 0; column < usualTwips.size(); ++column)
+        view->setColumnWidth(column, PixelsFromTwips(usualTwips[column]));
     Q_EMIT UserChanged(true);
 }
 

@@ -11,20 +11,20 @@ class QTableView;
 /// one does. -1 when there is none.
 int LastColumnInSight(const QTableView *table);
 
-/// The widths of a table's columns: the told ones, until the user drags a column; from then on that
-/// column has the user's width in every list of this kind, today and after the next start.
+/// The widths of a table's columns: the usual ones, until the user drags a column; from then on
+/// that column has the user's width in every list of this kind, today and after the next start.
 class ColumnWidths : public QObject
 {
     Q_OBJECT
 public:
     explicit ColumnWidths(QTableView *table);
 
-    /// The columns have just been made; `told` are their widths in twips. Without a name for the
+    /// The columns have just been made; `usual` are their widths in twips. Without a name for the
     /// kind nothing is remembered beyond this table.
-    void Begin(const QString &kind, const QList<int> &told);
+    void Begin(const QString &kind, const QList<int> &usual);
 
-    /// Sets a column's told width. It shows unless the user gave the column one.
-    void SetTold(int column, int twips);
+    /// Sets a column's usual width. It shows unless the user gave the column one.
+    void SetUsual(int column, int twips);
 
     /// Whether a column has a width of the user's.
     bool ChangedByUser() const { return !users.isEmpty(); }
@@ -32,11 +32,11 @@ public:
     /// Whether the user may be about to change one.
     bool InHand() const { return !atPress.isEmpty(); }
 
-    /// Goes back to the told widths, for good.
+    /// Goes back to the usual widths, for good.
     void Reset();
 
 Q_SIGNALS:
-    /// The user has just given columns a width, or gone back to the told ones (reset).
+    /// The user has just given columns a width, or gone back to the usual ones (reset).
     void UserChanged(bool reset);
 
 protected:
@@ -50,7 +50,7 @@ private:
 
     QTableView *view;
     QString kindName;
-    QList<int> toldTwips;
+    QList<int> usualTwips;
     StoredWidths users;
     QList<int> atPress; ///< in pixels, while a mouse button is down on the header
 };

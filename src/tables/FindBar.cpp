@@ -116,7 +116,7 @@ void FindBar::placeBelowTable()
         if (focus == view)
             view->setFocus();
     } else {
-        // A table that stands free: the bar covers its lower edge.
+        // The table is in no layout: the bar covers its lower edge.
         const int height = sizeHint().height();
         setGeometry(0, view->height() - height, view->width(), height);
         raise();

@@ -199,7 +199,7 @@ void FlexGrid::shareColumns()
     if (fills)
         pixels[last] = least;
     for (int column = 0; column < pixels.size(); ++column)
-        widths->SetTold(column, TwipsFromPixels(pixels[column]));
+        widths->SetUsual(column, TwipsFromPixels(pixels[column]));
     header->StretchLast();
 }
 

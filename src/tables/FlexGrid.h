@@ -14,7 +14,7 @@ class TableTools;
 /// The grid of a tab: a table whose cells wrap, with columns in hundredths of its width and rows as
 /// high as their text.
 ///
-/// To find out how high a row is takes longer than to show it. So only the rows in sight are
+/// Finding out how high a row is takes longer than showing it. So only the rows in sight are
 /// measured at once; the others follow while the program has nothing else to do, and get their
 /// heights together, without moving what the user looks at.
 class FlexGrid : public QTableView

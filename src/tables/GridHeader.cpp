@@ -15,7 +15,7 @@ QString GridHeader::textOf(int column) const
 }
 
 /// A header without a title stands above a message that takes the place of a table: there is
-/// nothing to point out, and no column to be told from another.
+/// nothing to point out, and no column to be known from another.
 bool GridHeader::isQuiet() const
 {
     for (int column = 0; column < count(); ++column) {
@@ -50,10 +50,11 @@ void GridHeader::paintSection(QPainter *painter, const QRect &place, int column)
     painter->save();
     QHeaderView::paintSection(painter, place, column);
     painter->restore();
-    const QVariant told = model()->headerData(column, Qt::Horizontal, Qt::TextAlignmentRole);
+    const QVariant alignment = model()->headerData(column, Qt::Horizontal, Qt::TextAlignmentRole);
     painter->setPen(palette().color(QPalette::ButtonText));
     DrawWrappedText(
         painter,
         place.adjusted(wrappedTextSide, wrappedTextEdge, -wrappedTextSide, -wrappedTextEdge),
-        textOf(column), font(), told.isValid() ? told.value<Qt::Alignment>() : defaultAlignment());
+        textOf(column), font(),
+        alignment.isValid() ? alignment.value<Qt::Alignment>() : defaultAlignment());
 }

@@ -28,7 +28,7 @@ public:
     void UseRows(RowTable *table);
     RowTable *Rows() const { return rows; }
 
-    // The rows, those that the view has not been told of included
+    // The rows, with those that the view does not know of yet
     void AddRow(const QStringList &cells, const QString &key = {}) { rows->AddRow(cells, key); }
     int Count() const { return rows->Count(); }
     QString Cell(int row, int column) const { return rows->Cell(row, column); }
@@ -61,7 +61,7 @@ public:
                         int role = Qt::DisplayRole) const override;
 
 Q_SIGNALS:
-    /// The view has just been told of new rows: labels that count them may follow now.
+    /// The view has just learned of new rows: labels that count them may follow now.
     void Flushed();
 
 private:

@@ -64,7 +64,7 @@ ResultListView::ResultListView(QWidget *parent) : QTableView(parent), list(this)
             &ResultListView::SelectedRowChanged);
     connect(selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             &ResultListView::SelectedRowChanged);
-    // A list that is made anew drops its selection without telling so.
+    // A list that is made anew drops its selection without a signal.
     connect(&list, &QAbstractItemModel::modelReset, this, &ResultListView::SelectedRowChanged);
 }
 
@@ -73,7 +73,7 @@ void ResultListView::connectHeader()
     QHeaderView *header = horizontalHeader();
     header->setSectionsClickable(true);
     connect(header, &QHeaderView::sectionClicked, this, [this](int column) {
-        // The header has turned its arrow on its own; where it stands is for others to say.
+        // The header has turned its arrow on its own; others decide where it stands.
         showArrow();
         Q_EMIT HeaderClicked(column);
     });
@@ -90,10 +90,10 @@ void ResultListView::SetColumns(const ListLayout &layout)
     list.SetColumns(columns);
     orderColumns();
     fitTitles(columns);
-    QList<int> told;
+    QList<int> usual;
     for (const ListColumn &column : columns)
-        told.append(column.Width);
-    tools->Widths()->Begin(layout.Kind, told);
+        usual.append(column.Width);
+    tools->Widths()->Begin(layout.Kind, usual);
 }
 
 /// The last column takes the room that is left. One too narrow to be seen is meant to stay so: it
@@ -139,7 +139,7 @@ void ResultListView::WidenForCell(int row, int column)
 
 void ResultListView::SetColumnTwips(int column, int twips)
 {
-    tools->Widths()->SetTold(column, twips);
+    tools->Widths()->SetUsual(column, twips);
 }
 
 void ResultListView::UseSmallText()

@@ -10,7 +10,7 @@
 #include <algorithm>
 
 namespace {
-/// A change that no cell's text has a part in, such as of a check box.
+/// A change that concerns no cell's text, such as that of a check box.
 bool leavesTexts(const QList<int> &roles)
 {
     return !roles.isEmpty() && !roles.contains(Qt::DisplayRole) && !roles.contains(Qt::EditRole);

@@ -8,8 +8,8 @@
 #include <vector>
 
 namespace {
-// What a change from many ranges to many others changes is found by comparing each with each. Where
-// that takes longer than the change is worth, the old ones go first.
+// Between two selections of many ranges Qt finds the difference by comparing each range with each.
+// Where that would take longer than the change is worth, the old ranges are cleared first.
 constexpr qsizetype mostComparisons = 1'000'000;
 
 /// The first and last rows of the selection's ranges, from top to bottom, none of them twice.

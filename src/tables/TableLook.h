@@ -12,7 +12,7 @@ void SetTableLook(QTableView *table);
 /// see.
 constexpr int unseenColumnTwips = 100;
 
-/// What the titles of columns are scaled by.
+/// The factor by which the titles of columns are smaller.
 constexpr double smallFontScale = 0.9;
 
 /// A font for what is to take little room.

@@ -38,7 +38,7 @@ void TableTools::makeMenu()
     const auto add = [this](const QString &name, const QString &text, const QKeySequence &keys) {
         QAction *action = menu->addAction(text);
         action->setObjectName(name);
-        // For the eye only: a menu that is in no window hears no keys.
+        // Only shown in the menu: a menu that is in no window hears no keys.
         action->setShortcut(keys);
         action->setShortcutVisibleInContextMenu(true);
         return action;

@@ -14,7 +14,7 @@
 #include "namesearch/frmDiscisNCNameResults.h"
 #include "namesearch/frmDiscisNameResults.h"
 #include "namesearch/frmNameSearchResults.h"
-#include "practice/ToldCases.h"
+#include "practice/SpecialCases.h"
 
 #include <QApplication>
 #include <QDeadlineTimer>
@@ -34,7 +34,7 @@ constexpr double napSeconds = 0.02;
 constexpr double pace = 0.1;
 
 using Practice::CourtFamily;
-using Practice::ToldCase;
+using Practice::SpecialCase;
 
 NameResultsWindow *makeIndex()
 {
@@ -87,17 +87,17 @@ constexpr std::array<DaySearch, 10> daySearches{{
 }};
 
 /// What a case does that is not found by a search.
-constexpr std::array<ToldCase, 5> toldMeanings{ToldCase::TabErrorOnce, ToldCase::TabDropOnce,
-                                               ToldCase::EmptyTabs, ToldCase::Breaks,
-                                               ToldCase::Arbitration};
+constexpr std::array<SpecialCase, 5> specialMeanings{
+    SpecialCase::TabErrorOnce, SpecialCase::TabDropOnce, SpecialCase::EmptyTabs,
+    SpecialCase::Breaks, SpecialCase::Arbitration};
 
-QString numberOf(CourtFamily family, ToldCase meaning)
+QString numberOf(CourtFamily family, SpecialCase meaning)
 {
-    for (const Practice::ToldCaseRow &row : Practice::toldCases) {
+    for (const Practice::SpecialCaseRow &row : Practice::specialCases) {
         if (row.meaning == meaning && (row.families & Practice::FamilyBit(family)) != 0)
-            return Practice::ToldCaseNumber(family, row);
+            return Practice::SpecialCaseNumber(family, row);
     }
-    return numberOf(family, ToldCase::TabErrorOnce);
+    return numberOf(family, SpecialCase::TabErrorOnce);
 }
 
 CaseWindow *makeStateCase(const QString &state, const QString &number, const QString &county)
@@ -131,7 +131,7 @@ CaseWindow *makeBankruptcyCase(const QString &number)
 }
 
 /// A case window of each kind.
-CaseWindow *makeCase(int kind, ToldCase meaning)
+CaseWindow *makeCase(int kind, SpecialCase meaning)
 {
     switch (kind) {
     case 0:
@@ -314,7 +314,8 @@ void WholeDay::openRow()
 
 void WholeDay::openCase()
 {
-    const ToldCase meaning = toldMeanings.at(static_cast<size_t>(below(toldMeanings.size())));
+    const SpecialCase meaning =
+        specialMeanings.at(static_cast<size_t>(below(specialMeanings.size())));
     CaseWindow *window = makeCase(below(caseKinds), meaning);
     user.Desk.Enqueue(window);
     start(window);

@@ -1,9 +1,9 @@
 #include "app/CaseChecks.h"
 #include "app/PracticeCourt.h"
 #include "casedetails/CaseWindow.h"
-#include "tables/FlexGrid.h"
 #include "controls/TabStrip.h"
-#include "practice/ToldCases.h"
+#include "practice/SpecialCases.h"
+#include "tables/FlexGrid.h"
 
 #include <QDialog>
 #include <QPushButton>
@@ -23,11 +23,11 @@ QStringList inCounty(const QString &name)
 const QStringList oneSeattle{u"choose cboxCountyList King"_s,
                              u"tick lboxDiscisCourtNames King District Seattle (KSD)"_s};
 
-QString told(Practice::CourtFamily family, Practice::ToldCase meaning)
+QString numberOfSpecial(Practice::CourtFamily family, Practice::SpecialCase meaning)
 {
-    for (const Practice::ToldCaseRow &row : Practice::toldCases) {
+    for (const Practice::SpecialCaseRow &row : Practice::specialCases) {
         if (row.meaning == meaning && (row.families & Practice::FamilyBit(family)) != 0)
-            return Practice::ToldCaseNumber(family, row);
+            return Practice::SpecialCaseNumber(family, row);
     }
     return {};
 }
@@ -160,7 +160,8 @@ void tst_CasesByNumber::aCaseByItsNumber()
 void tst_CasesByNumber::severalBankruptcyCasesOfOneNumber()
 {
     QVERIFY(LogInAs(u"quiet"_s));
-    const QString number = told(Practice::CourtFamily::Bankruptcy, Practice::ToldCase::Multiple);
+    const QString number =
+        numberOfSpecial(Practice::CourtFamily::Bankruptcy, Practice::SpecialCase::Multiple);
     CaseWindow *list = startNumber(federal + byNumber, number, false);
     QVERIFY(list);
     QVERIFY(user->Run(list));
@@ -205,7 +206,8 @@ void tst_CasesByNumber::aCaseInArbitration()
     QFETCH(bool, arbitration);
     FetchAtOnce(everyTab);
     QVERIFY(LogInAs(u"quiet"_s));
-    const QString number = told(Practice::CourtFamily::Superior, Practice::ToldCase::Arbitration);
+    const QString number =
+        numberOfSpecial(Practice::CourtFamily::Superior, Practice::SpecialCase::Arbitration);
     CaseWindow *window = startNumber(inCounty(u"King"_s), number, false);
     QVERIFY(window);
     user->Desk.Boxes.ExpectDialog(u"frmArbPrompt"_s, [button](QDialog *dialog) {
@@ -282,9 +284,9 @@ void tst_CasesByNumber::aDocketOfTwentyThousandEntries()
     const auto courts = static_cast<Practice::CourtFamily>(family);
     FetchAtOnce({u"Docket"_s});
     QVERIFY(LogInAs(u"quiet"_s));
-    CaseWindow *window = startNumber(steps, told(courts, Practice::ToldCase::LongDocket),
-                                     courts == Practice::CourtFamily::Oregon
-                                         || courts == Practice::CourtFamily::District);
+    CaseWindow *window = startNumber(
+        steps, numberOfSpecial(courts, Practice::SpecialCase::LongDocket),
+        courts == Practice::CourtFamily::Oregon || courts == Practice::CourtFamily::District);
     QVERIFY(window);
     QVERIFY(user->Run(window));
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete"_s);

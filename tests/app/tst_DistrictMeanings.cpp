@@ -1,8 +1,8 @@
 #include "app/CaseChecks.h"
 #include "app/PracticeCourt.h"
 #include "casedetails/CaseWindow.h"
+#include "practice/SpecialCases.h"
 #include "tables/FlexGrid.h"
-#include "practice/ToldCases.h"
 
 #include <QDialog>
 #include <QLabel>
@@ -15,11 +15,11 @@
 namespace {
 const QString complete = u"Search Complete"_s;
 
-QString toldAt(int place)
+QString specialAt(int place)
 {
-    for (const Practice::ToldCaseRow &row : Practice::toldCases) {
+    for (const Practice::SpecialCaseRow &row : Practice::specialCases) {
         if (row.place == place)
-            return Practice::ToldCaseNumber(Practice::CourtFamily::District, row);
+            return Practice::SpecialCaseNumber(Practice::CourtFamily::District, row);
     }
     return {};
 }
@@ -60,7 +60,7 @@ private:
     CaseWindow *open(bool civil, const QString &number, const QString &in);
     CaseWindow *open(bool civil, int place)
     {
-        return open(civil, toldAt(place), u"King District Seattle (KSD)"_s);
+        return open(civil, specialAt(place), u"King District Seattle (KSD)"_s);
     }
 
     PracticeCourts court;

@@ -161,11 +161,11 @@ void tst_EveryWindow::aScreenReaderHasANameForEveryControl()
 void tst_EveryWindow::theTabKeyComesToEveryControl()
 {
     constexpr int mostSteps = 100;
-    QStringList told;
+    QStringList expected;
     const QList<QWidget *> widgets = window->findChildren<QWidget *>();
     for (const QWidget *widget : widgets) {
         if (isTabStop(widget))
-            told.append(widget->objectName());
+            expected.append(widget->objectName());
     }
     // Where nobody has the keyboard yet, the first key goes to the first control.
     if (QApplication::focusWidget() == window.get())
@@ -178,9 +178,9 @@ void tst_EveryWindow::theTabKeyComesToEveryControl()
         visited.append(here);
         QTest::keyClick(window->windowHandle(), Qt::Key_Tab);
     }
-    told.sort();
+    expected.sort();
     visited.sort();
-    QCOMPARE(visited, told);
+    QCOMPARE(visited, expected);
 }
 
 QTEST_MAIN(tst_EveryWindow)

@@ -158,24 +158,24 @@ void tst_ListMeanings::inEachFamily()
     QFETCH(int, family);
     QFETCH(int, meaning);
     const Family &asked = families.at(static_cast<size_t>(family));
-    const Meaning &told = meanings.at(static_cast<size_t>(meaning));
+    const Meaning &expected = meanings.at(static_cast<size_t>(meaning));
     NameResultsWindow *window = asked.make();
     const bool tildes = QStringView(asked.line).startsWith(u"BKRPT");
-    QString line = QString::fromUtf16(asked.line).arg(QString::fromLatin1(told.words));
+    QString line = QString::fromUtf16(asked.line).arg(QString::fromLatin1(expected.words));
     line = tildes ? line.replace(u'/', u'~') : Wire(line);
     start(window, line);
-    const End end = asked.district ? told.inDistrictCourts : told.end;
+    const End end = asked.district ? expected.inDistrictCourts : expected.end;
     if (end == End::Stopped)
-        user->Desk.When([&] { return window->RowCount() == told.rows; },
+        user->Desk.When([&] { return window->RowCount() == expected.rows; },
                         [&] { ButtonOf(window, "cmdStopSearching")->click(); });
     QVERIFY(waitForTheEnd(window));
     // A district court's words for a search that is complete have more blanks.
-    QCOMPARE(TextOf(window, "lblStatus").simplified(), statusOf(end, told.rows));
+    QCOMPARE(TextOf(window, "lblStatus").simplified(), statusOf(end, expected.rows));
     // Rows that come together with the end of the link are not read.
     if (end == End::Lost)
-        QVERIFY(window->RowCount() <= told.rows);
+        QVERIFY(window->RowCount() <= expected.rows);
     else
-        QCOMPARE(RowsOf(window).size(), told.rows + told.furtherRows);
+        QCOMPARE(RowsOf(window).size(), expected.rows + expected.furtherRows);
     QCOMPARE(window->SearchIncomplete, end == End::Incomplete || end == End::Lost);
 }
 

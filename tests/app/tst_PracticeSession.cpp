@@ -58,8 +58,8 @@ class tst_PracticeSession : public QObject
 private Q_SLOTS:
     void theCourtAnswersAndEndsWithItsOwner();
     void twoCourtsHaveTwoPorts();
-    void aProgramThatIsNotThereIsToldOf();
-    void aProgramThatSaysNoPortIsToldOf();
+    void aProgramThatIsNotThereIsReported();
+    void aProgramThatSaysNoPortIsReported();
     void theSessionIsPointedAtIt();
     void noChildIsLeftWhenTheClientIsKilled();
 };
@@ -92,14 +92,14 @@ void tst_PracticeSession::twoCourtsHaveTwoPorts()
     QVERIFY(first.Port() != second.Port());
 }
 
-void tst_PracticeSession::aProgramThatIsNotThereIsToldOf()
+void tst_PracticeSession::aProgramThatIsNotThereIsReported()
 {
     PracticeCourt court;
     QVERIFY(!court.Start(u"/nowhere/halvane-practice"_s));
     QVERIFY(court.Error().startsWith(u"/nowhere/halvane-practice: "));
 }
 
-void tst_PracticeSession::aProgramThatSaysNoPortIsToldOf()
+void tst_PracticeSession::aProgramThatSaysNoPortIsReported()
 {
     PracticeCourt court;
     QVERIFY(!court.Start(u"/bin/true"_s));

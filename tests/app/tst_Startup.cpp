@@ -104,7 +104,7 @@ private Q_SLOTS:
     void startLogsASeparatorLine();
     void defaultView_data();
     void defaultView();
-    void practiceIsToldInTheStatusBar();
+    void practiceIsShownInTheStatusBar();
     void withoutOptionsIniItStartsToo();
     void anIdleSessionIsWarned();
     void aSearchInAStateShowsTheFormInIt_data();
@@ -341,7 +341,7 @@ void tst_Startup::defaultView()
     QCOMPARE(Global.intSearchWhere, qint16(1));
 }
 
-void tst_Startup::practiceIsToldInTheStatusBar()
+void tst_Startup::practiceIsShownInTheStatusBar()
 {
     desk->Boxes.ExpectDialog(u"frmConnect"_s, [](QDialog *dialog) { dialog->reject(); });
     Main(true);

@@ -207,8 +207,7 @@ void tst_TheRoad::aRefusedExitLetsTheSearchEndAndStopsWhatIsPending()
                    court->SendTokens({ResultLine(u"B"_s), u"EOF~"_s});
                });
     QVERIFY(desk->Finish(running));
-    // What had begun comes to its own end: it is told neither to the court nor to the user as
-    // stopped.
+    // What had begun comes to its own end: neither the court nor the user hears of a stop.
     QCOMPARE(TextOf(running, "lblStatus"), u"Search Complete: 2 Cases Retrieved."_s);
     QVERIFY(!court->Requests().contains(u"STOP\u00A6"_s));
     QVERIFY(desk->Finish(pending));

@@ -18,7 +18,7 @@ enum class CaseEnd {
 };
 
 /// How a case must end with this done to it at this moment.
-struct CaseTold
+struct ExpectedCase
 {
     Act act;
     Moment moment;
@@ -30,7 +30,7 @@ struct CaseTold
 };
 
 /// What a logout does to a run depends on what was being done: BrokenDown stands for that.
-inline constexpr std::array<CaseTold, 27> caseTold{{
+inline constexpr std::array<ExpectedCase, 27> expectedCases{{
     {Act::StopButton, Moment::Pending, CaseEnd::StoppedPending, false, true, false, false},
     {Act::StopButton, Moment::Running, CaseEnd::Stopped, false, true, false, false},
     {Act::StopButton, Moment::Over, CaseEnd::Completed, false, true, false, false},
@@ -69,11 +69,12 @@ inline constexpr std::array<Act, 9> caseActs{
     Act::Exit,         Act::CloseMain,   Act::CloseFrame,
     Act::UnloadByCode, Act::SessionEnds, Act::UnloadUnconditionally};
 
-inline const CaseTold &caseToldOf(Act act, Moment moment)
+inline const ExpectedCase &expectedCaseOf(Act act, Moment moment)
 {
-    return *std::find_if(caseTold.begin(), caseTold.end(), [&](const CaseTold &told) {
-        return told.act == act && told.moment == moment;
-    });
+    return *std::find_if(expectedCases.begin(), expectedCases.end(),
+                         [&](const ExpectedCase &expected) {
+                             return expected.act == act && expected.moment == moment;
+                         });
 }
 
 /// The line that each end leaves in the log, or its beginning.

@@ -86,7 +86,7 @@ private:
     CaseEnd endOfLostLink() const;
     QString endOf() const;
     void checkTexts(CaseEnd end) const;
-    void checkControls(const CaseTold &told) const;
+    void checkControls(const ExpectedCase &expected) const;
     void closeAtLast(CaseEnd end);
     void openAgain();
     /// Does one case after the other, until it happens behind the end of one.
@@ -227,14 +227,14 @@ void tst_CaseEveryYield::checkTexts(CaseEnd end) const
         QVERIFY(last.TabDone != last.TabNotRetrieved);
 }
 
-void tst_CaseEveryYield::checkControls(const CaseTold &told) const
+void tst_CaseEveryYield::checkControls(const ExpectedCase &expected) const
 {
-    const bool broken = told.end == CaseEnd::BrokenDown;
+    const bool broken = expected.end == CaseEnd::BrokenDown;
     QVERIFY(!window->Timer1->isActive());
     QCOMPARE(window->tmrBlink->isActive(), broken);
     QCOMPARE(ButtonOf(window, "cmdStopSearching")->isEnabled(), broken);
     // The main window, and the case in it, is hidden when the program has ended.
-    QCOMPARE(window->isVisible(), !told.endsProgram);
+    QCOMPARE(window->isVisible(), !expected.endsProgram);
     QVERIFY(!window->IsUnloaded());
 }
 
@@ -258,38 +258,38 @@ void tst_CaseEveryYield::caseWith(int nth)
         EnqueueKey(otherKey);
         act();
     });
-    CaseTold told = caseToldOf(what, *yields->When);
-    if (told.end == CaseEnd::BrokenDown)
-        told.end = lostEnd;
+    ExpectedCase expected = expectedCaseOf(what, *yields->When);
+    if (expected.end == CaseEnd::BrokenDown)
+        expected.end = lostEnd;
     // A pending window sees the wish to leave before the program ends, and with it the queue.
-    if (told.end == CaseEnd::AllJobsStopped && yields->Endings == 0)
+    if (expected.end == CaseEnd::AllJobsStopped && yields->Endings == 0)
         QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{otherKey});
-    if (told.endsProgram)
+    if (expected.endsProgram)
         QVERIFY(yields->WaitForTheEnding());
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QStringList queue;
-    if (told.end == CaseEnd::BrokenDown)
+    if (expected.end == CaseEnd::BrokenDown)
         queue.append(window->txtMasterKey);
     // The queue is unloaded at the very end.
-    if (!told.endsProgram)
+    if (!expected.endsProgram)
         queue.append(otherKey);
     const StateLeft left{endOf(),          window.isNull(),       frmQueue::Form().FIFO.Lines(),
                          Global.bLoggedIn, Global.bStopRequested, yields->Endings == 1};
-    const StateLeft meant{nameOf(told.end, caseEndNames),
-                          told.gone,
+    const StateLeft meant{nameOf(expected.end, caseEndNames),
+                          expected.gone,
                           queue,
-                          told.staysLoggedIn,
-                          told.stopsOthers,
-                          told.endsProgram};
+                          expected.staysLoggedIn,
+                          expected.stopsOthers,
+                          expected.endsProgram};
     QCOMPARE(left.Line(), meant.Line());
     QVERIFY(!Global.bSearchInProgress);
     QVERIFY(!Global.bSendBusy);
     QCOMPARE(desk->Boxes.Complaints(), QString());
     if (window) {
-        checkTexts(told.end);
-        checkControls(told);
+        checkTexts(expected.end);
+        checkControls(expected);
     }
-    closeAtLast(told.end);
+    closeAtLast(expected.end);
 }
 
 /// A run that broke down gives its place back when its window closes.

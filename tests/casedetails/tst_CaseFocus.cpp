@@ -16,7 +16,7 @@ private Q_SLOTS:
     void theKeyboardGoesWithTheTab_data();
     void theKeyboardGoesWithTheTab();
     void onTheStripItStays();
-    void whatIsOffIsNotComeBackTo();
+    void aBoxThatIsOffDoesNotGetTheKeyboardBack();
     void theTabKey_data();
     void theTabKey();
     void searchNowGivesItToTheStrip_data();
@@ -67,7 +67,7 @@ void tst_CaseFocus::onTheStripItStays()
     }
 }
 
-void tst_CaseFocus::whatIsOffIsNotComeBackTo()
+void tst_CaseFocus::aBoxThatIsOffDoesNotGetTheKeyboardBack()
 {
     CaseWindow *window = AfterFirstRun(CaseWindowKind::Superior);
     ClickTab(window, u"Docket"_s);

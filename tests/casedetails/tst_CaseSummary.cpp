@@ -106,7 +106,7 @@ void tst_CaseSummary::linesOfTheReply()
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete"_s);
 }
 
-/// Only small letters could be told from the mark, and they are no mark anyway.
+/// Only small letters could be distinguished from the mark, and they are no mark anyway.
 void tst_CaseSummary::aNameThatEndsInThereof()
 {
     QStringList reply = superiorReply();

@@ -1,5 +1,5 @@
 // The tabs of a case on the screen: which frame is shown, what an incomplete one asks and says, and
-// what the window tells of its tabs.
+// what the window says of its tabs.
 
 #include "casedetails/CaseDesk.h"
 #include "casedetails/frmCaseDetails.h"

@@ -263,7 +263,7 @@ void tst_CaseWindows::theFirstTickCutsTheStrip()
     Begin(window);
     QTRY_COMPARE(CaptionsOf(window), captions);
     QCOMPARE(window->TabCaptions(), captions);
-    // Only the first tick does it: what the window has been told later stays.
+    // Only the first tick does it: what the window was given later stays.
     const QStringList built = window->lboxTabReqQueue.Lines();
     window->txtCaseNumber = u"02-5-00123-4"_s;
     QTRY_COMPARE(window->windowTitle(), u"Case Details (02-5-00123-4)"_s);

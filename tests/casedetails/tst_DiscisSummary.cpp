@@ -103,7 +103,7 @@ void tst_DiscisSummary::nonCivilPhrases()
     QTEST(*view.Note, "note");
     QVERIFY(!view.Status);
     QVERIFY(!view.CaptionSuffix);
-    QVERIFY(!view.CaseNo); // what the list of results told of the case stays
+    QVERIFY(!view.CaseNo); // what the list of results said of the case stays
 }
 
 void tst_DiscisSummary::anArchivedCaseGivesTheNoteAndNoRows()

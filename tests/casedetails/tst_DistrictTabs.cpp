@@ -225,14 +225,14 @@ void tst_DistrictTabs::whatTheLogSaysOfViolations()
     AfterTab(CaseKind::NonCivil, violations, GridDef({u"1~2~"_s}));
     const QStringList log = desk->Folder.Log();
     const QString line = DistrictLineOf(CaseKind::NonCivil, violations.word);
-    QStringList told;
+    QStringList entries;
     for (const QString &entry : log) {
         if (entry.contains(u"Violations"))
-            told.append(entry);
+            entries.append(entry);
     }
-    QCOMPARE(told, (QStringList{u"Retrieving Violations .."_s,
-                                u"All Responses For Violations were Received: "_s + line,
-                                u"NORMAL EXIT - from DoViolationsSearch()."_s}));
+    QCOMPARE(entries, (QStringList{u"Retrieving Violations .."_s,
+                                   u"All Responses For Violations were Received: "_s + line,
+                                   u"NORMAL EXIT - from DoViolationsSearch()."_s}));
     QVERIFY(desk->Folder.Logged(u"Current Response: --> 1~2~ 0"_s));
     QVERIFY(desk->Folder.Logged(u"Sent response to caller: 1~2~"_s));
 }

@@ -30,7 +30,7 @@ private Q_SLOTS:
     void aWidthThatIsNoNumber();
     void expandRows_data();
     void expandRows();
-    void onlyBrokenRowsAreToldApart();
+    void onlyBrokenRowsAreReported();
     void colDef_data();
     void colDef();
     void theWorkedExample();
@@ -392,7 +392,7 @@ void tst_GridGrammar::expandRows()
     QCOMPARE(ExpandGridRows({u"before~"_s, line, u"behind~"_s}), expected);
 }
 
-void tst_GridGrammar::onlyBrokenRowsAreToldApart()
+void tst_GridGrammar::onlyBrokenRowsAreReported()
 {
     const QStringList lines{u"a~<CR>~"_s, u"b~c<BR>d~"_s, u"e~"_s, u"f<BR>g<CR>h~i~"_s};
     const QStringList broken{u"b~c~"_s, u" ~d~"_s, u"f~i~"_s, u"g h~ ~"_s};

@@ -95,7 +95,7 @@ void tst_OddSummaries::aMissingFieldReadsAsEmpty()
     FetchAtOnce(u"CaseSearchTabs"_s, {});
     court->Expect(requestOf(state)).Reply(reply + QStringList{u"EOF~"_s});
     frmCaseDetails *window = windowOf(state);
-    // What the list of results told, and this reply takes back.
+    // What the list of results said, and this reply takes back.
     window->SetDateFiled(u"01/01/2001"_s);
     window->SetTopFrameCaseType(u"Civil"_s);
     window->SetCourtName(u"A court"_s);
@@ -125,7 +125,7 @@ void tst_OddSummaries::aSuperiorCaseThatIsNotOnFile()
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Incomplete!"_s);
     QVERIFY(desk->Folder.Logged(normalExit));
     QVERIFY(!window->windowTitle().contains(u"Not Located"));
-    // What the list of results told of the case stays.
+    // What the list of results said of the case stays.
     QCOMPARE(TextOf(window, "lblCourtName"), u"King County, Washington Superior Courts"_s);
 }
 

@@ -352,17 +352,18 @@ void tst_OnDemand::theLogOfARun()
     ExpectTab(CaseWindowKind::Civil, CaseTab::Names);
     desk->Folder.Remove(u"AppInfo.txt"_s);
     SearchNowToTheEnd(window);
-    QStringList told = desk->Folder.Log();
-    told.erase(std::remove_if(told.begin(), told.end(),
-                              [](const QString &line) {
-                                  return !line.contains(u"On Demand") && !line.contains(u"Name");
-                              }),
-               told.end());
-    QCOMPARE(told, (QStringList{u"Search On Demand Complete"_s, started, u"Retrieving Names .."_s,
-                                u"Current Response: --> 01/02/2003~Names~ Ret Val: 0"_s,
-                                u"All Responses For Names were Received: "_s
-                                    + LineOf(CaseWindowKind::Civil, CaseTab::Names),
-                                u"NORMAL EXIT - from DoNameSearch()."_s, normalExit}));
+    QStringList entries = desk->Folder.Log();
+    entries.erase(std::remove_if(entries.begin(), entries.end(),
+                                 [](const QString &line) {
+                                     return !line.contains(u"On Demand") && !line.contains(u"Name");
+                                 }),
+                  entries.end());
+    QCOMPARE(entries,
+             (QStringList{u"Search On Demand Complete"_s, started, u"Retrieving Names .."_s,
+                          u"Current Response: --> 01/02/2003~Names~ Ret Val: 0"_s,
+                          u"All Responses For Names were Received: "_s
+                              + LineOf(CaseWindowKind::Civil, CaseTab::Names),
+                          u"NORMAL EXIT - from DoNameSearch()."_s, normalExit}));
 }
 
 void tst_OnDemand::stopWhilePending_data()

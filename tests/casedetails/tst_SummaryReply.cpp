@@ -329,7 +329,7 @@ void tst_SummaryReply::washingtonTypes_data()
     QTest::newRow("criminal") << u"02-1-00123-4"_s << u"Criminal"_s;
     QTest::newRow("domestic") << u"02-3-00123-4"_s << u"Domestic"_s;
     QTest::newRow("judgment") << u"029001234"_s << u"Judgment"_s;
-    QTest::newRow("nothing told") << QString() << QString();
+    QTest::newRow("nothing said") << QString() << QString();
 }
 
 void tst_SummaryReply::washingtonTypes()

@@ -37,7 +37,7 @@ private Q_SLOTS:
     void aQuestionGoesWithItsWindow();
     void noQuestionAboutAWindowThatHasGone_data() { addQuestions(); }
     void noQuestionAboutAWindowThatHasGone();
-    void whatThereIsToTellIsToldAllTheSame();
+    void aMessageIsShownAllTheSame();
     void aSettledQuestionIsAnsweredAsIfClosed_data() { addQuestions(); }
     void aSettledQuestionIsAnsweredAsIfClosed();
     void onlyTheMatterThatIsSettledGoes();
@@ -211,18 +211,18 @@ void tst_ModalDialog::noQuestionAboutAWindowThatHasGone()
     QVERIFY(!shown);
 }
 
-void tst_ModalDialog::whatThereIsToTellIsToldAllTheSame()
+void tst_ModalDialog::aMessageIsShownAllTheSame()
 {
     auto *window = new FormWindow;
     const FormWindow::RunScope scope(window);
     window->Unload();
-    QString told;
-    whenUp([&told](QDialog *dialog) {
-        told = qobject_cast<QMessageBox *>(dialog)->text();
+    QString shown;
+    whenUp([&shown](QDialog *dialog) {
+        shown = qobject_cast<QMessageBox *>(dialog)->text();
         dialog->close();
     });
     QCOMPARE(MsgBox(window, u"It could not be saved."_s), MsgAnswer::Ok);
-    QCOMPARE(told, u"It could not be saved."_s);
+    QCOMPARE(shown, u"It could not be saved."_s);
 }
 
 void tst_ModalDialog::aSettledQuestionIsAnsweredAsIfClosed()

@@ -32,7 +32,7 @@ QColor textColour(const QLabel &label)
 void tst_StatusColour::coloursAsStored_data()
 {
     QTest::addColumn<StatusColour>("colour");
-    QTest::addColumn<QColor>("told");
+    QTest::addColumn<QColor>("expected");
     QTest::newRow("normal") << StatusColour::Normal << QColor(0, 0, 0xC0);
     QTest::newRow("trouble") << StatusColour::Trouble << QColor(255, 0, 0);
 }
@@ -43,7 +43,7 @@ void tst_StatusColour::coloursAsStored()
     QLabel label;
     label.setPalette(paletteOf(Qt::white));
     SetStatusStyle(&label, colour);
-    QTEST(textColour(label), "told");
+    QTEST(textColour(label), "expected");
 }
 
 void tst_StatusColour::followsTheWindowIntoTheDarkAndBack()

@@ -34,12 +34,12 @@ public:
         resize(700, 200);
         Strip->SetCaptions(fiveTabs);
         connect(Strip, &TabStrip::TabClicked, this,
-                [this](const QString &caption) { Told.append(caption); });
+                [this](const QString &caption) { Clicked.append(caption); });
     }
 
     TabStrip *Strip;
     QLineEdit *Entry;
-    QStringList Told;
+    QStringList Clicked;
 };
 
 /// A platform on which a tab is selected when the button is let go.
@@ -130,7 +130,7 @@ void tst_TabStrip::captionsAsGiven()
     form->Strip->SetCaptions(captions);
     QCOMPARE(form->Strip->Captions(), captions);
     QCOMPARE(form->Strip->count(), captions.size());
-    QCOMPARE(form->Told, QStringList());
+    QCOMPARE(form->Clicked, QStringList());
 }
 
 void tst_TabStrip::captionsShown_data()
@@ -161,7 +161,7 @@ void tst_TabStrip::captionsAreSetInSilence()
     form->Strip->SetCaptions({u"Names"_s});
     form->Strip->SetCaptions({});
     form->Strip->SetCaptions(fiveTabs);
-    QCOMPARE(form->Told, QStringList());
+    QCOMPARE(form->Clicked, QStringList());
 }
 
 void tst_TabStrip::theSelectedCaptionIsKept()
@@ -184,7 +184,7 @@ void tst_TabStrip::allButTheFirst()
     form->Strip->SetCaptions({u"Summary"_s});
     QCOMPARE(form->Strip->Captions(), QStringList{u"Summary"_s});
     QCOMPARE(form->Strip->SelectedCaption(), u"Summary"_s);
-    QCOMPARE(form->Told, QStringList());
+    QCOMPARE(form->Clicked, QStringList());
 }
 
 void tst_TabStrip::selectCaption_data()
@@ -212,7 +212,7 @@ void tst_TabStrip::selectCaption()
     form->Strip->SelectCaption(u"Judgments"_s);
     form->Strip->SelectCaption(word);
     QTEST(form->Strip->SelectedCaption(), "selected");
-    QCOMPARE(form->Told, QStringList());
+    QCOMPARE(form->Clicked, QStringList());
 }
 
 void tst_TabStrip::noTabs()
@@ -225,13 +225,13 @@ void tst_TabStrip::noTabs()
         press(form->Strip, key);
     press(form->Strip, Qt::Key_Tab, Qt::ControlModifier);
     press(form->Strip, Qt::Key_1, Qt::ControlModifier);
-    QCOMPARE(form->Told, QStringList());
+    QCOMPARE(form->Clicked, QStringList());
 }
 
 void tst_TabStrip::click()
 {
     QTest::mouseClick(form->Strip, Qt::LeftButton, {}, tab(2));
-    QCOMPARE(form->Told, QStringList{u"Docket"_s});
+    QCOMPARE(form->Clicked, QStringList{u"Docket"_s});
     QCOMPARE(form->Strip->SelectedCaption(), u"Docket"_s);
 }
 
@@ -239,14 +239,14 @@ void tst_TabStrip::clickOnTheSelectedTab()
 {
     QTest::mouseClick(form->Strip, Qt::LeftButton, {}, tab(0));
     QTest::mouseClick(form->Strip, Qt::LeftButton, {}, tab(0));
-    QCOMPARE(form->Told, QStringList({u"Summary"_s, u"Summary"_s}));
+    QCOMPARE(form->Clicked, QStringList({u"Summary"_s, u"Summary"_s}));
 }
 
 void tst_TabStrip::doubleClickTellsOnce()
 {
     QTest::mouseClick(form->Strip, Qt::LeftButton, {}, tab(1));
     QTest::mouseDClick(form->Strip, Qt::LeftButton, {}, tab(1));
-    QCOMPARE(form->Told, QStringList({u"Names"_s, u"Names"_s}));
+    QCOMPARE(form->Clicked, QStringList({u"Names"_s, u"Names"_s}));
 }
 
 void tst_TabStrip::otherButtonsAndPlaces()
@@ -254,7 +254,7 @@ void tst_TabStrip::otherButtonsAndPlaces()
     QTest::mouseClick(form->Strip, Qt::RightButton, {}, tab(1));
     QTest::mouseClick(form->Strip, Qt::MiddleButton, {}, tab(1));
     QTest::mouseClick(form->Strip, Qt::LeftButton, {}, {form->Strip->width() - 2, 5});
-    QCOMPARE(form->Told, QStringList());
+    QCOMPARE(form->Clicked, QStringList());
     QCOMPARE(form->Strip->currentIndex(), 0);
 }
 
@@ -263,12 +263,12 @@ void tst_TabStrip::clickWhereReleaseSelects()
     ReleaseStyle style;
     form->Strip->setStyle(&style);
     QTest::mousePress(form->Strip, Qt::LeftButton, {}, tab(2));
-    QCOMPARE(form->Told, QStringList());
+    QCOMPARE(form->Clicked, QStringList());
     QTest::mouseRelease(form->Strip, Qt::LeftButton, {}, tab(2));
-    QCOMPARE(form->Told, QStringList{u"Docket"_s});
+    QCOMPARE(form->Clicked, QStringList{u"Docket"_s});
     QTest::mousePress(form->Strip, Qt::LeftButton, {}, tab(1));
     QTest::mouseRelease(form->Strip, Qt::LeftButton, {}, tab(3));
-    QCOMPARE(form->Told, QStringList{u"Docket"_s});
+    QCOMPARE(form->Clicked, QStringList{u"Docket"_s});
     form->Strip->setStyle(nullptr);
 }
 
@@ -279,7 +279,7 @@ void tst_TabStrip::theWheelSelectsNothing()
                      Qt::NoModifier, Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(form->Strip, &turn);
     QCOMPARE(form->Strip->currentIndex(), 0);
-    QCOMPARE(form->Told, QStringList());
+    QCOMPARE(form->Clicked, QStringList());
 }
 
 void tst_TabStrip::mnemonic()
@@ -288,7 +288,7 @@ void tst_TabStrip::mnemonic()
     press(form->Entry, Qt::Key_D, Qt::AltModifier);
     press(form->Entry, Qt::Key_N, Qt::AltModifier);
     press(form->Entry, Qt::Key_M, Qt::AltModifier);
-    QCOMPARE(form->Told, QStringList({u"&Docket"_s, u"&Names & More"_s}));
+    QCOMPARE(form->Clicked, QStringList({u"&Docket"_s, u"&Names & More"_s}));
 }
 
 void tst_TabStrip::screenReader()
@@ -297,7 +297,7 @@ void tst_TabStrip::screenReader()
     QCOMPARE(strip->role(), QAccessible::PageTabList);
     QCOMPARE(strip->child(2)->text(QAccessible::Name), u"Docket"_s);
     strip->child(2)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-    QCOMPARE(form->Told, QStringList{u"Docket"_s});
+    QCOMPARE(form->Clicked, QStringList{u"Docket"_s});
 }
 
 void tst_TabStrip::whoHearsOfAClickMayDeleteTheStrip()
@@ -311,7 +311,7 @@ void tst_TabStrip::whoHearsOfAClickMayDeleteTheStrip()
 void tst_TabStrip::keysOnTheStrip_data()
 {
     QTest::addColumn<QList<int>>("keys");
-    QTest::addColumn<QStringList>("told"); // from Names on
+    QTest::addColumn<QStringList>("clicked"); // from Names on
     QTest::addRow("right") << QList<int>{Qt::Key_Right} << QStringList{u"Docket"_s};
     QTest::addRow("left") << QList<int>{Qt::Key_Left} << QStringList{u"Summary"_s};
     QTest::addRow("not beyond the first")
@@ -331,7 +331,7 @@ void tst_TabStrip::keysOnTheStrip()
     form->Strip->setFocus();
     for (const int key : keys)
         press(form->Strip, static_cast<Qt::Key>(key));
-    QTEST(form->Told, "told");
+    QTEST(form->Clicked, "clicked");
 }
 
 void tst_TabStrip::keysAnywhereInTheWindow_data()
@@ -339,7 +339,7 @@ void tst_TabStrip::keysAnywhereInTheWindow_data()
     QTest::addColumn<int>("key");
     QTest::addColumn<bool>("shift");
     QTest::addColumn<QString>("from");
-    QTest::addColumn<QStringList>("told");
+    QTest::addColumn<QStringList>("clicked");
     const int tab = Qt::Key_Tab;
     QTest::addRow("Ctrl+Tab") << tab << false << u"Names"_s << QStringList{u"Docket"_s};
     QTest::addRow("Ctrl+Tab from the last")
@@ -367,7 +367,7 @@ void tst_TabStrip::keysAnywhereInTheWindow()
     const Qt::KeyboardModifiers keys =
         shift ? Qt::ControlModifier | Qt::ShiftModifier : Qt::ControlModifier;
     press(form->Entry, static_cast<Qt::Key>(key), keys);
-    QTEST(form->Told, "told");
+    QTEST(form->Clicked, "clicked");
     QCOMPARE(form->focusWidget(), form->Entry);
 }
 
@@ -375,7 +375,7 @@ void tst_TabStrip::oneTabHasNoNext()
 {
     form->Strip->SetCaptions({u"Summary"_s});
     press(form->Entry, Qt::Key_Tab, Qt::ControlModifier);
-    QCOMPARE(form->Told, QStringList());
+    QCOMPARE(form->Clicked, QStringList());
 }
 
 void tst_TabStrip::keysOfAnotherWindow()
@@ -385,8 +385,8 @@ void tst_TabStrip::keysOfAnotherWindow()
     QVERIFY(QTest::qWaitForWindowActive(&other));
     other.Entry->setFocus();
     press(other.Entry, Qt::Key_Tab, Qt::ControlModifier);
-    QCOMPARE(form->Told, QStringList());
-    QCOMPARE(other.Told, QStringList{u"Names"_s});
+    QCOMPARE(form->Clicked, QStringList());
+    QCOMPARE(other.Clicked, QStringList{u"Names"_s});
 }
 
 void tst_TabStrip::keysInTheMainWindow()
@@ -414,15 +414,15 @@ void tst_TabStrip::keysInTheMainWindow()
     first.Entry->setFocus();
     pressCtrlTab();
     pressCtrlTab();
-    QCOMPARE(first.Told, QStringList({u"Names"_s, u"Docket"_s}));
-    QCOMPARE(second.Told, QStringList());
+    QCOMPARE(first.Clicked, QStringList({u"Names"_s, u"Docket"_s}));
+    QCOMPARE(second.Clicked, QStringList());
     QCOMPARE(area->activeSubWindow(), frames[0]);
     // A window without tabs leaves the keys to the main window.
     area->setActiveSubWindow(frames[2]);
     thirdEntry->setFocus();
     pressCtrlTab();
     QVERIFY(area->activeSubWindow() != frames[2]);
-    QCOMPARE(first.Told.size() + second.Told.size(), 2);
+    QCOMPARE(first.Clicked.size() + second.Clicked.size(), 2);
     for (QMdiSubWindow *frame : frames)
         frame->setWidget(nullptr);
     first.setParent(nullptr);
@@ -442,12 +442,12 @@ void tst_TabStrip::keysAfterTheWindowMoved()
     strip->show();
     other.Entry->setFocus();
     press(other.Entry, Qt::Key_3, Qt::ControlModifier);
-    QCOMPARE(form->Told, QStringList{u"Docket"_s});
+    QCOMPARE(form->Clicked, QStringList{u"Docket"_s});
     form->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(form.get()));
     form->Entry->setFocus();
     press(form->Entry, Qt::Key_4, Qt::ControlModifier);
-    QCOMPARE(form->Told, QStringList{u"Docket"_s});
+    QCOMPARE(form->Clicked, QStringList{u"Docket"_s});
 }
 
 QTEST_MAIN(tst_TabStrip)

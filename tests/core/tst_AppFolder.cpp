@@ -112,9 +112,9 @@ void tst_AppFolder::choiceBesideTheProgram_data()
 {
     QTest::addColumn<QString>("settings");
     QTest::addColumn<bool>("writable");
-    QTest::addColumn<bool>("told");
+    QTest::addColumn<bool>("given");
     QTest::addColumn<QString>("answer");
-    QTest::newRow("told") << u"options.ini"_s << true << true << u"told"_s;
+    QTest::newRow("given") << u"options.ini"_s << true << true << u"given"_s;
     QTest::newRow("portable") << u"options.ini"_s << true << false << u"program"_s;
     QTest::newRow("portable, other case") << u"OPTIONS.INI"_s << true << false << u"program"_s;
     QTest::newRow("no settings beside it") << QString() << true << false << u"user"_s;
@@ -125,12 +125,12 @@ void tst_AppFolder::choiceBesideTheProgram()
 {
     QFETCH(QString, settings);
     QFETCH(bool, writable);
-    QFETCH(bool, told);
+    QFETCH(bool, given);
     QFETCH(QString, answer);
     const QTemporaryDir base;
     setMode(base.path(), true);
     const QDir dir(base.path());
-    for (const QString &name : {u"program"_s, u"data"_s, u"told"_s}) {
+    for (const QString &name : {u"program"_s, u"data"_s, u"given"_s}) {
         QVERIFY(dir.mkdir(name));
         setMode(dir.filePath(name), true);
     }
@@ -145,7 +145,7 @@ void tst_AppFolder::choiceBesideTheProgram()
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(u"XDG_DATA_HOME"_s, dir.filePath(u"data"_s));
     child.setProcessEnvironment(environment);
-    child.start(program, {u"--say-folder"_s, told ? dir.filePath(u"told"_s) : QString()});
+    child.start(program, {u"--say-folder"_s, given ? dir.filePath(u"given"_s) : QString()});
     QVERIFY(child.waitForFinished());
     setMode(dir.filePath(u"program"_s), true);
     const QString said = QString::fromUtf8(child.readAllStandardOutput()).trimmed();

@@ -267,14 +267,14 @@ void tst_Exchange::whatTakingThrowsComesThrough()
 
 void tst_Exchange::aStaleReplyOnARealLineIsNotRead_data()
 {
-    QTest::addColumn<bool>("told");
+    QTest::addColumn<bool>("noticed");
     QTest::newRow("it is in the buffer") << true;
     QTest::newRow("it has just reached the machine") << false;
 }
 
 void tst_Exchange::aStaleReplyOnARealLineIsNotRead()
 {
-    QFETCH(bool, told);
+    QFETCH(bool, noticed);
     frmWinsock::Unload();
     frmWinsock::SetSocketFactory({});
     ScriptedCourt court;
@@ -283,7 +283,7 @@ void tst_Exchange::aStaleReplyOnARealLineIsNotRead()
     QTRY_VERIFY(court.HasClient());
     court.Expect(u"ASK\u00A6"_s).Reply({u"NEW~"_s, u"EOF~"_s});
     court.SendTokens({u"OLD~"_s, u"EOF~"_s});
-    if (told)
+    if (noticed)
         QTRY_VERIFY(!Global.strRecvBuffer.IsEmpty());
     QCOMPARE(BeginExchange(u"ASK\u00A6"_s), SendStatus::Sent);
     QCOMPARE(read(), ReadStatus::Token);

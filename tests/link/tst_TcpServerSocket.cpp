@@ -42,10 +42,10 @@ private Q_SLOTS:
     void connectingTellsByItsEvent();
     void aRefusedConnectSaysSoInTheWordsThatTheLogicKnows();
     void aRefusalComesFromTheEventLoopOnly();
-    void anImpossibleAddressIsToldFromTheEventLoopOnly_data();
-    void anImpossibleAddressIsToldFromTheEventLoopOnly();
+    void anImpossibleAddressIsReportedFromTheEventLoopOnly_data();
+    void anImpossibleAddressIsReportedFromTheEventLoopOnly();
     void whatAConnectHadToTellEndsWithIt();
-    void takingUpFindsWhatNoEventHasTold();
+    void takingUpFindsWhatNoEventHasReported();
     void takingUpNothingIsNoError();
     void takingUpTheEndOfTheConnectionTellsItFromTheEventLoopOnly();
     void anUnknownHostIsAnErrorButNoRefusal();
@@ -143,7 +143,7 @@ void tst_TcpServerSocket::aRefusalComesFromTheEventLoopOnly()
     }
 }
 
-void tst_TcpServerSocket::anImpossibleAddressIsToldFromTheEventLoopOnly_data()
+void tst_TcpServerSocket::anImpossibleAddressIsReportedFromTheEventLoopOnly_data()
 {
     QTest::addColumn<QString>("host");
     QTest::newRow("the key that is missing") << u"0"_s;
@@ -152,7 +152,7 @@ void tst_TcpServerSocket::anImpossibleAddressIsToldFromTheEventLoopOnly_data()
     QTest::newRow("the many") << u"224.0.0.1"_s;
 }
 
-void tst_TcpServerSocket::anImpossibleAddressIsToldFromTheEventLoopOnly()
+void tst_TcpServerSocket::anImpossibleAddressIsReportedFromTheEventLoopOnly()
 {
     QFETCH(QString, host);
     QSignalSpy error(socket.get(), &ServerSocket::Error);
@@ -177,7 +177,7 @@ void tst_TcpServerSocket::whatAConnectHadToTellEndsWithIt()
     QCOMPARE(error.count(), 0);
 }
 
-void tst_TcpServerSocket::takingUpFindsWhatNoEventHasTold()
+void tst_TcpServerSocket::takingUpFindsWhatNoEventHasReported()
 {
     connectToServer();
     QSignalSpy arrival(socket.get(), &ServerSocket::DataArrival);
@@ -187,10 +187,10 @@ void tst_TcpServerSocket::takingUpFindsWhatNoEventHasTold()
     socket->TakeUpArrived();
     QCOMPARE(socket->BytesAvailable(), 4);
     QCOMPARE(arrival.count(), 0);
-    // What nobody takes meanwhile is told as ever.
+    // What nobody takes meanwhile is reported as ever.
     QTRY_COMPARE(arrival.count(), 1);
     QCOMPARE(socket->GetData(4), QByteArray("|A~|"));
-    // And what was taken is not told again.
+    // And what was taken is not reported again.
     peer->write("|B~|");
     peer->flush();
     socket->TakeUpArrived();
@@ -374,7 +374,7 @@ void tst_TcpServerSocket::sendingIntoADeadConnectionTellsFromTheEventLoopOnly()
                           sizeof hard),
              0);
     peer->abort();
-    // The connection is dead, and nobody here has been told.
+    // The connection is dead, and nobody here knows of it.
     QCOMPARE(socket->State(), SocketState::Connected);
     while (socket->State() == SocketState::Connected)
         socket->SendData("|x|");

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """What a court sends is shown as plain text, and Qt is used in one way.
 
-- A QLabel, in code or in a .ui file, is told to show plain text: left alone, it takes text that
+- A QLabel, in code or in a .ui file, is set to show plain text: left alone, it takes text that
   looks like HTML for HTML.
 - A message box is opened through controls/MsgBox, which does the same for boxes.
 - Connects are by member pointer; Q_SIGNALS, Q_SLOTS and Q_EMIT stand for the keywords.
@@ -54,7 +54,7 @@ def check_labels(root, path, code):
         for found in pattern.finditer(code):
             name = bare_name(found.group("name"))
             made[name] += 1
-            # Two labels of one name, in two functions, are told twice.
+            # Two labels of one name, in two functions, need the call twice.
             if made[name] > plain[name]:
                 message = f"label {name} is made without setTextFormat(Qt::PlainText)"
                 yield path, line_of(code, found.start()), message
@@ -73,7 +73,7 @@ def check_boxes(root, path, code):
     if path not in MSG_BOX:
         yield path, line_of(code, found.start()), "message boxes are opened through controls/MsgBox"
     elif path.endswith(".cpp") and not ANY_PLAIN.search(code):
-        yield path, line_of(code, found.start()), "the box is not told to show plain text"
+        yield path, line_of(code, found.start()), "the box is not set to show plain text"
 
 
 def check_ui(root, path):

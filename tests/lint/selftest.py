@@ -8,7 +8,7 @@ import sys
 import tempfile
 import unittest
 
-LINTS = ("layers", "plain_text", "house", "one_road")
+LINTS = ("layers", "plain_text", "house", "one_road", "words")
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 
@@ -61,6 +61,8 @@ CLEAN_TREE = {
     "tests/session/tst_frmOne.cpp": "QVERIFY(trueCopy); // a QMessageBox is answered here\n",
     "data/masks.txt": "XXX-XX-1234, special, in part 1\n",
     "docs/tests.md": "We never use QSKIP.\n",
+    "docs/users.md": "The user is told, and you are\ntold. It told the user so. A threshold is not told.\n",
+    "src/core/Users.h": "// Who asks is not\n/// told why; nobody was told: no. Nobody has been told.\n",
     "src/core/Long.cpp": "// Long by design: one table.\n" + "\n" * 700,
     "build/dev/moc_x.cpp": "emit TODO;\n",
 }
@@ -118,6 +120,16 @@ OFFENCES = [
     ("one_road", "dialog on the heap", "src/prefs/Bad.cpp", "form->exec ();\n"),
     ("one_road", "loop", "src/jobs/Bad.cpp", "QEventLoop loop;\n"),
     ("one_road", "file", "src/reports/Bad.cpp", "QFileDialog::getSaveFileName(this);\n"),
+
+    ("words", "on its own", "src/core/Bad.h", "// the told width\n"),
+    ("words", "meant", "docs/bad.md", "It ends as told.\n"),
+    ("words", "of whom", "docs/bad.md", "What the list told of the case stays.\n"),
+    ("words", "by nobody", "src/core/Bad.h", "// It moves untold rows.\n"),
+    ("words", "a variable", "tests/Bad.cpp", "QCOMPARE(row, told.row);\n"),
+    ("words", "a name that begins so", "tests/Bad.cpp", "toldOf(act);\n"),
+    ("words", "a type", "practice/Bad.h", "struct ToldCase\n"),
+    ("words", "a name that ends so", "tests/Bad.h", "void theRuleIsTold();\n"),
+    ("words", "a file", "practice/ToldNames.h", "\n"),
 
     ("house", "long file", "src/core/Bad.cpp", "\n" * 601),
     ("house", "long without a reason", "src/core/Bad.h", "// Long by design: \n" + "\n" * 601),

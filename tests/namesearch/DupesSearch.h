@@ -1,9 +1,9 @@
 #pragma once
 
-#include "tables/ResultListView.h"
 #include "core/GlobalState.h"
 #include "namesearch/DistrictSearch.h"
 #include "support/Wire.h"
+#include "tables/ResultListView.h"
 
 #include <QPushButton>
 #include <QTest>

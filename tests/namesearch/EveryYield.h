@@ -36,7 +36,7 @@ enum class End {
 };
 
 /// How a search must end with this done to it at this moment.
-struct Told
+struct Expected
 {
     Act act;
     Moment moment;
@@ -48,7 +48,7 @@ struct Told
     bool endsProgram;
 };
 
-inline constexpr std::array<Told, 30> allTold{{
+inline constexpr std::array<Expected, 30> allExpected{{
     {Act::StopButton, Moment::Pending, End::StoppedPending, false, false, true, false, false},
     {Act::StopButton, Moment::Running, End::Stopped, false, false, true, false, false},
     {Act::StopButton, Moment::Over, End::Completed, false, false, true, false, false},
@@ -87,10 +87,10 @@ inline constexpr std::array<Told, 30> allTold{{
     {Act::UnloadUnconditionally, Moment::Over, End::Completed, true, false, true, false, false},
 }};
 
-inline const Told &toldOf(Act act, Moment moment)
+inline const Expected &expectedOf(Act act, Moment moment)
 {
-    return *std::find_if(allTold.begin(), allTold.end(), [&](const Told &told) {
-        return told.act == act && told.moment == moment;
+    return *std::find_if(allExpected.begin(), allExpected.end(), [&](const Expected &expected) {
+        return expected.act == act && expected.moment == moment;
     });
 }
 

@@ -15,19 +15,19 @@ class Fields
 public:
     explicit Fields(const QWidget *form) : window(form)
     {
-        told.append(window->objectName());
+        handed.append(window->objectName());
         Text(u"caption"_s, window->windowTitle());
     }
 
     void Text(const QString &name, const QString &text)
     {
         if (!text.isEmpty())
-            told.append(name + u' ' + text);
+            handed.append(name + u' ' + text);
     }
     void Flag(const QString &name, bool flag)
     {
         if (flag)
-            told.append(name);
+            handed.append(name);
     }
     void Lines(const QString &name, const ListBox &list)
     {
@@ -42,7 +42,7 @@ public:
             Text(QString::fromLatin1(name), TextOf(window, name));
     }
 
-    QStringList told;
+    QStringList handed;
 
 private:
     const QWidget *window;
@@ -102,5 +102,5 @@ QStringList Handed(const JobWindow *window)
         addResults(results, fields);
     else if (const auto *details = qobject_cast<const CaseWindow *>(window))
         addCase(details, fields);
-    return fields.told;
+    return fields.handed;
 }

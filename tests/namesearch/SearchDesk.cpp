@@ -1,47 +1,24 @@
 #include "namesearch/SearchDesk.h"
 
-#include "tables/ResultListView.h"
-#include "core/EventLoop.h"
 #include "core/GlobalState.h"
 #include "core/TextUtilities.h"
 #include "jobs/TurnTaking.h"
-#include "link/ConnectState.h"
-#include "link/Router.h"
-#include "link/frmWinsock.h"
 #include "namesearch/frmNameSearchResults.h"
 #include "session/frmLogin.h"
-#include "support/FakeSocket.h"
+#include "tables/ResultListView.h"
 
 #include <QApplication>
-#include <QDeadlineTimer>
 #include <QHeaderView>
 #include <QPointer>
 #include <QPushButton>
 #include <QTest>
 
-#include <utility>
-
 namespace {
-constexpr int longestTestMilliseconds = 30'000;
 constexpr int shortestTick = 1;
-constexpr double longestNapSeconds = 0.05;
 } // namespace
-
-SearchDesk::SearchDesk()
-{
-    // A wait that no test meant to have ends with the link, and the test fails by what it shows.
-    guard.setSingleShot(true);
-    QObject::connect(&guard, &QTimer::timeout, &context, [] {
-        qWarning("the test waited too long: the link is cut");
-        if (Global.sckServer)
-            Global.sckServer->Close();
-    });
-    guard.start(longestTestMilliseconds);
-}
 
 SearchDesk::~SearchDesk()
 {
-    qDeleteAll(watchers);
     QList<QPointer<QWidget>> windows;
     const QWidgetList all = QApplication::topLevelWidgets();
     for (QWidget *window : all)
@@ -52,24 +29,6 @@ SearchDesk::~SearchDesk()
             delete window;
     }
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-}
-
-void SearchDesk::ConnectTo(const ScriptedCourt &court)
-{
-    Global.lngServerPort = court.Port();
-    if (!ConnectToRouter(u"127.0.0.1"_s)
-        || !QTest::qWaitFor([&court] { return court.HasClient(); }))
-        qFatal("the scripted court cannot be reached");
-    Global.bLoggedIn = true;
-}
-
-FakeSocket *SearchDesk::ConnectToNothing()
-{
-    FakeSocket::Install();
-    frmWinsock::Form();
-    Global.intConnectState = ConnectDone;
-    Global.bLoggedIn = true;
-    return FakeSocket::Last();
 }
 
 frmNameSearchResults *SearchDesk::MakePending(const QStringList &lines, const QString &state)
@@ -101,25 +60,6 @@ frmNameSearchResults *SearchDesk::Start(const QStringList &lines, const QString 
     return window;
 }
 
-void SearchDesk::When(std::function<bool()> ready, std::function<void()> act)
-{
-    auto *watcher = new QTimer;
-    watchers.append(watcher);
-    QObject::connect(watcher, &QTimer::timeout, &context,
-                     [this, watcher, ready = std::move(ready), act = std::move(act)] {
-                         if (!watchers.contains(watcher) || !ready())
-                             return;
-                         watcher->stop();
-                         watchers.removeAll(watcher);
-                         watcher->deleteLater();
-                         // A copy of its own: what happens may run the event loop, in which the
-                         // watcher ends.
-                         const std::function<void()> now = act;
-                         now();
-                     });
-    watcher->start(shortestTick);
-}
-
 void SearchDesk::AnswerModalLogin(bool through)
 {
     const auto login = [] { return qobject_cast<frmLogin *>(QApplication::activeModalWidget()); };
@@ -133,14 +73,7 @@ void SearchDesk::AnswerModalLogin(bool through)
 bool SearchDesk::Finish(const QWidget *window)
 {
     const QPushButton *stop = ButtonOf(window, "cmdStopSearching");
-    const QDeadlineTimer deadline(longestTestMilliseconds);
-    // From event to event, without naps in between: some tests make hundreds of searches.
-    while (stop->isEnabled() || Global.bSearchInProgress) {
-        if (deadline.hasExpired())
-            return false;
-        YieldUntilEvent(longestNapSeconds);
-    }
-    return true;
+    return WaitUntil([stop] { return !stop->isEnabled() && !Global.bSearchInProgress; });
 }
 
 void SearchTest::init()
@@ -240,15 +173,4 @@ QString ArrowOf(const ResultListView *list)
         return {};
     return QString::number(header->sortIndicatorSection())
            + (header->sortIndicatorOrder() == Qt::DescendingOrder ? u"v"_s : QString());
-}
-
-QString RequestLine(const QString &last, const QString &county)
-{
-    return u"WASUP\u00A6SEARCH\u00A6"_s + last + u"\u00A6JOHN\u00A6Q\u00A6\u00A6"_s + county
-           + u",\u00A6Civil,Criminal,\u00A6\u00A6\u00A6"_s;
-}
-
-QString ResultLine(const QString &name, const QString &number)
-{
-    return name + u'~' + number + u"~01/02/2002~Civil~WA Superior Ct King County~Plaintiff~"_s;
 }

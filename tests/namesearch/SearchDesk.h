@@ -1,14 +1,12 @@
 #pragma once
 
+#include "namesearch/SearchJobs.h"
 #include "support/BoxAnswers.h"
-#include "support/ScriptedCourt.h"
-#include "support/TestClock.h"
-#include "support/TestFolder.h"
+#include "support/LinkDesk.h"
 
 #include <QColor>
 #include <QObject>
 #include <QStringList>
-#include <QTimer>
 
 #include <functional>
 #include <memory>
@@ -25,16 +23,11 @@ class frmNameSearchResults;
 
 /// A program with a user at it: an application folder, a clock that stands still, announced boxes,
 /// a session, and results windows that ask for their turn every millisecond. One a test function.
-class SearchDesk
+class SearchDesk : public LinkDesk
 {
 public:
-    SearchDesk();
-    ~SearchDesk();
-
-    /// A session over a real socket to this court.
-    void ConnectTo(const ScriptedCourt &court);
-    /// A session over a socket without a network.
-    FakeSocket *ConnectToNothing();
+    SearchDesk() = default;
+    ~SearchDesk() override;
 
     /// A results window with its lines and a key at the end of the queue, as the search form leaves
     /// one, shown and asking for its turn.
@@ -47,26 +40,13 @@ public:
     /// The same, with these request lines.
     void Enqueue(NameResultsWindow *window, const QStringList &lines);
 
-    /// Once, at the first turn of the event loop at which `ready` holds. It happens inside whatever
-    /// wait is running then, as a click does.
-    void When(std::function<bool()> ready, std::function<void()> act);
     /// When a login window stands above everything else: logs in as far as the session knows
     /// (`through`), or gives it up, and closes the window.
     void AnswerModalLogin(bool through);
-    /// True when everything that was to happen has happened.
-    bool AllHappened() const { return watchers.isEmpty(); }
-
     /// Waits until the search of this window is over and its run has left the stack.
     bool Finish(const QWidget *window);
 
-    TestFolder Folder;
-    TestClock Time;
     BoxAnswers Boxes;
-
-private:
-    QObject context;
-    QList<QTimer *> watchers;
-    QTimer guard;
 };
 
 /// A test whose functions each have a desk of their own, and a court that holds the conversation
@@ -117,8 +97,3 @@ QStringList HeadersOf(const QWidget *window);
 void ClickHeader(const ResultListView *list, int column);
 /// Where the arrow stands, and "v" for descending; "" without one.
 QString ArrowOf(const ResultListView *list);
-
-/// A Superior request line, as the search form makes it.
-QString RequestLine(const QString &last = u"SMITH"_s, const QString &county = u"King"_s);
-/// A row of the Superior Courts for this name.
-QString ResultLine(const QString &name, const QString &number = u"02-2-02029-9"_s);

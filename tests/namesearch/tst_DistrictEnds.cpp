@@ -215,11 +215,12 @@ void tst_DistrictEnds::everyEnd()
     if (which == Which::NonCivil)
         QVERIFY(!ButtonOf(window, "cmdViewDupes")->isEnabled());
     // A connection that breaks inside the wait reads like a wait in vain.
-    const bool told = ending.then == Then::Drop || ending.then == Then::Silence;
+    const bool reported = ending.then == Then::Drop || ending.then == Then::Silence;
     QCOMPARE(
         desk->Folder.Log().filter(u"Search Error! Reason: "_s),
-        told ? QStringList{u"Search Error! Reason: Timed Out Waiting For Response from Server."_s}
-             : QStringList());
+        reported
+            ? QStringList{u"Search Error! Reason: Timed Out Waiting For Response from Server."_s}
+            : QStringList());
 }
 
 void tst_DistrictEnds::everyEndWithNames_data()

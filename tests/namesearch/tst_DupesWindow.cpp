@@ -1,5 +1,5 @@
-#include "tables/TableTools.h"
 #include "namesearch/DupesSearch.h"
+#include "tables/TableTools.h"
 
 namespace {
 const QString multipleNames = u"Multiple Names Match. Please Select Name(s) to retrieve."_s;

@@ -261,32 +261,32 @@ void tst_EachList::theRowsAsShownAreCopiedAndExported()
 void tst_EachList::theDraggedWidthIsThatOfTheKind()
 {
     QFETCH(int, kind);
-    const auto widthsOfAll = [](std::vector<int> &told) {
+    const auto widthsOfAll = [](std::vector<int> &usual) {
         for (const ListKind &each : kinds) {
             const std::unique_ptr<NameResultsWindow> window(makeWindow(each));
-            told.push_back(ListOf(window.get(), each.list)->columnWidth(0));
+            usual.push_back(ListOf(window.get(), each.list)->columnWidth(0));
         }
     };
-    std::vector<int> told;
-    widthsOfAll(told);
+    std::vector<int> usual;
+    widthsOfAll(usual);
     const ListKind &one = kinds.at(static_cast<size_t>(kind));
     const ResultListView *list = ListOf(searched(one), one.list);
     dragEdge(list, 0, 40);
-    QCOMPARE(list->columnWidth(0), told[static_cast<size_t>(kind)] + 40);
+    QCOMPARE(list->columnWidth(0), usual[static_cast<size_t>(kind)] + 40);
 
-    std::vector<int> meant = told;
+    std::vector<int> meant = usual;
     meant[static_cast<size_t>(kind)] += 40;
     // Oregon's list is that of the Superior Courts.
     if (kind <= 1)
-        meant[0] = meant[1] = told[0] + 40;
+        meant[0] = meant[1] = usual[0] + 40;
     std::vector<int> now;
     widthsOfAll(now);
     QCOMPARE(now, meant);
     list->findChild<QAction *>(u"mnuListResetWidths"_s)->trigger();
-    QCOMPARE(list->columnWidth(0), told[static_cast<size_t>(kind)]);
+    QCOMPARE(list->columnWidth(0), usual[static_cast<size_t>(kind)]);
     now.clear();
     widthsOfAll(now);
-    QCOMPARE(now, told);
+    QCOMPARE(now, usual);
 }
 
 QTEST_MAIN(tst_EachList)

@@ -129,12 +129,12 @@ private:
     void act();
     /// Handles what happens until the search is over and its run has left the stack.
     bool waitForTheEnd() const;
-    /// What the court was told of a click on Stop.
+    /// What the court hears of a click on Stop.
     void checkStopRequest(const ServerSocket *socket, Moment moment) const;
     Moment momentNow() const;
     QString endOf() const;
     void checkTexts(End end) const;
-    void checkControls(const Told &told) const;
+    void checkControls(const Expected &expected) const;
     void leaveAtLast();
     void searchAgain();
 
@@ -225,13 +225,13 @@ void tst_EveryYield::checkTexts(End end) const
     QCOMPARE(window->SearchIncomplete, end == End::ConnectionLost);
 }
 
-void tst_EveryYield::checkControls(const Told &told) const
+void tst_EveryYield::checkControls(const Expected &expected) const
 {
     QVERIFY(!window->Timer1->isActive());
     QVERIFY(!window->tmrBlink->isActive());
     QVERIFY(!ButtonOf(window, "cmdStopSearching")->isEnabled());
     // The main window, and the search in it, is hidden when the program has ended.
-    QCOMPARE(window->isVisible(), !told.endsProgram);
+    QCOMPARE(window->isVisible(), !expected.endsProgram);
     QVERIFY(!window->IsUnloaded());
 }
 
@@ -290,40 +290,41 @@ void tst_EveryYield::searchWith(int nth)
     const Moment moment = *yields->When;
     if (what == Act::StopButton)
         checkStopRequest(socket, moment);
-    Told told = toldOf(what, moment);
+    Expected expected = expectedOf(what, moment);
     // Who has said all before falling silent owes nothing.
     if (what == Act::DisconnectFromSilence && moment == Moment::Running) {
         if (qobject_cast<AnsweringSocket *>(socket)->OwesAnswers())
             ++timesUnanswered;
         else
-            told.end = End::Completed;
+            expected.end = End::Completed;
     }
     // An index search ends with its end mark, stopped or not.
-    if ((kind == Kind::Index || kind == Kind::NextPage) && told.end == End::Stopped)
-        told.end = End::Completed;
+    if ((kind == Kind::Index || kind == Kind::NextPage) && expected.end == End::Stopped)
+        expected.end = End::Completed;
     // A pending window sees the wish to leave before the program ends, and with it the queue.
-    if (told.end == End::AllJobsStopped && yields->Endings == 0)
+    if (expected.end == End::AllJobsStopped && yields->Endings == 0)
         QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{otherKey});
-    if (told.endsProgram)
+    if (expected.endsProgram)
         QVERIFY(yields->WaitForTheEnding());
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QStringList queue;
-    if (told.keyLeft)
+    if (expected.keyLeft)
         queue.append(key);
     // The queue is unloaded at the very end.
-    if (!told.endsProgram)
+    if (!expected.endsProgram)
         queue.append(otherKey);
     const StateLeft left{endOf(),          window.isNull(),       frmQueue::Form().FIFO.Lines(),
                          Global.bLoggedIn, Global.bStopRequested, yields->Endings == 1};
-    const StateLeft meant{nameOf(told.end, endNames), told.gone,        queue,
-                          told.staysLoggedIn,         told.stopsOthers, told.endsProgram};
+    const StateLeft meant{
+        nameOf(expected.end, endNames), expected.gone,        queue,
+        expected.staysLoggedIn,         expected.stopsOthers, expected.endsProgram};
     QCOMPARE(left.Line(), meant.Line());
     QVERIFY(!Global.bSearchInProgress);
     QVERIFY(!Global.bSendBusy);
     QCOMPARE(desk->Boxes.Complaints(), QString());
     if (window) {
-        checkTexts(told.end);
-        checkControls(told);
+        checkTexts(expected.end);
+        checkControls(expected);
     }
 }
 

@@ -1,11 +1,10 @@
-#include "tables/ResultListView.h"
 #include "controls/Twips.h"
 #include "core/GlobalState.h"
 #include "jobs/TurnTaking.h"
 #include "jobs/frmQueue.h"
 #include "namesearch/SearchDesk.h"
 #include "namesearch/frmNameSearchResults.h"
-#include "support/FakeSocket.h"
+#include "tables/ResultListView.h"
 
 #include <QPointer>
 #include <QPushButton>
@@ -18,55 +17,20 @@ const QString normalExit = u"NORMAL EXIT - from ProcessSearchReqeusts."_s;
 const QString tooMany = u"This search resulted in more than 200 results.~"_s;
 const QString secondKey = u"22222222222222222222"_s;
 const QString thirdKey = u"33333333333333333333"_s;
-
-/// One row an outcome: the reply that leads to it, whether the user stops the search before that,
-/// and whether what arrives behind the reply is thrown away.
-void addOutcomes()
-{
-    QTest::addColumn<QStringList>("reply");
-    QTest::addColumn<bool>("stops");
-    QTest::addColumn<bool>("clears");
-    QTest::newRow("completed") << QStringList{u"EOF~"_s} << false << true;
-    QTest::newRow("too many hits")
-        << QStringList{u"ERROR~too many hits~"_s, u"EOF~"_s} << false << true;
-    QTest::newRow("more than 200") << QStringList{tooMany} << false << true;
-    QTest::newRow("incomplete") << QStringList{u"ERROR~Court is down~"_s, u"EOF~"_s} << false
-                                << true;
-    QTest::newRow("stopped") << QStringList{u"EOF~"_s} << true << false;
-    QTest::newRow("connection lost") << QStringList{u"bad row~"_s} << false << false;
-}
 } // namespace
 
 class tst_NameSearchEnds : public SearchTest
 {
     Q_OBJECT
 private Q_SLOTS:
+    void anEmptyListIsReportedAndClosesTheWindow();
+    void theCountIsShownAsRowsArrive();
     void outcome_data();
     void outcome();
-    void tooManyHitsSendsNoFurtherLine();
-    void tooManyHitsGoesOnReadingToItsEnd();
-    void anErrorRowSendsTheLinesThatFollow();
-    void maxResultsSendsNoFurtherLine();
-    void maxResultsWithRowsAddsAWarningRow();
     void maxResultsWithoutRowsShowsANote();
-    void maxResultsNamesTheCountyOfTheCurrentLine();
-    void aLineWithoutACountyKeepsThatOfTheLineBefore();
-    void aRowWithTooFewFieldsLosesTheSearch_data();
-    void aRowWithTooFewFieldsLosesTheSearch();
-    void aLineWithTooFewFieldsLosesTheSearch();
-    void aFirstLineWithTooFewFieldsIsAskedAllTheSame();
-    void everyOutcomeGivesTheTurnBackOnce_data() { addOutcomes(); }
-    void everyOutcomeGivesTheTurnBackOnce();
     void anEmptyListGivesTheTurnBackOnce();
     void anEmptyListIsLoggedAsWhatItIs();
     void anEmptyListThatIsWithdrawnMeanwhileLeavesTheNextJobsTurn();
-    void whatArrivedTooLateIsThrownAwayInFourOutcomes_data() { addOutcomes(); }
-    void whatArrivedTooLateIsThrownAwayInFourOutcomes();
-
-private:
-    /// Searches, with two other keys waiting behind, to the outcome of the row. A token that nobody
-    /// waits for any more comes in one piece with the reply.
-    void searchToTheOutcome();
 };
 
 void tst_NameSearchEnds::outcome_data()
@@ -164,76 +128,6 @@ void tst_NameSearchEnds::outcome()
     QVERIFY(Global.strRecvBuffer.IsEmpty());
 }
 
-void tst_NameSearchEnds::tooManyHitsSendsNoFurtherLine()
-{
-    const QString adams = RequestLine(u"SMITH"_s, u"Adams"_s);
-    court->Expect(adams).Reply({u"ERROR~too many hits~"_s, ResultLine(u"A"_s), u"EOF~"_s});
-    desk->ConnectTo(*court);
-    frmNameSearchResults *window = desk->Start({adams, RequestLine()});
-    QVERIFY(desk->Finish(window));
-    QCOMPARE(court->Requests(), QStringList{adams});
-    QCOMPARE(TextOf(window, "Label3"), u"Max. Names Found!"_s);
-    QCOMPARE(window->RowCount(), 1);
-    QCOMPARE(desk->Folder.TimesLogged(u"All Responses Received For Request: "_s + adams), 1);
-    QVERIFY(!desk->Folder.Logged(u"Starting Next Request: "_s + RequestLine()));
-}
-
-void tst_NameSearchEnds::tooManyHitsGoesOnReadingToItsEnd()
-{
-    court->Expect(RequestLine()).Reply({u"ERROR~too many hits~"_s});
-    desk->ConnectTo(*court);
-    frmNameSearchResults *window = desk->Start({RequestLine()});
-    QString meanwhile;
-    desk->When([&] { return desk->Folder.Logged(u"Current Response: --> ERROR~too many hits~"_s); },
-               [&] {
-                   meanwhile = TextOf(window, "lblStatus");
-                   court->SendTokens({u"EOF~"_s});
-               });
-    QVERIFY(desk->Finish(window));
-    QCOMPARE(meanwhile, u"Searching .."_s);
-    QCOMPARE(TextOf(window, "Label3"), u"Max. Names Found!"_s);
-}
-
-void tst_NameSearchEnds::anErrorRowSendsTheLinesThatFollow()
-{
-    const QString adams = RequestLine(u"SMITH"_s, u"Adams"_s);
-    court->Expect(adams).Reply({u"ERROR~Court is down~"_s, u"EOF~"_s});
-    court->Expect(RequestLine()).Reply({ResultLine(u"A"_s), u"EOF~"_s});
-    desk->ConnectTo(*court);
-    frmNameSearchResults *window = desk->Start({adams, RequestLine()});
-    QVERIFY(desk->Finish(window));
-    QCOMPARE(TextOf(window, "lblStatus"), u"Search Incomplete!"_s);
-    QCOMPARE(window->RowCount(), 1);
-    QVERIFY(window->SearchIncomplete);
-}
-
-void tst_NameSearchEnds::maxResultsSendsNoFurtherLine()
-{
-    const QString adams = RequestLine(u"SMITH"_s, u"Adams"_s);
-    court->Expect(adams).Reply({u"*** THIS SEARCH RESULTED IN MORE THAN 200 RESULTS. ***~"_s});
-    desk->ConnectTo(*court);
-    frmNameSearchResults *window = desk->Start({adams, RequestLine()});
-    QVERIFY(desk->Finish(window));
-    QCOMPARE(court->Requests(), QStringList{adams});
-    QCOMPARE(TextOf(window, "lblStatus"),
-             u"Search Stopped - Max Results Reached: 0 Cases Retrieved."_s);
-}
-
-void tst_NameSearchEnds::maxResultsWithRowsAddsAWarningRow()
-{
-    court->Expect(RequestLine()).Reply({ResultLine(u"SMITH, JOHN"_s), tooMany});
-    desk->ConnectTo(*court);
-    frmNameSearchResults *window = desk->Start({RequestLine()});
-    QVERIFY(desk->Finish(window));
-    const QList<QStringList> rows = RowsOf(window);
-    QCOMPARE(rows.size(), 2);
-    QCOMPARE(rows[0][0], u"SMITH, JOHN"_s);
-    QCOMPARE(rows[1], (QStringList{u"**Warning**"_s, u"**Warning**"_s, u"**Warning**"_s,
-                                   u"Too many results. Refine criteria and search again."_s,
-                                   u"King Cty"_s, u"**Warning**"_s}));
-    QCOMPARE(HeadersOf(window).size(), 6);
-}
-
 void tst_NameSearchEnds::maxResultsWithoutRowsShowsANote()
 {
     court->Expect(RequestLine()).Reply({tooMany});
@@ -250,107 +144,6 @@ void tst_NameSearchEnds::maxResultsWithoutRowsShowsANote()
                                   "initial in the search criteria."_s}}));
     const ResultListView *list = ListOf(window);
     QCOMPARE(list->List()->Columns()[0].Width, TwipsFromPixels(list->width()) - 100);
-}
-
-void tst_NameSearchEnds::maxResultsNamesTheCountyOfTheCurrentLine()
-{
-    const QString harbor = RequestLine(u"SMITH"_s, u" Grays Harbor "_s);
-    court->Expect(RequestLine()).Reply({ResultLine(u"A"_s), u"EOF~"_s});
-    court->Expect(harbor).Reply({tooMany});
-    desk->ConnectTo(*court);
-    frmNameSearchResults *window = desk->Start({RequestLine(), harbor});
-    QVERIFY(desk->Finish(window));
-    QCOMPARE(TextOf(window, "lblSearchStatus"),
-             u"Search Stopped on Grays Harbor Cty. Refine Search and Try Again."_s);
-    QCOMPARE(RowsOf(window).last()[4], u"Grays Harbor Cty"_s);
-}
-
-void tst_NameSearchEnds::aLineWithoutACountyKeepsThatOfTheLineBefore()
-{
-    const QString without = u"BKRPT~SEARCH~SMITH~JOHN~Q~~ORE~*ALL~1980~2005~"_s;
-    court->Expect(RequestLine(u"SMITH"_s, u"Linn"_s)).Reply({u"EOF~"_s});
-    court->Expect(without).Reply({tooMany});
-    desk->ConnectTo(*court);
-    frmNameSearchResults *window =
-        desk->Start({RequestLine(u"SMITH"_s, u"Linn"_s), without}, u"ORBK"_s);
-    QVERIFY(desk->Finish(window));
-    QCOMPARE(TextOf(window, "lblSearchStatus"),
-             u"Search Stopped on Linn Cty. Refine Search and Try Again."_s);
-}
-
-void tst_NameSearchEnds::aRowWithTooFewFieldsLosesTheSearch_data()
-{
-    QTest::addColumn<QString>("row");
-    QTest::addColumn<int>("rows");
-    QTest::newRow("five fields") << u"A~B~C~D~"_s << 2;
-    QTest::newRow("one character") << u"~"_s << 2;
-    QTest::newRow("no delimiter") << u"X"_s << 2;
-    QTest::newRow("blanks") << u"   "_s << 1;
-}
-
-void tst_NameSearchEnds::aRowWithTooFewFieldsLosesTheSearch()
-{
-    QFETCH(QString, row);
-    const QString adams = RequestLine(u"SMITH"_s, u"Adams"_s);
-    court->Expect(adams).Reply({ResultLine(u"A"_s), row, ResultLine(u"B"_s), u"EOF~"_s});
-    desk->ConnectTo(*court);
-    frmNameSearchResults *window = desk->Start({adams, RequestLine()});
-    QVERIFY(desk->Finish(window));
-    QCOMPARE(TextOf(window, "lblStatus"), u"Search Stopped - Court Connection Lost!"_s);
-    QVERIFY(desk->Folder.Logged(searchFailed));
-    QVERIFY(window->SearchIncomplete);
-    QTEST(window->RowCount(), "rows");
-    // The count knows whole rows only.
-    QCOMPARE(TextOf(window, "Label3"), u"Retrieved: 1"_s);
-    QCOMPARE(court->Requests(), QStringList{adams});
-    QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
-}
-
-void tst_NameSearchEnds::aLineWithTooFewFieldsLosesTheSearch()
-{
-    court->Expect(RequestLine()).Reply({u"EOF~"_s});
-    desk->ConnectTo(*court);
-    frmNameSearchResults *window = desk->Start({RequestLine(), u"WASUP\u00A6SEARCH\u00A6"_s});
-    QVERIFY(desk->Finish(window));
-    QCOMPARE(TextOf(window, "lblStatus"), u"Search Stopped - Court Connection Lost!"_s);
-    QCOMPARE(court->Requests(), QStringList{RequestLine()});
-}
-
-/// What it is about cannot be shown, but the court may know.
-void tst_NameSearchEnds::aFirstLineWithTooFewFieldsIsAskedAllTheSame()
-{
-    const QString line = u"WASUP\u00A6SEARCH\u00A6"_s;
-    court->Expect(line).Reply({ResultLine(u"A"_s), u"EOF~"_s});
-    desk->ConnectTo(*court);
-    const frmNameSearchResults *window = desk->Start({line});
-    QVERIFY(desk->Finish(window));
-    QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete: 1 Cases Retrieved."_s);
-    QCOMPARE(desk->Folder.TimesLogged(u"Cannot show the search criteria: Subscript out of range"_s),
-             1);
-}
-
-void tst_NameSearchEnds::searchToTheOutcome()
-{
-    QFETCH(QStringList, reply);
-    QFETCH(bool, stops);
-    FakeSocket *socket = desk->ConnectToNothing();
-    const frmNameSearchResults *window = desk->Start({RequestLine()});
-    frmQueue::Form().FIFO.AddItem(secondKey);
-    frmQueue::Form().FIFO.AddItem(thirdKey);
-    desk->When([socket] { return socket->sent.size() == 1 && !Global.bSendBusy; },
-               [&, socket, window] {
-                   if (stops)
-                       QTest::mouseClick(ButtonOf(window, "cmdStopSearching"), Qt::LeftButton);
-                   socket->Arrive(ScriptedCourt::Tokens(reply + QStringList{u"too late~"_s}));
-               });
-    QTRY_VERIFY(ButtonOf(window, "cmdSearchResults_2")->isEnabled());
-    QCOMPARE(TextOf(window, "lblStatus").contains(u"Stopped By User"), stops);
-}
-
-void tst_NameSearchEnds::everyOutcomeGivesTheTurnBackOnce()
-{
-    searchToTheOutcome();
-    QCOMPARE(frmQueue::Form().FIFO.Lines(), (QStringList{secondKey, thirdKey}));
 }
 
 void tst_NameSearchEnds::anEmptyListGivesTheTurnBackOnce()
@@ -391,12 +184,35 @@ void tst_NameSearchEnds::anEmptyListThatIsWithdrawnMeanwhileLeavesTheNextJobsTur
     QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{secondKey});
 }
 
-void tst_NameSearchEnds::whatArrivedTooLateIsThrownAwayInFourOutcomes()
+void tst_NameSearchEnds::anEmptyListIsReportedAndClosesTheWindow()
 {
-    QFETCH(bool, clears);
-    searchToTheOutcome();
-    QCOMPARE(Global.strRecvBuffer.View().toByteArray(),
-             clears ? QByteArray() : QByteArray("|too late~|"));
+    desk->ConnectTo(*court);
+    const QPointer<frmNameSearchResults> window(desk->MakePending({}));
+    desk->Boxes.Expect(u"No Search Requests Can Be Located! This Form will be closed when you "
+                       "select OK. The Request Queue Appears to be Empty."_s,
+                       u"Search Queue Empty .."_s, MsgIcon::Exclamation);
+    window->Timer1->start(1);
+    QTRY_VERIFY(window.isNull());
+    QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
+    QVERIFY(!Global.bSearchInProgress);
+    QCOMPARE(desk->Boxes.Answered(), 1);
+    QCOMPARE(court->Requests(), QStringList());
+}
+
+void tst_NameSearchEnds::theCountIsShownAsRowsArrive()
+{
+    court->Expect(RequestLine()).Reply({ResultLine(u"A"_s), ResultLine(u"B"_s)});
+    desk->ConnectTo(*court);
+    frmNameSearchResults *window = desk->Start({RequestLine()});
+    QCOMPARE(TextOf(window, "Label3"), u"Retrieved: 0"_s);
+    int shownRows = 0;
+    desk->When([&] { return TextOf(window, "Label3") == u"Retrieved: 2"_s; },
+               [&] {
+                   shownRows = static_cast<int>(RowsOf(window).size());
+                   court->SendTokens({u"EOF~"_s});
+               });
+    QVERIFY(desk->Finish(window));
+    QCOMPARE(shownRows, 2);
 }
 
 QTEST_MAIN(tst_NameSearchEnds)

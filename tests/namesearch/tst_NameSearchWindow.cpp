@@ -150,13 +150,13 @@ void tst_NameSearchWindow::buttonsAtLoad_data()
 void tst_NameSearchWindow::buttonsAtLoad()
 {
     QFETCH(int, row);
-    const Button &told = buttons()[row];
+    const Button &expected = buttons()[row];
     const frmNameSearchResults *window = desk->MakePending({RequestLine()});
-    const QPushButton *button = ButtonOf(window, told.name);
+    const QPushButton *button = ButtonOf(window, expected.name);
     QVERIFY(button);
-    QCOMPARE(button->text(), told.caption);
-    QCOMPARE(button->isVisible(), told.visible);
-    QCOMPARE(button->isEnabled(), told.enabled);
+    QCOMPARE(button->text(), expected.caption);
+    QCOMPARE(button->isVisible(), expected.visible);
+    QCOMPARE(button->isEnabled(), expected.enabled);
 }
 
 void tst_NameSearchWindow::columnsAtLoad()

@@ -1,12 +1,12 @@
 #include "casedetails/frmCaseDetails.h"
 #include "casedetails/frmCivilCaseDetails.h"
 #include "casedetails/frmNCCaseDetails.h"
-#include "tables/ResultListView.h"
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
 #include "namesearch/DistrictSearch.h"
 #include "namesearch/Handed.h"
 #include "session/frmLogin.h"
+#include "tables/ResultListView.h"
 
 #include <QApplication>
 #include <QPushButton>

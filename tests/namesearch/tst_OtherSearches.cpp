@@ -1,8 +1,8 @@
-#include "tables/ResultListView.h"
 #include "core/GlobalState.h"
 #include "namesearch/SearchDesk.h"
 #include "namesearch/frmNameSearchResults.h"
 #include "support/Wire.h"
+#include "tables/ResultListView.h"
 
 #include <QLineEdit>
 #include <QPushButton>

@@ -1,8 +1,8 @@
-#include "tables/RowFilter.h"
-#include "tables/TableTools.h"
 #include "jobs/frmQueue.h"
 #include "namesearch/DupesSearch.h"
 #include "session/frmLogin.h"
+#include "tables/RowFilter.h"
+#include "tables/TableTools.h"
 
 #include <QApplication>
 #include <QLineEdit>

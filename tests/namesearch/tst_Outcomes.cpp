@@ -70,16 +70,16 @@ void tst_Outcomes::row_data()
 void tst_Outcomes::row()
 {
     QFETCH(SearchOutcome, outcome);
-    const OutcomeRow &told = OutcomeRowOf(outcome);
-    QCOMPARE(told.outcome, outcome);
-    QTEST(told.log.toString(), "log");
-    QTEST(OutcomeText(told.status, 7, u"King"_s), "status");
-    QTEST(told.statusStyle, "statusStyle");
-    QTEST(OutcomeText(told.searchStatus, 7, u"King"_s), "searchStatus");
-    QTEST(told.searchStatusStyle, "searchStatusStyle");
-    QTEST(told.setsCount ? told.count.toString() : u"unchanged"_s, "count");
-    QTEST(told.swapsButtons, "swaps");
-    QTEST(told.setsIncomplete, "incomplete");
+    const OutcomeRow &actual = OutcomeRowOf(outcome);
+    QCOMPARE(actual.outcome, outcome);
+    QTEST(actual.log.toString(), "log");
+    QTEST(OutcomeText(actual.status, 7, u"King"_s), "status");
+    QTEST(actual.statusStyle, "statusStyle");
+    QTEST(OutcomeText(actual.searchStatus, 7, u"King"_s), "searchStatus");
+    QTEST(actual.searchStatusStyle, "searchStatusStyle");
+    QTEST(actual.setsCount ? actual.count.toString() : u"unchanged"_s, "count");
+    QTEST(actual.swapsButtons, "swaps");
+    QTEST(actual.setsIncomplete, "incomplete");
 }
 
 void tst_Outcomes::text_data()

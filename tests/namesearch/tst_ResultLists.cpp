@@ -1,11 +1,11 @@
-#include "tables/ColumnWidths.h"
 #include "controls/Notice.h"
-#include "tables/ResultListView.h"
-#include "tables/TableTools.h"
 #include "core/UserStore.h"
 #include "namesearch/DupesSearch.h"
 #include "namesearch/IndexLines.h"
 #include "namesearch/ResultColumns.h"
+#include "tables/ColumnWidths.h"
+#include "tables/ResultListView.h"
+#include "tables/TableTools.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -281,7 +281,7 @@ void tst_ResultLists::idahosChangeOfWidthsLeavesTheUsersColumn()
     window.AddResultRow(ResultLine(u"SMITH"_s));
     QCOMPARE(list->columnWidth(1), 200);
     QCOMPARE(list->columnWidth(4), 80);
-    // Back to what is told, and that is what the first row has changed it to.
+    // Back to the usual width, and that is what the first row has changed it to.
     list->Tools()->Widths()->Reset();
     QCOMPARE(list->columnWidth(1), 113);
     QCOMPARE(list->columnWidth(4), 80);

@@ -1,6 +1,6 @@
-#include "tables/ResultListView.h"
 #include "courts/DiscisCourts.h"
 #include "namesearch/DistrictSearch.h"
+#include "tables/ResultListView.h"
 
 #include <QPushButton>
 #include <QTest>

@@ -1,8 +1,8 @@
 #include "casedetails/CaseWindow.h"
-#include "tables/ResultListView.h"
 #include "core/GlobalState.h"
 #include "namesearch/DupesSearch.h"
 #include "namesearch/IndexLines.h"
+#include "tables/ResultListView.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -75,15 +75,15 @@ void tst_ResultsRoom::nothingIsCutAtTheSmallestSize()
         if (qobject_cast<const QAbstractItemView *>(widget->parentWidget())
             || widget->objectName().startsWith(u"qt_"))
             continue;
-        const QSize told = label && label->wordWrap()
-                               ? QSize(0, label->heightForWidth(label->width()))
-                               : widget->sizeHint();
+        const QSize wanted = label && label->wordWrap()
+                                 ? QSize(0, label->heightForWidth(label->width()))
+                                 : widget->sizeHint();
         const QString size = u"%1 is %2 x %3 of %4 x %5"_s.arg(widget->objectName())
                                  .arg(widget->width())
                                  .arg(widget->height())
-                                 .arg(told.width())
-                                 .arg(told.height());
-        QVERIFY2(widget->width() >= told.width() && widget->height() >= told.height(),
+                                 .arg(wanted.width())
+                                 .arg(wanted.height());
+        QVERIFY2(widget->width() >= wanted.width() && widget->height() >= wanted.height(),
                  qPrintable(size));
         const QRect inWindow(widget->mapTo(window, QPoint()), widget->size());
         QVERIFY2(window->rect().contains(inWindow), qPrintable(size));

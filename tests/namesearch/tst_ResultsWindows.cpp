@@ -12,7 +12,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
-// In what the three results windows differ, and what they all do alike.
+// How the three results windows differ, and what they all do alike.
 
 class tst_ResultsWindows : public DistrictSearchTest
 {

@@ -98,8 +98,8 @@ void tst_ServerMessages::nextPage()
 {
     QFETCH(QString, warning);
     const NextPage page = NextPageOf(warning, 500);
-    const QString told = u"%1-%2 of %3"_s.arg(page.Lower).arg(page.Upper).arg(page.Count);
-    QTEST(told, "page");
+    const QString text = u"%1-%2 of %3"_s.arg(page.Lower).arg(page.Upper).arg(page.Count);
+    QTEST(text, "page");
 }
 
 void tst_ServerMessages::malformedLimit_data()

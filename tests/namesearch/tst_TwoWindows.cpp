@@ -168,7 +168,7 @@ void tst_TwoWindows::stoppingTheSecondLeavesNoKey()
 
 void tst_TwoWindows::stoppingTheFirstLetsTheSecondStartOnceItHasRead()
 {
-    // The first is told to stop and still waits for its last lines; its key stands at the head, so
+    // The first has been stopped and still waits for its last lines; its key stands at the head, so
     // the second starts when the first has read them.
     const QString smythe = RequestLine(u"SMYTHE"_s);
     court->Expect(RequestLine()).Reply({});

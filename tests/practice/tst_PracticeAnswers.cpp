@@ -49,10 +49,10 @@ private Q_SLOTS:
     void theTagChangesNothing();
     void malformedSearches_data();
     void malformedSearches();
-    void toldNames_data();
-    void toldNames();
-    void noToldNameReadsLikeAnotherReply();
-    void toldRowsPassTheFilters();
+    void specialNames_data();
+    void specialNames();
+    void noSpecialNameReadsLikeAnotherReply();
+    void specialRowsPassTheFilters();
     void manyRows_data();
     void manyRows();
     void slow_data();
@@ -375,7 +375,7 @@ void tst_PracticeAnswers::malformedSearches()
     QCOMPARE(Search(request), (QStringList{error, end}));
 }
 
-void tst_PracticeAnswers::toldNames_data()
+void tst_PracticeAnswers::specialNames_data()
 {
     QTest::addColumn<QString>("name");  // LAST¦FIRST
     QTest::addColumn<QString>("shape"); // r: a row, else the step itself
@@ -399,7 +399,7 @@ void tst_PracticeAnswers::toldNames_data()
     QTest::newRow("lower case") << u"empty¦"_s << u"EOF~"_s;
 }
 
-void tst_PracticeAnswers::toldNames()
+void tst_PracticeAnswers::specialNames()
 {
     QFETCH(QString, name);
     QFETCH(QString, shape);
@@ -415,17 +415,17 @@ void tst_PracticeAnswers::toldNames()
     QCOMPARE(found.join(u' '), shape);
 }
 
-void tst_PracticeAnswers::noToldNameReadsLikeAnotherReply()
+void tst_PracticeAnswers::noSpecialNameReadsLikeAnotherReply()
 {
     // A row begins with the name, and is a row only if that means nothing else.
-    for (const Practice::ToldName &told : Practice::toldNames) {
-        const QStringView name(told.name);
+    for (const Practice::SpecialName &special : Practice::specialNames) {
+        const QStringView name(special.name);
         for (const QStringView word : {u"ERROR", u"WARNING", u"SEARCHING", u"EOF"})
             QVERIFY2(!name.startsWith(word), qPrintable(name.toString()));
     }
 }
 
-void tst_PracticeAnswers::toldRowsPassTheFilters()
+void tst_PracticeAnswers::specialRowsPassTheFilters()
 {
     const QStringList rows =
         rowsOf(Search(u"WASUP¦SEARCH¦MANY¦300¦¦¦Pierce,¦Criminal,Probate,¦1990¦1992¦"_s));

@@ -50,7 +50,7 @@ private Q_SLOTS:
 void tst_PracticeData::goodLines_data()
 {
     QTest::addColumn<QByteArray>("line");
-    QTest::addColumn<QString>("told");
+    QTest::addColumn<QString>("expected");
 
     QTest::newRow("all fields, by tabs")
         << QByteArray("Doe\tJane\tX\tKing\tCivil\t02/03/1994\tQuiet Title\tPlaintiff\t94-2-00007-7")
@@ -81,13 +81,13 @@ void tst_PracticeData::goodLines_data()
 void tst_PracticeData::goodLines()
 {
     QFETCH(QByteArray, line);
-    QFETCH(QString, told);
+    QFETCH(QString, expected);
 
     Population population;
     const ExtraPeopleOutcome outcome = add(population, line);
     QCOMPARE(outcome.complaints, QStringList());
     QCOMPARE(outcome.added, 1);
-    QCOMPARE(tell(population), QStringList{told});
+    QCOMPARE(tell(population), QStringList{expected});
 }
 
 void tst_PracticeData::badLines_data()
@@ -136,8 +136,8 @@ void tst_PracticeData::badLines_data()
                                     << u"a name must not begin with WARNING"_s;
     QTest::newRow("like the end") << QByteArray("Eof~Jane~X~King~Civil~02/03/1994")
                                   << u"a name must not begin with EOF"_s;
-    QTest::newRow("a told name") << QByteArray("Many~Jane~X~King~Civil~02/03/1994")
-                                 << u"the name MANY has a meaning of its own"_s;
+    QTest::newRow("a name with a meaning") << QByteArray("Many~Jane~X~King~Civil~02/03/1994")
+                                           << u"the name MANY has a meaning of its own"_s;
     QTest::newRow("a role that ends a reply")
         << QByteArray("Doe~Jane~X~King~Civil~02/03/1994~~Chief of")
         << QString(); // "OF" alone does not: control row

@@ -88,12 +88,12 @@ private Q_SLOTS:
     void theSameCourtAnswersTheSame();
     void malformedSearches_data();
     void malformedSearches();
-    void toldNames_data();
-    void toldNames();
+    void specialNames_data();
+    void specialNames();
     void theIndexsOwnNamesFindNothing_data() { addFamilies(); }
     void theIndexsOwnNamesFindNothing();
-    void toldRowsPassTheFilters_data();
-    void toldRowsPassTheFilters();
+    void specialRowsPassTheFilters_data();
+    void specialRowsPassTheFilters();
 };
 
 void tst_PracticeFamilies::filters_data()
@@ -415,7 +415,7 @@ void tst_PracticeFamilies::malformedSearches()
     QCOMPARE(Search(request), (QStringList{error, end}));
 }
 
-void tst_PracticeFamilies::toldNames_data()
+void tst_PracticeFamilies::specialNames_data()
 {
     QTest::addColumn<QString>("family");
     QTest::addColumn<QString>("name");  // LAST¦FIRST
@@ -442,7 +442,7 @@ void tst_PracticeFamilies::toldNames_data()
     }
 }
 
-void tst_PracticeFamilies::toldNames()
+void tst_PracticeFamilies::specialNames()
 {
     QFETCH(QString, family);
     QFETCH(QString, name);
@@ -464,7 +464,7 @@ void tst_PracticeFamilies::theIndexsOwnNamesFindNothing()
         QCOMPARE(Search(stateWide(family, name)), QStringList{end});
 }
 
-void tst_PracticeFamilies::toldRowsPassTheFilters_data()
+void tst_PracticeFamilies::specialRowsPassTheFilters_data()
 {
     QTest::addColumn<QString>("request");
     QTest::addColumn<qsizetype>("place"); // of the court
@@ -495,7 +495,7 @@ void tst_PracticeFamilies::toldRowsPassTheFilters_data()
         << u"BKRPT~SEARCH~MANY~5~~~WAE~*ALL~1970~1979~"_s << qsizetype{0} << none << none << 0;
 }
 
-void tst_PracticeFamilies::toldRowsPassTheFilters()
+void tst_PracticeFamilies::specialRowsPassTheFilters()
 {
     QFETCH(QString, request);
     QFETCH(qsizetype, place);

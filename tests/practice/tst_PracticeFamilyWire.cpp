@@ -1,6 +1,6 @@
 #include "practice/PracticeExchange.h"
 #include "practice/PracticeProcess.h"
-#include "practice/ToldCases.h"
+#include "practice/SpecialCases.h"
 
 #include <QElapsedTimer>
 #include <QTest>
@@ -13,9 +13,9 @@ namespace {
 /// The number of a Superior case with a meaning.
 QString superiorNumber(int place)
 {
-    for (const Practice::ToldCaseRow &row : Practice::toldCases) {
+    for (const Practice::SpecialCaseRow &row : Practice::specialCases) {
         if (row.place == place)
-            return Practice::ToldCaseNumber(Practice::CourtFamily::Superior, row);
+            return Practice::SpecialCaseNumber(Practice::CourtFamily::Superior, row);
     }
     return {};
 }
@@ -151,7 +151,7 @@ void tst_PracticeFamilyWire::dialogues_data()
                       "|WARNING~Reached Search Limit~1~1~|");
 }
 
-/// Tabs of cases. Their requests and replies have no common form, so each is told whole.
+/// Tabs of cases. Their requests and replies have no common form, so each is written out whole.
 void tst_PracticeFamilyWire::tabs_data()
 {
     QTest::addColumn<QString>("request");

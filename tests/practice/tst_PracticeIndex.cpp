@@ -72,8 +72,8 @@ private Q_SLOTS:
     void aLimitAtTheEndIsNone();
     void malformedSearches_data();
     void malformedSearches();
-    void toldNames_data();
-    void toldNames();
+    void specialNames_data();
+    void specialNames();
     void errorsKeepToThePage();
     void theTagChangesNothing();
 };
@@ -302,7 +302,7 @@ void tst_PracticeIndex::malformedSearches()
     QCOMPARE(Search(request), (QStringList{error, end}));
 }
 
-void tst_PracticeIndex::toldNames_data()
+void tst_PracticeIndex::specialNames_data()
 {
     QTest::addColumn<QString>("name");  // LAST~FIRST
     QTest::addColumn<QString>("shape"); // r: a row, else the step itself
@@ -336,7 +336,7 @@ void tst_PracticeIndex::toldNames_data()
     QTest::newRow("SLOW 2") << u"SLOW~2"_s << u"<pause 1000> <pause 1000> r r r EOF~"_s;
 }
 
-void tst_PracticeIndex::toldNames()
+void tst_PracticeIndex::specialNames()
 {
     QFETCH(QString, name);
     QFETCH(QString, shape);

@@ -10,8 +10,8 @@
 
 class JobWindow;
 
-/// A user who is logged in and has the search form open. What the user does is told step by step,
-/// each on a control that can be seen and used:
+/// A user who is logged in and has the search form open. What the user does is written down step by
+/// step, each on a control that can be seen and used:
 ///
 ///     desk.Do({u"click optState_0"_s, u"type txtSearchName_0 Smith"_s, u"start"_s});
 ///

@@ -18,17 +18,18 @@ QString text(const char *latin)
     return QString::fromLatin1(latin);
 }
 
-void compare(QString &differences, const QString &what, const QString &found, const QString &told)
+void compare(QString &differences, const QString &what, const QString &found,
+             const QString &expected)
 {
-    if (found != told)
-        differences += what + u": ["_s + found + u"] for ["_s + told + u"]; "_s;
+    if (found != expected)
+        differences += what + u": ["_s + found + u"] for ["_s + expected + u"]; "_s;
 }
 
 void compare(QString &differences, const QString &what, const QStringList &found,
-             const QStringList &told)
+             const QStringList &expected)
 {
-    if (found != told)
-        compare(differences, what, found.join(u'/'), told.join(u'/'));
+    if (found != expected)
+        compare(differences, what, found.join(u'/'), expected.join(u'/'));
 }
 
 QByteArray element(const char *array, int index)

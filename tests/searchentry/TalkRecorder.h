@@ -8,7 +8,7 @@
 
 #include <optional>
 
-/// Writes down what a check says to the user and answers its questions as it was told to. Each box
+/// Writes down what a check says to the user and gives the answers that the test prepared. Each box
 /// is one text; one that asks without an answer at hand is a text that no test expects.
 class TalkRecorder : public FormTalk
 {
@@ -18,24 +18,24 @@ public:
     void ShowFieldError(const QString &what, const QString &why, const QString &action,
                         const QString &caption) override
     {
-        throwIfTold();
-        Told.append(FieldError(what, why, action, caption));
+        throwIfMeant();
+        Said.append(FieldError(what, why, action, caption));
     }
 
     void Notice(const QString &text, const QString &title, MessageIcon icon) override
     {
-        throwIfTold();
-        Told.append(NoticeBox(text, title, icon));
+        throwIfMeant();
+        Said.append(NoticeBox(text, title, icon));
     }
 
     bool Ask(const QString &text, const QString &title, QuestionButtons buttons,
              MessageIcon icon) override
     {
-        throwIfTold();
-        Told.append(Question(text, title, buttons, icon));
+        throwIfMeant();
+        Said.append(Question(text, title, buttons, icon));
         if (!answers.isEmpty())
             return answers.takeFirst();
-        Told.append(QStringLiteral("asked without an answer"));
+        Said.append(QStringLiteral("asked without an answer"));
         return false;
     }
 
@@ -62,11 +62,11 @@ public:
         return QStringList{pair, iconName(icon), title, text}.join(u'/');
     }
 
-    QStringList Told;
+    QStringList Said;
     std::optional<RunTimeError> Throws; ///< thrown by the next box in place of its showing
 
 private:
-    void throwIfTold() const
+    void throwIfMeant() const
     {
         if (Throws)
             throw RunTimeError(*Throws);

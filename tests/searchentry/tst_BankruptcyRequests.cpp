@@ -151,13 +151,13 @@ void tst_BankruptcyRequests::theCourts_data()
 void tst_BankruptcyRequests::theCourts()
 {
     QFETCH(int, index);
-    const Court &told = courts[size_t(index)];
+    const Court &expected = courts[size_t(index)];
     const BkCourtRow &row = BkCourt(index);
-    QCOMPARE(row.Code, QString::fromLatin1(told.code));
-    QCOMPARE(row.lblState, QString::fromLatin1(told.lblState));
-    QCOMPARE(row.txtCountyList, QString::fromLatin1(told.txtCountyList));
-    QCOMPARE(row.CaptionSuffix, QString::fromLatin1(told.suffix));
-    QCOMPARE(row.lblCourtName, QString::fromLatin1(told.lblCourtName));
+    QCOMPARE(row.Code, QString::fromLatin1(expected.code));
+    QCOMPARE(row.lblState, QString::fromLatin1(expected.lblState));
+    QCOMPARE(row.txtCountyList, QString::fromLatin1(expected.txtCountyList));
+    QCOMPARE(row.CaptionSuffix, QString::fromLatin1(expected.suffix));
+    QCOMPARE(row.lblCourtName, QString::fromLatin1(expected.lblCourtName));
 }
 
 void tst_BankruptcyRequests::aCourtThatThereIsNot_data()

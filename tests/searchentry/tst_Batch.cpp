@@ -79,9 +79,9 @@ private Q_SLOTS:
     void withoutAlertsAllDisclaimersAreAccepted();
     void theLoginQuestionComesBeforeTheDisclaimer();
     void theCodeIsAskedForOnce();
-    void aCharacterThatCannotBeSentIsTold();
-    void aSessionThatEndsUnderTheClientCodeIsTold();
-    void aSessionThatEndsUnderTheDisclaimerIsTold();
+    void aCharacterThatCannotBeSentIsReported();
+    void aSessionThatEndsUnderTheClientCodeIsReported();
+    void aSessionThatEndsUnderTheDisclaimerIsReported();
     void aCompulsoryCodeIsNotAskedFor();
     void anEmptyBatchStartsNothing();
 
@@ -257,10 +257,10 @@ void tst_Batch::theDefaultCountyMustBeOne()
 void tst_Batch::aRowWithoutACountyStopsTheWholeBatch()
 {
     desk->Do(batch + row(0, u"052020291"_s, u"King"_s) + row(1, u"052020291"_s, none));
-    QStringList told;
-    desk->ExpectRefusal(&told);
+    QStringList said;
+    desk->ExpectRefusal(&said);
     QVERIFY(run().isEmpty());
-    QCOMPARE(told, (QStringList{u"Invalid County Selection for field 2."_s,
+    QCOMPARE(said, (QStringList{u"Invalid County Selection for field 2."_s,
                                 u"You must select a valid County for each number entered."_s,
                                 u"Remove the number entered or select a county for that "
                                 "number."_s}));
@@ -271,7 +271,7 @@ void tst_Batch::aRowWithoutACountyStopsTheWholeBatch()
 void tst_Batch::fieldNumbersCountTheRowsAsTheyStand_data()
 {
     QTest::addColumn<QStringList>("steps");
-    QTest::addColumn<QString>("told");
+    QTest::addColumn<QString>("expected");
     QTest::newRow("no county") << idaho + batch + row(6, u"1"_s, none)
                                << u"Invalid County Selection for field 7."_s;
     QTest::newRow("a restricted case type")
@@ -286,12 +286,12 @@ void tst_Batch::fieldNumbersCountTheRowsAsTheyStand_data()
 void tst_Batch::fieldNumbersCountTheRowsAsTheyStand()
 {
     QFETCH(QStringList, steps);
-    QFETCH(QString, told);
+    QFETCH(QString, expected);
     desk->Do(steps);
     QStringList lines;
     desk->ExpectRefusal(&lines);
     QVERIFY(run().isEmpty());
-    QCOMPARE(lines.value(0), told);
+    QCOMPARE(lines.value(0), expected);
 }
 
 void tst_Batch::aNumberOfAnotherFormIsAskedFor()
@@ -302,10 +302,10 @@ void tst_Batch::aNumberOfAnotherFormIsAskedFor()
                              "the search using this number click OK."_s;
     desk->Desk.Boxes.Expect(question, u"Halvane"_s, MsgIcon::Exclamation, MsgAnswer::Cancel,
                             MsgButtons::OkCancel);
-    QStringList told;
-    desk->ExpectRefusal(&told);
+    QStringList said;
+    desk->ExpectRefusal(&said);
     QVERIFY(run().isEmpty());
-    QCOMPARE(told.value(0), u"The number in FIELD 9 appears to be a non-SCOMIS number."_s);
+    QCOMPARE(said.value(0), u"The number in FIELD 9 appears to be a non-SCOMIS number."_s);
     desk->Desk.Boxes.Expect(question, u"Halvane"_s, MsgIcon::Exclamation, MsgAnswer::Ok,
                             MsgButtons::OkCancel);
     const QList<JobWindow *> windows = run();
@@ -462,7 +462,7 @@ void tst_Batch::theCodeIsAskedForOnce()
         QCOMPARE(window->ClientAcctgCode, u"ABC"_s);
 }
 
-void tst_Batch::aCharacterThatCannotBeSentIsTold()
+void tst_Batch::aCharacterThatCannotBeSentIsReported()
 {
     desk->Do(batch + row(0, u"052020291"_s, u"King"_s) + row(3, {}, u"King"_s));
     auto *box = desk->Form()->findChild<QLineEdit *>(u"Text1_3"_s);
@@ -487,7 +487,7 @@ void tst_Batch::aCharacterThatCannotBeSentIsTold()
     QCOMPARE(run().size(), 2);
 }
 
-void tst_Batch::aSessionThatEndsUnderTheClientCodeIsTold()
+void tst_Batch::aSessionThatEndsUnderTheClientCodeIsReported()
 {
     SaveOptionStr(u"Accounting"_s, u"EnableAcctg"_s, u"1"_s);
     desk->Do(batch + row(0, u"052020291"_s, u"King"_s));
@@ -500,7 +500,7 @@ void tst_Batch::aSessionThatEndsUnderTheClientCodeIsTold()
     QCOMPARE(Keys(), QStringList());
 }
 
-void tst_Batch::aSessionThatEndsUnderTheDisclaimerIsTold()
+void tst_Batch::aSessionThatEndsUnderTheDisclaimerIsReported()
 {
     Global.bShowAlerts = true;
     desk->Do(batch + row(0, u"052020291"_s, u"King"_s));

@@ -99,10 +99,10 @@ SearchEntry inDistrictCourt(const SearchEntry &entry)
     return With(entry, [](SearchEntry &e) { e.DistrictCourt = true; });
 }
 
-void add(const QByteArray &name, const SearchEntry &entry, const QStringList &told, bool passes,
+void add(const QByteArray &name, const SearchEntry &entry, const QStringList &expected, bool passes,
          const QString &numberAfter, const QList<bool> &answers = {})
 {
-    QTest::newRow(name.constData()) << entry << told << passes << numberAfter << answers;
+    QTest::newRow(name.constData()) << entry << expected << passes << numberAfter << answers;
 }
 } // namespace
 
@@ -133,7 +133,7 @@ void tst_BatchFieldRules::oneNumber_data()
     using enum CourtFamily;
     rowsFolder = std::make_unique<TestFolder>();
     QTest::addColumn<SearchEntry>("entry");
-    QTest::addColumn<QStringList>("told");
+    QTest::addColumn<QStringList>("expected");
     QTest::addColumn<bool>("passes");
     QTest::addColumn<QString>("numberAfter");
     QTest::addColumn<QList<bool>>("answers");
@@ -192,13 +192,13 @@ void tst_BatchFieldRules::oneNumber_data()
 void tst_BatchFieldRules::oneNumber()
 {
     QFETCH(SearchEntry, entry);
-    QFETCH(QStringList, told);
+    QFETCH(QStringList, expected);
     QFETCH(bool, passes);
     QFETCH(QString, numberAfter);
     QFETCH(QList<bool>, answers);
     TalkRecorder talk(answers);
     QCOMPARE(ValidateBatchSearchFields(entry, talk), passes);
-    QCOMPARE(talk.Told, told);
+    QCOMPARE(talk.Said, expected);
     QCOMPARE(talk.AnswersLeft(), qsizetype(0));
     QCOMPARE(entry.Batch[4].Number, numberAfter);
     QCOMPARE(rowsFolder->Log(), QStringList());
@@ -213,7 +213,7 @@ void tst_BatchFieldRules::threeCaseTypesAreRestricted()
         TalkRecorder talk;
         const bool closed = digit == u'5' || digit == u'6' || digit == u'7';
         QCOMPARE(ValidateBatchSearchFields(entry, talk), !closed);
-        QCOMPARE(talk.Told, closed ? QStringList{restricted(digit, 5)} : QStringList());
+        QCOMPARE(talk.Said, closed ? QStringList{restricted(digit, 5)} : QStringList());
     }
 }
 
@@ -222,15 +222,15 @@ void tst_BatchFieldRules::theFieldNumberIsTheRowCountedFromOne()
     const TestFolder folder;
     for (size_t i = 0; i < 10; ++i) {
         const int field = static_cast<int>(i) + 1;
-        const auto told = [&](const QString &number, const QString &county) {
+        const auto said = [&](const QString &number, const QString &county) {
             SearchEntry entry = batch(CourtFamily::Superior, {{i, number, county}});
             TalkRecorder talk({false});
-            return ValidateBatchSearchFields(entry, talk) ? QStringList() : talk.Told;
+            return ValidateBatchSearchFields(entry, talk) ? QStringList() : talk.Said;
         };
-        QCOMPARE(told(u"092020294"_s, unset), QStringList{noCounty(field)});
-        QCOMPARE(told(u"X"_s, u"King"_s), (QStringList{askNonScomis(field), nonScomis(field)}));
-        QCOMPARE(told(u"097020290"_s, u"King"_s), QStringList{restricted(u'7', field)});
-        QCOMPARE(told(u"092020290"_s, u"King"_s), QStringList{wrongCheckDigit(field)});
+        QCOMPARE(said(u"092020294"_s, unset), QStringList{noCounty(field)});
+        QCOMPARE(said(u"X"_s, u"King"_s), (QStringList{askNonScomis(field), nonScomis(field)}));
+        QCOMPARE(said(u"097020290"_s, u"King"_s), QStringList{restricted(u'7', field)});
+        QCOMPARE(said(u"092020290"_s, u"King"_s), QStringList{wrongCheckDigit(field)});
     }
 }
 
@@ -242,7 +242,7 @@ void tst_BatchFieldRules::aBatchWithoutNumbersPasses()
         SearchEntry entry = inDistrictCourt(batch(court, {}));
         TalkRecorder talk;
         QVERIFY(ValidateBatchSearchFields(entry, talk));
-        QCOMPARE(talk.Told, QStringList());
+        QCOMPARE(talk.Said, QStringList());
     }
 }
 
@@ -254,10 +254,10 @@ void tst_BatchFieldRules::emptyRowsInTheMiddleArePassedOver()
         {{0, u"092020294"_s, u"King"_s}, {3, u"  "_s, unset}, {9, u"092020294"_s, u"Pierce"_s}});
     TalkRecorder talk;
     QVERIFY(!ValidateBatchSearchFields(entry, talk));
-    QCOMPARE(talk.Told, QStringList{wrongCheckDigit(10)});
+    QCOMPARE(talk.Said, QStringList{wrongCheckDigit(10)});
     entry.Batch[9].County = unset;
     QVERIFY(!ValidateBatchSearchFields(entry, talk));
-    QCOMPARE(talk.Told.back(), noCounty(10));
+    QCOMPARE(talk.Said.back(), noCounty(10));
 }
 
 void tst_BatchFieldRules::countiesOfAllRowsAreTestedBeforeTheFirstNumber()
@@ -267,12 +267,12 @@ void tst_BatchFieldRules::countiesOfAllRowsAreTestedBeforeTheFirstNumber()
                               {{0, u"X"_s, u"King"_s}, {1, u"Y"_s, unset}, {2, u"Z"_s, unset}});
     TalkRecorder talk;
     QVERIFY(!ValidateBatchSearchFields(entry, talk));
-    QCOMPARE(talk.Told, QStringList{noCounty(2)});
+    QCOMPARE(talk.Said, QStringList{noCounty(2)});
 }
 
 void tst_BatchFieldRules::numbersAreTestedRowByRow()
 {
-    // All that is wrong with a row is told before the next row is looked at.
+    // All that is wrong with a row is reported before the next row is looked at.
     const TestFolder folder;
     SearchEntry entry = batch(
         CourtFamily::Superior,
@@ -285,7 +285,7 @@ void tst_BatchFieldRules::numbersAreTestedRowByRow()
     QVERIFY(!ValidateBatchSearchFields(entry, talk));
     entry.Batch[1].Number.clear();
     QVERIFY(!ValidateBatchSearchFields(entry, talk));
-    QCOMPARE(talk.Told,
+    QCOMPARE(talk.Said,
              (QStringList{wrongCheckDigit(1), restricted(u'7', 2), askNonScomis(3), nonScomis(3)}));
 }
 
@@ -298,7 +298,7 @@ void tst_BatchFieldRules::okMovesToTheNextRow()
                                                       {7, u"Z"_s, u"Pierce"_s}});
     TalkRecorder talk({true, true, false});
     QVERIFY(!ValidateBatchSearchFields(entry, talk));
-    QCOMPARE(talk.Told,
+    QCOMPARE(talk.Said,
              (QStringList{askNonScomis(3), askNonScomis(6), askNonScomis(8), nonScomis(8)}));
     QCOMPARE(entry.Batch[6].Number, u"09-2-02029-4"_s);
     // The right number of the row before is not taken for the last row's, where it would be wrong.
@@ -314,7 +314,7 @@ void tst_BatchFieldRules::tenRightNumbers()
     entry.Batch.fill({u"092020294"_s, u"King"_s});
     TalkRecorder talk;
     QVERIFY(ValidateBatchSearchFields(entry, talk));
-    QCOMPARE(talk.Told, QStringList());
+    QCOMPARE(talk.Said, QStringList());
     for (const BatchRow &row : entry.Batch)
         QCOMPARE(row.Number, u"09-2-02029-4"_s);
 }
@@ -329,10 +329,10 @@ void tst_BatchFieldRules::theDistrictCourtWarningLooksAtAllTenCountyBoxes()
         entry.Counties = {u"Baker"_s};
         TalkRecorder talk({true});
         QVERIFY(ValidateBatchSearchFields(entry, talk));
-        QCOMPARE(talk.Told, QStringList{askNoDistrictCourt});
+        QCOMPARE(talk.Said, QStringList{askNoDistrictCourt});
         entry.Batch[i].County = unset;
         QVERIFY(ValidateBatchSearchFields(entry, talk));
-        QCOMPARE(talk.Told.size(), qsizetype(1));
+        QCOMPARE(talk.Said.size(), qsizetype(1));
     }
 }
 
@@ -343,7 +343,7 @@ void tst_BatchFieldRules::theDistrictCourtWarningComesAfterTheCounties()
         inDistrictCourt(batch(CourtFamily::Oregon, {{0, u"X"_s, u"Baker"_s}, {1, u"Y"_s, unset}}));
     TalkRecorder talk;
     QVERIFY(!ValidateBatchSearchFields(entry, talk));
-    QCOMPARE(talk.Told, QStringList{noCounty(2)});
+    QCOMPARE(talk.Said, QStringList{noCounty(2)});
 }
 
 void tst_BatchFieldRules::withoutTheCodesFileTheCheckDigitTestFallsAwayInSilence()
@@ -353,12 +353,12 @@ void tst_BatchFieldRules::withoutTheCodesFileTheCheckDigitTestFallsAwayInSilence
     SearchEntry entry = one(CourtFamily::Superior, u"092020290"_s, u"King"_s);
     TalkRecorder talk;
     QVERIFY(ValidateBatchSearchFields(entry, talk));
-    QCOMPARE(talk.Told, QStringList());
+    QCOMPARE(talk.Said, QStringList());
     QCOMPARE(folder.Log(), QStringList());
     // The types are still tested.
     entry = one(CourtFamily::Superior, u"095020290"_s, u"King"_s);
     QVERIFY(!ValidateBatchSearchFields(entry, talk));
-    QCOMPARE(talk.Told, QStringList{restricted(u'5', 5)});
+    QCOMPARE(talk.Said, QStringList{restricted(u'5', 5)});
 }
 
 void tst_BatchFieldRules::aRunTimeErrorIsLoggedAndReportsFailure()

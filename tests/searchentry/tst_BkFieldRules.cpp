@@ -66,15 +66,15 @@ SearchEntry withoutCourt(const SearchEntry &entry)
     return With(entry, [](SearchEntry &e) { e.BkCourts = {}; });
 }
 
-void add(const char *name, const SearchEntry &entry, const QStringList &told, bool passes,
+void add(const char *name, const SearchEntry &entry, const QStringList &expected, bool passes,
          const QString &boxAfter, const QList<bool> &answers = {})
 {
-    QTest::newRow(name) << entry << told << passes << boxAfter << answers;
+    QTest::newRow(name) << entry << expected << passes << boxAfter << answers;
 }
 
-void refused(const char *name, const SearchEntry &entry, const QString &told)
+void refused(const char *name, const SearchEntry &entry, const QString &expected)
 {
-    add(name, entry, {told}, false, entry.Names[0]);
+    add(name, entry, {expected}, false, entry.Names[0]);
 }
 
 void accepted(const char *name, const SearchEntry &entry)
@@ -92,8 +92,8 @@ private Q_SLOTS:
     void rules_data();
     void rules();
     void anyOneCourtIsEnough();
-    void theFirstBrokenRuleIsTold_data();
-    void theFirstBrokenRuleIsTold();
+    void theFirstBrokenRuleIsReported_data();
+    void theFirstBrokenRuleIsReported();
     void aTaxIdBeginningWith79IsReadAsAUbi();
     void taxYearLaterThanThisYearIsReadAsAUbi();
     void aLongTaxIdIsReadAsAUbi();
@@ -105,7 +105,7 @@ void tst_BkFieldRules::rules_data()
     using enum SearchKind;
     rowsFolder = std::make_unique<TestFolder>();
     QTest::addColumn<SearchEntry>("entry");
-    QTest::addColumn<QStringList>("told");
+    QTest::addColumn<QStringList>("expected");
     QTest::addColumn<bool>("passes");
     QTest::addColumn<QString>("boxAfter");
     QTest::addColumn<QList<bool>>("answers");
@@ -172,14 +172,14 @@ void tst_BkFieldRules::rules_data()
 void tst_BkFieldRules::rules()
 {
     QFETCH(SearchEntry, entry);
-    QFETCH(QStringList, told);
+    QFETCH(QStringList, expected);
     QFETCH(bool, passes);
     QFETCH(QString, boxAfter);
     QFETCH(QList<bool>, answers);
     const TestClock clock;
     TalkRecorder talk(answers);
     QCOMPARE(ValidateBkFormFields(entry, talk), passes);
-    QCOMPARE(talk.Told, told);
+    QCOMPARE(talk.Said, expected);
     QCOMPARE(talk.AnswersLeft(), qsizetype(0));
     QCOMPARE(entry.Names[0], boxAfter);
     QCOMPARE(rowsFolder->Log(), QStringList());
@@ -194,16 +194,16 @@ void tst_BkFieldRules::anyOneCourtIsEnough()
         QVERIFY(!ValidateBkFormFields(entry, talk));
         entry.BkCourts[i] = true;
         QVERIFY(ValidateBkFormFields(entry, talk));
-        QCOMPARE(talk.Told, QStringList{noCourt});
+        QCOMPARE(talk.Said, QStringList{noCourt});
     }
 }
 
-void tst_BkFieldRules::theFirstBrokenRuleIsTold_data()
+void tst_BkFieldRules::theFirstBrokenRuleIsReported_data()
 {
     using enum SearchKind;
     QTest::addColumn<int>("kind");
     QTest::addColumn<QStringList>("boxes"); ///< one after the other in the first box
-    QTest::addColumn<QStringList>("told");
+    QTest::addColumn<QStringList>("expected");
     QTest::newRow("person") << int(Person) << QStringList{u""_s, u"SMITH"_s}
                             << QStringList{noLastName, noFirstName};
     QTest::newRow("business") << int(Business) << QStringList{u""_s, u"ACME"_s}
@@ -216,11 +216,11 @@ void tst_BkFieldRules::theFirstBrokenRuleIsTold_data()
                          << QStringList{noSsn, wrongSsn, noCourt};
 }
 
-void tst_BkFieldRules::theFirstBrokenRuleIsTold()
+void tst_BkFieldRules::theFirstBrokenRuleIsReported()
 {
     QFETCH(int, kind);
     QFETCH(QStringList, boxes);
-    QFETCH(QStringList, told);
+    QFETCH(QStringList, expected);
     const TestFolder folder;
     const TestClock clock;
     TalkRecorder talk({false});
@@ -231,7 +231,7 @@ void tst_BkFieldRules::theFirstBrokenRuleIsTold()
             entry.Names[MiddleInitial].clear();
         QVERIFY(!ValidateBkFormFields(entry, talk));
     }
-    QCOMPARE(talk.Told, told);
+    QCOMPARE(talk.Said, expected);
 }
 
 void tst_BkFieldRules::aTaxIdBeginningWith79IsReadAsAUbi()
@@ -241,13 +241,13 @@ void tst_BkFieldRules::aTaxIdBeginningWith79IsReadAsAUbi()
     SearchEntry entry = bankruptcy(SearchKind::TaxId, u"79-1234567"_s);
     TalkRecorder talk;
     QVERIFY(ValidateBkFormFields(entry, talk));
-    QCOMPARE(talk.Told, QStringList());
+    QCOMPARE(talk.Said, QStringList());
     // 16 characters make a tax identifier of 80 as well as of 79, but never a UBI.
     entry.Names[0] = u"80-------------1"_s;
     QVERIFY(ValidateBkFormFields(entry, talk));
     entry.Names[0] = u"79-------------1"_s;
     QVERIFY(!ValidateBkFormFields(entry, talk));
-    QCOMPARE(talk.Told, QStringList{wrongTaxId});
+    QCOMPARE(talk.Said, QStringList{wrongTaxId});
 }
 
 void tst_BkFieldRules::taxYearLaterThanThisYearIsReadAsAUbi()
@@ -259,7 +259,7 @@ void tst_BkFieldRules::taxYearLaterThanThisYearIsReadAsAUbi()
     QVERIFY(ValidateBkFormFields(entry, talk));
     entry.Names[0] = u"11-------------1"_s;
     QVERIFY(!ValidateBkFormFields(entry, talk));
-    QCOMPARE(talk.Told, QStringList{wrongTaxId});
+    QCOMPARE(talk.Said, QStringList{wrongTaxId});
     entry.Names[0] = u"11-1234567"_s;
     QVERIFY(ValidateBkFormFields(entry, talk));
 }
@@ -274,7 +274,7 @@ void tst_BkFieldRules::aLongTaxIdIsReadAsAUbi()
     QVERIFY(ValidateBkFormFields(entry, talk));
     entry.Names[0].append(u'4');
     QVERIFY(!ValidateBkFormFields(entry, talk));
-    QCOMPARE(talk.Told, QStringList{wrongTaxId});
+    QCOMPARE(talk.Said, QStringList{wrongTaxId});
 }
 
 void tst_BkFieldRules::aRunTimeErrorIsLoggedAndIsARefusal()

@@ -32,18 +32,18 @@ const QStringList oneCourt{u"choose cboxCountyList Adams"_s,
 QStringList results(bool isCivil, const QString &name, const QString &courtCounty,
                     const QString &courts, const QString &kind, const QStringList &lines)
 {
-    QStringList told{isCivil ? u"frmDiscisNameResults"_s : u"frmDiscisNCNameResults"_s,
-                     u"caption Name Search Results - "_s + name, u"lblState WA"_s,
-                     u"lblNameVal "_s + name};
-    told.append(isCivil ? u"lblCaseTypeVals CIVIL"_s : u"lblCaseTypeVals NON-CIVIL"_s);
+    QStringList handed{isCivil ? u"frmDiscisNameResults"_s : u"frmDiscisNCNameResults"_s,
+                       u"caption Name Search Results - "_s + name, u"lblState WA"_s,
+                       u"lblNameVal "_s + name};
+    handed.append(isCivil ? u"lblCaseTypeVals CIVIL"_s : u"lblCaseTypeVals NON-CIVIL"_s);
     if (!courts.isEmpty())
-        told.append(u"txtCountyList "_s + courts);
-    told.append(u"lblCourtCounty "_s + courtCounty);
+        handed.append(u"txtCountyList "_s + courts);
+    handed.append(u"lblCourtCounty "_s + courtCounty);
     if (!isCivil)
-        told.append(u"lblDNDorSNCI "_s + kind);
+        handed.append(u"lblDNDorSNCI "_s + kind);
     for (const QString &line : lines)
-        told.append(u"line "_s + line);
-    return told;
+        handed.append(u"line "_s + line);
+    return handed;
 }
 } // namespace
 
@@ -69,8 +69,8 @@ private Q_SLOTS:
     void aNumberOfSeveralCourtsGoesToTheFirst();
     void aNumberWithoutACourtIsRefused();
     void aNumberInAllCountiesIsRefused();
-    void aNumberWithNeitherCivilNorNonCivilIsTold();
-    void aNameWithNeitherCivilNorNonCivilIsTold();
+    void aNumberWithNeitherCivilNorNonCivilIsReported();
+    void aNameWithNeitherCivilNorNonCivilIsReported();
 };
 
 void tst_DispatchDiscis::theWindowIsHanded_data()
@@ -224,10 +224,10 @@ void tst_DispatchDiscis::aNonCivilSearchWithAddressesMarksOneWindowOnly()
 void tst_DispatchDiscis::aCivilSearchWithoutACourtIsRefused()
 {
     desk->Do(civil + smithJohnQ + adams + QStringList{u"click cmdClearCourtList"_s});
-    QStringList told;
-    desk->ExpectRefusal(&told);
+    QStringList said;
+    desk->ExpectRefusal(&said);
     QVERIFY(desk->Start().isEmpty());
-    QCOMPARE(told,
+    QCOMPARE(said,
              (QStringList{u"You Have Not Selected a County!"_s,
                           u"At least one selection is required when searching County "
                           "Jurisdictions."_s,
@@ -320,10 +320,10 @@ void tst_DispatchDiscis::aNumberOfSeveralCourtsGoesToTheFirst()
 void tst_DispatchDiscis::aNumberWithoutACourtIsRefused()
 {
     desk->Do(nonCivil + number + adams + QStringList{u"type txtSearchName_0 052020299"_s});
-    QStringList told;
-    desk->ExpectRefusal(&told);
+    QStringList said;
+    desk->ExpectRefusal(&said);
     QVERIFY(desk->Start().isEmpty());
-    QCOMPARE(told.value(1), u"A County selection is required for this type of search."_s);
+    QCOMPARE(said.value(1), u"A County selection is required for this type of search."_s);
     QCOMPARE(Keys(), QStringList());
 }
 
@@ -337,16 +337,16 @@ void tst_DispatchDiscis::aNumberInAllCountiesIsRefused()
     QCOMPARE(desk->Text("lblCourtNameStats"),
              u"Courts Available: 173   Courts Selected: 0 (zero)"_s);
     QCOMPARE(desk->Form()->Entry().DiscisSelected, QStringList());
-    QStringList told;
-    desk->ExpectRefusal(&told);
+    QStringList said;
+    desk->ExpectRefusal(&said);
     QVERIFY(desk->Start().isEmpty());
-    QCOMPARE(told, (QStringList{u"You Have Not Selected a County!"_s,
+    QCOMPARE(said, (QStringList{u"You Have Not Selected a County!"_s,
                                 u"A County selection is required for this type of search."_s,
                                 u"Please Select a County or Change Jurisidiction to Continue."_s}));
     QCOMPARE(Keys(), QStringList());
 }
 
-void tst_DispatchDiscis::aNumberWithNeitherCivilNorNonCivilIsTold()
+void tst_DispatchDiscis::aNumberWithNeitherCivilNorNonCivilIsReported()
 {
     desk->Do(civil + number + oneCourt + QStringList{u"type txtSearchName_0 052020299"_s});
     Global.intSearchWhere = 1;
@@ -360,7 +360,7 @@ void tst_DispatchDiscis::aNumberWithNeitherCivilNorNonCivilIsTold()
     QCOMPARE(desk->Desk.Folder.Read(u"MruCases.txt"_s), QByteArray());
 }
 
-void tst_DispatchDiscis::aNameWithNeitherCivilNorNonCivilIsTold()
+void tst_DispatchDiscis::aNameWithNeitherCivilNorNonCivilIsReported()
 {
     desk->Do(civil + smithJohnQ + oneCourt);
     Global.intSearchWhere = 1;

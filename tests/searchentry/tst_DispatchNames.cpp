@@ -41,12 +41,12 @@ QStringList types(const QStringList &words)
 QStringList results(const QString &state, const QString &title, const QStringList &flags,
                     const QStringList &lines)
 {
-    QStringList told{u"frmNameSearchResults"_s, u"caption Name Search Results"_s,
-                     u"lblState "_s + state, u"txtCountyList "_s + title, u"lblName Name:"_s};
-    told += flags;
+    QStringList handed{u"frmNameSearchResults"_s, u"caption Name Search Results"_s,
+                       u"lblState "_s + state, u"txtCountyList "_s + title, u"lblName Name:"_s};
+    handed += flags;
     for (const QString &line : lines)
-        told.append(u"line "_s + line);
-    return told;
+        handed.append(u"line "_s + line);
+    return handed;
 }
 } // namespace
 

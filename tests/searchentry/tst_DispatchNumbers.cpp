@@ -141,10 +141,10 @@ void tst_DispatchNumbers::aNumberRefusedByTheUserStartsNothing()
 {
     desk->Do(entered(u"King"_s, u"17x"_s));
     expectNotScomis(MsgAnswer::Cancel);
-    QStringList told;
-    desk->ExpectRefusal(&told);
+    QStringList said;
+    desk->ExpectRefusal(&said);
     QVERIFY(desk->Start().isEmpty());
-    QCOMPARE(told.value(0), u"This case number appears to be a non-SCOMIS number."_s);
+    QCOMPARE(said.value(0), u"This case number appears to be a non-SCOMIS number."_s);
     QCOMPARE(Keys(), QStringList());
     QCOMPARE(desk->Text("txtSearchName_0"), u"17X"_s);
 }
@@ -152,7 +152,7 @@ void tst_DispatchNumbers::aNumberRefusedByTheUserStartsNothing()
 void tst_DispatchNumbers::refused_data()
 {
     QTest::addColumn<QStringList>("steps");
-    QTest::addColumn<QString>("told");
+    QTest::addColumn<QString>("expected");
     QTest::addColumn<QString>("box");
     QTest::newRow("no number") << number + QStringList{u"tick lboxMultiJurisdiction King"_s}
                                << u"The NUMBER Field Is Empty!"_s << QString();
@@ -170,13 +170,13 @@ void tst_DispatchNumbers::refused_data()
 void tst_DispatchNumbers::refused()
 {
     QFETCH(QStringList, steps);
-    QFETCH(QString, told);
+    QFETCH(QString, expected);
     QFETCH(QString, box);
     desk->Do(steps);
     QStringList lines;
     desk->ExpectRefusal(&lines);
     QVERIFY(desk->Start().isEmpty());
-    QCOMPARE(lines.value(0), told);
+    QCOMPARE(lines.value(0), expected);
     QCOMPARE(desk->Text("txtSearchName_0"), box);
     QCOMPARE(Keys(), QStringList());
     QCOMPARE(desk->Desk.Folder.Read(u"MruCases.txt"_s), QByteArray());
@@ -230,11 +230,11 @@ void tst_DispatchNumbers::tabThroughTheCountiesChoosesNone()
     QVERIFY(!counties()->hasFocus());
     QVERIFY(counties()->selectedItems().isEmpty());
     QCOMPARE(desk->Form()->Entry().NumberCounty, QString());
-    QStringList told;
+    QStringList said;
     if (refused)
-        desk->ExpectRefusal(&told);
+        desk->ExpectRefusal(&said);
     const auto *window = desk->StartOne<frmCaseDetails>();
-    QCOMPARE(told.value(0), refused ? u"You Have Not Selected a County!"_s : QString());
+    QCOMPARE(said.value(0), refused ? u"You Have Not Selected a County!"_s : QString());
     QCOMPARE(window == nullptr, refused);
     if (window)
         QCOMPARE(window->txtCountyName, QString());
@@ -248,10 +248,10 @@ void tst_DispatchNumbers::aCountyThatIsDeselectedIsNotSearched()
     QTest::mouseClick(counties()->viewport(), Qt::LeftButton, Qt::ControlModifier,
                       counties()->visualItemRect(king).center());
     QCOMPARE(desk->Form()->Entry().NumberCounty, QString());
-    QStringList told;
-    desk->ExpectRefusal(&told);
+    QStringList said;
+    desk->ExpectRefusal(&said);
     QVERIFY(desk->Start().isEmpty());
-    QCOMPARE(told.value(0), u"You Have Not Selected a County!"_s);
+    QCOMPARE(said.value(0), u"You Have Not Selected a County!"_s);
     QCOMPARE(Keys(), QStringList());
 }
 

@@ -168,7 +168,7 @@ void startTable()
 {
     rowsFolder = std::make_unique<TestFolder>();
     QTest::addColumn<SearchEntry>("entry");
-    QTest::addColumn<QStringList>("told");
+    QTest::addColumn<QStringList>("expected");
     QTest::addColumn<bool>("passes");
     QTest::addColumn<QString>("boxAfter"); ///< what the first name box holds then
     QTest::addColumn<QList<bool>>("answers");
@@ -180,15 +180,15 @@ QByteArray rowName(const QByteArray &name, CourtFamily court)
     return name + ", court " + QByteArray::number(static_cast<int>(court));
 }
 
-void add(const QByteArray &name, const SearchEntry &entry, const QStringList &told, bool passes,
+void add(const QByteArray &name, const SearchEntry &entry, const QStringList &expected, bool passes,
          const QString &boxAfter, const QList<bool> &answers = {})
 {
-    QTest::newRow(name.constData()) << entry << told << passes << boxAfter << answers;
+    QTest::newRow(name.constData()) << entry << expected << passes << boxAfter << answers;
 }
 
-void refused(const QByteArray &name, const SearchEntry &entry, const QString &told)
+void refused(const QByteArray &name, const SearchEntry &entry, const QString &expected)
 {
-    add(name, entry, {told}, false, entry.Names[0]);
+    add(name, entry, {expected}, false, entry.Names[0]);
 }
 
 void accepted(const QByteArray &name, const SearchEntry &entry)
@@ -210,8 +210,8 @@ private Q_SLOTS:
 
     void cleanupTestCase() { rowsFolder.reset(); }
 
-    void theFirstBrokenRuleOfANameIsTold();
-    void theFirstBrokenRuleOfANumberIsTold();
+    void theFirstBrokenRuleOfANameIsReported();
+    void theFirstBrokenRuleOfANumberIsReported();
 
     void aNumberTypedWithOrWithoutDashesIsTheSameNumber();
     void aNumberWithALetterPassesOnOkWithNoTypeOrCountyCheck();
@@ -233,13 +233,13 @@ private:
 void tst_FieldRules::check()
 {
     QFETCH(SearchEntry, entry);
-    QFETCH(QStringList, told);
+    QFETCH(QStringList, expected);
     QFETCH(bool, passes);
     QFETCH(QString, boxAfter);
     QFETCH(QList<bool>, answers);
     TalkRecorder talk(answers);
     QCOMPARE(ValidateAllFormFields(entry, talk), passes);
-    QCOMPARE(talk.Told, told);
+    QCOMPARE(talk.Said, expected);
     QCOMPARE(talk.AnswersLeft(), qsizetype(0));
     QCOMPARE(entry.Names[0], boxAfter);
     QCOMPARE(rowsFolder->Log(), QStringList());
@@ -350,9 +350,10 @@ void tst_FieldRules::oregonWarnings_data()
 {
     using enum CourtFamily;
     startTable();
-    const auto warned = [](const QByteArray &name, const SearchEntry &entry, const QString &told) {
+    const auto warned = [](const QByteArray &name, const SearchEntry &entry,
+                           const QString &expected) {
         for (const bool yes : {true, false})
-            add(name + (yes ? ", Yes" : ", No"), entry, {told}, yes, entry.Names[0], {yes});
+            add(name + (yes ? ", Yes" : ", No"), entry, {expected}, yes, entry.Names[0], {yes});
     };
     const SearchEntry who = person(Oregon);
     const QStringList juvenile{u"Juvenile Offender"_s};
@@ -398,7 +399,7 @@ void tst_FieldRules::oregonWarnings_data()
              inDistrictCourt(ofTypes(inCounties(person(Idaho), {u"Jefferson"_s}), juvenile)));
 }
 
-void tst_FieldRules::theFirstBrokenRuleOfANameIsTold()
+void tst_FieldRules::theFirstBrokenRuleOfANameIsReported()
 {
     // Each mend uncovers the next one, in the order of the checks.
     const TestFolder folder;
@@ -418,11 +419,11 @@ void tst_FieldRules::theFirstBrokenRuleOfANameIsTold()
     QVERIFY(!ValidateAllFormFields(entry, talk));
     entry.CaseTypes.append(u"Civil"_s);
     QVERIFY(ValidateAllFormFields(entry, talk));
-    QCOMPARE(talk.Told, (QStringList{noLastName, initialWithoutFirstName, suffixWithoutFirstName,
+    QCOMPARE(talk.Said, (QStringList{noLastName, initialWithoutFirstName, suffixWithoutFirstName,
                                      noCounty, noCaseType, askNoDistrictCourt}));
 }
 
-void tst_FieldRules::theFirstBrokenRuleOfANumberIsTold()
+void tst_FieldRules::theFirstBrokenRuleOfANumberIsReported()
 {
     const TestFolder folder;
     SearchEntry entry = caseNumber(CourtFamily::Superior, {}, {});
@@ -438,7 +439,7 @@ void tst_FieldRules::theFirstBrokenRuleOfANumberIsTold()
     QVERIFY(!ValidateAllFormFields(entry, talk));
     entry.Names[0] = u"092020294"_s;
     QVERIFY(ValidateAllFormFields(entry, talk));
-    QCOMPARE(talk.Told, (QStringList{noNumber, noNumberCounty, askNonScomis, nonScomis,
+    QCOMPARE(talk.Said, (QStringList{noNumber, noNumberCounty, askNonScomis, nonScomis,
                                      restricted(u'5'), wrongCheckDigit}));
 }
 
@@ -450,7 +451,7 @@ void tst_FieldRules::aNumberTypedWithOrWithoutDashesIsTheSameNumber()
         TalkRecorder talk;
         QVERIFY(ValidateAllFormFields(entry, talk));
         QCOMPARE(entry.Names[0], u"09-2-02029-4"_s);
-        QCOMPARE(talk.Told, QStringList());
+        QCOMPARE(talk.Said, QStringList());
     }
 }
 
@@ -461,7 +462,7 @@ void tst_FieldRules::aNumberWithALetterPassesOnOkWithNoTypeOrCountyCheck()
     SearchEntry entry = caseNumber(CourtFamily::Superior, u"09-5-02029-A"_s);
     TalkRecorder talk({true});
     QVERIFY(ValidateAllFormFields(entry, talk));
-    QCOMPARE(talk.Told, QStringList{askNonScomis});
+    QCOMPARE(talk.Said, QStringList{askNonScomis});
     QCOMPARE(entry.Names[0], u"09-5-02029-A"_s);
 }
 
@@ -474,7 +475,7 @@ void tst_FieldRules::threeCaseTypesAreRestricted()
         TalkRecorder talk;
         const bool closed = digit == u'5' || digit == u'6' || digit == u'7';
         QCOMPARE(ValidateAllFormFields(entry, talk), !closed);
-        QCOMPARE(talk.Told, closed ? QStringList{restricted(digit)} : QStringList());
+        QCOMPARE(talk.Said, closed ? QStringList{restricted(digit)} : QStringList());
     }
 }
 
@@ -486,7 +487,7 @@ void tst_FieldRules::aRestrictedTypeIsRefusedBeforeTheCheckDigitIsLookedAt()
     SearchEntry entry = caseNumber(CourtFamily::Superior, u"095020290"_s);
     TalkRecorder talk;
     QVERIFY(!ValidateAllFormFields(entry, talk));
-    QCOMPARE(talk.Told, QStringList{restricted(u'5')});
+    QCOMPARE(talk.Said, QStringList{restricted(u'5')});
     QCOMPARE(folder.Log(), QStringList());
 }
 
@@ -499,13 +500,13 @@ void tst_FieldRules::aCountyWithCode0OrWithNoEntryAcceptsAnyCheckDigit()
             SearchEntry entry = caseNumber(CourtFamily::Superior, u"09202029"_s + digit, county);
             TalkRecorder talk;
             QVERIFY(ValidateAllFormFields(entry, talk));
-            QCOMPARE(talk.Told, QStringList());
+            QCOMPARE(talk.Said, QStringList());
         }
     }
     SearchEntry entry = caseNumber(CourtFamily::Superior, u"092020294"_s, u"Pierce"_s);
     TalkRecorder talk;
     QVERIFY(!ValidateAllFormFields(entry, talk));
-    QCOMPARE(talk.Told, QStringList{wrongCheckDigit});
+    QCOMPARE(talk.Said, QStringList{wrongCheckDigit});
 }
 
 void tst_FieldRules::anIdahoNumberPassesEveryTestOnceItIsNotEmpty()
@@ -515,7 +516,7 @@ void tst_FieldRules::anIdahoNumberPassesEveryTestOnceItIsNotEmpty()
         SearchEntry entry = caseNumber(CourtFamily::Idaho, number, {});
         TalkRecorder talk;
         QVERIFY(ValidateAllFormFields(entry, talk));
-        QCOMPARE(talk.Told, QStringList());
+        QCOMPARE(talk.Said, QStringList());
         QCOMPARE(entry.Names[0], number);
     }
 }
@@ -527,7 +528,7 @@ void tst_FieldRules::withoutTheCodesFileTheCheckDigitTestFallsAwayInSilence()
     SearchEntry entry = caseNumber(CourtFamily::Superior, u"092020290"_s);
     TalkRecorder talk;
     QVERIFY(ValidateAllFormFields(entry, talk));
-    QCOMPARE(talk.Told, QStringList());
+    QCOMPARE(talk.Said, QStringList());
     QCOMPARE(folder.Log(), QStringList());
     QCOMPARE(entry.Names[0], u"09-2-02029-0"_s);
 }
@@ -539,7 +540,7 @@ void tst_FieldRules::anUnreadableCodesFileIsLoggedAndTheNumberPasses()
     SearchEntry entry = caseNumber(CourtFamily::Superior, u"092020290"_s);
     TalkRecorder talk;
     QVERIFY(ValidateAllFormFields(entry, talk));
-    QCOMPARE(talk.Told, QStringList());
+    QCOMPARE(talk.Said, QStringList());
     QCOMPARE(folder.TimesLogged(u"Error reading Setting Cty2Code, King - CSetting.GetSettingStr"_s),
              1);
 }
@@ -560,7 +561,7 @@ void tst_FieldRules::onlyTheRightCheckDigitPassesInEveryCounty()
             const bool passed = ValidateAllFormFields(entry, talk);
             if (passed != (digit == digits[i]))
                 QFAIL(qPrintable(counties[i] + u' ' + digit));
-            QCOMPARE(talk.Told, passed ? QStringList() : QStringList{wrongCheckDigit});
+            QCOMPARE(talk.Said, passed ? QStringList() : QStringList{wrongCheckDigit});
         }
     }
 }
@@ -584,7 +585,7 @@ void tst_FieldRules::textsOfTenThousandCharacters()
         SearchEntry entry = caseNumber(court, text, text);
         TalkRecorder talk({false});
         QVERIFY(!ValidateAllFormFields(entry, talk));
-        QCOMPARE(talk.Told, (QStringList{askNonScomis, nonScomis}));
+        QCOMPARE(talk.Said, (QStringList{askNonScomis, nonScomis}));
         QCOMPARE(entry.Names[0], text);
         SearchEntry who = inDistrictCourt(inCounties(person(court), {text}));
         who.Names.fill(text);

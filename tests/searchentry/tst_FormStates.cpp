@@ -224,17 +224,17 @@ void tst_FormStates::courtRows()
 {
     QFETCH(int, court);
     const CourtRow &row = CourtRowOf(static_cast<CourtFamily>(court));
-    const FamilyText &told = familyTexts[static_cast<size_t>(court)];
+    const FamilyText &expected = familyTexts[static_cast<size_t>(court)];
     QCOMPARE(static_cast<int>(row.court), court);
     QCOMPARE(&CourtRows()[static_cast<size_t>(court)], &row);
-    QCOMPARE(row.stateIndex, told.optState);
+    QCOMPARE(row.stateIndex, expected.optState);
     QTEST(row.courtIndex, "courtIndex");
-    QCOMPARE(row.searchState.toString(), QString::fromLatin1(told.searchState));
-    QCOMPARE(row.currentCourt.toString(), QString::fromLatin1(told.currentCourt));
-    QCOMPARE(row.caption.toString(), QString::fromLatin1(told.caption));
-    QCOMPARE(row.courtLabel.toString(), QString::fromLatin1(told.courtLabel));
-    QCOMPARE(row.statewide.toString(), QString::fromLatin1(told.statewide));
-    QCOMPARE(row.numberExample.toString(), QString::fromLatin1(told.example));
+    QCOMPARE(row.searchState.toString(), QString::fromLatin1(expected.searchState));
+    QCOMPARE(row.currentCourt.toString(), QString::fromLatin1(expected.currentCourt));
+    QCOMPARE(row.caption.toString(), QString::fromLatin1(expected.caption));
+    QCOMPARE(row.courtLabel.toString(), QString::fromLatin1(expected.courtLabel));
+    QCOMPARE(row.statewide.toString(), QString::fromLatin1(expected.statewide));
+    QCOMPARE(row.numberExample.toString(), QString::fromLatin1(expected.example));
     QTEST(row.displayName.toString(), "displayName");
 }
 
@@ -253,12 +253,12 @@ void tst_FormStates::kindRows()
 {
     QFETCH(int, type);
     const KindRow &row = KindRowOf(static_cast<SearchKind>(type));
-    const TypeText &told = typeTexts[static_cast<size_t>(type)];
+    const TypeText &expected = typeTexts[static_cast<size_t>(type)];
     QCOMPARE(static_cast<int>(row.kind), type);
-    QCOMPARE(row.type.toString(), QString::fromLatin1(told.searchType));
-    QCOMPARE(row.step.toString(), QString::fromLatin1(told.step));
+    QCOMPARE(row.type.toString(), QString::fromLatin1(expected.searchType));
+    QCOMPARE(row.step.toString(), QString::fromLatin1(expected.step));
     for (size_t i = 0; i < row.labels.size(); ++i)
-        QCOMPARE(row.labels[i].toString(), QString::fromLatin1(told.labels[i]));
+        QCOMPARE(row.labels[i].toString(), QString::fromLatin1(expected.labels[i]));
     QTEST(row.empties, "empties");
 }
 

@@ -81,8 +81,8 @@ private Q_SLOTS:
     void aFormCancelledWhileLinesAreBuilt();
     void linesExistBeforeTheWindowIsShown();
 
-    void aMissingListOfRecentEntriesIsTold_data() { addSearches(); }
-    void aMissingListOfRecentEntriesIsTold();
+    void aMissingListOfRecentEntriesIsReported_data() { addSearches(); }
+    void aMissingListOfRecentEntriesIsReported();
 
     void aSearchIsRemembered_data() { addSearches(); }
     void aSearchIsRemembered();
@@ -216,11 +216,11 @@ void tst_SearchBuilding::linesExistBeforeTheWindowIsShown()
     QVERIFY(results()->Timer1->isActive());
 }
 
-void tst_SearchBuilding::aMissingListOfRecentEntriesIsTold()
+void tst_SearchBuilding::aMissingListOfRecentEntriesIsReported()
 {
     QFETCH(QStringList, steps);
     QFETCH(QString, file);
-    // With alerts a window asks before it closes, unless it is told not to.
+    // With alerts a window asks before it closes, unless it is set not to.
     Global.bShowAlerts = true;
     Global.WaDisclaimerAccepted = true;
     Global.OrDisclaimerAccepted = true;

@@ -229,11 +229,11 @@ void tst_SearchFormInput::badFiles()
     const QList<Place> places = AllPlaces();
     for (const Place &place : places) {
         user->GoTo(place);
-        QList<QByteArray> told = ShownAt(place);
+        QList<QByteArray> expected = ShownAt(place);
         // Recent entries are offered by a setting, which may have gone with its file.
         if (file == u"options.ini")
-            told.removeIf([](const QByteArray &name) { return recents.contains(name); });
-        QCOMPARE(user->Shown(), told);
+            expected.removeIf([](const QByteArray &name) { return recents.contains(name); });
+        QCOMPARE(user->Shown(), expected);
         // The U.S. Courts refuse in a message box.
         if (place.Court == Federal)
             continue;

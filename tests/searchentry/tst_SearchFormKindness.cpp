@@ -127,12 +127,12 @@ void tst_SearchFormKindness::tabReachesEverythingInReadingOrder()
 {
     goToPlaceOfRow();
     const QList<QWidget *> all = user->Form->findChildren<QWidget *>();
-    QStringList told;
+    QStringList expected;
     for (const QWidget *widget : all) {
         if (isTabStop(widget))
-            told.append(widget->objectName());
+            expected.append(widget->objectName());
     }
-    told.sort();
+    expected.sort();
     QStringList visited;
     QList<int> steps;
     user->Find("lstJurisdictions")->setFocus();
@@ -153,7 +153,7 @@ void tst_SearchFormKindness::tabReachesEverythingInReadingOrder()
              qPrintable(visited.join(u' ')));
     QVERIFY(round == steps.end() || std::is_sorted(steps.begin(), turn + 1));
     visited.sort();
-    QCOMPARE(visited, told);
+    QCOMPARE(visited, expected);
 }
 
 void tst_SearchFormKindness::labelsLeadToControlsThatAreThere()
@@ -279,12 +279,12 @@ void tst_SearchFormKindness::nothingIsCutAtTheSmallestSize()
         if (qobject_cast<const QAbstractItemView *>(widget->parentWidget())
             || widget->objectName().startsWith(u"qt_"))
             continue;
-        const QSize told = label && label->wordWrap()
-                               ? QSize(0, label->heightForWidth(label->width()))
-                               : widget->sizeHint();
+        const QSize expected = label && label->wordWrap()
+                                   ? QSize(0, label->heightForWidth(label->width()))
+                                   : widget->sizeHint();
         const QString size = widget->objectName() + u" is "_s + QString::number(widget->width())
                              + u" x "_s + QString::number(widget->height());
-        QVERIFY2(widget->width() >= told.width() && widget->height() >= told.height(),
+        QVERIFY2(widget->width() >= expected.width() && widget->height() >= expected.height(),
                  qPrintable(size));
         const QRect inForm(widget->mapTo(user->Form.data(), QPoint()), widget->size());
         QVERIFY2(user->Form->rect().contains(inForm), qPrintable(size));

@@ -180,14 +180,14 @@ QString tst_SearchFormWalks::differences(const Place &place, const Extras &extra
     const QString county = user->Find<QComboBox>("cboxCountyList")->currentText();
     if (county != extras.County)
         found += u"the county is "_s + county + u" for "_s + extras.County + u"; "_s;
-    QStringList told = courts.value(county);
+    QStringList expected = courts.value(county);
     if (county.startsWith(u"-- ALL"))
-        told = {u"Statewide (all counties/jurisdictions)"_s};
+        expected = {u"Statewide (all counties/jurisdictions)"_s};
     else if (county.startsWith(u"-- SHOW"))
-        told = {u"Statewide Defendant Name Search with Addresses"_s};
-    if (user->Items("lboxDiscisCourtNames") != told)
+        expected = {u"Statewide Defendant Name Search with Addresses"_s};
+    if (user->Items("lboxDiscisCourtNames") != expected)
         found += u"the courts are not those of "_s + county + u"; "_s;
-    if (user->Ticked("lboxDiscisCourtNames") != (place.Type == 2 ? QStringList() : told))
+    if (user->Ticked("lboxDiscisCourtNames") != (place.Type == 2 ? QStringList() : expected))
         found += u"the wrong courts are ticked; "_s;
     return found;
 }

@@ -85,7 +85,7 @@ private Q_SLOTS:
     void anErrorWhileTheSearchIsBuilt();
     void theNextSearchAfterAnErrorStarts();
     void declinedLoginDoesNothingLater();
-    void aMissingCountyListIsToldOnce();
+    void aMissingCountyListIsReportedOnce();
     void enterOnAButtonPressesThatButton_data();
     void enterOnAButtonPressesThatButton();
 
@@ -114,7 +114,7 @@ void tst_SearchNotStarted::init()
 {
     desk = std::make_unique<SearchDesk>();
     Global.bLoggedIn = true;
-    // With alerts a results window asks before it closes, unless it is told not to.
+    // With alerts a results window asks before it closes, unless it is set not to.
     Global.bShowAlerts = true;
     Global.WaDisclaimerAccepted = true;
     frmSearchWA::ShowForm();
@@ -201,7 +201,7 @@ void tst_SearchNotStarted::declinedLoginDoesNothingLater()
     QCOMPARE(desk->Boxes.Answered(), 1);
 }
 
-void tst_SearchNotStarted::aMissingCountyListIsToldOnce()
+void tst_SearchNotStarted::aMissingCountyListIsReportedOnce()
 {
     desk->Folder.Remove(u"wactylst.txt"_s);
     click("optSearchWhere_2");

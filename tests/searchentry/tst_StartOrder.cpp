@@ -65,12 +65,12 @@ private Q_SLOTS:
     void aCompulsoryCodeCannotBeCancelled();
     void theClientCodeTurnedOffSearchesWithoutOne();
     void aFormThatGoesUnderTheClientCodeStartsNothing();
-    void aSessionThatEndsUnderTheClientCodeIsTold_data();
-    void aSessionThatEndsUnderTheClientCodeIsTold();
+    void aSessionThatEndsUnderTheClientCodeIsReported_data();
+    void aSessionThatEndsUnderTheClientCodeIsReported();
     void aCodeOfASessionThatHasEndedIsNotInForce();
 
-    void aCharacterThatCannotBeSentIsTold_data();
-    void aCharacterThatCannotBeSentIsTold();
+    void aCharacterThatCannotBeSentIsReported_data();
+    void aCharacterThatCannotBeSentIsReported();
     void aFormThatGoesUnderTheLostCharactersStartsNothing();
 
     void twoSearchesStandInTheQueue();
@@ -103,7 +103,7 @@ void tst_StartOrder::startsNothing(const QStringList &names)
 void tst_StartOrder::refusal_data()
 {
     QTest::addColumn<QStringList>("steps");
-    QTest::addColumn<QStringList>("told");
+    QTest::addColumn<QStringList>("expected");
     const QStringList business{u"click optSearchType_1"_s};
     const QStringList name{u"type txtSearchName_0 smith"_s};
     const QString required = u"This is a required field and Has a Minimum Length of 1 Character."_s;
@@ -144,7 +144,7 @@ void tst_StartOrder::refusal_data()
 void tst_StartOrder::refusal()
 {
     QFETCH(QStringList, steps);
-    QFETCH(QStringList, told);
+    QFETCH(QStringList, expected);
     desk->Do(steps);
     QStringList raised;
     connect(&SearchEvents::Of(), &SearchEvents::FieldErrorRaised, desk->Form(),
@@ -154,8 +154,8 @@ void tst_StartOrder::refusal()
     QStringList shown;
     desk->ExpectRefusal(&shown);
     QVERIFY(desk->Start().isEmpty());
-    QCOMPARE(raised, told);
-    QCOMPARE(shown, told);
+    QCOMPARE(raised, expected);
+    QCOMPARE(shown, expected);
     QCOMPARE(Keys(), QStringList());
     QVERIFY(desk->Form()->isVisible());
 }
@@ -397,14 +397,14 @@ void tst_StartOrder::aFormThatGoesUnderTheClientCodeStartsNothing()
     QCOMPARE(Keys(), QStringList());
 }
 
-void tst_StartOrder::aSessionThatEndsUnderTheClientCodeIsTold_data()
+void tst_StartOrder::aSessionThatEndsUnderTheClientCodeIsReported_data()
 {
     QTest::addColumn<MsgAnswer>("answer");
     QTest::newRow("no") << MsgAnswer::No;
     QTest::newRow("log in again") << MsgAnswer::Yes;
 }
 
-void tst_StartOrder::aSessionThatEndsUnderTheClientCodeIsTold()
+void tst_StartOrder::aSessionThatEndsUnderTheClientCodeIsReported()
 {
     QFETCH(MsgAnswer, answer);
     FakeSocket::Install();
@@ -437,12 +437,12 @@ void tst_StartOrder::aCodeOfASessionThatHasEndedIsNotInForce()
     QCOMPARE(desk->Desk.Folder.Read(u"MruAcctg.txt"_s), "abc\r\n");
 }
 
-void tst_StartOrder::aCharacterThatCannotBeSentIsTold_data()
+void tst_StartOrder::aCharacterThatCannotBeSentIsReported_data()
 {
     QTest::addColumn<QStringList>("steps");
     QTest::addColumn<QString>("box");
     QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("told");
+    QTest::addColumn<QString>("expected");
     const QString one =
         u"The character \"%1\" cannot be sent. A question mark goes in its place."_s;
     const QStringList number{u"click optSearchType_2"_s, u"tick lboxMultiJurisdiction King"_s};
@@ -467,23 +467,23 @@ void tst_StartOrder::aCharacterThatCannotBeSentIsTold_data()
     QTest::newRow("Idaho") << idaho << u"txtSearchName_0"_s << u"\u0141"_s << one.arg(u"\u0141"_s);
 }
 
-void tst_StartOrder::aCharacterThatCannotBeSentIsTold()
+void tst_StartOrder::aCharacterThatCannotBeSentIsReported()
 {
     QFETCH(QStringList, steps);
     QFETCH(QString, box);
     QFETCH(QString, typed);
-    QFETCH(QString, told);
+    QFETCH(QString, expected);
     desk->Do(steps);
     auto *field = desk->Form()->findChild<QLineEdit *>(box);
     field->setText(typed);
     const QString text =
-        told
+        expected
         + u"\r\n\r\nTo search all the same click OK. To change what you entered click Cancel."_s;
     const auto expect = [&](MsgAnswer answer) {
         desk->Desk.Boxes.Expect(text, u"Halvane Form Field Validation"_s, MsgIcon::Exclamation,
                                 answer, MsgButtons::OkCancel);
     };
-    if (!told.isEmpty()) {
+    if (!expected.isEmpty()) {
         desk->Control("cmdBeginSearch")->setFocus();
         expect(MsgAnswer::Cancel);
         QVERIFY(desk->Start().isEmpty());

@@ -95,8 +95,8 @@ private Q_SLOTS:
     void charactersThatCannotTravelDoNotGoIn_data();
     void charactersThatCannotTravelDoNotGoIn();
 
-    void aCharacterThatCannotBeSentIsTold_data();
-    void aCharacterThatCannotBeSentIsTold();
+    void aCharacterThatCannotBeSentIsReported_data();
+    void aCharacterThatCannotBeSentIsReported();
     void aCodeThatIsNotWantedIsNotAskedAbout();
     void theWindowMayGoUnderTheQuestion();
 
@@ -277,14 +277,14 @@ void tst_frmAccounting::charactersThatCannotTravelDoNotGoIn()
     QCOMPARE(Global.ClientAcctgCode, u"AB"_s);
 }
 
-void tst_frmAccounting::aCharacterThatCannotBeSentIsTold_data()
+void tst_frmAccounting::aCharacterThatCannotBeSentIsReported_data()
 {
     QTest::addColumn<MsgAnswer>("answer");
     QTest::newRow("Cancel") << MsgAnswer::Cancel;
     QTest::newRow("OK") << MsgAnswer::Ok;
 }
 
-void tst_frmAccounting::aCharacterThatCannotBeSentIsTold()
+void tst_frmAccounting::aCharacterThatCannotBeSentIsReported()
 {
     QFETCH(MsgAnswer, answer);
     bool stays = false;
@@ -482,10 +482,10 @@ void tst_frmAccounting::theOptionIsSwitched()
     Global.ClientAcctgCode = u"OLD"_s;
     Global.bEnableAcctg = dontShow;
     SaveOptionStr(u"Accounting"_s, u"EnableAcctg"_s, u"x"_s);
-    const QSignalSpy told(&AccountingEvents::Of(), &AccountingEvents::OptionChanged);
+    const QSignalSpy changes(&AccountingEvents::Of(), &AccountingEvents::OptionChanged);
     answer(Way::Ok, u"ABC"_s, dontShow);
-    QCOMPARE(told.count(), 1);
-    QCOMPARE(told[0][0].toBool(), !dontShow);
+    QCOMPARE(changes.count(), 1);
+    QCOMPARE(changes[0][0].toBool(), !dontShow);
     QCOMPARE(bool(Global.bEnableAcctg), !dontShow);
     QCOMPARE(enableAcctg(), dontShow ? u"0"_s : u"1"_s);
     QCOMPARE(Global.ClientAcctgCode, code);

@@ -188,12 +188,12 @@ void tst_frmSearchWA::buttonsSayWhatTheyDo_data()
 void tst_frmSearchWA::buttonsSayWhatTheyDo()
 {
     QFETCH(int, row);
-    const Control &told = buttons()[row];
-    const auto *button = find<QAbstractButton>(told.name);
+    const Control &expected = buttons()[row];
+    const auto *button = find<QAbstractButton>(expected.name);
     QVERIFY(button);
-    QCOMPARE(button->text(), told.caption);
-    QCOMPARE(button->isEnabled(), told.enabled);
-    QCOMPARE(button->isChecked(), told.checked);
+    QCOMPARE(button->text(), expected.caption);
+    QCOMPARE(button->isEnabled(), expected.enabled);
+    QCOMPARE(button->isChecked(), expected.checked);
 }
 
 void tst_frmSearchWA::stepsAreNumbered_data()

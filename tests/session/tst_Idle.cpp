@@ -33,7 +33,7 @@ private Q_SLOTS:
     void stayingLeavesTheSessionUpAfterEighteenSeconds();
     void staySaysNothingOfALogout();
     void loggingOutEndsTheWaitAtOnce();
-    void duringASearchItIsOnlyToldToStop();
+    void duringASearchTheUserIsAskedToWait();
     void withoutAlertsNothingIsShownAtTheEnd();
     void linkGoneAlreadyIsNoError();
     void mainWindowGoneDuringTheWait();
@@ -215,7 +215,7 @@ void tst_Idle::loggingOutEndsTheWaitAtOnce()
     QVERIFY(session->folder.Logged(u"Auto Logout Complete .."_s));
 }
 
-void tst_Idle::duringASearchItIsOnlyToldToStop()
+void tst_Idle::duringASearchTheUserIsAskedToWait()
 {
     Global.bSearchInProgress = true;
     session->boxes.Expect(u"You must wait for the current search to complete before "

@@ -78,8 +78,8 @@ private Q_SLOTS:
     void theKeyboardGoesWhereAnEntryIsMissing();
     void whoIsInAFieldStaysThere_data();
     void whoIsInAFieldStaysThere();
-    void addressesAreTriedInOrderAndTheFailureIsTold();
-    void serverThatNeverAnswersTheConnectIsTold();
+    void addressesAreTriedInOrderAndTheFailureIsReported();
+    void serverThatNeverAnswersTheConnectIsReported();
     void connectedAlreadyGoesOnWithoutAConnect();
 
     void enterDoesNothingBeforeTheServerIsReached();
@@ -461,7 +461,7 @@ void tst_frmLogin::statusWhileMessagesAreFetched()
     QVERIFY(hourglass);
 }
 
-void tst_frmLogin::addressesAreTriedInOrderAndTheFailureIsTold()
+void tst_frmLogin::addressesAreTriedInOrderAndTheFailureIsReported()
 {
     CourtSocket::Court().refuses = true;
     session->boxes.Expect(u"Cannot Connect to Halvane Server at this time."_s,
@@ -480,7 +480,7 @@ void tst_frmLogin::addressesAreTriedInOrderAndTheFailureIsTold()
     QCOMPARE(session->folder.TimesLogged(u"Router is not running"_s), 10);
 }
 
-void tst_frmLogin::serverThatNeverAnswersTheConnectIsTold()
+void tst_frmLogin::serverThatNeverAnswersTheConnectIsReported()
 {
     CourtSocket::Court().connects = false;
     session->boxes.Expect(u"Cannot Connect to Halvane Server at this time."_s,

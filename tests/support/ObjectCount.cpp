@@ -10,8 +10,8 @@
 
 #include <malloc.h>
 
-// What Qt calls for each object that comes and goes, for the sake of debuggers; told in its private
-// headers, and the same through all of Qt 5 and 6.
+// What Qt calls for each object that comes and goes, for the sake of debuggers; declared in its
+// private headers, and the same through all of Qt 5 and 6.
 extern Q_CORE_EXPORT quintptr qtHookData[];
 
 namespace {

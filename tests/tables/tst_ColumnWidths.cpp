@@ -26,13 +26,13 @@ class tst_ColumnWidths : public QObject
 private Q_SLOTS:
     void init();
 
-    void toldWidthsUntilTheUserDrags();
+    void usualWidthsUntilTheUserDrags();
     void draggedWidthIsRememberedForTheKind();
     void otherKindsKeepTheirs();
     void doubleClickOnTheEdgeIsRemembered();
-    void toldChangeReachesWhoChangedNothing();
-    void toldChangeLeavesTheUsersColumn();
-    void resetGoesBackToWhatIsToldNow();
+    void aNewUsualWidthReachesWhoChangedNothing();
+    void aNewUsualWidthLeavesTheUsersColumn();
+    void resetGoesBackToTheUsualWidthsOfNow();
     void resetIsForGood();
     void resetFromTheMenu();
     void aChangeByItselfDuringADragIsNotTheUsers();
@@ -80,7 +80,7 @@ void tst_ColumnWidths::init()
         SaveUserStoreValue(u"ColumnWidths"_s, kind, QString());
 }
 
-void tst_ColumnWidths::toldWidthsUntilTheUserDrags()
+void tst_ColumnWidths::usualWidthsUntilTheUserDrags()
 {
     const auto list = makeList();
     QCOMPARE(list->columnWidth(0), 100);
@@ -126,7 +126,7 @@ void tst_ColumnWidths::doubleClickOnTheEdgeIsRemembered()
     QCOMPARE(makeList()->columnWidth(0), fitting);
 }
 
-void tst_ColumnWidths::toldChangeReachesWhoChangedNothing()
+void tst_ColumnWidths::aNewUsualWidthReachesWhoChangedNothing()
 {
     const auto list = makeList(u"Idaho"_s);
     list->SetColumnTwips(1, 1800);
@@ -135,7 +135,7 @@ void tst_ColumnWidths::toldChangeReachesWhoChangedNothing()
     QCOMPARE(makeList(u"Idaho"_s)->columnWidth(1), 100);
 }
 
-void tst_ColumnWidths::toldChangeLeavesTheUsersColumn()
+void tst_ColumnWidths::aNewUsualWidthLeavesTheUsersColumn()
 {
     const auto list = makeList(u"Idaho"_s);
     drag(list.get(), 1, 40);
@@ -145,7 +145,7 @@ void tst_ColumnWidths::toldChangeLeavesTheUsersColumn()
     QCOMPARE(list->columnWidth(0), 120);
 }
 
-void tst_ColumnWidths::resetGoesBackToWhatIsToldNow()
+void tst_ColumnWidths::resetGoesBackToTheUsualWidthsOfNow()
 {
     const auto list = makeList(u"Idaho"_s);
     drag(list.get(), 0, 40);

@@ -78,7 +78,7 @@ private Q_SLOTS:
     void aChangedCellIsLookedAtAgain();
     void rowNumbersStayTheEngines();
     void aSortedModelKeepsTheRightRowsHidden();
-    void aModelThatMovesItsRowsUntold();
+    void aModelThatMovesItsRowsSilently();
     void aModelThatBeginsAnew();
     void noHeaderPaintsWhileRowsAreHidden();
     void aClearedModel();
@@ -88,7 +88,7 @@ private Q_SLOTS:
     void tableThatStandsFree();
     void twoTablesInOnePlace();
     void theBarGoesWithItsTable();
-    void theCountIsToldToScreenReaders();
+    void theCountIsAnnouncedToScreenReaders();
     void hundredThousandRows();
 
 private:
@@ -289,7 +289,7 @@ void tst_FindBar::aSortedModelKeepsTheRightRowsHidden()
     QCOMPARE(tools->Filter()->Shown(), 1);
 }
 
-void tst_FindBar::aModelThatMovesItsRowsUntold()
+void tst_FindBar::aModelThatMovesItsRowsSilently()
 {
     TurningModel model;
     QTableView view;
@@ -452,7 +452,7 @@ void tst_FindBar::theBarGoesWithItsTable()
     QVERIFY(!bar->isVisible());
 }
 
-void tst_FindBar::theCountIsToldToScreenReaders()
+void tst_FindBar::theCountIsAnnouncedToScreenReaders()
 {
     user->Find(u"smith"_s);
     QCOMPARE(user->Field()->accessibleName(), u"Find in the loaded rows"_s);

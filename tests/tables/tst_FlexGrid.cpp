@@ -332,7 +332,7 @@ void tst_FlexGrid::activating_data()
 {
     QTest::addColumn<GridTable>("table");
     QTest::addColumn<QString>("how");
-    QTest::addColumn<QList<int>>("told"); // for the second row
+    QTest::addColumn<QList<int>>("expected"); // for the second row
     QTest::addRow("double click") << names << u"double"_s << QList<int>{2};
     QTest::addRow("Enter") << names << u"enter"_s << QList<int>{2};
     QTest::addRow("Enter of the number pad") << names << u"pad"_s << QList<int>{2};
@@ -361,29 +361,29 @@ void tst_FlexGrid::activating()
         QTest::keyClick(user->Grid, Qt::Key_Enter, Qt::KeypadModifier);
     else if (how == u"space"_s)
         QTest::keyClick(user->Grid, Qt::Key_Space);
-    QTEST(heard, "told");
+    QTEST(heard, "expected");
 }
 
 void tst_FlexGrid::enterHeldDownActivatesOnce()
 {
     show(names);
     user->Click(0);
-    const QSignalSpy told(user->Grid, &FlexGrid::RowActivated);
+    const QSignalSpy activated(user->Grid, &FlexGrid::RowActivated);
     for (const bool again : {false, true, true}) {
         QKeyEvent key(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, u"\r"_s, again);
         QCoreApplication::sendEvent(user->Grid, &key);
     }
-    QCOMPARE(told.count(), 1);
+    QCOMPARE(activated.count(), 1);
 }
 
 void tst_FlexGrid::nothingToActivate()
 {
     show(names);
-    const QSignalSpy told(user->Grid, &FlexGrid::RowActivated);
+    const QSignalSpy activated(user->Grid, &FlexGrid::RowActivated);
     QTest::keyClick(user->Grid, Qt::Key_Return);
     const QPoint below(50, user->Grid->viewport()->height() - 5);
     QTest::mouseDClick(user->Grid->viewport(), Qt::LeftButton, {}, below);
-    QCOMPARE(told.count(), 0);
+    QCOMPARE(activated.count(), 0);
 }
 
 void tst_FlexGrid::wholeRowsAreSelectedAndNothingIsEdited()
@@ -456,9 +456,9 @@ void tst_FlexGrid::finding()
     QVERIFY(!user->Grid->isRowHidden(1));
     // Rows are counted as before.
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-    const QSignalSpy told(user->Grid, &FlexGrid::RowActivated);
+    const QSignalSpy activated(user->Grid, &FlexGrid::RowActivated);
     QTest::keyClick(user->Grid, Qt::Key_Return);
-    QCOMPARE(told.value(0).value(0).toInt(), 2);
+    QCOMPARE(activated.value(0).value(0).toInt(), 2);
 }
 
 void tst_FlexGrid::findStaysInForceForAnotherTable()

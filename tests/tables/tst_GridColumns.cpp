@@ -222,7 +222,7 @@ void tst_GridColumns::aDragIsRememberedForTheKind()
     GridUser next;
     next.Show();
     next.Grid->Show(TableOf(columnsOf({20, 50, 30}), {{u"a"_s}}));
-    // The others share what is left as they were told to.
+    // The others share what is left by their own hundredths.
     QCOMPARE(next.Widths(), QList<int>({180, 263, 157}));
 }
 

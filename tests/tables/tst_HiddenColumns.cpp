@@ -35,7 +35,7 @@ private Q_SLOTS:
     void theOthersFollowTheWindow();
     void theLastColumnInSightTakesTheRest();
     void theNextTableHasItsOwn();
-    void whereNothingWouldBeSeenAllIs();
+    void allColumnsShowWhenAllWidthsAreZero();
     void itIsNotCopied();
     void itIsNotExported();
     void nothingIsFoundInIt();
@@ -126,7 +126,7 @@ void tst_HiddenColumns::theNextTableHasItsOwn()
     QCOMPARE(user->Widths(), QList<int>{600});
 }
 
-void tst_HiddenColumns::whereNothingWouldBeSeenAllIs()
+void tst_HiddenColumns::allColumnsShowWhenAllWidthsAreZero()
 {
     show({0, 0, 0});
     QCOMPARE(user->Widths(), QList<int>({200, 200, 200}));

@@ -93,7 +93,7 @@ private Q_SLOTS:
     void rowsThatArrive();
     void theSpaceBar();
     void theSpaceBarWithTheCursorNowhere();
-    void theSelectedRowIsTold();
+    void theSelectedRowIsReported();
     void theButtonOfTheRowKeepsTheFocus();
     void anotherTableOfTheGrid();
     void hundredThousandRows();
@@ -279,18 +279,18 @@ void tst_HiddenRows::theSpaceBarWithTheCursorNowhere()
     QCOMPARE(user.List->List()->CheckedRows(), QList<int>({1}));
 }
 
-void tst_HiddenRows::theSelectedRowIsTold()
+void tst_HiddenRows::theSelectedRowIsReported()
 {
     const TableUser user(false);
     user.Click(3);
-    QList<int> told;
+    QList<int> reported;
     connect(user.List, &ResultListView::SelectedRowChanged, this,
-            [&] { told.append(user.List->SelectedRow()); });
+            [&] { reported.append(user.List->SelectedRow()); });
     user.Find(u"jones"_s);
-    QCOMPARE(told, QList<int>());
+    QCOMPARE(reported, QList<int>());
     user.Find(u"smith"_s);
-    QVERIFY(!told.isEmpty());
-    QCOMPARE(told.last(), -1);
+    QVERIFY(!reported.isEmpty());
+    QCOMPARE(reported.last(), -1);
 }
 
 void tst_HiddenRows::theButtonOfTheRowKeepsTheFocus()
@@ -300,12 +300,12 @@ void tst_HiddenRows::theButtonOfTheRowKeepsTheFocus()
     user.Click(2, Qt::ShiftModifier);
     // At no moment between is nothing selected: a button that were turned off for it would lose
     // the focus for good.
-    QList<int> told;
+    QList<int> reported;
     connect(user.List, &ResultListView::SelectedRowChanged, this,
-            [&] { told.append(user.List->SelectedRow()); });
+            [&] { reported.append(user.List->SelectedRow()); });
     user.Find(u"jones"_s);
-    QVERIFY(!told.isEmpty());
-    QVERIFY2(!told.contains(-1), qPrintable(QDebug::toString(told)));
+    QVERIFY(!reported.isEmpty());
+    QVERIFY2(!reported.contains(-1), qPrintable(QDebug::toString(reported)));
     QCOMPARE(user.List->SelectedRow(), 1);
 }
 

@@ -9,7 +9,7 @@ namespace Practice {
 // takes an outcome that is rare in life. docs/practice.md has the same lists.
 
 /// What a search for a surname of its own meaning brings.
-enum class ToldSearch : quint8 {
+enum class SpecialSearch : quint8 {
     TooManyHits,
     Over200,
     ErrorRow,
@@ -30,35 +30,36 @@ enum class ToldSearch : quint8 {
     NamesAndCases,
 };
 
-struct ToldName
+struct SpecialName
 {
     const char16_t *name;
-    ToldSearch search;
+    SpecialSearch search;
 };
 
-inline constexpr std::array<ToldName, 18> toldNames{{
-    {u"TOOMANY", ToldSearch::TooManyHits}, // some rows, then "too many hits"
-    {u"OVER200", ToldSearch::Over200},     // rows, then the notice of more than 200 results
-    {u"BADROW", ToldSearch::ErrorRow},     // rows with an error among them
-    {u"THEREOF", ToldSearch::Thereof},     // a row that ends like an end mark
-    {u"STALL", ToldSearch::Stall},         // some rows, then silence
-    {u"DROPLINK", ToldSearch::DropLink},   // some rows, then the connection is closed
-    {u"EMPTY", ToldSearch::Empty},         // no rows
-    {u"MANY", ToldSearch::Many},           // as many rows as the first name says
-    {u"PAGES", ToldSearch::Pages},         // three pages of the index, of which the last is short
-    {u"SLOW", ToldSearch::Slow},           // a line of progress a second, then rows
-    {u"FIRSTNAME", ToldSearch::FirstNameError},
-    {u"ILLEGALROLE", ToldSearch::RoleError},
-    {u"INDEXERROR", ToldSearch::OtherError},
-    {u"SECONDNAME", ToldSearch::SecondNameWarning},
-    {u"INDEXWARNING", ToldSearch::OtherWarning},
-    {u"BADLIMIT", ToldSearch::BadLimit},
-    {u"DUPES", ToldSearch::NamesOnly},     // a list of people of the name
-    {u"MIXED", ToldSearch::NamesAndCases}, // the same between two cases
+inline constexpr std::array<SpecialName, 18> specialNames{{
+    {u"TOOMANY", SpecialSearch::TooManyHits}, // some rows, then "too many hits"
+    {u"OVER200", SpecialSearch::Over200},     // rows, then the notice of more than 200 results
+    {u"BADROW", SpecialSearch::ErrorRow},     // rows with an error among them
+    {u"THEREOF", SpecialSearch::Thereof},     // a row that ends like an end mark
+    {u"STALL", SpecialSearch::Stall},         // some rows, then silence
+    {u"DROPLINK", SpecialSearch::DropLink},   // some rows, then the connection is closed
+    {u"EMPTY", SpecialSearch::Empty},         // no rows
+    {u"MANY", SpecialSearch::Many},           // as many rows as the first name says
+    {u"PAGES", SpecialSearch::Pages}, // three pages of the index, of which the last is short
+    {u"SLOW", SpecialSearch::Slow},   // a line of progress a second, then rows
+    {u"FIRSTNAME", SpecialSearch::FirstNameError},
+    {u"ILLEGALROLE", SpecialSearch::RoleError},
+    {u"INDEXERROR", SpecialSearch::OtherError},
+    {u"SECONDNAME", SpecialSearch::SecondNameWarning},
+    {u"INDEXWARNING", SpecialSearch::OtherWarning},
+    {u"BADLIMIT", SpecialSearch::BadLimit},
+    {u"DUPES", SpecialSearch::NamesOnly},     // a list of people of the name
+    {u"MIXED", SpecialSearch::NamesAndCases}, // the same between two cases
 }};
 
-/// The told search of a surname, whatever its case; nullptr when the name means nothing but itself.
-const ToldName *FindToldName(QStringView surname);
+/// The special search of a surname, whatever its case; nullptr when the name means nothing but
+/// itself.
+const SpecialName *FindSpecialName(QStringView surname);
 
 /// How the court treats a user.
 enum class UserKind : quint8 {
@@ -72,13 +73,13 @@ enum class UserKind : quint8 {
     Quiet,      ///< gets no parameters and no broadcast
 };
 
-struct ToldUser
+struct SpecialUser
 {
     const char16_t *name;
     UserKind kind;
 };
 
-inline constexpr std::array<ToldUser, 7> toldUsers{{
+inline constexpr std::array<SpecialUser, 7> specialUsers{{
     {u"nobody", UserKind::Refused},
     {u"noend", UserKind::NoEndMark},
     {u"silent", UserKind::Silent},

@@ -1,4 +1,4 @@
-#include "practice/ToldSearches.h"
+#include "practice/SpecialSearches.h"
 
 #include "practice/SearchFields.h"
 
@@ -16,16 +16,16 @@ qint64 numberAsFirstName(const QString &first, qint64 usual, qint64 most)
     return isNumber && number >= 0 ? std::min(number, most) : usual;
 }
 
-void sayThereof(const ToldScene &scene, Reply &reply)
+void sayThereof(const SpecialScene &scene, Reply &reply)
 {
-    SayToldRows(scene, 2, reply);
+    SaySpecialRows(scene, 2, reply);
     if (scene.row)
         reply.Say(scene.row(2, u"Heirs THEREOF"_s));
-    SayToldRows(scene, 2, reply, 3);
+    SaySpecialRows(scene, 2, reply, 3);
 }
 } // namespace
 
-void SayToldRows(const ToldScene &scene, qint64 count, Reply &reply, qint64 first)
+void SaySpecialRows(const SpecialScene &scene, qint64 count, Reply &reply, qint64 first)
 {
     if (!scene.row)
         return;
@@ -33,7 +33,7 @@ void SayToldRows(const ToldScene &scene, qint64 count, Reply &reply, qint64 firs
                [row = scene.row, first](qint64 number) { return row(first + number, QString()); });
 }
 
-void SaySlowProgress(const ToldScene &scene, Reply &reply)
+void SaySlowProgress(const SpecialScene &scene, Reply &reply)
 {
     const qint64 seconds = numberAsFirstName(scene.name.first, slowSeconds, mostSlowSeconds);
     for (qint64 second = 1; second <= seconds; ++second) {
@@ -42,9 +42,9 @@ void SaySlowProgress(const ToldScene &scene, Reply &reply)
     }
 }
 
-qint64 ToldRowCount(ToldSearch search, const QString &first)
+qint64 SpecialRowCount(SpecialSearch search, const QString &first)
 {
-    return numberAsFirstName(first, search == ToldSearch::Pages ? pagesRows : manyRows,
+    return numberAsFirstName(first, search == SpecialSearch::Pages ? pagesRows : manyRows,
                              mostManyRows);
 }
 
@@ -53,50 +53,50 @@ qint64 Over200Rows(const QString &first)
     return first == u"NONE" ? 0 : 200;
 }
 
-void SayTold(ToldSearch search, const ToldScene &scene, Reply &reply)
+void SaySpecial(SpecialSearch search, const SpecialScene &scene, Reply &reply)
 {
     switch (search) {
-    case ToldSearch::TooManyHits:
-        SayToldRows(scene, tooManyRows, reply);
+    case SpecialSearch::TooManyHits:
+        SaySpecialRows(scene, tooManyRows, reply);
         reply.Say(QString::fromUtf16(tooManyHits));
         break;
-    case ToldSearch::Over200:
-        SayToldRows(scene, Over200Rows(scene.name.first), reply);
+    case SpecialSearch::Over200:
+        SaySpecialRows(scene, Over200Rows(scene.name.first), reply);
         reply.Say(u"This search resulted in more than 200 results."_s);
         break;
-    case ToldSearch::ErrorRow:
-        SayToldRows(scene, errorRows, reply);
+    case SpecialSearch::ErrorRow:
+        SaySpecialRows(scene, errorRows, reply);
         reply.Say(QString::fromUtf16(unreadableRecord));
-        SayToldRows(scene, errorRows, reply, errorRows);
+        SaySpecialRows(scene, errorRows, reply, errorRows);
         break;
-    case ToldSearch::Thereof:
+    case SpecialSearch::Thereof:
         sayThereof(scene, reply);
         break;
-    case ToldSearch::Stall:
-        SayToldRows(scene, brokenRows, reply);
+    case SpecialSearch::Stall:
+        SaySpecialRows(scene, brokenRows, reply);
         reply.Silence();
         break;
-    case ToldSearch::DropLink:
-        SayToldRows(scene, brokenRows, reply);
+    case SpecialSearch::DropLink:
+        SaySpecialRows(scene, brokenRows, reply);
         reply.Drop();
         break;
-    case ToldSearch::Many:
-    case ToldSearch::Pages:
-        SayToldRows(scene, ToldRowCount(search, scene.name.first), reply);
+    case SpecialSearch::Many:
+    case SpecialSearch::Pages:
+        SaySpecialRows(scene, SpecialRowCount(search, scene.name.first), reply);
         break;
-    case ToldSearch::Slow:
+    case SpecialSearch::Slow:
         SaySlowProgress(scene, reply);
-        SayToldRows(scene, slowRows, reply);
+        SaySpecialRows(scene, slowRows, reply);
         break;
-    case ToldSearch::Empty:
-    case ToldSearch::FirstNameError:
-    case ToldSearch::RoleError:
-    case ToldSearch::OtherError:
-    case ToldSearch::SecondNameWarning:
-    case ToldSearch::OtherWarning:
-    case ToldSearch::BadLimit:
-    case ToldSearch::NamesOnly:
-    case ToldSearch::NamesAndCases:
+    case SpecialSearch::Empty:
+    case SpecialSearch::FirstNameError:
+    case SpecialSearch::RoleError:
+    case SpecialSearch::OtherError:
+    case SpecialSearch::SecondNameWarning:
+    case SpecialSearch::OtherWarning:
+    case SpecialSearch::BadLimit:
+    case SpecialSearch::NamesOnly:
+    case SpecialSearch::NamesAndCases:
         break; // what means something to one court alone finds nothing elsewhere
     }
 }

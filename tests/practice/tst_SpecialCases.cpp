@@ -1,6 +1,6 @@
 #include "practice/OtherCases.h"
 #include "practice/PracticeAsk.h"
-#include "practice/ToldCases.h"
+#include "practice/SpecialCases.h"
 
 #include <QFile>
 #include <QTest>
@@ -19,15 +19,15 @@ const QString end = u"EOF~"_s;
 constexpr std::array families{CourtFamily::Superior, CourtFamily::Oregon, CourtFamily::Idaho,
                               CourtFamily::District, CourtFamily::Bankruptcy};
 
-const ToldCaseRow &rowAt(int place)
+const SpecialCaseRow &rowAt(int place)
 {
-    return *std::find_if(toldCases.begin(), toldCases.end(),
-                         [&](const ToldCaseRow &row) { return row.place == place; });
+    return *std::find_if(specialCases.begin(), specialCases.end(),
+                         [&](const SpecialCaseRow &row) { return row.place == place; });
 }
 
 QString numberAt(CourtFamily family, int place)
 {
-    return ToldCaseNumber(family, rowAt(place));
+    return SpecialCaseNumber(family, rowAt(place));
 }
 
 struct Words
@@ -74,7 +74,7 @@ void addFamilies()
 } // namespace
 
 /// The case numbers with a meaning, one by one.
-class tst_ToldCases : public QObject
+class tst_SpecialCases : public QObject
 {
     Q_OBJECT
 
@@ -128,42 +128,42 @@ private:
     std::optional<Conversation> conversation;
 };
 
-void tst_ToldCases::numbersAreThoseOfTheGuide()
+void tst_SpecialCases::numbersAreThoseOfTheGuide()
 {
     QFile file(QStringLiteral(HALVANE_DATA_DIR "/../docs/practice.md"));
     QVERIFY(file.open(QIODevice::ReadOnly));
     const QString guide = QString::fromUtf8(file.readAll());
-    for (const ToldCaseRow &row : toldCases) {
+    for (const SpecialCaseRow &row : specialCases) {
         for (const CourtFamily family : families) {
             if ((row.families & FamilyBit(family)) == 0)
                 continue;
-            const QString number = u'`' + ToldCaseNumber(family, row) + u'`';
+            const QString number = u'`' + SpecialCaseNumber(family, row) + u'`';
             QVERIFY2(guide.contains(number), qPrintable(number));
         }
     }
 }
 
-void tst_ToldCases::noOtherCaseHasSuchANumber()
+void tst_SpecialCases::noOtherCaseHasSuchANumber()
 {
     for (const CourtFamily family : families) {
         if (family == CourtFamily::Superior)
             continue;
         const auto other = static_cast<OtherFamily>(static_cast<int>(family) - 1);
-        for (const ToldCaseRow &row : toldCases) {
-            const QString number = ToldCaseNumber(family, row);
+        for (const SpecialCaseRow &row : specialCases) {
+            const QString number = SpecialCaseNumber(family, row);
             if ((row.families & FamilyBit(family)) != 0)
                 QVERIFY2(PartiesOfOtherCase(People(), other, number).empty(), qPrintable(number));
         }
     }
-    for (const ToldCaseRow &row : toldCases) {
-        const auto number =
-            ParseCaseNumber(17, ToldCaseNumber(CourtFamily::Superior, row)); // right check digits
+    for (const SpecialCaseRow &row : specialCases) {
+        const auto number = ParseCaseNumber(
+            17, SpecialCaseNumber(CourtFamily::Superior, row)); // right check digits
         QVERIFY(number.has_value());
         QVERIFY(!People().FindCase(*number));
     }
 }
 
-void tst_ToldCases::oneLine_data()
+void tst_SpecialCases::oneLine_data()
 {
     QTest::addColumn<CourtFamily>("family");
     QTest::addColumn<int>("place");
@@ -201,7 +201,7 @@ void tst_ToldCases::oneLine_data()
     row(Bankruptcy, 51, u"ERROR~Illegal case number~"_s);
 }
 
-void tst_ToldCases::oneLine()
+void tst_SpecialCases::oneLine()
 {
     QFETCH(CourtFamily, family);
     QFETCH(int, place);
@@ -210,7 +210,7 @@ void tst_ToldCases::oneLine()
     QCOMPARE(askFor(family, place, Tab::Docket), (QStringList{line, end}));
 }
 
-void tst_ToldCases::nothingSilenceAndDrop()
+void tst_SpecialCases::nothingSilenceAndDrop()
 {
     QFETCH(CourtFamily, family);
     QCOMPARE(askFor(family, 13, Tab::Summary), QStringList{end});
@@ -218,7 +218,7 @@ void tst_ToldCases::nothingSilenceAndDrop()
     QCOMPARE(askFor(family, 15, Tab::Summary), QStringList{u"<drop>"_s});
 }
 
-void tst_ToldCases::aTabIsAnErrorEveryOtherTime()
+void tst_SpecialCases::aTabIsAnErrorEveryOtherTime()
 {
     QFETCH(CourtFamily, family);
     const QStringList error{u"ERROR~The court did not send this information~"_s, end};
@@ -230,7 +230,7 @@ void tst_ToldCases::aTabIsAnErrorEveryOtherTime()
     }
 }
 
-void tst_ToldCases::aDocketBreaksOffEveryOtherTime_data()
+void tst_SpecialCases::aDocketBreaksOffEveryOtherTime_data()
 {
     QTest::addColumn<CourtFamily>("family");
     QTest::addColumn<int>("place");
@@ -241,7 +241,7 @@ void tst_ToldCases::aDocketBreaksOffEveryOtherTime_data()
     }
 }
 
-void tst_ToldCases::aDocketBreaksOffEveryOtherTime()
+void tst_SpecialCases::aDocketBreaksOffEveryOtherTime()
 {
     QFETCH(CourtFamily, family);
     QFETCH(int, place);
@@ -258,7 +258,7 @@ void tst_ToldCases::aDocketBreaksOffEveryOtherTime()
 }
 
 /// A connection that was closed takes nothing along: the court remembers, by user.
-void tst_ToldCases::whatFailedIsRememberedByUser()
+void tst_SpecialCases::whatFailedIsRememberedByUser()
 {
     const auto memory = std::make_shared<TabMemory>();
     const auto endingFor = [&](const QString &user) {
@@ -272,7 +272,7 @@ void tst_ToldCases::whatFailedIsRememberedByUser()
     QCOMPARE(endingFor(u"bob"_s), end);
 }
 
-void tst_ToldCases::emptyTabs()
+void tst_SpecialCases::emptyTabs()
 {
     QFETCH(CourtFamily, family);
     QVERIFY(askFor(family, 27, Tab::Summary).size() > 5);
@@ -280,7 +280,7 @@ void tst_ToldCases::emptyTabs()
     QCOMPARE(askFor(family, 27, Tab::Docket), QStringList{end});
 }
 
-void tst_ToldCases::theLongDocket()
+void tst_SpecialCases::theLongDocket()
 {
     QFETCH(CourtFamily, family);
     QStringList lines = askFor(family, 23, Tab::Docket);
@@ -297,7 +297,7 @@ void tst_ToldCases::theLongDocket()
     }
 }
 
-void tst_ToldCases::theSlowDocket()
+void tst_SpecialCases::theSlowDocket()
 {
     const QStringList script = askFor(CourtFamily::Superior, 30, Tab::Docket);
     QCOMPARE(script[0], u"SEARCHING~the~docket~1~of~20~.."_s);
@@ -306,7 +306,7 @@ void tst_ToldCases::theSlowDocket()
     QVERIFY(script[40].startsWith(u"GRIDDEF~"));
 }
 
-void tst_ToldCases::rowsWithoutADefinition()
+void tst_SpecialCases::rowsWithoutADefinition()
 {
     for (const CourtFamily family : families) {
         const QStringList lines = askFor(family, 29, Tab::Docket);
@@ -314,7 +314,7 @@ void tst_ToldCases::rowsWithoutADefinition()
     }
 }
 
-void tst_ToldCases::breaks_data()
+void tst_SpecialCases::breaks_data()
 {
     QTest::addColumn<QString>("request");
     QTest::newRow("Superior, documents")
@@ -326,7 +326,7 @@ void tst_ToldCases::breaks_data()
     }
 }
 
-void tst_ToldCases::breaks()
+void tst_SpecialCases::breaks()
 {
     QFETCH(QString, request);
     const QStringList lines = ask(request);
@@ -337,7 +337,7 @@ void tst_ToldCases::breaks()
     QVERIFY(lines[lines.size() - 2].endsWith(u"~Affidavit Re TABDEF~"));
 }
 
-void tst_ToldCases::arbitration_data()
+void tst_SpecialCases::arbitration_data()
 {
     QTest::addColumn<QString>("request"); // %1: the number
     QTest::addColumn<QString>("first");
@@ -357,7 +357,7 @@ void tst_ToldCases::arbitration_data()
     QTest::newRow("docket, not asked") << u"WASUP¦DOCKET¦%1¦King¦¦"_s << grid << complaint;
 }
 
-void tst_ToldCases::arbitration()
+void tst_SpecialCases::arbitration()
 {
     QFETCH(QString, request);
     QFETCH(QString, first);
@@ -368,14 +368,14 @@ void tst_ToldCases::arbitration()
     QCOMPARE(lines[1], second);
 }
 
-void tst_ToldCases::arbitrationWithAnAccountingCode()
+void tst_SpecialCases::arbitrationWithAnAccountingCode()
 {
     const QString request = u"WASUP¦SUMMARY¦%1¦King ARBITRATION¦^^CAC:ABC^^¦"_s.arg(
         numberAt(CourtFamily::Superior, 20));
     QCOMPARE(ask(request)[1], u"Court~King County Superior Court - Arbitration~"_s);
 }
 
-void tst_ToldCases::associatedCasesOfTheGuide()
+void tst_SpecialCases::associatedCasesOfTheGuide()
 {
     const QString civil = numberAt(CourtFamily::Superior, 21);
     const QString judgment = numberAt(CourtFamily::Superior, 22);
@@ -391,7 +391,7 @@ void tst_ToldCases::associatedCasesOfTheGuide()
              u"Documents for this Judgment are available by searching its associated case~"_s);
 }
 
-void tst_ToldCases::documentsThatAreNot_data()
+void tst_SpecialCases::documentsThatAreNot_data()
 {
     QTest::addColumn<int>("place");
     QTest::addColumn<QString>("line");
@@ -401,7 +401,7 @@ void tst_ToldCases::documentsThatAreNot_data()
         << 33 << u"Documents for this Judgment are available by searching its associated case~"_s;
 }
 
-void tst_ToldCases::documentsThatAreNot()
+void tst_SpecialCases::documentsThatAreNot()
 {
     QFETCH(int, place);
     QFETCH(QString, line);
@@ -410,14 +410,14 @@ void tst_ToldCases::documentsThatAreNot()
     QVERIFY(askFor(CourtFamily::Superior, place, Tab::Docket).size() > 2);
 }
 
-void tst_ToldCases::aSealedCaseHasASummary()
+void tst_SpecialCases::aSealedCaseHasASummary()
 {
     QCOMPARE(numberAt(CourtFamily::Superior, 34).mid(3, 1), u"5"_s);
     QVERIFY(askFor(CourtFamily::Superior, 34, Tab::Summary).size() > 5);
     QCOMPARE(askFor(CourtFamily::Superior, 34, Tab::Docket), QStringList{end});
 }
 
-void tst_ToldCases::districtSummaryLines_data()
+void tst_SpecialCases::districtSummaryLines_data()
 {
     QTest::addColumn<int>("place");
     QTest::addColumn<QString>("line");
@@ -426,7 +426,7 @@ void tst_ToldCases::districtSummaryLines_data()
         << 41 << u"Non-JIS case. Summary information not available"_s;
 }
 
-void tst_ToldCases::districtSummaryLines()
+void tst_SpecialCases::districtSummaryLines()
 {
     QFETCH(int, place);
     QFETCH(QString, line);
@@ -434,7 +434,7 @@ void tst_ToldCases::districtSummaryLines()
     QVERIFY(askFor(CourtFamily::District, place, Tab::Names).size() > 2);
 }
 
-void tst_ToldCases::districtNotes_data()
+void tst_SpecialCases::districtNotes_data()
 {
     QTest::addColumn<int>("place");
     QTest::addColumn<int>("notes");
@@ -443,7 +443,7 @@ void tst_ToldCases::districtNotes_data()
     QTest::newRow("two") << 44 << 2;
 }
 
-void tst_ToldCases::districtNotes()
+void tst_SpecialCases::districtNotes()
 {
     QFETCH(int, place);
     QFETCH(int, notes);
@@ -462,7 +462,7 @@ void tst_ToldCases::districtNotes()
     }
 }
 
-void tst_ToldCases::districtEmptyHeading()
+void tst_SpecialCases::districtEmptyHeading()
 {
     QStringList lines = askFor(CourtFamily::District, 45, Tab::Summary);
     QCOMPARE(lines.first(6), (QStringList{u"Name~~"_s, u"Sex~~"_s, u"Case Number~~"_s, u"Court~~"_s,
@@ -473,14 +473,14 @@ void tst_ToldCases::districtEmptyHeading()
                                           u"Date Filed~~"_s, u"Cause~~"_s, u"Suit Amount~~"_s}));
 }
 
-void tst_ToldCases::districtHeadingOnly()
+void tst_SpecialCases::districtHeadingOnly()
 {
     QCOMPARE(askFor(CourtFamily::District, 46, Tab::Summary).size(), 7);
     const QString civil = u"WADISCIS¦¦¦¦%1¦CV¦KSD¦CV¦CIVI¦¦"_s;
     QCOMPARE(ask(civil.arg(numberAt(CourtFamily::District, 46))).size(), 7);
 }
 
-void tst_ToldCases::severalBankruptciesOfANumber()
+void tst_SpecialCases::severalBankruptciesOfANumber()
 {
     const QStringList lines = askFor(CourtFamily::Bankruptcy, 50, Tab::Summary);
     QCOMPARE(lines.size(), 5);
@@ -500,7 +500,7 @@ void tst_ToldCases::severalBankruptciesOfANumber()
     QCOMPARE(ask(u"BKRPT~SUMMARY~90-99050-4~OR~"_s).first(), u"ERROR~Illegal case number~"_s);
 }
 
-void tst_ToldCases::theMeaningIsOfOneCourtOnly()
+void tst_SpecialCases::theMeaningIsOfOneCourtOnly()
 {
     QCOMPARE(ask(u"IDSUP¦SUMMARY,NAMES,DOCKET,¦%1¦Adams¦"_s.arg(numberAt(CourtFamily::Idaho, 14))),
              (QStringList{u"ERROR~Requested case is not on file~"_s, end}));
@@ -508,5 +508,5 @@ void tst_ToldCases::theMeaningIsOfOneCourtOnly()
              (QStringList{u"ERROR~Case not found~"_s, end}));
 }
 
-QTEST_GUILESS_MAIN(tst_ToldCases)
-#include "tst_ToldCases.moc"
+QTEST_GUILESS_MAIN(tst_SpecialCases)
+#include "tst_SpecialCases.moc"

@@ -1,4 +1,4 @@
-#include "practice/ToldCases.h"
+#include "practice/SpecialCases.h"
 
 #include "practice/CaseFile.h"
 #include "practice/Counties.h"
@@ -23,15 +23,15 @@ constexpr int civil = 2;
 constexpr int sealedType = 5;
 constexpr int judgmentType = 9;
 
-constexpr auto line = ToldCase::OneLine;
+constexpr auto line = SpecialCase::OneLine;
 
-// The serials of told cases: no made-up case has them, nor has a row of MANY below 99,000 rows.
+// The serials of special cases: no made-up case has them, nor has a row of MANY below 99,000 rows.
 constexpr int firstSerial = 99'000;
-constexpr int toldYear = 1990;
+constexpr int specialYear = 1990;
 constexpr int king = 17;
 } // namespace
 
-constexpr std::array<ToldCaseRow, 43> toldCases{{
+constexpr std::array<SpecialCaseRow, 43> specialCases{{
     {1, summaries, civil, line, u"ERROR~No connection to the court~"},
     {2, summaries, civil, line, u"ERROR~An error occured in the court's system~"},
     {3, summaries, civil, line, u"ERROR~An error occurred in the court's system~"},
@@ -44,48 +44,48 @@ constexpr std::array<ToldCaseRow, 43> toldCases{{
     {10, wa, civil, line, u"ERROR -- This is not a valid case number"},
     {11, wa, civil, line, u"ERROR -- Case is not on file"},
     {12, all, civil, line, u"ERROR~The court record could not be read~"},
-    {13, all, civil, ToldCase::Nothing},
-    {14, all, civil, ToldCase::Silence},
-    {15, all, civil, ToldCase::DropLink},
+    {13, all, civil, SpecialCase::Nothing},
+    {14, all, civil, SpecialCase::Silence},
+    {15, all, civil, SpecialCase::DropLink},
     {16, wa | bankruptcy, civil, line, u"This court is currently unavailable, please try later~"},
     {17, oregon, civil, line, u"ERROR~Oregon courts are currently unavailable, please try later~"},
     {18, idaho, civil, line, u"ERROR~Idaho courts are currently unavailable, please try later~"},
     {19, state, civil, line, u"ERROR~Request case is not on file~"},
-    {20, wa, civil, ToldCase::Arbitration},
-    {21, wa, civil, ToldCase::Associated},
-    {22, wa, judgmentType, ToldCase::Associated},
-    {23, all, civil, ToldCase::LongDocket},
-    {24, all, civil, ToldCase::TabErrorOnce},
-    {25, all, civil, ToldCase::TabSilentOnce},
-    {26, all, civil, ToldCase::TabDropOnce},
-    {27, all, civil, ToldCase::EmptyTabs},
-    {28, all, civil, ToldCase::Breaks},
-    {29, all, criminal, ToldCase::NoDefinition},
-    {30, all, civil, ToldCase::SlowDocket},
-    {31, wa, civil, ToldCase::DocumentsLine, u"Court Documents N/A~"},
-    {32, wa, civil, ToldCase::DocumentsLine, u"Documents n/a for: King County~"},
-    {33, wa, judgmentType, ToldCase::DocumentsLine,
+    {20, wa, civil, SpecialCase::Arbitration},
+    {21, wa, civil, SpecialCase::Associated},
+    {22, wa, judgmentType, SpecialCase::Associated},
+    {23, all, civil, SpecialCase::LongDocket},
+    {24, all, civil, SpecialCase::TabErrorOnce},
+    {25, all, civil, SpecialCase::TabSilentOnce},
+    {26, all, civil, SpecialCase::TabDropOnce},
+    {27, all, civil, SpecialCase::EmptyTabs},
+    {28, all, civil, SpecialCase::Breaks},
+    {29, all, criminal, SpecialCase::NoDefinition},
+    {30, all, civil, SpecialCase::SlowDocket},
+    {31, wa, civil, SpecialCase::DocumentsLine, u"Court Documents N/A~"},
+    {32, wa, civil, SpecialCase::DocumentsLine, u"Documents n/a for: King County~"},
+    {33, wa, judgmentType, SpecialCase::DocumentsLine,
      u"Documents for this Judgment are available by searching its associated case~"},
-    {34, wa, sealedType, ToldCase::EmptyTabs},
-    {40, district, civil, ToldCase::SummaryLine,
+    {34, wa, sealedType, SpecialCase::EmptyTabs},
+    {40, district, civil, SpecialCase::SummaryLine,
      u"Archived case, Summary information is not available"},
-    {41, district, civil, ToldCase::SummaryLine,
+    {41, district, civil, SpecialCase::SummaryLine,
      u"Non-JIS case. Summary information not available"},
-    {42, district, civil, ToldCase::NoNotes},
-    {43, district, civil, ToldCase::OneNote},
-    {44, district, civil, ToldCase::TwoNotes},
-    {45, district, civil, ToldCase::EmptyHeader},
-    {46, district, civil, ToldCase::HeaderOnly},
-    {50, bankruptcy, civil, ToldCase::Multiple},
+    {42, district, civil, SpecialCase::NoNotes},
+    {43, district, civil, SpecialCase::OneNote},
+    {44, district, civil, SpecialCase::TwoNotes},
+    {45, district, civil, SpecialCase::EmptyHeader},
+    {46, district, civil, SpecialCase::HeaderOnly},
+    {50, bankruptcy, civil, SpecialCase::Multiple},
     {51, bankruptcy, civil, line, u"ERROR~Illegal case number~"},
 }};
 
-QString ToldCaseNumber(CourtFamily family, const ToldCaseRow &row)
+QString SpecialCaseNumber(CourtFamily family, const SpecialCaseRow &row)
 {
     const QString place = u"%1"_s.arg(row.place, 2, 10, QChar(u'0'));
     switch (family) {
     case CourtFamily::Superior:
-        return CaseNumberText({king, toldYear, row.digit, firstSerial + row.place});
+        return CaseNumberText({king, specialYear, row.digit, firstSerial + row.place});
     case CourtFamily::Oregon: // there is no such month
         return u"CV900000"_s + place;
     case CourtFamily::Idaho:
@@ -98,7 +98,7 @@ QString ToldCaseNumber(CourtFamily family, const ToldCaseRow &row)
     return u"90-990"_s + place;
 }
 
-QStringView ToldCaseCourt(CourtFamily family)
+QStringView SpecialCaseCourt(CourtFamily family)
 {
     switch (family) {
     case CourtFamily::Superior:
@@ -115,29 +115,29 @@ QStringView ToldCaseCourt(CourtFamily family)
     return u"OR";
 }
 
-const ToldCaseRow *FindToldCase(CourtFamily family, QStringView court, QStringView number)
+const SpecialCaseRow *FindSpecialCase(CourtFamily family, QStringView court, QStringView number)
 {
-    if (court.trimmed().compare(ToldCaseCourt(family), Qt::CaseInsensitive) != 0)
+    if (court.trimmed().compare(SpecialCaseCourt(family), Qt::CaseInsensitive) != 0)
         return nullptr;
     const QString bare = BareNumber(number);
     const auto *found =
-        std::find_if(toldCases.begin(), toldCases.end(), [&](const ToldCaseRow &row) {
+        std::find_if(specialCases.begin(), specialCases.end(), [&](const SpecialCaseRow &row) {
             return (row.families & FamilyBit(family)) != 0
-                   && BareNumber(ToldCaseNumber(family, row)) == bare;
+                   && BareNumber(SpecialCaseNumber(family, row)) == bare;
         });
-    return found == toldCases.end() ? nullptr : found;
+    return found == specialCases.end() ? nullptr : found;
 }
 
-bool IsToldCaseNumber(CourtFamily family, const QString &number)
+bool IsSpecialCaseNumber(CourtFamily family, const QString &number)
 {
     // Asked for each case that is made up, so it must cost next to nothing.
     static const std::array<QSet<QString>, 5> taken = [] {
         std::array<QSet<QString>, 5> numbers;
-        for (const ToldCaseRow &row : toldCases) {
+        for (const SpecialCaseRow &row : specialCases) {
             for (std::size_t i = 0; i < numbers.size(); ++i) {
                 const auto one = static_cast<CourtFamily>(i);
                 if ((row.families & FamilyBit(one)) != 0)
-                    numbers[i].insert(ToldCaseNumber(one, row));
+                    numbers[i].insert(SpecialCaseNumber(one, row));
             }
         }
         return numbers;
@@ -153,39 +153,39 @@ bool TabMemory::FailsNow(const QString &key)
     return true;
 }
 
-bool SayToldTab(const ToldCaseRow &row, CaseTab tab, const QString &key, TabMemory &memory,
-                Reply &reply)
+bool SaySpecialTab(const SpecialCaseRow &row, CaseTab tab, const QString &key, TabMemory &memory,
+                   Reply &reply)
 {
     switch (row.meaning) {
-    case ToldCase::OneLine:
+    case SpecialCase::OneLine:
         reply.Say(QString::fromUtf16(row.line));
         return true;
-    case ToldCase::SummaryLine:
+    case SpecialCase::SummaryLine:
         if (tab != CaseTab::Summary)
             return false;
         reply.Say(QString::fromUtf16(row.line));
         return true;
-    case ToldCase::Nothing:
+    case SpecialCase::Nothing:
         return true;
-    case ToldCase::Silence:
+    case SpecialCase::Silence:
         reply.Silence();
         return true;
-    case ToldCase::DropLink:
+    case SpecialCase::DropLink:
         reply.Drop();
         return true;
-    case ToldCase::EmptyTabs:
+    case SpecialCase::EmptyTabs:
         return tab != CaseTab::Summary;
-    case ToldCase::TabErrorOnce:
+    case SpecialCase::TabErrorOnce:
         if (tab == CaseTab::Summary || !memory.FailsNow(key))
             return false;
         reply.Say(u"ERROR~The court did not send this information~"_s);
         return true;
-    case ToldCase::DocumentsLine:
+    case SpecialCase::DocumentsLine:
         if (tab != CaseTab::Documents)
             return false;
         reply.Say(QString::fromUtf16(row.line));
         return true;
-    case ToldCase::SlowDocket:
+    case SpecialCase::SlowDocket:
         if (tab == CaseTab::Docket) {
             for (int second = 1; second <= slowDocketSeconds; ++second)
                 reply.Say(u"SEARCHING~the~docket~%1~of~%2~.."_s.arg(second).arg(slowDocketSeconds))

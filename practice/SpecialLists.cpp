@@ -1,9 +1,9 @@
-#include "practice/ToldLists.h"
+#include "practice/SpecialLists.h"
 
 #include "practice/BankruptcySearch.h"
 #include "practice/DistrictSearch.h"
+#include "practice/SpecialNames.h"
 #include "practice/StateSearch.h"
-#include "practice/ToldNames.h"
 
 #include <algorithm>
 
@@ -16,19 +16,19 @@ constexpr std::size_t mostRemembered = 400;
 
 /// The name stands first; in a request for somebody from a list of people it comes again, as it was
 /// listed.
-bool isTold(const QStringList &fields)
+bool isSpecial(const QStringList &fields)
 {
     constexpr qsizetype searchedFor = 1;
     constexpr qsizetype listed = 2;
-    return FindToldName(fields.value(searchedFor)) != nullptr
-           || FindToldName(fields.value(listed).section(u',', 0, 0)) != nullptr;
+    return FindSpecialName(fields.value(searchedFor)) != nullptr
+           || FindSpecialName(fields.value(listed).section(u',', 0, 0)) != nullptr;
 }
 } // namespace
 
-void ToldLists::Note(CourtFamily family, const QStringList &fields)
+void SpecialLists::Note(CourtFamily family, const QStringList &fields)
 {
     Noted &own = noted[static_cast<std::size_t>(family)];
-    own.latest = isTold(fields);
+    own.latest = isSpecial(fields);
     if (!own.latest)
         return;
     std::deque<QStringList> &searches = own.searches;
@@ -38,15 +38,15 @@ void ToldLists::Note(CourtFamily family, const QStringList &fields)
         searches.pop_back();
 }
 
-bool ToldLists::AreLatest(CourtFamily family) const
+bool SpecialLists::AreLatest(CourtFamily family) const
 {
     return noted[static_cast<std::size_t>(family)].latest;
 }
 
-std::optional<SuperiorRow> ToldLists::FindSuperior(const CaseNumber &number) const
+std::optional<SuperiorRow> SpecialLists::FindSuperior(const CaseNumber &number) const
 {
     for (const QStringList &fields : noted.front().searches) {
-        const std::optional<SuperiorQuery> query = ParseToldSearch(fields, lastYear);
+        const std::optional<SuperiorQuery> query = ParseSpecialSearch(fields, lastYear);
         std::optional<SuperiorRow> row = query ? FindMadeUpRow(*query, number) : std::nullopt;
         if (row)
             return row;
@@ -54,7 +54,7 @@ std::optional<SuperiorRow> ToldLists::FindSuperior(const CaseNumber &number) con
     return std::nullopt;
 }
 
-std::optional<OtherHit> ToldLists::FindOther(OtherFamily family, const QString &number) const
+std::optional<OtherHit> SpecialLists::FindOther(OtherFamily family, const QString &number) const
 {
     for (const QStringList &fields :
          noted[static_cast<std::size_t>(CourtFamilyOf(family))].searches) {
@@ -64,8 +64,8 @@ std::optional<OtherHit> ToldLists::FindOther(OtherFamily family, const QString &
     return std::nullopt;
 }
 
-std::optional<OtherHit> ToldLists::findIn(OtherFamily family, const QStringList &fields,
-                                          const QString &number) const
+std::optional<OtherHit> SpecialLists::findIn(OtherFamily family, const QStringList &fields,
+                                             const QString &number) const
 {
     if (family == OtherFamily::District)
         return FindMadeUpDistrictHit(fields, lastYear, number);

@@ -1,12 +1,11 @@
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
 #include "link/frmWinsock.h"
-#include "namesearch/SearchDesk.h"
-#include "namesearch/frmNameSearchResults.h"
+#include "namesearch/CourtSearch.h"
+#include "namesearch/SearchJobs.h"
 #include "support/FakeSocket.h"
 
 #include <QPointer>
-#include <QPushButton>
 #include <QTest>
 
 namespace {
@@ -38,7 +37,7 @@ private:
 };
 } // namespace
 
-class tst_NameSearchEngine : public SearchTest
+class tst_NameSearch : public SearchJobTest
 {
     Q_OBJECT
 private Q_SLOTS:
@@ -62,20 +61,18 @@ private Q_SLOTS:
     void aSocketThatCannotBeClosedIsADroppedConnection();
     void withoutAConnectionNothingIsSent();
     void anUnsentLineLosesTheSearch();
-    void anEmptyListIsToldAndClosesTheWindow();
     void aSearchLeavesTheLinkToTheNext();
-    void theCountIsShownAsRowsArrive();
     void manyRowsAllArrive();
 };
 
-void tst_NameSearchEngine::theLogTellsEachStepOfASearch()
+void tst_NameSearch::theLogTellsEachStepOfASearch()
 {
     const QString row = ResultLine(u"SMITH, JOHN"_s);
     court->Expect(RequestLine())
         .Reply({u"Searching~King~"_s, row, u"ERROR~Court is down~"_s, u"EOF~"_s});
     desk->ConnectTo(*court);
     const qsizetype before = desk->Folder.Log().size();
-    QVERIFY(desk->Finish(desk->Start({RequestLine()})));
+    QVERIFY(Finish(Start({RequestLine()})));
     QCOMPARE(desk->Folder.Log().mid(before),
              (QStringList{
                  u"SendReq: "_s + RequestLine(), u"Current Response: --> Searching~King~"_s,
@@ -86,7 +83,7 @@ void tst_NameSearchEngine::theLogTellsEachStepOfASearch()
                  u"SEARCH Incomplete from ProcessSearchReqeusts."_s}));
 }
 
-void tst_NameSearchEngine::theLogTellsTheWayFromOneLineToTheNext()
+void tst_NameSearch::theLogTellsTheWayFromOneLineToTheNext()
 {
     const QString adams = RequestLine(u"SMITH"_s, u"Adams"_s);
     const QString king = RequestLine();
@@ -94,7 +91,7 @@ void tst_NameSearchEngine::theLogTellsTheWayFromOneLineToTheNext()
     court->Expect(king).Reply({u"EOF~"_s});
     desk->ConnectTo(*court);
     const qsizetype before = desk->Folder.Log().size();
-    QVERIFY(desk->Finish(desk->Start({adams, king})));
+    QVERIFY(Finish(Start({adams, king})));
     QCOMPARE(desk->Folder.Log().mid(before),
              (QStringList{u"SendReq: "_s + adams, u"Current Response: --> EOF~"_s,
                           u"All Responses Received For Request: "_s + adams,
@@ -103,7 +100,7 @@ void tst_NameSearchEngine::theLogTellsTheWayFromOneLineToTheNext()
                           u"All Responses Received For Request: "_s + king, normalExit}));
 }
 
-void tst_NameSearchEngine::rowsOfSeveralLinesAddUp()
+void tst_NameSearch::rowsOfSeveralLinesAddUp()
 {
     const QStringList lines{RequestLine(u"SMITH"_s, u"Adams"_s),
                             RequestLine(u"SMITH"_s, u"Clark"_s), RequestLine()};
@@ -111,19 +108,19 @@ void tst_NameSearchEngine::rowsOfSeveralLinesAddUp()
     court->Expect(lines[1]).Reply({u"EOF~"_s});
     court->Expect(lines[2]).Reply({ResultLine(u"C"_s), u"EOF~"_s});
     desk->ConnectTo(*court);
-    frmNameSearchResults *window = desk->Start(lines);
-    QVERIFY(desk->Finish(window));
-    const QList<QStringList> rows = RowsOf(window);
+    CourtSearch *search = Start(lines);
+    QVERIFY(Finish(search));
+    const QList<QStringList> rows = RowsOf(search);
     QCOMPARE(rows.size(), 3);
     QCOMPARE(rows[0], (QStringList{u"A"_s, u"02-2-02029-9"_s, u"01/02/2002"_s, u"Civil"_s,
                                    u"WA Superior Ct King County"_s, u"Plaintiff"_s}));
     QCOMPARE(rows[1][0], u"B"_s);
     QCOMPARE(rows[2][0], u"C"_s);
-    QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete: 3 Cases Retrieved."_s);
-    QCOMPARE(window->lboxQueue.Lines(), lines);
+    QCOMPARE(search->Status.Text, u"Search Complete: 3 Cases Retrieved."_s);
+    QCOMPARE(search->lboxQueue.Lines(), lines);
 }
 
-void tst_NameSearchEngine::theCountBetweenTwoLinesIsThatOfTheLinesBefore()
+void tst_NameSearch::theCountBetweenTwoLinesIsThatOfTheLinesBefore()
 {
     const QStringList lines{RequestLine(u"SMITH"_s, u"Adams"_s),
                             RequestLine(u"SMITH"_s, u"Clark"_s), RequestLine()};
@@ -131,44 +128,44 @@ void tst_NameSearchEngine::theCountBetweenTwoLinesIsThatOfTheLinesBefore()
     court->Expect(lines[1]).Reply({ResultLine(u"C"_s), u"EOF~"_s});
     court->Expect(lines[2]).Reply({});
     desk->ConnectTo(*court);
-    frmNameSearchResults *window = desk->Start(lines);
+    CourtSearch *search = Start(lines);
     QString between;
     desk->When([&] { return court->Requests().size() == 3; },
                [&] {
-                   between = TextOf(window, "Label3");
+                   between = search->Record.Label3;
                    court->SendTokens({u"EOF~"_s});
                });
-    QVERIFY(desk->Finish(window));
+    QVERIFY(Finish(search));
     // The total grows when the next line begins: it holds the two of the first line only.
     QCOMPARE(between, u"Retrieved: 2"_s);
 }
 
-void tst_NameSearchEngine::theCriteriaFollowTheLineBeingSearched()
+void tst_NameSearch::theCriteriaFollowTheLineBeingSearched()
 {
     const QString adams = RequestLine(u"SMITH"_s, u"Adams"_s);
     const QString king = RequestLine(u"SMYTHE"_s, u"King"_s);
     court->Expect(adams).Reply({});
     court->Expect(king).Reply({});
     desk->ConnectTo(*court);
-    frmNameSearchResults *window = desk->Start({adams, king});
+    CourtSearch *search = Start({adams, king});
     QStringList captions;
     QStringList names;
     const auto look = [&] {
-        captions.append(window->windowTitle());
-        names.append(TextOf(window, "lblNameVal"));
+        captions.append(search->Record.Caption);
+        names.append(search->Record.lblNameVal);
         court->SendTokens({u"EOF~"_s});
     };
     desk->When([&] { return court->Requests().size() == 1; }, look);
     desk->When([&] { return court->Requests().size() == 2; }, look);
-    QVERIFY(desk->Finish(window));
+    QVERIFY(Finish(search));
     QCOMPARE(captions,
              (QStringList{u"SMITH, JOHN, Q in Adams County, Washington Superior Courts"_s,
                           u"SMYTHE, JOHN, Q in King County, Washington Superior Courts"_s}));
     QCOMPARE(names, (QStringList{u"SMITH, JOHN, Q"_s, u"SMYTHE, JOHN, Q"_s}));
-    QCOMPARE(TextOf(window, "lblCaseTypeVals"), u"Civil, Criminal"_s);
+    QCOMPARE(search->Record.lblCaseTypeVals, u"Civil, Criminal"_s);
 }
 
-void tst_NameSearchEngine::theAccountingTagIsOnTheWireAndNotInTheList()
+void tst_NameSearch::theAccountingTagIsOnTheWireAndNotInTheList()
 {
     const QString bare = u"WASUP\u00A6SEARCH\u00A6SMITH\u00A6JOHN\u00A6Q\u00A6\u00A6King,\u00A6"
                          "Civil,\u00A6\u00A6\u00A6"_s;
@@ -177,40 +174,38 @@ void tst_NameSearchEngine::theAccountingTagIsOnTheWireAndNotInTheList()
                  "\u00A6\u00A6^^CAC:ABC^^\u00A6"_s)
         .Reply({u"EOF~"_s});
     desk->ConnectTo(*court);
-    frmNameSearchResults *window = desk->MakePending({bare});
-    window->ClientAcctgCode = u"ABC"_s;
-    window->Timer1->start(1);
-    QVERIFY(desk->Finish(window));
-    QCOMPARE(window->lboxQueue.Lines(), QStringList{bare});
+    CourtSearch *search = Start({bare});
+    search->Record.ClientAcctgCode = u"ABC"_s;
+    QVERIFY(Finish(search));
+    QCOMPARE(search->lboxQueue.Lines(), QStringList{bare});
     QVERIFY(desk->Folder.Logged(u"All Responses Received For Request: "_s + bare));
 }
 
-void tst_NameSearchEngine::theLineIsSentTrimmedAndKeptAsItIs()
+void tst_NameSearch::theLineIsSentTrimmedAndKeptAsItIs()
 {
     const QString padded = u"  "_s + RequestLine() + u"   "_s;
     court->Expect(RequestLine()).Reply({u"EOF~"_s});
     desk->ConnectTo(*court);
-    frmNameSearchResults *window = desk->Start({padded});
-    QVERIFY(desk->Finish(window));
-    QCOMPARE(window->lboxQueue.Lines(), QStringList{padded});
+    CourtSearch *search = Start({padded});
+    QVERIFY(Finish(search));
+    QCOMPARE(search->lboxQueue.Lines(), QStringList{padded});
 }
 
-void tst_NameSearchEngine::whatCameBeforeTheSearchIsNotRead()
+void tst_NameSearch::whatCameBeforeTheSearchIsNotRead()
 {
     court->Expect(RequestLine()).Reply({u"EOF~"_s});
     desk->ConnectTo(*court);
     Global.strRecvBuffer.Append(ScriptedCourt::Tokens({ResultLine(u"LATE, ROW"_s), u"EOF~"_s}));
-    frmNameSearchResults *window = desk->Start({RequestLine()});
-    QVERIFY(desk->Finish(window));
-    QCOMPARE(window->RowCount(), 0);
+    CourtSearch *search = Start({RequestLine()});
+    QVERIFY(Finish(search));
+    QCOMPARE(search->RowCount(), 0);
     QCOMPARE(court->Requests(), QStringList{RequestLine()});
 }
 
-void tst_NameSearchEngine::theReceiveBufferIsEmptiedBeforeEachLine()
+void tst_NameSearch::theReceiveBufferIsEmptiedBeforeEachLine()
 {
     FakeSocket *socket = desk->ConnectToNothing();
-    const frmNameSearchResults *window =
-        desk->Start({RequestLine(u"SMITH"_s, u"Adams"_s), RequestLine()});
+    const CourtSearch *search = Start({RequestLine(u"SMITH"_s, u"Adams"_s), RequestLine()});
     const auto isSent = [socket](qsizetype lines) {
         return [socket, lines] { return socket->sent.size() == lines && !Global.bSendBusy; };
     };
@@ -220,83 +215,83 @@ void tst_NameSearchEngine::theReceiveBufferIsEmptiedBeforeEachLine()
     desk->When(isSent(2), [socket] {
         socket->Arrive(ScriptedCourt::Tokens({ResultLine(u"A"_s), u"EOF~"_s}));
     });
-    QVERIFY(desk->Finish(window));
-    QCOMPARE(RowsOf(window).size(), 1);
-    QCOMPARE(RowsOf(window)[0][0], u"A"_s);
+    QVERIFY(Finish(search));
+    QCOMPARE(RowsOf(search).size(), 1);
+    QCOMPARE(RowsOf(search)[0][0], u"A"_s);
 }
 
-void tst_NameSearchEngine::aLongProgressReplyIsShown()
+void tst_NameSearch::aLongProgressReplyIsShown()
 {
     court->Expect(RequestLine()).Reply({u"Searching~King~County~"_s});
     desk->ConnectTo(*court);
-    frmNameSearchResults *window = desk->Start({RequestLine()});
+    CourtSearch *search = Start({RequestLine()});
     QString shown;
-    desk->When([&] { return TextOf(window, "lblSearchStatus") != inProgress; },
+    desk->When([&] { return search->Record.lblSearchStatus.Text != inProgress; },
                [&] {
-                   shown = TextOf(window, "lblSearchStatus");
+                   shown = search->Record.lblSearchStatus.Text;
                    court->SendTokens({u"EOF~"_s});
                });
-    QVERIFY(desk->Finish(window));
+    QVERIFY(Finish(search));
     QCOMPARE(shown, u"Searching King County "_s);
-    QCOMPARE(window->RowCount(), 0);
+    QCOMPARE(search->RowCount(), 0);
 }
 
-void tst_NameSearchEngine::aShortProgressReplyChangesNothing()
+void tst_NameSearch::aShortProgressReplyChangesNothing()
 {
     court->Expect(RequestLine()).Reply({u"SEARCHING"_s});
     desk->ConnectTo(*court);
-    frmNameSearchResults *window = desk->Start({RequestLine()});
+    CourtSearch *search = Start({RequestLine()});
     QString shown;
     desk->When([&] { return desk->Folder.Logged(u"Current Response: --> SEARCHING"_s); },
                [&] {
-                   shown = TextOf(window, "lblSearchStatus");
+                   shown = search->Record.lblSearchStatus.Text;
                    court->SendTokens({u"EOF~"_s});
                });
-    QVERIFY(desk->Finish(window));
+    QVERIFY(Finish(search));
     QCOMPARE(shown, inProgress);
-    QCOMPARE(window->RowCount(), 0);
+    QCOMPARE(search->RowCount(), 0);
 }
 
-void tst_NameSearchEngine::progressLeavesColourAndCountAlone()
+void tst_NameSearch::progressLeavesColourAndCountAlone()
 {
     court->Expect(RequestLine())
         .Reply({ResultLine(u"A"_s), u"SEARCHING~"_s, u"searching for more"_s});
     desk->ConnectTo(*court);
-    frmNameSearchResults *window = desk->Start({RequestLine()});
+    CourtSearch *search = Start({RequestLine()});
     QStringList shown;
-    desk->When([&] { return TextOf(window, "lblSearchStatus") == u"searching for more"_s; },
+    desk->When([&] { return search->Record.lblSearchStatus.Text == u"searching for more"_s; },
                [&] {
-                   shown = {ColourOf(window, "lblSearchStatus"), TextOf(window, "lblStatus"),
-                            QString::number(window->RowCount())};
+                   shown = {search->Record.lblSearchStatus.Trouble ? u"red"_s : u"blue"_s,
+                            search->Status.Text, QString::number(search->RowCount())};
                    court->SendTokens({u"EOF~"_s});
                });
-    QVERIFY(desk->Finish(window));
+    QVERIFY(Finish(search));
     QCOMPARE(shown, (QStringList{u"blue"_s, u"Searching .."_s, u"1"_s}));
 }
 
-void tst_NameSearchEngine::aRowThatEndsInThereofGoesOn()
+void tst_NameSearch::aRowThatEndsInThereofGoesOn()
 {
     const QString thereof = u"SMITH~02-2-02029-9~01/02/2002~Estate~Ct King County~HEIR THEREOF~"_s;
     court->Expect(RequestLine()).Reply({thereof, ResultLine(u"SMITH, ZOE"_s), u"EOF~"_s});
     desk->ConnectTo(*court);
-    frmNameSearchResults *window = desk->Start({RequestLine()});
-    QVERIFY(desk->Finish(window));
-    QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete: 2 Cases Retrieved."_s);
-    QCOMPARE(RowsOf(window)[0][5], u"HEIR THEREOF"_s);
+    CourtSearch *search = Start({RequestLine()});
+    QVERIFY(Finish(search));
+    QCOMPARE(search->Status.Text, u"Search Complete: 2 Cases Retrieved."_s);
+    QCOMPARE(RowsOf(search)[0][5], u"HEIR THEREOF"_s);
 }
 
-void tst_NameSearchEngine::endOfFileInTheMiddleIsARow()
+void tst_NameSearch::endOfFileInTheMiddleIsARow()
 {
     const QString middle = u"EOF~02-2-02029-9~01/02/2002~EOF~Ct King County~Defendant~"_s;
     court->Expect(RequestLine()).Reply({middle, u"EOF~"_s});
     desk->ConnectTo(*court);
-    frmNameSearchResults *window = desk->Start({RequestLine()});
-    QVERIFY(desk->Finish(window));
-    QCOMPARE(window->RowCount(), 1);
-    QCOMPARE(RowsOf(window)[0][3], u"EOF"_s);
+    CourtSearch *search = Start({RequestLine()});
+    QVERIFY(Finish(search));
+    QCOMPARE(search->RowCount(), 1);
+    QCOMPARE(RowsOf(search)[0][3], u"EOF"_s);
 }
 
-void tst_NameSearchEngine::silenceRunsIntoTheLimit_data()
+void tst_NameSearch::silenceRunsIntoTheLimit_data()
 {
     QTest::addColumn<int>("minutes");
     QTest::addColumn<bool>("stopRequested");
@@ -306,14 +301,14 @@ void tst_NameSearchEngine::silenceRunsIntoTheLimit_data()
     QTest::newRow("a logout shortens it") << 5 << true << 14;
 }
 
-void tst_NameSearchEngine::silenceRunsIntoTheLimit()
+void tst_NameSearch::silenceRunsIntoTheLimit()
 {
     QFETCH(int, minutes);
     QFETCH(bool, stopRequested);
     QFETCH(int, seconds);
     FakeSocket *socket = desk->ConnectToNothing();
     Global.intSearchTimeout = static_cast<qint16>(minutes);
-    frmNameSearchResults *window = desk->Start({RequestLine()});
+    CourtSearch *search = Start({RequestLine()});
     const QDateTime start = desk->Time.Now();
     desk->When([&] { return socket->sent.size() == 1; },
                [&] {
@@ -322,33 +317,33 @@ void tst_NameSearchEngine::silenceRunsIntoTheLimit()
                    socket->Arrive(ScriptedCourt::Tokens({ResultLine(u"A"_s)}));
                    desk->Time.Run(1.0);
                });
-    QVERIFY(desk->Finish(window));
+    QVERIFY(Finish(search));
     const qint64 waited = start.secsTo(desk->Time.Now());
     QVERIFY2(waited >= seconds && waited <= seconds + 5, qPrintable(QString::number(waited)));
     QVERIFY(desk->Folder.Logged(
         u"Search Error! Reason: Timed Out Waiting For Response from Server."_s));
     QVERIFY(desk->Folder.Logged(searchFailed));
-    QCOMPARE(TextOf(window, "lblStatus"), u"Search Stopped - Court Connection Lost!"_s);
-    QCOMPARE(TextOf(window, "Label3"), u"Retrieved: 1"_s);
+    QCOMPARE(search->Status.Text, u"Search Stopped - Court Connection Lost!"_s);
+    QCOMPARE(search->Record.Label3, u"Retrieved: 1"_s);
 }
 
-void tst_NameSearchEngine::aLostLinkIsNotATimeOutOfAnHour()
+void tst_NameSearch::aLostLinkIsNotATimeOutOfAnHour()
 {
     FakeSocket *socket = desk->ConnectToNothing();
-    frmNameSearchResults *window = desk->Start({RequestLine()});
+    CourtSearch *search = Start({RequestLine()});
     desk->When([&] { return socket->sent.size() == 1; }, [&] { socket->PeerCloses(); });
     const QDateTime start = desk->Time.Now();
-    QVERIFY(desk->Finish(window));
+    QVERIFY(Finish(search));
     QCOMPARE(desk->Time.Now(), start);
     // The log cannot tell a lost link from silence by this line; the one before it can.
     QVERIFY(desk->Folder.Logged(
         u"Search Error! Reason: Timed Out Waiting For Response from Server."_s));
     QVERIFY(desk->Folder.Logged(
         u"Connection Lost While Waiting for Response. Exiting Process ReadResponse()"_s));
-    QCOMPARE(TextOf(window, "lblStatus"), u"Search Stopped - Court Connection Lost!"_s);
+    QCOMPARE(search->Status.Text, u"Search Stopped - Court Connection Lost!"_s);
 }
 
-void tst_NameSearchEngine::aSocketThatCannotBeClosedIsADroppedConnection()
+void tst_NameSearch::aSocketThatCannotBeClosedIsADroppedConnection()
 {
     QPointer<FadingSocket> socket;
     frmWinsock::SetSocketFactory([&socket](QObject *parent) {
@@ -356,82 +351,51 @@ void tst_NameSearchEngine::aSocketThatCannotBeClosedIsADroppedConnection()
         return socket.data();
     });
     frmWinsock::Form();
-    frmNameSearchResults *window = desk->Start({RequestLine()});
+    CourtSearch *search = Start({RequestLine()});
     desk->When([&] { return socket->sent.size() == 1; }, [&] { socket->fading = true; });
-    QVERIFY(desk->Finish(window));
+    QVERIFY(Finish(search));
     QVERIFY(desk->Folder.Logged(u"Search Error! Reason: Halvane Server Connection was Dropped!"_s));
     QVERIFY(desk->Folder.Logged(searchFailed));
-    QCOMPARE(TextOf(window, "lblStatus"), u"Search Stopped - Court Connection Lost!"_s);
+    QCOMPARE(search->Status.Text, u"Search Stopped - Court Connection Lost!"_s);
 }
 
-void tst_NameSearchEngine::withoutAConnectionNothingIsSent()
+void tst_NameSearch::withoutAConnectionNothingIsSent()
 {
-    frmNameSearchResults *window = desk->Start({RequestLine()});
-    QVERIFY(desk->Finish(window));
-    QCOMPARE(TextOf(window, "lblStatus"), u"Search Stopped - Court Connection Lost!"_s);
-    QCOMPARE(TextOf(window, "Label3"), u"Retrieved: 0"_s);
+    CourtSearch *search = Start({RequestLine()});
+    QVERIFY(Finish(search));
+    QCOMPARE(search->Status.Text, u"Search Stopped - Court Connection Lost!"_s);
+    QCOMPARE(search->Record.Label3, u"Retrieved: 0"_s);
     QVERIFY(desk->Folder.Logged(searchFailed));
     QCOMPARE(desk->Folder.TimesLogged(
                  u"Search Error! Reason: Timed Out Waiting For Response from Server."_s),
              0);
-    QVERIFY(window->SearchIncomplete);
+    QVERIFY(search->Record.SearchIncomplete);
     QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
 }
 
-void tst_NameSearchEngine::anUnsentLineLosesTheSearch()
+void tst_NameSearch::anUnsentLineLosesTheSearch()
 {
     FakeSocket *socket = desk->ConnectToNothing();
     socket->completesSends = false;
-    frmNameSearchResults *window = desk->Start({RequestLine()});
+    CourtSearch *search = Start({RequestLine()});
     desk->When([&] { return socket->sent.size() == 1; }, [this] { desk->Time.Run(1.0); });
-    QVERIFY(desk->Finish(window));
-    QCOMPARE(TextOf(window, "lblStatus"), u"Search Stopped - Court Connection Lost!"_s);
+    QVERIFY(Finish(search));
+    QCOMPARE(search->Status.Text, u"Search Stopped - Court Connection Lost!"_s);
     QVERIFY(desk->Folder.Logged(searchFailed));
 }
 
-void tst_NameSearchEngine::anEmptyListIsToldAndClosesTheWindow()
-{
-    desk->ConnectTo(*court);
-    const QPointer<frmNameSearchResults> window(desk->MakePending({}));
-    desk->Boxes.Expect(u"No Search Requests Can Be Located! This Form will be closed when you "
-                       "select OK. The Request Queue Appears to be Empty."_s,
-                       u"Search Queue Empty .."_s, MsgIcon::Exclamation);
-    window->Timer1->start(1);
-    QTRY_VERIFY(window.isNull());
-    QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
-    QVERIFY(!Global.bSearchInProgress);
-    QCOMPARE(desk->Boxes.Answered(), 1);
-    QCOMPARE(court->Requests(), QStringList());
-}
-
-void tst_NameSearchEngine::aSearchLeavesTheLinkToTheNext()
+void tst_NameSearch::aSearchLeavesTheLinkToTheNext()
 {
     court->Expect(RequestLine()).Reply({tooMany, u"EOF~"_s});
     court->Expect(RequestLine(u"SMYTHE"_s)).Reply({ResultLine(u"A"_s), u"EOF~"_s});
     desk->ConnectTo(*court);
-    QVERIFY(desk->Finish(desk->Start({RequestLine()})));
-    frmNameSearchResults *second = desk->Start({RequestLine(u"SMYTHE"_s)});
-    QVERIFY(desk->Finish(second));
-    QCOMPARE(TextOf(second, "lblStatus"), u"Search Complete: 1 Cases Retrieved."_s);
+    QVERIFY(Finish(Start({RequestLine()})));
+    CourtSearch *second = Start({RequestLine(u"SMYTHE"_s)});
+    QVERIFY(Finish(second));
+    QCOMPARE(second->Status.Text, u"Search Complete: 1 Cases Retrieved."_s);
 }
 
-void tst_NameSearchEngine::theCountIsShownAsRowsArrive()
-{
-    court->Expect(RequestLine()).Reply({ResultLine(u"A"_s), ResultLine(u"B"_s)});
-    desk->ConnectTo(*court);
-    frmNameSearchResults *window = desk->Start({RequestLine()});
-    QCOMPARE(TextOf(window, "Label3"), u"Retrieved: 0"_s);
-    int shownRows = 0;
-    desk->When([&] { return TextOf(window, "Label3") == u"Retrieved: 2"_s; },
-               [&] {
-                   shownRows = static_cast<int>(RowsOf(window).size());
-                   court->SendTokens({u"EOF~"_s});
-               });
-    QVERIFY(desk->Finish(window));
-    QCOMPARE(shownRows, 2);
-}
-
-void tst_NameSearchEngine::manyRowsAllArrive()
+void tst_NameSearch::manyRowsAllArrive()
 {
     QStringList reply;
     for (int i = 0; i < 5000; ++i)
@@ -439,12 +403,12 @@ void tst_NameSearchEngine::manyRowsAllArrive()
     reply.append(u"EOF~"_s);
     court->Expect(RequestLine()).Reply(reply);
     desk->ConnectTo(*court);
-    frmNameSearchResults *window = desk->Start({RequestLine()});
-    QVERIFY(desk->Finish(window));
-    QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete: 5000 Cases Retrieved."_s);
-    QCOMPARE(RowsOf(window).size(), 5000);
-    QCOMPARE(RowsOf(window).last()[0], u"SMITH, 4999"_s);
+    CourtSearch *search = Start({RequestLine()});
+    QVERIFY(Finish(search));
+    QCOMPARE(search->Status.Text, u"Search Complete: 5000 Cases Retrieved."_s);
+    QCOMPARE(RowsOf(search).size(), 5000);
+    QCOMPARE(RowsOf(search).last()[0], u"SMITH, 4999"_s);
 }
 
-QTEST_MAIN(tst_NameSearchEngine)
-#include "tst_NameSearchEngine.moc"
+QTEST_GUILESS_MAIN(tst_NameSearch)
+#include "tst_NameSearch.moc"

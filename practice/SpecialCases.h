@@ -14,7 +14,7 @@ namespace Practice {
 // takes an outcome that is rare in life. docs/practice.md has the same list.
 
 /// What comes of a case number with a meaning.
-enum class ToldCase : quint8 {
+enum class SpecialCase : quint8 {
     OneLine,       ///< one line stands in place of everything
     SummaryLine,   ///< one line stands in place of the summary
     Nothing,       ///< the end mark alone
@@ -52,28 +52,28 @@ constexpr unsigned FamilyBit(CourtFamily family)
     return 1U << static_cast<unsigned>(family);
 }
 
-struct ToldCaseRow
+struct SpecialCaseRow
 {
     int place;         ///< the last two digits of its serial, in each of its families
     unsigned families; ///< bits
     int digit;         ///< case type of the Superior Courts
-    ToldCase meaning;
+    SpecialCase meaning;
     const char16_t *line = nullptr;
 };
 
-extern const std::array<ToldCaseRow, 43> toldCases;
+extern const std::array<SpecialCaseRow, 43> specialCases;
 
-/// The number of a told case as its family writes it. Superior Courts: in King county.
-QString ToldCaseNumber(CourtFamily family, const ToldCaseRow &row);
+/// The number of a special case as its family writes it. Superior Courts: in King county.
+QString SpecialCaseNumber(CourtFamily family, const SpecialCaseRow &row);
 
-/// The court in which the told cases of a family are, as a request names it.
-QStringView ToldCaseCourt(CourtFamily family);
+/// The court in which the special cases of a family are, as a request names it.
+QStringView SpecialCaseCourt(CourtFamily family);
 
 /// The meaning of a number in its court; nullptr when it means nothing but itself.
-const ToldCaseRow *FindToldCase(CourtFamily family, QStringView court, QStringView number);
+const SpecialCaseRow *FindSpecialCase(CourtFamily family, QStringView court, QStringView number);
 
-/// Whether a number, in whatever court of the family, is taken by a told case.
-bool IsToldCaseNumber(CourtFamily family, const QString &number);
+/// Whether a number, in whatever court of the family, is taken by a special case.
+bool IsSpecialCaseNumber(CourtFamily family, const QString &number);
 
 /// What failed last time, so that it succeeds this time. One for the whole court: a connection that
 /// was closed must not forget.
@@ -89,6 +89,6 @@ private:
 
 /// What a meaning puts in place of the tab; false when the tab comes as of any other case. `key`
 /// tells who asks for what.
-bool SayToldTab(const ToldCaseRow &row, CaseTab tab, const QString &key, TabMemory &memory,
-                Reply &reply);
+bool SaySpecialTab(const SpecialCaseRow &row, CaseTab tab, const QString &key, TabMemory &memory,
+                   Reply &reply);
 } // namespace Practice

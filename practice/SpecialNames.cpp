@@ -1,4 +1,4 @@
-#include "practice/ToldNames.h"
+#include "practice/SpecialNames.h"
 
 namespace Practice {
 namespace {
@@ -13,9 +13,9 @@ const Row *findName(const std::array<Row, count> &rows, QStringView name)
 }
 } // namespace
 
-const ToldName *FindToldName(QStringView surname)
+const SpecialName *FindSpecialName(QStringView surname)
 {
-    return findName(toldNames, surname.trimmed());
+    return findName(specialNames, surname.trimmed());
 }
 
 UserKind KindOfUser(QStringView name, QStringView password)
@@ -26,7 +26,7 @@ UserKind KindOfUser(QStringView name, QStringView password)
         return UserKind::Refused;
     if (secret.compare(QStringView(wrongPassword), Qt::CaseInsensitive) == 0)
         return UserKind::Refused;
-    const ToldUser *told = findName(toldUsers, user);
-    return told == nullptr ? UserKind::Ordinary : told->kind;
+    const SpecialUser *special = findName(specialUsers, user);
+    return special == nullptr ? UserKind::Ordinary : special->kind;
 }
 } // namespace Practice

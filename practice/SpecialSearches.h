@@ -2,7 +2,7 @@
 
 #include "practice/Population.h"
 #include "practice/Reply.h"
-#include "practice/ToldNames.h"
+#include "practice/SpecialNames.h"
 
 #include <QString>
 
@@ -11,28 +11,28 @@
 namespace Practice {
 /// Row `number` of a name with a meaning, made to pass the filters of the search. `lastField`, when
 /// it holds something, stands in place of the row's last field.
-using ToldRowMaker = std::function<QString(qint64 number, const QString &lastField)>;
+using SpecialRowMaker = std::function<QString(qint64 number, const QString &lastField)>;
 
 /// What a search gives for a name with a meaning.
-struct ToldScene
+struct SpecialScene
 {
     NameQuery name;
-    ToldRowMaker row; ///< empty when the filters let nothing through
-    QString place;    ///< where the search is at, for lines of progress
+    SpecialRowMaker row; ///< empty when the filters let nothing through
+    QString place;       ///< where the search is at, for lines of progress
 };
 
 /// Says what the name means, all but the end mark.
-void SayTold(ToldSearch search, const ToldScene &scene, Reply &reply);
+void SaySpecial(SpecialSearch search, const SpecialScene &scene, Reply &reply);
 
 /// Says so many rows, from row `first` on.
-void SayToldRows(const ToldScene &scene, qint64 count, Reply &reply, qint64 first = 0);
+void SaySpecialRows(const SpecialScene &scene, qint64 count, Reply &reply, qint64 first = 0);
 
 /// Says so many lines of progress, a second each.
-void SaySlowProgress(const ToldScene &scene, Reply &reply);
+void SaySlowProgress(const SpecialScene &scene, Reply &reply);
 
 /// How many rows the names MANY and PAGES have: as many as a number in place of the first name
 /// says.
-qint64 ToldRowCount(ToldSearch search, const QString &first);
+qint64 SpecialRowCount(SpecialSearch search, const QString &first);
 
 /// How many rows OVER200 has before its notice.
 qint64 Over200Rows(const QString &first);

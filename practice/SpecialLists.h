@@ -13,10 +13,10 @@
 namespace Practice {
 /// The lists that names with a meaning have brought to one client. Their cases are made up on the
 /// spot and are kept nowhere; what is remembered is the search, so that each row of it opens.
-class ToldLists
+class SpecialLists
 {
 public:
-    explicit ToldLists(int thisYear) : lastYear(thisYear) {}
+    explicit SpecialLists(int thisYear) : lastYear(thisYear) {}
 
     /// Takes what follows the keyword of a search. Only a name with a meaning is remembered.
     void Note(CourtFamily family, const QStringList &fields);
