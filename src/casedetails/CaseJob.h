@@ -13,7 +13,7 @@ class RunTimeError;
 /// a table of each. What was left out, or failed, can be fetched later in a run of its own. What
 /// comes of it is on the sheet.
 ///
-/// This is what the three kinds of cases share. In what they differ is in CaseTabs, CaseRequests,
+/// This is what the three kinds of cases share. How they differ is in CaseTabs, CaseRequests,
 /// TabGrids and the readers of the Summary, and in the few overrides below.
 ///
 /// The life of the job is in CaseJob.cpp, its first run in CaseRun.cpp, the exchange of one tab in

@@ -14,14 +14,8 @@ using namespace Qt::StringLiterals;
 namespace {
 constexpr int boxCount = 10;
 
-/// What is missing is offered and ticked. While a run waits or goes on the ticks stay as the user
-/// has made them: looking at another tab must not add to what is fetched.
-void CaseWindow::SetOnDemandPanel()
-{
-    offerMissing(choiceStands);
-}
-
-void CaseWindow::offerMissing(bool keepTicks)
+/// The tab that a box of the panel stands for.
+std::optional<CaseTab> tabOfBox(const CaseRecord &record, int box)
 {
     for (int i = 0; i < caseTabCount; ++i) {
         const auto tab = static_cast<CaseTab>(i);

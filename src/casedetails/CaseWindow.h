@@ -26,12 +26,8 @@ struct CaseTabState
 /// The window of one case. It shows what is on the sheet of its job, and writes back what the user
 /// chose; what is asked for, and when, is the job's business.
 ///
-/// This is the engine that the three case windows share. How they differ is in CaseTabs,
-/// CaseRequests, TabGrids and the readers of the Summary, and in the few overrides below.
-///
-/// The life of the window is in CaseWindow.cpp, its first run in CaseRun.cpp, the exchange of one
-/// tab in CaseTabRetrieval.cpp and CaseSummary.cpp, the later runs in CaseOnDemand.cpp.
-class CaseWindow : public JobWindow
+/// This is what the three case windows share.
+class CaseWindow : public JobWindow, private CaseTalk
 {
     Q_OBJECT
 protected:
