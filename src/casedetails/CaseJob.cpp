@@ -9,6 +9,7 @@
 #include "core/GlobalState.h"
 #include "core/Log.h"
 #include "core/Settings.h"
+#include "courts/CourtTable.h"
 #include "jobs/TurnTaking.h"
 
 using namespace Qt::StringLiterals;
@@ -139,7 +140,7 @@ void CaseJob::BeginTick()
 
 QString CaseJob::StopRequest() const
 {
-    return CaseStopOf(Record.lblState).toString();
+    return CaseStopOf(Record.lblState);
 }
 
 /// Every tab of the strip that has neither been left out nor come offers to be fetched, one in
