@@ -1,4 +1,5 @@
 #include "casedetails/SummaryReply.h"
+#include "support/HalvaneTest.h"
 
 #include <QTest>
 
@@ -596,5 +597,5 @@ void tst_SummaryReply::theListIsForBankruptcyCourtsOnly()
     QCOMPARE(*view.Grid, cell(located));
 }
 
-QTEST_GUILESS_MAIN(tst_SummaryReply)
+HALVANE_TEST(tst_SummaryReply)
 #include "tst_SummaryReply.moc"

@@ -4,6 +4,7 @@
 #include "core/RunSettings.h"
 #include "core/UserStore.h"
 #include "support/FaultyFile.h"
+#include "support/HalvaneTest.h"
 #include "support/TestFolder.h"
 
 #include <QCoreApplication>
@@ -425,5 +426,5 @@ void tst_Settings::onlyOptionsAreHeld()
     QCOMPARE(user.GetSettingStr(u"Cty2Code"_s, u"King"_s, u"none"_s), u"none"_s);
 }
 
-QTEST_GUILESS_MAIN(tst_Settings)
+HALVANE_TEST(tst_Settings)
 #include "tst_Settings.moc"
