@@ -6,7 +6,6 @@
 #include "BenchFolder.h"
 #include "StoppableServer.h"
 
-#include "tables/ResultListView.h"
 #include "core/EventLoop.h"
 #include "core/GlobalState.h"
 #include "core/TextUtilities.h"
@@ -15,6 +14,7 @@
 #include "link/Router.h"
 #include "link/frmWinsock.h"
 #include "namesearch/frmNameSearchResults.h"
+#include "tables/ResultListView.h"
 
 #include <QApplication>
 #include <QFile>

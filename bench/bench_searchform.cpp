@@ -116,9 +116,6 @@ void StartStatewideCivilSearch(benchmark::State &state)
 {
     LoadDiscisCourts();
     Global.strSearchState = u"WA"_s;
-    Global.strCurrentCourt = u"WADISCIS"_s;
-    Global.strCurrentSearchType = u"Individual Name"_s;
-    Global.intSearchWhere = 5;
     const SearchEntry entry = allCivilCourts();
     constexpr int controlsOfResults = 20;
     ShownRecents recents;

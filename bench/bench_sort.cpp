@@ -1,8 +1,8 @@
 // Sorting a list of results by a column, keys made included, against a bare std::stable_sort of the
 // same keys.
 
-#include "tables/ResultListModel.h"
 #include "namesearch/SortKeys.h"
+#include "tables/ResultListModel.h"
 
 #include <QCoreApplication>
 

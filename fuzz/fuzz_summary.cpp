@@ -5,7 +5,7 @@
 
 #include "core/Windows1252.h"
 #include "courts/CaseMarks.h"
-#include "courts/CaseTypes.h"
+#include "courts/CourtTable.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
 #include "app/PracticeCourt.h"
 
-#include "core/RunSettings.h"
+#include "core/Settings.h"
 #include "link/TcpServerSocket.h"
 
 #include <QCoreApplication>
@@ -13,7 +13,6 @@ using namespace Qt::StringLiterals;
 namespace {
 constexpr int startMilliseconds = 10'000;
 constexpr int endMilliseconds = 2'000;
-constexpr int serverAddresses = 5;
 } // namespace
 
 bool PracticeCourt::Start(const QString &program, const QStringList &switches)
@@ -53,8 +52,8 @@ PracticeCourt::~PracticeCourt()
 
 void PointSessionAt(quint16 port)
 {
-    for (int i = 1; i <= serverAddresses; ++i)
-        HoldForThisRun(u"Communications"_s, u"HVServerIP"_s + QString::number(i), u"127.0.0.1"_s);
-    HoldForThisRun(u"Communications"_s, u"HVServerPort"_s, QString::number(port));
+    for (int i = 0; i < serverAddressCount; ++i)
+        HoldSetting(ServerAddress(i), u"127.0.0.1"_s);
+    HoldSetting(Setting::ServerPort, QString::number(port));
     AssumeNetworkAddress(true);
 }

@@ -3,8 +3,8 @@
 #include "core/Log.h"
 #include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
-#include "jobs/ClientCode.h"
 #include "link/Exchange.h"
+#include "link/RequestLine.h"
 
 using namespace Qt::StringLiterals;
 

@@ -2,11 +2,13 @@
 
 #include "casedetails/CaseJob.h"
 
+#include "casedetails/CaseAnswers.h"
+
 #include "casedetails/CaseTalk.h"
 #include "casedetails/TabGrids.h"
-#include "core/CSetting.h"
 #include "core/GlobalState.h"
 #include "core/Log.h"
+#include "core/Settings.h"
 #include "jobs/TurnTaking.h"
 
 using namespace Qt::StringLiterals;
@@ -43,8 +45,8 @@ CaseJob::CaseJob(CaseKind caseKind)
     TmrSearchOnDemand->setObjectName(u"TmrSearchOnDemand"_s);
     TmrSearchOnDemand->setInterval(JobKindOf(JobKindName::CaseOnDemand).Turn);
     connect(TmrSearchOnDemand, &QTimer::timeout, this, &CaseJob::askTurnOnDemand);
-    Global.bOnDemandPrompt = true;
-    Global.bOnDemandRetry = true;
+    CaseAnswers.bOnDemandPrompt = true;
+    CaseAnswers.bOnDemandRetry = true;
 }
 
 void CaseJob::Take(const CaseStart &start)
@@ -75,7 +77,7 @@ void CaseJob::ShowTab(CaseTab tab, bool incomplete, const QString &request)
 /// Asks whether an incomplete tab shall be retrieved again. False when the window went meanwhile.
 bool CaseJob::askOnDemand(CaseTabRecord &ofTab)
 {
-    if (!ofTab.TabIncomplete || !Global.bOnDemandPrompt || !talk)
+    if (!ofTab.TabIncomplete || !CaseAnswers.bOnDemandPrompt || !talk)
         return true;
     if (const std::optional<bool> retry = talk->AskOnDemand())
         ofTab.TabNotRetrieved = *retry;
@@ -101,8 +103,6 @@ void CaseJob::ActivateTab(const QString &caption)
 void CaseJob::buildTabRequests()
 {
     lboxTabReqQueue.Clear();
-    CSetting settings;
-    settings.Init(u"options.ini"_s);
     const CaseOfRequest fields = requestFields(Record);
     lboxTabReqQueue.AddItem(CaseTabRequest(fields, CaseTab::Summary));
     const QString section = CaseTabsSection(Record.Kind, Record.lblState);
@@ -112,7 +112,7 @@ void CaseJob::buildTabRequests()
         CaseTabRecord &ofTab = Record.Tab(tab);
         ofTab.TabRequest = CaseTabRequest(fields, tab);
         const QString key = CaseTabRowOf(tab).caption.toString();
-        ofTab.TabNotRetrieved = settings.GetSettingStr(section, key, u"0"_s) != u"1";
+        ofTab.TabNotRetrieved = !TabIsFetchedAtOnce(section, key);
         if (!ofTab.TabNotRetrieved)
             lboxTabReqQueue.AddItem(ofTab.TabRequest);
     }
@@ -139,7 +139,7 @@ void CaseJob::BeginTick()
 
 QString CaseJob::StopRequest() const
 {
-    return Record.IsBankruptcy() ? u"BKRPT~STOP~"_s : u"\u00A6STOP"_s;
+    return CaseStopOf(Record.lblState).toString();
 }
 
 /// Every tab of the strip that has neither been left out nor come offers to be fetched, one in

@@ -2,6 +2,8 @@
 
 #include "core/TextUtilities.h"
 #include "courts/CaseMarks.h"
+#include "courts/CourtTable.h"
+#include "link/RequestLine.h"
 
 #include <QRegularExpression>
 
@@ -71,9 +73,11 @@ CaseStart CaseOfCounty(const CaseRecord &record, const QString &number)
     start.lblState = u"WA"_s;
     start.txtCountyName = record.txtCountyName;
     start.txtCaseNumber = asked;
-    start.tboxCaseNumberQueue = u"WASUP\u00A6SUMMARY\u00A6"_s + asked;
+    start.tboxCaseNumberQueue =
+        ComposeLine(fieldBar, {CourtOf(CourtFamily::Superior).Word.toString(), u"SUMMARY"_s})
+        + asked;
     start.SetHeading(u"Case Details ("_s + asked + u')');
-    start.lblCourtName = record.txtCountyName + u" County, Washington Superior Courts"_s;
+    start.lblCourtName = CourtsOfCounty(record.txtCountyName, CourtFamily::Superior);
     start.SetTitle(u"Pending .. "_s);
     start.ClientAcctgCode = record.ClientAcctgCode;
     return start;

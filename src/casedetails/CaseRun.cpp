@@ -1,5 +1,6 @@
 // The first run of a case: CaseJob::ProcessSearchRequests and what it is made of.
 
+#include "casedetails/CaseAnswers.h"
 #include "casedetails/CaseJob.h"
 #include "casedetails/CaseTalk.h"
 #include "core/Clock.h"
@@ -106,7 +107,7 @@ void CaseJob::askAgainWithAnswer()
     CaseTabRecord &summary = Record.Tab(CaseTab::Summary);
     summary.TabRequest = WithArbitration(summary.TabRequest, arbitration);
     UserQuestion = false;
-    Global.ArbitrationChosen = false;
+    CaseAnswers.ArbitrationChosen = false;
     DoSummarySearch(summary.TabRequest);
 }
 
@@ -131,7 +132,7 @@ void CaseJob::rewriteForArbitration(CaseTab tab)
     if (arbitration == ArbitrationMode::NotAsked || tab == CaseTab::Documents)
         return;
     Record.Tab(tab).TabRequest = WithArbitration(Record.Tab(tab).TabRequest, arbitration);
-    Global.ArbitrationChosen = false;
+    CaseAnswers.ArbitrationChosen = false;
 }
 
 bool CaseJob::isToEnd() const

@@ -4,8 +4,8 @@
 
 #include <QObject>
 
-/// The record of a case, with who shows it told of each change, there and then. Who shows it writes
-/// back what the user chose.
+/// The record of a case, and word of each change of it, there and then. Who shows it writes back
+/// what the user chose.
 class CaseSheet : public QObject
 {
     Q_OBJECT

@@ -1,6 +1,7 @@
 // The exchange of the Summary, which says what kind of case it is, whether there is one at all, and
 // which tabs it has.
 
+#include "casedetails/CaseAnswers.h"
 #include "casedetails/CaseExchange.h"
 #include "casedetails/CaseJob.h"
 #include "casedetails/CaseTalk.h"
@@ -137,7 +138,7 @@ void CaseJob::askArbitration()
     UserQuestion = true;
     const bool chosen = talk && talk->AskArbitration();
     arbitration = chosen ? ArbitrationMode::Arbitration : ArbitrationMode::NoArbitration;
-    Global.ArbitrationChosen = false;
+    CaseAnswers.ArbitrationChosen = false;
 }
 
 void CaseJob::evaluateSummary(const QString &request, const SummaryRead &read)

@@ -1,5 +1,6 @@
 #include "casedetails/CaseWindow.h"
 
+#include "casedetails/CaseAnswers.h"
 #include "casedetails/OnDemandPanel.h"
 #include "casedetails/frmArbPrompt.h"
 #include "casedetails/frmOnDemand.h"
@@ -68,7 +69,7 @@ void CaseWindow::load(QPushButton *cmdStopSearching, QPushButton *cmdCloseDetail
     keepsPlace.setRetainSizeWhenHidden(true);
     lblWarning->setSizePolicy(keepsPlace);
     connect(cmdCloseDetails, &QPushButton::clicked, this, [this] { Unload(UnloadMode::Code); });
-    connect(printButton, &QPushButton::clicked, this, &CaseWindow::printDetails);
+    connect(printButton, &QPushButton::clicked, this, &CaseWindow::PrintDirect);
     connect(help, &QPushButton::clicked, &SessionEvents::Of(), &SessionEvents::CaseHelpWanted);
     connect(tabStrip, &TabStrip::TabClicked, this, &CaseWindow::tabClicked);
     connectPanel();
@@ -233,7 +234,7 @@ bool CaseWindow::AskArbitration()
 {
     const RunScope scope(this);
     frmArbPrompt::ShowModal(this);
-    return Global.ArbitrationChosen;
+    return CaseAnswers.ArbitrationChosen;
 }
 
 std::optional<bool> CaseWindow::AskOnDemand()
@@ -242,7 +243,7 @@ std::optional<bool> CaseWindow::AskOnDemand()
         return std::nullopt;
     const RunScope scope(this);
     frmOnDemand::ShowModal(this);
-    return Global.bOnDemandRetry;
+    return CaseAnswers.bOnDemandRetry;
 }
 
 void CaseWindow::TellEmptyQueue()
@@ -256,7 +257,7 @@ void CaseWindow::TellEmptyQueue()
 
 void CaseWindow::Print()
 {
-    printDetails();
+    PrintDirect();
 }
 
 void CaseWindow::closeUnasked()
@@ -285,9 +286,14 @@ void CaseWindow::showEvent(QShowEvent *event)
     JobWindow::showEvent(event);
 }
 
-void CaseWindow::printDetails()
+void CaseWindow::PrintDirect()
 {
     MsgBox(this, u"Printing of case details comes with a later version."_s);
+}
+
+void CaseWindow::PrintToFile(const QString & /*path*/)
+{
+    PrintDirect();
 }
 
 /// The count is compared with a limit that is never set, so the window does not flash: somebody who

@@ -41,6 +41,9 @@ public:
     /// The case and what has come of it.
     const CaseRecord &Record() const { return caseJob->Record; }
 
+    void PrintDirect() override;
+    void PrintToFile(const QString &path) override;
+
     void SetCaseDetailsHdr(const QString &text) { caseJob->Sheet.SetHeading(text); }
     QString lblCaseDetailsHdr() const { return Record().lblCaseDetailsHdr; }
     void SetCourtName(const QString &text) { setHeader(&CaseRecord::lblCourtName, text); }
@@ -150,7 +153,6 @@ private:
     void boxToggled(int box, bool on);
     void cmdSearchNow_Click();
     void closeUnasked();
-    void printDetails();
     void TmrFlash_Tick();
 
     bool AskArbitration() override;

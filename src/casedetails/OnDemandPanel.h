@@ -36,7 +36,7 @@ public:
     void SetCommandsEnabled(bool enabled);
 
 Q_SIGNALS:
-    /// A box has a tick now, or none; told also when the program did it.
+    /// A box has a tick now, or none, whether the user or the program did it.
     void BoxToggled(int index, bool on);
     void SearchNow();
 

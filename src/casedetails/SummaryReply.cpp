@@ -4,6 +4,7 @@
 #include "core/TextUtilities.h"
 #include "courts/CaseMarks.h"
 #include "courts/CaseTypes.h"
+#include "courts/CourtTable.h"
 
 #include <algorithm>
 #include <array>
@@ -344,9 +345,7 @@ SummaryView ReadSummary(const SummaryContext &context, const QStringList &lines)
         return closedView(context, u"This Court Is Currently Unavailable, Please Try Later");
     if ((oregon || idaho) && first == notFound) {
         SummaryView view = closedView(context, notLocated);
-        view.CourtName =
-            context.CountyName
-            + (oregon ? u" County, Oregon Circuit Courts"_s : u" County, Idaho District Courts"_s);
+        view.CourtName = CourtsOfCounty(context.CountyName, FamilyOfState(context.State));
         return view;
     }
     if (idaho && first.toLower() == u"idaho courts are currently unavailable")

@@ -2,7 +2,7 @@
 
 #include "casedetails/GridGrammar.h"
 #include "core/TextUtilities.h"
-#include "courts/CaseTypes.h"
+#include "courts/CourtTable.h"
 
 #include <algorithm>
 #include <array>
@@ -112,11 +112,18 @@ unsigned courtsOf(CaseKind kind, const QString &state)
 {
     if (kind != CaseKind::State)
         return district;
-    if (state == u"OR")
+    switch (FamilyOfState(state)) {
+    case CourtFamily::Oregon:
         return oregon;
-    if (state == u"ID")
+    case CourtFamily::Idaho:
         return idaho;
-    return IsBankruptcyCourt(state) ? bankruptcy : washington;
+    case CourtFamily::Bankruptcy:
+        return bankruptcy;
+    case CourtFamily::Superior:
+    case CourtFamily::Discis:
+        break;
+    }
+    return washington;
 }
 
 const TabGridRow *rowOf(CaseTab tab, unsigned courts)

@@ -1,8 +1,8 @@
 #include "casedetails/frmArbPrompt.h"
 
+#include "casedetails/CaseAnswers.h"
 #include "controls/FormWindow.h"
 #include "controls/ModalDialog.h"
-#include "core/GlobalState.h"
 #include "ui_frmArbPrompt.h"
 
 frmArbPrompt::frmArbPrompt(QWidget *parent)
@@ -10,11 +10,11 @@ frmArbPrompt::frmArbPrompt(QWidget *parent)
 {
     ui->setupUi(this);
     connect(ui->Command1, &QPushButton::clicked, this, [this] {
-        Global.ArbitrationChosen = true;
+        CaseAnswers.ArbitrationChosen = true;
         accept();
     });
     connect(ui->Command2, &QPushButton::clicked, this, [this] {
-        Global.ArbitrationChosen = false;
+        CaseAnswers.ArbitrationChosen = false;
         accept();
     });
 }

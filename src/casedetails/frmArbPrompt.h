@@ -11,7 +11,7 @@ class frmArbPrompt;
 class FormWindow;
 
 /// Asks whether the details of the arbitration court are wanted, and leaves the answer in
-/// Global.ArbitrationChosen. Closing the window leaves what was there: no.
+/// CaseAnswers.ArbitrationChosen. Closing the window leaves what was there: no.
 class frmArbPrompt : public QDialog
 {
     Q_OBJECT

@@ -1,8 +1,8 @@
 #include "casedetails/frmOnDemand.h"
 
+#include "casedetails/CaseAnswers.h"
 #include "controls/FormWindow.h"
 #include "controls/ModalDialog.h"
-#include "core/GlobalState.h"
 #include "ui_frmOnDemand.h"
 
 namespace {
@@ -39,7 +39,7 @@ void frmOnDemand::reject()
 
 void frmOnDemand::answer(bool retry)
 {
-    Global.bOnDemandRetry = retry;
-    Global.bOnDemandPrompt = true;
+    CaseAnswers.bOnDemandRetry = retry;
+    CaseAnswers.bOnDemandPrompt = true;
     accept();
 }

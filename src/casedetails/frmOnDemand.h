@@ -11,8 +11,8 @@ class frmOnDemand;
 class FormWindow;
 
 /// Asks whether an incomplete tab shall be retrieved again, and leaves the answer in
-/// Global.bOnDemandRetry. Its check box is there and changes nothing: the question comes back at
-/// the next click on an incomplete tab, so that nobody prints half a docket unknowingly.
+/// CaseAnswers.bOnDemandRetry. Its check box is there and changes nothing: the question comes back
+/// at the next click on an incomplete tab, so that nobody prints half a docket unknowingly.
 class frmOnDemand : public QDialog
 {
     Q_OBJECT

@@ -29,6 +29,11 @@ public:
     /// True from the moment the window is gone for the user.
     bool IsUnloaded() const { return unloaded; }
 
+    /// Print what the window shows, on the printer that is set or into the file of this path. The
+    /// main window's menus reach any child by these. A window with nothing to print does nothing.
+    virtual void PrintDirect() {}
+    virtual void PrintToFile(const QString & /*path*/) {}
+
     /// The window that a widget is in: one of the screen's, or one inside the main window.
     static QWidget *Around(QWidget *widget);
 

@@ -2,6 +2,9 @@
 
 #include <QString>
 
+// The keys of options.ini by their names, known to the program or not, and the two moments at which
+// it takes its settings. What each setting is stands in core/Settings.h.
+
 /// The value of a key of options.ini, or "0" when the key or the file is missing.
 QString GetOptionStr(const QString &section, const QString &key);
 

@@ -1,10 +1,19 @@
 #include "core/RunSettings.h"
 
-#include "core/GlobalState.h"
+#include "core/FolderState.h"
+
+#include <QHash>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+struct Held
+{
+    QHash<QString, QString> values;
+};
+
+FolderState<Held> held;
+
 QString nameOf(const QString &section, const QString &key)
 {
     return section.trimmed().toLower() + u'\n' + key.trimmed().toLower();
@@ -13,13 +22,13 @@ QString nameOf(const QString &section, const QString &key)
 
 void HoldForThisRun(const QString &section, const QString &key, const QString &value)
 {
-    Global.SettingsOfThisRun.insert(nameOf(section, key), value);
+    held.values.insert(nameOf(section, key), value);
 }
 
 std::optional<QString> HeldForThisRun(const QString &section, const QString &key)
 {
-    const auto found = Global.SettingsOfThisRun.constFind(nameOf(section, key));
-    if (found == Global.SettingsOfThisRun.constEnd())
+    const auto found = held.values.constFind(nameOf(section, key));
+    if (found == held.values.constEnd())
         return std::nullopt;
     return found.value();
 }

@@ -27,8 +27,6 @@ constexpr std::array<NumberHead, 3> idahoHeads{
     {{u"CR-", u"Criminal"}, {u"CV-", u"Civil"}, {u"JV-", u"Juvenile"}}};
 
 constexpr qsizetype typeDigitPosition = 2;
-
-constexpr std::array<QStringView, 4> bankruptcyCourts{u"WAWBK", u"WAEBK", u"IDBK", u"ORBK"};
 } // namespace
 
 int LoadWaCaseTypes()
@@ -49,12 +47,6 @@ QStringList CaseTypesOf(const QString &court)
         types = {u"Civil"_s, u"Criminal"_s, u"Juvenile"_s};
     types.sort();
     return types;
-}
-
-bool IsBankruptcyCourt(QStringView state)
-{
-    return std::find(bankruptcyCourts.begin(), bankruptcyCourts.end(), state)
-           != bankruptcyCourts.end();
 }
 
 QString GetCaseTypeFromNumber(const QString &number, const QString &court)

@@ -10,9 +10,6 @@ int LoadWaCaseTypes();
 /// "OR" and "IDSUP"; anything else has the one item "NOT FOUND!!".
 QStringList CaseTypesOf(const QString &court);
 
-/// Whether the state of a job is one of the bankruptcy courts: "WAWBK", "WAEBK", "IDBK" or "ORBK".
-bool IsBankruptcyCourt(QStringView state);
-
 /// The kind of case that a number tells: by its third digit in Washington (`court` begins "WA"), by
 /// its first letters in Idaho; "" when it tells nothing.
 QString GetCaseTypeFromNumber(const QString &number, const QString &court);

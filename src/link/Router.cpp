@@ -1,11 +1,10 @@
 #include "link/Router.h"
 
-#include "core/CSetting.h"
 #include "core/Clock.h"
 #include "core/EventLoop.h"
 #include "core/GlobalState.h"
 #include "core/Log.h"
-#include "core/Options.h"
+#include "core/Settings.h"
 #include "core/TextUtilities.h"
 #include "link/ConnectState.h"
 #include "link/frmWinsock.h"
@@ -18,7 +17,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 constexpr float connectLimitSeconds = 7.0F;
-constexpr int serverAddresses = 5;
 constexpr int standardPort = 80;
 constexpr int alternatePort = 85;
 constexpr int settleMilliseconds = 100;
@@ -38,14 +36,12 @@ bool connectFailed(const QString &logLine)
 }
 } // namespace
 
-void LoadServerList()
+QStringList LoadServerList()
 {
-    CSetting setting;
-    setting.Init(u"options.ini"_s, true);
-    Global.aServerIPs.clear();
-    for (int i = 1; i <= serverAddresses; ++i)
-        Global.aServerIPs.append(setting.GetSettingStr(
-            u"Communications"_s, u"HVServerIP"_s + QString::number(i), u"0"_s));
+    QStringList addresses;
+    for (int i = 0; i < serverAddressCount; ++i)
+        addresses.append(ReadSetting(ServerAddress(i)));
+    return addresses;
 }
 
 bool ConnectToRouter(const QString &address)
@@ -107,11 +103,11 @@ void DropServerLink()
 
 ServerSelection SelectServer(const std::function<bool()> &cancelled)
 {
-    LoadServerList();
-    for (int i = 0; i < serverAddresses; ++i) {
+    const QStringList addresses = LoadServerList();
+    for (int i = 0; i < serverAddressCount; ++i) {
         if (cancelled())
             return ServerSelection::Cancelled;
-        const QString address = Global.aServerIPs.value(i);
+        const QString address = addresses.value(i);
         if (ConnectToRouter(address)) {
             settle();
             return ServerSelection::Contacted;
@@ -123,7 +119,7 @@ ServerSelection SelectServer(const std::function<bool()> &cancelled)
         WriteAppInfo(u"Note: Swapping Connection Port to: "_s + port);
         if (ConnectToRouter(address)) {
             settle();
-            SaveOptionStr(u"Communications"_s, u"HVServerPort"_s, port);
+            SaveSetting(Setting::ServerPort, SettingWriter::Connecting, port);
             return ServerSelection::Contacted;
         }
         Yield();

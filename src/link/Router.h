@@ -4,9 +4,9 @@
 
 #include <functional>
 
-/// Reads the five server addresses of options.ini into Global.aServerIPs. A missing key gives "0",
-/// which is tried like an address.
-void LoadServerList();
+/// The five server addresses of options.ini, read now. A missing key gives "0", which is tried like
+/// an address.
+QStringList LoadServerList();
 
 /// One attempt to connect to `address` on Global.lngServerPort, 7 seconds at most. True when
 /// connected; otherwise frmWinsock is unloaded.

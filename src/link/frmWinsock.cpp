@@ -2,8 +2,8 @@
 
 #include "core/GlobalState.h"
 #include "core/Log.h"
-#include "core/Options.h"
 #include "core/RunTimeError.h"
+#include "core/Settings.h"
 #include "link/ConnectState.h"
 #include "link/TcpServerSocket.h"
 
@@ -84,7 +84,7 @@ frmWinsock::frmWinsock()
 
     Global.intConnectState = ConnectIdle;
     Global.sckServer = CSock;
-    Global.strInactivityTimeOut = GetOptionStr(u"General"_s, u"InactivityTimeOut"_s);
+    strInactivityTimeOut = ReadSetting(Setting::InactivityTimeOut);
     Global.bConnectionClosed = false;
 
     connect(CSock, &ServerSocket::Connected, this, [] { Global.intConnectState = ConnectDone; });
@@ -185,12 +185,10 @@ void frmWinsock::StopInactivity()
 void frmWinsock::InactivityTick()
 {
     TmrInactivity->stop();
-    Global.strInactivityTimeOut = GetOptionStr(u"General"_s, u"InactivityTimeOut"_s);
-    // Both comparisons are by text, on purpose: "5" is above "30", and "2" is not below "10". The
-    // waits that users know come from exactly this.
-    if (Global.strInactivityTimeOut < u"0"_s || Global.strInactivityTimeOut > u"30"_s)
-        Global.strInactivityTimeOut = u"5"_s;
-    if (TmrInactivityTag < Global.strInactivityTimeOut) {
+    strInactivityTimeOut = SettingValue(Setting::InactivityTimeOut);
+    // By text, as the setting's own rule, on purpose: "5" is above "30", and "2" is not below "10".
+    // The waits that users know come from exactly this.
+    if (TmrInactivityTag < strInactivityTimeOut) {
         TmrInactivityTag = QString::number(ToInteger(TmrInactivityTag) + 1);
         TmrInactivity->start();
         return;

@@ -53,8 +53,9 @@ public:
     void StopInactivity();
 
     ServerSocket *CSock;
-    QTimer *TmrInactivity;    ///< one minute a tick
-    QString TmrInactivityTag; ///< idle minutes so far, as text
+    QTimer *TmrInactivity;        ///< one minute a tick
+    QString TmrInactivityTag;     ///< idle minutes so far, as text
+    QString strInactivityTimeOut; ///< the most idle minutes, compared as text
 
 private:
     frmWinsock();

@@ -3,16 +3,15 @@
 #include "core/TextUtilities.h"
 #include "courts/CaseMarks.h"
 #include "courts/Counties.h"
+#include "courts/CourtTable.h"
 #include "courts/DiscisCourts.h"
+#include "link/RequestLine.h"
 
 #include <array>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr QChar fieldBar(u'\u00A6');
-constexpr QChar frameBar(u'|');
-
 // Cells, in the order of the columns
 constexpr int numberCell = 1;
 constexpr int dateCell = 2;
@@ -29,13 +28,10 @@ constexpr int requestTypeField = 6;
 constexpr QStringView openedMark = u">>";
 constexpr QStringView warningCell = u"**Warning**";
 
-/// Each field closed by its bar. A frame has no escape: what would break the line is left out.
+/// The lines that open a case from a list have the bar, those of Oregon too.
 QString lineOf(const QStringList &fields)
 {
-    QString line;
-    for (const QString &field : fields)
-        line += QString(field).remove(fieldBar).remove(frameBar) + fieldBar;
-    return line;
+    return ComposeLine(fieldBar, fields);
 }
 
 /// "WA Superior Ct King County" gives "King".
@@ -75,33 +71,14 @@ struct StateRow
 {
     QStringView state;
     QString (*countyOf)(const QString &location);
-    QStringView family;
     QStringView words;
-    QStringView courts; ///< behind the county
     QStringView log;
 };
 constexpr std::array<StateRow, 3> states{{
-    {u"WA", washingtonCounty, u"WASUP", u"SUMMARY", u" County, Washington Superior Courts",
-     u"Washington Summary Request: "},
-    {u"OR", oregonCounty, u"OREGON", u"SUMMARY,NAMES,DOCKET,", u" County, Oregon Circuit Courts",
-     u"Oregon Summary Request: "},
-    {u"ID", idahoCounty, u"IDSUP", u"SUMMARY,NAMES,DOCKET,", u" County, Idaho District Courts",
-     u"Idaho Summary Request: "},
+    {u"WA", washingtonCounty, u"SUMMARY", u"Washington Summary Request: "},
+    {u"OR", oregonCounty, u"SUMMARY,NAMES,DOCKET,", u"Oregon Summary Request: "},
+    {u"ID", idahoCounty, u"SUMMARY,NAMES,DOCKET,", u"Idaho Summary Request: "},
 }};
-constexpr QStringView oregonDistrictCourts = u" County, Oregon District Courts";
-
-struct BankruptcyRow
-{
-    QStringView state;
-    QStringView court;
-};
-constexpr std::array<BankruptcyRow, 4> bankruptcyCourts{{
-    {u"ORBK", u"Oregon Bankruptcy Court (Statewide)"},
-    {u"WAWBK", u"Washington Western Bankruptcy Courts"},
-    {u"WAEBK", u"Washington Eastern Bankruptcy Courts"},
-    {u"IDBK", u"Idaho Bankruptcy Court (Statewide)"},
-}};
-
 struct IdahoType
 {
     QStringView head; ///< of the case number
@@ -143,10 +120,8 @@ void fillBankruptcy(CaseFromRow &fields, const QStringList &cells)
     const QString cell = cells.value(numberCell);
     fields.chkBK = true;
     fields.tboxCaseNumberQueue = CaseNumberOf(cell);
-    for (const BankruptcyRow &row : bankruptcyCourts) {
-        if (fields.lblState == row.state)
-            fields.lblCourtName = row.court.toString();
-    }
+    if (const CourtFacts *court = CourtOfState(fields.lblState))
+        fields.lblCourtName = court->OfRow.toString();
     fields.TabRequest = cells.value(retrievalCell);
     fields.Log = u"Bankruptcy Request: "_s + fields.TabRequest;
 }
@@ -155,10 +130,10 @@ void fillWashington(CaseFromRow &fields, const StateRow &row, const QString &num
                     const QString &county)
 {
     fields.txtCountyName = county;
-    fields.lblCourtName = county + row.courts.toString();
+    fields.lblCourtName = CourtsOfCounty(county, CourtFamily::Superior);
     fields.Caption = number + u" - "_s + county + u" County Superior Courts"_s;
-    fields.tboxCaseNumberQueue =
-        lineOf({row.family.toString(), row.words.toString(), number, county, {}});
+    fields.tboxCaseNumberQueue = lineOf(
+        {CourtOfState(row.state)->Word.toString(), row.words.toString(), number, county, {}});
 }
 
 void fillState(CaseFromRow &fields, const StateRow &row, const QStringList &cells,
@@ -171,15 +146,15 @@ void fillState(CaseFromRow &fields, const StateRow &row, const QStringList &cell
     } else {
         QString court = county;
         fields.txtCountyName = county;
-        fields.lblCourtName = county + row.courts.toString();
+        fields.lblCourtName = CourtsOfCounty(county, FamilyOfState(row.state));
         if (row.state == u"OR") {
             fields.lblOrCourtType = isCircuitCourt(location) ? u"C"_s : u"D"_s;
             court = GetOrCountyCode(county) + u' ' + fields.lblOrCourtType;
             if (fields.lblOrCourtType == u"D")
-                fields.lblCourtName = county + oregonDistrictCourts.toString();
+                fields.lblCourtName = CourtsOfCounty(county, CourtFamily::Oregon, true);
         }
         fields.tboxCaseNumberQueue =
-            lineOf({row.family.toString(), row.words.toString(), number, court});
+            lineOf({CourtOfState(row.state)->Word.toString(), row.words.toString(), number, court});
     }
     fields.Log = row.log.toString() + fields.tboxCaseNumberQueue;
 }
@@ -227,7 +202,7 @@ CaseFromRow discisCase(const QStringList &cells, const DiscisRow &row)
         fields.Caption = number + u" - "_s + cells.value(courtPlaceCell);
         fields.lblCourtName = cells.value(courtPlaceCell);
     }
-    fields.tboxCaseNumberQueue = lineOf({u"WADISCIS"_s,
+    fields.tboxCaseNumberQueue = lineOf({CourtOf(CourtFamily::Discis).Word.toString(),
                                          {},
                                          {},
                                          {},
@@ -285,5 +260,5 @@ CaseFromRow DiscisCaseOfRow(const QStringList &cells, ResultKind kind, const QSt
 
 QString CaseTypeOfRequest(const QString &requestLine)
 {
-    return requestLine.split(fieldBar).value(requestTypeField);
+    return requestLine.split(QChar(fieldBar)).value(requestTypeField);
 }

@@ -1,6 +1,8 @@
 #include "namesearch/DuplicateNames.h"
 
 #include "core/TextUtilities.h"
+#include "courts/CourtTable.h"
+#include "link/RequestLine.h"
 
 #include <algorithm>
 #include <array>
@@ -24,7 +26,6 @@ constexpr int firstMeasure = 2;
 constexpr int lastMeasure = 6;
 
 constexpr QStringView retrievedMark = u">>";
-constexpr QChar fieldBar(u'\u00A6');
 constexpr QChar keyDelimiter(u'/');
 constexpr qsizetype sexCell = 1;
 constexpr qsizetype birthCell = 2;
@@ -39,19 +40,6 @@ QString describedAs(const QString &field, int place)
 {
     const bool measure = place >= firstMeasure && place <= lastMeasure;
     return measure && field.contains(u"unknown", Qt::CaseInsensitive) ? u"n/a"_s : field;
-}
-
-/// Each field closed by the bar. What frames a request is left out of them: a field comes from the
-/// server as it is, and must not break the line that it goes back in.
-QString closedFields(const QStringList &fields)
-{
-    QString line;
-    for (QString field : fields) {
-        field.removeIf(
-            [](QChar c) { return c == fieldBar || c == u'|' || c == u'\r' || c == u'\n'; });
-        line += field + fieldBar;
-    }
-    return line;
 }
 } // namespace
 
@@ -100,7 +88,8 @@ QString OutOfSightQuestion(qsizetype outOfSight, qsizetype checked)
 QString CasesOfNameRequest(const QString &search, const QString &nameVal, const QStringList &cells,
                            const QString &key)
 {
-    QStringList fields{u"WADISCIS"_s, u"SEARCH"_s, nameVal, withoutMark(cells.value(0))};
+    QStringList fields{CourtOf(CourtFamily::Discis).Word.toString(), u"SEARCH"_s, nameVal,
+                       withoutMark(cells.value(0))};
     if (search == u"DND") {
         // A row that came without the two numbers of its person has a key of one part. It is asked
         // for all the same, for the server to refuse: left out, its cases would be missing
@@ -113,5 +102,5 @@ QString CasesOfNameRequest(const QString &search, const QString &nameVal, const 
             fields << cells.value(i);
         fields << key.mid(1) << u"SNCINMD"_s;
     }
-    return closedFields(fields);
+    return ComposeLine(fieldBar, fields);
 }

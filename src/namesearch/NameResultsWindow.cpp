@@ -49,9 +49,8 @@ void NameResultsWindow::load(QLabel *lblStatus, QPushButton *cmdStopSearching)
     connect(listview1->List(), &ResultListModel::Flushed, this, &NameResultsWindow::showCount);
     connect(search, &NameSearch::ColumnsChanged, this, &NameResultsWindow::showColumns);
     connect(search, &Job::Ended, this, &NameResultsWindow::FlushRows);
-    // The button is enabled when a search ends; the reports it opens come with a later version.
-    connect(printButton, &QPushButton::clicked, this,
-            [this] { MsgBox(this, u"Printing of results comes with a later version."_s); });
+    // The button is enabled when a search ends.
+    connect(printButton, &QPushButton::clicked, this, &NameResultsWindow::PrintDirect);
     StartJob({lblStatus, cmdStopSearching, listview1, listview1});
 }
 
@@ -125,6 +124,16 @@ void NameResultsWindow::ShowStatus()
 void NameResultsWindow::showCount()
 {
     Label3->setText(search->Record.Label3);
+}
+
+void NameResultsWindow::PrintDirect()
+{
+    MsgBox(this, u"Printing of results comes with a later version."_s);
+}
+
+void NameResultsWindow::PrintToFile(const QString & /*path*/)
+{
+    PrintDirect();
 }
 
 void NameResultsWindow::TellEmptyQueue()

@@ -22,6 +22,9 @@ public:
     /// Queues the window again, with the key it has, for further requests.
     void BeginSearching() { search->BeginSearching(); }
 
+    void PrintDirect() override;
+    void PrintToFile(const QString &path) override;
+
     virtual void InitListView() = 0;
     void ShowHeaderIcon(int column, Qt::SortOrder order, bool show);
     /// Shows the criteria of a line of lboxQueue. Throws error 9 when it has too few fields.

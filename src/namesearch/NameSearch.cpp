@@ -6,9 +6,10 @@
 #include "core/Log.h"
 #include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
-#include "jobs/ClientCode.h"
+#include "courts/CourtTable.h"
 #include "jobs/TurnTaking.h"
 #include "link/Exchange.h"
+#include "link/RequestLine.h"
 #include "namesearch/Replies.h"
 #include "namesearch/ResultRows.h"
 #include "namesearch/SearchCriteria.h"
@@ -252,7 +253,7 @@ CaseFromRow NameSearch::OpenRow(int row)
 
 QString NameSearch::StopRequest() const
 {
-    return StopRequestOf(Record.lblState);
+    return SearchStopOf(Record.lblState);
 }
 
 void NameSearch::StopDone()

@@ -1,15 +1,9 @@
 #include "namesearch/Replies.h"
 
-#include <array>
-
 using namespace Qt::StringLiterals;
 
 namespace {
 constexpr qsizetype shortestProgress = 10;
-
-/// The courts whose requests travel in the "~" family. Idaho's bankruptcy court is not among
-/// them: it is stopped by the common request.
-constexpr std::array<QStringView, 3> tildeStates{u"WAWBK", u"WAEBK", u"ORBK"};
 
 bool isEndMark(const QString &reply, EndMark where)
 {
@@ -57,13 +51,4 @@ QString ProgressText(const QString &reply, bool asItIs)
         return reply;
     QString text = reply;
     return text.replace(u'~', u' ');
-}
-
-QString StopRequestOf(const QString &state)
-{
-    for (const QStringView tilde : tildeStates) {
-        if (state == tilde)
-            return u"BKRPT~STOP~"_s;
-    }
-    return u"STOP\u00A6"_s;
 }

@@ -45,6 +45,3 @@ IndexReplyKind ClassifyIndexReply(const QString &reply);
 /// What a progress reply shows, or "" when it is too short to show anything. `asItIs` leaves each
 /// "~" as it stands; otherwise it becomes a blank.
 QString ProgressText(const QString &reply, bool asItIs = false);
-
-/// The request that tells the server to end the search of `state` (a value of lblState).
-QString StopRequestOf(const QString &state);

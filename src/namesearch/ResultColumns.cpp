@@ -1,6 +1,6 @@
 #include "namesearch/ResultColumns.h"
 
-#include "courts/CaseTypes.h"
+#include "courts/CourtTable.h"
 
 #include <array>
 

@@ -2,16 +2,16 @@
 
 #include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
-#include "courts/CaseTypes.h"
 #include "courts/Counties.h"
+#include "courts/CourtTable.h"
 #include "courts/DiscisCourts.h"
+#include "link/RequestLine.h"
 
 #include <array>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr QChar fieldBar(u'\u00A6');
 constexpr int nameField = 2;
 constexpr int firstNameField = 3;
 constexpr int middleNameField = 4;
@@ -20,7 +20,6 @@ constexpr int countyField = 6;
 constexpr int caseTypeField = 7;
 constexpr qsizetype longestWholeCounty = 20;
 constexpr qsizetype longestCountyHead = 35;
-constexpr QChar indexDelimiter(u'~');
 constexpr qsizetype oregonCodeLength = 3;
 
 /// Oregon and Idaho send codes; each is replaced over the whole text, in this order.
@@ -89,7 +88,9 @@ QString idahoPlace(const QString &county, const QString &countyList)
 SearchCriteria CriteriaOf(const QString &requestLine, const CriteriaSource &source)
 {
     const QStringList fields =
-        TrimBlanks(requestLine).split(source.IndexSearch ? indexDelimiter : fieldBar);
+        TrimBlanks(requestLine)
+            .split(QChar(CourtOf(source.IndexSearch ? CourtSystem::Index : CourtSystem::Superior)
+                             .SearchDelimiter));
     SearchCriteria criteria;
     criteria.Name = nameOf(fields);
     criteria.CaseTypes = caseTypesOf(FieldAt(fields, caseTypeField));
@@ -113,7 +114,7 @@ bool KeepsGivenCriteria(const QString &state)
 
 SearchCriteria DiscisCriteria(const QString &requestLine, const QString &courtCounty)
 {
-    const QStringList fields = TrimBlanks(requestLine).split(fieldBar);
+    const QStringList fields = TrimBlanks(requestLine).split(QChar(fieldBar));
     SearchCriteria criteria;
     criteria.Name = nameOf(fields);
     const clsDiscisCourts *court = DiscisCourtByCode(FieldAt(fields, courtField));
@@ -126,7 +127,7 @@ SearchCriteria DiscisCriteria(const QString &requestLine, const QString &courtCo
 
 std::optional<QString> CountyOfRequest(const QString &requestLine)
 {
-    const QStringList fields = requestLine.split(fieldBar);
+    const QStringList fields = requestLine.split(QChar(fieldBar));
     if (fields.size() <= countyField)
         return std::nullopt;
     return TrimBlanks(QString(fields[countyField]).remove(u','));

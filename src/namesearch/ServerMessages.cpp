@@ -2,6 +2,8 @@
 
 #include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
+#include "courts/CourtTable.h"
+#include "link/RequestLine.h"
 
 #include <algorithm>
 #include <array>
@@ -83,6 +85,8 @@ QString PageRequest(const QString &line, const NextPage &page)
     const qsizetype head = trimmed.lastIndexOf(u"LL=", -1, Qt::CaseInsensitive);
     if (head < 0)
         throw RunTimeError(invalidCall, u"Invalid procedure call or argument"_s);
-    return trimmed.left(head) + u"LL="_s + QString::number(page.Lower) + u"~UL="_s
-           + QString::number(page.Upper) + u'~';
+    return trimmed.left(head)
+           + ComposeLine(
+               CourtOf(CourtSystem::Index).SearchDelimiter,
+               {u"LL="_s + QString::number(page.Lower), u"UL="_s + QString::number(page.Upper)});
 }

@@ -7,16 +7,8 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr std::array<BkCourtRow, bkCourtCount> courts{{
-    {u"WAW", u"WAWBK", u"Washington Western Bankruptcy",
-     u" / Washington Bankruptcy Courts (Western)", u"Washington Bankruptcy Courts (Western)"},
-    {u"WAE", u"WAEBK", u"Washington Eastern Bankruptcy",
-     u" / Washington Bankruptcy Courts (Eastern)", u"Washington Bankruptcy Courts (Eastern)"},
-    {u"OR", u"ORBK", u"Oregon Bankruptcy", u" / Oregon Bankruptcy Courts (Statewide)",
-     u"Oregon Bankruptcy Courts (Statewide)"},
-    {u"ID", u"IDBK", u"Idaho Bankruptcy", u" / Idaho Bankruptcy Courts (Statewide)",
-     u"Idaho Bankruptcy Courts (Statewide)"},
-}};
+/// The boxes of chkBKcourt are in the order of the courts.
+constexpr int firstBkCourt = static_cast<int>(CourtSystem::WesternBankruptcy);
 
 struct BkSearch
 {
@@ -44,11 +36,11 @@ bool isCourt(int index)
 }
 } // namespace
 
-const BkCourtRow &BkCourt(int index)
+const CourtFacts &BkCourt(int index)
 {
     if (!isCourt(index))
         throw RunTimeError::SubscriptOutOfRange();
-    return courts[static_cast<size_t>(index)];
+    return CourtOf(static_cast<CourtSystem>(firstBkCourt + index));
 }
 
 std::optional<QString> BkRequest(const SearchEntry &entry, int courtIndex, int thisYear)
@@ -58,14 +50,14 @@ std::optional<QString> BkRequest(const SearchEntry &entry, int courtIndex, int t
     if (!isCourt(courtIndex) || TypedFieldText(entry.Names[LastName], line).isEmpty())
         return std::nullopt;
     RequestValues values;
-    values.Places = {BkCourt(courtIndex).Code.toString()};
+    values.Places = {BkCourt(courtIndex).Place.toString()};
     values.ThisYear = thisYear;
     return ComposeRequest(line, entry, values);
 }
 
 BkResultsFields BkResultsFieldsOf(const SearchEntry &entry, int courtIndex)
 {
-    const BkCourtRow &court = BkCourt(courtIndex);
-    return {court.lblState.toString(), court.txtCountyList.toString(), u"Bankruptcy"_s,
-            ShownName(entry), searchOf(entry).lblName.toString()};
+    const CourtFacts &court = BkCourt(courtIndex);
+    return {court.State.toString(), court.OfList.toString(), u"Bankruptcy"_s, ShownName(entry),
+            searchOf(entry).lblName.toString()};
 }

@@ -4,20 +4,10 @@
 
 #include <optional>
 
-/// One bankruptcy court: its word in a request and the texts of its windows.
-struct BkCourtRow
-{
-    QStringView Code;
-    QStringView lblState;
-    QStringView txtCountyList;
-    QStringView CaptionSuffix; ///< behind the number, in a case window's caption
-    QStringView lblCourtName;
-};
-
 constexpr int bkCourtCount = 4;
 
-/// The court of a box of chkBKcourt. Throws error 9 when there is no such box.
-const BkCourtRow &BkCourt(int index);
+/// The court of a box of chkBKcourt. Throws error 9 for a box that there is not.
+const CourtFacts &BkCourt(int index);
 
 /// The one line of a search of this court. None when there is no such court, or when nothing
 /// to look for is left of what was entered.

@@ -2,20 +2,16 @@
 
 namespace {
 constexpr std::array<CourtRow, 5> courtRows{{
-    {CourtFamily::Superior, 1, 0, u"WA", u"WASUP", u"Search Entry Form - WA. Superior Courts",
-     u"[Current Court  -  WA Superior]", u"State&wide (39 Counties)", u"(ex. 09-2-02029-9)",
-     u"WA Superior Courts"},
-    {CourtFamily::Discis, 1, 1, u"WA", u"WADISCIS",
-     u"Search Entry Form - WA. District & Municipal Courts",
-     u"[Current Court  -  WA District & Municipal]", u"", u"(ex. 3YH809020)",
-     u"WA District & Municipal Courts"},
-    {CourtFamily::Oregon, 0, -1, u"OR", u"OR", u"Search Entry Form - OR. Circuit/District Court",
-     u"", u"State&wide (37 Counties)", u"(ex. CV08060677)", u"OR Circuit/District Courts"},
-    {CourtFamily::Idaho, 3, -1, u"ID", u"IDSUP", u"Search Entry Form - ID. District Courts", u"",
-     u"State&wide (44 Counties)", u"(ex. CR-1998-0002546-IN)", u"ID District Courts"},
-    {CourtFamily::Bankruptcy, 2, -1, u"FED", u"FED",
-     u"Search Entry Form - Federal Bankruptcy Courts", u"", u"", u"(ex. 99-20077)",
-     u"Federal Bankruptcy Courts"},
+    {CourtFamily::Superior, 1, 0, u"Search Entry Form - WA. Superior Courts",
+     u"[Current Court  -  WA Superior]", u"State&wide (39 Counties)", u"(ex. 09-2-02029-9)"},
+    {CourtFamily::Discis, 1, 1, u"Search Entry Form - WA. District & Municipal Courts",
+     u"[Current Court  -  WA District & Municipal]", u"", u"(ex. 3YH809020)"},
+    {CourtFamily::Oregon, 0, -1, u"Search Entry Form - OR. Circuit/District Court", u"",
+     u"State&wide (37 Counties)", u"(ex. CV08060677)"},
+    {CourtFamily::Idaho, 3, -1, u"Search Entry Form - ID. District Courts", u"",
+     u"State&wide (44 Counties)", u"(ex. CR-1998-0002546-IN)"},
+    {CourtFamily::Bankruptcy, 2, -1, u"Search Entry Form - Federal Bankruptcy Courts", u"", u"",
+     u"(ex. 99-20077)"},
 }};
 
 constexpr QStringView enterNumber = u" STEP 3:   Enter Number";

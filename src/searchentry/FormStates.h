@@ -37,19 +37,16 @@ enum class FormPart : quint32 {
 Q_DECLARE_FLAGS(FormParts, FormPart)
 Q_DECLARE_OPERATORS_FOR_FLAGS(FormParts)
 
-/// One court family.
+/// What the form shows of one court family, beside what the table of courts says.
 struct CourtRow
 {
     CourtFamily court;
     int stateIndex;            ///< of optState
     int courtIndex;            ///< of optCourtSelection; -1 when the family has no button there
-    QStringView searchState;   ///< strSearchState
-    QStringView currentCourt;  ///< strCurrentCourt
     QStringView caption;       ///< of the form
     QStringView courtLabel;    ///< lblCurrentCourt; empty hides it
     QStringView statewide;     ///< caption of optSearchWhere 2; empty leaves it
     QStringView numberExample; ///< lblCaseNumEx
-    QStringView displayName;   ///< how the court is called in the session's search log
 };
 
 /// One search type.

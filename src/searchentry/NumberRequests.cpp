@@ -14,19 +14,13 @@ namespace {
 struct StateRow
 {
     CourtFamily court;
-    QStringView state;
-    QStringView courts; ///< behind the county, in a batch
-    QStringView districtCourts;
     bool courtWithOneNumber;
     bool lineInBatch;
 };
 constexpr std::array<StateRow, 3> states{{
-    {CourtFamily::Superior, u"WA", u" County, Washington Superior Courts",
-     u" County, Washington Superior Courts", true, true},
-    {CourtFamily::Oregon, u"OR", u" County, Oregon Circuit Courts",
-     u" County, Oregon District Courts", false, false},
-    {CourtFamily::Idaho, u"ID", u" County, Idaho District Courts",
-     u" County, Idaho District Courts", false, false},
+    {CourtFamily::Superior, true, true},
+    {CourtFamily::Oregon, false, false},
+    {CourtFamily::Idaho, false, false},
 }};
 
 const StateRow *stateRow(const SearchEntry &entry)
@@ -51,16 +45,14 @@ QString header(const QString &number)
 }
 
 /// What one number and a row of a batch have in common.
-CaseFields fieldsOf(const SearchEntry &entry, const StateRow &row, const QString &typedNumber,
-                    const QString &county)
+CaseFields fieldsOf(const SearchEntry &entry, const QString &typedNumber, const QString &county)
 {
     const QString number = FoldToUpper(TrimBlanks(typedNumber));
     CaseFields fields;
-    fields.lblState = row.state.toString();
+    fields.lblState = CourtOf(entry.Court).State.toString();
     fields.lblCaseDetailsHdr = header(number);
     fields.txtCountyName = county;
-    fields.lblCourtName =
-        county + (entry.DistrictCourt ? row.districtCourts : row.courts).toString();
+    fields.lblCourtName = CourtsOfCounty(county, entry.Court, entry.DistrictCourt);
     fields.lblOrCourtType = courtType(entry);
     fields.txtCaseNumber = number;
     fields.tboxCaseNumberQueue = CaseNumberRequest(number);
@@ -80,7 +72,7 @@ CaseFields NumberFields(const SearchEntry &entry)
     const StateRow *row = stateRow(entry);
     if (!row)
         throw RunTimeError::SubscriptOutOfRange();
-    CaseFields fields = fieldsOf(entry, *row, entry.Names[LastName], entry.NumberCounty);
+    CaseFields fields = fieldsOf(entry, entry.Names[LastName], entry.NumberCounty);
     if (!row->courtWithOneNumber)
         fields.lblCourtName.clear();
     return fields;
@@ -95,7 +87,7 @@ QList<CaseFields> BatchFields(const SearchEntry &entry)
     for (const BatchRow &typed : entry.Batch) {
         if (TrimBlanks(typed.Number).isEmpty())
             continue;
-        CaseFields fields = fieldsOf(entry, *row, typed.Number, typed.County);
+        CaseFields fields = fieldsOf(entry, typed.Number, typed.County);
         if (!row->lineInBatch)
             fields.tboxCaseNumberQueue.clear();
         all.append(fields);
@@ -105,13 +97,13 @@ QList<CaseFields> BatchFields(const SearchEntry &entry)
 
 CaseFields BkNumberFields(const SearchEntry &entry, int courtIndex)
 {
-    const BkCourtRow &court = BkCourt(courtIndex);
+    const CourtFacts &court = BkCourt(courtIndex);
     const QString number = FoldToUpper(TrimBlanks(entry.Names[LastName]));
     CaseFields fields;
-    fields.lblState = court.lblState.toString();
+    fields.lblState = court.State.toString();
     fields.lblCaseDetailsHdr = header(number);
-    fields.Caption = number + court.CaptionSuffix.toString();
-    fields.lblCourtName = court.lblCourtName.toString();
+    fields.Caption = number + u" / " + court.OfNumber;
+    fields.lblCourtName = court.OfNumber.toString();
     fields.txtCaseNumber = number;
     fields.chkBK = true;
     return fields;

@@ -2,6 +2,7 @@
 
 #include "core/Log.h"
 #include "courts/Counties.h"
+#include "link/RequestLine.h"
 
 #include <QStringList>
 
@@ -10,7 +11,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr QChar fieldBar(u'\u00A6');
 constexpr qsizetype placeField = 6;
 constexpr qsizetype caseTypesField = 7;
 constexpr qsizetype partsTooFew = 10; ///< ten fields, each with its bar, are eleven parts
@@ -26,7 +26,7 @@ struct CountyCourt
 
 std::optional<CountyCourt> countyCourt(const QString &line)
 {
-    const QStringList parts = line.split(fieldBar);
+    const QStringList parts = line.split(QChar(fieldBar));
     if (parts.size() <= partsTooFew || parts[placeField].isEmpty()
         || parts[caseTypesField].isEmpty())
         return std::nullopt;
@@ -72,7 +72,8 @@ QString FixOregonRequest(const QString &line)
     // Over the whole line, names too: that is how these searches have always gone out.
     if (lacksJuvenile(line, *court)) {
         fixed.remove(u"JU"_s);
-        fixed.replace(u"\u00A6,"_s, u"\u00A6"_s);
+        const QChar bar(fieldBar);
+        fixed.replace(bar + u","_s, QString(bar));
         fixed.replace(u",,"_s, u","_s);
     }
     return fixed;

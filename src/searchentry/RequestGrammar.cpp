@@ -1,64 +1,66 @@
 #include "searchentry/RequestGrammar.h"
 
 #include "core/TextUtilities.h"
+#include "link/RequestLine.h"
 
 using namespace Qt::StringLiterals;
 using enum RequestField;
 
 namespace {
-constexpr char16_t bar = u'\u00A6';
-constexpr char16_t tilde = u'~';
-
 constexpr AllYears emptyYears{u"", false};
 constexpr AllYears indexYears{u"1970", true};
 constexpr AllYears bankruptcyYears{u"1980", true};
 
+// All bankruptcy courts have the same lines.
+constexpr CourtSystem bankruptcy = CourtSystem::WesternBankruptcy;
+
+/// The court's own word stands in front of the fields.
 template<size_t N>
-constexpr RequestRow row(RequestLine line, char16_t delimiter, AllYears years,
+constexpr RequestRow row(RequestLine line, CourtSystem system, AllYears years,
                          const RequestFieldSpec (&fields)[N])
 {
-    static_assert(N <= mostRequestFields);
-    RequestRow made{line, delimiter, years, N, {}};
+    static_assert(N < mostRequestFields);
+    const CourtFacts &court = CourtOf(system);
+    RequestRow made{line, court.SearchDelimiter, years, N + 1, {}};
+    made.Fields[0] = RequestFieldSpec(court.Word);
     for (size_t i = 0; i < N; ++i)
-        made.Fields[i] = fields[i];
+        made.Fields[i + 1] = fields[i];
     return made;
 }
 
-// The keywords are exact, and so is the delimiter: it belongs to the family.
+// The keywords are exact.
 constexpr std::array<RequestRow, 16> rows{{
-    row(RequestLine::Superior, bar, emptyYears,
-        {u"WASUP", u"SEARCH", Last, First, MI, Empty, PlacesWithComma, CaseTypes, FromYear,
-         ToYear}),
-    row(RequestLine::Index, tilde, indexYears,
-        {u"INDEX", u"SEARCH", Last, First, MI, Empty, PlacesWithComma, CaseTypes, FromYear, ToYear,
-         u"LL=1", Limit}),
-    row(RequestLine::OregonByCounty, bar, emptyYears,
-        {u"OREGON", u"SEARCH", Last, First, MI, Empty, Place, CaseTypes, FromYear, ToYear}),
-    row(RequestLine::OregonStatewide, bar, emptyYears,
-        {u"OREGON", u"SEARCH", Last, First, MI, Empty, u"*ALL", CaseTypes, FromYear, ToYear}),
-    row(RequestLine::IdahoByCounty, bar, emptyYears,
-        {u"IDSUP", u"SEARCH", Last, First, MI, Empty, PlacesWithComma, CaseTypes, FromYear,
-         ToYear}),
-    row(RequestLine::IdahoStatewide, bar, emptyYears,
-        {u"IDSUP", u"SEARCH", Last, First, MI, Empty, u"*ALL", CaseTypes, FromYear, ToYear}),
-    row(RequestLine::DiscisStatewide, bar, emptyYears,
-        {u"WADISCIS", u"SEARCH", Last, First, MI, u"*SW", u"IN", u"SNCI"}),
-    row(RequestLine::DiscisDefendants, bar, emptyYears,
-        {u"WADISCIS", u"SEARCH", Last, First, MI, u"*SW", u"IN", u"DND"}),
-    row(RequestLine::DiscisNonCivil, bar, emptyYears,
-        {u"WADISCIS", u"SEARCH", Last, First, MI, Place, u"IN", u"CNCI"}),
-    row(RequestLine::DiscisCivil, bar, emptyYears,
-        {u"WADISCIS", u"SEARCH", Last, First, MI, Place, u"CV", u"CNCI"}),
-    row(RequestLine::BkPerson, tilde, bankruptcyYears,
-        {u"BKRPT", u"SEARCH", Last, First, MI, Empty, Place, u"*ALL", FromYear, ToYear}),
-    row(RequestLine::BkBusiness, tilde, bankruptcyYears,
-        {u"BKRPT", u"SEARCHBUS", Last, Place, u"*ALL", FromYear, ToYear}),
-    row(RequestLine::BkNumber, tilde, bankruptcyYears, {u"BKRPT", u"SUMMARY", Number, Place}),
-    row(RequestLine::BkTaxId, tilde, bankruptcyYears,
-        {u"BKRPT", u"SEARCHTID", Number, Place, u"*ALL", FromYear, ToYear}),
-    row(RequestLine::BkSsn, tilde, bankruptcyYears,
-        {u"BKRPT", u"SEARCHSSN", Number, Place, u"*ALL", FromYear, ToYear}),
-    row(RequestLine::CaseNumber, bar, emptyYears, {u"WASUP", u"SUMMARY", Number}),
+    row(RequestLine::Superior, CourtSystem::Superior, emptyYears,
+        {u"SEARCH", Last, First, MI, Empty, PlacesWithComma, CaseTypes, FromYear, ToYear}),
+    row(RequestLine::Index, CourtSystem::Index, indexYears,
+        {u"SEARCH", Last, First, MI, Empty, PlacesWithComma, CaseTypes, FromYear, ToYear, u"LL=1",
+         Limit}),
+    row(RequestLine::OregonByCounty, CourtSystem::Oregon, emptyYears,
+        {u"SEARCH", Last, First, MI, Empty, Place, CaseTypes, FromYear, ToYear}),
+    row(RequestLine::OregonStatewide, CourtSystem::Oregon, emptyYears,
+        {u"SEARCH", Last, First, MI, Empty, u"*ALL", CaseTypes, FromYear, ToYear}),
+    row(RequestLine::IdahoByCounty, CourtSystem::Idaho, emptyYears,
+        {u"SEARCH", Last, First, MI, Empty, PlacesWithComma, CaseTypes, FromYear, ToYear}),
+    row(RequestLine::IdahoStatewide, CourtSystem::Idaho, emptyYears,
+        {u"SEARCH", Last, First, MI, Empty, u"*ALL", CaseTypes, FromYear, ToYear}),
+    row(RequestLine::DiscisStatewide, CourtSystem::DiscisNonCivil, emptyYears,
+        {u"SEARCH", Last, First, MI, u"*SW", u"IN", u"SNCI"}),
+    row(RequestLine::DiscisDefendants, CourtSystem::DiscisNonCivil, emptyYears,
+        {u"SEARCH", Last, First, MI, u"*SW", u"IN", u"DND"}),
+    row(RequestLine::DiscisNonCivil, CourtSystem::DiscisNonCivil, emptyYears,
+        {u"SEARCH", Last, First, MI, Place, u"IN", u"CNCI"}),
+    row(RequestLine::DiscisCivil, CourtSystem::DiscisCivil, emptyYears,
+        {u"SEARCH", Last, First, MI, Place, u"CV", u"CNCI"}),
+    row(RequestLine::BkPerson, bankruptcy, bankruptcyYears,
+        {u"SEARCH", Last, First, MI, Empty, Place, u"*ALL", FromYear, ToYear}),
+    row(RequestLine::BkBusiness, bankruptcy, bankruptcyYears,
+        {u"SEARCHBUS", Last, Place, u"*ALL", FromYear, ToYear}),
+    row(RequestLine::BkNumber, bankruptcy, bankruptcyYears, {u"SUMMARY", Number, Place}),
+    row(RequestLine::BkTaxId, bankruptcy, bankruptcyYears,
+        {u"SEARCHTID", Number, Place, u"*ALL", FromYear, ToYear}),
+    row(RequestLine::BkSsn, bankruptcy, bankruptcyYears,
+        {u"SEARCHSSN", Number, Place, u"*ALL", FromYear, ToYear}),
+    row(RequestLine::CaseNumber, CourtSystem::Superior, emptyYears, {u"SUMMARY", Number}),
 }};
 
 constexpr bool rowsStandInOrder()
@@ -114,14 +116,6 @@ QString fieldText(const RequestRow &row, const RequestFieldSpec &field, const Se
     return {};
 }
 
-QString withoutFrameCharacters(QString text, char16_t delimiter)
-{
-    text.removeIf([delimiter](QChar c) {
-        return c == delimiter || c == bar || c == u'|' || c == u'\r' || c == u'\n';
-    });
-    return text;
-}
-
 /// The boxes that the user typed into: only they lose the blanks at their ends. A place keeps
 /// them, " C" of a county without a code among them.
 constexpr bool isTyped(RequestField field)
@@ -143,19 +137,17 @@ const RequestRow &RequestRowOf(RequestLine line)
 QString ComposeRequest(RequestLine line, const SearchEntry &entry, const RequestValues &values)
 {
     const RequestRow &row = RequestRowOf(line);
-    QString request;
+    QStringList fields;
     for (size_t i = 0; i < row.Count; ++i) {
         const QString text = fieldText(row, row.Fields[i], entry, values);
-        request += isTyped(row.Fields[i].Field) ? TypedFieldText(text, line)
-                                                : withoutFrameCharacters(text, row.Delimiter);
-        request += QChar(row.Delimiter);
+        fields += isTyped(row.Fields[i].Field) ? TypedFieldText(text, line) : text;
     }
-    return request;
+    return ComposeLine(row.Delimiter, fields);
 }
 
 QString TypedFieldText(const QString &text, RequestLine line)
 {
-    return TrimBlanks(withoutFrameCharacters(text, RequestRowOf(line).Delimiter));
+    return TrimBlanks(FieldText(text, RequestRowOf(line).Delimiter));
 }
 
 QString EachWithComma(const QStringList &items)

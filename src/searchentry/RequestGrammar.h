@@ -4,8 +4,8 @@
 
 #include <span>
 
-// Every search request is one line of fields, each followed by its family's delimiter, the last one
-// too. What stands in which field is one table; nothing else in the program writes a search line.
+// What stands in which field of a search request is one table; nothing else in the program writes a
+// search line.
 
 /// The kinds of search line, in the order of their table.
 enum class RequestLine {
@@ -52,6 +52,9 @@ struct RequestFieldSpec
     constexpr RequestFieldSpec() = default;
     // Implicit, so that a row of the table reads like the line it makes.
     constexpr RequestFieldSpec(RequestField field) : Field(field) {}
+    explicit constexpr RequestFieldSpec(QStringView word) : Field(RequestField::Literal), Text(word)
+    {
+    }
     template<size_t N>
     constexpr RequestFieldSpec(const char16_t (&word)[N])
         : Field(RequestField::Literal), Text(word, N - 1)

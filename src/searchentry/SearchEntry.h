@@ -1,12 +1,11 @@
 #pragma once
 
+#include "courts/CourtTable.h"
+
 #include <QString>
 #include <QStringList>
 
 #include <array>
-
-/// The court families, in the order of the list of jurisdictions.
-enum class CourtFamily { Superior, Discis, Oregon, Idaho, Bankruptcy };
 
 /// What a search looks for, in the order of the search type buttons.
 enum class SearchKind { Person, Business, Number, TaxId, Ssn };

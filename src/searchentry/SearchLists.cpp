@@ -211,7 +211,7 @@ void frmSearchWA::LoadDiscisCountyList()
         box->clear();
         box->addItem(allCounties.toString());
         if (state.Kind == SearchKind::Person
-            && Global.intSearchWhere == static_cast<qint16>(SearchScope::DiscisNonCivil))
+            && intSearchWhere == static_cast<qint16>(SearchScope::DiscisNonCivil))
             box->addItem(addressesOnly.toString());
         box->addItems(WaCountyNames());
         box->setCurrentIndex(std::max(0, box->findText(chosen)));

@@ -5,8 +5,8 @@
 #include "controls/MsgBox.h"
 #include "core/GlobalState.h"
 #include "core/Log.h"
-#include "core/Options.h"
 #include "core/RunTimeError.h"
+#include "core/Settings.h"
 #include "core/TextUtilities.h"
 #include "core/TurnHold.h"
 #include "core/Windows1252.h"
@@ -51,13 +51,13 @@ constexpr std::array<DisclaimerRow, 3> disclaimers{{
 struct DefaultCountyRow
 {
     CourtFamily court;
-    QStringView key;
+    Setting setting;
     QString GlobalState::*county;
 };
 constexpr std::array<DefaultCountyRow, 3> defaultCounties{{
-    {CourtFamily::Superior, u"DefaultWaCounty", &GlobalState::strDefaultWaCounty},
-    {CourtFamily::Oregon, u"DefaultOrCounty", &GlobalState::strDefaultOrCounty},
-    {CourtFamily::Idaho, u"DefaultIdCounty", &GlobalState::strDefaultIDCounty},
+    {CourtFamily::Superior, Setting::DefaultWaCounty, &GlobalState::strDefaultWaCounty},
+    {CourtFamily::Oregon, Setting::DefaultOrCounty, &GlobalState::strDefaultOrCounty},
+    {CourtFamily::Idaho, Setting::DefaultIdCounty, &GlobalState::strDefaultIDCounty},
 }};
 
 enum BatchButton { RetrieveAndPrint, SameCounties, Reset, SaveDefaultCounty, Retrieve };
@@ -77,7 +77,7 @@ MsgIcon iconOf(MessageIcon icon)
 
 bool accountingEnabled()
 {
-    return GetOptionStr(u"Accounting"_s, u"EnableAcctg"_s) == u"1";
+    return ReadSetting(Setting::EnableAcctg) == u"1";
 }
 
 QString currentCode()
@@ -100,7 +100,7 @@ SearchEntry frmSearchWA::Entry() const
     entry.Court = state.Court;
     entry.Kind = state.Kind;
     entry.CourtName = courtDisplayName;
-    entry.Where = static_cast<SearchScope>(Global.intSearchWhere);
+    entry.Where = static_cast<SearchScope>(intSearchWhere);
     for (size_t i = 0; i < entry.Names.size(); ++i)
         entry.Names[i] = textOf(txtSearchName[i]);
     entry.Counties = ui->lboxCountyOrProfile->Selected();
@@ -420,7 +420,7 @@ void frmSearchWA::SetDefaultCounty()
         if (row.court != state.Court)
             continue;
         Global.*row.county = cbCty1[0]->currentText();
-        SaveOptionStr(u"Searching"_s, row.key.toString(), Global.*row.county);
+        SaveSetting(row.setting, SettingWriter::BatchEntry, Global.*row.county);
     }
 }
 

@@ -12,28 +12,22 @@ namespace {
 struct TitleRow
 {
     CourtFamily court;
-    bool district; ///< Oregon's District Courts
-    QStringView state;
-    QStringView courts;
     QStringView oneCounty;
     QStringView severalCounties;
 };
 
 // One word for one county and for several, except in Idaho: that is how the windows have always
 // read.
-constexpr std::array<TitleRow, 4> titles{{
-    {CourtFamily::Superior, false, u"WA", u"Washington Superior Courts", u" County", u" County"},
-    {CourtFamily::Oregon, false, u"OR", u"Oregon Circuit Courts", u" County", u" County"},
-    {CourtFamily::Oregon, true, u"OR", u"Oregon District Courts", u" County", u" County"},
-    {CourtFamily::Idaho, false, u"ID", u"Idaho District Courts", u" County", u" Counties"},
+constexpr std::array<TitleRow, 3> titles{{
+    {CourtFamily::Superior, u" County", u" County"},
+    {CourtFamily::Oregon, u" County", u" County"},
+    {CourtFamily::Idaho, u" County", u" Counties"},
 }};
 
 const TitleRow *titleRow(const SearchEntry &entry)
 {
-    const bool district = entry.Court == CourtFamily::Oregon && entry.DistrictCourt;
-    const auto *found = std::find_if(titles.begin(), titles.end(), [&](const TitleRow &row) {
-        return row.court == entry.Court && row.district == district;
-    });
+    const auto *found = std::find_if(titles.begin(), titles.end(),
+                                     [&](const TitleRow &row) { return row.court == entry.Court; });
     return found == titles.end() ? nullptr : found;
 }
 
@@ -58,7 +52,8 @@ QString JurisdictionsTitle(const SearchEntry &entry)
     const TitleRow *row = titleRow(entry);
     if (!row)
         return {};
-    const QString courts = u" - "_s + row->courts.toString();
+    const CourtFacts &court = CourtOf(entry.Court);
+    const QString courts = u" - " + (entry.DistrictCourt ? court.DistrictCourts : court.Courts);
     if (entry.Where == SearchScope::Statewide)
         return u"Statewide (All Counties)"_s + courts;
     const QString names = entry.Counties.join(u", "_s);
@@ -97,8 +92,8 @@ QString ShownName(const SearchEntry &entry)
 NameResultsFields NameResultsFieldsOf(const SearchEntry &entry)
 {
     NameResultsFields fields;
-    if (const TitleRow *row = titleRow(entry))
-        fields.lblState = row->state.toString();
+    if (titleRow(entry))
+        fields.lblState = CourtOf(entry.Court).State.toString();
     const bool statewide = entry.Where == SearchScope::Statewide;
     fields.chkIndexSearch = IsIndexSearch(entry);
     fields.OrStatewide = statewide && entry.Court == CourtFamily::Oregon;

@@ -5,8 +5,8 @@
 #include "controls/SearchTextBox.h"
 #include "core/GlobalState.h"
 #include "core/Log.h"
-#include "core/Options.h"
 #include "core/RunTimeError.h"
+#include "core/Settings.h"
 #include "core/TextUtilities.h"
 #include "core/Windows1252.h"
 #include "searchentry/FieldRules.h"
@@ -72,7 +72,7 @@ void frmAccounting::cmdOK_Click()
     const bool wanted = !ui->chkDontShowAgain->isChecked();
     if (wanted && !MaySend(code))
         return;
-    SaveOptionStr(u"Accounting"_s, u"EnableAcctg"_s, wanted ? u"1"_s : u"0"_s);
+    SaveSetting(Setting::EnableAcctg, SettingWriter::Accounting, wanted ? u"1"_s : u"0"_s);
     Global.bEnableAcctg = wanted;
     Q_EMIT AccountingEvents::Of().OptionChanged(wanted);
     // A session that ended meanwhile took its code along: the next one is not billed to it.

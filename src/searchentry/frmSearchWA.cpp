@@ -91,7 +91,7 @@ frmSearchWA::frmSearchWA() : ui(std::make_unique<Ui::frmSearchWA>())
     LoadDiscisCourts();
     LoadSearchYears();
     GoTo(state);
-    courtDisplayName = CourtRowOf(state.Court).displayName.toString();
+    courtDisplayName = CourtOf(state.Court).Display.toString();
     optSearchType_Click(0);
     LoadCountyLists();
     SelectState(Global.strDefaultView);
@@ -249,8 +249,7 @@ void frmSearchWA::ConnectChoices()
     onChoice(
         optDiscisSearch,
         [this](int i) {
-            return (Global.intSearchWhere == static_cast<qint16>(SearchScope::DiscisCivil))
-                   == (i == 0);
+            return (intSearchWhere == static_cast<qint16>(SearchScope::DiscisCivil)) == (i == 0);
         },
         &frmSearchWA::optDiscisSearch_Click);
     connect(ui->optSearchYears_0, &QRadioButton::toggled, this, &frmSearchWA::optSearchYears_Click);
@@ -290,11 +289,11 @@ void frmSearchWA::GoTo(FormState next)
     const FormState before = std::exchange(state, next);
     parts = ViewOf(state);
     const CourtRow &court = CourtRowOf(state.Court);
-    Global.strSearchState = court.searchState.toString();
-    Global.strCurrentCourt = court.currentCourt.toString();
-    Global.strCurrentSearchType = KindRowOf(state.Kind).type.toString();
+    Global.strSearchState = CourtOf(state.Court).SearchState.toString();
+    strCurrentCourt = CourtOf(state.Court).CurrentCourt.toString();
+    strCurrentSearchType = KindRowOf(state.Kind).type.toString();
     if (state.Court != CourtFamily::Discis)
-        Global.intSearchWhere = static_cast<qint16>(state.Where);
+        intSearchWhere = static_cast<qint16>(state.Where);
     LastStateIndex = court.stateIndex;
     ShowParts();
     // Whether the index is used is a setting, until the user says otherwise for this search.
@@ -442,10 +441,10 @@ void frmSearchWA::SelectCourtState(FormState next)
     next.Where = SearchScope::Counties;
     next.Batch = false;
     GoTo(next);
-    courtDisplayName = CourtRowOf(state.Court).displayName.toString();
+    courtDisplayName = CourtOf(state.Court).Display.toString();
     // A court begins as the setting says, also when it is chosen again.
     ui->chkUseIndex->setChecked(Shows(FormPart::UseIndex) && Global.strDefaultToWaIndex == u"1");
-    LoadCaseTypes(Global.strCurrentCourt);
+    LoadCaseTypes(strCurrentCourt);
     LoadCountyLists();
     if (state.Court == CourtFamily::Discis)
         optDiscisSearch_Click(0);
@@ -480,7 +479,7 @@ void frmSearchWA::optSearchType_Click(int index)
     if (KindRowOf(state.Kind).empties) {
         for (QLineEdit *box : txtSearchName)
             box->clear();
-        LoadCaseTypes(Global.strCurrentCourt);
+        LoadCaseTypes(strCurrentCourt);
     }
     if (state.Court == CourtFamily::Discis)
         LoadDiscisCountyList();
@@ -500,7 +499,7 @@ void frmSearchWA::optSearchWhere_Click(int index)
 void frmSearchWA::optDiscisSearch_Click(int index)
 {
     choose(optDiscisSearch, index);
-    Global.intSearchWhere =
+    intSearchWhere =
         static_cast<qint16>(index == 0 ? SearchScope::DiscisCivil : SearchScope::DiscisNonCivil);
     LoadDiscisCountyList();
 }
@@ -556,7 +555,7 @@ void frmSearchWA::ResetFormFields()
     for (QCheckBox *court : chkBKcourt)
         court->setChecked(false);
     // As it has always been called after that, whatever the court.
-    courtDisplayName = CourtRowOf(CourtFamily::Superior).displayName.toString();
+    courtDisplayName = CourtOf(CourtFamily::Superior).Display.toString();
 }
 
 void frmSearchWA::cmdClearForm_Click()
@@ -574,7 +573,7 @@ void frmSearchWA::SelectFirstCourt()
 void frmSearchWA::SelectState(const QString &searchState)
 {
     for (const CourtRow &row : CourtRows()) {
-        if (row.searchState != searchState)
+        if (CourtOf(row.court).SearchState != searchState)
             continue;
         if (LastStateIndex != row.stateIndex)
             optState_Click(row.stateIndex);

@@ -85,6 +85,11 @@ public:
     void AddRecordToSearchList();
     const QList<SearchLogRow> &SearchList() const { return searchList; }
 
+    // Where the user is, as the texts and numbers of the state
+    QString strCurrentCourt;      ///< "WASUP", "WADISCIS", "OR", "IDSUP" or "FED"
+    QString strCurrentSearchType; ///< "Individual Name", "Business Name" or "Case Number"
+    qint16 intSearchWhere = 0;    ///< 1 county, 2 template, 3 statewide, 5 civil, 6 non-civil
+
 protected:
     void Unloading() override;
     void keyPressEvent(QKeyEvent *event) override;

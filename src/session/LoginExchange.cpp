@@ -4,6 +4,8 @@
 #include "core/Log.h"
 #include "core/TextUtilities.h"
 #include "link/Exchange.h"
+#include "link/RequestLine.h"
+#include "session/SessionState.h"
 
 using namespace Qt::StringLiterals;
 
@@ -26,11 +28,10 @@ SessionResult Login(const QString &userName, const QString &password, const QStr
                     const ShowStatus &show)
 {
     WriteAppInfo(u"******** Client Login: Started ********"_s);
-    Global.strUserName = TrimBlanks(userName);
-    Global.strUserPassword = TrimBlanks(password);
-    const QChar bar(u'\u00A6');
+    Session.strUserName = TrimBlanks(userName);
+    Session.strUserPassword = TrimBlanks(password);
     const QString request =
-        u"LOGON"_s + bar + Global.strUserName + bar + Global.strUserPassword + bar + version + bar;
+        ComposeLine(fieldBar, {u"LOGON"_s, Session.strUserName, Session.strUserPassword, version});
     show(u"Logging On .."_s);
     const SendStatus sent = BeginExchange(request);
     if (sent == SendStatus::NotConnected)

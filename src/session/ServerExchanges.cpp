@@ -6,6 +6,8 @@
 #include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
 #include "link/Exchange.h"
+#include "link/RequestLine.h"
+#include "session/SessionState.h"
 
 using namespace Qt::StringLiterals;
 
@@ -38,9 +40,9 @@ void appendMessage(QString &message, const QString &token)
 
 void applyIniLine()
 {
-    if (Global.strIniLine.size() < shortestIniLine)
+    if (Session.strIniLine.size() < shortestIniLine)
         return;
-    const QStringList parts = Global.strIniLine.split(u'=');
+    const QStringList parts = Session.strIniLine.split(u'=');
     SaveOptionStr(TrimBlanks(FieldAt(parts, 0)), TrimBlanks(FieldAt(parts, 1)),
                   TrimBlanks(FieldAt(parts, 2)));
 }
@@ -62,7 +64,7 @@ bool readIniLines()
         else if (response.Token.startsWith(u"EOS~"))
             applyIniLine();
         else if (response.Status == ReadStatus::Token)
-            Global.strIniLine = TrimBlanks(response.Token);
+            Session.strIniLine = TrimBlanks(response.Token);
         return complete;
     });
     if (status == ReadStatus::TimedOutOrLost)
@@ -79,24 +81,24 @@ QString readSystemMessage()
                      + numberText(response.Status));
         if (response.Status != ReadStatus::Token || isEndMark(response.Token))
             return true;
-        appendMessage(Global.strSystemMsg, response.Token);
+        appendMessage(Session.strSystemMsg, response.Token);
         return false;
     };
     const ReadStatus status = ReadReply(take, EachRound::GoesOn);
     Global.bGettingMessages = false;
     if (status == ReadStatus::Token)
-        return Global.strSystemMsg;
+        return Session.strSystemMsg;
     WriteAppInfo(status == ReadStatus::TimedOutOrLost
                      ? u"Server Timeout - No Response From Server during system message "
                        "retrieval!!"_s
                      : u"Lost connection to server"_s);
-    Global.strSystemMsg.clear();
+    Session.strSystemMsg.clear();
     return {};
 }
 
 QString noPrivateMessage()
 {
-    Global.strPrivateMsgs.clear();
+    Session.strPrivateMsgs.clear();
     return NoMessagesFound();
 }
 
@@ -112,7 +114,7 @@ QString readPrivateMessage()
                      + numberText(response.Status));
         if (isEndMark(response.Token))
             return true;
-        appendMessage(Global.strPrivateMsgs, response.Token);
+        appendMessage(Session.strPrivateMsgs, response.Token);
         return false;
     });
     if (refused)
@@ -121,7 +123,7 @@ QString readPrivateMessage()
         WriteAppInfo(u"No Response From Server during system message retrieval! Skipping."_s);
         return noPrivateMessage();
     }
-    return Global.strPrivateMsgs == NoMessagesFound() ? QString() : Global.strPrivateMsgs;
+    return Session.strPrivateMsgs == NoMessagesFound() ? QString() : Session.strPrivateMsgs;
 }
 
 QString readCourtStatus()
@@ -174,7 +176,7 @@ bool GetIniValues(const ShowStatus &show)
         Global.bGettingParams = true;
         WriteAppInfo(u"******** Retrieving System Parameter Updates ********"_s);
         show(u"Please Wait.. Retrieving Important System Update(s) From Server .."_s);
-        const SendStatus sent = BeginExchange(u"GETINIVAL\u00A6"_s);
+        const SendStatus sent = BeginExchange(ComposeLine(fieldBar, {u"GETINIVAL"_s}));
         WriteAppInfo(u"Sent GetIniVal request and result was: "_s + numberText(sent));
         return readIniLines();
     } catch (const RunTimeError &) {
@@ -187,10 +189,10 @@ QString GetSystemMessage(const ShowStatus &show)
 {
     try {
         WriteAppInfo(u"******** Retrieving System Broadcast Message ********"_s);
-        Global.strSystemMsg.clear();
+        Session.strSystemMsg.clear();
         Global.bGettingMessages = true;
         show(u"Please Wait.. Retrieving Important System Message(s) From Server .."_s);
-        const SendStatus sent = BeginExchange(u"GETMSG\u00A6"_s);
+        const SendStatus sent = BeginExchange(ComposeLine(fieldBar, {u"GETMSG"_s}));
         WriteAppInfo(u"Sent Message request and result was: "_s + numberText(sent));
         return readSystemMessage();
     } catch (const RunTimeError &) {
@@ -204,12 +206,11 @@ QString GetPrivateMessage(const QString &userName, const QString &password, cons
                           const ShowStatus &show)
 {
     try {
-        Global.strPrivateMsgs.clear();
+        Session.strPrivateMsgs.clear();
         WriteAppInfo(u"******** Retrieving Private Messages ********"_s);
         show(u"Please Wait. Retrieving Important Private Message(s) .."_s);
-        const QChar bar(u'\u00A6');
-        const SendStatus sent = BeginExchange(u"GET_PRIV_MSG"_s + bar + userName + bar + password
-                                              + bar + version + bar);
+        const SendStatus sent =
+            BeginExchange(ComposeLine(fieldBar, {u"GET_PRIV_MSG"_s, userName, password, version}));
         WriteAppInfo(u"Sent Private Message request and result was: "_s + numberText(sent));
         return readPrivateMessage();
     } catch (const RunTimeError &) {
@@ -222,7 +223,7 @@ QString GetCourtStatus(const ShowStatus &show)
 {
     try {
         show(u"Checking Court Availability.."_s);
-        const SendStatus sent = BeginExchange(u"COURT_STATUS\u00A6"_s);
+        const SendStatus sent = BeginExchange(ComposeLine(fieldBar, {u"COURT_STATUS"_s}));
         WriteAppInfo(u"Requesting Court Availability From Server and Result is: "_s
                      + numberText(sent));
         const QString status = readCourtStatus();
@@ -242,7 +243,7 @@ QString GetCourtStatus(const ShowStatus &show)
 void GetClientAcctgOption()
 {
     try {
-        BeginExchange(u"GETCLIENTACCTGOPT~"_s);
+        BeginExchange(ComposeLine(u'~', {u"GETCLIENTACCTGOPT"_s}));
         readClientAcctgOption();
     } catch (const RunTimeError &) {
         WriteAppInfo(u"Error While Retrieving the Client Accounting Option"_s);

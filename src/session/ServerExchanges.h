@@ -15,7 +15,7 @@ using ShowStatus = std::function<void(const QString &)>;
 /// reach its end.
 bool GetIniValues(const ShowStatus &show);
 
-/// The broadcast message for all users, "" for none. Also in Global.strSystemMsg.
+/// The broadcast message for all users, "" for none. Also in Session.strSystemMsg.
 QString GetSystemMessage(const ShowStatus &show);
 
 /// The private messages of a user, "" for none, or "No messages found." when the server refused or

@@ -1,7 +1,7 @@
 #include "session/frmElapsedTime.h"
 
 #include "controls/WindowPlace.h"
-#include "core/GlobalState.h"
+#include "session/SessionState.h"
 #include "ui_frmElapsedTime.h"
 
 frmElapsedTime::frmElapsedTime(QWidget *parent)
@@ -9,9 +9,9 @@ frmElapsedTime::frmElapsedTime(QWidget *parent)
 {
     ui->setupUi(this);
     CentreOnScreen(this);
-    ui->lblElapsedTime->setText(Global.strSessionTime);
+    ui->lblElapsedTime->setText(Session.strSessionTime);
     connect(ui->Command1, &QPushButton::clicked, this, &QDialog::accept);
-    connect(this, &QDialog::finished, this, [] { Global.strSessionTime.clear(); });
+    connect(this, &QDialog::finished, this, [] { Session.strSessionTime.clear(); });
 }
 
 frmElapsedTime::~frmElapsedTime() = default;

@@ -8,7 +8,7 @@ namespace Ui {
 class frmElapsedTime;
 }
 
-/// The session status after a logout: shows Global.strSessionTime, and empties it on the way out.
+/// The session status after a logout: shows Session.strSessionTime, and empties it on the way out.
 class frmElapsedTime : public QDialog
 {
     Q_OBJECT

@@ -1,7 +1,7 @@
 #include "session/frmInactivity.h"
 
-#include "core/GlobalState.h"
 #include "core/RunTimeError.h"
+#include "session/SessionState.h"
 #include "ui_frmInactivity.h"
 
 #include <QApplication>
@@ -38,7 +38,7 @@ frmInactivity::frmInactivity(QWidget *parent)
 {
     ui->setupUi(this);
     setAttribute(Qt::WA_DeleteOnClose);
-    Global.bAutoLogout = false;
+    Session.bAutoLogout = false;
     Timer1->setObjectName(u"Timer1"_s);
     Timer1->setInterval(tickMilliseconds);
     connect(Timer1, &QTimer::timeout, this, &frmInactivity::Tick);
@@ -74,7 +74,7 @@ void frmInactivity::Tick()
     Timer1Tag = QString::number(left);
     ui->cmdLogOut->setText(u"Logout = "_s + Timer1Tag + u" Seconds"_s);
     if (left > 0) {
-        Global.bAutoLogout = false;
+        Session.bAutoLogout = false;
         Timer1->start();
         return;
     }
@@ -84,6 +84,6 @@ void frmInactivity::Tick()
 void frmInactivity::leave(bool logOut)
 {
     Timer1->stop();
-    Global.bAutoLogout = logOut;
+    Session.bAutoLogout = logOut;
     close();
 }

@@ -9,7 +9,7 @@ namespace Ui {
 class frmInactivity;
 }
 
-/// Warns for 15 seconds that an idle session is about to be ended. Global.bAutoLogout is True when
+/// Warns for 15 seconds that an idle session is about to be ended. Session.bAutoLogout is True when
 /// the count ran out or the user asked for it, False when the user wants to stay.
 ///
 /// It can be answered whatever else is open: the count runs under a box and a modal dialog too.

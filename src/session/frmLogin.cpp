@@ -7,6 +7,7 @@
 #include "core/GlobalState.h"
 #include "core/Log.h"
 #include "core/Options.h"
+#include "core/Settings.h"
 #include "core/TextUtilities.h"
 #include "core/Version.h"
 #include "link/ConnectState.h"
@@ -14,6 +15,7 @@
 #include "link/frmWinsock.h"
 #include "session/LoginOffer.h"
 #include "session/SessionEvents.h"
+#include "session/SessionState.h"
 #include "session/frmMain.h"
 #include "session/frmMsg.h"
 #include "ui_frmLogin.h"
@@ -217,12 +219,12 @@ void frmLogin::StartConnect()
 
 void frmLogin::FillRemembered()
 {
-    const QString userName = GetOptionStr(u"Security"_s, u"UserName"_s);
-    const bool remembered = GetOptionStr(u"Security"_s, u"RememberPwd"_s) != u"0";
+    const QString userName = ReadSetting(Setting::UserName);
+    const bool remembered = SettingValue(Setting::RememberPwd) != u"0";
     ui->Check1->setChecked(remembered);
     ui->txtUsername->setText(DecodeCredential(userName));
     if (remembered)
-        ui->txtPassword->setText(DecodeCredential(GetOptionStr(u"Security"_s, u"UserPwd"_s)));
+        ui->txtPassword->setText(DecodeCredential(ReadSetting(Setting::UserPwd)));
 }
 
 void frmLogin::ContactServer()
@@ -268,14 +270,14 @@ void frmLogin::FetchPrivateMessages()
     const QString password = TrimBlanks(ui->txtPassword->text());
     QString found;
     if (!userName.isEmpty() && !password.isEmpty()) {
-        Global.strPrivateMsgs.clear();
+        Session.strPrivateMsgs.clear();
         found = GetPrivateMessage(userName, password, LoginVersion(), statusLine());
     }
     // A refused request answers with words of its own and leaves no message: the box then comes
     // into view empty.
     if (found.isEmpty())
-        Global.strPrivateMsgs = NoMessagesFound();
-    showMessages(Global.strPrivateMsgs, !found.isEmpty());
+        Session.strPrivateMsgs = NoMessagesFound();
+    showMessages(Session.strPrivateMsgs, !found.isEmpty());
 }
 
 void frmLogin::showMessages(const QString &text, bool bringIntoView)
@@ -315,7 +317,7 @@ void frmLogin::cmdLogin_Click()
     ui->cmdLogin->setEnabled(false);
     if (Global.bLoginBusy)
         return;
-    Global.strUserName = ui->txtUsername->text();
+    Session.strUserName = ui->txtUsername->text();
     Global.bLoginBusy = true;
     const SessionResult result =
         Login(ui->txtUsername->text(), ui->txtPassword->text(), LoginVersion());
@@ -361,10 +363,10 @@ void frmLogin::LoggedIn()
 void frmLogin::RememberCredentials()
 {
     const bool remember = ui->Check1->isChecked();
-    SaveOptionStr(u"security"_s, u"RememberPwd"_s, remember ? u"1"_s : u"0"_s);
-    SaveOptionStr(u"security"_s, u"UserName"_s, EncodeCredential(ui->txtUsername->text()));
-    SaveOptionStr(u"security"_s, u"UserPwd"_s,
-                  remember ? EncodeCredential(ui->txtPassword->text()) : QString());
+    SaveSetting(Setting::RememberPwd, SettingWriter::Login, remember ? u"1"_s : u"0"_s);
+    SaveSetting(Setting::UserName, SettingWriter::Login, EncodeCredential(ui->txtUsername->text()));
+    SaveSetting(Setting::UserPwd, SettingWriter::Login,
+                remember ? EncodeCredential(ui->txtPassword->text()) : QString());
 }
 
 void frmLogin::OfferSystemMessage()

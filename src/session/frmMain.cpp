@@ -10,6 +10,7 @@
 #include "core/Version.h"
 #include "link/ConnectState.h"
 #include "session/SessionEvents.h"
+#include "session/SessionState.h"
 #include "session/frmConnect.h"
 #include "session/frmConnectionStatus.h"
 #include "session/frmInactivity.h"
@@ -386,11 +387,11 @@ void frmMain::connectCourts()
 
 void frmMain::mnuCheckMsgs_Click()
 {
-    if (Global.strPrivateMsgs == NoMessagesFound() || Global.strPrivateMsgs.isEmpty()) {
+    if (Session.strPrivateMsgs == NoMessagesFound() || Session.strPrivateMsgs.isEmpty()) {
         MsgBox(this, u"No Messages Found."_s, u"Halvane - Private Messages"_s);
         return;
     }
-    frmMsg::ShowForm(this).SetText1(Global.strPrivateMsgs);
+    frmMsg::ShowForm(this).SetText1(Session.strPrivateMsgs);
 }
 
 void frmMain::Cut()

@@ -11,6 +11,7 @@
 #include "core/Log.h"
 #include "jobs/frmQueue.h"
 #include "link/Router.h"
+#include "session/SessionState.h"
 #include "session/frmElapsedTime.h"
 #include "session/frmInactivity.h"
 #include "ui_frmMain.h"
@@ -45,7 +46,7 @@ SessionResult frmMain::Logout()
 void frmMain::logoutAndReport(bool modal)
 {
     if (Logout() != SessionResult::LoggedOut) {
-        Global.strSessionTime = u"Lost Connection"_s;
+        Session.strSessionTime = u"Lost Connection"_s;
         if (!modal && Global.bShowAlerts)
             MsgBox(this, u"You have been logged out of Halvane"_s,
                    u"Halvane - Logout Confirmation .."_s);
@@ -75,7 +76,7 @@ void frmMain::mnuConnectionDisConnect_Click()
         Global.bStopRequested = true;
         return;
     }
-    if (!Global.bAutoLogout && Global.bShowAlerts
+    if (!Session.bAutoLogout && Global.bShowAlerts
         && !confirmed(this, u"Are you sure you want to disconnect from the Halvane Server?"_s,
                       u"Disconnect From Halvane .."_s, ui->mnuConnectionDisConnect))
         return;
@@ -94,7 +95,7 @@ void frmMain::mnuConnectionDisConnect_Click()
 void frmMain::autologout()
 {
     const QPointer<frmMain> self(this);
-    Global.bAutoLogout = false;
+    Session.bAutoLogout = false;
     QApplication::beep();
     QApplication::beep();
     frmInactivity::ShowWarning(this);
@@ -102,17 +103,17 @@ void frmMain::autologout()
     const float start = Clock::Current().SecondsOfDay();
     for (;;) {
         const float elapsed = ElapsedSeconds(start);
-        if (elapsed >= idleWaitSeconds || Global.bAutoLogout)
+        if (elapsed >= idleWaitSeconds || Session.bAutoLogout)
             break;
         YieldUntilEvent(static_cast<double>(idleWaitSeconds - elapsed));
         // The session that was warned of is over; the next one is not to be logged out for it.
         if (!self || sessionChanges != session)
             return;
     }
-    if (!self || !Global.bAutoLogout)
+    if (!self || !Session.bAutoLogout)
         return;
     mnuConnectionDisConnect_Click();
-    Global.bAutoLogout = false;
+    Session.bAutoLogout = false;
     WriteAppInfo(u"Auto Logout Complete .."_s);
 }
 

@@ -1,7 +1,7 @@
 #include "session/frmMsg.h"
 
 #include "controls/WindowPlace.h"
-#include "core/GlobalState.h"
+#include "session/SessionState.h"
 #include "ui_frmMsg.h"
 
 #include <QPointer>
@@ -16,7 +16,7 @@ frmMsg &frmMsg::ShowForm(QWidget *parent)
     if (!loaded || loaded->isHidden())
         loaded = new frmMsg(parent);
     else
-        loaded->SetText1(Global.strSystemMsg);
+        loaded->SetText1(Session.strSystemMsg);
     BringToFront(loaded);
     return *loaded;
 }
@@ -25,7 +25,7 @@ frmMsg::frmMsg(QWidget *parent) : QDialog(parent), ui(std::make_unique<Ui::frmMs
 {
     ui->setupUi(this);
     setAttribute(Qt::WA_DeleteOnClose);
-    SetText1(Global.strSystemMsg);
+    SetText1(Session.strSystemMsg);
     SetTopMostWindow(this, true);
     connect(ui->Command1, &QPushButton::clicked, this, &QDialog::close);
 }

@@ -1,12 +1,12 @@
 #include "tables/FlexGrid.h"
 
+#include "controls/Twips.h"
+#include "controls/WrappedText.h"
 #include "tables/ColumnWidths.h"
 #include "tables/GridHeader.h"
 #include "tables/RowFilter.h"
 #include "tables/TableLook.h"
 #include "tables/TableTools.h"
-#include "controls/Twips.h"
-#include "controls/WrappedText.h"
 
 #include <QElapsedTimer>
 #include <QKeyEvent>

@@ -1,11 +1,11 @@
 #include "tables/ResultListView.h"
 
+#include "controls/Twips.h"
+#include "controls/WrappedText.h"
 #include "tables/ColumnWidths.h"
 #include "tables/RowFilter.h"
 #include "tables/TableLook.h"
 #include "tables/TableTools.h"
-#include "controls/Twips.h"
-#include "controls/WrappedText.h"
 
 #include <QHeaderView>
 #include <QHelpEvent>

@@ -1,8 +1,8 @@
 #include "tables/RowFilter.h"
 
+#include "controls/Twips.h"
 #include "tables/ShownRowSelection.h"
 #include "tables/TableLook.h"
-#include "controls/Twips.h"
 
 #include <QHeaderView>
 #include <QTableView>

@@ -1,13 +1,13 @@
 #include "tables/TableTools.h"
 
-#include "tables/ColumnWidths.h"
-#include "tables/FindBar.h"
 #include "controls/FormWindow.h"
 #include "controls/MsgBox.h"
-#include "tables/RowFilter.h"
 #include "controls/SaveDialog.h"
 #include "core/AtomicFile.h"
 #include "core/GlobalState.h"
+#include "tables/ColumnWidths.h"
+#include "tables/FindBar.h"
+#include "tables/RowFilter.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -1,9 +1,9 @@
 #include "app/CaseChecks.h"
 
 #include "casedetails/CaseWindow.h"
-#include "tables/FlexGrid.h"
 #include "controls/TabStrip.h"
 #include "core/GlobalState.h"
+#include "tables/FlexGrid.h"
 
 #include <QTest>
 

@@ -2,7 +2,6 @@
 
 #include "app/PracticeCourt.h"
 #include "casedetails/CaseWindow.h"
-#include "tables/ResultListView.h"
 #include "controls/TabStrip.h"
 #include "core/CSetting.h"
 #include "core/GlobalState.h"
@@ -10,6 +9,7 @@
 #include "namesearch/NameResultsWindow.h"
 #include "searchentry/frmSearchWA.h"
 #include "session/frmLogin.h"
+#include "tables/ResultListView.h"
 
 #include <QApplication>
 #include <QLineEdit>

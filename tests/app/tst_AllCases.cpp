@@ -1,11 +1,11 @@
 #include "app/CaseChecks.h"
 #include "app/PracticeCourt.h"
 #include "casedetails/CaseWindow.h"
-#include "tables/FlexGrid.h"
 #include "controls/TabStrip.h"
 #include "core/EventLoop.h"
 #include "namesearch/NameResultsWindow.h"
 #include "support/ProcessorTime.h"
+#include "tables/FlexGrid.h"
 
 #include <QDeadlineTimer>
 #include <QTemporaryFile>

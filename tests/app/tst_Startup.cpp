@@ -336,9 +336,9 @@ void tst_Startup::defaultView()
     QVERIFY(form.findChild<QRadioButton *>(u"optCourtSelection_0"_s)->isChecked());
     QTEST(form.findChild<QListWidget *>(u"lstJurisdictions"_s)->currentRow(), "jurisdiction");
     QTEST(Global.strSearchState, "state");
-    QTEST(Global.strCurrentCourt, "court");
-    QCOMPARE(Global.strCurrentSearchType, u"Individual Name"_s);
-    QCOMPARE(Global.intSearchWhere, qint16(1));
+    QTEST(frmSearchWA::Form().strCurrentCourt, "court");
+    QCOMPARE(frmSearchWA::Form().strCurrentSearchType, u"Individual Name"_s);
+    QCOMPARE(frmSearchWA::Form().intSearchWhere, qint16(1));
 }
 
 void tst_Startup::practiceIsShownInTheStatusBar()

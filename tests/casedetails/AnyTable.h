@@ -1,7 +1,7 @@
 #pragma once
 
-#include "records/GridTable.h"
 #include "core/Windows1252.h"
+#include "records/GridTable.h"
 
 #include <QRandomGenerator>
 #include <QString>

@@ -1,3 +1,4 @@
+#include "casedetails/CaseAnswers.h"
 #include "casedetails/SummaryDesk.h"
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
@@ -136,7 +137,7 @@ void tst_CaseArbitration::everyLineCarriesTheAnswer()
     QCOMPARE(window->Tab(CaseTab::Schedule).TabRequest, answered(u"SCHEDULE"_s, tail));
     QVERIFY(window->Tab(CaseTab::Documents).TabDone);
     QCOMPARE(summaryCells(window).size(), 3);
-    QVERIFY(!Global.ArbitrationChosen);
+    QVERIFY(!CaseAnswers.ArbitrationChosen);
     // The first exchange is no Summary: only the second has an end of its own.
     QCOMPARE(desk->Folder.TimesLogged(u"Retrieving Summary .."_s), 2);
     QCOMPARE(desk->Folder.TimesLogged(u"NORMAL EXIT - from DoSummarySearch()."_s), 1);
@@ -257,13 +258,13 @@ void tst_CaseArbitration::anAnswerOfAnotherWindowIsForgotten()
     answer(u"Command2"_s);
     desk->When([this] { return court->Requests().size() == 3; },
                [this] {
-                   Global.ArbitrationChosen = true;
+                   CaseAnswers.ArbitrationChosen = true;
                    court->SendTokens({u"EOF~"_s});
                });
     frmCaseDetails *window = Superior();
     Run(window);
     QVERIFY(window->Tab(CaseTab::Names).TabDone);
-    QVERIFY(!Global.ArbitrationChosen);
+    QVERIFY(!CaseAnswers.ArbitrationChosen);
 }
 
 void tst_CaseArbitration::theQuestionNeedsItsEndMark()

@@ -79,6 +79,7 @@ class tst_CaseEnds : public CaseTest
     Q_OBJECT
 private Q_SLOTS:
     void aClosedCaseDoesNotPrint();
+    void printingFromTheMainWindow();
     void everyEnd_data();
     void everyEnd();
     void aWindowThatClosesSaysSo();
@@ -181,6 +182,16 @@ void tst_CaseEnds::runToItsEnd(frmCaseDetails *window)
     Begin(window);
     QTRY_VERIFY_WITH_TIMEOUT(began && !Global.bSearchInProgress, 20'000);
     desk->Time.Stop();
+}
+
+void tst_CaseEnds::printingFromTheMainWindow()
+{
+    FormWindow *child = Superior();
+    for (int i = 0; i < 2; ++i)
+        desk->Boxes.Expect(u"Printing of case details comes with a later version."_s, u"Halvane"_s);
+    child->PrintDirect();
+    child->PrintToFile(desk->Folder.Path(u"case.pdf"_s));
+    QCOMPARE(desk->Boxes.Answered(), 2);
 }
 
 void tst_CaseEnds::everyEnd_data()

@@ -1,3 +1,4 @@
+#include "casedetails/CaseAnswers.h"
 #include "casedetails/TabDesk.h"
 #include "casedetails/frmCaseDetails.h"
 #include "core/GlobalState.h"
@@ -223,7 +224,7 @@ void tst_CaseTabFailures::aRetryWithAnEmptyReplyIsDone()
     frmCaseDetails *window = Retrieved(row, {});
     QVERIFY(window->Tab(row.tab).TabIncomplete);
     // The first question is answered with a click on the tab, and the window offers the tab again.
-    Global.bOnDemandPrompt = false;
+    CaseAnswers.bOnDemandPrompt = false;
     ClickTab(window, CaptionOf(row));
     QCOMPARE(ShownFrame(window), u"frameTabs_8"_s);
     court->Expect(row.request.toString()).Reply({endMark});
@@ -242,7 +243,7 @@ void tst_CaseTabFailures::aRetryThatFailsAgainStaysIncomplete()
 {
     const FamilyMember &docket = family[1];
     frmCaseDetails *window = Retrieved(docket, {u"ERROR~Once~"_s, endMark});
-    Global.bOnDemandPrompt = false;
+    CaseAnswers.bOnDemandPrompt = false;
     ClickTab(window, u"Docket"_s);
     court->Expect(docket.request.toString()).Reply({u"ERROR~Twice~"_s, endMark});
     Retry(window, docket);

@@ -1,6 +1,7 @@
 // The tabs of a case on the screen: which frame is shown, what an incomplete one asks and says, and
 // what the window says of its tabs.
 
+#include "casedetails/CaseAnswers.h"
 #include "casedetails/CaseDesk.h"
 #include "casedetails/frmCaseDetails.h"
 #include "casedetails/frmOnDemand.h"
@@ -273,8 +274,8 @@ void tst_CaseTabStrip::theAnswerDecidesWhatIsShown()
 void tst_CaseTabStrip::nothingIsAskedWithoutThePrompt()
 {
     frmCaseDetails *window = withIncomplete(CaseTab::Docket);
-    Global.bOnDemandPrompt = false;
-    Global.bOnDemandRetry = false;
+    CaseAnswers.bOnDemandPrompt = false;
+    CaseAnswers.bOnDemandRetry = false;
     ClickTab(window, u"Docket"_s);
     // As its exchange left it.
     QVERIFY(window->Tab(CaseTab::Docket).TabNotRetrieved);

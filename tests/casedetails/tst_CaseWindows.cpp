@@ -2,6 +2,7 @@
 // handed, how they wait for their turn, and how they close. How they are stopped is in
 // tst_CaseStops.
 
+#include "casedetails/CaseAnswers.h"
 #include "casedetails/CaseKinds.h"
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
@@ -126,11 +127,11 @@ void tst_CaseWindows::atLoad()
 
 void tst_CaseWindows::aLoadAsksAgainWhatWasDeclined()
 {
-    Global.bOnDemandPrompt = false;
-    Global.bOnDemandRetry = false;
+    CaseAnswers.bOnDemandPrompt = false;
+    CaseAnswers.bOnDemandRetry = false;
     const std::unique_ptr<CaseWindow> window(MakeCase(Which::Case));
-    QVERIFY(Global.bOnDemandPrompt);
-    QVERIFY(Global.bOnDemandRetry);
+    QVERIFY(CaseAnswers.bOnDemandPrompt);
+    QVERIFY(CaseAnswers.bOnDemandRetry);
 }
 
 void tst_CaseWindows::whatTheStarterHandsOver_data()

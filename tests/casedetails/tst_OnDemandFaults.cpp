@@ -1,3 +1,4 @@
+#include "casedetails/CaseAnswers.h"
 #include "casedetails/OnDemandDesk.h"
 #include "casedetails/frmCaseDetails.h"
 #include "casedetails/frmCivilCaseDetails.h"
@@ -503,13 +504,13 @@ void tst_OnDemandFaults::arbitrationInTheSecondPass()
     ClickTab(window, u"Docket"_s);
     Tick(window, {CaseTab::Names, CaseTab::Docket, CaseTab::Documents});
     // The answer goes in each time that a line is about to be used, but never into the documents'.
-    Global.ArbitrationChosen = true;
+    CaseAnswers.ArbitrationChosen = true;
     court->Expect(answered(CaseTab::Names, 2)).Reply(ReplyOf(CaseTab::Names));
     court->Expect(answered(CaseTab::Docket, 2)).Reply(ReplyOf(CaseTab::Docket));
     ExpectTab(kind, CaseTab::Documents);
     SearchNowToTheEnd(window);
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete"_s);
-    QVERIFY(!Global.ArbitrationChosen);
+    QVERIFY(!CaseAnswers.ArbitrationChosen);
 }
 
 QTEST_MAIN(tst_OnDemandFaults)

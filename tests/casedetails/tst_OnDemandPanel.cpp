@@ -1,8 +1,8 @@
+#include "casedetails/CaseAnswers.h"
 #include "casedetails/OnDemandDesk.h"
 #include "casedetails/frmCaseDetails.h"
 #include "casedetails/frmOnDemand.h"
 #include "controls/TabStrip.h"
-#include "core/GlobalState.h"
 
 #include <QCheckBox>
 #include <QDialog>
@@ -80,11 +80,11 @@ void tst_OnDemandPanel::theFlagsAtLoad_data()
 void tst_OnDemandPanel::theFlagsAtLoad()
 {
     QFETCH(CaseWindowKind, kind);
-    Global.bOnDemandPrompt = false;
-    Global.bOnDemandRetry = false;
+    CaseAnswers.bOnDemandPrompt = false;
+    CaseAnswers.bOnDemandRetry = false;
     const CaseWindow *window = AfterFirstRun(kind);
-    QVERIFY(Global.bOnDemandPrompt);
-    QVERIFY(Global.bOnDemandRetry);
+    QVERIFY(CaseAnswers.bOnDemandPrompt);
+    QVERIFY(CaseAnswers.bOnDemandRetry);
     QVERIFY(!window->TmrSearchOnDemand->isActive());
 }
 
@@ -201,7 +201,7 @@ void tst_OnDemandPanel::everyCombinationOfACriminalCase()
     window.Sheet().SetTabs(GetTabsForCaseType(u"02-1-00123-4"_s, false));
     window.Sheet().Record.Tab(CaseTab::Summary).TabDone = true;
     // What asks about a tab that failed is tested above.
-    Global.bOnDemandPrompt = false;
+    CaseAnswers.bOnDemandPrompt = false;
     int combinations = 1;
     for (qsizetype i = 0; i < tabs.size(); ++i)
         combinations *= 3;
@@ -352,19 +352,19 @@ void tst_OnDemandPanel::thePrompt()
     QFETCH(CaseWindowKind, kind);
     QFETCH(Answer, answer);
     CaseWindow *window = AfterFirstRun(kind, {}, {u"Docket"_s});
-    Global.bOnDemandRetry = answer != Answer::Yes;
+    CaseAnswers.bOnDemandRetry = answer != Answer::Yes;
     bool loaded = false;
     desk->Boxes.ExpectDialog(u"frmOnDemand"_s, [&](QDialog *dialog) {
         loaded = frmOnDemand::IsLoaded();
         // Either answer sets it.
-        Global.bOnDemandPrompt = false;
+        CaseAnswers.bOnDemandPrompt = false;
         give(dialog, answer);
     });
     ClickTab(window, u"Docket"_s);
     const bool yes = answer == Answer::Yes;
     QVERIFY(loaded && !frmOnDemand::IsLoaded());
-    QVERIFY(Global.bOnDemandPrompt);
-    QCOMPARE(Global.bOnDemandRetry, yes);
+    QVERIFY(CaseAnswers.bOnDemandPrompt);
+    QCOMPARE(CaseAnswers.bOnDemandRetry, yes);
     QCOMPARE(window->Tab(CaseTab::Docket).TabNotRetrieved, yes);
     QCOMPARE(ShownFrame(window), yes ? u"frameTabs_8"_s : u"frameTabs_2"_s);
     // With NO what there is can be looked at.
@@ -393,7 +393,7 @@ void tst_OnDemandPanel::theCheckBoxChangesNothing()
             give(dialog, answer);
         });
         ClickTab(window, u"Docket"_s);
-        QVERIFY(Global.bOnDemandPrompt);
+        QVERIFY(CaseAnswers.bOnDemandPrompt);
         ClickTab(window, u"Summary"_s);
     }
     QCOMPARE(desk->Boxes.Answered(), 2);
@@ -459,7 +459,7 @@ void tst_OnDemandPanel::noPromptWhileOneIsOpen()
 void tst_OnDemandPanel::noPromptWithoutTheFlag()
 {
     CaseWindow *window = AfterFirstRun(CaseWindowKind::Civil, {}, {u"Docket"_s});
-    Global.bOnDemandPrompt = false;
+    CaseAnswers.bOnDemandPrompt = false;
     ClickTab(window, u"Docket"_s);
     QCOMPARE(desk->Boxes.Answered(), 0);
 }

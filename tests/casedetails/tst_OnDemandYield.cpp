@@ -1,6 +1,7 @@
 // A later run of a case is repeated with something done to it inside each of its yields in turn:
 // whatever can be clicked meanwhile, and at whichever moment, the run ends as is meant for it.
 
+#include "casedetails/CaseAnswers.h"
 #include "casedetails/OnDemandDesk.h"
 #include "core/GlobalState.h"
 #include "jobs/TurnTaking.h"
@@ -149,7 +150,7 @@ void tst_OnDemandYield::prepare()
     QVERIFY(Finished(window));
     desk->Time.Stop();
     // A tab that fails would ask whether it shall be retrieved again.
-    Global.bOnDemandPrompt = false;
+    CaseAnswers.bOnDemandPrompt = false;
     window->ActivateTab(u"Docket"_s);
     Tick(window, {CaseTab::Names, CaseTab::Docket});
     SearchNow(window);

@@ -1,5 +1,6 @@
 #include "core/GlobalState.h"
 #include "core/Options.h"
+#include "core/Settings.h"
 #include "support/FaultyFile.h"
 #include "support/TestFolder.h"
 
@@ -81,6 +82,9 @@ private Q_SLOTS:
     void cleanup();
     void aMissingKeyReadsAsZero();
     void aSavedKeyReadsBack();
+    void everySettingReadsAsItsRowSaysWhenItIsMissing();
+    void everySettingThatIsWrittenReadsBack();
+    void aSettingIsWrittenInTheCapitalsOfItsFile();
     void encodeCredential_data();
     void encodeCredential();
     void decodeCredential_data();
@@ -127,6 +131,41 @@ void tst_Options::aSavedKeyReadsBack()
 {
     QVERIFY(SaveOptionStr(u"Searching"_s, u"DefaultView"_s, u"FED"_s));
     QCOMPARE(GetOptionStr(u"searching"_s, u"defaultview"_s), u"FED"_s);
+}
+
+void tst_Options::everySettingReadsAsItsRowSaysWhenItIsMissing()
+{
+    folder->Write(u"options.ini"_s, "; nothing\r\n");
+    for (const SettingRow &row : SettingRows()) {
+        QCOMPARE(ReadSetting(row.Id), row.Absent.toString());
+        if (row.Rule == SettingRule::UpToThirty) // "0" is a wait of its own
+            QCOMPARE(SettingValue(row.Id), u"0"_s);
+        else if (row.Rule == SettingRule::Folder)
+            QCOMPARE(SettingValue(row.Id), folder->Path(row.Default.toString()));
+        else
+            QCOMPARE(SettingValue(row.Id), row.Default.toString());
+    }
+    QCOMPARE(folder->Read(u"options.ini"_s), "; nothing\r\n");
+}
+
+void tst_Options::everySettingThatIsWrittenReadsBack()
+{
+    folder->Write(u"options.ini"_s, {});
+    for (const SettingRow &row : SettingRows()) {
+        if (row.Writer == SettingWriter::Nobody)
+            continue;
+        SaveSetting(row.Id, row.Writer, u"of "_s + row.Key);
+        QCOMPARE(ReadSetting(row.Id), u"of "_s + row.Key);
+    }
+}
+
+void tst_Options::aSettingIsWrittenInTheCapitalsOfItsFile()
+{
+    folder->Write(u"options.ini"_s, {});
+    SaveSetting(Setting::DefaultIdCounty, SettingWriter::BatchEntry, u"Ada"_s);
+    SaveSetting(Setting::RememberPwd, SettingWriter::Login, u"1"_s);
+    QCOMPARE(folder->Read(u"options.ini"_s),
+             "[Searching]\r\nDefaultIdCounty=Ada\r\n[security]\r\nRememberPwd=1\r\n");
 }
 
 void tst_Options::encodeCredential_data()

@@ -2,6 +2,7 @@
 #include "core/TextUtilities.h"
 #include "courts/CaseTypes.h"
 #include "courts/Counties.h"
+#include "courts/CourtTable.h"
 #include "courts/DiscisCourts.h"
 #include "support/TestFolder.h"
 
@@ -89,6 +90,8 @@ private Q_SLOTS:
     void caseTypeFromNumber_data();
     void caseTypeFromNumber();
     void bankruptcyCourts();
+    void stopRequests_data();
+    void stopRequests();
     void countyCount_data();
     void countyCount();
     void aCountThatFindsNothingShowsABox();
@@ -319,6 +322,28 @@ void tst_Catalogues::bankruptcyCourts()
         QVERIFY2(IsBankruptcyCourt(state), qPrintable(state));
     for (const QString &state : {u"WA"_s, u"OR"_s, u"ID"_s, u""_s, u"BK"_s, u"orbk"_s, u"ORBK "_s})
         QVERIFY2(!IsBankruptcyCourt(state), qPrintable(state));
+}
+
+void tst_Catalogues::stopRequests_data()
+{
+    QTest::addColumn<QString>("state");
+    QTest::addColumn<QString>("search");
+    QTest::addColumn<QString>("ofCase");
+    const auto row = [](const QString &state, const QString &search, const QString &ofCase) {
+        QTest::addRow("state %s", qPrintable(state)) << state << search << ofCase;
+    };
+    for (const QString &state : {u"WA"_s, u"OR"_s, u"ID"_s, QString(), u"wawbk"_s})
+        row(state, u"STOP\u00A6"_s, u"\u00A6STOP"_s);
+    for (const QString &state : {u"WAWBK"_s, u"WAEBK"_s, u"ORBK"_s})
+        row(state, u"BKRPT~STOP~"_s, u"BKRPT~STOP~"_s);
+    row(u"IDBK"_s, u"STOP\u00A6"_s, u"BKRPT~STOP~"_s);
+}
+
+void tst_Catalogues::stopRequests()
+{
+    QFETCH(QString, state);
+    QTEST(SearchStopOf(state), "search");
+    QTEST(CaseStopOf(state), "ofCase");
 }
 
 void tst_Catalogues::countyCount_data()

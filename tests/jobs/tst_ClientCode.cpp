@@ -1,4 +1,4 @@
-#include "jobs/ClientCode.h"
+#include "link/RequestLine.h"
 
 #include <QTest>
 

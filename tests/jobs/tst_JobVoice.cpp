@@ -1,7 +1,7 @@
-#include "jobs/JobVoice.h"
 #include "controls/Notice.h"
-#include "tables/ResultListView.h"
+#include "jobs/JobVoice.h"
 #include "support/TestClock.h"
+#include "tables/ResultListView.h"
 
 #include <QDeadlineTimer>
 #include <QLabel>

@@ -116,7 +116,7 @@ void tst_Socket::loadingSetsTheStateOfAStart()
     frmWinsock &form = frmWinsock::Form();
     QCOMPARE(Global.intConnectState, 0);
     QCOMPARE(Global.sckServer, form.CSock);
-    QCOMPARE(Global.strInactivityTimeOut, u"12"_s);
+    QCOMPARE(frmWinsock::Form().strInactivityTimeOut, u"12"_s);
     QVERIFY(!Global.bConnectionClosed);
     QCOMPARE(form.TmrInactivityTag, u"0"_s);
     QVERIFY(form.TmrInactivity->isActive());
@@ -494,7 +494,7 @@ void tst_Socket::aFalseSettingIsReplacedInMemoryOnly()
 {
     SaveOptionStr(u"General"_s, u"InactivityTimeOut"_s, u"45"_s);
     tick();
-    QCOMPARE(Global.strInactivityTimeOut, u"5"_s);
+    QCOMPARE(frmWinsock::Form().strInactivityTimeOut, u"5"_s);
     QCOMPARE(GetOptionStr(u"General"_s, u"InactivityTimeOut"_s), u"45"_s);
 }
 

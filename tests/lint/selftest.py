@@ -8,7 +8,7 @@ import sys
 import tempfile
 import unittest
 
-LINTS = ("layers", "plain_text", "house", "one_road", "words")
+LINTS = ("layers", "plain_text", "house", "one_road", "one_table", "words")
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 
@@ -25,6 +25,11 @@ CLEAN_TREE = {
     "src/core/CMakeLists.txt": "add_library(halvane_core STATIC Clock.h)\n",
     "src/link/Comm.cpp": '#include "link/Comm.h"\n#include "core/Clock.h"\n',
     "src/link/Comm.h": "#include <QByteArray>\n",
+    "src/courts/CourtTable.h": 'constexpr QStringView stop = u"STOP\\u00A6";\n',
+    "src/core/Settings.cpp": 'setting.Init(u"options.ini"_s); GetOptionStr(u"A"_s, u"B"_s);\n',
+    "src/link/RequestLine.h": "constexpr char16_t fieldBar = u'\\u00A6'; // a\u00A6b\n",
+    "src/searchentry/Line.cpp": "// WASUP\u00A6SUMMARY\u00A6\nSaveOptionStr(section, key, value);\n"
+                                'log(u"SEARCH STOPPED ~ STOP"_s);\n',
     "src/link/Exchange.cpp": "void f() { SendReq(a); ReadResponse(); } // dialog.exec()\n",
     "src/controls/ModalDialog.cpp": "int f() { return dialog->exec(); }\n",
     "src/controls/SaveDialog.cpp": "#include <QFileDialog>\n",
@@ -130,6 +135,16 @@ OFFENCES = [
     ("words", "a type", "practice/Bad.h", "struct ToldCase\n"),
     ("words", "a name that ends so", "tests/Bad.h", "void theRuleIsTold();\n"),
     ("words", "a file", "practice/ToldNames.h", "\n"),
+    ("one_table", "stop request", "src/namesearch/Bad.cpp", 'send(u"BKRPT~STOP~"_s);\n'),
+    ("one_table", "stop request with bars", "src/casedetails/Bad.cpp", 'u"\\u00A6STOP"_s;\n'),
+    ("one_table", "setting read", "src/link/Bad.cpp",
+     'GetOptionStr(u"General"_s,\n    u"InactivityTimeOut"_s);\n'),
+    ("one_table", "setting written", "src/prefs/Bad.cpp", 'SaveOptionStr(a, u"ShowAlerts"_s, b);\n'),
+    ("one_table", "setting held", "src/app/Bad.cpp", 'HoldForThisRun(u"A"_s, u"B"_s, c);\n'),
+    ("one_table", "the file itself", "src/app/Bad.cpp", 'setting.Init(u"Options.ini"_s);\n'),
+    ("one_table", "joined line", "src/session/Bad.cpp", 'u"LOGON\\u00A6"_s + name;\n'),
+    ("one_table", "joined line as it is", "src/session/Bad.cpp", 'u"LOGON\u00A6"_s + name;\n'),
+    ("one_table", "bar", "src/searchentry/Bad.cpp", "constexpr QChar bar(u'\\u00a6');\n"),
 
     ("house", "long file", "src/core/Bad.cpp", "\n" * 601),
     ("house", "long without a reason", "src/core/Bad.h", "// Long by design: \n" + "\n" * 601),

@@ -25,8 +25,6 @@ private Q_SLOTS:
     void progressText_data();
     void progressText();
     void progressTextAsItIs();
-    void stopRequest_data();
-    void stopRequest();
 };
 
 void tst_Replies::kind_data()
@@ -219,22 +217,6 @@ void tst_Replies::progressTextAsItIs()
 {
     QCOMPARE(ProgressText(u"Searching~King~"_s, true), u"Searching~King~"_s);
     QCOMPARE(ProgressText(u"SEARCHING"_s, true), QString());
-}
-
-void tst_Replies::stopRequest_data()
-{
-    QTest::addColumn<QString>("state");
-    QTest::addColumn<QString>("request");
-    for (const QString &state : {u"WA"_s, u"OR"_s, u"ID"_s, u"IDBK"_s, QString(), u"wawbk"_s})
-        QTest::newRow(qPrintable(u"state "_s + state)) << state << u"STOP\u00A6"_s;
-    for (const QString &state : {u"WAWBK"_s, u"WAEBK"_s, u"ORBK"_s})
-        QTest::newRow(qPrintable(u"state "_s + state)) << state << u"BKRPT~STOP~"_s;
-}
-
-void tst_Replies::stopRequest()
-{
-    QFETCH(QString, state);
-    QTEST(StopRequestOf(state), "request");
 }
 
 QTEST_APPLESS_MAIN(tst_Replies)

@@ -2,6 +2,7 @@
 
 #include "controls/CheckListBox.h"
 #include "core/GlobalState.h"
+#include "searchentry/frmSearchWA.h"
 
 #include <QAbstractButton>
 #include <QComboBox>
@@ -184,10 +185,11 @@ QString SearchFormUser::globalDifferences(const Place &place) const
     const FamilyText &family = familyTexts[static_cast<size_t>(place.Court)];
     QString differences;
     compare(differences, u"strSearchState"_s, Global.strSearchState, text(family.searchState));
-    compare(differences, u"strCurrentCourt"_s, Global.strCurrentCourt, text(family.currentCourt));
-    compare(differences, u"strCurrentSearchType"_s, Global.strCurrentSearchType,
+    compare(differences, u"strCurrentCourt"_s, frmSearchWA::Form().strCurrentCourt,
+            text(family.currentCourt));
+    compare(differences, u"strCurrentSearchType"_s, frmSearchWA::Form().strCurrentSearchType,
             text(typeTexts[static_cast<size_t>(place.Type)].searchType));
-    compare(differences, u"intSearchWhere"_s, QString::number(Global.intSearchWhere),
+    compare(differences, u"intSearchWhere"_s, QString::number(frmSearchWA::Form().intSearchWhere),
             QString::number(place.Court == Discis ? place.DiscisWhere : place.Where));
     return differences;
 }

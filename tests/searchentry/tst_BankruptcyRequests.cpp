@@ -152,12 +152,12 @@ void tst_BankruptcyRequests::theCourts()
 {
     QFETCH(int, index);
     const Court &expected = courts[size_t(index)];
-    const BkCourtRow &row = BkCourt(index);
-    QCOMPARE(row.Code, QString::fromLatin1(expected.code));
-    QCOMPARE(row.lblState, QString::fromLatin1(expected.lblState));
-    QCOMPARE(row.txtCountyList, QString::fromLatin1(expected.txtCountyList));
-    QCOMPARE(row.CaptionSuffix, QString::fromLatin1(expected.suffix));
-    QCOMPARE(row.lblCourtName, QString::fromLatin1(expected.lblCourtName));
+    const CourtFacts &row = BkCourt(index);
+    QCOMPARE(row.Place, QString::fromLatin1(expected.code));
+    QCOMPARE(row.State, QString::fromLatin1(expected.lblState));
+    QCOMPARE(row.OfList, QString::fromLatin1(expected.txtCountyList));
+    QCOMPARE(QString(u" / "_s + row.OfNumber), QString::fromLatin1(expected.suffix));
+    QCOMPARE(row.OfNumber, QString::fromLatin1(expected.lblCourtName));
 }
 
 void tst_BankruptcyRequests::aCourtThatThereIsNot_data()

@@ -349,7 +349,7 @@ void tst_DispatchDiscis::aNumberInAllCountiesIsRefused()
 void tst_DispatchDiscis::aNumberWithNeitherCivilNorNonCivilIsReported()
 {
     desk->Do(civil + number + oneCourt + QStringList{u"type txtSearchName_0 052020299"_s});
-    Global.intSearchWhere = 1;
+    frmSearchWA::Form().intSearchWhere = 1;
     desk->Desk.Boxes.Expect(requestError + u"\r\n\r\nError Was: "_s,
                             u"Halvane Search Request Error"_s, MsgIcon::Exclamation);
     QVERIFY(desk->Start().isEmpty());
@@ -363,7 +363,7 @@ void tst_DispatchDiscis::aNumberWithNeitherCivilNorNonCivilIsReported()
 void tst_DispatchDiscis::aNameWithNeitherCivilNorNonCivilIsReported()
 {
     desk->Do(civil + smithJohnQ + oneCourt);
-    Global.intSearchWhere = 1;
+    frmSearchWA::Form().intSearchWhere = 1;
     desk->Desk.Boxes.Expect(requestError + u"\r\n\r\nError Was: "_s,
                             u"Halvane Search Request Error"_s, MsgIcon::Exclamation);
     QVERIFY(desk->Start().isEmpty());

@@ -391,7 +391,7 @@ void tst_DispatchNames::aTemplateIsSearchedByItsCounties()
     const auto *list = qobject_cast<QListWidget *>(desk->Control("lboxSearchProfiles"));
     QTest::mouseDClick(list->viewport(), Qt::LeftButton, {},
                        list->visualItemRect(list->item(0)).center());
-    QCOMPARE(Global.intSearchWhere, qint16(2));
+    QCOMPARE(frmSearchWA::Form().intSearchWhere, qint16(2));
     QCOMPARE(Handed(desk->StartOne<frmNameSearchResults>()),
              results(u"WA"_s, u"Island, King County - Washington Superior Courts"_s, {},
                      {u"WASUP/SEARCH/SMITH/JOHN/Q//Island,/Civil,Judgment,///"_s,

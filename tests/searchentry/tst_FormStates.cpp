@@ -229,13 +229,14 @@ void tst_FormStates::courtRows()
     QCOMPARE(&CourtRows()[static_cast<size_t>(court)], &row);
     QCOMPARE(row.stateIndex, expected.optState);
     QTEST(row.courtIndex, "courtIndex");
-    QCOMPARE(row.searchState.toString(), QString::fromLatin1(expected.searchState));
-    QCOMPARE(row.currentCourt.toString(), QString::fromLatin1(expected.currentCourt));
+    QCOMPARE(CourtOf(row.court).SearchState.toString(), QString::fromLatin1(expected.searchState));
+    QCOMPARE(CourtOf(row.court).CurrentCourt.toString(),
+             QString::fromLatin1(expected.currentCourt));
     QCOMPARE(row.caption.toString(), QString::fromLatin1(expected.caption));
     QCOMPARE(row.courtLabel.toString(), QString::fromLatin1(expected.courtLabel));
     QCOMPARE(row.statewide.toString(), QString::fromLatin1(expected.statewide));
     QCOMPARE(row.numberExample.toString(), QString::fromLatin1(expected.example));
-    QTEST(row.displayName.toString(), "displayName");
+    QTEST(CourtOf(row.court).Display.toString(), "displayName");
 }
 
 void tst_FormStates::kindRows_data()

@@ -1,5 +1,5 @@
 #include "courts/Counties.h"
-#include "jobs/ClientCode.h"
+#include "link/RequestLine.h"
 #include "searchentry/Entries.h"
 #include "searchentry/NameRequests.h"
 #include "support/TestFolder.h"

@@ -3,6 +3,7 @@
 #include "searchentry/SearchFormUser.h"
 
 #include "core/GlobalState.h"
+#include "searchentry/frmSearchWA.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -460,7 +461,7 @@ void tst_SearchFormLists::aTemplateSelectsItsCountiesAndCaseTypes()
     QCOMPARE(user->Ticked("lboxCountyOrProfile"), (QStringList{u"King"_s, u"Pierce"_s}));
     QCOMPARE(user->Ticked("lboxCaseTypes"), (QStringList{u"Civil"_s, u"Probate"_s}));
     QCOMPARE(user->Text("lblCountyOrProfile"), templateLoaded);
-    QCOMPARE(Global.intSearchWhere, qint16(2));
+    QCOMPARE(frmSearchWA::Form().intSearchWhere, qint16(2));
     // One may still add to it.
     QVERIFY(user->Find("lboxCountyOrProfile")->isEnabled());
     QVERIFY(user->Find("lboxCountyOrProfile")->hasFocus());

@@ -3,6 +3,7 @@
 #include "searchentry/SearchFormUser.h"
 
 #include "core/GlobalState.h"
+#include "searchentry/frmSearchWA.h"
 
 #include <QAbstractButton>
 #include <QLineEdit>
@@ -236,7 +237,7 @@ void tst_SearchFormStates::hiddenCourtButtons()
     QFETCH(QByteArray, button);
     QVERIFY(!user->Button(button)->isVisibleTo(user->Form));
     user->Press(button);
-    QTEST(Global.strCurrentCourt, "court");
+    QTEST(frmSearchWA::Form().strCurrentCourt, "court");
     QTEST(user->Form->windowTitle(), "caption");
 }
 
@@ -353,10 +354,10 @@ void tst_SearchFormStates::theDistrictCourtsBeginWithCivil()
     user->Click("optCourtSelection_1");
     user->Click("optDiscisSearch_1");
     user->Click("optCourtSelection_0");
-    QCOMPARE(Global.intSearchWhere, qint16(1));
+    QCOMPARE(frmSearchWA::Form().intSearchWhere, qint16(1));
     user->Click("optCourtSelection_1");
     QVERIFY(user->Button("optDiscisSearch_0")->isChecked());
-    QCOMPARE(Global.intSearchWhere, qint16(5));
+    QCOMPARE(frmSearchWA::Form().intSearchWhere, qint16(5));
 }
 
 void tst_SearchFormStates::theIndexByDefault_data()
@@ -507,7 +508,7 @@ void tst_SearchFormStates::statewideSelectedShowsTheOneCountyStatewide()
     user->Click(state);
     user->Click("optSearchWhere_2");
     QCOMPARE(user->Items("lboxCountyOrProfile"), QStringList{u"(Statewide)"_s});
-    QCOMPARE(Global.intSearchWhere, qint16(3));
+    QCOMPARE(frmSearchWA::Form().intSearchWhere, qint16(3));
     QVERIFY(!user->Find("lboxCountyOrProfile")->isEnabled());
     QVERIFY(!user->Find("cmdCheckAll")->isEnabled());
     QVERIFY(!user->Find("cmdUnCheckAll")->isEnabled());

@@ -228,9 +228,9 @@ void tst_frmSearchWA::stepsAreNumbered()
 void tst_frmSearchWA::openingSetsTheSharedState()
 {
     QCOMPARE(Global.strSearchState, u"WA"_s);
-    QCOMPARE(Global.strCurrentCourt, u"WASUP"_s);
-    QCOMPARE(Global.strCurrentSearchType, u"Individual Name"_s);
-    QCOMPARE(Global.intSearchWhere, qint16(1));
+    QCOMPARE(frmSearchWA::Form().strCurrentCourt, u"WASUP"_s);
+    QCOMPARE(frmSearchWA::Form().strCurrentSearchType, u"Individual Name"_s);
+    QCOMPARE(frmSearchWA::Form().intSearchWhere, qint16(1));
     QCOMPARE(form->windowTitle(), u"Search Entry Form - WA. Superior Courts"_s);
     QCOMPARE(TextOf(form, "lblCurrentCourt"), u"[Current Court  -  WA Superior]"_s);
     QCOMPARE(TextOf(form, "lblCountyOrProfile"), u"Select County (multiple selections allowed):"_s);
@@ -284,7 +284,7 @@ void tst_frmSearchWA::personNameLabels()
 {
     click("optSearchType_1");
     click("optSearchType_0");
-    QCOMPARE(Global.strCurrentSearchType, u"Individual Name"_s);
+    QCOMPARE(frmSearchWA::Form().strCurrentSearchType, u"Individual Name"_s);
     QCOMPARE(TextOf(form, "lblNameSearchLastName"), u"Last Name:"_s);
     QCOMPARE(TextOf(form, "lblNameSearchFirstName"), u"First Name:"_s);
     QCOMPARE(TextOf(form, "lblNameSearchMI"), u"M.I.:"_s);
@@ -297,7 +297,7 @@ void tst_frmSearchWA::personNameLabels()
 void tst_frmSearchWA::businessNameShowsOneBox()
 {
     click("optSearchType_1");
-    QCOMPARE(Global.strCurrentSearchType, u"Business Name"_s);
+    QCOMPARE(frmSearchWA::Form().strCurrentSearchType, u"Business Name"_s);
     QCOMPARE(TextOf(form, "lblNameSearchLastName"), u"Business Name:"_s);
     QCOMPARE(TextOf(form, "lblNameSearchFirstName"), QString());
     QCOMPARE(TextOf(form, "lblNameSearchMI"), QString());
@@ -342,7 +342,7 @@ void tst_frmSearchWA::changingTheSearchTypeKeepsTheScope()
 {
     click("optSearchWhere_2");
     click("optSearchType_1");
-    QCOMPARE(Global.intSearchWhere, qint16(3));
+    QCOMPARE(frmSearchWA::Form().intSearchWhere, qint16(3));
     QCOMPARE(items("lboxCountyOrProfile"), QStringList{u"(Statewide)"_s});
 }
 
@@ -357,7 +357,7 @@ void tst_frmSearchWA::changingTheSearchTypeReloadsTheCaseTypes()
 void tst_frmSearchWA::statewideShowsTheOneItem()
 {
     click("optSearchWhere_2");
-    QCOMPARE(Global.intSearchWhere, qint16(3));
+    QCOMPARE(frmSearchWA::Form().intSearchWhere, qint16(3));
     QCOMPARE(TextOf(form, "lblCountyOrProfile"), u"Select County (Statewide Selected):"_s);
     QCOMPARE(items("lboxCountyOrProfile"), QStringList{u"(Statewide)"_s});
 }
@@ -366,7 +366,7 @@ void tst_frmSearchWA::byCountyShowsTheCountiesAgain()
 {
     click("optSearchWhere_2");
     click("optSearchWhere_0");
-    QCOMPARE(Global.intSearchWhere, qint16(1));
+    QCOMPARE(frmSearchWA::Form().intSearchWhere, qint16(1));
     QCOMPARE(TextOf(form, "lblCountyOrProfile"), u"Select County (multiple selections allowed):"_s);
     QCOMPARE(items("lboxCountyOrProfile"), WaCountyNames());
     QCOMPARE(find<CheckListBox>("lboxCountyOrProfile")->Selected(), QStringList());
@@ -419,8 +419,8 @@ void tst_frmSearchWA::clearFormGoesBackToAPersonSearch()
     QVERIFY(find<QRadioButton>("optSearchType_0")->isChecked());
     QVERIFY(find<QRadioButton>("optSearchWhere_0")->isChecked());
     QVERIFY(find<QRadioButton>("optSearchYears_0")->isChecked());
-    QCOMPARE(Global.strCurrentSearchType, u"Individual Name"_s);
-    QCOMPARE(Global.intSearchWhere, qint16(1));
+    QCOMPARE(frmSearchWA::Form().strCurrentSearchType, u"Individual Name"_s);
+    QCOMPARE(frmSearchWA::Form().intSearchWhere, qint16(1));
     for (int i = 0; i < 4; ++i) {
         QCOMPARE(box(i)->text(), QString());
         QVERIFY(box(i)->isVisible());
@@ -447,7 +447,7 @@ void tst_frmSearchWA::aReloadedFormIsEmpty()
     frmSearchWA::ShowForm();
     form = &frmSearchWA::Form();
     QCOMPARE(box(0)->text(), QString());
-    QCOMPARE(Global.intSearchWhere, qint16(1));
+    QCOMPARE(frmSearchWA::Form().intSearchWhere, qint16(1));
     QVERIFY(form->isVisible());
 }
 
@@ -542,16 +542,16 @@ void tst_frmSearchWA::selectingAStateThatIsUnknownChangesNothing()
     form->SelectState(state);
     QVERIFY(find<QRadioButton>("optState_1")->isChecked());
     QCOMPARE(Global.strSearchState, u"WA"_s);
-    QCOMPARE(Global.intSearchWhere, qint16(3));
+    QCOMPARE(frmSearchWA::Form().intSearchWhere, qint16(3));
 }
 
 void tst_frmSearchWA::selectingTheFirstCourt()
 {
     click("optSearchWhere_2");
-    Global.strCurrentCourt = u"OR"_s;
+    frmSearchWA::Form().strCurrentCourt = u"OR"_s;
     form->SelectFirstCourt();
-    QCOMPARE(Global.strCurrentCourt, u"WASUP"_s);
-    QCOMPARE(Global.intSearchWhere, qint16(1));
+    QCOMPARE(frmSearchWA::Form().strCurrentCourt, u"WASUP"_s);
+    QCOMPARE(frmSearchWA::Form().intSearchWhere, qint16(1));
     QVERIFY(find<QRadioButton>("optCourtSelection_0")->isChecked());
     QCOMPARE(form->windowTitle(), u"Search Entry Form - WA. Superior Courts"_s);
 }

@@ -2,6 +2,7 @@
 
 #include "core/GlobalState.h"
 #include "link/frmWinsock.h"
+#include "session/SessionState.h"
 #include "session/frmInactivity.h"
 #include "session/frmMain.h"
 
@@ -80,9 +81,9 @@ void tst_Idle::cleanup()
 
 void tst_Idle::warningAsItOpens()
 {
-    Global.bAutoLogout = true;
+    Session.bAutoLogout = true;
     const frmInactivity form;
-    QCOMPARE(Global.bAutoLogout, false);
+    QCOMPARE(Session.bAutoLogout, false);
     QCOMPARE(form.windowTitle(), u"Halvane - Logging out due to Inactivity .."_s);
     QCOMPARE(Child<QLabel>(&form, "Label1")->text(),
              u"You will be automatically logged out of the Halvane System in 15 seconds due to "
@@ -102,7 +103,7 @@ void tst_Idle::countdown()
     QList<bool> decided;
     connect(form->Timer1, &QTimer::timeout, this, [&] {
         captions.append(Child<QPushButton>(form, "cmdLogOut")->text());
-        decided.append(Global.bAutoLogout);
+        decided.append(Session.bAutoLogout);
     });
     form->Timer1->setInterval(1);
     QTRY_VERIFY(!form);
@@ -114,7 +115,7 @@ void tst_Idle::countdown()
     }
     QCOMPARE(captions, expected);
     QCOMPARE(decided, expectedDecided);
-    QCOMPARE(Global.bAutoLogout, true);
+    QCOMPARE(Session.bAutoLogout, true);
 }
 
 void tst_Idle::stayedAtTheLastSecond()
@@ -127,7 +128,7 @@ void tst_Idle::stayedAtTheLastSecond()
     });
     form->Timer1->setInterval(1);
     QTRY_VERIFY(!form);
-    QCOMPARE(Global.bAutoLogout, false);
+    QCOMPARE(Session.bAutoLogout, false);
 }
 
 void tst_Idle::logOutButtonOfTheWarning()
@@ -137,7 +138,7 @@ void tst_Idle::logOutButtonOfTheWarning()
     Click(form, "cmdLogOut");
     QVERIFY(!form->Timer1->isActive());
     QVERIFY(!form->isVisible());
-    QCOMPARE(Global.bAutoLogout, true);
+    QCOMPARE(Session.bAutoLogout, true);
     QTRY_VERIFY(!form);
 }
 
@@ -158,7 +159,7 @@ void tst_Idle::closedWarningMeansToStay()
     else
         form->close();
     QTRY_VERIFY(!form);
-    QCOMPARE(Global.bAutoLogout, false);
+    QCOMPARE(Session.bAutoLogout, false);
 }
 
 void tst_Idle::nobodyAnswersAndTheSessionEnds()
@@ -172,7 +173,7 @@ void tst_Idle::nobodyAnswersAndTheSessionEnds()
     QCOMPARE(secondsOf([this] { main->autologout(); }), 0);
     QCOMPARE(ticks, 15);
     QCOMPARE(Global.bLoggedIn, false);
-    QCOMPARE(Global.bAutoLogout, false);
+    QCOMPARE(Session.bAutoLogout, false);
     QCOMPARE(main->txtConnectStatus(), u"NOT CONNECTED"_s);
     QCOMPARE(session->folder.Log(),
              (QStringList{u"Closed connection to Halvane Server"_s, u"Logout Successful"_s,
@@ -225,7 +226,7 @@ void tst_Idle::duringASearchTheUserIsAskedToWait()
     main->autologout();
     QCOMPARE(Global.bStopRequested, true);
     QCOMPARE(Global.bLoggedIn, true);
-    QCOMPARE(Global.bAutoLogout, false);
+    QCOMPARE(Session.bAutoLogout, false);
     QVERIFY(session->folder.Logged(u"Auto Logout Complete .."_s));
     QVERIFY(!session->folder.Logged(u"Logout Successful"_s));
 }
@@ -245,7 +246,7 @@ void tst_Idle::linkGoneAlreadyIsNoError()
     whenWarned([](frmInactivity *form) { Click(form, "cmdLogOut"); });
     main->autologout();
     QVERIFY(session->folder.Logged(u"Logout Successful"_s));
-    QCOMPARE(Global.strSessionTime, QString());
+    QCOMPARE(Session.strSessionTime, QString());
 }
 
 void tst_Idle::mainWindowGoneDuringTheWait()
@@ -286,7 +287,7 @@ void tst_Idle::theWarningIsAnsweredOverABox()
         Settle();
         ClickOnScreen(warning(), stay ? "cmdCancel" : "cmdLogOut");
         answered = !warning() || !warning()->isVisible();
-        QCOMPARE(Global.bAutoLogout, !stay);
+        QCOMPARE(Session.bAutoLogout, !stay);
         session->clock.Run(2.0);
     };
     session->boxes.Whenever(dialog ? u"frmConnectionStatus"_s : u"MsgBox"_s, [&](QDialog *modal) {
@@ -347,7 +348,7 @@ void tst_Idle::theWarningEndsWithItsSession()
     QTRY_VERIFY(!warning());
     QCOMPARE(ticks, again ? 1 : 0);
     QCOMPARE(Global.bLoggedIn, again);
-    QCOMPARE(Global.bAutoLogout, false);
+    QCOMPARE(Session.bAutoLogout, false);
     QVERIFY(!session->folder.Logged(u"Auto Logout Complete .."_s));
     QCOMPARE(main->txtConnectStatus(), again ? u"Connected"_s : u"NOT CONNECTED"_s);
 }

@@ -3,6 +3,7 @@
 #include "core/GlobalState.h"
 #include "link/frmWinsock.h"
 #include "session/LoginExchange.h"
+#include "session/SessionState.h"
 
 using namespace Qt::StringLiterals;
 
@@ -167,8 +168,8 @@ void tst_LoginExchange::credentialsAreTrimmedAndOtherwiseSentAsTyped()
     reply("|EOF~|");
     QCOMPARE(login(userName, password), SessionResult::LoggedIn);
     QCOMPARE(FakeSocket::Last()->sent, QByteArrayList{frame});
-    QCOMPARE(Global.strUserName, userName.trimmed());
-    QCOMPARE(Global.strUserPassword, password.trimmed());
+    QCOMPARE(Session.strUserName, userName.trimmed());
+    QCOMPARE(Session.strUserPassword, password.trimmed());
 }
 
 void tst_LoginExchange::logHoldsThePassword()

@@ -4,6 +4,7 @@
 #include "core/Options.h"
 #include "link/frmWinsock.h"
 #include "session/ServerExchanges.h"
+#include "session/SessionState.h"
 
 #include <cmath>
 
@@ -347,7 +348,7 @@ void tst_ServerExchanges::secondEosWritesTheSameLineAgain()
     QCOMPARE(run(u"parameters"_s), u"done"_s);
     QCOMPARE(between, u"300"_s);
     QCOMPARE(GetOptionStr(u"Searching"_s, u"MaxIndexResults"_s), u"300"_s);
-    QCOMPARE(Global.strIniLine, u"Searching=MaxIndexResults=300"_s);
+    QCOMPARE(Session.strIniLine, u"Searching=MaxIndexResults=300"_s);
 }
 
 void tst_ServerExchanges::lineWithTooFewPartsEndsTheRetrieval()
@@ -401,7 +402,7 @@ void tst_ServerExchanges::systemMessages()
     QFETCH(QString, message);
     reply(bytes);
     QCOMPARE(run(u"system message"_s), message);
-    QCOMPARE(Global.strSystemMsg, message);
+    QCOMPARE(Session.strSystemMsg, message);
     QCOMPARE(Global.bGettingMessages, false);
     QCOMPARE(session->folder.Log().mid(0, 3),
              (QStringList{u"******** Retrieving System Broadcast Message ********"_s,
@@ -410,7 +411,7 @@ void tst_ServerExchanges::systemMessages()
 
 void tst_ServerExchanges::systemMessageForgetsTheOneBefore()
 {
-    Global.strSystemMsg = u"yesterday"_s;
+    Session.strSystemMsg = u"yesterday"_s;
     reply("|today||EOF~|");
     QCOMPARE(run(u"system message"_s), u"today"_s);
 }
@@ -429,7 +430,7 @@ void tst_ServerExchanges::timedOutSystemMessageLeavesNothing()
     reply("|Hello|");
     session->clock.Run(1.0);
     QCOMPARE(run(u"system message"_s), QString());
-    QCOMPARE(Global.strSystemMsg, QString());
+    QCOMPARE(Session.strSystemMsg, QString());
     QCOMPARE(Global.bGettingMessages, false);
 }
 
@@ -459,10 +460,10 @@ void tst_ServerExchanges::privateMessages()
     QFETCH(QByteArray, bytes);
     QFETCH(QString, answer);
     QFETCH(QString, kept);
-    Global.strPrivateMsgs = u"yesterday"_s;
+    Session.strPrivateMsgs = u"yesterday"_s;
     reply(bytes);
     QCOMPARE(run(u"private message"_s), answer);
-    QCOMPARE(Global.strPrivateMsgs, kept);
+    QCOMPARE(Session.strPrivateMsgs, kept);
 }
 
 void tst_ServerExchanges::errorEndsPrivateMessagesBeforeTheStatusIsLogged()

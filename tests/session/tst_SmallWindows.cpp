@@ -4,6 +4,7 @@
 #include "core/Version.h"
 #include "prefs/frmAbout.h"
 #include "prefs/frmInfo.h"
+#include "session/SessionState.h"
 #include "session/frmConnect.h"
 #include "session/frmConnectionStatus.h"
 #include "session/frmElapsedTime.h"
@@ -146,12 +147,12 @@ void tst_SmallWindows::connectionStatusAsksTheFlagAndNotTheSocket()
 
 void tst_SmallWindows::message()
 {
-    Global.strSystemMsg = u"<b>Closed</b> &amp; locked\non Monday"_s;
+    Session.strSystemMsg = u"<b>Closed</b> &amp; locked\non Monday"_s;
     const frmMsg window;
     QCOMPARE(window.windowTitle(), u"Halvane - Important Message(s). Please Read .."_s);
     QCOMPARE(Child<QGroupBox>(&window, "Frame1")->title(), u"Important Message - Please Read .."_s);
     QCOMPARE(Child<QPushButton>(&window, "Command1")->text(), u"&Close"_s);
-    QCOMPARE(Child<QPlainTextEdit>(&window, "Text1")->toPlainText(), Global.strSystemMsg);
+    QCOMPARE(Child<QPlainTextEdit>(&window, "Text1")->toPlainText(), Session.strSystemMsg);
     QVERIFY(Child<QPlainTextEdit>(&window, "Text1")->isReadOnly());
     QVERIFY(window.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
     QVERIFY(!window.isModal());
@@ -159,7 +160,7 @@ void tst_SmallWindows::message()
 
 void tst_SmallWindows::messageIsReplaced()
 {
-    Global.strSystemMsg = u"to all"_s;
+    Session.strSystemMsg = u"to all"_s;
     frmMsg window;
     window.SetText1(u"to you"_s);
     QCOMPARE(Child<QPlainTextEdit>(&window, "Text1")->toPlainText(), u"to you"_s);
@@ -175,11 +176,11 @@ void tst_SmallWindows::messageClosesByItsButton()
 
 void tst_SmallWindows::thereIsOneWindowOfMessages()
 {
-    Global.strSystemMsg = u"to all"_s;
+    Session.strSystemMsg = u"to all"_s;
     const QPointer<frmMsg> window(&frmMsg::ShowForm(nullptr));
     QVERIFY(window->isVisible());
     window->SetText1(u"to you"_s);
-    Global.strSystemMsg = u"to all, later"_s;
+    Session.strSystemMsg = u"to all, later"_s;
     QCOMPARE(&frmMsg::ShowForm(nullptr), window.data());
     QCOMPARE(Child<QPlainTextEdit>(window, "Text1")->toPlainText(), u"to all, later"_s);
     // One that is being closed is not shown again.
@@ -201,7 +202,7 @@ void tst_SmallWindows::elapsedTime_data()
 void tst_SmallWindows::elapsedTime()
 {
     QFETCH(QString, sessionTime);
-    Global.strSessionTime = sessionTime;
+    Session.strSessionTime = sessionTime;
     const frmElapsedTime window;
     QCOMPARE(window.windowTitle(), u"Halvane - Session Status .."_s);
     QCOMPARE(Child<QGroupBox>(&window, "Frame1")->title(), u"Total Session Time:"_s);
@@ -221,10 +222,10 @@ void tst_SmallWindows::elapsedTimeForgetsTheSessionTime_data()
 void tst_SmallWindows::elapsedTimeForgetsTheSessionTime()
 {
     QFETCH(int, way);
-    Global.strSessionTime = u"Lost Connection"_s;
+    Session.strSessionTime = u"Lost Connection"_s;
     frmElapsedTime window;
     window.show();
-    QCOMPARE(Global.strSessionTime, u"Lost Connection"_s);
+    QCOMPARE(Session.strSessionTime, u"Lost Connection"_s);
     if (way == 0)
         Click(&window, "Command1");
     else if (way == 1)
@@ -232,7 +233,7 @@ void tst_SmallWindows::elapsedTimeForgetsTheSessionTime()
     else
         window.close();
     QVERIFY(!window.isVisible());
-    QCOMPARE(Global.strSessionTime, QString());
+    QCOMPARE(Session.strSessionTime, QString());
 }
 
 void tst_SmallWindows::about()

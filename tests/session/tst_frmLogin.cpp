@@ -7,6 +7,7 @@
 #include "link/ConnectState.h"
 #include "link/frmWinsock.h"
 #include "session/SessionEvents.h"
+#include "session/SessionState.h"
 #include "session/frmLogin.h"
 #include "session/frmMain.h"
 
@@ -340,7 +341,7 @@ void tst_frmLogin::oneEmptyFieldSendsNothing()
     const frmLogin *login = session->OpenLoginToTheEnd();
     QVERIFY(login);
     QCOMPARE(CourtSocket::Court().requests, QByteArrayList());
-    QCOMPARE(Global.strPrivateMsgs, u"No messages found."_s);
+    QCOMPARE(Session.strPrivateMsgs, u"No messages found."_s);
     QCOMPARE(Child<QPlainTextEdit>(login, "txtMsg")->toPlainText(), u"No messages found."_s);
     QVERIFY(!Child<QGroupBox>(login, "Frame1")->isVisible());
 }
@@ -371,7 +372,7 @@ void tst_frmLogin::privateMessages()
     const frmLogin *login = session->OpenLoginToTheEnd();
     QVERIFY(login);
     QCOMPARE(Child<QPlainTextEdit>(login, "txtMsg")->toPlainText(), text);
-    QCOMPARE(Global.strPrivateMsgs, text);
+    QCOMPARE(Session.strPrivateMsgs, text);
     QCOMPARE(Child<QGroupBox>(login, "Frame1")->isVisible(), inView);
     QCOMPARE(login->height() == PixelsFromTwips(5370), inView);
 }

@@ -4,6 +4,7 @@
 #include "core/Options.h"
 #include "link/frmWinsock.h"
 #include "session/SessionEvents.h"
+#include "session/SessionState.h"
 #include "session/frmLogin.h"
 #include "session/frmMain.h"
 #include "support/ScriptedCourt.h"
@@ -120,7 +121,7 @@ void tst_frmLoginOutcomes::wholeLoginByteForByteAndInOrder()
     QCOMPARE(Global.bLoggedIn, true);
     QCOMPARE(Global.bClientAcctgOpt, true);
     QCOMPARE(GetOptionStr(u"Searching"_s, u"MaxIndexResults"_s), u"300"_s);
-    QCOMPARE(Global.strPrivateMsgs, u"Payus"_s);
+    QCOMPARE(Session.strPrivateMsgs, u"Payus"_s);
     QVERIFY(messageWindow());
     QCOMPARE(Child<QPlainTextEdit>(messageWindow(), "Text1")->toPlainText(), u"HelloWorld"_s);
 }
@@ -141,8 +142,8 @@ void tst_frmLoginOutcomes::acceptedLoginOpensTheSession()
     QCOMPARE(Global.bLoggedIn, true);
     QCOMPARE(Global.bLoginBusy, false);
     QCOMPARE(Global.bGettingParams, false);
-    QCOMPARE(Global.strUserName, u"User"_s);
-    QCOMPARE(Global.strUserPassword, u"Pass"_s);
+    QCOMPARE(Session.strUserName, u"User"_s);
+    QCOMPARE(Session.strUserPassword, u"Pass"_s);
     QCOMPARE(session->Main()->txtConnectStatus(), u"Connected"_s);
     QCOMPARE(Child<QLabel>(session->Main(), "sbStatusBar_4")->text(), u"Connected"_s);
     QVERIFY(session->folder.Logged(u"Login Returned: 901"_s));
@@ -366,7 +367,7 @@ void tst_frmLoginOutcomes::systemMessageIsNotOfferedWithoutAlerts()
     Global.bShowAlerts = false;
     uneventfulReplies("|Hello||EOF~|");
     Click(login, "cmdLogin");
-    QCOMPARE(Global.strSystemMsg, u"Hello"_s);
+    QCOMPARE(Session.strSystemMsg, u"Hello"_s);
     QVERIFY(!messageWindow());
     QCOMPARE(Global.bLoggedIn, true);
 }

@@ -3,6 +3,7 @@
 #include "core/GlobalState.h"
 #include "link/ConnectState.h"
 #include "session/SessionEvents.h"
+#include "session/SessionState.h"
 #include "session/frmMain.h"
 
 #include <QDesktopServices>
@@ -542,7 +543,7 @@ void tst_frmMain::noMessages_data()
 void tst_frmMain::noMessages()
 {
     QFETCH(QString, messages);
-    Global.strPrivateMsgs = messages;
+    Session.strPrivateMsgs = messages;
     session->boxes.Expect(u"No Messages Found."_s, u"Halvane - Private Messages"_s);
     Choose(main, "mnuCheckMsgs");
     QCOMPARE(session->boxes.Answered(), 1);
@@ -551,8 +552,8 @@ void tst_frmMain::noMessages()
 
 void tst_frmMain::privateMessagesAreShown()
 {
-    Global.strSystemMsg = u"to all"_s;
-    Global.strPrivateMsgs = u"to <you>"_s;
+    Session.strSystemMsg = u"to all"_s;
+    Session.strPrivateMsgs = u"to <you>"_s;
     Choose(main, "mnuCheckMsgs");
     auto *window = main->findChild<QWidget *>(u"frmMsg"_s);
     QVERIFY(window && window->isVisible());

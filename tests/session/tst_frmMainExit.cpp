@@ -5,6 +5,7 @@
 #include "jobs/frmQueue.h"
 #include "link/ConnectState.h"
 #include "link/frmWinsock.h"
+#include "session/SessionState.h"
 #include "session/frmLogin.h"
 #include "session/frmMain.h"
 
@@ -237,7 +238,7 @@ void tst_frmMainExit::disconnectWithoutAlertsAsksNothing()
 void tst_frmMainExit::disconnectAfterTheIdleWarningAsksNothing()
 {
     loggedIn();
-    Global.bAutoLogout = true;
+    Session.bAutoLogout = true;
     Choose(main, "mnuConnectionDisConnect");
     QCOMPARE(Global.bLoggedIn, false);
     QVERIFY(report());

@@ -2,6 +2,7 @@
 
 #include "core/AppFolder.h"
 #include "core/EndProgram.h"
+#include "core/FolderState.h"
 #include "core/GlobalState.h"
 #include "core/Windows1252.h"
 #include "jobs/frmQueue.h"
@@ -38,6 +39,7 @@ void TestFolder::ResetProgram()
     AssumeNetworkAddress(true);
     ReplaceEndProgram({});
     Global = GlobalState();
+    FolderStates::ForgetAll();
 }
 
 QString TestFolder::Path(const QString &name) const

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "core/UserStore.h"
 #include "tables/FlexGrid.h"
 #include "tables/TableTools.h"
-#include "core/UserStore.h"
 
 #include <QApplication>
 #include <QHeaderView>

@@ -1,7 +1,7 @@
+#include "core/UserStore.h"
 #include "tables/ColumnWidths.h"
 #include "tables/ResultListView.h"
 #include "tables/TableTools.h"
-#include "core/UserStore.h"
 
 #include <QHeaderView>
 #include <QMenu>

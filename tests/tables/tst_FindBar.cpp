@@ -1,6 +1,6 @@
+#include "support/ProcessorTime.h"
 #include "tables/ListUser.h"
 #include "tables/RowFilter.h"
-#include "support/ProcessorTime.h"
 
 #include <QGridLayout>
 #include <QHeaderView>

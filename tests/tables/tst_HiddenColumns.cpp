@@ -1,10 +1,10 @@
 // A column of no width: it holds what the user is not to see.
 
+#include "controls/SaveDialog.h"
+#include "support/TestFolder.h"
 #include "tables/ColumnWidths.h"
 #include "tables/GridUser.h"
 #include "tables/RowFilter.h"
-#include "controls/SaveDialog.h"
-#include "support/TestFolder.h"
 
 #include <QClipboard>
 #include <QScopeGuard>

@@ -1,7 +1,7 @@
-#include "tables/RowFilter.h"
 #include "controls/SaveDialog.h"
-#include "tables/TableUser.h"
 #include "support/TestFolder.h"
+#include "tables/RowFilter.h"
+#include "tables/TableUser.h"
 
 #include <QFile>
 

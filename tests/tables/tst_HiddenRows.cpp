@@ -1,6 +1,6 @@
+#include "support/ProcessorTime.h"
 #include "tables/RowFilter.h"
 #include "tables/TableUser.h"
-#include "support/ProcessorTime.h"
 
 #include <QSignalSpy>
 

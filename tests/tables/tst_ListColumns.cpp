@@ -1,5 +1,5 @@
-#include "tables/ResultListView.h"
 #include "controls/Twips.h"
+#include "tables/ResultListView.h"
 
 #include <QApplication>
 #include <QFontMetrics>

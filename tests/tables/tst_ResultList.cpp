@@ -1,6 +1,6 @@
-#include "tables/ResultListView.h"
 #include "controls/Twips.h"
 #include "core/Windows1252.h"
+#include "tables/ResultListView.h"
 
 #include <QAbstractItemModelTester>
 #include <QElapsedTimer>

@@ -1,5 +1,5 @@
-#include "tables/ResultListView.h"
 #include "support/ProcessorTime.h"
+#include "tables/ResultListView.h"
 
 #include <QAbstractItemModelTester>
 #include <QFile>

@@ -1,9 +1,9 @@
-#include "tables/ListUser.h"
 #include "controls/SaveDialog.h"
 #include "core/GlobalState.h"
 #include "support/BoxAnswers.h"
 #include "support/FaultyFile.h"
 #include "support/TestFolder.h"
+#include "tables/ListUser.h"
 
 #include <QDir>
 #include <QFileDialog>
