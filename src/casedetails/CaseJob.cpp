@@ -3,13 +3,12 @@
 #include "casedetails/CaseJob.h"
 
 #include "casedetails/CaseAnswers.h"
-
 #include "casedetails/CaseTalk.h"
 #include "casedetails/TabGrids.h"
 #include "core/GlobalState.h"
 #include "core/Log.h"
 #include "core/Settings.h"
-#include "jobs/TurnTaking.h"
+#include "courts/CourtTable.h"
 
 using namespace Qt::StringLiterals;
 
@@ -139,7 +138,7 @@ void CaseJob::BeginTick()
 
 QString CaseJob::StopRequest() const
 {
-    return CaseStopOf(Record.lblState).toString();
+    return CaseStopOf(Record.lblState);
 }
 
 /// Every tab of the strip that has neither been left out nor come offers to be fetched, one in

@@ -1,6 +1,6 @@
 #include "records/CaseRecord.h"
 
-#include "courts/CaseTypes.h"
+#include "courts/CourtTable.h"
 
 #include <algorithm>
 #include <span>
