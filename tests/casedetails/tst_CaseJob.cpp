@@ -56,8 +56,11 @@ void tst_CaseJob::expectTabs(const QStringList &lines, const QStringList &summar
 {
     court->Expect(lines.first()).Reply(summary);
     for (const QString &line : lines.mid(1)) {
-        const QStringList rows{u"01/02/2003~"_s + line.section(u'\u00A6', 1, 1) + u'~'};
-        court->Expect(line).Reply(tableForm ? TableForm(rows) : GridDef(rows));
+        const QString row = u"01/02/2003~"_s + line.section(u'\u00A6', 1, 1) + u'~';
+        court->Expect(line).Reply(tableForm ? QStringList{u"TABNAME~x~"_s, u"TABDEF~x~"_s,
+                                                          u"COLDEF~Date~Entry~20~80~"_s,
+                                                          u"COLALIGNMENT~L~L~"_s, row, u"EOF~"_s}
+                                            : GridDef({row}));
     }
 }
 
@@ -303,13 +306,17 @@ void tst_CaseJob::tabsThatTheSummaryDoesNotNameGo()
         ->Expect(u"IDSUP\u00A6SUMMARY,NAMES,DOCKET,\u00A6CV-2001-1\u00A6"
                  "Ada\u00A6"_s)
         .Reply({u"summary~names~"_s, u"Court~Ada~"_s, u"Number~CV-2001-1~"_s, u"Title~A~"_s,
-                u"EOF~"_s});
+                u"EOF~"_s})
+        .Late();
     CaseJob *job = OfState(u"ID"_s, u"CV-2001-1"_s);
     // The user looks at a tab that goes away under them.
-    desk->When([&] { return job->State() == JobState::Running; },
-               [&] {
+    desk->When([this] { return court->OwesAnswer(); },
+               [this, job] {
                    job->Sheet.Select(u"Charges"_s);
                    job->ActivateTab(u"Charges"_s);
+                   QCOMPARE(job->Record.InSight, CaseTab::Charges);
+                   QVERIFY(job->Record.PanelInSight);
+                   court->AnswerNow();
                });
     Run(job);
     QCOMPARE(job->Record.TabCaptions, (QStringList{u"Summary"_s, u"Names"_s}));

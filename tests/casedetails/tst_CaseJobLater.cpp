@@ -238,6 +238,7 @@ void tst_CaseJobLater::theAnswerForTheArbitrationCourtIsInEachRequest()
     CaseListener listener(job);
     listener.Arbitration = true;
     Run(job);
+    job->ActivateTab(u"Docket"_s);
     const QString line = job->Record.Tab(CaseTab::Docket).TabRequest;
     court->Expect(line.chopped(2) + u" ARBITRATION\u00A6\u00A6"_s).Reply(GridDef({u"A~B~"_s}));
     RunLater(job, {CaseTab::Docket});
