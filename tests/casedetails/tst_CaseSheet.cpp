@@ -56,12 +56,12 @@ void tst_CaseSheet::whatEachKindBeginsWith()
 void tst_CaseSheet::whatIsHandedOver()
 {
     CaseSheet sheet(CaseKind::NonCivil);
-    const QSignalSpy told(&sheet, &CaseSheet::HeaderChanged);
+    const QSignalSpy announced(&sheet, &CaseSheet::HeaderChanged);
     CaseStart start(CaseKind::State);
     start.txtCaseNumber = u"C1"_s;
     start.lblCourtName = u"Seattle"_s;
     sheet.Take(start);
-    QCOMPARE(told.size(), 1);
+    QCOMPARE(announced.size(), 1);
     QCOMPARE(sheet.Record.txtCaseNumber, u"C1"_s);
     QCOMPARE(sheet.Record.lblCourtName, u"Seattle"_s);
     QCOMPARE(sheet.Record.Kind, CaseKind::NonCivil);
@@ -134,12 +134,12 @@ void tst_CaseSheet::missingTabsAreOffered()
 void tst_CaseSheet::aTableThatNoWindowHas()
 {
     CaseSheet sheet(CaseKind::Civil);
-    const QSignalSpy told(&sheet, &CaseSheet::TabChanged);
+    const QSignalSpy announced(&sheet, &CaseSheet::TabChanged);
     sheet.ShowTable(CaseTab::Charges, {{{u"A"_s, 100}}, {{u"a"_s}}, true});
-    QCOMPARE(told.size(), 0);
+    QCOMPARE(announced.size(), 0);
     QVERIFY(sheet.Record.Tab(CaseTab::Charges).Table.Rows.isEmpty());
     sheet.ShowTable(CaseTab::Docket, {{{u"A"_s, 100}}, {{u"a"_s}}, true});
-    QCOMPARE(told.size(), 1);
+    QCOMPARE(announced.size(), 1);
 }
 
 void tst_CaseSheet::rowsOfTheSummary()
