@@ -132,9 +132,9 @@ void checkOrder(const QString &left, const QString &right)
 
 /// What opens a case: with a form that the next server can read, and the same for a case that was
 /// opened before.
-void checkCase(const CaseFromRow &fields, const CaseFromRow &again, const QString &cell)
+void checkCase(const CaseStart &fields, const CaseStart &again, const QString &cell)
 {
-    require(fields.Caption == again.Caption && fields.Form == again.Form
+    require(fields.Caption == again.Caption && fields.Kind == again.Kind
                 && fields.lblCaseDetailsHdr == again.lblCaseDetailsHdr
                 && fields.lblCourtName == again.lblCourtName && fields.Log == again.Log
                 && fields.tboxCaseNumberQueue == again.tboxCaseNumberQueue
@@ -183,7 +183,7 @@ void checkCells(const QStringList &cells, ResultKind kind)
                                                          {ResultKind::Bankruptcy, {u"WAWBK"_s}},
                                                          {ResultKind::Index, {u"WA"_s}}};
     for (const QString &state : statesOf.value(kind)) {
-        const CaseFromRow fields = CaseOfRow(cells, kind, state);
+        const CaseStart fields = CaseOfRow(cells, kind, state);
         require(fields.txtCaseNumber == cell, "the cell that was opened has changed");
         checkCase(fields, CaseOfRow(opened, kind, state), cell);
     }

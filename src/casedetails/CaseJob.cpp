@@ -3,14 +3,12 @@
 #include "casedetails/CaseJob.h"
 
 #include "casedetails/CaseAnswers.h"
-
 #include "casedetails/CaseTalk.h"
 #include "casedetails/TabGrids.h"
 #include "core/GlobalState.h"
 #include "core/Log.h"
 #include "core/Settings.h"
 #include "courts/CourtTable.h"
-#include "jobs/TurnTaking.h"
 
 using namespace Qt::StringLiterals;
 

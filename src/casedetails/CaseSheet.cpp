@@ -6,7 +6,9 @@ CaseSheet::CaseSheet(CaseKind kind) : Record(kind) {}
 
 void CaseSheet::Take(const CaseStart &start)
 {
+    const CaseKind kind = Record.Kind;
     static_cast<CaseStart &>(Record) = start;
+    Record.Kind = kind;
     Q_EMIT HeaderChanged();
 }
 

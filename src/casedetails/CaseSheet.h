@@ -12,7 +12,7 @@ class CaseSheet : public QObject
 public:
     explicit CaseSheet(CaseKind kind);
 
-    /// Takes what the starter hands over.
+    /// Takes what the starter hands over. The kind of the case stays.
     void Take(const CaseStart &start);
     /// A text of the header that is nothing but a text.
     void SetHeader(QString CaseRecord::*field, const QString &text);

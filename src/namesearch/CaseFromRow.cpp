@@ -26,6 +26,7 @@ constexpr int discisDateCell = 7;
 constexpr int requestTypeField = 6;
 
 constexpr QStringView openedMark = u">>";
+constexpr QStringView pendingTitle = u"Pending .. ";
 constexpr QStringView warningCell = u"**Warning**";
 
 /// The lines that open a case from a list have the bar, those of Oregon too.
@@ -93,40 +94,39 @@ constexpr std::array<IdahoType, 3> idahoTypes{{
 /// The two windows of the District and Municipal Courts.
 struct DiscisRow
 {
-    CaseForm form;
+    CaseKind of;
     QStringView kind;
     QStringView word;
     QStringView log;
 };
-constexpr DiscisRow civil{CaseForm::Civil, u"CV", u"CIVI", u"Discis CIVI Search Request: "};
-constexpr DiscisRow nonCivil{CaseForm::NonCivil, u"IN", u"NCC", u"Discis NCC Search Request: "};
+constexpr DiscisRow civil{CaseKind::Civil, u"CV", u"CIVI", u"Discis CIVI Search Request: "};
+constexpr DiscisRow nonCivil{CaseKind::NonCivil, u"IN", u"NCC", u"Discis NCC Search Request: "};
 
-/// What all of these windows read of a number. The case window tells an archived case by the "*" of
-/// its heading.
-CaseFromRow caseOf(const QString &cell)
+/// What all of these windows read of a number. An archived case has a "*" in its heading.
+CaseStart caseOf(const QString &cell)
 {
     const QString number = CaseNumberOf(cell);
     const bool archived = cell.startsWith(u'*') || cell.startsWith(u">>*");
-    CaseFromRow fields;
+    CaseStart fields;
     fields.Caption = u"Case Details ("_s + number + u')';
-    fields.lblCaseDetailsHdr =
-        u"Case Details ("_s + (archived ? u"*"_s : QString()) + number + u')';
+    fields.SetTitle(pendingTitle.toString());
+    fields.SetHeading(u"Case Details ("_s + (archived ? u"*"_s : QString()) + number + u')');
     fields.txtCaseNumber = cell;
     return fields;
 }
 
-void fillBankruptcy(CaseFromRow &fields, const QStringList &cells)
+void fillBankruptcy(CaseStart &fields, const QStringList &cells)
 {
     const QString cell = cells.value(numberCell);
     fields.chkBK = true;
     fields.tboxCaseNumberQueue = CaseNumberOf(cell);
     if (const CourtFacts *court = CourtOfState(fields.lblState))
         fields.lblCourtName = court->OfRow.toString();
-    fields.TabRequest = cells.value(retrievalCell);
-    fields.Log = u"Bankruptcy Request: "_s + fields.TabRequest;
+    fields.TabRequests = {cells.value(retrievalCell)};
+    fields.Log = u"Bankruptcy Request: "_s + cells.value(retrievalCell);
 }
 
-void fillWashington(CaseFromRow &fields, const StateRow &row, const QString &number,
+void fillWashington(CaseStart &fields, const StateRow &row, const QString &number,
                     const QString &county)
 {
     fields.txtCountyName = county;
@@ -136,7 +136,7 @@ void fillWashington(CaseFromRow &fields, const StateRow &row, const QString &num
         {CourtOfState(row.state)->Word.toString(), row.words.toString(), number, county, {}});
 }
 
-void fillState(CaseFromRow &fields, const StateRow &row, const QStringList &cells,
+void fillState(CaseStart &fields, const StateRow &row, const QStringList &cells,
                const QString &location)
 {
     const QString number = CaseNumberOf(cells.value(numberCell));
@@ -169,10 +169,10 @@ QString idahoTypeOf(const QStringList &cells)
     return {};
 }
 
-CaseFromRow superiorCase(const QStringList &cells, const QString &county)
+CaseStart superiorCase(const QStringList &cells, const QString &county)
 {
     const QString cell = cells.value(numberCell);
-    CaseFromRow fields = caseOf(cell);
+    CaseStart fields = caseOf(cell);
     fields.lblState = u"WA"_s;
     fields.lblDateFiled = cells.value(discisDateCell);
     fillWashington(fields, states.front(), CaseNumberOf(cell), county);
@@ -180,14 +180,13 @@ CaseFromRow superiorCase(const QStringList &cells, const QString &county)
     return fields;
 }
 
-CaseFromRow discisCase(const QStringList &cells, const DiscisRow &row)
+CaseStart discisCase(const QStringList &cells, const DiscisRow &row)
 {
     const QString number = CaseNumberOf(cells.value(numberCell));
     const QString code = cells.value(courtCodeCell);
     const QString type = cells.value(caseTypeCell);
-    CaseFromRow fields;
-    fields.Form = row.form;
-    fields.lblState = u"WA"_s;
+    CaseStart fields(row.of);
+    fields.SetTitle(pendingTitle.toString());
     fields.lblCaseNo = number;
     fields.lblDateFiled = cells.value(discisDateCell);
     fields.txtCaseNumber = number;
@@ -228,9 +227,9 @@ bool IsCaseRow(const QStringList &cells)
     return cell != warningCell && !CaseNumberOf(cell).isEmpty();
 }
 
-CaseFromRow CaseOfRow(const QStringList &cells, ResultKind kind, const QString &state)
+CaseStart CaseOfRow(const QStringList &cells, ResultKind kind, const QString &state)
 {
-    CaseFromRow fields = caseOf(cells.value(numberCell));
+    CaseStart fields = caseOf(cells.value(numberCell));
     fields.lblState = state;
     fields.lblDateFiled = cells.value(dateCell);
     if (kind == ResultKind::Bankruptcy) {
@@ -248,7 +247,7 @@ CaseFromRow CaseOfRow(const QStringList &cells, ResultKind kind, const QString &
     return fields;
 }
 
-CaseFromRow DiscisCaseOfRow(const QStringList &cells, ResultKind kind, const QString &requestType)
+CaseStart DiscisCaseOfRow(const QStringList &cells, ResultKind kind, const QString &requestType)
 {
     if (kind == ResultKind::DiscisCivil)
         return discisCase(cells, civil);

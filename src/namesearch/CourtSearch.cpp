@@ -47,7 +47,7 @@ void CourtSearch::AddRow(const QString &row)
     AddParsedRow(row, kindOfRows());
 }
 
-CaseFromRow CourtSearch::CaseOf(const QStringList &cells) const
+CaseStart CourtSearch::CaseOf(const QStringList &cells) const
 {
     return CaseOfRow(cells, kindOfRows(), Record.lblState);
 }

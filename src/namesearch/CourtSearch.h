@@ -15,7 +15,7 @@ public:
 
     void ShowSearchCriteria(int lineIndex) override;
     void AddRow(const QString &row) override;
-    CaseFromRow CaseOf(const QStringList &cells) const override;
+    CaseStart CaseOf(const QStringList &cells) const override;
 
     /// Asks for the page that was offered.
     void GetNextPage();

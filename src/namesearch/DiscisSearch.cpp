@@ -30,7 +30,7 @@ void DiscisSearch::AddRow(const QString &row)
     AddParsedRow(row, Record.Kind);
 }
 
-CaseFromRow DiscisSearch::CaseOf(const QStringList &cells) const
+CaseStart DiscisSearch::CaseOf(const QStringList &cells) const
 {
     return DiscisCaseOfRow(cells, Record.Kind, CaseTypeOfRequest(lboxQueue.List(0)));
 }

@@ -9,7 +9,7 @@ class DiscisSearch : public NameSearch
 public:
     void ShowSearchCriteria(int lineIndex) override;
     void AddRow(const QString &row) override;
-    CaseFromRow CaseOf(const QStringList &cells) const override;
+    CaseStart CaseOf(const QStringList &cells) const override;
     /// The name, and the caption with it.
     void SetNameVal(const QString &text) override;
 

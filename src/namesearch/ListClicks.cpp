@@ -1,8 +1,7 @@
 // What clicks on a list of results do: a header sorts, a row opens its case.
 
-#include "casedetails/frmCaseDetails.h"
-#include "casedetails/frmCivilCaseDetails.h"
-#include "casedetails/frmNCCaseDetails.h"
+#include "casedetails/CaseWindow.h"
+#include "casedetails/CaseWindows.h"
 #include "core/GlobalState.h"
 #include "core/Log.h"
 #include "namesearch/CaseFromRow.h"
@@ -20,61 +19,14 @@ namespace {
 /// The arrow and SortColumnName follow the first columns only.
 constexpr int arrowColumns = 6;
 
-void fillWindow(CaseWindow &window, const CaseFromRow &fields)
+void openCase(const CaseStart &start)
 {
-    window.lblState = fields.lblState;
-    window.setWindowTitle(fields.Caption);
-    window.SetCourtName(fields.lblCourtName);
-    window.SetCaseTitle(u"Pending .. "_s);
-    window.SetDateFiled(fields.lblDateFiled);
-    window.txtCaseNumber = fields.txtCaseNumber;
-    window.txtCountyName = fields.txtCountyName;
-    window.tboxCaseNumberQueue = fields.tboxCaseNumberQueue;
-    if (!fields.lblCaseDetailsHdr.isEmpty())
-        window.SetCaseDetailsHdr(fields.lblCaseDetailsHdr);
-}
-
-void fillOwn(frmCaseDetails &window, const CaseFromRow &fields)
-{
-    window.lblOrCourtType = fields.lblOrCourtType;
-    window.chkBK = fields.chkBK;
-    window.SetTopFrameCaseType(fields.lblTopFrameCaseType);
-    if (fields.chkBK) {
-        window.lboxTabReqQueue.Clear();
-        window.lboxTabReqQueue.AddItem(fields.TabRequest);
-    }
-}
-
-void fillOwn(DiscisCaseWindow &window, const CaseFromRow &fields)
-{
-    window.SetCaseNo(fields.lblCaseNo);
-    window.txtCourtCode = fields.txtCourtCode;
-    window.txtCaseType = fields.txtCaseType;
-}
-
-template<typename Window>
-void openCase(const CaseFromRow &fields, const QString &code)
-{
-    NewWindow form(new Window);
-    fillWindow(*form, fields);
-    fillOwn(*form, fields);
-    WriteAppInfo(fields.Log);
+    NewWindow form(MakeCaseWindow(start.Kind));
+    form->Take(start);
+    WriteAppInfo(start.Log);
     form.GiveKey();
-    form->ClientAcctgCode = code;
     form.Launch();
 }
-
-/// Which window shows a case.
-struct FormRow
-{
-    CaseForm form;
-    void (*open)(const CaseFromRow &fields, const QString &code);
-};
-constexpr std::array<FormRow, 3> forms{{
-    {CaseForm::Case, openCase<frmCaseDetails>},
-    {CaseForm::Civil, openCase<frmCivilCaseDetails>},
-    {CaseForm::NonCivil, openCase<frmNCCaseDetails>},
-}};
 
 Qt::SortOrder other(Qt::SortOrder order)
 {
@@ -151,11 +103,9 @@ void NameResultsWindow::OpenCaseFromRow(int row)
         return;
     // A new job is being started: whatever all jobs were asked to stop for is over.
     Global.bStopRequested = false;
-    const CaseFromRow fields = search->OpenRow(row);
+    CaseStart start = search->OpenRow(row);
+    start.ClientAcctgCode = ClientAcctgCode;
     // A number is what a case is known by: its mark must not push the end of it out of sight.
     listview1->WidenForCell(row, number);
-    for (const FormRow &one : forms) {
-        if (one.form == fields.Form)
-            one.open(fields, ClientAcctgCode);
-    }
+    openCase(start);
 }

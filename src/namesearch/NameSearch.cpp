@@ -242,11 +242,11 @@ void NameSearch::addMaxResultsRows()
     }
 }
 
-CaseFromRow NameSearch::OpenRow(int row)
+CaseStart NameSearch::OpenRow(int row)
 {
     constexpr int number = 1;
     const QStringList cells = Record.Rows.Cells(row);
-    CaseFromRow fields = CaseOf(cells);
+    CaseStart fields = CaseOf(cells);
     Record.Rows.SetCell(row, number, MarkedAsOpened(cells.at(number)));
     return fields;
 }

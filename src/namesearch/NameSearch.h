@@ -48,9 +48,9 @@ public:
     /// Adds a row of the server. Throws error 9 when it has too few fields.
     virtual void AddRow(const QString &row) = 0;
     /// What the window of the case in these cells gets.
-    virtual CaseFromRow CaseOf(const QStringList &cells) const = 0;
+    virtual CaseStart CaseOf(const QStringList &cells) const = 0;
     /// The row has been opened: marks it, and gives what the window of its case gets.
-    CaseFromRow OpenRow(int row);
+    CaseStart OpenRow(int row);
 
     /// Puts texts where the search and its starter want them, and tells whoever shows them.
     virtual void SetNameVal(const QString &text);

@@ -41,4 +41,5 @@ struct CaseStart
     QString ClientAcctgCode;
     bool chkBK = false;
     bool chkAutoPrint = false; ///< print when everything has come
+    QString Log; ///< what is logged when the case is opened from a row, "" for nothing
 };

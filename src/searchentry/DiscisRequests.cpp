@@ -126,7 +126,7 @@ bool IsDndSearch(const SearchEntry &entry)
            && entry.DiscisItems.value(0) == discisDefendantsItem;
 }
 
-std::optional<DiscisNumber> DiscisNumberFields(const SearchEntry &entry)
+std::optional<CaseStart> DiscisNumberFields(const SearchEntry &entry)
 {
     const QString court = entry.DiscisSelected.value(0);
     const QString code = DiscisCourtCodeOf(court);
@@ -136,9 +136,8 @@ std::optional<DiscisNumber> DiscisNumberFields(const SearchEntry &entry)
         return std::nullopt;
     }
     const QString number = TrimBlanks(entry.Names[LastName]);
-    DiscisNumber fields;
+    CaseStart fields(isCivil(entry) ? CaseKind::Civil : CaseKind::NonCivil);
     fields.Caption = number + u" - Case Details"_s;
-    fields.lblCaseType = isCivil(entry) ? u"CIVIL  CV"_s : u"NON-CIVIL"_s;
     fields.txtCaseType = isCivil(entry) ? u"CV"_s : u"IN"_s;
     fields.lblCourtName = entry.DiscisCounty + u" Cty. - "_s + court;
     fields.txtCaseNumber = number;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "records/CaseStart.h"
 #include "searchentry/SearchEntry.h"
 
 #include <functional>
@@ -26,20 +27,9 @@ DiscisRequests DiscisNameRequests(const SearchEntry &entry, const std::function<
 /// True when the next non-civil window asks for defendants with their addresses.
 bool IsDndSearch(const SearchEntry &entry);
 
-/// What a District or Municipal case window gets for a number.
-struct DiscisNumber
-{
-    QString Caption;
-    QString lblCaseType;
-    QString txtCaseType;
-    QString lblCourtName;
-    QString txtCaseNumber;
-    QString lblCaseNo;
-    QString txtCourtCode;
-};
-
-/// None when neither civil nor non-civil was chosen, or no court: that is logged.
-std::optional<DiscisNumber> DiscisNumberFields(const SearchEntry &entry);
+/// One number of the District and Municipal Courts. None when neither civil nor non-civil was
+/// chosen, or no court: that is logged.
+std::optional<CaseStart> DiscisNumberFields(const SearchEntry &entry);
 
 /// The name of a court in a list item of the form "name (code)".
 QString DiscisCourtNameOf(const QString &listItem);

@@ -45,12 +45,12 @@ QString header(const QString &number)
 }
 
 /// What one number and a row of a batch have in common.
-CaseFields fieldsOf(const SearchEntry &entry, const QString &typedNumber, const QString &county)
+CaseStart fieldsOf(const SearchEntry &entry, const QString &typedNumber, const QString &county)
 {
     const QString number = FoldToUpper(TrimBlanks(typedNumber));
-    CaseFields fields;
+    CaseStart fields;
     fields.lblState = CourtOf(entry.Court).State.toString();
-    fields.lblCaseDetailsHdr = header(number);
+    fields.SetHeading(header(number));
     fields.txtCountyName = county;
     fields.lblCourtName = CourtsOfCounty(county, entry.Court, entry.DistrictCourt);
     fields.lblOrCourtType = courtType(entry);
@@ -67,27 +67,27 @@ QString CaseNumberRequest(const QString &number)
     return ComposeRequest(RequestLine::CaseNumber, entry, {});
 }
 
-CaseFields NumberFields(const SearchEntry &entry)
+CaseStart NumberFields(const SearchEntry &entry)
 {
     const StateRow *row = stateRow(entry);
     if (!row)
         throw RunTimeError::SubscriptOutOfRange();
-    CaseFields fields = fieldsOf(entry, entry.Names[LastName], entry.NumberCounty);
+    CaseStart fields = fieldsOf(entry, entry.Names[LastName], entry.NumberCounty);
     if (!row->courtWithOneNumber)
         fields.lblCourtName.clear();
     return fields;
 }
 
-QList<CaseFields> BatchFields(const SearchEntry &entry)
+QList<CaseStart> BatchFields(const SearchEntry &entry)
 {
-    QList<CaseFields> all;
+    QList<CaseStart> all;
     const StateRow *row = stateRow(entry);
     if (!row)
         return all;
     for (const BatchRow &typed : entry.Batch) {
         if (TrimBlanks(typed.Number).isEmpty())
             continue;
-        CaseFields fields = fieldsOf(entry, typed.Number, typed.County);
+        CaseStart fields = fieldsOf(entry, typed.Number, typed.County);
         if (!row->lineInBatch)
             fields.tboxCaseNumberQueue.clear();
         all.append(fields);
@@ -95,13 +95,13 @@ QList<CaseFields> BatchFields(const SearchEntry &entry)
     return all;
 }
 
-CaseFields BkNumberFields(const SearchEntry &entry, int courtIndex)
+CaseStart BkNumberFields(const SearchEntry &entry, int courtIndex)
 {
     const CourtFacts &court = BkCourt(courtIndex);
     const QString number = FoldToUpper(TrimBlanks(entry.Names[LastName]));
-    CaseFields fields;
+    CaseStart fields;
     fields.lblState = court.State.toString();
-    fields.lblCaseDetailsHdr = header(number);
+    fields.SetHeading(header(number));
     fields.Caption = number + u" / " + court.OfNumber;
     fields.lblCourtName = court.OfNumber.toString();
     fields.txtCaseNumber = number;

@@ -1,9 +1,8 @@
 // From checked entries to a window that waits for its turn.
 
 #include "searchentry/SearchDispatch.h"
-#include "casedetails/frmCaseDetails.h"
-#include "casedetails/frmCivilCaseDetails.h"
-#include "casedetails/frmNCCaseDetails.h"
+#include "casedetails/CaseWindow.h"
+#include "casedetails/CaseWindows.h"
 #include "controls/MsgBox.h"
 #include "core/Clock.h"
 #include "core/EventLoop.h"
@@ -92,12 +91,14 @@ DispatchResult discisNameSearch(const SearchEntry &entry, const Handing &handing
     return DispatchResult::Waiting;
 }
 
-template<typename Window>
-DispatchResult discisNumberSearch(const SearchEntry &entry, const Handing &handing)
+/// Fills a case window, given with the client accounting code. False when there is nothing to ask.
+using FillCase = bool (*)(CaseWindow &form, const SearchEntry &entry, const QString &code);
+
+DispatchResult caseByNumber(CaseKind kind, FillCase fill, const SearchEntry &entry,
+                            const Handing &handing)
 {
-    NewWindow form(new Window);
-    form->ClientAcctgCode = handing.code;
-    if (!LoadDiscisCaseNumberFields(*form, entry))
+    NewWindow form(MakeCaseWindow(kind));
+    if (!fill(*form, entry, handing.code))
         return DispatchResult::Failed;
     form.GiveKey();
     rememberEntry(entry, handing);
@@ -107,14 +108,7 @@ DispatchResult discisNumberSearch(const SearchEntry &entry, const Handing &handi
 
 DispatchResult numberSearch(const SearchEntry &entry, const Handing &handing)
 {
-    NewWindow form(new frmCaseDetails);
-    form->ClientAcctgCode = handing.code;
-    if (!DoCaseNumberSearch(*form, entry))
-        return DispatchResult::Failed;
-    form.GiveKey();
-    rememberEntry(entry, handing);
-    form.Launch();
-    return DispatchResult::Waiting;
+    return caseByNumber(CaseKind::State, DoCaseNumberSearch, entry, handing);
 }
 
 frmNameSearchResults *newBankruptcyResults(const QString &state)
@@ -151,9 +145,10 @@ DispatchResult bankruptcyResults(const SearchEntry &entry, int court, const Hand
 
 DispatchResult bankruptcyCase(const SearchEntry &entry, int court, const Handing &handing)
 {
-    NewWindow form(new frmCaseDetails);
-    FillCaseWindow(*form, BkNumberFields(entry, court));
-    form->ClientAcctgCode = handing.code;
+    NewWindow form(MakeCaseWindow(CaseKind::State));
+    CaseStart start = BkNumberFields(entry, court);
+    start.ClientAcctgCode = handing.code;
+    form->Take(start);
     if (!LoadBkSearchParams(form->lboxTabReqQueue, entry, court))
         return DispatchResult::NoRequests;
     form.GiveKey();
@@ -190,8 +185,8 @@ DispatchResult discisSearch(const SearchEntry &entry, const Handing &handing)
 {
     const bool civil = entry.Where == SearchScope::DiscisCivil;
     if (isNumber(entry))
-        return civil ? discisNumberSearch<frmCivilCaseDetails>(entry, handing)
-                     : discisNumberSearch<frmNCCaseDetails>(entry, handing);
+        return caseByNumber(civil ? CaseKind::Civil : CaseKind::NonCivil,
+                            LoadDiscisCaseNumberFields, entry, handing);
     return civil ? discisNameSearch<frmDiscisNameResults>(entry, handing)
                  : discisNameSearch<frmDiscisNCNameResults>(entry, handing);
 }
@@ -237,18 +232,13 @@ bool LoadDiscisNameRequests(DiscisResultsWindow &form, const SearchEntry &entry)
     return true;
 }
 
-bool LoadDiscisCaseNumberFields(DiscisCaseWindow &form, const SearchEntry &entry)
+bool LoadDiscisCaseNumberFields(CaseWindow &form, const SearchEntry &entry, const QString &code)
 {
-    const std::optional<DiscisNumber> fields = DiscisNumberFields(entry);
-    if (!fields)
+    std::optional<CaseStart> start = DiscisNumberFields(entry);
+    if (!start)
         return false;
-    form.setWindowTitle(fields->Caption);
-    form.SetCaseType(fields->lblCaseType);
-    form.txtCaseType = fields->txtCaseType;
-    form.SetCourtName(fields->lblCourtName);
-    form.txtCaseNumber = fields->txtCaseNumber;
-    form.SetCaseNo(fields->lblCaseNo);
-    form.txtCourtCode = fields->txtCourtCode;
+    start->ClientAcctgCode = code;
+    form.Take(*start);
     return true;
 }
 
@@ -262,25 +252,12 @@ bool LoadBkSearchParams(ListBox &list, const SearchEntry &entry, int courtIndex)
     return line.has_value();
 }
 
-void FillCaseWindow(frmCaseDetails &form, const CaseFields &fields)
-{
-    form.lblState = fields.lblState;
-    form.SetCaseDetailsHdr(fields.lblCaseDetailsHdr);
-    if (!fields.Caption.isEmpty())
-        form.setWindowTitle(fields.Caption);
-    form.txtCountyName = fields.txtCountyName;
-    if (!fields.lblCourtName.isEmpty())
-        form.SetCourtName(fields.lblCourtName);
-    form.lblOrCourtType = fields.lblOrCourtType;
-    form.txtCaseNumber = fields.txtCaseNumber;
-    form.tboxCaseNumberQueue = fields.tboxCaseNumberQueue;
-    form.chkBK = fields.chkBK;
-}
-
-bool DoCaseNumberSearch(frmCaseDetails &form, const SearchEntry &entry)
+bool DoCaseNumberSearch(CaseWindow &form, const SearchEntry &entry, const QString &code)
 {
     try {
-        FillCaseWindow(form, NumberFields(entry));
+        CaseStart start = NumberFields(entry);
+        start.ClientAcctgCode = code;
+        form.Take(start);
         return true;
     } catch (const RunTimeError &error) {
         WriteAppInfo(u"Error Executing Case Number Search: DoCaseNumberSearch(): Error: "_s
@@ -289,12 +266,12 @@ bool DoCaseNumberSearch(frmCaseDetails &form, const SearchEntry &entry)
     }
 }
 
-void LaunchBatchCase(const CaseFields &fields, const QString &code, bool autoPrint)
+void LaunchBatchCase(CaseStart start, const QString &code, bool autoPrint)
 {
-    NewWindow form(new frmCaseDetails);
-    form->chkAutoPrint = autoPrint;
-    FillCaseWindow(*form, fields);
-    form->ClientAcctgCode = code;
+    NewWindow form(MakeCaseWindow(start.Kind));
+    start.chkAutoPrint = autoPrint;
+    start.ClientAcctgCode = code;
+    form->Take(start);
     form.GiveKey();
     form.Launch();
 }

@@ -3,11 +3,10 @@
 #include "jobs/ListBox.h"
 #include "searchentry/SearchEntry.h"
 
-class DiscisCaseWindow;
+class CaseWindow;
 class DiscisResultsWindow;
-class frmCaseDetails;
 class frmNameSearchResults;
-struct CaseFields;
+struct CaseStart;
 struct RequestContext;
 struct ShownRecents;
 
@@ -29,7 +28,7 @@ enum class DispatchResult {
 DispatchResult DispatchSearch(const SearchEntry &entry, const QString &code, ShownRecents &recents);
 
 /// One case of a batch; `autoPrint` prints it as soon as it is there.
-void LaunchBatchCase(const CaseFields &fields, const QString &code, bool autoPrint);
+void LaunchBatchCase(CaseStart start, const QString &code, bool autoPrint);
 
 /// Fills the window's request list. True when the list may be searched.
 bool LoadNameSearchRequests(frmNameSearchResults &form, const SearchEntry &entry,
@@ -39,12 +38,11 @@ bool LoadNameSearchRequests(frmNameSearchResults &form, const SearchEntry &entry
 bool LoadDiscisNameRequests(DiscisResultsWindow &form, const SearchEntry &entry);
 
 /// Fills what a District or Municipal case window shows and asks for. False when it is not known
-/// which court or kind of case is meant.
-bool LoadDiscisCaseNumberFields(DiscisCaseWindow &form, const SearchEntry &entry);
+/// which court or kind of case is meant. `code` is the client accounting code, as below.
+bool LoadDiscisCaseNumberFields(CaseWindow &form, const SearchEntry &entry, const QString &code);
 
 /// Puts the one line of a bankruptcy court, 0 to 3, into the list. True when there is one.
 bool LoadBkSearchParams(ListBox &list, const SearchEntry &entry, int courtIndex);
 
 /// Fills a case window of a state court. False, and a line in the log, when that fails.
-bool DoCaseNumberSearch(frmCaseDetails &form, const SearchEntry &entry);
-void FillCaseWindow(frmCaseDetails &form, const CaseFields &fields);
+bool DoCaseNumberSearch(CaseWindow &form, const SearchEntry &entry, const QString &code);

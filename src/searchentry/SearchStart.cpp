@@ -438,8 +438,8 @@ void frmSearchWA::RunBatchSearch(const SearchEntry &entry, bool autoPrint)
     if (IsUnloaded() || !LoggedIn() || IsUnloaded())
         return;
     try {
-        for (const CaseFields &fields : BatchFields(entry))
-            LaunchBatchCase(fields, code, autoPrint);
+        for (const CaseStart &start : BatchFields(entry))
+            LaunchBatchCase(start, code, autoPrint);
     } catch (const RunTimeError &error) {
         ReportRequestError(error.Description());
     }

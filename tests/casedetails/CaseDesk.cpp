@@ -4,23 +4,12 @@
 #include "casedetails/frmCivilCaseDetails.h"
 #include "casedetails/frmNCCaseDetails.h"
 #include "controls/TabStrip.h"
-#include "core/CSetting.h"
 #include "core/GlobalState.h"
 #include "tables/FlexGrid.h"
 
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QTest>
-
-void CaseTest::FetchAtOnce(const QString &section, const QStringList &captions)
-{
-    CSetting settings;
-    settings.Init(u"options.ini"_s);
-    for (int i = 0; i < caseTabCount; ++i) {
-        const QString caption = CaseTabRowOf(static_cast<CaseTab>(i)).caption.toString();
-        settings.SaveSettingStr(section, caption, captions.contains(caption) ? u"1"_s : u"0"_s);
-    }
-}
 
 frmCaseDetails *CaseTest::Superior(const QString &number)
 {
@@ -111,28 +100,6 @@ bool CaseTest::Finished(CaseWindow *window)
     return desk->Finish(window);
 }
 
-QStringList CaseTest::SuperiorSummary()
-{
-    return {u"Case Type:~1~"_s,
-            u"Court:~King  Co Superior Ct~"_s,
-            u"Title:~STATE OF WASHINGTON VS SMITH & SON~"_s,
-            u"Date Filed:~03/04/2002~"_s,
-            u"CAUSE:~Theft~"_s,
-            u"Associated Case:~02-2-00456-7~"_s};
-}
-
-QStringList CaseTest::GridDef(const QStringList &rows)
-{
-    return QStringList{u"GRIDDEF~Date~Entry~20~80~"_s} + rows + QStringList{u"EOF~"_s};
-}
-
-QStringList CaseTest::TableForm(const QStringList &rows)
-{
-    return QStringList{u"TABNAME~Docket~"_s, u"TABDEF~Docket~"_s, u"COLDEF~Date~20~Entry~80~"_s,
-                       u"COLALIGNMENT~L~"_s}
-           + rows + QStringList{u"EOF~"_s};
-}
-
 QList<QStringList> CaseTest::CellsOf(const CaseWindow *window, CaseTab tab)
 {
     const FlexGrid *grid = window->Tab(tab).Grid;
@@ -162,9 +129,4 @@ void CaseTest::ClickTab(CaseWindow *window, const QString &caption)
     const qsizetype index = strip->Captions().indexOf(caption);
     QVERIFY2(index >= 0, qPrintable(caption));
     QTest::mouseClick(strip, Qt::LeftButton, {}, strip->tabRect(static_cast<int>(index)).center());
-}
-
-QString SuperiorLine(const QString &word, const QString &number)
-{
-    return u"WASUP\u00A6"_s + word + u'\u00A6' + number + u"\u00A6King\u00A6\u00A6"_s;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "casedetails/CaseLines.h"
 #include "casedetails/CaseWindow.h"
 #include "namesearch/SearchDesk.h"
 
@@ -11,13 +12,10 @@ class frmNCCaseDetails;
 
 /// A test of case windows: a desk, a court that holds the conversation written for it, and windows
 /// that are filled as the results windows and the search form fill them.
-class CaseTest : public SearchTest
+class CaseTest : public SearchTest, protected CaseLines
 {
     Q_OBJECT
 protected:
-    /// The tabs of these captions are fetched at once; all others wait to be asked for.
-    static void FetchAtOnce(const QString &section, const QStringList &captions);
-
     /// A case of the Superior Courts of King county, in the queue, its timer stopped, shown.
     frmCaseDetails *Superior(const QString &number = QStringLiteral("02-1-00123-4"));
     /// A case of another state's courts: "OR" (Baker, Circuit) or "ID" (Ada).
@@ -34,13 +32,6 @@ protected:
     /// True once the run has left the stack.
     bool Finished(CaseWindow *window);
 
-    /// The lines of a Summary of the Superior Courts, without the end mark.
-    static QStringList SuperiorSummary();
-    /// A table of two columns in the form of the Superior Courts, with its end mark.
-    static QStringList GridDef(const QStringList &rows);
-    /// The same in the form of the other states' courts.
-    static QStringList TableForm(const QStringList &rows);
-
     /// The cells of a grid, the headers first.
     static QList<QStringList> CellsOf(const CaseWindow *window, CaseTab tab);
     static QStringList CaptionsOf(const CaseWindow *window);
@@ -49,6 +40,3 @@ protected:
     /// Clicks a tab, as the user does.
     static void ClickTab(CaseWindow *window, const QString &caption);
 };
-
-/// A request line of the Superior Courts for the case that Superior() opens.
-QString SuperiorLine(const QString &word, const QString &number = QStringLiteral("02-1-00123-4"));

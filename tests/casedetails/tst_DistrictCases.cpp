@@ -130,7 +130,7 @@ void tst_DistrictCases::everyLineFromACaseNumber()
         delete window;
         window = new frmNCCaseDetails;
     }
-    QVERIFY(LoadDiscisCaseNumberFields(*window, entry));
+    QVERIFY(LoadDiscisCaseNumberFields(*window, entry, {}));
     desk->Enqueue(window);
     ExpectEveryLine(kind, u"5KS000123"_s, DistrictOf(kind).family.toString(), u"SED"_s);
     Run(window);

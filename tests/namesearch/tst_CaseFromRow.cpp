@@ -22,7 +22,7 @@ QStringList discisRow(const QString &number, const QString &court, const QString
             type,       u"OPN"_s, u"DEF"_s, u"01/02/2002"_s};
 }
 
-CaseFromRow washington(const QString &number, const QString &location)
+CaseStart washington(const QString &number, const QString &location)
 {
     return CaseOfRow(rowOf(number, location), ResultKind::Superior, u"WA"_s);
 }
@@ -155,8 +155,8 @@ void tst_CaseFromRow::eachState()
     QFETCH(QString, line);
     QFETCH(QString, log);
     const ResultKind kind = ResultKindOf(state, false, false);
-    const CaseFromRow fields = CaseOfRow(rowOf(u"*02-2"_s, location), kind, state);
-    QCOMPARE(fields.Form, CaseForm::Case);
+    const CaseStart fields = CaseOfRow(rowOf(u"*02-2"_s, location), kind, state);
+    QCOMPARE(fields.Kind, CaseKind::State);
     QCOMPARE(fields.lblState, state);
     QCOMPARE(fields.tboxCaseNumberQueue, line);
     QCOMPARE(fields.Log, QString(log + line));
@@ -167,7 +167,7 @@ void tst_CaseFromRow::eachState()
     QCOMPARE(fields.lblDateFiled, u"01/02/2002"_s);
     QCOMPARE(fields.lblTopFrameCaseType, QString());
     QVERIFY(!fields.chkBK);
-    QVERIFY(fields.TabRequest.isEmpty());
+    QVERIFY(fields.TabRequests.isEmpty());
 }
 
 void tst_CaseFromRow::theLocationOfAnIndexSearchIsAnotherCell()
@@ -175,7 +175,7 @@ void tst_CaseFromRow::theLocationOfAnIndexSearchIsAnotherCell()
     const QStringList cells{u"SMITH"_s, u"02-2"_s,      u"01/02/2002"_s,
                             u"Civil"_s, u"A title"_s,   u"WA Superior Ct King County"_s,
                             u"Role"_s,  u"01/03/2002"_s};
-    const CaseFromRow fields = CaseOfRow(cells, ResultKind::Index, u"WA"_s);
+    const CaseStart fields = CaseOfRow(cells, ResultKind::Index, u"WA"_s);
     QCOMPARE(fields.txtCountyName, u"King"_s);
     QCOMPARE(fields.lblDateFiled, u"01/02/2002"_s);
 }
@@ -193,7 +193,7 @@ void tst_CaseFromRow::theNumberKeepsItsMarksForTheCaseWindow_data()
 void tst_CaseFromRow::theNumberKeepsItsMarksForTheCaseWindow()
 {
     QFETCH(QString, cell);
-    const CaseFromRow fields = washington(cell, u"WA Superior Ct King County"_s);
+    const CaseStart fields = washington(cell, u"WA Superior Ct King County"_s);
     QCOMPARE(fields.txtCaseNumber, cell);
     QTEST(fields.lblCaseDetailsHdr, "heading");
     QCOMPARE(fields.tboxCaseNumberQueue, Wire(u"WASUP/SUMMARY/02-2/King//"_s));
@@ -239,7 +239,7 @@ void tst_CaseFromRow::oregonCourts()
 {
     QFETCH(QString, location);
     QFETCH(QString, court);
-    const CaseFromRow fields = CaseOfRow(rowOf(u"02-2"_s, location), ResultKind::Superior, u"OR"_s);
+    const CaseStart fields = CaseOfRow(rowOf(u"02-2"_s, location), ResultKind::Superior, u"OR"_s);
     QTEST(fields.txtCountyName, "county");
     QCOMPARE(fields.tboxCaseNumberQueue,
              Wire(u"OREGON/SUMMARY,NAMES,DOCKET,/02-2/"_s + court + u'/'));
@@ -251,7 +251,7 @@ void tst_CaseFromRow::oregonCountiesAreReadWhenTheyAreNeeded()
     LoadOrCounties();
     QVERIFY(OrCountyList().isEmpty());
     folder->Write(u"OrCtyLst.txt"_s, "Baker\r\n");
-    const CaseFromRow fields =
+    const CaseStart fields =
         CaseOfRow(rowOf(u"02-2"_s, u"OR Baker Co Cir Ct"_s), ResultKind::Superior, u"OR"_s);
     QCOMPARE(fields.txtCountyName, u"Baker"_s);
 }
@@ -271,7 +271,7 @@ void tst_CaseFromRow::idahoTypes_data()
 void tst_CaseFromRow::idahoTypes()
 {
     QFETCH(QString, number);
-    const CaseFromRow fields = CaseOfRow(
+    const CaseStart fields = CaseOfRow(
         rowOf(number, u"ID District Ct Ada County"_s, u"Defendant"_s), ResultKind::Idaho, u"ID"_s);
     QTEST(fields.lblTopFrameCaseType, "type");
 }
@@ -297,12 +297,12 @@ void tst_CaseFromRow::bankruptcyCourts()
                             u"Seattle"_s,
                             u"Debtor / X"_s,
                             u"BKRPT~SUMMARY~05-10017~"_s};
-    const CaseFromRow fields = CaseOfRow(cells, ResultKind::Bankruptcy, state);
+    const CaseStart fields = CaseOfRow(cells, ResultKind::Bankruptcy, state);
     QVERIFY(fields.chkBK);
     QCOMPARE(fields.lblState, state);
     QTEST(fields.lblCourtName, "court");
     QCOMPARE(fields.tboxCaseNumberQueue, u"05-10017"_s);
-    QCOMPARE(fields.TabRequest, u"BKRPT~SUMMARY~05-10017~"_s);
+    QCOMPARE(fields.TabRequests, QStringList{u"BKRPT~SUMMARY~05-10017~"_s});
     QCOMPARE(fields.Log, u"Bankruptcy Request: BKRPT~SUMMARY~05-10017~"_s);
     QCOMPARE(fields.lblDateFiled, u"01/02/2005"_s);
     QCOMPARE(fields.Caption, u"Case Details (05-10017)"_s);
@@ -310,8 +310,8 @@ void tst_CaseFromRow::bankruptcyCourts()
 
 void tst_CaseFromRow::bankruptcyGoesBeforeTheState()
 {
-    const CaseFromRow fields = CaseOfRow(rowOf(u"05-1"_s, u"WA Superior Ct King County"_s),
-                                         ResultKind::Bankruptcy, u"WA"_s);
+    const CaseStart fields = CaseOfRow(rowOf(u"05-1"_s, u"WA Superior Ct King County"_s),
+                                       ResultKind::Bankruptcy, u"WA"_s);
     QVERIFY(fields.chkBK);
     QCOMPARE(fields.tboxCaseNumberQueue, u"05-1"_s);
 }
@@ -327,7 +327,7 @@ void tst_CaseFromRow::discisCases_data()
         const QString line = civil ? u"WADISCIS////C0012345/IT/BED/CV/CIVI//"_s
                                    : u"WADISCIS////C0012345/IT/BED/IN/NCC//"_s;
         QTest::newRow(name) << static_cast<int>(kind) << type
-                            << static_cast<int>(civil ? CaseForm::Civil : CaseForm::NonCivil)
+                            << static_cast<int>(civil ? CaseKind::Civil : CaseKind::NonCivil)
                             << Wire(line)
                             << (civil ? u"Discis CIVI Search Request: "_s
                                       : u"Discis NCC Search Request: "_s);
@@ -346,9 +346,9 @@ void tst_CaseFromRow::discisCases()
     QFETCH(QString, requestType);
     QFETCH(QString, line);
     QFETCH(QString, log);
-    const CaseFromRow fields = DiscisCaseOfRow(discisRow(u">>*C0012345"_s, u"BED"_s, u"IT"_s),
-                                               static_cast<ResultKind>(kind), requestType);
-    QTEST(static_cast<int>(fields.Form), "form");
+    const CaseStart fields = DiscisCaseOfRow(discisRow(u">>*C0012345"_s, u"BED"_s, u"IT"_s),
+                                             static_cast<ResultKind>(kind), requestType);
+    QTEST(static_cast<int>(fields.Kind), "form");
     QCOMPARE(fields.tboxCaseNumberQueue, line);
     QCOMPARE(fields.Log, QString(log + line));
     QCOMPARE(fields.Caption, u"C0012345 - Benton District Cty. / Benton"_s);
@@ -381,9 +381,9 @@ void tst_CaseFromRow::aSuperiorCodeAmongTheNonCivilCases()
 {
     QFETCH(QString, code);
     QFETCH(QString, county);
-    const CaseFromRow fields =
+    const CaseStart fields =
         DiscisCaseOfRow(discisRow(u"*02-1-00017-3"_s, code), ResultKind::DiscisStatewide, u"IN"_s);
-    QCOMPARE(fields.Form, CaseForm::Case);
+    QCOMPARE(fields.Kind, CaseKind::State);
     const QString line = Wire(u"WASUP/SUMMARY/02-1-00017-3/"_s + county + u"//"_s);
     QCOMPARE(fields.tboxCaseNumberQueue, line);
     QCOMPARE(fields.Log, QString(u"Summary Request: "_s + line));
@@ -397,9 +397,9 @@ void tst_CaseFromRow::aSuperiorCodeAmongTheNonCivilCases()
 
 void tst_CaseFromRow::aSuperiorCodeAmongTheCivilCasesIsCivil()
 {
-    const CaseFromRow fields =
+    const CaseStart fields =
         DiscisCaseOfRow(discisRow(u"02-2"_s, u"S17"_s), ResultKind::DiscisCivil, u"CV"_s);
-    QCOMPARE(fields.Form, CaseForm::Civil);
+    QCOMPARE(fields.Kind, CaseKind::Civil);
     QCOMPARE(fields.txtCourtCode, u"S17"_s);
 }
 
@@ -415,7 +415,7 @@ void tst_CaseFromRow::blanksAroundACourtCodeDoNotHideTheCourt()
 
 void tst_CaseFromRow::anUnknownCourtReadsAsItsRow()
 {
-    const CaseFromRow fields =
+    const CaseStart fields =
         DiscisCaseOfRow(discisRow(u"C1"_s, u"ZZZ"_s), ResultKind::DiscisCivil, u"CV"_s);
     QCOMPARE(fields.Caption, u"C1 - Benton District"_s);
     QCOMPARE(fields.lblCourtName, u"Benton District"_s);
@@ -453,14 +453,14 @@ void tst_CaseFromRow::rowsWithTooFewCells()
     for (const QString &state : {u"WA"_s, u"OR"_s, u"ID"_s, u"ORBK"_s, u"??"_s}) {
         for (const ResultKind kind :
              {ResultKind::Superior, ResultKind::Idaho, ResultKind::Bankruptcy, ResultKind::Index}) {
-            const CaseFromRow fields = CaseOfRow(row, kind, state);
+            const CaseStart fields = CaseOfRow(row, kind, state);
             QCOMPARE(fields.txtCaseNumber, row.value(1));
             QCOMPARE(fields.lblDateFiled, row.value(2));
         }
     }
     for (const ResultKind kind :
          {ResultKind::DiscisCivil, ResultKind::DiscisStatewide, ResultKind::DiscisAddresses}) {
-        const CaseFromRow fields = DiscisCaseOfRow(row, kind, u"IN"_s);
+        const CaseStart fields = DiscisCaseOfRow(row, kind, u"IN"_s);
         QCOMPARE(fields.txtCaseNumber, row.value(1));
         QCOMPARE(fields.txtCaseType, row.value(4));
     }
@@ -469,7 +469,7 @@ void tst_CaseFromRow::rowsWithTooFewCells()
 
 void tst_CaseFromRow::nothingBreaksTheLine()
 {
-    const CaseFromRow fields = washington(u"0\u00A62|-2"_s, u"WA Superior Ct Ki\u00A6n|g County"_s);
+    const CaseStart fields = washington(u"0\u00A62|-2"_s, u"WA Superior Ct Ki\u00A6n|g County"_s);
     QCOMPARE(fields.tboxCaseNumberQueue, Wire(u"WASUP/SUMMARY/02-2/King//"_s));
 }
 

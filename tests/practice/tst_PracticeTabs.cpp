@@ -120,7 +120,7 @@ void tst_PracticeTabs::superiorListsAndSummariesAgree()
             // The columns of the index's list stand in another order than the row's fields.
             const QStringList cells{index[0], index[1], index[2], index[3],
                                     index[6], index[4], index[5], index[7]};
-            const CaseFromRow opened = CaseOfRow(cells, ResultKind::Index, u"WA"_s);
+            const CaseStart opened = CaseOfRow(cells, ResultKind::Index, u"WA"_s);
             const QStringList summary = ask(opened.tboxCaseNumberQueue);
             QVERIFY2(summary.size() > 6, qPrintable(row));
             QCOMPARE(summary[0].section(u'~', 1, 1), CaseNumberOf(cells[1]));
@@ -164,7 +164,7 @@ void tst_PracticeTabs::stateListsAndSummariesAgree()
         const QStringList rows = listed(search.arg(name));
         for (const QString &row : rows.first(rows.size() - 1)) {
             const QStringList cells = row.split(u'~');
-            const CaseFromRow opened =
+            const CaseStart opened =
                 CaseOfRow(cells, state == u"ID" ? ResultKind::Idaho : ResultKind::Superior, state);
             const QStringList summary = ask(opened.tboxCaseNumberQueue);
             QVERIFY2(summary.size() > 8, qPrintable(row));
@@ -208,12 +208,12 @@ void tst_PracticeTabs::districtListsAndSummariesAgree()
         const QStringList rows = listed(search.arg(name));
         for (const QString &row : rows.first(rows.size() - 1)) {
             const QStringList cells = row.split(u'~');
-            const CaseFromRow opened = DiscisCaseOfRow(
+            const CaseStart opened = DiscisCaseOfRow(
                 cells, civil ? ResultKind::DiscisCivil : ResultKind::DiscisStatewide,
                 civil ? u"CV"_s : u"IN"_s);
             const QStringList summary = ask(opened.tboxCaseNumberQueue);
             QVERIFY2(summary.size() > 6, qPrintable(row));
-            if (opened.Form == CaseForm::Case) { // a criminal case of the Superior Courts
+            if (opened.Kind == CaseKind::State) { // a criminal case of the Superior Courts
                 QCOMPARE(summary[0].section(u'~', 1, 1), cells[1]);
                 QCOMPARE(summary[3].section(u'~', 1, 1), cells[7]);
                 continue;

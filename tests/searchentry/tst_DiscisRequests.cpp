@@ -360,7 +360,7 @@ void tst_DiscisRequests::numberFields()
                                  {u"Othello District (OTD)"_s, u"Ritzville District (RID)"_s});
     entry.Kind = SearchKind::Number;
     entry.Names = {u" 3YH809020 "_s, {}, {}, {}};
-    const std::optional<DiscisNumber> fields = DiscisNumberFields(entry);
+    const std::optional<CaseStart> fields = DiscisNumberFields(entry);
     QVERIFY(fields.has_value());
     QCOMPARE(fields->Caption, u"3YH809020 - Case Details"_s);
     QCOMPARE(fields->lblCaseType, lblCaseType);

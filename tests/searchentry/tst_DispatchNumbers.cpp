@@ -270,7 +270,7 @@ void tst_DispatchNumbers::aCourtWithoutSuchASearchIsTrapped()
     entry.Court = static_cast<CourtFamily>(court);
     entry.Kind = SearchKind::Number;
     frmCaseDetails window;
-    QVERIFY(!DoCaseNumberSearch(window, entry));
+    QVERIFY(!DoCaseNumberSearch(window, entry, {}));
     QCOMPARE(desk->Desk.Folder.TimesLogged(u"Error Executing Case Number Search: "
                                            "DoCaseNumberSearch(): Error: Subscript out of range"_s),
              1);

@@ -88,11 +88,11 @@ void tst_NumberRequests::oneNumber()
     QFETCH(QString, lblState);
     QFETCH(QString, lblCourtName);
     QFETCH(QString, lblOrCourtType);
-    const CaseFields fields = NumberFields(
+    const CaseStart fields = NumberFields(
         search(static_cast<CourtFamily>(court), district, u" 02-2-02029-9"_s, u"Lincoln"_s));
     QCOMPARE(fields.lblState, lblState);
     QCOMPARE(fields.lblCaseDetailsHdr, u"Case Details (02-2-02029-9)"_s);
-    QCOMPARE(fields.Caption, QString());
+    QCOMPARE(fields.Caption, u"Case Details"_s);
     QCOMPARE(fields.txtCountyName, u"Lincoln"_s);
     QCOMPARE(fields.lblCourtName, lblCourtName);
     QCOMPARE(fields.lblOrCourtType, lblOrCourtType);
@@ -134,7 +134,7 @@ void tst_NumberRequests::aBatch()
     QFETCH(QString, lblCourtName);
     SearchEntry entry = search(static_cast<CourtFamily>(court), district, u"OTHER"_s, u"Other"_s);
     entry.Batch[0] = {u" cv1 "_s, u"Lincoln"_s};
-    const QList<CaseFields> cases = BatchFields(entry);
+    const QList<CaseStart> cases = BatchFields(entry);
     QCOMPARE(cases.size(), 1);
     QCOMPARE(cases[0].lblState, lblState);
     QCOMPARE(cases[0].lblCaseDetailsHdr, u"Case Details (CV1)"_s);
@@ -152,7 +152,7 @@ void tst_NumberRequests::emptyRowsOfABatchArePassedOver()
     entry.Batch[1] = {u"ONE"_s, u"Adams"_s};
     entry.Batch[2] = {u"  "_s, u"Asotin"_s};
     entry.Batch[9] = {u"TWO"_s, u"Yakima"_s};
-    const QList<CaseFields> cases = BatchFields(entry);
+    const QList<CaseStart> cases = BatchFields(entry);
     QCOMPARE(cases.size(), 2);
     QCOMPARE(cases[0].txtCaseNumber, u"ONE"_s);
     QCOMPARE(cases[0].txtCountyName, u"Adams"_s);
@@ -165,7 +165,7 @@ void tst_NumberRequests::tenRowsAreTenCases()
     SearchEntry entry = search(CourtFamily::Idaho, false, {}, {});
     for (size_t i = 0; i < entry.Batch.size(); ++i)
         entry.Batch[i] = {QString::number(i), u"Ada"_s};
-    const QList<CaseFields> cases = BatchFields(entry);
+    const QList<CaseStart> cases = BatchFields(entry);
     QCOMPARE(cases.size(), 10);
     for (int i = 0; i < 10; ++i)
         QCOMPARE(cases[i].txtCaseNumber, QString::number(i));
@@ -193,7 +193,7 @@ void tst_NumberRequests::bankruptcy()
     QFETCH(int, court);
     QFETCH(QString, lblState);
     QFETCH(QString, lblCourtName);
-    const CaseFields fields =
+    const CaseStart fields =
         BkNumberFields(search(CourtFamily::Bankruptcy, false, u"99-20077"_s, {}), court);
     QCOMPARE(fields.lblState, lblState);
     QCOMPARE(fields.lblCaseDetailsHdr, u"Case Details (99-20077)"_s);

@@ -46,7 +46,8 @@ int Run(const QStringList &arguments)
 }
 } // namespace HalvaneTest
 
-/// Stands once in a test's source, where QTEST_MAIN would: the program can run this class.
+/// Stands once in a test's source, where the framework's own main would: the program can run this
+/// class.
 #define HALVANE_TEST(Class)                                                                        \
     namespace {                                                                                    \
     const HalvaneTest::Registered registered##Class(#Class, HalvaneTest::Run<Class>);              \
