@@ -1,8 +1,6 @@
 #include "casedetails/SummaryReply.h"
 #include "support/HalvaneTest.h"
 
-#include <QTest>
-
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -104,7 +104,7 @@ void tst_Settings::withoutANameTheFileHasTheNameOfTheProgram()
 {
     CSetting setting;
     setting.Init();
-    QCOMPARE(setting.FullPath(), folder->Path(u"tst_Settings.ini"_s));
+    QCOMPARE(setting.FullPath(), folder->Path(u"test_core.ini"_s));
     QVERIFY(setting.SaveMode());
 }
 
