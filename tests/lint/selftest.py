@@ -8,7 +8,7 @@ import sys
 import tempfile
 import unittest
 
-LINTS = ("layers", "plain_text", "house", "one_road", "one_table", "words")
+LINTS = ("layers", "plain_text", "house", "one_road", "one_table", "records", "words")
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 
@@ -125,6 +125,12 @@ OFFENCES = [
     ("one_road", "dialog on the heap", "src/prefs/Bad.cpp", "form->exec ();\n"),
     ("one_road", "loop", "src/jobs/Bad.cpp", "QEventLoop loop;\n"),
     ("one_road", "file", "src/reports/Bad.cpp", "QFileDialog::getSaveFileName(this);\n"),
+
+    ("records", "label", "src/session/Bad.cpp", "if (ui->lblStatus->text().isEmpty())\n"),
+    ("records", "text", "src/namesearch/Bad.cpp", "if (countyList->text() == last)\n"),
+    ("records", "caption", "src/casedetails/Bad.cpp", "use(windowTitle());\n"),
+    ("records", "cell", "src/casedetails/Bad.cpp", "if (grid.Cell(0, 0) == none)\n"),
+    ("records", "look", "src/jobs/Bad.cpp", "if (stopButton->isEnabled())\n"),
 
     ("words", "on its own", "src/core/Bad.h", "// the told width\n"),
     ("words", "meant", "docs/bad.md", "It ends as told.\n"),
