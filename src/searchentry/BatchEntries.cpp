@@ -47,7 +47,7 @@ void BatchEntries::LoadCounties(CourtFamily court)
     }
 }
 
-void BatchEntries::Reset(CourtFamily court)
+void BatchEntries::ResetBatchFields(CourtFamily court)
 {
     for (QLineEdit *number : ui.Text1)
         number->clear();

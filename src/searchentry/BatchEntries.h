@@ -15,7 +15,7 @@ public:
     /// that has no batch leaves them as they are.
     void LoadCounties(CourtFamily court);
     /// Empties the numbers and loads the counties anew.
-    void Reset(CourtFamily court);
+    void ResetBatchFields(CourtFamily court);
     /// Chooses the county of the first row in every row.
     void SetSameCounties();
     /// Makes the county of the first row the user's own in this court. Says so on `parent` when

@@ -34,7 +34,7 @@ DiscisCourtChoice::DiscisCourtChoice(SearchControls &controls, const FormState &
             &DiscisCourtChoice::showStats);
 }
 
-void DiscisCourtChoice::LoadCounties(SearchScope where)
+void DiscisCourtChoice::LoadDiscisCountyList(SearchScope where)
 {
     QComboBox *box = ui.cboxCountyList;
     const QString chosen = box->count() > 0 ? box->currentText() : Global.strDefaultWaCounty;

@@ -17,7 +17,7 @@ public:
 
     /// Fills the box with what this scope (civil or not) can be searched in. The county that was
     /// chosen stays; at first it is the user's own.
-    void LoadCounties(SearchScope where);
+    void LoadDiscisCountyList(SearchScope where);
 
 private:
     void cboxCountyList_Click();

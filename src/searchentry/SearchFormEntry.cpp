@@ -74,7 +74,7 @@ void frmSearchWA::cmdBatchSearch_Click(int index)
         batch->SetSameCounties();
         break;
     case Reset:
-        batch->Reset(state.Court);
+        batch->ResetBatchFields(state.Court);
         break;
     case SaveDefaultCounty:
         batch->SetDefaultCounty(state.Court, this);

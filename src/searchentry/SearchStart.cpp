@@ -254,10 +254,10 @@ void SearchStart::BeginBatch(bool autoPrint)
     const TurnHold hold;
     SearchEntry entry = form.Entry();
     if (ValidateBatchSearchFields(entry) && !form.IsUnloaded() && maySendBatch(entry))
-        runBatch(entry, autoPrint);
+        RunBatchSearch(entry, autoPrint);
 }
 
-void SearchStart::runBatch(const SearchEntry &entry, bool autoPrint)
+void SearchStart::RunBatchSearch(const SearchEntry &entry, bool autoPrint)
 {
     if (form.IsUnloaded() || !loggedIn() || form.IsUnloaded()
         || !CourtDisclaimerAccepted(&form, true) || form.IsUnloaded())

@@ -52,7 +52,7 @@ private:
     bool maySendBatch(const SearchEntry &entry);
     bool loggedIn();
     void dispatch(const SearchEntry &entry, const QString &code);
-    void runBatch(const SearchEntry &entry, bool autoPrint);
+    void RunBatchSearch(const SearchEntry &entry, bool autoPrint);
     void reportNoRequests();
     void reportRequestError(const QString &description);
 

@@ -473,7 +473,7 @@ void frmSearchWA::optSearchType_Click(int index)
         LoadCaseTypes(strCurrentCourt);
     }
     if (state.Court == CourtFamily::Discis)
-        discisCourts->LoadCounties(static_cast<SearchScope>(intSearchWhere));
+        discisCourts->LoadDiscisCountyList(static_cast<SearchScope>(intSearchWhere));
 }
 
 void frmSearchWA::optSearchWhere_Click(int index)
@@ -492,7 +492,7 @@ void frmSearchWA::optDiscisSearch_Click(int index)
     choose(ui->optDiscisSearch, index);
     intSearchWhere =
         static_cast<qint16>(index == 0 ? SearchScope::DiscisCivil : SearchScope::DiscisNonCivil);
-    discisCourts->LoadCounties(static_cast<SearchScope>(intSearchWhere));
+    discisCourts->LoadDiscisCountyList(static_cast<SearchScope>(intSearchWhere));
 }
 
 void frmSearchWA::chkBulkSearch_Click()
