@@ -25,6 +25,20 @@ if(HALVANE_FUZZ)
   add_compile_options(-fsanitize=fuzzer-no-link)
 endif()
 
+# What is built for testing takes little room and is linked often: debug information is compressed, a
+# library is a list of its objects, and mold, which is there when tools/setup was, links in no time.
+# What customers run is made the plain way.
+if(CMAKE_BUILD_TYPE STREQUAL "Debug")
+  add_compile_options(-gz)
+  add_link_options(-gz)
+  set(CMAKE_CXX_ARCHIVE_CREATE "<CMAKE_AR> qcT <TARGET> <LINK_FLAGS> <OBJECTS>")
+  set(CMAKE_CXX_ARCHIVE_APPEND "<CMAKE_AR> qT <TARGET> <LINK_FLAGS> <OBJECTS>")
+  find_program(HALVANE_MOLD mold)
+  if(HALVANE_MOLD)
+    add_link_options(-fuse-ld=mold)
+  endif()
+endif()
+
 # halvane_library(<folder> <logic|forms> SOURCES ... LIBS ...): one of the two libraries of a
 # folder. The logic library does not link Widgets: what a window needs is the forms library's.
 function(halvane_library folder kind)

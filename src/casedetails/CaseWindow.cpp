@@ -181,7 +181,7 @@ void CaseWindow::showOffer()
     panel->SetCommandsEnabled(Record().CanSearchNow);
     if (Record().CanPrint)
         printButton->setEnabled(true);
-    else if (printButton->isEnabled())
+    else
         TurnOff(printButton);
 }
 

@@ -110,8 +110,10 @@ void NameResultsWindow::ShowStatus()
     showCount();
     nameVal->setText(record.lblNameVal);
     lblCaseTypeVals->setText(record.lblCaseTypeVals);
-    if (countyList->text() != record.txtCountyList) {
-        countyList->setText(record.txtCountyList);
+    // Only when it is another one: the user may have gone along in it.
+    if (shownCounties != record.txtCountyList) {
+        shownCounties = record.txtCountyList;
+        countyList->setText(shownCounties);
         countyList->setCursorPosition(0);
     }
     if (shownCaption != record.Caption) {

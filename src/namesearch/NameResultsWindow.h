@@ -116,6 +116,7 @@ private:
     QPushButton *printButton = nullptr;
     QPushButton *retrieveButton = nullptr;
     QString shownCaption;
+    QString shownCounties;
     bool closesUnasked = false; ///< the box has said why, and the user has answered it
     bool sortFlag = false;      ///< turned by every click on a header
 };

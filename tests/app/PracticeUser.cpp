@@ -9,6 +9,7 @@
 #include "namesearch/NameResultsWindow.h"
 #include "searchentry/frmSearchWA.h"
 #include "session/frmLogin.h"
+#include "support/Places.h"
 #include "tables/ResultListView.h"
 
 #include <QApplication>
@@ -93,7 +94,7 @@ void PracticeCourts::AddRows()
 
 QString PracticeCourts::Start(const QStringList &switches)
 {
-    const QString program = QStringLiteral(HALVANE_BIN_DIR "/halvane-practice");
+    const QString program = ProgramPath(u"halvane-practice"_s);
     if (!tidy.Start(program, switches))
         return tidy.Error();
     return untidy.Start(program, switches + QStringList{u"--leave-behind"_s}) ? QString()

@@ -1,5 +1,7 @@
 #include "app/ProtocolPage.h"
 
+#include "support/Places.h"
+
 #include <QFile>
 #include <QRegularExpression>
 
@@ -30,7 +32,7 @@ bool isRequest(const QString &text)
 
 ProtocolPage::ProtocolPage()
 {
-    QFile file(QStringLiteral(HALVANE_DATA_DIR "/../docs/protocol.md"));
+    QFile file(DocsPath(u"protocol.md"_s));
     if (file.open(QIODevice::ReadOnly))
         lines = QString::fromUtf8(file.readAll()).split(u'\n');
 }

@@ -4,6 +4,7 @@
 #include "controls/TabStrip.h"
 #include "core/EventLoop.h"
 #include "namesearch/NameResultsWindow.h"
+#include "support/HalvaneTest.h"
 #include "support/ProcessorTime.h"
 #include "tables/FlexGrid.h"
 
@@ -306,5 +307,5 @@ void tst_AllCases::threeCasesAtRestUseNoProcessorTime()
     QVERIFY2(used < allowed, qPrintable(QString::number(used)));
 }
 
-QTEST_MAIN(tst_AllCases)
+HALVANE_TEST(tst_AllCases)
 #include "tst_AllCases.moc"

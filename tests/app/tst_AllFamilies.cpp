@@ -4,6 +4,7 @@
 #include "core/Options.h"
 #include "namesearch/NameResultsWindow.h"
 #include "searchentry/frmSearchWA.h"
+#include "support/HalvaneTest.h"
 
 #include <QTest>
 
@@ -208,5 +209,5 @@ void tst_AllFamilies::everyCountyOfTheStateIsAsked()
     QCOMPARE(found, (QStringList{u"98-2-00017-7"_s, u"05-2-00031-8"_s}));
 }
 
-QTEST_MAIN(tst_AllFamilies)
+HALVANE_TEST(tst_AllFamilies)
 #include "tst_AllFamilies.moc"

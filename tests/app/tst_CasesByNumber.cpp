@@ -3,6 +3,7 @@
 #include "casedetails/CaseWindow.h"
 #include "controls/TabStrip.h"
 #include "practice/SpecialCases.h"
+#include "support/HalvaneTest.h"
 #include "tables/FlexGrid.h"
 
 #include <QDialog>
@@ -297,5 +298,5 @@ void tst_CasesByNumber::aDocketOfTwentyThousandEntries()
     QCOMPARE(TroubleWith(window, CaseTab::Docket), QString());
 }
 
-QTEST_MAIN(tst_CasesByNumber)
+HALVANE_TEST(tst_CasesByNumber)
 #include "tst_CasesByNumber.moc"

@@ -1,6 +1,7 @@
 #include "app/CommandLine.h"
 
 #include "core/Version.h"
+#include "support/HalvaneTest.h"
 
 #include <QTest>
 
@@ -93,5 +94,5 @@ void tst_CommandLine::helpNamesEveryOption()
 }
 
 // The help text asks the application for its name.
-QTEST_GUILESS_MAIN(tst_CommandLine)
+HALVANE_TEST(tst_CommandLine)
 #include "tst_CommandLine.moc"

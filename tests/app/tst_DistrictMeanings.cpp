@@ -2,6 +2,7 @@
 #include "app/PracticeCourt.h"
 #include "casedetails/CaseWindow.h"
 #include "practice/SpecialCases.h"
+#include "support/HalvaneTest.h"
 #include "tables/FlexGrid.h"
 
 #include <QDialog>
@@ -229,5 +230,5 @@ void tst_DistrictMeanings::tabsThatFailTheFirstTimeAndComeTheSecond()
     }
 }
 
-QTEST_MAIN(tst_DistrictMeanings)
+HALVANE_TEST(tst_DistrictMeanings)
 #include "tst_DistrictMeanings.moc"

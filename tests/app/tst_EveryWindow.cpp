@@ -22,6 +22,7 @@
 #include "session/frmInactivity.h"
 #include "session/frmLogin.h"
 #include "session/frmMsg.h"
+#include "support/HalvaneTest.h"
 #include "support/TestFolder.h"
 
 #include <QAccessible>
@@ -183,5 +184,5 @@ void tst_EveryWindow::theTabKeyComesToEveryControl()
     QCOMPARE(visited, expected);
 }
 
-QTEST_MAIN(tst_EveryWindow)
+HALVANE_TEST(tst_EveryWindow)
 #include "tst_EveryWindow.moc"

@@ -4,6 +4,7 @@
 #include "namesearch/frmNameSearchResults.h"
 #include "session/frmLogin.h"
 #include "session/frmMain.h"
+#include "support/HalvaneTest.h"
 
 #include <QAction>
 #include <QDialog>
@@ -203,5 +204,5 @@ void tst_LinkEnds::aLoginClosedInTheMiddleLetsNoJobIn()
     QCOMPARE(TextOf(waiting, "lblStatus"), u"Search Complete: 1 Cases Retrieved."_s);
 }
 
-QTEST_MAIN(tst_LinkEnds)
+HALVANE_TEST(tst_LinkEnds)
 #include "tst_LinkEnds.moc"

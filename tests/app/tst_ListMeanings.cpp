@@ -2,6 +2,7 @@
 #include "app/PracticeUser.h"
 #include "jobs/frmQueue.h"
 #include "namesearch/DupesSearch.h"
+#include "support/HalvaneTest.h"
 
 #include <QPushButton>
 #include <QTest>
@@ -271,5 +272,5 @@ void tst_ListMeanings::peopleOfOneName()
     QCOMPARE(marked, (QStringList{u"B"_s, u"C"_s}));
 }
 
-QTEST_MAIN(tst_ListMeanings)
+HALVANE_TEST(tst_ListMeanings)
 #include "tst_ListMeanings.moc"

@@ -4,6 +4,7 @@
 #include "link/frmWinsock.h"
 #include "namesearch/SearchDesk.h"
 #include "namesearch/frmNameSearchResults.h"
+#include "support/HalvaneTest.h"
 
 #include <QPushButton>
 #include <QTest>
@@ -193,5 +194,5 @@ void tst_Nonsense::bytesBeforeTheRequestAreForgotten()
     searchAgain(window);
 }
 
-QTEST_MAIN(tst_Nonsense)
+HALVANE_TEST(tst_Nonsense)
 #include "tst_Nonsense.moc"

@@ -1,5 +1,7 @@
 #include "app/PracticeCourt.h"
 #include "core/Options.h"
+#include "support/HalvaneTest.h"
+#include "support/Places.h"
 #include "support/TestFolder.h"
 
 #include <QDir>
@@ -12,8 +14,8 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-const QString client = QStringLiteral(HALVANE_BIN_DIR "/halvane");
-const QString practice = QStringLiteral(HALVANE_BIN_DIR "/halvane-practice");
+const QString client = ProgramPath(u"halvane"_s);
+const QString practice = ProgramPath(u"halvane-practice"_s);
 constexpr int startMilliseconds = 30'000;
 
 bool answers(quint16 port)
@@ -133,5 +135,5 @@ void tst_PracticeSession::noChildIsLeftWhenTheClientIsKilled()
     QTRY_VERIFY_WITH_TIMEOUT(!isRunning(child), startMilliseconds);
 }
 
-QTEST_GUILESS_MAIN(tst_PracticeSession)
+HALVANE_TEST(tst_PracticeSession)
 #include "tst_PracticeSession.moc"

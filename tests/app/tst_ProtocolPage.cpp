@@ -16,6 +16,7 @@
 #include "searchentry/RequestGrammar.h"
 #include "session/LoginExchange.h"
 #include "support/AnsweringSocket.h"
+#include "support/HalvaneTest.h"
 #include "support/TestFolder.h"
 
 #include <QSet>
@@ -443,5 +444,5 @@ void tst_ProtocolPage::noRequestOnThePageIsLeftOut()
     QVERIFY2(requests.size() > 90, qPrintable(QString::number(requests.size())));
 }
 
-QTEST_MAIN(tst_ProtocolPage)
+HALVANE_TEST(tst_ProtocolPage)
 #include "tst_ProtocolPage.moc"

@@ -1,4 +1,6 @@
 #include "app/SingleInstance.h"
+#include "support/HalvaneTest.h"
+#include "support/Places.h"
 
 #include <QDir>
 #include <QFile>
@@ -17,7 +19,7 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-const QString program = QStringLiteral(HALVANE_BIN_DIR "/halvane");
+const QString program = ProgramPath(u"halvane"_s);
 constexpr int startMilliseconds = 30'000;
 
 /// How often a start came to its end: each writes one separator line to the log.
@@ -204,5 +206,5 @@ void tst_SingleInstance::theProgramRefusesToRunWhenNobodyAnswers()
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList{u"options.ini"_s});
 }
 
-QTEST_GUILESS_MAIN(tst_SingleInstance)
+HALVANE_TEST(tst_SingleInstance)
 #include "tst_SingleInstance.moc"

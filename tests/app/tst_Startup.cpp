@@ -11,6 +11,7 @@
 #include "session/frmLogin.h"
 #include "session/frmMain.h"
 #include "support/FakeSocket.h"
+#include "support/HalvaneTest.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -478,5 +479,5 @@ void tst_Startup::theHelpOfAStepOfTheFormOpensOnItsTopic()
              static_cast<int>(HelpTopic::SearchType));
 }
 
-QTEST_MAIN(tst_Startup)
+HALVANE_TEST(tst_Startup)
 #include "tst_Startup.moc"

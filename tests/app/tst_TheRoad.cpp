@@ -6,6 +6,7 @@
 #include "searchentry/frmSearchWA.h"
 #include "session/frmLogin.h"
 #include "session/frmMain.h"
+#include "support/HalvaneTest.h"
 
 #include <QDialog>
 #include <QTest>
@@ -222,5 +223,5 @@ void tst_TheRoad::aRefusedExitLetsTheSearchEndAndStopsWhatIsPending()
     QCOMPARE(TextOf(next, "lblStatus"), u"Search Complete: 1 Cases Retrieved."_s);
 }
 
-QTEST_MAIN(tst_TheRoad)
+HALVANE_TEST(tst_TheRoad)
 #include "tst_TheRoad.moc"

@@ -1,3 +1,6 @@
+#include "support/HalvaneTest.h"
+#include "support/Places.h"
+
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
@@ -10,7 +13,7 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-const QString program = QStringLiteral(HALVANE_BIN_DIR "/halvane");
+const QString program = ProgramPath(u"halvane"_s);
 constexpr int tourMilliseconds = 90'000;
 } // namespace
 
@@ -31,7 +34,7 @@ void tst_Tour::theTourShowsWhatItMust()
     const QTemporaryDir output;
     // The servers of somebody's real sessions.
     const QTemporaryDir folder;
-    QFile installed(QStringLiteral(HALVANE_DATA_DIR "/options.ini"));
+    QFile installed(DataPath(u"options.ini"_s));
     QFile options(folder.filePath(u"options.ini"_s));
     QVERIFY(installed.open(QIODevice::ReadOnly) && options.open(QIODevice::ReadWrite));
     options.write(installed.readAll()
@@ -127,5 +130,5 @@ void tst_Tour::aWrongCommandLineIsRefused()
     QVERIFY(process.readAllStandardError().startsWith("halvane: "));
 }
 
-QTEST_GUILESS_MAIN(tst_Tour)
+HALVANE_TEST(tst_Tour)
 #include "tst_Tour.moc"

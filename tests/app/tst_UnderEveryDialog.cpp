@@ -7,6 +7,7 @@
 #include "session/LoginOffer.h"
 #include "session/frmLogin.h"
 #include "session/frmMain.h"
+#include "support/HalvaneTest.h"
 
 #include <QDialog>
 #include <QPushButton>
@@ -175,5 +176,5 @@ void tst_UnderEveryDialog::aJobThatIsDueWaitsForTheLogin()
     QVERIFY(!started);
 }
 
-QTEST_MAIN(tst_UnderEveryDialog)
+HALVANE_TEST(tst_UnderEveryDialog)
 #include "tst_UnderEveryDialog.moc"

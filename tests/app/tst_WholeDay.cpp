@@ -1,12 +1,14 @@
 #include "app/PracticeCourt.h"
 #include "app/PracticeUser.h"
 #include "app/WholeDay.h"
+#include "support/HalvaneTest.h"
 #include "support/ObjectCount.h"
+#include "support/Places.h"
 
 #include <QTest>
 
 namespace {
-const QString practice = QStringLiteral(HALVANE_BIN_DIR "/halvane-practice");
+const QString practice = ProgramPath(u"halvane-practice"_s);
 
 /// Small pieces, a limit to their number a second, connections that end in the middle of a reply,
 /// and pings.
@@ -76,5 +78,5 @@ void tst_WholeDay::nothingIsLeftOfAWholeDay()
     QCOMPARE(user.Complaints(), QString());
 }
 
-QTEST_MAIN(tst_WholeDay)
+HALVANE_TEST(tst_WholeDay)
 #include "tst_WholeDay.moc"

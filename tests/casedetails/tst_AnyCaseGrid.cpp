@@ -9,6 +9,7 @@
 #include "casedetails/frmNCCaseDetails.h"
 #include "link/Router.h"
 #include "support/FakeSocket.h"
+#include "support/HalvaneTest.h"
 #include "tables/FlexGrid.h"
 
 #include <QPointer>
@@ -166,5 +167,5 @@ void tst_AnyCaseGrid::anyTableComesThroughTheWire()
     }
 }
 
-QTEST_MAIN(tst_AnyCaseGrid)
+HALVANE_TEST(tst_AnyCaseGrid)
 #include "tst_AnyCaseGrid.moc"

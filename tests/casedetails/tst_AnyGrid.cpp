@@ -4,6 +4,7 @@
 #include "casedetails/AnyTable.h"
 #include "casedetails/GridGrammar.h"
 #include "casedetails/GridTexts.h"
+#include "support/HalvaneTest.h"
 
 #include <QElapsedTimer>
 #include <QTest>
@@ -114,5 +115,5 @@ void tst_AnyGrid::anyTableSurvivesItsReply()
     }
 }
 
-QTEST_APPLESS_MAIN(tst_AnyGrid)
+HALVANE_TEST(tst_AnyGrid)
 #include "tst_AnyGrid.moc"

@@ -2,6 +2,7 @@
 #include "casedetails/SummaryDesk.h"
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
+#include "support/HalvaneTest.h"
 #include "tables/FlexGrid.h"
 
 #include <QAbstractButton>
@@ -322,5 +323,5 @@ void tst_CaseArbitration::aWindowThatHasGoneIsNotAsked()
     QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
 }
 
-QTEST_MAIN(tst_CaseArbitration)
+HALVANE_TEST(tst_CaseArbitration)
 #include "tst_CaseArbitration.moc"

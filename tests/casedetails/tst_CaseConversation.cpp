@@ -5,6 +5,7 @@
 #include "casedetails/frmCaseDetails.h"
 #include "core/CSetting.h"
 #include "core/GlobalState.h"
+#include "support/HalvaneTest.h"
 #include "support/Wire.h"
 
 #include <QTest>
@@ -478,5 +479,5 @@ void tst_CaseConversation::theHeadingOfAnArchivedCaseHasNoOtherMark()
     QCOMPARE(window->lblCaseDetailsHdr(), u"Case Details (*02-1-00123-4)"_s);
 }
 
-QTEST_MAIN(tst_CaseConversation)
+HALVANE_TEST(tst_CaseConversation)
 #include "tst_CaseConversation.moc"

@@ -7,6 +7,7 @@
 #include "core/RunTimeError.h"
 #include "jobs/frmQueue.h"
 #include "link/Comm.h"
+#include "support/HalvaneTest.h"
 #include "tables/FlexGrid.h"
 
 #include <QEventLoop>
@@ -454,5 +455,5 @@ void tst_CaseEnds::theTurnOfAnotherIsNotGivenAway()
     QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{otherKey});
 }
 
-QTEST_MAIN(tst_CaseEnds)
+HALVANE_TEST(tst_CaseEnds)
 #include "tst_CaseEnds.moc"

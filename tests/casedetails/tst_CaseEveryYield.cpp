@@ -11,6 +11,7 @@
 #include "jobs/frmQueue.h"
 #include "namesearch/YieldDesk.h"
 #include "session/frmMain.h"
+#include "support/HalvaneTest.h"
 
 #include <QPointer>
 #include <QPushButton>
@@ -381,5 +382,5 @@ void tst_CaseEveryYield::aSecondCaseOpenedAtEveryYield()
     });
 }
 
-QTEST_MAIN(tst_CaseEveryYield)
+HALVANE_TEST(tst_CaseEveryYield)
 #include "tst_CaseEveryYield.moc"

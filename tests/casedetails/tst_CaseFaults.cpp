@@ -7,6 +7,7 @@
 #include "jobs/frmQueue.h"
 #include "link/Router.h"
 #include "support/FakeSocket.h"
+#include "support/HalvaneTest.h"
 
 #include <QPointer>
 #include <QPushButton>
@@ -333,5 +334,5 @@ void tst_CaseFaults::goneAtEveryByte()
     }
 }
 
-QTEST_MAIN(tst_CaseFaults)
+HALVANE_TEST(tst_CaseFaults)
 #include "tst_CaseFaults.moc"

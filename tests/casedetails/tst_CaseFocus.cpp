@@ -4,6 +4,7 @@
 #include "casedetails/OnDemandDesk.h"
 #include "casedetails/frmCaseDetails.h"
 #include "core/GlobalState.h"
+#include "support/HalvaneTest.h"
 #include "tables/FlexGrid.h"
 
 #include <QPushButton>
@@ -175,5 +176,5 @@ void tst_CaseFocus::theEndOfARunDoesNotLeadToClose()
     QCOMPARE(focused(window), u"TabStrip1"_s);
 }
 
-QTEST_MAIN(tst_CaseFocus)
+HALVANE_TEST(tst_CaseFocus)
 #include "tst_CaseFocus.moc"

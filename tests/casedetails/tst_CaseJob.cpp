@@ -7,6 +7,7 @@
 #include "core/EventLoop.h"
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
+#include "support/HalvaneTest.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -447,5 +448,5 @@ void tst_CaseJob::whatIsAskedForWhileItRuns()
     QCOMPARE(titles, (QStringList{QString(), u"STATE OF WASHINGTON VS SMITH & SON"_s}));
 }
 
-QTEST_GUILESS_MAIN(tst_CaseJob)
+HALVANE_TEST(tst_CaseJob)
 #include "tst_CaseJob.moc"

@@ -7,6 +7,7 @@
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
 #include "link/ServerSocket.h"
+#include "support/HalvaneTest.h"
 
 #include <QPointer>
 #include <QSignalSpy>
@@ -446,5 +447,5 @@ void tst_CaseJobEnds::whatIsToBePrintedIsPrintedBehindTheRun()
     QTRY_COMPARE(listener.Said(), QStringList{u"print"_s});
 }
 
-QTEST_GUILESS_MAIN(tst_CaseJobEnds)
+HALVANE_TEST(tst_CaseJobEnds)
 #include "tst_CaseJobEnds.moc"

@@ -7,6 +7,7 @@
 #include "core/GlobalState.h"
 #include "core/RunTimeError.h"
 #include "jobs/frmQueue.h"
+#include "support/HalvaneTest.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -406,5 +407,5 @@ void tst_CaseJobLater::theWindowGoesUnderTheQuestion()
     QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
 }
 
-QTEST_GUILESS_MAIN(tst_CaseJobLater)
+HALVANE_TEST(tst_CaseJobLater)
 #include "tst_CaseJobLater.moc"

@@ -1,6 +1,7 @@
 #include "casedetails/OnDemandDesk.h"
 #include "casedetails/frmCaseDetails.h"
 #include "core/GlobalState.h"
+#include "support/HalvaneTest.h"
 
 #include <QPushButton>
 #include <QTest>
@@ -98,5 +99,5 @@ void tst_CaseLeftovers::nothingOfAStoppedSummaryComesIntoTheNext()
     QCOMPARE(TextOf(second, "lblStatus"), u"Search Complete"_s);
 }
 
-QTEST_MAIN(tst_CaseLeftovers)
+HALVANE_TEST(tst_CaseLeftovers)
 #include "tst_CaseLeftovers.moc"

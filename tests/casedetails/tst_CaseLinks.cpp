@@ -3,6 +3,7 @@
 #include "core/RunTimeError.h"
 #include "jobs/frmQueue.h"
 #include "session/frmLogin.h"
+#include "support/HalvaneTest.h"
 #include "tables/FlexGrid.h"
 
 #include <QApplication>
@@ -439,5 +440,5 @@ void tst_CaseLinks::onlyJudgmentsOfTheSuperiorCourtsOpenACase()
     QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
 }
 
-QTEST_MAIN(tst_CaseLinks)
+HALVANE_TEST(tst_CaseLinks)
 #include "tst_CaseLinks.moc"

@@ -7,6 +7,7 @@
 #include "controls/TabStrip.h"
 #include "controls/WrappedLabel.h"
 #include "core/GlobalState.h"
+#include "support/HalvaneTest.h"
 #include "tables/FlexGrid.h"
 
 #include <QClipboard>
@@ -263,5 +264,5 @@ void tst_CaseLook::everyGridCanBeCopied()
     }
 }
 
-QTEST_MAIN(tst_CaseLook)
+HALVANE_TEST(tst_CaseLook)
 #include "tst_CaseLook.moc"

@@ -1,4 +1,5 @@
 #include "casedetails/CaseRequests.h"
+#include "support/HalvaneTest.h"
 
 #include <QTest>
 
@@ -254,5 +255,5 @@ void tst_CaseRequests::arbitration()
     QCOMPARE(WithArbitration(wire(request), mode), wire(line));
 }
 
-QTEST_GUILESS_MAIN(tst_CaseRequests)
+HALVANE_TEST(tst_CaseRequests)
 #include "tst_CaseRequests.moc"

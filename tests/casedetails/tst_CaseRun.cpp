@@ -6,6 +6,7 @@
 #include "jobs/frmQueue.h"
 #include "link/Comm.h"
 #include "session/SessionEvents.h"
+#include "support/HalvaneTest.h"
 #include "tables/FlexGrid.h"
 
 #include <QLabel>
@@ -210,5 +211,5 @@ void tst_CaseRun::helpIsWanted()
     QCOMPARE(wanted.size(), 1);
 }
 
-QTEST_MAIN(tst_CaseRun)
+HALVANE_TEST(tst_CaseRun)
 #include "tst_CaseRun.moc"

@@ -6,6 +6,7 @@
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
 #include "support/FakeSocket.h"
+#include "support/HalvaneTest.h"
 
 #include <QLabel>
 #include <QPointer>
@@ -564,5 +565,5 @@ void tst_CaseStops::aStopLeavesTheListOfDocumentsAlone()
     QVERIFY(!window->Tab(CaseTab::Documents).TabDone);
 }
 
-QTEST_MAIN(tst_CaseStops)
+HALVANE_TEST(tst_CaseStops)
 #include "tst_CaseStops.moc"

@@ -2,6 +2,7 @@
 #include "controls/TabStrip.h"
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
+#include "support/HalvaneTest.h"
 #include "tables/FlexGrid.h"
 
 #include <QPushButton>
@@ -565,5 +566,5 @@ void tst_CaseSummary::labelsNeverShowMarkup()
     }
 }
 
-QTEST_MAIN(tst_CaseSummary)
+HALVANE_TEST(tst_CaseSummary)
 #include "tst_CaseSummary.moc"

@@ -4,6 +4,7 @@
 #include "jobs/frmQueue.h"
 #include "link/Comm.h"
 #include "link/ServerSocket.h"
+#include "support/HalvaneTest.h"
 #include "tables/FlexGrid.h"
 
 #include <QDialog>
@@ -418,5 +419,5 @@ void tst_CaseSummaryErrors::whatWasSaidOnTheWay()
     }
 }
 
-QTEST_MAIN(tst_CaseSummaryErrors)
+HALVANE_TEST(tst_CaseSummaryErrors)
 #include "tst_CaseSummaryErrors.moc"

@@ -7,6 +7,7 @@
 #include "link/ServerSocket.h"
 #include "link/frmWinsock.h"
 #include "support/FakeSocket.h"
+#include "support/HalvaneTest.h"
 
 #include <QLabel>
 #include <QTest>
@@ -255,5 +256,5 @@ void tst_CaseTabFailures::aRetryThatFailsAgainStaysIncomplete()
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Incomplete!"_s);
 }
 
-QTEST_MAIN(tst_CaseTabFailures)
+HALVANE_TEST(tst_CaseTabFailures)
 #include "tst_CaseTabFailures.moc"

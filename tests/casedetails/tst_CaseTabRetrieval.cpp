@@ -1,5 +1,6 @@
 #include "casedetails/TabDesk.h"
 #include "casedetails/frmCaseDetails.h"
+#include "support/HalvaneTest.h"
 #include "tables/FlexGrid.h"
 
 #include <QTest>
@@ -337,5 +338,5 @@ void tst_CaseTabRetrieval::aCopiedGridIsTheGrid()
     QCOMPARE(target.Cell(0, 0), u"a message"_s);
 }
 
-QTEST_MAIN(tst_CaseTabRetrieval)
+HALVANE_TEST(tst_CaseTabRetrieval)
 #include "tst_CaseTabRetrieval.moc"

@@ -8,6 +8,7 @@
 #include "controls/TabStrip.h"
 #include "core/GlobalState.h"
 #include "link/Comm.h"
+#include "support/HalvaneTest.h"
 #include "tables/FlexGrid.h"
 
 #include <QDialog>
@@ -360,5 +361,5 @@ void tst_CaseTabStrip::aCaptionIsFoundLetterByLetter()
         QVERIFY(!window->IsTabCaption(word));
 }
 
-QTEST_MAIN(tst_CaseTabStrip)
+HALVANE_TEST(tst_CaseTabStrip)
 #include "tst_CaseTabStrip.moc"

@@ -1,4 +1,5 @@
 #include "casedetails/CaseTabs.h"
+#include "support/HalvaneTest.h"
 
 #include <QTest>
 
@@ -327,5 +328,5 @@ void tst_CaseTabs::requestOrderOfEachState()
     QTEST(shortly(order), "order");
 }
 
-QTEST_GUILESS_MAIN(tst_CaseTabs)
+HALVANE_TEST(tst_CaseTabs)
 #include "tst_CaseTabs.moc"

@@ -6,6 +6,7 @@
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
 #include "link/ServerSocket.h"
+#include "support/HalvaneTest.h"
 
 #include <QDialog>
 #include <QPointer>
@@ -187,5 +188,5 @@ void tst_CaseUnwanted::stopGivesBackThePlaceOfABrokenRun()
     QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{otherKey});
 }
 
-QTEST_MAIN(tst_CaseUnwanted)
+HALVANE_TEST(tst_CaseUnwanted)
 #include "tst_CaseUnwanted.moc"

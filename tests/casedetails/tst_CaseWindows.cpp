@@ -7,6 +7,7 @@
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
 #include "namesearch/frmNameSearchResults.h"
+#include "support/HalvaneTest.h"
 
 #include <QLabel>
 #include <QPointer>
@@ -592,5 +593,5 @@ void tst_CaseWindows::anEmptyQueueClosesTheWindow()
              u"EXITED - SEARCH QUEUE EMPTY - from ProcessSearchReqeusts."_s);
 }
 
-QTEST_MAIN(tst_CaseWindows)
+HALVANE_TEST(tst_CaseWindows)
 #include "tst_CaseWindows.moc"

@@ -1,4 +1,5 @@
 #include "casedetails/DiscisSummary.h"
+#include "support/HalvaneTest.h"
 
 #include <QTest>
 
@@ -349,5 +350,5 @@ void tst_DiscisSummary::aWordOfTheCourtInPlaceOfACaseIsNoError()
     QVERIFY(!view.Status);
 }
 
-QTEST_GUILESS_MAIN(tst_DiscisSummary)
+HALVANE_TEST(tst_DiscisSummary)
 #include "tst_DiscisSummary.moc"

@@ -6,6 +6,7 @@
 #include "jobs/frmQueue.h"
 #include "namesearch/DistrictSearch.h"
 #include "searchentry/SearchDispatch.h"
+#include "support/HalvaneTest.h"
 #include "tables/FlexGrid.h"
 
 #include <QApplication>
@@ -578,5 +579,5 @@ void tst_DistrictCases::aSummaryThatFailed()
     QVERIFY(window->Tab(CaseTab::Summary).TabIncomplete);
 }
 
-QTEST_MAIN(tst_DistrictCases)
+HALVANE_TEST(tst_DistrictCases)
 #include "tst_DistrictCases.moc"

@@ -3,6 +3,7 @@
 #include "casedetails/frmNCCaseDetails.h"
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
+#include "support/HalvaneTest.h"
 #include "tables/FlexGrid.h"
 
 #include <QDialog>
@@ -418,5 +419,5 @@ void tst_DistrictTabs::theClientCodeGoesWithSummaryAndNames()
     }
 }
 
-QTEST_MAIN(tst_DistrictTabs)
+HALVANE_TEST(tst_DistrictTabs)
 #include "tst_DistrictTabs.moc"

@@ -1,6 +1,7 @@
 #include "casedetails/GridGrammar.h"
 #include "casedetails/GridTexts.h"
 #include "core/RunTimeError.h"
+#include "support/HalvaneTest.h"
 
 #include <QTest>
 
@@ -492,5 +493,5 @@ void tst_GridGrammar::messages()
     QCOMPARE(GridText(OneCellTable(u"No Names"_s)), u"no header\n 100\nNo Names"_s);
 }
 
-QTEST_APPLESS_MAIN(tst_GridGrammar)
+HALVANE_TEST(tst_GridGrammar)
 #include "tst_GridGrammar.moc"

@@ -1,6 +1,7 @@
 #include "casedetails/SummaryDesk.h"
 
 #include "jobs/frmQueue.h"
+#include "support/HalvaneTest.h"
 
 namespace {
 const QString normalExit = u"NORMAL EXIT - from ProcessSearchReqeusts."_s;
@@ -129,5 +130,5 @@ void tst_OddSummaries::aSuperiorCaseThatIsNotOnFile()
     QCOMPARE(TextOf(window, "lblCourtName"), u"King County, Washington Superior Courts"_s);
 }
 
-QTEST_MAIN(tst_OddSummaries)
+HALVANE_TEST(tst_OddSummaries)
 #include "tst_OddSummaries.moc"

@@ -3,6 +3,7 @@
 #include "controls/TabStrip.h"
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
+#include "support/HalvaneTest.h"
 
 #include <QLabel>
 #include <QPointer>
@@ -556,5 +557,5 @@ void tst_OnDemand::closingDuringTheRunIsRefused()
     QVERIFY(window->Tab(CaseTab::Names).TabDone);
 }
 
-QTEST_MAIN(tst_OnDemand)
+HALVANE_TEST(tst_OnDemand)
 #include "tst_OnDemand.moc"

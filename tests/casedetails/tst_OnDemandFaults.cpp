@@ -6,6 +6,7 @@
 #include "core/RunTimeError.h"
 #include "jobs/frmQueue.h"
 #include "link/Router.h"
+#include "support/HalvaneTest.h"
 
 #include <QDialog>
 #include <QPointer>
@@ -513,5 +514,5 @@ void tst_OnDemandFaults::arbitrationInTheSecondPass()
     QVERIFY(!CaseAnswers.ArbitrationChosen);
 }
 
-QTEST_MAIN(tst_OnDemandFaults)
+HALVANE_TEST(tst_OnDemandFaults)
 #include "tst_OnDemandFaults.moc"

@@ -5,6 +5,7 @@
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
 #include "session/frmLogin.h"
+#include "support/HalvaneTest.h"
 
 #include <QAbstractButton>
 #include <QPushButton>
@@ -317,5 +318,5 @@ void tst_OnDemandOffers::searchNowNotLoggedIn()
     QVERIFY(!desk->Folder.Logged(u"Search On Demand Complete"_s));
 }
 
-QTEST_MAIN(tst_OnDemandOffers)
+HALVANE_TEST(tst_OnDemandOffers)
 #include "tst_OnDemandOffers.moc"

@@ -3,6 +3,7 @@
 #include "casedetails/frmCaseDetails.h"
 #include "casedetails/frmOnDemand.h"
 #include "controls/TabStrip.h"
+#include "support/HalvaneTest.h"
 
 #include <QCheckBox>
 #include <QDialog>
@@ -474,5 +475,5 @@ void tst_OnDemandPanel::thePromptGoesWithItsWindow()
     QTRY_VERIFY(window.isNull());
 }
 
-QTEST_MAIN(tst_OnDemandPanel)
+HALVANE_TEST(tst_OnDemandPanel)
 #include "tst_OnDemandPanel.moc"

@@ -3,6 +3,7 @@
 #include "casedetails/frmCivilCaseDetails.h"
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
+#include "support/HalvaneTest.h"
 
 #include <QAbstractButton>
 #include <QDialog>
@@ -277,5 +278,5 @@ void tst_OnDemandSummary::aBankruptcyTab()
     QVERIFY(window->Tab(CaseTab::Docket).TabDone);
 }
 
-QTEST_MAIN(tst_OnDemandSummary)
+HALVANE_TEST(tst_OnDemandSummary)
 #include "tst_OnDemandSummary.moc"

@@ -8,6 +8,7 @@
 #include "jobs/frmQueue.h"
 #include "namesearch/YieldDesk.h"
 #include "session/frmMain.h"
+#include "support/HalvaneTest.h"
 
 #include <QLabel>
 #include <QPointer>
@@ -296,5 +297,5 @@ void tst_OnDemandYield::everyYield()
     yields->WalkYields(walk, [this](int nth) { runWith(nth); });
 }
 
-QTEST_MAIN(tst_OnDemandYield)
+HALVANE_TEST(tst_OnDemandYield)
 #include "tst_OnDemandYield.moc"

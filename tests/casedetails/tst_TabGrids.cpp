@@ -1,6 +1,7 @@
 #include "casedetails/GridTexts.h"
 #include "casedetails/TabGrids.h"
 #include "core/RunTimeError.h"
+#include "support/HalvaneTest.h"
 
 #include <QTest>
 
@@ -548,5 +549,5 @@ void tst_TabGrids::noDocuments()
     QVERIFY(view.Notes.isEmpty());
 }
 
-QTEST_APPLESS_MAIN(tst_TabGrids)
+HALVANE_TEST(tst_TabGrids)
 #include "tst_TabGrids.moc"

@@ -1,4 +1,5 @@
 #include "controls/CheckListBox.h"
+#include "support/HalvaneTest.h"
 
 #include <QTest>
 
@@ -156,5 +157,5 @@ void tst_CheckListBox::markupIsText()
     QCOMPARE(list->Selected(), QStringList{u"<b>King</b>"_s});
 }
 
-QTEST_MAIN(tst_CheckListBox)
+HALVANE_TEST(tst_CheckListBox)
 #include "tst_CheckListBox.moc"

@@ -1,4 +1,5 @@
 #include "controls/FormWindow.h"
+#include "support/HalvaneTest.h"
 
 #include <QLineEdit>
 #include <QMainWindow>
@@ -262,5 +263,5 @@ void tst_FormWindow::plainFormAllowsEverything()
     QVERIFY(!form);
 }
 
-QTEST_MAIN(tst_FormWindow)
+HALVANE_TEST(tst_FormWindow)
 #include "tst_FormWindow.moc"

@@ -1,4 +1,5 @@
 #include "controls/LinkLabel.h"
+#include "support/HalvaneTest.h"
 
 #include <QAccessible>
 #include <QHBoxLayout>
@@ -146,5 +147,5 @@ void tst_LinkLabel::itKeepsItsSize()
     QCOMPARE(link->geometry(), place);
 }
 
-QTEST_MAIN(tst_LinkLabel)
+HALVANE_TEST(tst_LinkLabel)
 #include "tst_LinkLabel.moc"

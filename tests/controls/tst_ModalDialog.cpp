@@ -3,6 +3,7 @@
 #include "controls/MsgBox.h"
 #include "controls/SaveDialog.h"
 #include "core/TurnHold.h"
+#include "support/HalvaneTest.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -271,5 +272,5 @@ void tst_ModalDialog::aQuestionUnderAnotherGoesToo()
     QCOMPARE(above, MsgAnswer::Yes);
 }
 
-QTEST_MAIN(tst_ModalDialog)
+HALVANE_TEST(tst_ModalDialog)
 #include "tst_ModalDialog.moc"

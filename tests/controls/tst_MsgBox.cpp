@@ -1,5 +1,6 @@
 #include "controls/MsgBox.h"
 #include "support/BoxAnswers.h"
+#include "support/HalvaneTest.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -264,5 +265,5 @@ void tst_MsgBox::boxOverABox()
     QCOMPARE(inner, MsgAnswer::Yes);
 }
 
-QTEST_MAIN(tst_MsgBox)
+HALVANE_TEST(tst_MsgBox)
 #include "tst_MsgBox.moc"

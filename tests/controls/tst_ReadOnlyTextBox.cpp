@@ -1,4 +1,5 @@
 #include "controls/ReadOnlyTextBox.h"
+#include "support/HalvaneTest.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -61,5 +62,5 @@ void tst_ReadOnlyTextBox::copying()
     QCOMPARE(QApplication::clipboard()->text(), u"Benton District"_s);
 }
 
-QTEST_MAIN(tst_ReadOnlyTextBox)
+HALVANE_TEST(tst_ReadOnlyTextBox)
 #include "tst_ReadOnlyTextBox.moc"

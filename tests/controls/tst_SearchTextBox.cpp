@@ -1,4 +1,5 @@
 #include "controls/SearchTextBox.h"
+#include "support/HalvaneTest.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -128,5 +129,5 @@ void tst_SearchTextBox::setTextKeepsReservedCharactersOut()
     QCOMPARE(box.text(), u"ab"_s);
 }
 
-QTEST_MAIN(tst_SearchTextBox)
+HALVANE_TEST(tst_SearchTextBox)
 #include "tst_SearchTextBox.moc"

@@ -1,4 +1,5 @@
 #include "controls/StatusColour.h"
+#include "support/HalvaneTest.h"
 
 #include <QLabel>
 #include <QTest>
@@ -87,5 +88,5 @@ void tst_StatusColour::bold()
     QVERIFY(label.font().bold());
 }
 
-QTEST_MAIN(tst_StatusColour)
+HALVANE_TEST(tst_StatusColour)
 #include "tst_StatusColour.moc"

@@ -1,5 +1,6 @@
 #include "controls/FormWindow.h"
 #include "controls/TabStrip.h"
+#include "support/HalvaneTest.h"
 
 #include <QAccessible>
 #include <QLineEdit>
@@ -450,5 +451,5 @@ void tst_TabStrip::keysAfterTheWindowMoved()
     QCOMPARE(form->Clicked, QStringList{u"Docket"_s});
 }
 
-QTEST_MAIN(tst_TabStrip)
+HALVANE_TEST(tst_TabStrip)
 #include "tst_TabStrip.moc"

@@ -1,4 +1,5 @@
 #include "controls/WrappedLabel.h"
+#include "support/HalvaneTest.h"
 
 #include <QApplication>
 #include <QHelpEvent>
@@ -132,5 +133,5 @@ void tst_WrappedLabel::aTextOfAMegabyteIsShownAtOnce()
     QVERIFY(!label.grab().isNull());
 }
 
-QTEST_MAIN(tst_WrappedLabel)
+HALVANE_TEST(tst_WrappedLabel)
 #include "tst_WrappedLabel.moc"

@@ -2,6 +2,7 @@
 #include "core/AtomicFile.h"
 #include "core/RunTimeError.h"
 #include "support/FaultyFile.h"
+#include "support/HalvaneTest.h"
 #include "support/TestFolder.h"
 
 #include <QCoreApplication>
@@ -21,13 +22,14 @@ namespace {
 constexpr uid_t nobody = 65534;
 
 /// What a child of this test does: it says which folder it chooses.
-int sayTheFolder(const QString &chosen)
+int sayTheFolder(const QStringList &arguments)
 {
+    QCoreApplication::setApplicationName(u"halvane"_s);
     // The administrator may write everywhere; a folder that is closed is one for other people only.
     if (::geteuid() == 0 && ::setuid(nobody) != 0)
         return 2;
     try {
-        ChooseAppFolder(chosen);
+        ChooseAppFolder(arguments.value(0));
         std::puts(qPrintable(AppFolder()));
     } catch (const RunTimeError &error) {
         std::printf("error %d\n", error.Number());
@@ -285,13 +287,6 @@ void tst_AppFolder::replacingInAMissingFolderIsRefused()
     QVERIFY(!QFileInfo::exists(folder.Path(u"none"_s)));
 }
 
-int main(int argc, char **argv)
-{
-    QCoreApplication app(argc, argv);
-    app.setApplicationName(u"halvane"_s);
-    if (app.arguments().value(1) == u"--say-folder"_s)
-        return sayTheFolder(app.arguments().value(2));
-    tst_AppFolder test;
-    return QTest::qExec(&test, argc, argv);
-}
+HALVANE_TEST_CHILD("--say-folder", sayTheFolder)
+HALVANE_TEST(tst_AppFolder)
 #include "tst_AppFolder.moc"

@@ -1,4 +1,5 @@
 #include "core/Boolean.h"
+#include "support/HalvaneTest.h"
 
 #include <QTest>
 
@@ -63,5 +64,5 @@ void tst_Boolean::takesUpATruthValue()
     QCOMPARE(flag ? 1 : 2, 2);
 }
 
-QTEST_GUILESS_MAIN(tst_Boolean)
+HALVANE_TEST(tst_Boolean)
 #include "tst_Boolean.moc"

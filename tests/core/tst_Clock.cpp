@@ -1,5 +1,6 @@
 #include "core/Clock.h"
 #include "core/EventLoop.h"
+#include "support/HalvaneTest.h"
 #include "support/TestClock.h"
 
 #include <QCoreApplication>
@@ -13,6 +14,16 @@
 #include <cstdio>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+/// What a child of this test does: it says the time, by the product's clock and by Qt's.
+int sayTheTime(const QStringList & /*none*/)
+{
+    std::printf("%.3f %.3f\n", static_cast<double>(Clock::Current().SecondsOfDay()),
+                QTime::currentTime().msecsSinceStartOfDay() / 1000.0);
+    return 0;
+}
+} // namespace
 
 class tst_Clock : public QObject
 {
@@ -200,15 +211,6 @@ void tst_Clock::theMachinesSleepBlocksEvents()
     QVERIFY(ticks > 0);
 }
 
-int main(int argc, char **argv)
-{
-    QCoreApplication app(argc, argv);
-    if (app.arguments().value(1) == u"--say-time"_s) {
-        std::printf("%.3f %.3f\n", static_cast<double>(Clock::Current().SecondsOfDay()),
-                    QTime::currentTime().msecsSinceStartOfDay() / 1000.0);
-        return 0;
-    }
-    tst_Clock test;
-    return QTest::qExec(&test, argc, argv);
-}
+HALVANE_TEST_CHILD("--say-time", sayTheTime)
+HALVANE_TEST(tst_Clock)
 #include "tst_Clock.moc"

@@ -1,4 +1,5 @@
 #include "core/EventLoop.h"
+#include "support/HalvaneTest.h"
 #include "support/ProcessorTime.h"
 
 #include <QAbstractEventDispatcher>
@@ -239,5 +240,5 @@ void tst_EventLoop::everyYieldCanBeWatched()
     QCOMPARE(watched, 2);
 }
 
-QTEST_GUILESS_MAIN(tst_EventLoop)
+HALVANE_TEST(tst_EventLoop)
 #include "tst_EventLoop.moc"

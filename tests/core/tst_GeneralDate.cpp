@@ -1,6 +1,7 @@
 #include "core/GeneralDate.h"
 
 #include "core/Windows1252.h"
+#include "support/HalvaneTest.h"
 
 #include <QRegularExpression>
 #include <QTest>
@@ -162,5 +163,5 @@ void tst_GeneralDate::earlyYears()
         u"12/31/0997 1:02:03 AM"_s);
 }
 
-QTEST_GUILESS_MAIN(tst_GeneralDate)
+HALVANE_TEST(tst_GeneralDate)
 #include "tst_GeneralDate.moc"

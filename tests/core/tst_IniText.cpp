@@ -1,4 +1,5 @@
 #include "core/IniText.h"
+#include "support/HalvaneTest.h"
 
 #include <QTest>
 
@@ -201,5 +202,5 @@ void tst_IniText::deletingWhatIsNotThereChangesNothing()
     QCOMPARE(IniTextWithoutSection(sample, u"None"_s), sample);
 }
 
-QTEST_GUILESS_MAIN(tst_IniText)
+HALVANE_TEST(tst_IniText)
 #include "tst_IniText.moc"

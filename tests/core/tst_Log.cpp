@@ -3,6 +3,7 @@
 #include "core/Log.h"
 #include "core/Windows1252.h"
 #include "support/FaultyFile.h"
+#include "support/HalvaneTest.h"
 #include "support/TestClock.h"
 #include "support/TestFolder.h"
 
@@ -221,5 +222,5 @@ void tst_Log::aBackupThatCannotBeReplacedLosesNoEntry()
     QVERIFY(folder->Read(logName).endsWith(" -- and this\r\n"));
 }
 
-QTEST_GUILESS_MAIN(tst_Log)
+HALVANE_TEST(tst_Log)
 #include "tst_Log.moc"

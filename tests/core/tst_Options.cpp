@@ -2,6 +2,7 @@
 #include "core/Options.h"
 #include "core/Settings.h"
 #include "support/FaultyFile.h"
+#include "support/HalvaneTest.h"
 #include "support/TestFolder.h"
 
 #include <QDir>
@@ -420,5 +421,5 @@ void tst_Options::aReportFolderThatCannotBeMadeIsNoError()
     QCOMPARE(Global.lngServerPort, 80);
 }
 
-QTEST_GUILESS_MAIN(tst_Options)
+HALVANE_TEST(tst_Options)
 #include "tst_Options.moc"

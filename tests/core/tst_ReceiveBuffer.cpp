@@ -1,4 +1,5 @@
 #include "core/ReceiveBuffer.h"
+#include "support/HalvaneTest.h"
 
 #include <QRandomGenerator>
 #include <QTest>
@@ -279,5 +280,5 @@ void tst_ReceiveBuffer::takingTokensCostsTheirLengthNotTheBacklog()
     QCOMPARE(bytesSearched, qint64(backlog.size()));
 }
 
-QTEST_GUILESS_MAIN(tst_ReceiveBuffer)
+HALVANE_TEST(tst_ReceiveBuffer)
 #include "tst_ReceiveBuffer.moc"

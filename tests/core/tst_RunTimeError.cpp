@@ -1,4 +1,5 @@
 #include "core/RunTimeError.h"
+#include "support/HalvaneTest.h"
 
 #include <QTest>
 
@@ -132,5 +133,5 @@ void tst_RunTimeError::toIntegerOfNoNumber()
     QCOMPARE(errorOf([&] { ToInteger(text); }), number);
 }
 
-QTEST_GUILESS_MAIN(tst_RunTimeError)
+HALVANE_TEST(tst_RunTimeError)
 #include "tst_RunTimeError.moc"

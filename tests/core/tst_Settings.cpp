@@ -4,6 +4,7 @@
 #include "core/RunSettings.h"
 #include "core/UserStore.h"
 #include "support/FaultyFile.h"
+#include "support/HalvaneTest.h"
 #include "support/TestFolder.h"
 
 #include <QCoreApplication>
@@ -103,7 +104,7 @@ void tst_Settings::withoutANameTheFileHasTheNameOfTheProgram()
 {
     CSetting setting;
     setting.Init();
-    QCOMPARE(setting.FullPath(), folder->Path(u"tst_Settings.ini"_s));
+    QCOMPARE(setting.FullPath(), folder->Path(u"test_core.ini"_s));
     QVERIFY(setting.SaveMode());
 }
 
@@ -425,5 +426,5 @@ void tst_Settings::onlyOptionsAreHeld()
     QCOMPARE(user.GetSettingStr(u"Cty2Code"_s, u"King"_s, u"none"_s), u"none"_s);
 }
 
-QTEST_GUILESS_MAIN(tst_Settings)
+HALVANE_TEST(tst_Settings)
 #include "tst_Settings.moc"

@@ -1,5 +1,6 @@
 #include "core/AppFolder.h"
 #include "core/Options.h"
+#include "support/HalvaneTest.h"
 #include "support/TestFolder.h"
 
 #include <QCoreApplication>
@@ -31,9 +32,9 @@ QByteArray fileWith(const QString &value)
 }
 
 /// What the child does until it is killed.
-int writeForEver(const QString &folder)
+int writeForEver(const QStringList &arguments)
 {
-    ChooseAppFolder(folder);
+    ChooseAppFolder(arguments.value(0));
     std::puts("writing");
     std::fflush(stdout);
     for (int i = 0;; ++i)
@@ -74,12 +75,6 @@ void tst_SettingsCrash::aKillAtAnyMomentLeavesTheOldFileOrANewOne()
     QVERIFY(seen.size() > 1);
 }
 
-int main(int argc, char **argv)
-{
-    QCoreApplication app(argc, argv);
-    if (app.arguments().value(1) == u"--write"_s)
-        return writeForEver(app.arguments().value(2));
-    tst_SettingsCrash test;
-    return QTest::qExec(&test, argc, argv);
-}
+HALVANE_TEST_CHILD("--write", writeForEver)
+HALVANE_TEST(tst_SettingsCrash)
 #include "tst_SettingsCrash.moc"

@@ -1,6 +1,7 @@
 #include "core/EventLoop.h"
 #include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
+#include "support/HalvaneTest.h"
 #include "support/TestClock.h"
 
 #include <QRegularExpression>
@@ -390,5 +391,5 @@ void tst_TextUtilities::maxListColumnWidth()
     QCOMPARE(int(MaxListColumnWidth(list, 0)), int(std::numeric_limits<qint16>::max()));
 }
 
-QTEST_GUILESS_MAIN(tst_TextUtilities)
+HALVANE_TEST(tst_TextUtilities)
 #include "tst_TextUtilities.moc"

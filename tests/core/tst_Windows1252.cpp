@@ -1,4 +1,5 @@
 #include "core/Windows1252.h"
+#include "support/HalvaneTest.h"
 
 #include <QSet>
 #include <QTest>
@@ -130,5 +131,5 @@ void tst_Windows1252::emptyStaysEmpty()
     QVERIFY(FitsWindows1252({}));
 }
 
-QTEST_GUILESS_MAIN(tst_Windows1252)
+HALVANE_TEST(tst_Windows1252)
 #include "tst_Windows1252.moc"

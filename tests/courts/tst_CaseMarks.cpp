@@ -1,4 +1,5 @@
 #include "courts/CaseMarks.h"
+#include "support/HalvaneTest.h"
 
 #include <QTest>
 
@@ -54,5 +55,5 @@ void tst_CaseMarks::commandsLoseTheirMark()
     QTEST(WithoutRetrieveCommand(text), "command");
 }
 
-QTEST_GUILESS_MAIN(tst_CaseMarks)
+HALVANE_TEST(tst_CaseMarks)
 #include "tst_CaseMarks.moc"

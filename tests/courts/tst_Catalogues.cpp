@@ -4,6 +4,7 @@
 #include "courts/Counties.h"
 #include "courts/CourtTable.h"
 #include "courts/DiscisCourts.h"
+#include "support/HalvaneTest.h"
 #include "support/TestFolder.h"
 
 #include <QRegularExpression>
@@ -438,5 +439,5 @@ void tst_Catalogues::installedCountyCodesHaveTwoDigits()
     QCOMPARE(codes.GetSettingStr(u"Cty2Code"_s, u"Nowhere"_s, u"0"_s), u"0"_s);
 }
 
-QTEST_GUILESS_MAIN(tst_Catalogues)
+HALVANE_TEST(tst_Catalogues)
 #include "tst_Catalogues.moc"

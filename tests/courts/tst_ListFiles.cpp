@@ -3,6 +3,7 @@
 #include "courts/DiscisCourts.h"
 #include "courts/ListFile.h"
 #include "support/FaultyFile.h"
+#include "support/HalvaneTest.h"
 #include "support/TestFolder.h"
 
 #include <QTest>
@@ -289,5 +290,5 @@ void tst_ListFiles::anUnknownCodeFindsNothing()
     QVERIFY(!DiscisCourtByCode({}));
 }
 
-QTEST_GUILESS_MAIN(tst_ListFiles)
+HALVANE_TEST(tst_ListFiles)
 #include "tst_ListFiles.moc"

@@ -1,4 +1,5 @@
 #include "link/RequestLine.h"
+#include "support/HalvaneTest.h"
 
 #include <QTest>
 
@@ -63,5 +64,5 @@ void tst_ClientCode::embedClientCode()
     QCOMPARE(EmbedClientCode(line, code), tagged);
 }
 
-QTEST_GUILESS_MAIN(tst_ClientCode)
+HALVANE_TEST(tst_ClientCode)
 #include "tst_ClientCode.moc"

@@ -1,5 +1,6 @@
 #include "controls/Notice.h"
 #include "jobs/JobVoice.h"
+#include "support/HalvaneTest.h"
 #include "support/TestClock.h"
 #include "tables/ResultListView.h"
 
@@ -257,5 +258,5 @@ void tst_JobVoice::theEndIsAnAlert()
     QVERIFY(!voice->findChild<QTimer *>()->isActive());
 }
 
-QTEST_MAIN(tst_JobVoice)
+HALVANE_TEST(tst_JobVoice)
 #include "tst_JobVoice.moc"

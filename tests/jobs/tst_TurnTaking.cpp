@@ -4,6 +4,7 @@
 #include "jobs/TurnTaking.h"
 #include "jobs/frmCDQueue.h"
 #include "jobs/frmQueue.h"
+#include "support/HalvaneTest.h"
 #include "support/TestClock.h"
 #include "support/TestFolder.h"
 
@@ -332,5 +333,5 @@ void tst_TurnTaking::nothingStandsInTheSpareQueue()
     QCOMPARE(QString::fromLatin1(frmCDQueue::Label1), u"Never Show This Form!!!"_s);
 }
 
-QTEST_GUILESS_MAIN(tst_TurnTaking)
+HALVANE_TEST(tst_TurnTaking)
 #include "tst_TurnTaking.moc"

@@ -5,6 +5,7 @@
 #include "link/Router.h"
 #include "link/frmWinsock.h"
 #include "support/FakeSocket.h"
+#include "support/HalvaneTest.h"
 #include "support/TestClock.h"
 #include "support/TestFolder.h"
 
@@ -229,5 +230,5 @@ void tst_Backlog::aFloodOverARealConnectionLosesNothing()
     QVERIFY(Global.strRecvBuffer.IsEmpty());
 }
 
-QTEST_GUILESS_MAIN(tst_Backlog)
+HALVANE_TEST(tst_Backlog)
 #include "tst_Backlog.moc"

@@ -4,6 +4,7 @@
 #include "link/Comm.h"
 #include "link/frmWinsock.h"
 #include "support/FakeSocket.h"
+#include "support/HalvaneTest.h"
 #include "support/TestClock.h"
 #include "support/TestFolder.h"
 
@@ -482,5 +483,5 @@ void tst_Comm::aStopDuringTheWaitChangesOnlyTheNextCall()
     QVERIFY(secondsGone() >= 14.0 && secondsGone() <= 14.0 + slack);
 }
 
-QTEST_GUILESS_MAIN(tst_Comm)
+HALVANE_TEST(tst_Comm)
 #include "tst_Comm.moc"

@@ -6,6 +6,7 @@
 #include "link/TcpServerSocket.h"
 #include "link/frmWinsock.h"
 #include "support/FakeSocket.h"
+#include "support/HalvaneTest.h"
 #include "support/ScriptedCourt.h"
 #include "support/TestClock.h"
 #include "support/TestFolder.h"
@@ -291,5 +292,5 @@ void tst_Exchange::aStaleReplyOnARealLineIsNotRead()
     QCOMPARE(court.Complaints(), QString());
 }
 
-QTEST_GUILESS_MAIN(tst_Exchange)
+HALVANE_TEST(tst_Exchange)
 #include "tst_Exchange.moc"

@@ -3,6 +3,7 @@
 #include "link/Framing.h"
 #include "link/frmWinsock.h"
 #include "support/FakeSocket.h"
+#include "support/HalvaneTest.h"
 #include "support/TestClock.h"
 #include "support/TestFolder.h"
 
@@ -163,5 +164,5 @@ void tst_Framing::junkBeforeTheFirstBarIsDiscarded()
     QCOMPARE(readAll(replies()[reply].tokens.size()), replies()[reply].tokens);
 }
 
-QTEST_MAIN(tst_Framing)
+HALVANE_TEST(tst_Framing)
 #include "tst_Framing.moc"

@@ -5,6 +5,7 @@
 #include "link/Router.h"
 #include "link/frmWinsock.h"
 #include "support/FakeSocket.h"
+#include "support/HalvaneTest.h"
 #include "support/TestClock.h"
 #include "support/TestFolder.h"
 
@@ -485,5 +486,5 @@ void tst_Router::closingALinkThatIsNotOpen()
     QCOMPARE(folder->Log(), QStringList{u"Closed connection to Halvane Server"_s});
 }
 
-QTEST_GUILESS_MAIN(tst_Router)
+HALVANE_TEST(tst_Router)
 #include "tst_Router.moc"

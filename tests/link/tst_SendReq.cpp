@@ -2,6 +2,7 @@
 #include "link/Comm.h"
 #include "link/frmWinsock.h"
 #include "support/FakeSocket.h"
+#include "support/HalvaneTest.h"
 #include "support/TestClock.h"
 #include "support/TestFolder.h"
 
@@ -346,5 +347,5 @@ void tst_SendReq::sendWithTimeoutTakesItsLimit()
     QVERIFY(secondsGone() <= static_cast<double>(limit) + slack);
 }
 
-QTEST_GUILESS_MAIN(tst_SendReq)
+HALVANE_TEST(tst_SendReq)
 #include "tst_SendReq.moc"

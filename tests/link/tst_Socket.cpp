@@ -3,6 +3,7 @@
 #include "link/ConnectState.h"
 #include "link/frmWinsock.h"
 #include "support/FakeSocket.h"
+#include "support/HalvaneTest.h"
 #include "support/TestFolder.h"
 
 #include <QPointer>
@@ -544,5 +545,5 @@ void tst_Socket::theFormMayBeUnloadedAtTheLimit()
     QVERIFY(!frmWinsock::IsLoaded());
 }
 
-QTEST_GUILESS_MAIN(tst_Socket)
+HALVANE_TEST(tst_Socket)
 #include "tst_Socket.moc"

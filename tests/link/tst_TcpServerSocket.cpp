@@ -1,5 +1,6 @@
 #include "core/EventLoop.h"
 #include "link/TcpServerSocket.h"
+#include "support/HalvaneTest.h"
 
 #include <QElapsedTimer>
 #include <QSignalSpy>
@@ -496,5 +497,5 @@ void tst_TcpServerSocket::aLocalPortIsTaken()
     QCOMPARE(peer->peerPort(), port);
 }
 
-QTEST_GUILESS_MAIN(tst_TcpServerSocket)
+HALVANE_TEST(tst_TcpServerSocket)
 #include "tst_TcpServerSocket.moc"

@@ -2,6 +2,7 @@
 
 #include "courts/Counties.h"
 #include "courts/DiscisCourts.h"
+#include "support/HalvaneTest.h"
 #include "support/TestFolder.h"
 #include "support/Wire.h"
 
@@ -472,5 +473,5 @@ void tst_CaseFromRow::nothingBreaksTheLine()
     QCOMPARE(fields.tboxCaseNumberQueue, Wire(u"WASUP/SUMMARY/02-2/King//"_s));
 }
 
-QTEST_GUILESS_MAIN(tst_CaseFromRow)
+HALVANE_TEST(tst_CaseFromRow)
 #include "tst_CaseFromRow.moc"

@@ -1,6 +1,7 @@
 #include "jobs/TurnTaking.h"
 #include "jobs/frmQueue.h"
 #include "namesearch/DupesSearch.h"
+#include "support/HalvaneTest.h"
 
 /// The second search: the cases of the people who are checked.
 class tst_CheckedNames : public DupesTest
@@ -470,5 +471,5 @@ void tst_CheckedNames::theNoticeOfTooManyMakesPlaceForCases()
     QCOMPARE(RowsOf(window).size(), 1);
 }
 
-QTEST_MAIN(tst_CheckedNames)
+HALVANE_TEST(tst_CheckedNames)
 #include "tst_CheckedNames.moc"

@@ -2,6 +2,7 @@
 #include "jobs/frmQueue.h"
 #include "namesearch/DistrictSearch.h"
 #include "session/SessionEvents.h"
+#include "support/HalvaneTest.h"
 
 #include <QLineEdit>
 #include <QPointer>
@@ -405,5 +406,5 @@ void tst_DiscisResults::nonCivilHelp()
     QCOMPARE(desk->Boxes.Answered(), 1);
 }
 
-QTEST_MAIN(tst_DiscisResults)
+HALVANE_TEST(tst_DiscisResults)
 #include "tst_DiscisResults.moc"

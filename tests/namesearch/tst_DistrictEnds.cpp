@@ -3,6 +3,7 @@
 #include "jobs/frmQueue.h"
 #include "link/Router.h"
 #include "namesearch/DupesSearch.h"
+#include "support/HalvaneTest.h"
 
 // How a search ends in the windows of the District and Municipal Courts: whatever the end, all that
 // the user sees of it, what is logged, and who comes next.
@@ -343,5 +344,5 @@ void tst_DistrictEnds::aWishToLeaveStopsAPendingSearch()
     QVERIFY(!window->tmrBlink->isActive());
 }
 
-QTEST_MAIN(tst_DistrictEnds)
+HALVANE_TEST(tst_DistrictEnds)
 #include "tst_DistrictEnds.moc"

@@ -1,4 +1,5 @@
 #include "namesearch/DupesSearch.h"
+#include "support/HalvaneTest.h"
 #include "tables/TableTools.h"
 
 namespace {
@@ -309,5 +310,5 @@ void tst_DupesWindow::bothListsAreWrittenSmall()
         QVERIFY(ListOf(&window, name)->font().pointSizeF() < window.font().pointSizeF());
 }
 
-QTEST_MAIN(tst_DupesWindow)
+HALVANE_TEST(tst_DupesWindow)
 #include "tst_DupesWindow.moc"

@@ -1,5 +1,6 @@
 #include "namesearch/DuplicateNames.h"
 
+#include "support/HalvaneTest.h"
 #include "support/Wire.h"
 
 #include <QTest>
@@ -175,5 +176,5 @@ void tst_DuplicateNames::requests()
              expected.replace(u'\\', u'/'));
 }
 
-QTEST_GUILESS_MAIN(tst_DuplicateNames)
+HALVANE_TEST(tst_DuplicateNames)
 #include "tst_DuplicateNames.moc"

@@ -3,6 +3,7 @@
 #include "namesearch/DupesSearch.h"
 #include "namesearch/IndexLines.h"
 #include "namesearch/ResultColumns.h"
+#include "support/HalvaneTest.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -289,5 +290,5 @@ void tst_EachList::theDraggedWidthIsThatOfTheKind()
     QCOMPARE(now, usual);
 }
 
-QTEST_MAIN(tst_EachList)
+HALVANE_TEST(tst_EachList)
 #include "tst_EachList.moc"

@@ -7,6 +7,7 @@
 #include "namesearch/DupesSearch.h"
 #include "namesearch/YieldDesk.h"
 #include "session/frmMain.h"
+#include "support/HalvaneTest.h"
 
 #include <QPointer>
 #include <QTest>
@@ -384,5 +385,5 @@ void tst_EveryYield::everyYield()
         QCOMPARE(timesUnanswered > 0, what == Act::DisconnectFromSilence);
 }
 
-QTEST_MAIN(tst_EveryYield)
+HALVANE_TEST(tst_EveryYield)
 #include "tst_EveryYield.moc"

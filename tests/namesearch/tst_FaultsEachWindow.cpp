@@ -3,6 +3,7 @@
 #include "namesearch/DupesSearch.h"
 #include "namesearch/IndexLines.h"
 #include "support/FakeSocket.h"
+#include "support/HalvaneTest.h"
 
 #include <QPointer>
 #include <QTimer>
@@ -222,5 +223,5 @@ void tst_FaultsEachWindow::aCaseIsOpenedOverANewSession()
     QCOMPARE(frmQueue::Form().FIFO.ListCount(), 1);
 }
 
-QTEST_MAIN(tst_FaultsEachWindow)
+HALVANE_TEST(tst_FaultsEachWindow)
 #include "tst_FaultsEachWindow.moc"

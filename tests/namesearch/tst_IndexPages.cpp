@@ -3,6 +3,7 @@
 #include "jobs/frmQueue.h"
 #include "namesearch/IndexLines.h"
 #include "session/frmLogin.h"
+#include "support/HalvaneTest.h"
 
 #include <QPushButton>
 #include <QTest>
@@ -409,5 +410,5 @@ void tst_IndexPages::fromGetNextTheKeyboardGoesToTheList()
     QCOMPARE(window->focusWidget()->objectName(), u"listview1"_s);
 }
 
-QTEST_MAIN(tst_IndexPages)
+HALVANE_TEST(tst_IndexPages)
 #include "tst_IndexPages.moc"

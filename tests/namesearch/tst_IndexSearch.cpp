@@ -2,6 +2,7 @@
 #include "jobs/frmQueue.h"
 #include "namesearch/IndexLines.h"
 #include "support/FakeSocket.h"
+#include "support/HalvaneTest.h"
 
 #include <QPushButton>
 #include <QTest>
@@ -393,5 +394,5 @@ void tst_IndexSearch::aStoppedIndexSearchEndsByItsEndMark()
     QVERIFY(desk->Finish(window));
 }
 
-QTEST_MAIN(tst_IndexSearch)
+HALVANE_TEST(tst_IndexSearch)
 #include "tst_IndexSearch.moc"

@@ -4,6 +4,7 @@
 #include "namesearch/CourtSearch.h"
 #include "namesearch/SearchJobs.h"
 #include "support/FakeSocket.h"
+#include "support/HalvaneTest.h"
 
 #include <QPointer>
 #include <QTest>
@@ -410,5 +411,5 @@ void tst_NameSearch::manyRowsAllArrive()
     QCOMPARE(RowsOf(search).last()[0], u"SMITH, 4999"_s);
 }
 
-QTEST_GUILESS_MAIN(tst_NameSearch)
+HALVANE_TEST(tst_NameSearch)
 #include "tst_NameSearch.moc"

@@ -5,6 +5,7 @@
 #include "namesearch/CourtSearch.h"
 #include "namesearch/DiscisSearch.h"
 #include "namesearch/SearchJobs.h"
+#include "support/HalvaneTest.h"
 
 #include <QPointer>
 #include <QSignalSpy>
@@ -236,5 +237,5 @@ void tst_NameSearchAlone::peopleOfOneName()
              u"Multiple Names Match. Please Select Name(s) to retrieve."_s);
 }
 
-QTEST_GUILESS_MAIN(tst_NameSearchAlone)
+HALVANE_TEST(tst_NameSearchAlone)
 #include "tst_NameSearchAlone.moc"

@@ -4,6 +4,7 @@
 #include "namesearch/frmNameSearchResults.h"
 #include "session/frmMain.h"
 #include "support/FakeSocket.h"
+#include "support/HalvaneTest.h"
 
 #include <QMdiSubWindow>
 #include <QPointer>
@@ -359,5 +360,5 @@ void tst_NameSearchClose::theFrameInTheMainWindowGoesWithItsWindow()
     QTRY_VERIFY(frame.isNull());
 }
 
-QTEST_MAIN(tst_NameSearchClose)
+HALVANE_TEST(tst_NameSearchClose)
 #include "tst_NameSearchClose.moc"

@@ -4,6 +4,7 @@
 #include "jobs/frmQueue.h"
 #include "namesearch/SearchDesk.h"
 #include "namesearch/frmNameSearchResults.h"
+#include "support/HalvaneTest.h"
 #include "tables/ResultListView.h"
 
 #include <QPointer>
@@ -215,5 +216,5 @@ void tst_NameSearchEnds::theCountIsShownAsRowsArrive()
     QCOMPARE(shownRows, 2);
 }
 
-QTEST_MAIN(tst_NameSearchEnds)
+HALVANE_TEST(tst_NameSearchEnds)
 #include "tst_NameSearchEnds.moc"

@@ -3,6 +3,7 @@
 #include "namesearch/CourtSearch.h"
 #include "namesearch/SearchJobs.h"
 #include "support/FakeSocket.h"
+#include "support/HalvaneTest.h"
 
 #include <QTest>
 
@@ -237,5 +238,5 @@ void tst_NameSearchOutcomes::whatArrivedTooLateIsThrownAwayInFourOutcomes()
              clears ? QByteArray() : QByteArray("|too late~|"));
 }
 
-QTEST_GUILESS_MAIN(tst_NameSearchOutcomes)
+HALVANE_TEST(tst_NameSearchOutcomes)
 #include "tst_NameSearchOutcomes.moc"

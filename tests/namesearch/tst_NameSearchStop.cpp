@@ -4,6 +4,7 @@
 #include "namesearch/SearchDesk.h"
 #include "namesearch/frmNameSearchResults.h"
 #include "support/FakeSocket.h"
+#include "support/HalvaneTest.h"
 
 #include <QPointer>
 #include <QPushButton>
@@ -423,5 +424,5 @@ void tst_NameSearchStop::fromStopTheKeyboardGoesToTheList()
     QCOMPARE(window->focusWidget()->objectName(), u"listview1"_s);
 }
 
-QTEST_MAIN(tst_NameSearchStop)
+HALVANE_TEST(tst_NameSearchStop)
 #include "tst_NameSearchStop.moc"

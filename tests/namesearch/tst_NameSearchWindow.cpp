@@ -3,6 +3,7 @@
 #include "jobs/frmQueue.h"
 #include "namesearch/SearchDesk.h"
 #include "namesearch/frmNameSearchResults.h"
+#include "support/HalvaneTest.h"
 
 #include <QHeaderView>
 #include <QLabel>
@@ -456,5 +457,5 @@ void tst_NameSearchWindow::beginSearchingQueuesAgain()
     QTRY_VERIFY(status->isVisible());
 }
 
-QTEST_MAIN(tst_NameSearchWindow)
+HALVANE_TEST(tst_NameSearchWindow)
 #include "tst_NameSearchWindow.moc"

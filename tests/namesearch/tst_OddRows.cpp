@@ -1,6 +1,7 @@
 #include "core/GlobalState.h"
 #include "core/Windows1252.h"
 #include "namesearch/DupesSearch.h"
+#include "support/HalvaneTest.h"
 
 #include <array>
 #include <functional>
@@ -260,5 +261,5 @@ void tst_OddRows::shortRows()
     QCOMPARE(RowsOf(window, one.list).size(), rows.size());
 }
 
-QTEST_MAIN(tst_OddRows)
+HALVANE_TEST(tst_OddRows)
 #include "tst_OddRows.moc"

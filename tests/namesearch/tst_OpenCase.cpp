@@ -6,6 +6,7 @@
 #include "namesearch/DistrictSearch.h"
 #include "namesearch/Handed.h"
 #include "session/frmLogin.h"
+#include "support/HalvaneTest.h"
 #include "tables/ResultListView.h"
 
 #include <QApplication>
@@ -550,5 +551,5 @@ void tst_OpenCase::aSortedRowOpensItsOwnCase()
     QCOMPARE(RowsOf(window)[0][1], u">>02-2-00002-1"_s);
 }
 
-QTEST_MAIN(tst_OpenCase)
+HALVANE_TEST(tst_OpenCase)
 #include "tst_OpenCase.moc"

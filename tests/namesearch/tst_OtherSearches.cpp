@@ -1,6 +1,7 @@
 #include "core/GlobalState.h"
 #include "namesearch/SearchDesk.h"
 #include "namesearch/frmNameSearchResults.h"
+#include "support/HalvaneTest.h"
 #include "support/Wire.h"
 #include "tables/ResultListView.h"
 
@@ -189,5 +190,5 @@ void tst_OtherSearches::anIndexMarkTakenBackGivesCourtRows()
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete: 1 Cases Retrieved."_s);
 }
 
-QTEST_MAIN(tst_OtherSearches)
+HALVANE_TEST(tst_OtherSearches)
 #include "tst_OtherSearches.moc"

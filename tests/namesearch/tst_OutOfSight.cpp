@@ -1,6 +1,7 @@
 #include "jobs/frmQueue.h"
 #include "namesearch/DupesSearch.h"
 #include "session/frmLogin.h"
+#include "support/HalvaneTest.h"
 #include "tables/RowFilter.h"
 #include "tables/TableTools.h"
 
@@ -282,5 +283,5 @@ void tst_OutOfSight::withoutALogin()
     QCOMPARE(frmLogin::IsLoaded(), logsIn);
 }
 
-QTEST_MAIN(tst_OutOfSight)
+HALVANE_TEST(tst_OutOfSight)
 #include "tst_OutOfSight.moc"

@@ -1,4 +1,5 @@
 #include "namesearch/SearchOutcomes.h"
+#include "support/HalvaneTest.h"
 
 #include <QTest>
 
@@ -99,5 +100,5 @@ void tst_Outcomes::text()
     QTEST(OutcomeText(u"%n in %c", 3, county), "shown");
 }
 
-QTEST_APPLESS_MAIN(tst_Outcomes)
+HALVANE_TEST(tst_Outcomes)
 #include "tst_Outcomes.moc"

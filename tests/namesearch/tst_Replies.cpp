@@ -1,6 +1,7 @@
 #include "namesearch/Replies.h"
 
 #include "core/Windows1252.h"
+#include "support/HalvaneTest.h"
 
 #include <QTest>
 
@@ -219,5 +220,5 @@ void tst_Replies::progressTextAsItIs()
     QCOMPARE(ProgressText(u"SEARCHING"_s, true), QString());
 }
 
-QTEST_APPLESS_MAIN(tst_Replies)
+HALVANE_TEST(tst_Replies)
 #include "tst_Replies.moc"

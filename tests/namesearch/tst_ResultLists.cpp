@@ -3,6 +3,7 @@
 #include "namesearch/DupesSearch.h"
 #include "namesearch/IndexLines.h"
 #include "namesearch/ResultColumns.h"
+#include "support/HalvaneTest.h"
 #include "tables/ColumnWidths.h"
 #include "tables/ResultListView.h"
 #include "tables/TableTools.h"
@@ -299,5 +300,5 @@ void tst_ResultLists::tooManyResultsIsNoColumnOfTheKind()
     SaveUserStoreValue(u"ColumnWidths"_s, u"Superior"_s, QString());
 }
 
-QTEST_MAIN(tst_ResultLists)
+HALVANE_TEST(tst_ResultLists)
 #include "tst_ResultLists.moc"

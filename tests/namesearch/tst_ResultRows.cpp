@@ -1,6 +1,7 @@
 #include "namesearch/ResultRows.h"
 
 #include "core/Windows1252.h"
+#include "support/HalvaneTest.h"
 
 #include <QTest>
 
@@ -337,5 +338,5 @@ void tst_ResultRows::columnsBySearch()
     QTEST(columns.join(u", "_s), "columns");
 }
 
-QTEST_APPLESS_MAIN(tst_ResultRows)
+HALVANE_TEST(tst_ResultRows)
 #include "tst_ResultRows.moc"

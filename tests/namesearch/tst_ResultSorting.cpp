@@ -1,5 +1,6 @@
 #include "courts/DiscisCourts.h"
 #include "namesearch/DistrictSearch.h"
+#include "support/HalvaneTest.h"
 #include "tables/ResultListView.h"
 
 #include <QPushButton>
@@ -308,5 +309,5 @@ void tst_ResultSorting::eachWindowHasItsOwnFlag()
     }
 }
 
-QTEST_MAIN(tst_ResultSorting)
+HALVANE_TEST(tst_ResultSorting)
 #include "tst_ResultSorting.moc"

@@ -2,6 +2,7 @@
 #include "core/GlobalState.h"
 #include "namesearch/DupesSearch.h"
 #include "namesearch/IndexLines.h"
+#include "support/HalvaneTest.h"
 #include "tables/ResultListView.h"
 
 #include <QAbstractButton>
@@ -178,5 +179,5 @@ void tst_ResultsRoom::aLongCaseNumberLeavesTheOtherColumnsInReach()
     QCOMPARE(widths[0], widths[1]);
 }
 
-QTEST_MAIN(tst_ResultsRoom)
+HALVANE_TEST(tst_ResultsRoom)
 #include "tst_ResultsRoom.moc"

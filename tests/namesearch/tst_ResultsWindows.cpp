@@ -4,6 +4,7 @@
 #include "namesearch/DistrictSearch.h"
 #include "session/SessionEvents.h"
 #include "support/FakeSocket.h"
+#include "support/HalvaneTest.h"
 
 #include <QPointer>
 #include <QPushButton>
@@ -395,5 +396,5 @@ void tst_ResultsWindows::windowsOfDifferentKindsRunInTheOrderOfTheQueue()
     QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
 }
 
-QTEST_MAIN(tst_ResultsWindows)
+HALVANE_TEST(tst_ResultsWindows)
 #include "tst_ResultsWindows.moc"

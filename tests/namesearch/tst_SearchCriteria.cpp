@@ -3,6 +3,7 @@
 #include "core/RunTimeError.h"
 #include "courts/Counties.h"
 #include "courts/DiscisCourts.h"
+#include "support/HalvaneTest.h"
 #include "support/TestFolder.h"
 #include "support/Wire.h"
 
@@ -273,5 +274,5 @@ void tst_SearchCriteria::county()
     QTEST(CountyOfRequest(Wire(line)).value_or(u"none"_s), "county");
 }
 
-QTEST_GUILESS_MAIN(tst_SearchCriteria)
+HALVANE_TEST(tst_SearchCriteria)
 #include "tst_SearchCriteria.moc"

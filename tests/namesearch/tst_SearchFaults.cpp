@@ -4,6 +4,7 @@
 #include "namesearch/SearchDesk.h"
 #include "namesearch/frmNameSearchResults.h"
 #include "support/FakeSocket.h"
+#include "support/HalvaneTest.h"
 
 #include <QPointer>
 #include <QPushButton>
@@ -216,5 +217,5 @@ void tst_SearchFaults::closedAtEveryEventOfARun()
     }
 }
 
-QTEST_MAIN(tst_SearchFaults)
+HALVANE_TEST(tst_SearchFaults)
 #include "tst_SearchFaults.moc"

@@ -1,5 +1,6 @@
 #include "core/RunTimeError.h"
 #include "namesearch/ServerMessages.h"
+#include "support/HalvaneTest.h"
 
 #include <QTest>
 
@@ -146,5 +147,5 @@ void tst_ServerMessages::aLineWithoutAPage()
     QCOMPARE(errorOf([] { PageRequest(u"INDEX~SEARCH~SMITH~"_s, {1, 2, u"2"_s}); }), 5);
 }
 
-QTEST_APPLESS_MAIN(tst_ServerMessages)
+HALVANE_TEST(tst_ServerMessages)
 #include "tst_ServerMessages.moc"

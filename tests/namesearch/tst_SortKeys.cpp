@@ -1,4 +1,5 @@
 #include "namesearch/SortKeys.h"
+#include "support/HalvaneTest.h"
 
 #include <QTest>
 
@@ -201,5 +202,5 @@ void tst_SortKeys::orders()
     }
 }
 
-QTEST_APPLESS_MAIN(tst_SortKeys)
+HALVANE_TEST(tst_SortKeys)
 #include "tst_SortKeys.moc"

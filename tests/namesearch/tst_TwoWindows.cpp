@@ -5,6 +5,7 @@
 #include "namesearch/frmNameSearchResults.h"
 #include "session/frmMain.h"
 #include "support/FakeSocket.h"
+#include "support/HalvaneTest.h"
 
 #include <QAction>
 #include <QPointer>
@@ -294,5 +295,5 @@ void tst_TwoWindows::threeSearchesOneAfterTheOther()
     QCOMPARE(RowsOf(windows[1])[0][0], u"B"_s);
 }
 
-QTEST_MAIN(tst_TwoWindows)
+HALVANE_TEST(tst_TwoWindows)
 #include "tst_TwoWindows.moc"

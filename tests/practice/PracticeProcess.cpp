@@ -1,6 +1,7 @@
 #include "practice/PracticeProcess.h"
 
 #include "core/Windows1252.h"
+#include "support/Places.h"
 
 #include <QElapsedTimer>
 #include <QRegularExpression>
@@ -15,7 +16,7 @@ constexpr int longTime = 20'000;
 
 QString programPath()
 {
-    return QStringLiteral(HALVANE_BIN_DIR "/halvane-practice");
+    return ProgramPath(u"halvane-practice"_s);
 }
 } // namespace
 

@@ -1,6 +1,7 @@
 // The days of a docket.
 
 #include "practice/DocketText.h"
+#include "support/HalvaneTest.h"
 
 #include <QTest>
 
@@ -42,5 +43,5 @@ void tst_Dockets::nothingIsFiledWhileTheCourtIsClosed()
     QVERIFY(seen > cases);
 }
 
-QTEST_MAIN(tst_Dockets)
+HALVANE_TEST(tst_Dockets)
 #include "tst_Dockets.moc"

@@ -2,6 +2,7 @@
 #include "namesearch/ResultRows.h"
 #include "practice/ListedPeople.h"
 #include "practice/PracticeAsk.h"
+#include "support/HalvaneTest.h"
 
 #include <QTest>
 
@@ -209,5 +210,5 @@ void tst_ListedPeople::nobodyIsMeant()
     QCOMPARE(Search(request), (QStringList{error, end}));
 }
 
-QTEST_GUILESS_MAIN(tst_ListedPeople)
+HALVANE_TEST(tst_ListedPeople)
 #include "tst_ListedPeople.moc"

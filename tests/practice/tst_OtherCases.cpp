@@ -1,5 +1,7 @@
 #include "practice/MadeUpPeople.h"
 #include "practice/OtherCases.h"
+#include "support/HalvaneTest.h"
+#include "support/Places.h"
 
 #include <QFile>
 #include <QRegularExpression>
@@ -26,7 +28,7 @@ const Population &people()
 /// The lines of one of the program's own lists.
 QStringList dataLines(const QString &name)
 {
-    QFile file(QStringLiteral(HALVANE_DATA_DIR "/") + name);
+    QFile file(DataPath(name));
     if (!file.open(QIODevice::ReadOnly))
         return {};
     return QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
@@ -455,5 +457,5 @@ void tst_OtherCases::personalNumbers()
         QCOMPARE(found ? NameText(people().People()[*found]) : QString(), name);
 }
 
-QTEST_GUILESS_MAIN(tst_OtherCases)
+HALVANE_TEST(tst_OtherCases)
 #include "tst_OtherCases.moc"

@@ -3,6 +3,7 @@
 #include "practice/Counties.h"
 #include "practice/CourtTables.h"
 #include "practice/MadeUpPeople.h"
+#include "support/HalvaneTest.h"
 
 #include <QTest>
 
@@ -442,5 +443,5 @@ void tst_Population::findPersonKnowsTheWholeName()
     QCOMPARE(population.FindPerson({u"SMITH"_s, u"JO"_s, u"Q"_s, false}), std::nullopt);
 }
 
-QTEST_GUILESS_MAIN(tst_Population)
+HALVANE_TEST(tst_Population)
 #include "tst_Population.moc"

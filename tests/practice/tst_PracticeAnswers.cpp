@@ -2,6 +2,7 @@
 #include "practice/CourtTables.h"
 #include "practice/PracticeAsk.h"
 #include "practice/SuperiorSearch.h"
+#include "support/HalvaneTest.h"
 
 #include <QTest>
 
@@ -533,5 +534,5 @@ void tst_PracticeAnswers::rubbish()
              (QStringList{u"ERROR~Unknown request~"_s, end}));
 }
 
-QTEST_GUILESS_MAIN(tst_PracticeAnswers)
+HALVANE_TEST(tst_PracticeAnswers)
 #include "tst_PracticeAnswers.moc"

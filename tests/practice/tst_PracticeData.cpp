@@ -1,4 +1,5 @@
 #include "practice/ExtraPeople.h"
+#include "support/HalvaneTest.h"
 
 #include <QBuffer>
 #include <QTest>
@@ -235,5 +236,5 @@ void tst_PracticeData::lineEndsAndMarks()
     QCOMPARE(population.Parts()[1].role, u"Plaintiff"_s);
 }
 
-QTEST_GUILESS_MAIN(tst_PracticeData)
+HALVANE_TEST(tst_PracticeData)
 #include "tst_PracticeData.moc"

@@ -1,5 +1,6 @@
 #include "practice/OtherCourts.h"
 #include "practice/PracticeAsk.h"
+#include "support/HalvaneTest.h"
 
 #include <QTest>
 
@@ -514,5 +515,5 @@ void tst_PracticeFamilies::specialRowsPassTheFilters()
     QCOMPARE(numbers.size(), static_cast<std::size_t>(rows));
 }
 
-QTEST_GUILESS_MAIN(tst_PracticeFamilies)
+HALVANE_TEST(tst_PracticeFamilies)
 #include "tst_PracticeFamilies.moc"

@@ -1,6 +1,7 @@
 #include "practice/PracticeExchange.h"
 #include "practice/PracticeProcess.h"
 #include "practice/SpecialCases.h"
+#include "support/HalvaneTest.h"
 
 #include <QElapsedTimer>
 #include <QTest>
@@ -336,5 +337,5 @@ void tst_PracticeFamilyWire::rubbishEndsNothing()
     QCOMPARE(client.ReadBytes(guideReply.size()), guideReply);
 }
 
-QTEST_GUILESS_MAIN(tst_PracticeFamilyWire)
+HALVANE_TEST(tst_PracticeFamilyWire)
 #include "tst_PracticeFamilyWire.moc"

@@ -1,5 +1,6 @@
 #include "practice/PracticeExchange.h"
 #include "practice/PracticeProcess.h"
+#include "support/HalvaneTest.h"
 
 #include <QElapsedTimer>
 #include <QTest>
@@ -194,5 +195,5 @@ void tst_PracticeFaults::refuseClosesAtOnce()
     QVERIFY(court.IsRunning());
 }
 
-QTEST_GUILESS_MAIN(tst_PracticeFaults)
+HALVANE_TEST(tst_PracticeFaults)
 #include "tst_PracticeFaults.moc"

@@ -1,4 +1,5 @@
 #include "practice/PracticeAsk.h"
+#include "support/HalvaneTest.h"
 
 #include <QRegularExpression>
 #include <QTest>
@@ -367,5 +368,5 @@ void tst_PracticeIndex::theTagChangesNothing()
         QCOMPARE(Search(request.chopped(1) + tag + u'~'), script);
 }
 
-QTEST_GUILESS_MAIN(tst_PracticeIndex)
+HALVANE_TEST(tst_PracticeIndex)
 #include "tst_PracticeIndex.moc"

@@ -3,6 +3,8 @@
 #include "practice/FrameReader.h"
 #include "practice/PracticeExchange.h"
 #include "practice/PracticeProcess.h"
+#include "support/HalvaneTest.h"
+#include "support/Places.h"
 
 #include <QElapsedTimer>
 #include <QTcpServer>
@@ -131,7 +133,7 @@ void tst_PracticeServer::endsWithItsInput()
 void tst_PracticeServer::staysWithoutItsInput()
 {
     QProcess process;
-    process.start(QStringLiteral(HALVANE_BIN_DIR "/halvane-practice"), QStringList());
+    process.start(ProgramPath(u"halvane-practice"_s), QStringList());
     QVERIFY(process.waitForReadyRead());
     process.closeWriteChannel();
     QVERIFY(!process.waitForFinished(300));
@@ -448,5 +450,5 @@ void tst_PracticeServer::survivesDisconnects()
     QVERIFY(court.IsRunning());
 }
 
-QTEST_GUILESS_MAIN(tst_PracticeServer)
+HALVANE_TEST(tst_PracticeServer)
 #include "tst_PracticeServer.moc"

@@ -4,6 +4,7 @@
 #include "namesearch/CaseFromRow.h"
 #include "practice/CaseFile.h"
 #include "practice/PracticeAsk.h"
+#include "support/HalvaneTest.h"
 #include "support/TestFolder.h"
 
 #include <QTest>
@@ -558,5 +559,5 @@ void tst_PracticeTabs::listsAreOfOneClient()
     QCOMPARE(Ask(other, request).first(), u"ERROR~Requested case is not on file~"_s);
 }
 
-QTEST_GUILESS_MAIN(tst_PracticeTabs)
+HALVANE_TEST(tst_PracticeTabs)
 #include "tst_PracticeTabs.moc"

@@ -4,6 +4,7 @@
 #include "practice/FrameReader.h"
 #include "practice/Request.h"
 #include "practice/SendGate.h"
+#include "support/HalvaneTest.h"
 
 #include <QTest>
 
@@ -376,5 +377,5 @@ void tst_PracticeWire::gateDropsAndStalls()
     QCOMPARE(gate.Stalled(), !drops);
 }
 
-QTEST_GUILESS_MAIN(tst_PracticeWire)
+HALVANE_TEST(tst_PracticeWire)
 #include "tst_PracticeWire.moc"

@@ -1,6 +1,8 @@
 #include "practice/OtherCases.h"
 #include "practice/PracticeAsk.h"
 #include "practice/SpecialCases.h"
+#include "support/HalvaneTest.h"
+#include "support/Places.h"
 
 #include <QFile>
 #include <QTest>
@@ -130,7 +132,7 @@ private:
 
 void tst_SpecialCases::numbersAreThoseOfTheGuide()
 {
-    QFile file(QStringLiteral(HALVANE_DATA_DIR "/../docs/practice.md"));
+    QFile file(DocsPath(u"practice.md"_s));
     QVERIFY(file.open(QIODevice::ReadOnly));
     const QString guide = QString::fromUtf8(file.readAll());
     for (const SpecialCaseRow &row : specialCases) {
@@ -508,5 +510,5 @@ void tst_SpecialCases::theMeaningIsOfOneCourtOnly()
              (QStringList{u"ERROR~Case not found~"_s, end}));
 }
 
-QTEST_GUILESS_MAIN(tst_SpecialCases)
+HALVANE_TEST(tst_SpecialCases)
 #include "tst_SpecialCases.moc"

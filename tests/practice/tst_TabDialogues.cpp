@@ -1,4 +1,5 @@
 #include "practice/PracticeAsk.h"
+#include "support/HalvaneTest.h"
 
 #include <QTest>
 
@@ -156,5 +157,5 @@ void tst_TabDialogues::numberFormsThatAreTaken()
     QCOMPARE(ask(request), lines);
 }
 
-QTEST_GUILESS_MAIN(tst_TabDialogues)
+HALVANE_TEST(tst_TabDialogues)
 #include "tst_TabDialogues.moc"

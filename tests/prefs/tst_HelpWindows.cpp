@@ -10,6 +10,7 @@
 #include "prefs/frmNameSearchResultsHelp.h"
 #include "prefs/frmSearchHelp.h"
 #include "session/frmMain.h"
+#include "support/HalvaneTest.h"
 
 #include <QGroupBox>
 #include <QLabel>
@@ -571,5 +572,5 @@ void tst_HelpWindows::texts()
         QVERIFY2(text.contains(words), qPrintable(words));
 }
 
-QTEST_MAIN(tst_HelpWindows)
+HALVANE_TEST(tst_HelpWindows)
 #include "tst_HelpWindows.moc"

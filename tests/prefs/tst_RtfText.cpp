@@ -1,4 +1,6 @@
 #include "prefs/RtfText.h"
+#include "support/HalvaneTest.h"
+#include "support/Places.h"
 
 #include <QElapsedTimer>
 #include <QFile>
@@ -206,7 +208,7 @@ void tst_RtfText::tenMegabytes()
 
 void tst_RtfText::theHelpFileReadsWhole()
 {
-    QFile file(QStringLiteral(HALVANE_DATA_DIR "/Helpstep2.Rtf"));
+    QFile file(DataPath(u"Helpstep2.Rtf"_s));
     QVERIFY(file.open(QIODevice::ReadOnly));
     const QList<RtfRun> runs = ReadRtf(file.readAll());
     QVERIFY(!runs.isEmpty());
@@ -222,5 +224,5 @@ void tst_RtfText::theHelpFileReadsWhole()
     QVERIFY2(!text.contains(u'\\') && !text.contains(u'{'), "a mark of the format is in the text");
 }
 
-QTEST_GUILESS_MAIN(tst_RtfText)
+HALVANE_TEST(tst_RtfText)
 #include "tst_RtfText.moc"

@@ -1,6 +1,7 @@
 #include "prefs/SystemInfo.h"
 #include "prefs/frmAbout.h"
 #include "support/BoxAnswers.h"
+#include "support/HalvaneTest.h"
 
 #include <QMap>
 #include <QPushButton>
@@ -183,5 +184,5 @@ void tst_SystemInfo::thisMachineHasNoTool()
 #endif
 }
 
-QTEST_MAIN(tst_SystemInfo)
+HALVANE_TEST(tst_SystemInfo)
 #include "tst_SystemInfo.moc"

@@ -1,5 +1,6 @@
 #include "prefs/RtfText.h"
 #include "prefs/frmHelp.h"
+#include "support/HalvaneTest.h"
 #include "support/TestFolder.h"
 
 #include <QDir>
@@ -182,5 +183,5 @@ void tst_frmHelp::largeFile()
     QVERIFY(shown.endsWith(u"\n(The file is longer than this window shows.)"_s));
 }
 
-QTEST_MAIN(tst_frmHelp)
+HALVANE_TEST(tst_frmHelp)
 #include "tst_frmHelp.moc"

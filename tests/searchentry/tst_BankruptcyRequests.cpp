@@ -1,6 +1,7 @@
 #include "core/RunTimeError.h"
 #include "searchentry/BankruptcyRequests.h"
 #include "searchentry/Entries.h"
+#include "support/HalvaneTest.h"
 
 #include <QTest>
 
@@ -255,5 +256,5 @@ void tst_BankruptcyRequests::whateverIsEnteredEveryLineHasItsFields()
     QVERIFY(made > 1000);
 }
 
-QTEST_GUILESS_MAIN(tst_BankruptcyRequests)
+HALVANE_TEST(tst_BankruptcyRequests)
 #include "tst_BankruptcyRequests.moc"

@@ -4,6 +4,7 @@
 #include "searchentry/EntryDesk.h"
 #include "searchentry/frmSearchWA.h"
 #include "session/frmMain.h"
+#include "support/HalvaneTest.h"
 
 #include <QComboBox>
 #include <QDialog>
@@ -530,5 +531,5 @@ void tst_Batch::anEmptyBatchStartsNothing()
     QCOMPARE(Keys(), QStringList());
 }
 
-QTEST_MAIN(tst_Batch)
+HALVANE_TEST(tst_Batch)
 #include "tst_Batch.moc"

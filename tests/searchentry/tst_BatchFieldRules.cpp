@@ -1,5 +1,6 @@
 #include "searchentry/FieldRules.h"
 #include "searchentry/TalkRecorder.h"
+#include "support/HalvaneTest.h"
 #include "support/TestFolder.h"
 
 #include <QTest>
@@ -374,5 +375,5 @@ void tst_BatchFieldRules::aRunTimeErrorIsLoggedAndReportsFailure()
     QVERIFY(ValidateBatchSearchFields(entry, talk));
 }
 
-QTEST_GUILESS_MAIN(tst_BatchFieldRules)
+HALVANE_TEST(tst_BatchFieldRules)
 #include "tst_BatchFieldRules.moc"

@@ -1,5 +1,6 @@
 #include "searchentry/FieldRules.h"
 #include "searchentry/TalkRecorder.h"
+#include "support/HalvaneTest.h"
 #include "support/TestClock.h"
 #include "support/TestFolder.h"
 
@@ -289,5 +290,5 @@ void tst_BkFieldRules::aRunTimeErrorIsLoggedAndIsARefusal()
         QStringList{u"Error in ValidateBkFormFields() - Error was: Type mismatch. Number: 13"_s});
 }
 
-QTEST_GUILESS_MAIN(tst_BkFieldRules)
+HALVANE_TEST(tst_BkFieldRules)
 #include "tst_BkFieldRules.moc"

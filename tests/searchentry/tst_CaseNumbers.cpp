@@ -4,6 +4,7 @@
 #include "core/Windows1252.h"
 #include "courts/Counties.h"
 #include "support/FaultyFile.h"
+#include "support/HalvaneTest.h"
 #include "support/TestClock.h"
 #include "support/TestFolder.h"
 
@@ -536,5 +537,5 @@ void tst_CaseNumbers::aFileOfRubbishGivesNoCode()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_CaseNumbers)
+HALVANE_TEST(tst_CaseNumbers)
 #include "tst_CaseNumbers.moc"

@@ -1,6 +1,7 @@
 #include "courts/DiscisCourts.h"
 #include "searchentry/DiscisRequests.h"
 #include "searchentry/Entries.h"
+#include "support/HalvaneTest.h"
 #include "support/TestFolder.h"
 
 #include <QTest>
@@ -444,5 +445,5 @@ void tst_DiscisRequests::whateverIsEnteredEveryLineHasItsFields()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_DiscisRequests)
+HALVANE_TEST(tst_DiscisRequests)
 #include "tst_DiscisRequests.moc"

@@ -5,6 +5,7 @@
 #include "searchentry/RecentEntries.h"
 #include "searchentry/SearchDispatch.h"
 #include "searchentry/frmSearchWA.h"
+#include "support/HalvaneTest.h"
 
 #include <QTest>
 
@@ -328,5 +329,5 @@ void tst_DispatchBankruptcy::withoutALineNothingIsShown()
     QCOMPARE(desk->Desk.Folder.Read(u"MruIName.txt"_s), QByteArray());
 }
 
-QTEST_MAIN(tst_DispatchBankruptcy)
+HALVANE_TEST(tst_DispatchBankruptcy)
 #include "tst_DispatchBankruptcy.moc"

@@ -7,6 +7,7 @@
 #include "namesearch/frmDiscisNameResults.h"
 #include "searchentry/EntryDesk.h"
 #include "searchentry/frmSearchWA.h"
+#include "support/HalvaneTest.h"
 
 #include <QTest>
 
@@ -373,5 +374,5 @@ void tst_DispatchDiscis::aNameWithNeitherCivilNorNonCivilIsReported()
     QVERIFY(desk->Desk.Folder.Logged(requestError + u" Error Was: "_s));
 }
 
-QTEST_MAIN(tst_DispatchDiscis)
+HALVANE_TEST(tst_DispatchDiscis)
 #include "tst_DispatchDiscis.moc"

@@ -4,6 +4,7 @@
 #include "namesearch/frmNameSearchResults.h"
 #include "searchentry/EntryDesk.h"
 #include "searchentry/frmSearchWA.h"
+#include "support/HalvaneTest.h"
 
 #include <QListWidget>
 #include <QRegularExpression>
@@ -421,5 +422,5 @@ void tst_DispatchNames::oregonTakesTheIndexMarkAway()
     QCOMPARE(Readable(window->lboxQueue.List(0)), u"OREGON/SEARCH/SMITH/JOHN/Q//LAN C/CV,///"_s);
 }
 
-QTEST_MAIN(tst_DispatchNames)
+HALVANE_TEST(tst_DispatchNames)
 #include "tst_DispatchNames.moc"

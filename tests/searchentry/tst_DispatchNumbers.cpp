@@ -4,6 +4,7 @@
 #include "searchentry/EntryDesk.h"
 #include "searchentry/SearchDispatch.h"
 #include "searchentry/frmSearchWA.h"
+#include "support/HalvaneTest.h"
 
 #include <QApplication>
 #include <QListWidget>
@@ -276,5 +277,5 @@ void tst_DispatchNumbers::aCourtWithoutSuchASearchIsTrapped()
     QCOMPARE(window.txtCaseNumber, QString());
 }
 
-QTEST_MAIN(tst_DispatchNumbers)
+HALVANE_TEST(tst_DispatchNumbers)
 #include "tst_DispatchNumbers.moc"

@@ -3,6 +3,7 @@
 #include "courts/Counties.h"
 #include "searchentry/TalkRecorder.h"
 #include "support/FaultyFile.h"
+#include "support/HalvaneTest.h"
 #include "support/TestFolder.h"
 
 #include <QTest>
@@ -593,5 +594,5 @@ void tst_FieldRules::textsOfTenThousandCharacters()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_FieldRules)
+HALVANE_TEST(tst_FieldRules)
 #include "tst_FieldRules.moc"

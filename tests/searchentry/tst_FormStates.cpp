@@ -1,6 +1,7 @@
 #include "searchentry/FormStates.h"
 
 #include "searchentry/SearchFormPlaces.h"
+#include "support/HalvaneTest.h"
 
 #include <QTest>
 
@@ -296,5 +297,5 @@ void tst_FormStates::firstCourtOfAState()
     QTEST(static_cast<int>(FirstCourtOf(optState)), "court");
 }
 
-QTEST_APPLESS_MAIN(tst_FormStates)
+HALVANE_TEST(tst_FormStates)
 #include "tst_FormStates.moc"

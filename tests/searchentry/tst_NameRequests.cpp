@@ -2,6 +2,7 @@
 #include "link/RequestLine.h"
 #include "searchentry/Entries.h"
 #include "searchentry/NameRequests.h"
+#include "support/HalvaneTest.h"
 #include "support/TestFolder.h"
 
 #include <QTest>
@@ -494,5 +495,5 @@ void tst_NameRequests::whateverIsEnteredEveryLineHasItsFields()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_NameRequests)
+HALVANE_TEST(tst_NameRequests)
 #include "tst_NameRequests.moc"

@@ -1,6 +1,7 @@
 #include "core/RunTimeError.h"
 #include "searchentry/Entries.h"
 #include "searchentry/NumberRequests.h"
+#include "support/HalvaneTest.h"
 
 #include <QTest>
 
@@ -226,5 +227,5 @@ void tst_NumberRequests::otherCourtsHaveNoSuchSearch()
     QVERIFY(BatchFields(entry).isEmpty());
 }
 
-QTEST_GUILESS_MAIN(tst_NumberRequests)
+HALVANE_TEST(tst_NumberRequests)
 #include "tst_NumberRequests.moc"

@@ -1,5 +1,6 @@
 #include "courts/Counties.h"
 #include "searchentry/FieldRules.h"
+#include "support/HalvaneTest.h"
 
 #include <QTest>
 
@@ -53,5 +54,5 @@ void tst_OregonLimits::whatIsNoCountyIsInNoList()
     QVERIFY(!HasCountyWithoutJuvenile({}));
 }
 
-QTEST_GUILESS_MAIN(tst_OregonLimits)
+HALVANE_TEST(tst_OregonLimits)
 #include "tst_OregonLimits.moc"

@@ -3,6 +3,7 @@
 #include "searchentry/Entries.h"
 #include "searchentry/NameRequests.h"
 #include "searchentry/OregonRequests.h"
+#include "support/HalvaneTest.h"
 #include "support/TestFolder.h"
 
 #include <QTest>
@@ -356,5 +357,5 @@ void tst_OregonRequests::fieldsOfTenThousandCharacters()
     QCOMPARE(requests(entry), QStringList{line(u"CRO C"_s, u"CV,"_s, QString(10'000, u'X'))});
 }
 
-QTEST_GUILESS_MAIN(tst_OregonRequests)
+HALVANE_TEST(tst_OregonRequests)
 #include "tst_OregonRequests.moc"

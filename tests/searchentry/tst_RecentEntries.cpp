@@ -3,6 +3,8 @@
 #include "core/AppFolder.h"
 #include "core/RunTimeError.h"
 #include "support/FaultyFile.h"
+#include "support/HalvaneTest.h"
+#include "support/Places.h"
 #include "support/TestFolder.h"
 
 #include <QFile>
@@ -261,7 +263,7 @@ void tst_RecentEntries::theListsAreTheirOwnersOnly()
         return !isOwnersOnly();
     };
     folder->Remove(file);
-    CopyMissingDataFiles(QStringLiteral(HALVANE_DATA_DIR));
+    CopyMissingDataFiles(DataPath());
     QVERIFY(isOwnersOnly());
     // One that came otherwise is put right by every start, and by the next entry.
     QVERIFY(openToAll());
@@ -473,6 +475,6 @@ void tst_RecentEntries::choosingAPerson()
     QCOMPARE(QStringList(split.begin(), split.end()), parts);
 }
 
-QTEST_GUILESS_MAIN(tst_RecentEntries)
+HALVANE_TEST(tst_RecentEntries)
 
 #include "tst_RecentEntries.moc"

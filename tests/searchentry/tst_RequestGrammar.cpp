@@ -1,5 +1,6 @@
 #include "searchentry/Entries.h"
 #include "searchentry/RequestGrammar.h"
+#include "support/HalvaneTest.h"
 
 #include <QTest>
 
@@ -284,5 +285,5 @@ void tst_RequestGrammar::eachWithComma()
     QCOMPARE(EachWithComma({u"Adams"_s, u"King"_s}), u"Adams,King,"_s);
 }
 
-QTEST_GUILESS_MAIN(tst_RequestGrammar)
+HALVANE_TEST(tst_RequestGrammar)
 #include "tst_RequestGrammar.moc"

@@ -3,6 +3,7 @@
 #include "namesearch/NameResultsWindow.h"
 #include "searchentry/EntryDesk.h"
 #include "searchentry/frmSearchWA.h"
+#include "support/HalvaneTest.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -340,5 +341,5 @@ void tst_SearchBuilding::aStoppedSearchIsNotRemembered()
     QCOMPARE(desk->ItemsOf("cboxLastBizOrCase"), QStringList());
 }
 
-QTEST_MAIN(tst_SearchBuilding)
+HALVANE_TEST(tst_SearchBuilding)
 #include "tst_SearchBuilding.moc"

@@ -3,6 +3,7 @@
 #include "searchentry/SearchFormUser.h"
 
 #include "core/GlobalState.h"
+#include "support/HalvaneTest.h"
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -154,5 +155,5 @@ void tst_SearchFormBatch::noDefaultCountyWithoutASelection()
     QCOMPARE(Global.strDefaultWaCounty, u"King"_s);
 }
 
-QTEST_MAIN(tst_SearchFormBatch)
+HALVANE_TEST(tst_SearchFormBatch)
 #include "tst_SearchFormBatch.moc"

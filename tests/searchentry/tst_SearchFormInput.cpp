@@ -1,6 +1,7 @@
 // Entries and files that nobody should make: the form stays usable.
 
 #include "searchentry/SearchFormUser.h"
+#include "support/HalvaneTest.h"
 
 #include <QAbstractButton>
 #include <QClipboard>
@@ -257,5 +258,5 @@ void tst_SearchFormInput::badFiles()
     }
 }
 
-QTEST_MAIN(tst_SearchFormInput)
+HALVANE_TEST(tst_SearchFormInput)
 #include "tst_SearchFormInput.moc"

@@ -1,6 +1,7 @@
 // The search form under the hand: the keys reach everything in each state, and nothing is cut.
 
 #include "searchentry/SearchFormUser.h"
+#include "support/HalvaneTest.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -388,5 +389,5 @@ void tst_SearchFormKindness::helpLinks()
     QCOMPARE(wanted[1][0].value<HelpTopic>(), topic);
 }
 
-QTEST_MAIN(tst_SearchFormKindness)
+HALVANE_TEST(tst_SearchFormKindness)
 #include "tst_SearchFormKindness.moc"

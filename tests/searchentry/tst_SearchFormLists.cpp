@@ -4,6 +4,7 @@
 
 #include "core/GlobalState.h"
 #include "searchentry/frmSearchWA.h"
+#include "support/HalvaneTest.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -543,5 +544,5 @@ void tst_SearchFormLists::aSecondTemplateTakesThePlaceOfTheFirst()
     QCOMPARE(user->Text("lblCountyOrProfile"), templateLoaded);
 }
 
-QTEST_MAIN(tst_SearchFormLists)
+HALVANE_TEST(tst_SearchFormLists)
 #include "tst_SearchFormLists.moc"

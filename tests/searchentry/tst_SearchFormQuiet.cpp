@@ -2,6 +2,7 @@
 // task bar.
 
 #include "searchentry/SearchFormUser.h"
+#include "support/HalvaneTest.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -114,5 +115,5 @@ void tst_SearchFormQuiet::backFromTheTaskBarTheFormIsAsItWas()
     QCOMPARE(user->Box(0)->selectedText(), u"SMITH"_s);
 }
 
-QTEST_MAIN(tst_SearchFormQuiet)
+HALVANE_TEST(tst_SearchFormQuiet)
 #include "tst_SearchFormQuiet.moc"

@@ -4,6 +4,7 @@
 
 #include "core/GlobalState.h"
 #include "searchentry/frmSearchWA.h"
+#include "support/HalvaneTest.h"
 
 #include <QAbstractButton>
 #include <QLineEdit>
@@ -590,5 +591,5 @@ void tst_SearchFormStates::judgmentsOnlyIsForgottenOutsideOregon()
     QVERIFY(!user->Form->Entry().JudgmentsOnly);
 }
 
-QTEST_MAIN(tst_SearchFormStates)
+HALVANE_TEST(tst_SearchFormStates)
 #include "tst_SearchFormStates.moc"

@@ -5,6 +5,7 @@
 
 #include "controls/CheckListBox.h"
 #include "core/GlobalState.h"
+#include "support/HalvaneTest.h"
 
 #include <QAbstractButton>
 #include <QComboBox>
@@ -228,5 +229,5 @@ void tst_SearchFormWalks::walks()
     }
 }
 
-QTEST_MAIN(tst_SearchFormWalks)
+HALVANE_TEST(tst_SearchFormWalks)
 #include "tst_SearchFormWalks.moc"

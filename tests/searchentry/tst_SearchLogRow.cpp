@@ -1,4 +1,5 @@
 #include "searchentry/SearchLogRow.h"
+#include "support/HalvaneTest.h"
 
 #include <QTest>
 
@@ -116,6 +117,6 @@ void tst_SearchLogRow::theJurisdictions()
     QCOMPARE(GetJurisdictions(entry), text);
 }
 
-QTEST_GUILESS_MAIN(tst_SearchLogRow)
+HALVANE_TEST(tst_SearchLogRow)
 
 #include "tst_SearchLogRow.moc"

@@ -8,6 +8,7 @@
 #include "session/frmLogin.h"
 #include "session/frmMain.h"
 #include "support/FakeSocket.h"
+#include "support/HalvaneTest.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -241,5 +242,5 @@ void tst_SearchNotStarted::enterOnAButtonPressesThatButton()
     QVERIFY(resultsWindows().isEmpty());
 }
 
-QTEST_MAIN(tst_SearchNotStarted)
+HALVANE_TEST(tst_SearchNotStarted)
 #include "tst_SearchNotStarted.moc"

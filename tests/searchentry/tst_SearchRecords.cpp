@@ -2,6 +2,7 @@
 
 #include "core/CSetting.h"
 #include "support/FaultyFile.h"
+#include "support/HalvaneTest.h"
 #include "support/TestClock.h"
 #include "support/TestFolder.h"
 
@@ -206,6 +207,6 @@ void tst_SearchRecords::aFailureIsLogged()
     QCOMPARE(setting.GetSettingStr(record.Section, u"CreateTime"_s, u"none"_s), u"none"_s);
 }
 
-QTEST_GUILESS_MAIN(tst_SearchRecords)
+HALVANE_TEST(tst_SearchRecords)
 
 #include "tst_SearchRecords.moc"

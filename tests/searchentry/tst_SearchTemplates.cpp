@@ -3,6 +3,7 @@
 #include "courts/CaseTypes.h"
 #include "courts/Counties.h"
 #include "support/FaultyFile.h"
+#include "support/HalvaneTest.h"
 #include "support/TestFolder.h"
 
 #include <QTest>
@@ -222,6 +223,6 @@ void tst_SearchTemplates::rowsOfATemplate()
              rows);
 }
 
-QTEST_GUILESS_MAIN(tst_SearchTemplates)
+HALVANE_TEST(tst_SearchTemplates)
 
 #include "tst_SearchTemplates.moc"

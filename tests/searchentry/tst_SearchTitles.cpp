@@ -1,5 +1,6 @@
 #include "searchentry/Entries.h"
 #include "searchentry/SearchTitles.h"
+#include "support/HalvaneTest.h"
 
 #include <QTest>
 
@@ -240,5 +241,5 @@ void tst_SearchTitles::whatTheResultsWindowGets()
             && !fields.ORchkboxJGMcasetype);
 }
 
-QTEST_GUILESS_MAIN(tst_SearchTitles)
+HALVANE_TEST(tst_SearchTitles)
 #include "tst_SearchTitles.moc"

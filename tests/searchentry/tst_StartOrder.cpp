@@ -9,6 +9,7 @@
 #include "searchentry/frmSearchWA.h"
 #include "session/frmLogin.h"
 #include "support/FakeSocket.h"
+#include "support/HalvaneTest.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -569,5 +570,5 @@ void tst_StartOrder::statewideWalksTheListFile()
                           Wire(u"WASUP/SEARCH/SMITH////Pierce,/Civil,///"_s)}));
 }
 
-QTEST_MAIN(tst_StartOrder)
+HALVANE_TEST(tst_StartOrder)
 #include "tst_StartOrder.moc"

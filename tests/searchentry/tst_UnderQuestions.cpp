@@ -4,6 +4,7 @@
 #include "searchentry/EntryDesk.h"
 #include "searchentry/frmSearchWA.h"
 #include "support/FakeSocket.h"
+#include "support/HalvaneTest.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -299,5 +300,5 @@ void tst_UnderQuestions::aHeldKeyStartsOneSearch()
     QCOMPARE(desk->Text("txtSearchName_0"), u"SMITH"_s);
 }
 
-QTEST_MAIN(tst_UnderQuestions)
+HALVANE_TEST(tst_UnderQuestions)
 #include "tst_UnderQuestions.moc"

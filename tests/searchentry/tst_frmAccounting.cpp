@@ -5,6 +5,7 @@
 #include "core/Options.h"
 #include "support/BoxAnswers.h"
 #include "support/FaultyFile.h"
+#include "support/HalvaneTest.h"
 #include "support/TestFolder.h"
 
 #include <QCheckBox>
@@ -540,6 +541,6 @@ void tst_frmAccounting::itsParentMayGoWhileItIsUp()
     QVERIFY(!parent);
 }
 
-QTEST_MAIN(tst_frmAccounting)
+HALVANE_TEST(tst_frmAccounting)
 
 #include "tst_frmAccounting.moc"

@@ -4,6 +4,7 @@
 #include "courts/Counties.h"
 #include "namesearch/SearchDesk.h"
 #include "searchentry/frmSearchWA.h"
+#include "support/HalvaneTest.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -563,5 +564,5 @@ void tst_frmSearchWA::serverTextLikeHtmlStaysText()
         QCOMPARE(label->textFormat(), Qt::PlainText);
 }
 
-QTEST_MAIN(tst_frmSearchWA)
+HALVANE_TEST(tst_frmSearchWA)
 #include "tst_frmSearchWA.moc"

@@ -5,6 +5,7 @@
 #include "session/SessionState.h"
 #include "session/frmInactivity.h"
 #include "session/frmMain.h"
+#include "support/HalvaneTest.h"
 
 #include <QDialog>
 #include <QLabel>
@@ -368,5 +369,5 @@ void tst_Idle::theQuestionThatTheLogoutSettlesGoesAway()
     QCOMPARE(session->folder.TimesLogged(u"Logout Successful"_s), 1);
 }
 
-QTEST_MAIN(tst_Idle)
+HALVANE_TEST(tst_Idle)
 #include "tst_Idle.moc"

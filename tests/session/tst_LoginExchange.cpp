@@ -4,6 +4,7 @@
 #include "link/frmWinsock.h"
 #include "session/LoginExchange.h"
 #include "session/SessionState.h"
+#include "support/HalvaneTest.h"
 
 using namespace Qt::StringLiterals;
 
@@ -309,5 +310,5 @@ void tst_LoginExchange::failureTakesAnEarlierLoginBack()
     QCOMPARE(Global.bLoggedIn, false);
 }
 
-QTEST_MAIN(tst_LoginExchange)
+HALVANE_TEST(tst_LoginExchange)
 #include "tst_LoginExchange.moc"

@@ -5,6 +5,7 @@
 #include "link/frmWinsock.h"
 #include "session/ServerExchanges.h"
 #include "session/SessionState.h"
+#include "support/HalvaneTest.h"
 
 #include <cmath>
 
@@ -549,5 +550,5 @@ void tst_ServerExchanges::endBehindTheAccountingOptionStaysInTheBuffer()
     QCOMPARE(Global.strRecvBuffer.View().toByteArray(), QByteArray("|EOF~|"));
 }
 
-QTEST_MAIN(tst_ServerExchanges)
+HALVANE_TEST(tst_ServerExchanges)
 #include "tst_ServerExchanges.moc"

@@ -9,6 +9,7 @@
 #include "session/frmConnectionStatus.h"
 #include "session/frmElapsedTime.h"
 #include "session/frmMsg.h"
+#include "support/HalvaneTest.h"
 
 #include <QGroupBox>
 #include <QGuiApplication>
@@ -304,5 +305,5 @@ void tst_SmallWindows::showInfo()
     QVERIFY(window.isVisible());
 }
 
-QTEST_MAIN(tst_SmallWindows)
+HALVANE_TEST(tst_SmallWindows)
 #include "tst_SmallWindows.moc"

@@ -1,3 +1,4 @@
+#include "Browser.h"
 #include "SessionFixture.h"
 
 #include "controls/Twips.h"
@@ -10,10 +11,10 @@
 #include "session/SessionState.h"
 #include "session/frmLogin.h"
 #include "session/frmMain.h"
+#include "support/HalvaneTest.h"
 
 #include <QApplication>
 #include <QCheckBox>
-#include <QDesktopServices>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -516,20 +517,6 @@ void tst_frmLogin::enterDoesNothingBeforeTheServerIsReached()
     QCOMPARE(Global.bLoginBusy, false);
 }
 
-/// Stands for the browser.
-class Browser : public QObject
-{
-    Q_OBJECT
-public:
-    Browser() { QDesktopServices::setUrlHandler(u"https"_s, this, "open"); }
-    ~Browser() override { QDesktopServices::unsetUrlHandler(u"https"_s); }
-
-    QList<QUrl> opened;
-
-public Q_SLOTS:
-    void open(const QUrl &url) { opened.append(url); }
-};
-
 void tst_frmLogin::lostPasswordLinkOpensTheSupportPage()
 {
     Browser browser;
@@ -538,5 +525,5 @@ void tst_frmLogin::lostPasswordLinkOpensTheSupportPage()
     QCOMPARE(browser.opened.first().path(), u"/support.htm"_s);
 }
 
-QTEST_MAIN(tst_frmLogin)
+HALVANE_TEST(tst_frmLogin)
 #include "tst_frmLogin.moc"

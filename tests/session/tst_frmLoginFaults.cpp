@@ -6,6 +6,7 @@
 #include "session/SessionEvents.h"
 #include "session/frmLogin.h"
 #include "session/frmMain.h"
+#include "support/HalvaneTest.h"
 #include "support/ScriptedCourt.h"
 
 #include <QApplication>
@@ -476,5 +477,5 @@ void tst_frmLoginFaults::overlongTimeOutSettingDoesNoHarmWhenTheLinkIsLost()
     QVERIFY(session->folder.Logged(u"Error While Retrieving the Client Accounting Option"_s));
 }
 
-QTEST_MAIN(tst_frmLoginFaults)
+HALVANE_TEST(tst_frmLoginFaults)
 #include "tst_frmLoginFaults.moc"

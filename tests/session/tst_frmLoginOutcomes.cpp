@@ -7,6 +7,7 @@
 #include "session/SessionState.h"
 #include "session/frmLogin.h"
 #include "session/frmMain.h"
+#include "support/HalvaneTest.h"
 #include "support/ScriptedCourt.h"
 
 #include <QApplication>
@@ -409,5 +410,5 @@ void tst_frmLoginOutcomes::pingDuringTheLoginIsAnswered()
     QCOMPARE(Global.bLoggedIn, true);
 }
 
-QTEST_MAIN(tst_frmLoginOutcomes)
+HALVANE_TEST(tst_frmLoginOutcomes)
 #include "tst_frmLoginOutcomes.moc"

@@ -1,3 +1,4 @@
+#include "Browser.h"
 #include "SessionFixture.h"
 
 #include "core/GlobalState.h"
@@ -5,8 +6,8 @@
 #include "session/SessionEvents.h"
 #include "session/SessionState.h"
 #include "session/frmMain.h"
+#include "support/HalvaneTest.h"
 
-#include <QDesktopServices>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
@@ -97,20 +98,6 @@ QStringList names(const QList<QAction *> &actions)
     return all;
 }
 } // namespace
-
-/// Stands for the browser.
-class Browser : public QObject
-{
-    Q_OBJECT
-public:
-    Browser() { QDesktopServices::setUrlHandler(u"https"_s, this, "open"); }
-    ~Browser() override { QDesktopServices::unsetUrlHandler(u"https"_s); }
-
-    QList<QUrl> opened;
-
-public Q_SLOTS:
-    void open(const QUrl &url) { opened.append(url); }
-};
 
 class tst_frmMain : public QObject
 {
@@ -561,5 +548,5 @@ void tst_frmMain::privateMessagesAreShown()
     Click(window, "Command1");
 }
 
-QTEST_MAIN(tst_frmMain)
+HALVANE_TEST(tst_frmMain)
 #include "tst_frmMain.moc"

@@ -2,6 +2,7 @@
 
 #include "controls/FormWindow.h"
 #include "session/frmMain.h"
+#include "support/HalvaneTest.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -351,5 +352,5 @@ void tst_frmMainChildren::saveAndPrintWithoutAChildDoNothing()
     QCOMPARE(session->boxes.Answered(), 0);
 }
 
-QTEST_MAIN(tst_frmMainChildren)
+HALVANE_TEST(tst_frmMainChildren)
 #include "tst_frmMainChildren.moc"

@@ -8,6 +8,7 @@
 #include "session/SessionState.h"
 #include "session/frmLogin.h"
 #include "session/frmMain.h"
+#include "support/HalvaneTest.h"
 
 #include <QDialog>
 #include <QLabel>
@@ -498,5 +499,5 @@ void tst_frmMainExit::queueIsUnloadedAtTheEnd()
     QVERIFY(!main->tmrConnectStatus->isActive());
 }
 
-QTEST_MAIN(tst_frmMainExit)
+HALVANE_TEST(tst_frmMainExit)
 #include "tst_frmMainExit.moc"

@@ -8,6 +8,7 @@
 #include "jobs/frmQueue.h"
 #include "link/TcpServerSocket.h"
 #include "link/frmWinsock.h"
+#include "support/Places.h"
 
 #include <QDir>
 #include <QFile>
@@ -20,7 +21,7 @@ TestFolder::TestFolder()
 {
     ResetProgram();
     ChooseAppFolder(dir.path());
-    const QDir data(QStringLiteral(HALVANE_DATA_DIR));
+    const QDir data(DataPath());
     const QStringList names = data.entryList(QDir::Files);
     for (const QString &name : names)
         QFile::copy(data.filePath(name), Path(name));

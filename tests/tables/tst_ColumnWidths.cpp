@@ -1,4 +1,5 @@
 #include "core/UserStore.h"
+#include "support/HalvaneTest.h"
 #include "tables/ColumnWidths.h"
 #include "tables/ResultListView.h"
 #include "tables/TableTools.h"
@@ -246,5 +247,5 @@ void tst_ColumnWidths::brokenStoreIsNoWidth()
     QVERIFY(!list->Tools()->Widths()->ChangedByUser());
 }
 
-QTEST_MAIN(tst_ColumnWidths)
+HALVANE_TEST(tst_ColumnWidths)
 #include "tst_ColumnWidths.moc"

@@ -1,3 +1,4 @@
+#include "support/HalvaneTest.h"
 #include "tables/CsvText.h"
 #include "tables/StoredWidths.h"
 
@@ -208,5 +209,5 @@ void tst_CsvText::brokenWidths()
     QCOMPARE(WidthsOfText(text + u" Role=1100"_s), (StoredWidths{{u"Role"_s, 1100}}));
 }
 
-QTEST_APPLESS_MAIN(tst_CsvText)
+HALVANE_TEST(tst_CsvText)
 #include "tst_CsvText.moc"

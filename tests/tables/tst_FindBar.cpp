@@ -1,3 +1,4 @@
+#include "support/HalvaneTest.h"
 #include "support/ProcessorTime.h"
 #include "tables/ListUser.h"
 #include "tables/RowFilter.h"
@@ -491,5 +492,5 @@ void tst_FindBar::hundredThousandRows()
     QVERIFY2(used < mostSeconds, qPrintable(QString::number(used)));
 }
 
-QTEST_MAIN(tst_FindBar)
+HALVANE_TEST(tst_FindBar)
 #include "tst_FindBar.moc"

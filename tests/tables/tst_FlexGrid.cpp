@@ -1,3 +1,4 @@
+#include "support/HalvaneTest.h"
 #include "tables/GridUser.h"
 
 #include <QAccessible>
@@ -472,5 +473,5 @@ void tst_FlexGrid::findStaysInForceForAnotherTable()
     QVERIFY(user->Grid->isRowHidden(2));
 }
 
-QTEST_MAIN(tst_FlexGrid)
+HALVANE_TEST(tst_FlexGrid)
 #include "tst_FlexGrid.moc"

@@ -1,3 +1,4 @@
+#include "support/HalvaneTest.h"
 #include "tables/ColumnShares.h"
 #include "tables/ColumnWidths.h"
 #include "tables/GridUser.h"
@@ -294,5 +295,5 @@ void tst_GridColumns::anotherTableFollowsAgain()
     QTRY_COMPARE(user->Widths(), QList<int>({400, 600}));
 }
 
-QTEST_MAIN(tst_GridColumns)
+HALVANE_TEST(tst_GridColumns)
 #include "tst_GridColumns.moc"

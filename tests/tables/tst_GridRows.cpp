@@ -1,3 +1,4 @@
+#include "support/HalvaneTest.h"
 #include "tables/GridUser.h"
 
 #include <QSignalSpy>
@@ -423,5 +424,5 @@ void tst_GridRows::foundRowsAreMeasured()
         QCOMPARE(user->Misfit(row), QString());
 }
 
-QTEST_MAIN(tst_GridRows)
+HALVANE_TEST(tst_GridRows)
 #include "tst_GridRows.moc"

@@ -1,6 +1,7 @@
 // A column of no width: it holds what the user is not to see.
 
 #include "controls/SaveDialog.h"
+#include "support/HalvaneTest.h"
 #include "support/TestFolder.h"
 #include "tables/ColumnWidths.h"
 #include "tables/GridUser.h"
@@ -232,5 +233,5 @@ void tst_HiddenColumns::resetDoesNotBringItBack()
     QVERIFY(user->Grid->isColumnHidden(1));
 }
 
-QTEST_MAIN(tst_HiddenColumns)
+HALVANE_TEST(tst_HiddenColumns)
 #include "tst_HiddenColumns.moc"

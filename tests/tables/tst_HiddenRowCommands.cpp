@@ -1,4 +1,5 @@
 #include "controls/SaveDialog.h"
+#include "support/HalvaneTest.h"
 #include "support/TestFolder.h"
 #include "tables/RowFilter.h"
 #include "tables/TableUser.h"
@@ -246,5 +247,5 @@ void tst_HiddenRowCommands::theMenuWithNothingInSight()
         QVERIFY(!user.Table->findChild<QAction *>(name)->isEnabled());
 }
 
-QTEST_MAIN(tst_HiddenRowCommands)
+HALVANE_TEST(tst_HiddenRowCommands)
 #include "tst_HiddenRowCommands.moc"

@@ -1,3 +1,4 @@
+#include "support/HalvaneTest.h"
 #include "support/ProcessorTime.h"
 #include "tables/RowFilter.h"
 #include "tables/TableUser.h"
@@ -347,5 +348,5 @@ void tst_HiddenRows::hundredThousandRows()
     QVERIFY2(used < mostSeconds, qPrintable(QString::number(used)));
 }
 
-QTEST_MAIN(tst_HiddenRows)
+HALVANE_TEST(tst_HiddenRows)
 #include "tst_HiddenRows.moc"

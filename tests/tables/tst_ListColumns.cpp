@@ -1,4 +1,5 @@
 #include "controls/Twips.h"
+#include "support/HalvaneTest.h"
 #include "tables/ResultListView.h"
 
 #include <QApplication>
@@ -142,5 +143,5 @@ void tst_ListColumns::tipOfACellWithoutEndFitsAScreen()
     QToolTip::hideText();
 }
 
-QTEST_MAIN(tst_ListColumns)
+HALVANE_TEST(tst_ListColumns)
 #include "tst_ListColumns.moc"

@@ -1,3 +1,4 @@
+#include "support/HalvaneTest.h"
 #include "tables/ResultListView.h"
 
 #include <QSignalSpy>
@@ -71,5 +72,5 @@ void tst_ManyRows::aHundredThousandRowsCostAnInsertionATurnAndTheCellsInSight()
     QCOMPARE(view.rowAt(view.viewport()->height() - 3), rows - 1);
 }
 
-QTEST_MAIN(tst_ManyRows)
+HALVANE_TEST(tst_ManyRows)
 #include "tst_ManyRows.moc"

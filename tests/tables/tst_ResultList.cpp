@@ -1,5 +1,6 @@
 #include "controls/Twips.h"
 #include "core/Windows1252.h"
+#include "support/HalvaneTest.h"
 #include "tables/ResultListView.h"
 
 #include <QAbstractItemModelTester>
@@ -573,5 +574,5 @@ void tst_ResultList::twips()
     QCOMPARE(PixelsFromTwips(TwipsFromPixels(pixels)), pixels);
 }
 
-QTEST_MAIN(tst_ResultList)
+HALVANE_TEST(tst_ResultList)
 #include "tst_ResultList.moc"

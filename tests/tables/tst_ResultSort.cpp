@@ -1,3 +1,4 @@
+#include "support/HalvaneTest.h"
 #include "support/ProcessorTime.h"
 #include "tables/ResultListView.h"
 
@@ -392,5 +393,5 @@ void tst_ResultSort::aHundredThousandRowsAreSortedInTimeAndMemory()
     QCOMPARE(view.selectionModel()->selectedRows().size(), rows);
 }
 
-QTEST_MAIN(tst_ResultSort)
+HALVANE_TEST(tst_ResultSort)
 #include "tst_ResultSort.moc"

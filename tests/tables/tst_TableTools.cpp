@@ -2,6 +2,7 @@
 #include "core/GlobalState.h"
 #include "support/BoxAnswers.h"
 #include "support/FaultyFile.h"
+#include "support/HalvaneTest.h"
 #include "support/TestFolder.h"
 #include "tables/ListUser.h"
 
@@ -339,5 +340,5 @@ void tst_TableTools::anyTable()
     QVERIFY(table.isRowHidden(1) && !table.isRowHidden(0));
 }
 
-QTEST_MAIN(tst_TableTools)
+HALVANE_TEST(tst_TableTools)
 #include "tst_TableTools.moc"
