@@ -99,7 +99,7 @@ void CaseJob::ActivateTab(const QString &caption)
         Sheet.SetWarning(CaseTabRowOf(*tab).review.toString());
 }
 
-void CaseJob::buildTabRequests()
+void CaseJob::BuildTabRequests()
 {
     lboxTabReqQueue.Clear();
     const CaseOfRequest fields = requestFields(Record);
@@ -131,7 +131,7 @@ void CaseJob::BeginTick()
         TabsPending = false;
     }
     if (!RequestsBuilt) {
-        buildTabRequests();
+        BuildTabRequests();
         RequestsBuilt = true;
     }
 }

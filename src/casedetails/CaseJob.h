@@ -80,7 +80,7 @@ private:
     static constexpr int brokenDown = 911; ///< a value of FatalError
 
     void setStatusText(const QString &text, StatusStyle style = StatusStyle::NormalBold);
-    void buildTabRequests();
+    void BuildTabRequests();
     bool askOnDemand(CaseTabRecord &ofTab);
     /// Whether the list of documents counts.
     enum class Documents { Too, AsTheyAre };

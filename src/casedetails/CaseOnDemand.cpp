@@ -181,7 +181,7 @@ void CaseJob::endOnDemand(RunEnd end)
     case RunEnd::InvalidCase:
     case RunEnd::Error:
     case RunEnd::NotLocated:
-        Sheet.OfferMissing();
+        Sheet.SetOnDemandPanel();
         ReleaseTurnOf(txtMasterKey);
         SetOver();
         WriteAppInfo(u"NORMAL EXIT - from Process On Demand Search Reqeusts."_s);
@@ -195,7 +195,7 @@ void CaseJob::endOnDemand(RunEnd end)
 
 void CaseJob::restoreOnDemandButtons()
 {
-    Sheet.OfferMissing();
+    Sheet.SetOnDemandPanel();
     Sheet.AllowSearchNow(true);
     Sheet.AllowPrint(true);
 }

@@ -75,7 +75,7 @@ void CaseSheet::BringIntoSight(CaseTab tab)
     Record.InSight = tab;
     Record.PanelInSight = Record.Tab(tab).TabNotRetrieved;
     if (Record.PanelInSight)
-        OfferMissing();
+        SetOnDemandPanel();
     Q_EMIT SightChanged();
 }
 

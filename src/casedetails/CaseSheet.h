@@ -39,7 +39,7 @@ public:
     void OfferMissing(bool keepTicks);
     /// The same. Only while a run waits or goes on are the ticks what the user has made them:
     /// looking at another tab must not add to what is fetched.
-    void OfferMissing() { OfferMissing(ChoiceStands); }
+    void SetOnDemandPanel() { OfferMissing(ChoiceStands); }
     void AllowSearchNow(bool allowed);
     void AllowPrint(bool allowed);
 

@@ -136,8 +136,8 @@ void CaseJob::takeSummaryError(const QString &line, SummaryRead &read)
 void CaseJob::askArbitration()
 {
     UserQuestion = true;
-    const bool chosen = talk && talk->AskArbitration();
-    arbitration = chosen ? ArbitrationMode::Arbitration : ArbitrationMode::NoArbitration;
+    const bool ArbitrationAnswer = talk && talk->AskArbitration();
+    arbitration = ArbitrationAnswer ? ArbitrationMode::Arbitration : ArbitrationMode::NoArbitration;
     CaseAnswers.ArbitrationChosen = false;
 }
 

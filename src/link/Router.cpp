@@ -103,11 +103,11 @@ void DropServerLink()
 
 ServerSelection SelectServer(const std::function<bool()> &cancelled)
 {
-    const QStringList addresses = LoadServerList();
+    const QStringList aServerIPs = LoadServerList();
     for (int i = 0; i < serverAddressCount; ++i) {
         if (cancelled())
             return ServerSelection::Cancelled;
-        const QString address = addresses.value(i);
+        const QString address = aServerIPs.value(i);
         if (ConnectToRouter(address)) {
             settle();
             return ServerSelection::Contacted;

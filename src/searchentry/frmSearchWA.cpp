@@ -3,11 +3,16 @@
 #include "core/GlobalState.h"
 #include "core/Options.h"
 #include "courts/CaseTypes.h"
-#include "courts/Counties.h"
 #include "courts/DiscisCourts.h"
+#include "searchentry/BatchEntries.h"
+#include "searchentry/CountyChoice.h"
+#include "searchentry/DiscisCourtChoice.h"
+#include "searchentry/RecentsOnForm.h"
+#include "searchentry/SearchControls.h"
+#include "searchentry/SearchStart.h"
+#include "searchentry/SearchYears.h"
 #include "searchentry/frmAccounting.h"
 #include "session/frmMain.h"
-#include "ui_frmSearchWA.h"
 
 #include <QKeyEvent>
 #include <QPointer>
@@ -40,13 +45,6 @@ struct StartRow
 };
 constexpr std::array<StartRow, 4> startRows{{{u"WA", 0}, {u"OR", 2}, {u"ID", 2}, {u"FED", 4}}};
 
-template<typename Widget, size_t count>
-void findArray(const QWidget *form, const QString &name, std::array<Widget *, count> &widgets)
-{
-    for (size_t i = 0; i < count; ++i)
-        widgets[i] = form->findChild<Widget *>(name + u'_' + QString::number(i));
-}
-
 /// Chooses a button of a group and makes it the one at which Tab stops: by itself, Tab would go on
 /// stopping at the one that was clicked last.
 template<size_t count>
@@ -59,6 +57,48 @@ void choose(const std::array<QRadioButton *, count> &buttons, int index)
             buttons[i]->setChecked(true);
     }
 }
+
+/// The texts of the state, and the buttons and the row that are chosen in it.
+void showTexts(frmSearchWA &form, const SearchControls &ui, const FormState &state)
+{
+    const CourtRow &court = CourtRowOf(state.Court);
+    const KindRow &kind = KindRowOf(state.Kind);
+    form.setWindowTitle(court.caption.toString());
+    ui.lblCurrentCourt->setText(court.courtLabel.toString());
+    ui.lblCurrentCourt->setVisible(!court.courtLabel.isEmpty());
+    if (!court.statewide.isEmpty())
+        ui.optSearchWhere[2]->setText(court.statewide.toString());
+    ui.lblCaseNumEx->setText(court.numberExample.toString());
+    ui.Frame2->setTitle(kind.step.toString());
+    const std::array<QLabel *, 4> labels{ui.lblNameSearchLastName, ui.lblNameSearchFirstName,
+                                         ui.lblNameSearchMI, ui.lblNameSearchSuffix};
+    for (size_t i = 0; i < labels.size(); ++i) {
+        labels[i]->setText(kind.labels[i].toString());
+        labels[i]->setVisible(!kind.labels[i].isEmpty());
+        ui.txtSearchName[i]->setVisible(!kind.labels[i].isEmpty());
+    }
+    choose(ui.optState, court.stateIndex);
+    if (court.courtIndex >= 0)
+        choose(ui.optCourtSelection, court.courtIndex);
+    choose(ui.optSearchType, static_cast<int>(state.Kind));
+    choose(ui.optSearchWhere, static_cast<int>(state.Where) - 1);
+    const QSignalBlocker blocker(ui.lstJurisdictions);
+    ui.lstJurisdictions->setCurrentRow(static_cast<int>(state.Court));
+}
+
+/// Lines of the index and of the bankruptcy courts are divided by "~", which no entry may hold
+/// then.
+void reserveCharacters(const SearchControls &ui, const FormState &state)
+{
+    const QString reserved =
+        state.Court == CourtFamily::Bankruptcy || ui.chkUseIndex->isChecked() ? u"~"_s : QString();
+    for (QLineEdit *line : ui.txtSearchName) {
+        auto *box = static_cast<SearchTextBox *>(line);
+        box->SetReserved(reserved);
+        if (!reserved.isEmpty() && box->text().contains(reserved))
+            box->setText(box->text().remove(reserved));
+    }
+}
 } // namespace
 
 SearchEvents &SearchEvents::Of()
@@ -67,20 +107,14 @@ SearchEvents &SearchEvents::Of()
     return events;
 }
 
-frmSearchWA::frmSearchWA() : ui(std::make_unique<Ui::frmSearchWA>())
+frmSearchWA::frmSearchWA()
+    : ui(std::make_unique<SearchControls>(this)), years(std::make_unique<SearchYears>(*ui)),
+      counties(std::make_unique<CountyChoice>(*ui, state)),
+      discisCourts(std::make_unique<DiscisCourtChoice>(*ui, state)),
+      recents(std::make_unique<RecentsOnForm>(*ui, state)),
+      batch(std::make_unique<BatchEntries>(*ui)),
+      start(std::make_unique<SearchStart>(*this, *ui, *recents))
 {
-    ui->setupUi(this);
-    findArray(this, u"txtSearchName"_s, txtSearchName);
-    findArray(this, u"optState"_s, optState);
-    findArray(this, u"optCourtSelection"_s, optCourtSelection);
-    findArray(this, u"optOrCDcourts"_s, optOrCDcourts);
-    findArray(this, u"optSearchType"_s, optSearchType);
-    findArray(this, u"optSearchWhere"_s, optSearchWhere);
-    findArray(this, u"optDiscisSearch"_s, optDiscisSearch);
-    findArray(this, u"chkBKcourt"_s, chkBKcourt);
-    findArray(this, u"Text1"_s, Text1);
-    findArray(this, u"cbCty1"_s, cbCty1);
-    findArray(this, u"cmdBatchSearch"_s, cmdBatchSearch);
     InitCountyRadioBtns();
     LoadJurisdictionList();
     Connect();
@@ -93,7 +127,7 @@ frmSearchWA::frmSearchWA() : ui(std::make_unique<Ui::frmSearchWA>())
     GoTo(state);
     courtDisplayName = CourtOf(state.Court).Display.toString();
     optSearchType_Click(0);
-    LoadCountyLists();
+    counties->Load();
     SelectState(Global.strDefaultView);
 }
 
@@ -143,7 +177,7 @@ void frmSearchWA::Unloading()
 
 void frmSearchWA::FocusFirstName()
 {
-    QLineEdit *first = state.Batch ? Text1[0] : txtSearchName[0];
+    QLineEdit *first = state.Batch ? ui->Text1[0] : ui->txtSearchName[0];
     first->setFocus();
     first->selectAll();
 }
@@ -183,16 +217,9 @@ void frmSearchWA::Connect()
     tickAll(ui->cmdUnCheckAll, ui->lboxCountyOrProfile, false);
     tickAll(ui->cmdSelAll, ui->lboxCaseTypes, true);
     tickAll(ui->cmdClrAll, ui->lboxCaseTypes, false);
-    tickAll(ui->cmdSelectAllCourts, ui->lboxDiscisCourtNames, true);
-    connect(ui->cmdClearCourtList, &QPushButton::clicked, this, [this] {
-        ui->lboxDiscisCourtNames->SelectAll(false);
-        ui->lblCourtNameStats->setText(u"Courts Available: "_s
-                                       + QString::number(ui->lboxDiscisCourtNames->count())
-                                       + u"   Courts Selected: 0 (zero)"_s);
-    });
     const auto checkCourts = [this](QPushButton *button, bool check) {
         connect(button, &QPushButton::clicked, this, [this, check] {
-            for (QCheckBox *court : chkBKcourt)
+            for (QCheckBox *court : ui->chkBKcourt)
                 court->setChecked(check);
         });
     };
@@ -201,11 +228,14 @@ void frmSearchWA::Connect()
     connect(ui->cmdBeginSearch, &QPushButton::clicked, this, &frmSearchWA::cmdBeginSearch_Click);
     connect(ui->cmdClearForm, &QPushButton::clicked, this, &frmSearchWA::cmdClearForm_Click);
     connect(ui->cmdCancel, &QPushButton::clicked, this, [this] { Unload(); });
-    connect(ui->cmdEditAcctID, &QPushButton::clicked, this, &frmSearchWA::cmdEditAcctID_Click);
+    connect(ui->cmdEditAcctID, &QPushButton::clicked, this, [this] {
+        const RunScope scope(this);
+        frmAccounting::ShowModal(this);
+    });
     connect(&AccountingEvents::Of(), &AccountingEvents::OptionChanged, ui->cmdEditAcctID,
             &QWidget::setEnabled);
-    for (size_t i = 0; i < cmdBatchSearch.size(); ++i)
-        connect(cmdBatchSearch[i], &QAbstractButton::clicked, this,
+    for (size_t i = 0; i < ui->cmdBatchSearch.size(); ++i)
+        connect(ui->cmdBatchSearch[i], &QAbstractButton::clicked, this,
                 [this, i] { cmdBatchSearch_Click(static_cast<int>(i)); });
     for (int topic = 0;; ++topic) {
         auto *link = findChild<LinkLabel *>(u"lblHelp_"_s + QString::number(topic));
@@ -232,50 +262,38 @@ void frmSearchWA::ConnectChoices()
         }
     };
     onChoice(
-        optState, [this](int i) { return i == LastStateIndex; }, &frmSearchWA::optState_Click);
+        ui->optState, [this](int i) { return i == LastStateIndex; }, &frmSearchWA::optState_Click);
     onChoice(
-        optCourtSelection, [this](int i) { return i == CourtRowOf(state.Court).courtIndex; },
+        ui->optCourtSelection, [this](int i) { return i == CourtRowOf(state.Court).courtIndex; },
         &frmSearchWA::optCourtSelection_Click);
     onChoice(
-        optOrCDcourts, [](int) { return false; }, &frmSearchWA::optOrCDcourts_Click);
+        ui->optOrCDcourts, [](int) { return false; }, &frmSearchWA::optOrCDcourts_Click);
     onChoice(
-        optSearchType, [this](int i) { return i == static_cast<int>(state.Kind); },
+        ui->optSearchType, [this](int i) { return i == static_cast<int>(state.Kind); },
         &frmSearchWA::optSearchType_Click);
     // The template list comes back by a click on its button when a template has taken its place.
     onChoice(
-        optSearchWhere,
+        ui->optSearchWhere,
         [this](int i) { return i + 1 == static_cast<int>(state.Where) && !state.TemplateApplied; },
         &frmSearchWA::optSearchWhere_Click);
     onChoice(
-        optDiscisSearch,
+        ui->optDiscisSearch,
         [this](int i) {
             return (intSearchWhere == static_cast<qint16>(SearchScope::DiscisCivil)) == (i == 0);
         },
         &frmSearchWA::optDiscisSearch_Click);
-    connect(ui->optSearchYears_0, &QRadioButton::toggled, this, &frmSearchWA::optSearchYears_Click);
-    connect(ui->optSearchYears1_0, &QRadioButton::toggled, this,
-            &frmSearchWA::optSearchYears_Click);
     connect(ui->lstJurisdictions, &QListWidget::currentRowChanged, this,
             &frmSearchWA::lstJurisdictions_Click);
     // The row that a start selects need not be the family's own: a click on it goes there still.
     connect(ui->lstJurisdictions, &QListWidget::itemClicked, this, [this](QListWidgetItem *item) {
         lstJurisdictions_Click(ui->lstJurisdictions->row(item));
     });
-    connect(ui->cboxCountyList, &QComboBox::currentIndexChanged, this,
-            &frmSearchWA::cboxCountyList_Click);
-    connect(ui->cboxLastBizOrCase, &QComboBox::activated, this,
-            &frmSearchWA::cboxLastBizOrCase_Click);
-    connect(ui->cboxCaseMRUs, &QComboBox::activated, this, &frmSearchWA::cboxCaseMRUs_Click);
     connect(ui->lboxSearchProfiles, &QListWidget::itemDoubleClicked, this,
             [this](QListWidgetItem *item) {
                 lboxSearchProfiles_DblClick(ui->lboxSearchProfiles->row(item));
             });
-    connect(ui->lboxDiscisCourtNames, &QListWidget::itemChanged, this,
-            &frmSearchWA::ShowCourtStats);
-    connect(ui->lboxCountyOrProfile, &QListWidget::itemChanged, this,
-            &frmSearchWA::ShowChosenCounty);
     connect(ui->chkBulkSearch, &QCheckBox::toggled, this, &frmSearchWA::chkBulkSearch_Click);
-    connect(ui->chkUseIndex, &QCheckBox::toggled, this, &frmSearchWA::chkUseIndex_Click);
+    connect(ui->chkUseIndex, &QCheckBox::toggled, this, [this] { reserveCharacters(*ui, state); });
 }
 
 // ---- where the user is, and what that shows ----
@@ -302,40 +320,13 @@ void frmSearchWA::GoTo(FormState next)
                                     && Global.strDefaultToWaIndex == u"1");
     // An identifier is nobody's name: it would go to the other court as one.
     if (before.Court != state.Court && IsIdentifier(before.Kind))
-        txtSearchName[0]->clear();
+        ui->txtSearchName[0]->clear();
     if (before.Kind != state.Kind || before.Batch != state.Batch)
         ShowMRU();
-    ReserveCharacters();
+    reserveCharacters(*ui, state);
     // Whoever was in a box that has gone goes on in the first one that is there.
     if (focused && !focused->isVisibleTo(this))
         FocusFirstName();
-}
-
-void frmSearchWA::ShowTexts()
-{
-    const CourtRow &court = CourtRowOf(state.Court);
-    const KindRow &kind = KindRowOf(state.Kind);
-    setWindowTitle(court.caption.toString());
-    ui->lblCurrentCourt->setText(court.courtLabel.toString());
-    ui->lblCurrentCourt->setVisible(!court.courtLabel.isEmpty());
-    if (!court.statewide.isEmpty())
-        optSearchWhere[2]->setText(court.statewide.toString());
-    ui->lblCaseNumEx->setText(court.numberExample.toString());
-    ui->Frame2->setTitle(kind.step.toString());
-    const std::array<QLabel *, 4> labels{ui->lblNameSearchLastName, ui->lblNameSearchFirstName,
-                                         ui->lblNameSearchMI, ui->lblNameSearchSuffix};
-    for (size_t i = 0; i < labels.size(); ++i) {
-        labels[i]->setText(kind.labels[i].toString());
-        labels[i]->setVisible(!kind.labels[i].isEmpty());
-        txtSearchName[i]->setVisible(!kind.labels[i].isEmpty());
-    }
-    choose(optState, court.stateIndex);
-    if (court.courtIndex >= 0)
-        choose(optCourtSelection, court.courtIndex);
-    choose(optSearchType, static_cast<int>(state.Kind));
-    choose(optSearchWhere, static_cast<int>(state.Where) - 1);
-    const QSignalBlocker blocker(ui->lstJurisdictions);
-    ui->lstJurisdictions->setCurrentRow(static_cast<int>(state.Court));
 }
 
 void frmSearchWA::ShowParts()
@@ -364,7 +355,7 @@ void frmSearchWA::ShowParts()
     ShowOrHideFrame12();
     ShowOrHideBatchCaseSearchFrame();
     ShowOrHideDiscisFrames();
-    ShowTexts();
+    showTexts(*this, *ui, state);
     layout()->setEnabled(true);
     layout()->activate();
     const QSignalBlocker blocker(ui->chkBulkSearch);
@@ -445,7 +436,7 @@ void frmSearchWA::SelectCourtState(FormState next)
     // A court begins as the setting says, also when it is chosen again.
     ui->chkUseIndex->setChecked(Shows(FormPart::UseIndex) && Global.strDefaultToWaIndex == u"1");
     LoadCaseTypes(strCurrentCourt);
-    LoadCountyLists();
+    counties->Load();
     if (state.Court == CourtFamily::Discis)
         optDiscisSearch_Click(0);
 }
@@ -456,12 +447,12 @@ void frmSearchWA::SelectCourt(CourtFamily court)
     next.Court = court;
     SelectCourtState(next);
     if (court == CourtFamily::Oregon)
-        choose(optOrCDcourts, 0);
+        choose(ui->optOrCDcourts, 0);
 }
 
 void frmSearchWA::optOrCDcourts_Click(int index)
 {
-    choose(optOrCDcourts, index);
+    choose(ui->optOrCDcourts, index);
 }
 
 void frmSearchWA::lstJurisdictions_Click(int row)
@@ -477,12 +468,12 @@ void frmSearchWA::optSearchType_Click(int index)
     next.Batch = false;
     GoTo(next);
     if (KindRowOf(state.Kind).empties) {
-        for (QLineEdit *box : txtSearchName)
+        for (QLineEdit *box : ui->txtSearchName)
             box->clear();
         LoadCaseTypes(strCurrentCourt);
     }
     if (state.Court == CourtFamily::Discis)
-        LoadDiscisCountyList();
+        discisCourts->LoadDiscisCountyList(static_cast<SearchScope>(intSearchWhere));
 }
 
 void frmSearchWA::optSearchWhere_Click(int index)
@@ -491,17 +482,17 @@ void frmSearchWA::optSearchWhere_Click(int index)
     next.Where = static_cast<SearchScope>(index + 1);
     next.TemplateApplied = false;
     GoTo(next);
-    LoadCountyLists();
+    counties->Load();
     if (next.Where == SearchScope::Template)
         LoadSearchProfileList();
 }
 
 void frmSearchWA::optDiscisSearch_Click(int index)
 {
-    choose(optDiscisSearch, index);
+    choose(ui->optDiscisSearch, index);
     intSearchWhere =
         static_cast<qint16>(index == 0 ? SearchScope::DiscisCivil : SearchScope::DiscisNonCivil);
-    LoadDiscisCountyList();
+    discisCourts->LoadDiscisCountyList(static_cast<SearchScope>(intSearchWhere));
 }
 
 void frmSearchWA::chkBulkSearch_Click()
@@ -511,33 +502,8 @@ void frmSearchWA::chkBulkSearch_Click()
     GoTo(next);
     if (!state.Batch)
         return;
-    LoadBatchCounties();
-    Text1[0]->setFocus();
-}
-
-void frmSearchWA::chkUseIndex_Click()
-{
-    ReserveCharacters();
-}
-
-/// Lines of the index and of the bankruptcy courts are divided by "~", which no entry may hold
-/// then.
-void frmSearchWA::ReserveCharacters()
-{
-    const QString reserved =
-        state.Court == CourtFamily::Bankruptcy || ui->chkUseIndex->isChecked() ? u"~"_s : QString();
-    for (QLineEdit *line : txtSearchName) {
-        auto *box = static_cast<SearchTextBox *>(line);
-        box->SetReserved(reserved);
-        if (!reserved.isEmpty() && box->text().contains(reserved))
-            box->setText(box->text().remove(reserved));
-    }
-}
-
-void frmSearchWA::cmdEditAcctID_Click()
-{
-    const RunScope scope(this);
-    frmAccounting::ShowModal(this);
+    batch->LoadCounties(state.Court);
+    ui->Text1[0]->setFocus();
 }
 
 void frmSearchWA::ResetFormFields()
@@ -549,10 +515,10 @@ void frmSearchWA::ResetFormFields()
     next.Batch = false;
     GoTo(next);
     optSearchType_Click(0);
-    LoadCountyLists();
+    counties->Load();
     LoadSearchYears();
     ui->optORjgmtsONLY->setChecked(false);
-    for (QCheckBox *court : chkBKcourt)
+    for (QCheckBox *court : ui->chkBKcourt)
         court->setChecked(false);
     // As it has always been called after that, whatever the court.
     courtDisplayName = CourtOf(CourtFamily::Superior).Display.toString();
@@ -566,7 +532,7 @@ void frmSearchWA::cmdClearForm_Click()
 
 void frmSearchWA::SelectFirstCourt()
 {
-    optCourtSelection[0]->setChecked(true);
+    ui->optCourtSelection[0]->setChecked(true);
     optCourtSelection_Click(0);
 }
 

@@ -2,32 +2,27 @@
 
 #include "controls/FormWindow.h"
 #include "searchentry/FormStates.h"
-#include "searchentry/FormTalk.h"
-#include "searchentry/RecentEntries.h"
 #include "searchentry/SearchEntry.h"
 #include "searchentry/SearchEvents.h"
 #include "searchentry/SearchLogRow.h"
 
-#include <array>
 #include <memory>
-#include <utility>
 
-class QAbstractButton;
-class QCheckBox;
-class QComboBox;
-class QLineEdit;
-class QListWidget;
-class QRadioButton;
-
-namespace Ui {
-class frmSearchWA;
-}
+class BatchEntries;
+class CountyChoice;
+class DiscisCourtChoice;
+class RecentsOnForm;
+class SearchStart;
+class SearchYears;
+struct SearchControls;
 
 /// The one screen on which every search is entered. It never talks to the server: it makes the
 /// request lines, hands them to a new window, and gives that window a place in the turn queue.
 ///
-/// Every click moves `state` and then shows what FormStates has for it.
-class frmSearchWA : public FormWindow, private FormTalk
+/// Every click moves `state` and then shows what FormStates has for it. What goes on within a part
+/// of the form is a class of its own, on the same controls: the years, the counties, the District
+/// and Municipal Courts, the recent entries, the rows of a batch, and the start of a search.
+class frmSearchWA : public FormWindow
 {
     Q_OBJECT
 public:
@@ -105,92 +100,33 @@ private:
     void optSearchType_Click(int index);
     void optSearchWhere_Click(int index);
     void optDiscisSearch_Click(int index);
-    void optSearchYears_Click();
-    void optCounties_Click(int index);
     void lstJurisdictions_Click(int row);
-    void cboxCountyList_Click();
-    void cboxLastBizOrCase_Click(int index);
-    void cboxCaseMRUs_Click(int index);
     void lboxSearchProfiles_DblClick(int row);
     void chkBulkSearch_Click();
-    void chkUseIndex_Click();
     void cmdBatchSearch_Click(int index);
     void cmdBeginSearch_Click();
     void cmdClearForm_Click();
-    void cmdEditAcctID_Click();
 
-    // Visibility and lists
+    // Visibility
     void Connect();
     void ConnectChoices();
     void GoTo(FormState next);
     void SelectCourtState(FormState next);
     void ShowParts();
-    void ShowTexts();
-    void LoadCountyLists();
-    void LoadWaCountyList();
-    void LoadOrCountyList();
-    void LoadIdCountyList();
-    void FillCountyLists(const QStringList &counties);
-    void LoadDiscisCountyList();
-    void ResetBatchFields();
-    void LoadBatchCounties();
-    void SetDefaultCounty();
-    void ReserveCharacters();
-    void ShowCourtStats();
-    void ShowChosenCounty();
-    void UseRecentEntry(const QString &text);
-    void FillRecents(const ShownRecents &entries);
-    void ShowRecents();
-    void OfferWhileTyping(const QStringList &entries);
     void FocusFirstName();
     bool Shows(FormPart part) const { return parts.testFlag(part); }
-
-    /// A text that is to be sent, and the box it was typed in.
-    using TypedText = std::pair<QString, QLineEdit *>;
-
-    // From the entries to a waiting window
-    void FoldEntries();
-    void TakeBackNumbers(const SearchEntry &entry);
-    /// Whether the texts may go out: a character that cannot be sent is not lost without the
-    /// user's consent.
-    bool MaySendCharacters(const QList<TypedText> &typed);
-    bool MaySendNames(const SearchEntry &entry);
-    bool MaySendBatch(const SearchEntry &entry);
-    bool DisclaimerAccepted(bool batch);
-    bool DisplayDisclaimer(size_t index);
-    bool LoggedIn();
-    void Dispatch(const SearchEntry &entry, const QString &code);
-    void StartBatch(bool autoPrint);
-    void RunBatchSearch(const SearchEntry &entry, bool autoPrint);
-    void ReportNoRequests();
-    void ReportRequestError(const QString &description);
-
-    // FormTalk
-    void ShowFieldError(const QString &what, const QString &why, const QString &action,
-                        const QString &caption) override;
-    void Notice(const QString &text, const QString &title, MessageIcon icon) override;
-    bool Ask(const QString &text, const QString &title, QuestionButtons buttons,
-             MessageIcon icon) override;
-
-    const std::unique_ptr<Ui::frmSearchWA> ui;
-    std::array<QLineEdit *, 4> txtSearchName{};
-    std::array<QRadioButton *, 4> optState{};
-    std::array<QRadioButton *, 5> optCourtSelection{};
-    std::array<QRadioButton *, 2> optOrCDcourts{};
-    std::array<QRadioButton *, 5> optSearchType{};
-    std::array<QRadioButton *, 3> optSearchWhere{};
-    std::array<QRadioButton *, 2> optDiscisSearch{};
-    std::array<QRadioButton *, 39> optCounties{};
-    std::array<QCheckBox *, 4> chkBKcourt{};
-    std::array<QLineEdit *, 10> Text1{};
-    std::array<QComboBox *, 10> cbCty1{};
-    std::array<QAbstractButton *, 5> cmdBatchSearch{};
 
     FormState state;
     FormParts parts;
     int LastStateIndex = 1;
-    bool building = false; ///< from the click on Start Search until its windows wait
     QString courtDisplayName;
-    ShownRecents recents; ///< of the type that is being entered
     QList<SearchLogRow> searchList;
+
+    const std::unique_ptr<SearchControls> ui;
+    const std::unique_ptr<SearchYears> years;
+    const std::unique_ptr<CountyChoice> counties;
+    const std::unique_ptr<DiscisCourtChoice> discisCourts;
+    const std::unique_ptr<RecentsOnForm> recents;
+    const std::unique_ptr<BatchEntries> batch;
+    const std::unique_ptr<SearchStart> start;
 };

@@ -45,6 +45,8 @@ private Q_SLOTS:
     void theArbitrationCourt();
     void nobodyAnswersForTheArbitrationCourt();
     void whoHasGoneIsNotAskedAboutArbitration();
+    void aStoppedCaseIsNotAskedAboutArbitration();
+    void aStopUnderTheQuestionAsksForNothingMore();
     void anArchivedCaseReadsSo();
     void whatIsAskedForWhileItRuns();
 
@@ -383,6 +385,33 @@ void tst_CaseJob::whoHasGoneIsNotAskedAboutArbitration()
     QVERIFY(desk->Folder.Logged(
         u"SEARCH FORM CLOSED BY USER - from Process Search Reqeusts in Case Details."_s));
     QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
+}
+
+void tst_CaseJob::aStoppedCaseIsNotAskedAboutArbitration()
+{
+    court->Expect(superior("SUMMARY")).Reply({u"USERQUESTION~arbitration?~"_s, u"EOF~"_s}).Late();
+    CaseJob *job = Superior();
+    CaseListener listener(job);
+    desk->When([this] { return court->OwesAnswer(); },
+               [this, job] {
+                   job->StopRequested = true;
+                   court->AnswerNow();
+               });
+    Run(job);
+    QCOMPARE(listener.Said(), QStringList());
+    QCOMPARE(job->Status.Text, u"Search Stopped by User .."_s);
+}
+
+void tst_CaseJob::aStopUnderTheQuestionAsksForNothingMore()
+{
+    court->Expect(superior("SUMMARY")).Reply({u"USERQUESTION~arbitration?~"_s, u"EOF~"_s});
+    CaseJob *job = Superior();
+    CaseListener listener(job);
+    listener.Meanwhile = [job] { job->StopRequested = true; };
+    Run(job);
+    QCOMPARE(listener.Said(), QStringList{u"arbitration"_s});
+    QCOMPARE(court->Requests().size(), 1);
+    QVERIFY(!job->Record.Tab(CaseTab::Summary).TabDone);
 }
 
 void tst_CaseJob::anArchivedCaseReadsSo()

@@ -60,6 +60,7 @@ private Q_SLOTS:
     void aRunThatBrokeDownCanBeFollowedByAnother();
     void aRunTimeErrorAheadOfTheSummary();
     void nobodyLooksInTheMiddle();
+    void nobodyLooksWhenItBreaksDown();
     void theWindowGoesUnderTheQuestion();
 
 private:
@@ -369,6 +370,26 @@ void tst_CaseJobLater::nobodyLooksInTheMiddle()
     QVERIFY(desk->Folder.Logged(
         u"SEARCH FORM CLOSED BY USER - from Process Search Reqeusts in Case Details."_s));
     QCOMPARE(listener.Said(), QStringList());
+    QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
+}
+
+/// Its place is kept for nobody.
+void tst_CaseJobLater::nobodyLooksWhenItBreaksDown()
+{
+    StateCaseJob *job = afterFirstRun();
+    court->Expect(superior("DOCKET"))
+        .Reply({u"GRIDDEF~A~B~wide~80~"_s, u"a~b~"_s, u"EOF~"_s})
+        .Late();
+    for (const CaseTab tab : {CaseTab::Names, CaseTab::Judgments})
+        job->Sheet.Choose(tab, false);
+    desk->When([this] { return court->OwesAnswer(); },
+               [this, job] {
+                   job->GiveUp();
+                   court->AnswerNow();
+               });
+    job->SearchNow();
+    QVERIFY(LinkDesk::WaitUntil(
+        [job] { return !job->HasTurn() && job->State() != JobState::Pending; }));
     QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
 }
 

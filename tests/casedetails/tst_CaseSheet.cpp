@@ -119,16 +119,16 @@ void tst_CaseSheet::missingTabsAreOffered()
     CaseSheet sheet(CaseKind::Civil);
     sheet.SetTabs({u"Summary"_s, u"Names"_s, u"Docket"_s});
     sheet.Record.Tab(CaseTab::Summary).TabDone = true;
-    sheet.OfferMissing();
+    sheet.SetOnDemandPanel();
     const auto chosen = [&sheet](CaseTab tab) { return sheet.Record.Tab(tab).Chosen; };
     QVERIFY(!chosen(CaseTab::Summary) && chosen(CaseTab::Names) && chosen(CaseTab::Docket));
     QVERIFY(!chosen(CaseTab::Judgments) && !sheet.Record.Tab(CaseTab::Judgments).Offered);
     sheet.Choose(CaseTab::Names, false);
     sheet.ChoiceStands = true;
-    sheet.OfferMissing();
+    sheet.SetOnDemandPanel();
     QVERIFY(!chosen(CaseTab::Names) && sheet.Record.Tab(CaseTab::Names).Offered);
     sheet.ChoiceStands = false;
-    sheet.OfferMissing();
+    sheet.SetOnDemandPanel();
     QVERIFY(chosen(CaseTab::Names));
 }
 

@@ -18,6 +18,44 @@ LABEL_UI = """<ui version="4.0"><class>frmOne</class><widget class="QDialog" nam
 """
 PLAIN_PROPERTY = '<property name="textFormat"><enum>Qt::PlainText</enum></property>'
 
+# Six functions, among much that looks like one and is none.
+FULL_CLASS = """
+enum class Kind { One, Two };
+class Full final : public QObject, private Base<int>
+{
+    Q_OBJECT
+    Q_PROPERTY(int one READ One)
+public:
+    explicit(false) Full(int a) : QObject(nullptr), one{a}, two(f(a)) { g(); }
+    ~Full() override;
+    bool operator()(const std::function<void(int)> &f) const { return f(one) && g(two); }
+    Full &operator=(const Full &) = delete;
+    template<typename T> static T Made(T from = T(), Kind kind = {}) noexcept(false);
+    friend void g();
+    using Call = void (*)();
+    static_assert(sizeof(int) == 4);
+    struct Inner
+    {
+        void a();
+        void b() {}
+    };
+Q_SIGNALS:
+    void Done();
+private:
+    std::function<void(int)> call;
+    void (*pointer)(int) = nullptr;
+    int one = h(3); // void c();
+    int two{h(4)};
+    FUNCTIONS
+};
+"""
+
+
+def full_class(functions):
+    """A class with so many member functions, six of them as unlike as they can be."""
+    return FULL_CLASS.replace("FUNCTIONS", "void f();" * (functions - 6))
+
+
 # Everything in it is allowed, and much of it is nearly not.
 CLEAN_TREE = {
     "src/main.cpp": '#include "prefs/frmOpts.h"\n#include "app/Start.h"\n',
@@ -68,6 +106,7 @@ CLEAN_TREE = {
     "docs/tests.md": "We never use QSKIP.\n",
     "docs/users.md": "The user is told, and you are\ntold. It told the user so. A threshold is not told.\n",
     "src/core/Users.h": "// Who asks is not\n/// told why; nobody was told: no. Nobody has been told.\n",
+    "src/core/Full.h": full_class(60),
     "src/core/Long.cpp": "// Long by design: one table.\n" + "\n" * 700,
     "build/dev/moc_x.cpp": "emit TODO;\n",
 }
@@ -154,6 +193,11 @@ OFFENCES = [
 
     ("house", "long file", "src/core/Bad.cpp", "\n" * 601),
     ("house", "long without a reason", "src/core/Bad.h", "// Long by design: \n" + "\n" * 601),
+    ("house", "class of too many functions", "src/core/Bad.h", full_class(61)),
+    ("house", "struct of too many functions", "src/core/Bad.h",
+     full_class(61).replace("class Full", "struct Full")),
+    ("house", "inner class of too many functions", "src/core/Bad.h",
+     "class Outer\n{\n" + full_class(61) + "};\n"),
     ("house", "paper", "src/core/Bad.h", f"// as the {PAPER} says\n"),
     ("house", "paper, short and large", "docs/bad.md", "see the " + PAPER[:4].upper() + "S.\n"),
     ("house", "chapter", "data/bad.txt", f"see {CHAPTER}\n"),
