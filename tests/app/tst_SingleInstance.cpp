@@ -1,6 +1,7 @@
 #include "app/SingleInstance.h"
 #include "support/HalvaneTest.h"
 #include "support/Places.h"
+#include "support/Ticks.h"
 
 #include <QDir>
 #include <QFile>
@@ -123,7 +124,7 @@ void tst_SingleInstance::anotherFolderIsAnotherProgram()
     QSignalSpy activated(&first, &SingleInstance::Activated);
     QVERIFY(first.Claim());
     QVERIFY(second.Claim());
-    QTest::qWait(20);
+    Ticks(20);
     QCOMPARE(activated.count(), 0);
 }
 

@@ -12,6 +12,7 @@
 #include "session/frmMain.h"
 #include "support/FakeSocket.h"
 #include "support/HalvaneTest.h"
+#include "support/Ticks.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -199,7 +200,7 @@ void tst_Startup::workOfflineOpensNoSocket()
 {
     FakeSocket::Install();
     offline();
-    QTest::qWait(20);
+    Ticks(20);
     QVERIFY(!FakeSocket::Last());
     QVERIFY(!frmWinsock::IsLoaded());
     QVERIFY(!Global.bLoggedIn);

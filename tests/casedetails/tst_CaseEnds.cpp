@@ -8,6 +8,7 @@
 #include "jobs/frmQueue.h"
 #include "link/Comm.h"
 #include "support/HalvaneTest.h"
+#include "support/Ticks.h"
 #include "tables/FlexGrid.h"
 
 #include <QEventLoop>
@@ -355,7 +356,7 @@ void tst_CaseEnds::theTimerOfTheFlashStopsAtItsFirstTick()
     window->TmrFlash->setInterval(1);
     QTRY_COMPARE(ticks, 1);
     QVERIFY(!window->TmrFlash->isActive());
-    QTest::qWait(10);
+    Ticks(10);
     QCOMPARE(ticks, 1);
 }
 

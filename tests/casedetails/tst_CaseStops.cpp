@@ -7,6 +7,7 @@
 #include "jobs/frmQueue.h"
 #include "support/FakeSocket.h"
 #include "support/HalvaneTest.h"
+#include "support/Ticks.h"
 
 #include <QLabel>
 #include <QPointer>
@@ -206,7 +207,7 @@ void tst_CaseStops::stopWhilePendingWithdrawsTheKey()
     QVERIFY(!Global.bUserStoppedSearch);
     QVERIFY(!window->Timer1->isActive());
     QVERIFY(!window->tmrBlink->isActive());
-    QTest::qWait(20);
+    Ticks(20);
     QCOMPARE(court->Requests(), QStringList());
 }
 
@@ -261,7 +262,7 @@ void tst_CaseStops::aPendingCaseDoesNotStartUnderTheQuestion()
     CaseWindow *window = pending();
     desk->Boxes.Meanwhile([&] {
         window->Timer1->start(1);
-        QTest::qWait(30);
+        Ticks(30);
         QCOMPARE(TextOf(window, "lblStatus"), u"Pending .."_s);
     });
     desk->Boxes.Expect(stopQuestion, stopTitle, MsgAnswer::Yes);

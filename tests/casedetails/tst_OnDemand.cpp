@@ -4,6 +4,7 @@
 #include "core/GlobalState.h"
 #include "jobs/frmQueue.h"
 #include "support/HalvaneTest.h"
+#include "support/Ticks.h"
 
 #include <QLabel>
 #include <QPointer>
@@ -141,7 +142,7 @@ void tst_OnDemand::itWaitsForItsTurn()
     frmQueue::Form().FIFO.AddItem(otherKey);
     SearchNow(window);
     window->TmrSearchOnDemand->start(1);
-    QTest::qWait(20);
+    Ticks(20);
     QCOMPARE(TextOf(window, "lblStatus"), u"Pending .."_s);
     QCOMPARE(court->Requests().size(), 1);
     ExpectTab(CaseWindowKind::Civil, CaseTab::Docket);

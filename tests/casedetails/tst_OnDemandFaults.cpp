@@ -7,6 +7,7 @@
 #include "jobs/frmQueue.h"
 #include "link/Router.h"
 #include "support/HalvaneTest.h"
+#include "support/Ticks.h"
 
 #include <QDialog>
 #include <QPointer>
@@ -290,7 +291,7 @@ void tst_OnDemandFaults::aLostLink()
     SearchNow(window);
     court->DropClient();
     QTRY_VERIFY(!court->HasClient());
-    QTest::qWait(10);
+    Ticks(10);
     window->TmrSearchOnDemand->start(1);
     QTRY_VERIFY(desk->Folder.Logged(u"Exiting DoDocketSearch() via PROCERR in Case Details. Error: "
                                     "Halvane Server Connection was Dropped!"_s));
@@ -440,7 +441,7 @@ void tst_OnDemandFaults::afterALostLinkTheNextRunIsTheOnlyOneInTheQueue()
     SearchNow(window);
     court->DropClient();
     QTRY_VERIFY(!court->HasClient());
-    QTest::qWait(10);
+    Ticks(10);
     window->TmrSearchOnDemand->start(1);
     QTRY_VERIFY(desk->Folder.Logged(u"Exiting DoDocketSearch() via PROCERR in Case Details. Error: "
                                     "Halvane Server Connection was Dropped!"_s));
@@ -466,7 +467,7 @@ void tst_OnDemandFaults::aStopBehindALostLink()
     SearchNow(window);
     court->DropClient();
     QTRY_VERIFY(!court->HasClient());
-    QTest::qWait(10);
+    Ticks(10);
     window->TmrSearchOnDemand->start(1);
     QTRY_VERIFY(frmQueue::Form().FIFO.ListCount() == 1 && !Global.bSearchInProgress
                 && !window->TmrSearchOnDemand->isActive());

@@ -2,6 +2,7 @@
 #include "jobs/frmQueue.h"
 #include "namesearch/DupesSearch.h"
 #include "support/HalvaneTest.h"
+#include "support/Ticks.h"
 
 /// The second search: the cases of the people who are checked.
 class tst_CheckedNames : public DupesTest
@@ -197,7 +198,7 @@ void tst_CheckedNames::theSecondSearchIsAFreshJob()
     QVERIFY(ButtonOf(window, "cmdStopSearching")->isEnabled());
     // It waits behind the other one.
     window->Timer1->setInterval(1);
-    QTest::qWait(20);
+    Ticks(20);
     QCOMPARE(court->Requests().size(), 1);
     ReleaseTurn();
     court->Expect(CasesLine(u"A"_s, 1)).Reply({CaseRow(u"SMITH, A"_s), u"EOF~"_s});
@@ -260,7 +261,7 @@ void tst_CheckedNames::anotherSearchKeepsTheLink()
     Global.bSearchInProgress = true;
     ButtonOf(window, "cmdSearchResults_0")->click();
     QVERIFY(Global.bSearchInProgress);
-    QTest::qWait(20);
+    Ticks(20);
     QCOMPARE(court->Requests().size(), 1);
     court->Expect(CasesLine(u"A"_s, 1)).Reply({u"EOF~"_s});
     Global.bSearchInProgress = false;

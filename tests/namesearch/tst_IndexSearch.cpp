@@ -3,6 +3,7 @@
 #include "namesearch/IndexLines.h"
 #include "support/FakeSocket.h"
 #include "support/HalvaneTest.h"
+#include "support/Ticks.h"
 
 #include <QPushButton>
 #include <QTest>
@@ -266,7 +267,7 @@ void tst_IndexSearch::aFirstNameErrorLeavesABareNumber()
     QVERIFY(desk->Finish(window));
     QCOMPARE(TextOf(window, "lblStatus"), u"Warning - Too Many Results For First Name!"_s);
     QCOMPARE(TextOf(window, "Label3"), u"1"_s);
-    QTest::qWait(60);
+    Ticks(60);
     QCOMPARE(TextOf(window, "Label3"), u"1"_s);
 }
 

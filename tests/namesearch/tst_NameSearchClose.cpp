@@ -5,6 +5,7 @@
 #include "session/frmMain.h"
 #include "support/FakeSocket.h"
 #include "support/HalvaneTest.h"
+#include "support/Ticks.h"
 
 #include <QMdiSubWindow>
 #include <QPointer>
@@ -212,7 +213,7 @@ void tst_NameSearchClose::theQueueHoldsAtAKeyThatWasLeft()
     const QPointer<frmNameSearchResults> left(desk->MakePending({RequestLine()}));
     frmNameSearchResults *behind = desk->Start({RequestLine(u"SMYTHE"_s)});
     left->close();
-    QTest::qWait(50);
+    Ticks(50);
     QVERIFY(left.isNull());
     QCOMPARE(TextOf(behind, "lblStatus"), u"Pending .."_s);
     QVERIFY(behind->Timer1->isActive());
@@ -308,7 +309,7 @@ void tst_NameSearchClose::noSearchStartsUnderTheQuestion()
     const QPointer<frmNameSearchResults> window(desk->MakePending({RequestLine()}));
     desk->Boxes.Meanwhile([&] {
         window->Timer1->start(1);
-        QTest::qWait(30);
+        Ticks(30);
         QCOMPARE(TextOf(window, "lblStatus"), u"Pending .."_s);
     });
     desk->Boxes.Expect(closeQuestion, closeTitle, MsgAnswer::Yes);

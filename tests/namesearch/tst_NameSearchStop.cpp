@@ -5,6 +5,7 @@
 #include "namesearch/frmNameSearchResults.h"
 #include "support/FakeSocket.h"
 #include "support/HalvaneTest.h"
+#include "support/Ticks.h"
 
 #include <QPointer>
 #include <QPushButton>
@@ -103,7 +104,7 @@ void tst_NameSearchStop::stopWhilePendingLetsTheNextJobStart()
     desk->ConnectTo(*court);
     frmNameSearchResults *first = desk->MakePending({RequestLine()});
     frmNameSearchResults *second = desk->Start({RequestLine(u"SMYTHE"_s)});
-    QTest::qWait(30);
+    Ticks(30);
     QCOMPARE(TextOf(second, "lblStatus"), u"Pending .."_s);
     desk->Boxes.Expect(stopQuestion, stopTitle, MsgAnswer::Yes);
     click(first, "cmdStopSearching");
@@ -117,7 +118,7 @@ void tst_NameSearchStop::stopWhilePendingTellsTheServerNothing()
     frmNameSearchResults *window = desk->MakePending({RequestLine()});
     desk->Boxes.Expect(stopQuestion, stopTitle, MsgAnswer::Yes);
     click(window, "cmdStopSearching");
-    QTest::qWait(30);
+    Ticks(30);
     QCOMPARE(court->Requests(), QStringList());
 }
 
@@ -315,7 +316,7 @@ void tst_NameSearchStop::aPendingSearchDoesNotStartUnderTheQuestion()
     frmNameSearchResults *window = desk->MakePending({RequestLine()});
     desk->Boxes.Meanwhile([&] {
         window->Timer1->start(1);
-        QTest::qWait(30);
+        Ticks(30);
         QCOMPARE(TextOf(window, "lblStatus"), u"Pending .."_s);
     });
     desk->Boxes.Expect(stopQuestion, stopTitle, MsgAnswer::Yes);
@@ -333,7 +334,7 @@ void tst_NameSearchStop::aSearchThatWasLeftAloneStartsBehindTheQuestion()
     frmNameSearchResults *window = desk->MakePending({RequestLine()});
     desk->Boxes.Meanwhile([&] {
         window->Timer1->start(1);
-        QTest::qWait(30);
+        Ticks(30);
     });
     desk->Boxes.Expect(stopQuestion, stopTitle, MsgAnswer::No);
     click(window, "cmdStopSearching");

@@ -4,6 +4,7 @@
 #include "namesearch/SearchDesk.h"
 #include "namesearch/frmNameSearchResults.h"
 #include "support/HalvaneTest.h"
+#include "support/Ticks.h"
 
 #include <QHeaderView>
 #include <QLabel>
@@ -269,7 +270,7 @@ void tst_NameSearchWindow::firstTickShowsTheCriteriaOnce()
     window->Timer1->start(1);
     QTRY_COMPARE(TextOf(window, "lblNameVal"), u"SMITH, JOHN, Q"_s);
     window->setWindowTitle(u"mine"_s);
-    QTest::qWait(20);
+    Ticks(20);
     QCOMPARE(window->windowTitle(), u"mine"_s);
 }
 
@@ -277,7 +278,7 @@ void tst_NameSearchWindow::tickWithoutAKeyWaits()
 {
     frmNameSearchResults *window = desk->Start({RequestLine()});
     frmQueue::Form().FIFO.Clear();
-    QTest::qWait(20);
+    Ticks(20);
     QCOMPARE(TextOf(window, "lblStatus"), u"Pending .."_s);
     QVERIFY(window->Timer1->isActive());
 }
@@ -290,7 +291,7 @@ void tst_NameSearchWindow::tickAfterAStopRequestGivesUp()
     window->Timer1->start(1);
     QTRY_COMPARE(TextOf(window, "lblStatus"), u"Search Stopped By User .. "_s);
     QCOMPARE(TextOf(window, "lblSearchStatus"), u"Search Stopped By User: 1 Cases Retrieved."_s);
-    QTest::qWait(60);
+    Ticks(60);
     QCOMPARE(TextOf(window, "Label3"), QString());
     QCOMPARE(ColourOf(window, "lblStatus"), u"red"_s);
     QCOMPARE(ColourOf(window, "lblSearchStatus"), u"red"_s);
@@ -324,7 +325,7 @@ void tst_NameSearchWindow::tickBehindAnotherKeyWaits()
 {
     frmQueue::Form().FIFO.AddItem(u"11111111111111111111"_s);
     frmNameSearchResults *window = desk->Start({RequestLine()});
-    QTest::qWait(20);
+    Ticks(20);
     QVERIFY(window->Timer1->isActive());
     QCOMPARE(window->tmrBlink->interval(), 500);
     QVERIFY(!Global.bSearchInProgress);
@@ -416,7 +417,7 @@ void tst_NameSearchWindow::statusStaysOnAfterTheEnd()
     QVERIFY(desk->Finish(window));
     for (int i = 0; i < 20; ++i) {
         QVERIFY(status->isVisible());
-        QTest::qWait(1);
+        Ticks(1);
     }
 }
 

@@ -6,6 +6,7 @@
 #include "session/frmMain.h"
 #include "support/FakeSocket.h"
 #include "support/HalvaneTest.h"
+#include "support/Ticks.h"
 
 #include <QAction>
 #include <QPointer>
@@ -84,7 +85,7 @@ void tst_TwoWindows::whoWaitsBehindAKeyBlinksAsItDid()
 {
     frmQueue::Form().FIFO.AddItem(u"11111111111111111111"_s);
     frmNameSearchResults *window = desk->Start({RequestLine()});
-    QTest::qWait(30);
+    Ticks(30);
     QCOMPARE(window->tmrBlink->interval(), 500);
     QVERIFY(window->Timer1->isActive());
     QCOMPARE(TextOf(window, "lblStatus"), pending);
@@ -98,7 +99,7 @@ void tst_TwoWindows::theyRunInTheOrderOfTheQueue()
     desk->ConnectTo(*court);
     frmNameSearchResults *first = desk->MakePending({RequestLine()});
     frmNameSearchResults *second = desk->Start({smythe});
-    QTest::qWait(30);
+    Ticks(30);
     QCOMPARE(court->Requests(), QStringList());
     first->Timer1->start(1);
     QVERIFY(desk->Finish(second));
@@ -111,7 +112,7 @@ void tst_TwoWindows::aRunningJobOfAnotherKindHoldsTheLink()
     desk->ConnectTo(*court);
     Global.bSearchInProgress = true;
     frmNameSearchResults *window = desk->Start({RequestLine()});
-    QTest::qWait(30);
+    Ticks(30);
     QCOMPARE(court->Requests(), QStringList());
     Global.bSearchInProgress = false;
     QVERIFY(desk->Finish(window));
@@ -122,7 +123,7 @@ void tst_TwoWindows::aKeyIsComparedExactly()
     frmNameSearchResults *window = desk->MakePending({RequestLine()});
     window->txtMasterKey += u' ';
     window->Timer1->start(1);
-    QTest::qWait(30);
+    Ticks(30);
     QCOMPARE(TextOf(window, "lblStatus"), pending);
 }
 
@@ -256,7 +257,7 @@ void tst_TwoWindows::aLogoutEndsWhatIsPending()
     frmQueue::Form().FIFO.AddItem(u"11111111111111111111"_s);
     frmNameSearchResults *first = desk->Start({RequestLine()});
     frmNameSearchResults *second = desk->Start({RequestLine(u"SMYTHE"_s)});
-    QTest::qWait(10);
+    Ticks(10);
     Global.bStopRequested = true;
     QTRY_COMPARE(TextOf(first, "lblStatus"), u"Search Stopped By User .. "_s);
     QTRY_COMPARE(TextOf(second, "lblStatus"), u"Search Stopped By User .. "_s);

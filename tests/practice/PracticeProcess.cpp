@@ -4,7 +4,9 @@
 #include "support/Places.h"
 
 #include <QElapsedTimer>
+#include <QFile>
 #include <QRegularExpression>
+#include <QTest>
 
 #include <utility>
 
@@ -13,6 +15,8 @@ using namespace Qt::StringLiterals;
 namespace {
 // Far more than any of it takes, so that a busy machine fails no test.
 constexpr int longTime = 20'000;
+// A process that works is seen asleep now and then, but not so often in a row.
+constexpr int looks = 20;
 
 QString programPath()
 {
@@ -42,6 +46,19 @@ PracticeProcess::~PracticeProcess()
         process.kill();
         process.waitForFinished();
     }
+}
+
+bool PracticeProcess::ComesToRest() const
+{
+    QElapsedTimer timer;
+    timer.start();
+    for (int asleep = 0; asleep < looks; QTest::qSleep(5)) {
+        QFile stat(u"/proc/%1/stat"_s.arg(process.processId()));
+        if (timer.elapsed() > longTime || !stat.open(QIODevice::ReadOnly))
+            return false;
+        asleep = stat.readAll().contains(") S ") ? asleep + 1 : 0;
+    }
+    return true;
 }
 
 QString PracticeProcess::Errors(const QString &part)

@@ -23,6 +23,9 @@ public:
 
     bool IsRunning() const { return process.state() == QProcess::Running; }
 
+    /// Waits until it does nothing any more but wait itself; false when it never does.
+    bool ComesToRest() const;
+
     /// What it has written to standard error so far, waiting for `part` to be in it.
     QString Errors(const QString &part = {});
 

@@ -340,7 +340,7 @@ void tst_PracticeServer::aReplyIsMadeNoFasterThanItIsRead()
     WireClient client(court);
     client.LogOn();
     client.Send(SearchFor(u"MANY"_s, u"200000"_s));
-    QTest::qSleep(1'000); // long enough to make them all
+    QVERIFY(court.ComesToRest());
     client.Send(u"STOP¦"_s);
     const QStringList tokens = client.ReadTo();
     QCOMPARE(tokens.last(), u"EOF~"_s);

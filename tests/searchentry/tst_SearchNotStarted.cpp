@@ -9,6 +9,7 @@
 #include "session/frmMain.h"
 #include "support/FakeSocket.h"
 #include "support/HalvaneTest.h"
+#include "support/Ticks.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -194,7 +195,7 @@ void tst_SearchNotStarted::declinedLoginDoesNothingLater()
     QVERIFY(!frmLogin::IsLoaded());
     // Not even when the user logs in behind it.
     Global.bLoggedIn = true;
-    QTest::qWait(50);
+    Ticks(50);
     QVERIFY(resultsWindows().isEmpty());
     QVERIFY(!frmLogin::IsLoaded());
     QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
@@ -208,7 +209,7 @@ void tst_SearchNotStarted::aMissingCountyListIsReportedOnce()
     click("optSearchWhere_2");
     desk->Boxes.Expect(u"Error Loading WA Counties From File."_s, u"Halvane"_s, MsgIcon::Critical);
     click("cmdBeginSearch");
-    QTest::qWait(20);
+    Ticks(20);
     QCOMPARE(desk->Boxes.Answered(), 1);
     QCOMPARE(resultsWindows().size(), 1);
     QCOMPARE(resultsWindows().first()->lboxQueue.ListCount(), 0);

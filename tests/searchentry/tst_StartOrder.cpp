@@ -10,6 +10,7 @@
 #include "session/frmLogin.h"
 #include "support/FakeSocket.h"
 #include "support/HalvaneTest.h"
+#include "support/Ticks.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -534,7 +535,7 @@ void tst_StartOrder::nothingIsSentByTheForm()
     const auto *window = desk->StartOne<frmNameSearchResults>();
     QVERIFY(window);
     window->Timer1->stop();
-    QTest::qWait(20);
+    Ticks(20);
     QCOMPARE(socket->sent, QByteArrayList());
 }
 

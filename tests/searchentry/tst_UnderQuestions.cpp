@@ -5,6 +5,7 @@
 #include "searchentry/frmSearchWA.h"
 #include "support/FakeSocket.h"
 #include "support/HalvaneTest.h"
+#include "support/Ticks.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -137,7 +138,7 @@ void tst_UnderQuestions::noJobStartsWhileTheClientCodeIsAskedFor()
     desk->Desk.Boxes.ExpectDialog(u"frmAccounting"_s, [&](QDialog *dialog) {
         waiting->Timer1->start(1);
         cutLater(socket);
-        QTest::qWait(30);
+        Ticks(30);
         started = Global.bSearchInProgress || !socket->sent.isEmpty();
         waiting->Timer1->stop();
         QTest::mouseClick(ButtonOf(dialog, "cmdOK"), Qt::LeftButton);
@@ -161,7 +162,7 @@ void tst_UnderQuestions::theSecondCodeIsTakenAtOnce()
     desk->Desk.Boxes.ExpectDialog(u"frmAccounting"_s, [&](QDialog *dialog) {
         dialog->findChild<QComboBox *>(u"cboxClientID"_s)->setEditText(u"two"_s);
         cutLater(socket);
-        QTest::qWait(30);
+        Ticks(30);
         inTime = socket->sent.isEmpty();
         first->Timer1->stop();
         QTest::mouseClick(ButtonOf(dialog, "cmdOK"), Qt::LeftButton);

@@ -9,6 +9,7 @@
 #include "session/frmLogin.h"
 #include "session/frmMain.h"
 #include "support/HalvaneTest.h"
+#include "support/Ticks.h"
 
 #include <QDialog>
 #include <QLabel>
@@ -363,7 +364,7 @@ void tst_frmMainExit::timerOfTheExitWaitsForTheSearch()
     QTRY_COMPARE(session->endings, ended);
     QCOMPARE(Global.bLoggedIn, false);
     const int atTheEnd = ticks;
-    QTest::qWait(10);
+    Ticks(10);
     QCOMPARE(ticks, atTheEnd);
 }
 

@@ -1,4 +1,5 @@
 #include "support/HalvaneTest.h"
+#include "support/Ticks.h"
 #include "tables/ColumnShares.h"
 #include "tables/ColumnWidths.h"
 #include "tables/GridUser.h"
@@ -65,7 +66,7 @@ private:
     void drag(int column, int pixels)
     {
         user->Drag(column, pixels);
-        QTest::qWait(1);
+        Ticks(1);
     }
 
     std::unique_ptr<GridUser> user;

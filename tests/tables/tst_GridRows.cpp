@@ -1,4 +1,5 @@
 #include "support/HalvaneTest.h"
+#include "support/Ticks.h"
 #include "tables/GridUser.h"
 
 #include <QSignalSpy>
@@ -176,7 +177,7 @@ void tst_GridRows::theOthersFollowAndThatEnds()
     for (int row = 0; row < many; row += 97)
         QCOMPARE(user->Misfit(row), QString());
     // Nothing that was begun comes back later.
-    QTest::qWait(200);
+    Ticks(200);
     QVERIFY(!user->IsBusy());
 }
 
@@ -196,7 +197,7 @@ void tst_GridRows::aHiddenGridRests()
     user->Grid->hide();
     QVERIFY(!user->IsBusy());
     const int before = user->Grid->MeasuredRows();
-    QTest::qWait(20);
+    Ticks(20);
     QCOMPARE(user->Grid->MeasuredRows(), before);
     user->Grid->show();
     QTRY_VERIFY(user->Grid->MeasuredRows() > before);
@@ -221,7 +222,7 @@ void tst_GridRows::bytesARow()
     const size_t before = bytesInUse();
     user->Grid->Show(table);
     QTRY_VERIFY_WITH_TIMEOUT(user->AllMeasured(), 60'000);
-    QTest::qWait(1);
+    Ticks(1);
     // The texts are shared with the table; what the grid adds to a row is its place.
     const size_t added = bytesInUse() - before;
     QVERIFY2(added / many < 64, qPrintable(QString::number(added / many)));
@@ -355,7 +356,7 @@ void tst_GridRows::aDragMeasuresOnceItHasEnded()
     QTRY_VERIFY(user->AllMeasured());
     const QSignalSpy heights(user->Grid->verticalHeader(), &QHeaderView::sectionResized);
     user->PressAndMove(0, 200);
-    QTest::qWait(200);
+    Ticks(200);
     QCOMPARE(heights.count(), 0);
     user->Release();
     QVERIFY(heights.count() > 0);
