@@ -78,6 +78,18 @@ int rowOf(const NameResultsWindow *results, const QString &cell)
     }
     return -1;
 }
+
+constexpr double restSeconds = 0.3;
+
+/// What the process uses in so many seconds in which nothing happens.
+double processorSecondsAtRest()
+{
+    const double before = ProcessorSeconds();
+    const QDeadlineTimer rest(static_cast<qint64>(restSeconds * 1000.0));
+    while (!rest.hasExpired())
+        YieldUntilEvent(static_cast<double>(rest.remainingTime()) / 1000.0);
+    return ProcessorSeconds() - before;
+}
 } // namespace
 
 /// Every kind of case, from a list of results to its last tab, against the practice court.
@@ -275,6 +287,8 @@ void tst_AllCases::threeCasesAtRestUseNoProcessorTime()
 {
     FetchAtOnce(everyTab);
     QVERIFY(LogInAs(u"quiet"_s));
+    // The desk looks for boxes a thousand times a second, which is not the program's doing.
+    const double alone = processorSecondsAtRest();
     NameResultsWindow *results = user->Search(smithJohnQ + county(u"King"_s) + type(u"Criminal"_s));
     QVERIFY(results);
     QList<CaseWindow *> windows;
@@ -296,15 +310,8 @@ void tst_AllCases::threeCasesAtRestUseNoProcessorTime()
         return running;
     };
     QTRY_COMPARE(busy(), QStringList());
-    constexpr double restSeconds = 0.3;
-    const double before = ProcessorSeconds();
-    const QDeadlineTimer rest(static_cast<qint64>(restSeconds * 1000.0));
-    while (!rest.hasExpired())
-        YieldUntilEvent(static_cast<double>(rest.remainingTime()) / 1000.0);
-    const double used = ProcessorSeconds() - before;
-    // The desk looks for boxes a thousand times a second, which is not the program's doing.
-    constexpr double allowed = 0.1 * restSeconds;
-    QVERIFY2(used < allowed, qPrintable(QString::number(used)));
+    const double used = processorSecondsAtRest();
+    QVERIFY2(used < 2.0 * alone + 0.1 * restSeconds, qPrintable(QString::number(used)));
 }
 
 HALVANE_TEST(tst_AllCases)
