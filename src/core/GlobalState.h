@@ -28,7 +28,6 @@ struct GlobalState
     Boolean bClientAcctgOpt; ///< this account must give a client accounting code
 
     // What is running
-    Boolean BkFormLoading;      ///< a bankruptcy results window is being loaded
     Boolean bSearchInProgress;  ///< some job is using the link
     Boolean bStopRequested;     ///< a logout, disconnect or exit asked every job to give up
     Boolean bUserStoppedSearch; ///< the Stop button of a results window was pressed
@@ -37,8 +36,7 @@ struct GlobalState
     Boolean bGettingMessages;   ///< broadcast message phase
 
     // The search being entered
-    QString strSearchState;  ///< "WA", "OR", "ID" or "FED"
-    Boolean DiscisDndSearch; ///< the next non-civil search is for defendants with addresses
+    QString strSearchState; ///< "WA", "OR", "ID" or "FED"
     QString ClientAcctgCode;
     Boolean WaDisclaimerAccepted;
     Boolean OrDisclaimerAccepted;

@@ -12,12 +12,12 @@
 
 using namespace Qt::StringLiterals;
 
-CourtSearch::CourtSearch(const QString &state, bool indexSearch, bool bankruptcy)
+CourtSearch::CourtSearch(const QString &state, bool indexSearch)
     : NameSearch(JobKindName::NameSearch, ResultsWindow::Name)
 {
     Record.lblState = state;
     Record.chkIndexSearch = indexSearch;
-    Record.Kind = ResultKindOf(state, indexSearch, bankruptcy);
+    Record.Kind = ResultKindOf(state, indexSearch, false);
     chkBK = Record.Kind == ResultKind::Bankruptcy;
 }
 

@@ -10,8 +10,8 @@ class CourtSearch : public NameSearch
 {
     Q_OBJECT
 public:
-    /// `state` is a value of lblState; it decides the columns, with the other two.
-    CourtSearch(const QString &state, bool indexSearch, bool bankruptcy);
+    /// `state` is a value of lblState; it decides the columns, with `indexSearch`.
+    CourtSearch(const QString &state, bool indexSearch);
 
     void ShowSearchCriteria(int lineIndex) override;
     void AddRow(const QString &row) override;

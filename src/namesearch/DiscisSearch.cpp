@@ -53,13 +53,14 @@ void CivilSearch::ShowSearchCriteria(int lineIndex)
     SetCaseTypeVals(u"CIVIL  CV"_s);
 }
 
-NonCivilSearch::NonCivilSearch(bool defendants)
+NonCivilSearch::NonCivilSearch(DiscisDndSearch defendants)
     : DiscisSearch(JobKindName::NameSearch, ResultsWindow::DiscisNonCivil),
-      lblDNDorSNCI(defendants ? u"DND"_s : u"SNCI"_s)
+      lblDNDorSNCI(defendants == DiscisDndSearch::Yes ? u"DND"_s : u"SNCI"_s)
 {
     Record.lblState = u"WA"_s;
     Record.lblCaseTypeVals = u"NON-CIVIL"_s;
-    Record.Kind = defendants ? ResultKind::DiscisAddresses : ResultKind::DiscisStatewide;
+    Record.Kind = defendants == DiscisDndSearch::Yes ? ResultKind::DiscisAddresses
+                                                     : ResultKind::DiscisStatewide;
 }
 
 ResultKind NonCivilSearch::KindOfNames() const

@@ -26,6 +26,9 @@ public:
     void ShowSearchCriteria(int lineIndex) override;
 };
 
+/// Whether a search for other cases than civil ones asks for defendants, with their addresses.
+enum class DiscisDndSearch : bool { No, Yes };
+
 /// A search for other cases than civil ones.
 ///
 /// When several people have the name, the server sends them in place of cases, or beside cases. One
@@ -35,8 +38,7 @@ class NonCivilSearch : public DiscisSearch
 {
     Q_OBJECT
 public:
-    /// `defendants` asks for defendants with their addresses.
-    explicit NonCivilSearch(bool defendants);
+    explicit NonCivilSearch(DiscisDndSearch defendants);
 
     void AddRow(const QString &row) override;
     /// Adds a person of the server to the list of names. Throws error 9 when the row has too few

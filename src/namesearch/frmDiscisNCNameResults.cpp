@@ -34,9 +34,8 @@ constexpr std::array<ViewTexts, 2> views{{
 }};
 } // namespace
 
-frmDiscisNCNameResults::frmDiscisNCNameResults(QWidget *parent)
-    : frmDiscisNCNameResults(new NonCivilSearch(std::exchange(Global.DiscisDndSearch, false)),
-                             parent)
+frmDiscisNCNameResults::frmDiscisNCNameResults(DiscisDndSearch defendants, QWidget *parent)
+    : frmDiscisNCNameResults(new NonCivilSearch(defendants), parent)
 {
 }
 

@@ -16,8 +16,8 @@ class frmDiscisNCNameResults : public DiscisResultsWindow
 {
     Q_OBJECT
 public:
-    /// Global.DiscisDndSearch says what is searched for; it is cleared here.
-    explicit frmDiscisNCNameResults(QWidget *parent = nullptr);
+    explicit frmDiscisNCNameResults(DiscisDndSearch defendants = DiscisDndSearch::No,
+                                    QWidget *parent = nullptr);
     ~frmDiscisNCNameResults() override;
 
     void InitListView() override;

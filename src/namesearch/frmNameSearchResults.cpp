@@ -13,7 +13,7 @@ enum ResultButton { CaseDetails, CloseResults, PrintResults, CreateSearch, GetNe
 } // namespace
 
 frmNameSearchResults::frmNameSearchResults(const QString &state, bool indexSearch, QWidget *parent)
-    : frmNameSearchResults(new CourtSearch(state, indexSearch, Global.BkFormLoading), parent)
+    : frmNameSearchResults(new CourtSearch(state, indexSearch), parent)
 {
 }
 

@@ -17,8 +17,7 @@ class frmNameSearchResults : public NameResultsWindow
 {
     Q_OBJECT
 public:
-    /// `state` is what lblState will hold; it decides the columns, with `indexSearch`. A window
-    /// that is made while Global.BkFormLoading is set is a bankruptcy window, too.
+    /// `state` is what lblState will hold; it decides the columns, with `indexSearch`.
     explicit frmNameSearchResults(const QString &state, bool indexSearch = false,
                                   QWidget *parent = nullptr);
     ~frmNameSearchResults() override;

@@ -76,12 +76,10 @@ DispatchResult nameSearch(const SearchEntry &entry, const Handing &handing)
     return DispatchResult::Waiting;
 }
 
-template<typename Window>
-DispatchResult discisNameSearch(const SearchEntry &entry, const Handing &handing)
+DispatchResult discisNameSearch(DiscisResultsWindow *window, const SearchEntry &entry,
+                                const Handing &handing)
 {
-    if (entry.Where == SearchScope::DiscisNonCivil)
-        Global.DiscisDndSearch = IsDndSearch(entry);
-    NewWindow form(new Window);
+    NewWindow form(window);
     form->ClientAcctgCode = handing.code;
     if (!LoadDiscisNameRequests(*form, entry))
         return DispatchResult::Failed;
@@ -111,22 +109,10 @@ DispatchResult numberSearch(const SearchEntry &entry, const Handing &handing)
     return caseByNumber(CaseKind::State, DoCaseNumberSearch, entry, handing);
 }
 
-frmNameSearchResults *newBankruptcyResults(const QString &state)
-{
-    // The window takes its columns while it loads, before it knows its state: the flag says
-    // which.
-    Global.BkFormLoading = true;
-    auto *form = new frmNameSearchResults(QString());
-    Global.BkFormLoading = false;
-    form->lblState = state;
-    return form;
-}
-
 DispatchResult bankruptcyResults(const SearchEntry &entry, int court, const Handing &handing)
 {
     const BkResultsFields fields = BkResultsFieldsOf(entry, court);
-    NewWindow form(newBankruptcyResults(fields.lblState));
-    form->chkBK = true;
+    NewWindow form(new frmNameSearchResults(fields.lblState));
     if (!fields.lblName.isEmpty())
         form->SetLabelName(fields.lblName);
     form->SetTxtCountyList(fields.txtCountyList);
@@ -187,8 +173,10 @@ DispatchResult discisSearch(const SearchEntry &entry, const Handing &handing)
     if (isNumber(entry))
         return caseByNumber(civil ? CaseKind::Civil : CaseKind::NonCivil,
                             LoadDiscisCaseNumberFields, entry, handing);
-    return civil ? discisNameSearch<frmDiscisNameResults>(entry, handing)
-                 : discisNameSearch<frmDiscisNCNameResults>(entry, handing);
+    if (civil)
+        return discisNameSearch(new frmDiscisNameResults, entry, handing);
+    const auto defendants = IsDndSearch(entry) ? DiscisDndSearch::Yes : DiscisDndSearch::No;
+    return discisNameSearch(new frmDiscisNCNameResults(defendants), entry, handing);
 }
 
 /// Who builds the search of a court family.

@@ -236,7 +236,6 @@ void SearchStart::reportNoRequests()
 
 void SearchStart::reportRequestError(const QString &description)
 {
-    Global.BkFormLoading = false;
     const QString text = u"An error was encountered while attempting to search Halvane! Please "
                          "review the search criteria and retry the search."_s;
     MsgBox(&form, text + u"\r\n\r\nError Was: "_s + description, u"Halvane Search Request Error"_s,

@@ -45,10 +45,7 @@ NameResultsWindow *makeIndex()
 
 NameResultsWindow *makeBankruptcy()
 {
-    Global.BkFormLoading = true;
-    auto *window = new frmNameSearchResults(u"ORBK"_s);
-    Global.BkFormLoading = false;
-    return window;
+    return new frmNameSearchResults(u"ORBK"_s);
 }
 
 template<const char16_t *state>

@@ -39,7 +39,7 @@ namespace {
 template<typename Window>
 QWidget *make()
 {
-    return new Window(nullptr);
+    return new Window;
 }
 
 template<>

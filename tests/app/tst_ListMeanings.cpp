@@ -248,8 +248,8 @@ void tst_ListMeanings::peopleOfOneName()
     QFETCH(QString, name);
     QFETCH(QString, search);
     QFETCH(int, cases);
-    Global.DiscisDndSearch = search == u"DND";
-    auto *window = new frmDiscisNCNameResults;
+    auto *window =
+        new frmDiscisNCNameResults(search == u"DND" ? DiscisDndSearch::Yes : DiscisDndSearch::No);
     start(window, Wire(u"WADISCIS/SEARCH/%1///*SW/IN/%2/"_s.arg(name, search)));
     QVERIFY(waitForTheEnd(window));
     QCOMPARE(NamesOf(window).size(), 5);

@@ -67,8 +67,8 @@ protected:
     {
         desk->ConnectTo(*court);
         Global.bShowAlerts = false;
-        Global.DiscisDndSearch = search == u"DND";
-        auto *window = new frmDiscisNCNameResults;
+        auto *window = new frmDiscisNCNameResults(search == u"DND" ? DiscisDndSearch::Yes
+                                                                   : DiscisDndSearch::No);
         window->SetCourtCounty(u"Statewide - All Counties"_s);
         desk->Enqueue(window, {StatewideLine(search)});
         window->Timer1->start(1);

@@ -27,7 +27,7 @@ void SearchJobTest::start(NameSearch *search, const QStringList &lines)
 
 CourtSearch *SearchJobTest::Start(const QStringList &lines)
 {
-    return Start(new CourtSearch(u"WA"_s, false, false), lines);
+    return Start(new CourtSearch(u"WA"_s, false), lines);
 }
 
 bool SearchJobTest::Finish(const NameSearch *search)

@@ -17,7 +17,7 @@ class tst_DiscisResults : public DistrictSearchTest
 private Q_SLOTS:
     void columns_data();
     void columns();
-    void theAddressMarkIsTakenAtLoad();
+    void theAddressesAreThoseOfTheirWindowOnly();
     void buttonsAtLoad_data();
     void buttonsAtLoad();
     void whatTheStarterHandsOver_data();
@@ -80,18 +80,16 @@ void tst_DiscisResults::columns()
 {
     QFETCH(Which, which);
     QFETCH(bool, addresses);
-    Global.DiscisDndSearch = addresses;
-    const std::unique_ptr<NameResultsWindow> window(MakeWindow(which));
+    const std::unique_ptr<NameResultsWindow> window(
+        addresses ? new frmDiscisNCNameResults(DiscisDndSearch::Yes) : MakeWindow(which));
     QTEST(HeadersOf(window.get()).join(u", "_s), "columns");
     if (const auto *nonCivil = qobject_cast<const frmDiscisNCNameResults *>(window.get()))
         QTEST(nonCivil->lblDNDorSNCI, "search");
 }
 
-void tst_DiscisResults::theAddressMarkIsTakenAtLoad()
+void tst_DiscisResults::theAddressesAreThoseOfTheirWindowOnly()
 {
-    Global.DiscisDndSearch = true;
-    const frmDiscisNCNameResults first;
-    QVERIFY(!Global.DiscisDndSearch);
+    const frmDiscisNCNameResults first(DiscisDndSearch::Yes);
     const frmDiscisNCNameResults second;
     QCOMPARE(first.lblDNDorSNCI, u"DND"_s);
     QCOMPARE(second.lblDNDorSNCI, u"SNCI"_s);

@@ -60,8 +60,7 @@ void tst_DupesWindow::columns()
 {
     QFETCH(bool, addresses);
     QFETCH(QByteArray, list);
-    Global.DiscisDndSearch = addresses;
-    const frmDiscisNCNameResults window;
+    const frmDiscisNCNameResults window(addresses ? DiscisDndSearch::Yes : DiscisDndSearch::No);
     QStringList columns;
     for (const ListColumn &column : ListOf(&window, list)->List()->Columns())
         columns.append(column.Header + u' ' + QString::number(column.Width));

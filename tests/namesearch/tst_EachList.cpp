@@ -66,7 +66,8 @@ const Cells &cellsOf(const QString &header)
 
 NameResultsWindow *makeWindow(const ListKind &kind)
 {
-    Global.DiscisDndSearch = kind.addresses;
+    if (kind.addresses)
+        return new frmDiscisNCNameResults(DiscisDndSearch::Yes);
     if (kind.which != Which::Name)
         return MakeWindow(kind.which);
     return new frmNameSearchResults(QString::fromLatin1(kind.state), kind.index);

@@ -144,8 +144,7 @@ void tst_NameSearchAlone::pagesOfAnIndex()
     court->Expect(indexLine(u"LL=1~UL=500~"_s)).Reply({u"WARNING~Reached Search Limit~500~200~"_s});
     court->Expect(indexLine(u"LL=501~UL=700~"_s)).Reply({u"EOF~"_s});
     LinkDesk::ConnectTo(*court);
-    CourtSearch *search =
-        Start(new CourtSearch(u"WA"_s, true, false), {indexLine(u"LL=1~UL=500~"_s)});
+    CourtSearch *search = Start(new CourtSearch(u"WA"_s, true), {indexLine(u"LL=1~UL=500~"_s)});
     QVERIFY(Finish(search));
     QVERIFY(search->PageOffered() && !search->PageTaken());
     QCOMPARE(search->PageCount(), u"200"_s);
@@ -202,7 +201,7 @@ void tst_NameSearchAlone::itGoesWhenItsRunHasEnded()
 {
     court->Expect(RequestLine()).Reply({});
     LinkDesk::ConnectTo(*court);
-    QPointer<CourtSearch> search(new CourtSearch(u"WA"_s, false, false));
+    QPointer<CourtSearch> search(new CourtSearch(u"WA"_s, false));
     search->lboxQueue.AddItem(RequestLine());
     search->txtMasterKey = otherKey;
     frmQueue::Form().FIFO.AddItem(otherKey);
@@ -225,7 +224,7 @@ void tst_NameSearchAlone::itGoesWhenItsRunHasEnded()
 void tst_NameSearchAlone::peopleOfOneName()
 {
     const QString person = u"NCSNCI1~SMITH, JOHN~M~01/02/1970~W~600~180~n~o~k~"_s;
-    NonCivilSearch search(false);
+    NonCivilSearch search(DiscisDndSearch::No);
     search.AddDupeRow(person);
     QCOMPARE(search.Names.Count(), 1);
     QVERIFY(!search.NamesRetrievable());

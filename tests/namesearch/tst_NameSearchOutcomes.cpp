@@ -148,8 +148,8 @@ void tst_NameSearchOutcomes::aLineWithoutACountyKeepsThatOfTheLineBefore()
     court->Expect(RequestLine(u"SMITH"_s, u"Linn"_s)).Reply({u"EOF~"_s});
     court->Expect(without).Reply({tooMany});
     desk->ConnectTo(*court);
-    CourtSearch *search = Start(new CourtSearch(u"ORBK"_s, false, true),
-                                {RequestLine(u"SMITH"_s, u"Linn"_s), without});
+    CourtSearch *search =
+        Start(new CourtSearch(u"ORBK"_s, false), {RequestLine(u"SMITH"_s, u"Linn"_s), without});
     QVERIFY(Finish(search));
     QCOMPARE(search->Record.lblSearchStatus.Text,
              u"Search Stopped on Linn Cty. Refine Search and Try Again."_s);

@@ -39,8 +39,7 @@ NameResultsWindow *nonCivil()
 }
 NameResultsWindow *addresses()
 {
-    Global.DiscisDndSearch = true;
-    return new frmDiscisNCNameResults;
+    return new frmDiscisNCNameResults(DiscisDndSearch::Yes);
 }
 
 /// A kind of list, and which field of a row each of its cells shows.

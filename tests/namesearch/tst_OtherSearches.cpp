@@ -38,23 +38,18 @@ private Q_SLOTS:
 void tst_OtherSearches::columnsOfEachState_data()
 {
     QTest::addColumn<QString>("state");
-    QTest::addColumn<bool>("loading");
     QTest::addColumn<int>("columns");
     QTest::addColumn<QString>("lastHeader");
     QTest::addColumn<bool>("bankruptcy");
     for (const QString &state : {u"WA"_s, u"OR"_s, u"ID"_s})
-        QTest::newRow(qPrintable(state)) << state << false << 6 << u"Role"_s << false;
+        QTest::newRow(qPrintable(state)) << state << 6 << u"Role"_s << false;
     for (const QString &state : {u"WAWBK"_s, u"WAEBK"_s, u"ORBK"_s, u"IDBK"_s})
-        QTest::newRow(qPrintable(state)) << state << false << 7 << u"Search String"_s << true;
-    QTest::newRow("while a bankruptcy window is loaded")
-        << QString() << true << 7 << u"Search String"_s << true;
+        QTest::newRow(qPrintable(state)) << state << 7 << u"Search String"_s << true;
 }
 
 void tst_OtherSearches::columnsOfEachState()
 {
     QFETCH(QString, state);
-    QFETCH(bool, loading);
-    Global.BkFormLoading = loading;
     const frmNameSearchResults window(state);
     QTEST(static_cast<int>(HeadersOf(&window).size()), "columns");
     QTEST(HeadersOf(&window).last(), "lastHeader");

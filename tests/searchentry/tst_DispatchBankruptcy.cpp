@@ -92,7 +92,6 @@ private Q_SLOTS:
     void theRecentEntryIsFiled();
     void aNumberInAnUnknownFormIsSearchedAsTyped();
     void noCourtIsRefused();
-    void theLoadingFlagIsDownAfterwards();
     void theListHasTheColumnsOfTheBankruptcyCourts();
     void withoutALineNothingIsShown_data();
     void withoutALineNothingIsShown();
@@ -279,13 +278,6 @@ void tst_DispatchBankruptcy::noCourtIsRefused()
     QVERIFY(desk->Start().isEmpty());
     QCOMPARE(Keys(), QStringList());
     QCOMPARE(desk->Text("txtSearchName_0"), u"SMITH"_s);
-}
-
-void tst_DispatchBankruptcy::theLoadingFlagIsDownAfterwards()
-{
-    desk->Do(federal + smithJohnQ + check(courts[0]));
-    QVERIFY(desk->StartOne<frmNameSearchResults>());
-    QVERIFY(!Global.BkFormLoading);
 }
 
 void tst_DispatchBankruptcy::theListHasTheColumnsOfTheBankruptcyCourts()

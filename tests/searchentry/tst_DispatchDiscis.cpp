@@ -215,7 +215,6 @@ void tst_DispatchDiscis::aNonCivilSearchWithAddressesMarksOneWindowOnly()
     const auto *addresses = desk->StartOne<frmDiscisNCNameResults>();
     QVERIFY(addresses);
     QCOMPARE(addresses->lblDNDorSNCI, u"DND"_s);
-    QVERIFY(!Global.DiscisDndSearch);
     desk->Do({allCounties});
     const auto *cases = desk->StartOne<frmDiscisNCNameResults>();
     QVERIFY(cases);
