@@ -14,18 +14,6 @@
 #include <QTest>
 #include <QTimer>
 
-void ClickOn(QWidget *window, const char *name)
-{
-    QTest::mouseClick(ButtonOf(window, name), Qt::LeftButton);
-}
-
-void TypeAnew(const QWidget *window, const char *name, const QString &text)
-{
-    auto *box = window->findChild<QLineEdit *>(QLatin1StringView(name));
-    box->clear();
-    QTest::keyClicks(box, text);
-}
-
 void TickItems(const QWidget *window, const char *list, const QStringList &items)
 {
     auto *box = window->findChild<QListWidget *>(QLatin1StringView(list));
@@ -56,8 +44,7 @@ void ProgramTest::init()
 
 void ProgramTest::StartProgram()
 {
-    desk->Boxes.ExpectDialog(u"frmConnect"_s,
-                             [](QDialog *dialog) { ClickOn(dialog, "cmdConnect"); });
+    desk->Boxes.ExpectDialog(u"frmConnect"_s, [](QDialog *dialog) { Click(dialog, "cmdConnect"); });
     ::Main(false);
     Main = frmMain::Form();
 }
@@ -68,10 +55,10 @@ void ProgramTest::LogIn()
     auto *login = Shown(u"frmLogin"_s);
     QVERIFY(login);
     QTRY_VERIFY(ButtonOf(login, "cmdLogin")->isEnabled());
-    TypeAnew(login, "txtUsername", u"paralegal"_s);
-    TypeAnew(login, "txtPassword", u"secret"_s);
+    TypeInto(login, "txtUsername", u"paralegal"_s);
+    TypeInto(login, "txtPassword", u"secret"_s);
     const QPointer<QWidget> open(login);
-    ClickOn(login, "cmdLogin");
+    Click(login, "cmdLogin");
     QTRY_VERIFY(open.isNull());
     QVERIFY(Global.bLoggedIn);
 }
@@ -99,11 +86,11 @@ void ProgramTest::FillForm()
 frmNameSearchResults *ProgramTest::StartSearch()
 {
     QWidget *form = Shown(u"frmSearchWA"_s);
-    TypeAnew(form, "txtSearchName_0", u"Smith"_s);
-    TypeAnew(form, "txtSearchName_1", u"John"_s);
-    TypeAnew(form, "txtSearchName_2", u"q"_s);
+    TypeInto(form, "txtSearchName_0", u"Smith"_s);
+    TypeInto(form, "txtSearchName_1", u"John"_s);
+    TypeInto(form, "txtSearchName_2", u"q"_s);
     const QWidgetList before = QApplication::allWidgets();
-    ClickOn(form, "cmdBeginSearch");
+    Click(form, "cmdBeginSearch");
     const QWidgetList after = QApplication::allWidgets();
     for (QWidget *widget : after) {
         auto *window = qobject_cast<frmNameSearchResults *>(widget);

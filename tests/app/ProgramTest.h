@@ -36,20 +36,6 @@ protected:
     QPointer<frmMain> Main;
 };
 
-/// The window, or control, of this name that can be seen now; nullptr without one.
-template<typename Widget = QWidget>
-Widget *Shown(const QString &name)
-{
-    const QWidgetList widgets = QApplication::allWidgets();
-    for (QWidget *widget : widgets) {
-        if (widget->objectName() == name && widget->isVisible())
-            return qobject_cast<Widget *>(widget);
-    }
-    return nullptr;
-}
-
-void ClickOn(QWidget *window, const char *name);
-void TypeAnew(const QWidget *window, const char *name, const QString &text);
 void TickItems(const QWidget *window, const char *list, const QStringList &items);
 /// Chooses an entry of the main window's menus; a disabled one does nothing.
 void ChooseEntry(const QString &action);

@@ -104,7 +104,7 @@ void tst_LinkEnds::endBy(const QString &who)
         ChooseEntry(u"mnuConnectionDisConnect"_s);
     } else {
         desk->When([] { return Shown(u"frmInactivity"_s) != nullptr; },
-                   [] { ClickOn(Shown(u"frmInactivity"_s), "cmdLogOut"); });
+                   [] { Click(Shown(u"frmInactivity"_s), "cmdLogOut"); });
         Q_EMIT LinkEvents::Of().IdleLimitReached();
     }
 }
@@ -127,10 +127,10 @@ void tst_LinkEnds::logInAgain(bool firstFails)
         desk->Boxes.Expect(u"A Login Error was Encountered! Error Response: Halvane Server "
                            "Connection was Dropped!"_s,
                            u"Login Error .."_s, MsgIcon::Exclamation);
-        TypeAnew(login, "txtUsername", u"paralegal"_s);
-        ClickOn(login, "cmdLogin");
+        TypeInto(login, "txtUsername", u"paralegal"_s);
+        Click(login, "cmdLogin");
         QTRY_VERIFY(ButtonOf(login, "cmdLogin")->isEnabled());
-        ClickOn(login, "cmdCancel");
+        Click(login, "cmdCancel");
         QTRY_VERIFY(!frmLogin::IsLoaded());
         ChooseEntry(u"mnuConnnectionConnect"_s);
     }
@@ -172,8 +172,8 @@ void tst_LinkEnds::aLoginClosedInTheMiddleLetsNoJobIn()
     ChooseEntry(u"mnuConnnectionConnect"_s);
     auto *login = Shown(u"frmLogin"_s);
     QTRY_VERIFY(ButtonOf(login, "cmdLogin")->isEnabled());
-    TypeAnew(login, "txtUsername", u"paralegal"_s);
-    TypeAnew(login, "txtPassword", u"secret"_s);
+    TypeInto(login, "txtUsername", u"paralegal"_s);
+    TypeInto(login, "txtPassword", u"secret"_s);
     waiting->Timer1->start(1);
     int ticks = 0;
     connect(waiting->Timer1, &QTimer::timeout, waiting, [&ticks] { ++ticks; });
@@ -186,13 +186,13 @@ void tst_LinkEnds::aLoginClosedInTheMiddleLetsNoJobIn()
     desk->When([&] { return court->OwesAnswer(); },
                [&] {
                    if (cancelled)
-                       ClickOn(login, "cmdCancel");
+                       Click(login, "cmdCancel");
                    else
                        login->close();
                    if (goesOn)
                        desk->When([&] { return ticks >= 5; }, answerAfterTicks);
                });
-    ClickOn(login, "cmdLogin");
+    Click(login, "cmdLogin");
     QCOMPARE(Global.bLoggedIn, goesOn);
     if (!goesOn) {
         waiting->Timer1->stop();

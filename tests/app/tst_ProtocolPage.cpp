@@ -15,7 +15,8 @@
 #include "searchentry/NameRequests.h"
 #include "searchentry/RequestGrammar.h"
 #include "session/LoginExchange.h"
-#include "support/AnsweringSocket.h"
+#include "support/AnsweringCourt.h"
+#include "support/FakeSocket.h"
 #include "support/HalvaneTest.h"
 #include "support/TestFolder.h"
 
@@ -60,7 +61,7 @@ QString textOf(const QByteArray &frame)
 QString sentBy(const std::function<void()> &act)
 {
     QByteArrayList frames;
-    AnsweringSocket::Install(
+    AnsweringCourt::Install(
         [&frames](const QByteArray &frame) {
             frames.append(frame);
             return QStringList{u"EOF~"_s};

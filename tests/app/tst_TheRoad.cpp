@@ -117,8 +117,7 @@ void tst_TheRoad::afterALostConnectionTheNextLoginSearchesAgain()
     Main->tmrConnectStatus->setInterval(1);
     QTRY_VERIFY(!Global.bLoggedIn);
     Main->tmrConnectStatus->stop();
-    desk->Boxes.ExpectDialog(u"frmConnect"_s,
-                             [](QDialog *dialog) { ClickOn(dialog, "cmdConnect"); });
+    desk->Boxes.ExpectDialog(u"frmConnect"_s, [](QDialog *dialog) { Click(dialog, "cmdConnect"); });
     // The link is still the dead one: a disconnect of the session gives it back.
     Main->Logout();
     ChooseEntry(u"mnuConnnectionConnect"_s);

@@ -24,7 +24,7 @@ struct Road
 
 void press(const QString &window, const char *button)
 {
-    ClickOn(Shown(window), button);
+    Click(Shown(window), button);
 }
 
 const QList<Road> &roads()
@@ -39,12 +39,12 @@ const QList<Road> &roads()
         {"the state of the connection", u"frmConnectionStatus",
          [](frmNameSearchResults *) { ChooseEntry(u"mnuConnectionStatus"_s); }},
         {"the question about stopping", u"MsgBox",
-         [](frmNameSearchResults *waiting) { ClickOn(waiting, "cmdStopSearching"); }},
+         [](frmNameSearchResults *waiting) { Click(waiting, "cmdStopSearching"); }},
         {"the question about closing", u"MsgBox",
          [](frmNameSearchResults *waiting) { FormWindow::Around(waiting)->close(); }},
         {"a refused entry", u"frmInfo",
          [](frmNameSearchResults *) {
-             TypeAnew(Shown(u"frmSearchWA"_s), "txtSearchName_0", QString());
+             TypeInto(Shown(u"frmSearchWA"_s), "txtSearchName_0", QString());
              press(u"frmSearchWA"_s, "cmdBeginSearch");
          }},
         {"the notice of the courts", u"MsgBox",
@@ -165,7 +165,7 @@ void tst_UnderEveryDialog::aJobThatIsDueWaitsForTheLogin()
                [&] {
                    started = Global.bSearchInProgress || court->Requests().size() > before;
                    waiting->Timer1->stop();
-                   ClickOn(Shown(u"frmLogin"_s), "cmdCancel");
+                   Click(Shown(u"frmLogin"_s), "cmdCancel");
                });
     if (modal)
         ShowLoginModally();

@@ -17,20 +17,6 @@ const QString endMark = u"EOF~"_s;
 const QString timedOut = u"Search Error! Reason: Timed Out Waiting For Response from Server."_s;
 const QString linkLost = u"Halvane Server Connection was Dropped!"_s;
 const QString runEnded = u"NORMAL EXIT - from ProcessSearchReqeusts."_s;
-
-/// A socket that is seen connected for so many more questions, and then is stuck half-way.
-class StuckSocket : public FakeSocket
-{
-public:
-    using FakeSocket::FakeSocket;
-    SocketState State() const override
-    {
-        return stuck && asked++ >= connectedAnswers ? SocketState::Closing : FakeSocket::State();
-    }
-    bool stuck = false;
-    int connectedAnswers = 1;
-    mutable int asked = 0;
-};
 } // namespace
 
 /// The exchange of one tab, for every tab of every court, in each way in which it can fail.
@@ -183,20 +169,13 @@ void tst_CaseTabFailures::aSocketThatHasGone()
     const FamilyMember &row = Member();
     frmCaseDetails *window = CaseWith(row);
     court = std::make_unique<ScriptedCourt>(); // the socket has no network behind it
-    StuckSocket *socket = nullptr;
-    frmWinsock::SetSocketFactory([&socket](QObject *parent) {
-        socket = new StuckSocket(parent);
-        return socket;
-    });
-    frmWinsock::Form();
-    socket->state = SocketState::Connected;
-    Global.intConnectState = ConnectDone;
-    Global.bLoggedIn = true;
+    FakeSocket *socket = LinkDesk::ConnectToNothing();
     desk->When([&socket] { return socket->sent.size() == 1; },
                [&socket, &row] { socket->Arrive(ScriptedCourt::Tokens(SummaryReplyOf(row))); });
     desk->When([this, &row] { return desk->Folder.Logged(u"SendReq: "_s + row.request); },
                [&socket] {
-                   socket->stuck = true;
+                   socket->state = SocketState::Closing; // stuck half-way, and seen one turn later
+                   socket->connectedAnswers = 1;
                    socket->closes = false;
                });
     Begin(window);

@@ -28,23 +28,18 @@ struct Network
 };
 Network network;
 
-class ScriptedSocket : public FakeSocket
+void dial(FakeSocket *socket)
 {
-public:
-    using FakeSocket::FakeSocket;
-    void Connect() override
-    {
-        const Outcome outcome = network.outcomes.value(network.attempts.size(), Outcome::Refuses);
-        network.attempts.append(RemoteHost + u':' + QString::number(RemotePort));
-        network.localPorts.append(LocalPort);
-        refuses = outcome == Outcome::Refuses;
-        connects = outcome == Outcome::Accepts;
-        FakeSocket::Connect();
-        if (outcome == Outcome::Fails)
-            QTimer::singleShot(0, this,
-                               [this] { Q_EMIT Error(10060, u"Attempt to connect timed out"_s); });
-    }
-};
+    const Outcome outcome = network.outcomes.value(network.attempts.size(), Outcome::Refuses);
+    network.attempts.append(socket->connectedTo.last());
+    network.localPorts.append(socket->LocalPort);
+    socket->refuses = outcome == Outcome::Refuses;
+    socket->connects = outcome == Outcome::Accepts;
+    if (outcome == Outcome::Fails)
+        QTimer::singleShot(0, socket, [socket] {
+            Q_EMIT socket->Error(10060, u"Attempt to connect timed out"_s);
+        });
+}
 
 const QString attempting = u"Attempting to Connect to Router"_s;
 const QString connected = u"Successfully connected to router"_s;
@@ -117,7 +112,7 @@ void tst_Router::init()
     folder = std::make_unique<TestFolder>();
     clock = std::make_unique<TestClock>();
     network = Network();
-    frmWinsock::SetSocketFactory([](QObject *parent) { return new ScriptedSocket(parent); });
+    FakeSocket::Install([](FakeSocket *socket) { socket->dialled = [socket] { dial(socket); }; });
     folder->Write(u"options.ini"_s,
                   "[Communications]\r\nHVServerIP1=a1\r\nHVServerIP2=a2\r\nHVServerIP3=a3\r\n"
                   "HVServerIP4=a4\r\nHVServerIP5=a5\r\nHVServerPort=80\r\n");
@@ -454,11 +449,7 @@ void tst_Router::hasNetworkAddress()
 {
     QFETCH(QString, address);
     QFETCH(bool, has);
-    frmWinsock::SetSocketFactory([&](QObject *parent) {
-        auto *socket = new FakeSocket(parent);
-        socket->localIP = address;
-        return socket;
-    });
+    FakeSocket::Install([address](FakeSocket *socket) { socket->localIP = address; });
     QCOMPARE(HasNetworkAddress(), has);
     QVERIFY(frmWinsock::IsLoaded());
 }

@@ -107,31 +107,6 @@ void SearchTest::finish(const QWidget *window)
         qFatal("the search does not end");
 }
 
-QString TextOf(const QWidget *window, const char *name)
-{
-    const auto *control = window->findChild<QWidget *>(QLatin1StringView(name));
-    return control ? control->property("text").toString() : u"no such control"_s;
-}
-
-QPushButton *ButtonOf(const QWidget *window, const char *name)
-{
-    return window->findChild<QPushButton *>(QLatin1StringView(name));
-}
-
-QString ColourOf(const QWidget *window, const char *name)
-{
-    const auto *control = window->findChild<QWidget *>(QLatin1StringView(name));
-    const QColor colour = control->palette().color(QPalette::WindowText);
-    if (colour == QColor(0x00, 0x00, 0xC0))
-        return u"blue"_s;
-    return colour == QColor(0xFF, 0x00, 0x00) ? u"red"_s : colour.name();
-}
-
-bool IsBold(const QWidget *window, const char *name)
-{
-    return window->findChild<QWidget *>(QLatin1StringView(name))->font().bold();
-}
-
 ResultListView *ListOf(const QWidget *window, const char *name)
 {
     return window->findChild<ResultListView *>(QLatin1StringView(name));

@@ -3,6 +3,7 @@
 #include "namesearch/SearchJobs.h"
 #include "support/BoxAnswers.h"
 #include "support/LinkDesk.h"
+#include "support/WindowUser.h"
 
 #include <QColor>
 #include <QObject>
@@ -84,12 +85,6 @@ private:
     void finish(const QWidget *window);
 };
 
-/// The text of a control, found by its name.
-QString TextOf(const QWidget *window, const char *name);
-QPushButton *ButtonOf(const QWidget *window, const char *name);
-/// "blue" or "red" for the two colours of the status texts, the colour's name otherwise.
-QString ColourOf(const QWidget *window, const char *name);
-bool IsBold(const QWidget *window, const char *name);
 ResultListView *ListOf(const QWidget *window, const char *name = "listview1");
 /// The cells of a list, row by row, as the view has them.
 QList<QStringList> RowsOf(const QWidget *window, const char *list = "listview1");

@@ -36,10 +36,10 @@ YieldDesk::~YieldDesk()
     ReplaceEndProgram([](int) {});
 }
 
-void YieldDesk::ConnectAgain(const AnsweringSocket::Answers &answers)
+void YieldDesk::ConnectAgain(const AnsweringCourt::Answers &answers)
 {
     CloseServerLink();
-    AnsweringSocket::Install(answers, [this] {
+    AnsweringCourt::Install(answers, [this] {
         if (window && !window->IsUnloaded() && window->tmrBlink->isActive())
             window->tmrBlink->start(0);
     });
@@ -115,7 +115,7 @@ void YieldDesk::Perform(Act act)
         return;
     case Act::DisconnectFromSilence:
         if (When == Moment::Running) {
-            qobject_cast<AnsweringSocket *>(Global.sckServer)->FallSilent();
+            AnsweringCourt::Behind(Global.sckServer)->FallSilent();
             desk.Time.Run(1.0);
         }
         [[fallthrough]];

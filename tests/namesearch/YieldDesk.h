@@ -1,7 +1,7 @@
 #pragma once
 
 #include "namesearch/EveryYield.h"
-#include "support/AnsweringSocket.h"
+#include "support/AnsweringCourt.h"
 
 #include <QObject>
 #include <QPointer>
@@ -27,7 +27,7 @@ public:
     ~YieldDesk();
 
     /// A new session in a program without windows, with a court that answers every line like this.
-    void ConnectAgain(const AnsweringSocket::Answers &answers);
+    void ConnectAgain(const AnsweringCourt::Answers &answers);
     /// What is done next is done to this window. The status of such a window blinks while the court
     /// is asked: a yield inside the yields.
     void Watch(JobWindow *job) { window = job; }

@@ -7,6 +7,7 @@
 #include "namesearch/DupesSearch.h"
 #include "namesearch/YieldDesk.h"
 #include "session/frmMain.h"
+#include "support/FakeSocket.h"
 #include "support/HalvaneTest.h"
 
 #include <QPointer>
@@ -294,7 +295,7 @@ void tst_EveryYield::searchWith(int nth)
     Expected expected = expectedOf(what, moment);
     // Who has said all before falling silent owes nothing.
     if (what == Act::DisconnectFromSilence && moment == Moment::Running) {
-        if (qobject_cast<AnsweringSocket *>(socket)->OwesAnswers())
+        if (AnsweringCourt::Behind(socket)->OwesAnswers())
             ++timesUnanswered;
         else
             expected.end = End::Completed;

@@ -16,26 +16,6 @@ const QString normalExit = u"NORMAL EXIT - from ProcessSearchReqeusts."_s;
 const QString inProgress =
     u" Search In Progress. Select Stop Search Button to Cancel Current Search .."_s;
 const QString tooMany = u"This search resulted in more than 200 results.~"_s;
-
-/// A socket that is connected whenever a wait begins, is not a moment later, and cannot be closed.
-class FadingSocket : public FakeSocket
-{
-public:
-    using FakeSocket::FakeSocket;
-
-    SocketState State() const override
-    {
-        if (!fading)
-            return SocketState::Connected;
-        ++asked;
-        return asked % 2 == 1 ? SocketState::Connected : SocketState::Closing;
-    }
-
-    bool fading = false;
-
-private:
-    mutable int asked = 0;
-};
 } // namespace
 
 class tst_NameSearch : public SearchJobTest
@@ -346,14 +326,16 @@ void tst_NameSearch::aLostLinkIsNotATimeOutOfAnHour()
 
 void tst_NameSearch::aSocketThatCannotBeClosedIsADroppedConnection()
 {
-    QPointer<FadingSocket> socket;
-    frmWinsock::SetSocketFactory([&socket](QObject *parent) {
-        socket = new FadingSocket(parent);
-        return socket.data();
-    });
+    // Connected whenever a wait begins, not a moment later.
+    int asked = 0;
+    const auto fading = [&asked] {
+        return ++asked % 2 == 1 ? SocketState::Connected : SocketState::Closing;
+    };
+    FakeSocket::Install();
     frmWinsock::Form();
+    FakeSocket *socket = FakeSocket::Last();
     CourtSearch *search = Start({RequestLine()});
-    desk->When([&] { return socket->sent.size() == 1; }, [&] { socket->fading = true; });
+    desk->When([&] { return socket->sent.size() == 1; }, [&] { socket->tellsState = fading; });
     QVERIFY(Finish(search));
     QVERIFY(desk->Folder.Logged(u"Search Error! Reason: Halvane Server Connection was Dropped!"_s));
     QVERIFY(desk->Folder.Logged(searchFailed));

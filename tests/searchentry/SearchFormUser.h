@@ -24,10 +24,7 @@ public:
     template<typename Widget = QWidget>
     Widget *Find(const char *name) const
     {
-        auto *found = Form->findChild<Widget *>(QLatin1StringView(name));
-        if (!found)
-            qFatal("the form has no %s", name);
-        return found;
+        return Child<Widget>(Form, name);
     }
     QAbstractButton *Button(const QByteArray &name) const;
     QLineEdit *Box(int index) const;

@@ -16,61 +16,6 @@
 
 using namespace Qt::StringLiterals;
 
-CourtSocket::CourtSocket(QObject *parent) : FakeSocket(parent)
-{
-    state = SocketState::Closed;
-    refuses = Court().refuses;
-    connects = Court().connects;
-}
-
-FakeCourt &CourtSocket::Court()
-{
-    static FakeCourt court;
-    return court;
-}
-
-void CourtSocket::Install()
-{
-    Court() = FakeCourt();
-    frmWinsock::SetSocketFactory([](QObject *parent) { return new CourtSocket(parent); });
-}
-
-void CourtSocket::Connect()
-{
-    Court().connectedTo.append(RemoteHost + u':' + QString::number(RemotePort));
-    FakeSocket::Connect();
-}
-
-void CourtSocket::SendData(const QByteArray &data)
-{
-    FakeSocket::SendData(data);
-    const bool drops = Court().requests.size() == Court().dropsBehind;
-    Court().requests.append(data);
-    if (Court().onRequest)
-        Court().onRequest();
-    const QByteArray reply = Court().replies.isEmpty() ? QByteArray() : Court().replies.takeFirst();
-    QTimer::singleShot(0, this, [this, reply, drops] {
-        if (!reply.isEmpty())
-            Arrive(reply);
-        if (drops)
-            QTimer::singleShot(0, this, [this] { PeerCloses(); });
-    });
-}
-
-void MoodySocket::Install(const QList<SocketState> &states)
-{
-    frmWinsock::SetSocketFactory([states](QObject *parent) {
-        auto *socket = new MoodySocket(parent);
-        socket->moods = states;
-        return socket;
-    });
-}
-
-SocketState MoodySocket::State() const
-{
-    return moods.size() > 1 ? moods.takeFirst() : moods.first();
-}
-
 SessionFixture::SessionFixture()
 {
     ReplaceEndProgram([this](int exitCode) { endings.append(exitCode); });
@@ -128,32 +73,6 @@ void SessionFixture::BeLoggedIn()
     Global.bLoggedIn = true;
     if (main)
         main->SetTxtConnectStatus(u"Connected"_s);
-}
-
-void Click(const QObject *window, const char *button)
-{
-    QTest::mouseClick(Child<QPushButton>(window, button), Qt::LeftButton);
-}
-
-void ClickOnScreen(const QObject *window, const char *button)
-{
-    const auto *target = Child<QPushButton>(window, button);
-    QWidget *around = target->window();
-    QTest::mouseClick(around->windowHandle(), Qt::LeftButton, {},
-                      target->mapTo(around, target->rect().center()));
-}
-
-void Choose(const QObject *window, const char *action)
-{
-    Child<QAction>(window, action)->trigger();
-}
-
-void TypeInto(const QObject *window, const char *field, const QString &text)
-{
-    auto *line = Child<QLineEdit>(window, field);
-    line->selectAll();
-    QTest::keyClick(line, Qt::Key_Delete);
-    QTest::keyClicks(line, text);
 }
 
 void Settle()

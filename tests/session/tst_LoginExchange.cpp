@@ -259,8 +259,11 @@ void tst_LoginExchange::linkLostWhileWaitingGives922()
 void tst_LoginExchange::socketThatCannotBeClosedGives954()
 {
     frmWinsock::Unload();
-    MoodySocket::Install({SocketState::Connected, SocketState::Connected, SocketState::Connected,
-                          SocketState::Closing});
+    FakeSocket::Install([](FakeSocket *socket) {
+        socket->state = SocketState::Closing;
+        socket->connectedAnswers = 3;
+        socket->closes = false;
+    });
     frmWinsock::Form();
     QCOMPARE(login(), SessionResult::ConnectionLost);
     QCOMPARE(session->folder.Log(),

@@ -255,8 +255,11 @@ void tst_ServerExchanges::socketThatCannotBeClosedEndsTheExchange()
     const Asked asked = exchanges()[exchange];
     raiseFlags(exchange);
     frmWinsock::Unload();
-    MoodySocket::Install({SocketState::Connected, SocketState::Connected, SocketState::Connected,
-                          SocketState::Closing});
+    FakeSocket::Install([](FakeSocket *socket) {
+        socket->state = SocketState::Closing;
+        socket->connectedAnswers = 3;
+        socket->closes = false;
+    });
     frmWinsock::Form();
     QCOMPARE(run(exchange), asked.failure);
     QVERIFY(session->folder.Logged(asked.readLine + u"-1"_s));

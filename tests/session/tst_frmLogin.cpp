@@ -117,7 +117,7 @@ void tst_frmLogin::init()
 {
     session = std::make_unique<SessionFixture>();
     session->ShowMain();
-    CourtSocket::Install();
+    FakeCourt::Install();
     wanted = std::make_unique<QSignalSpy>(&SessionEvents::Of(), &SessionEvents::SearchFormWanted);
     hidden = std::make_unique<QSignalSpy>(&SessionEvents::Of(), &SessionEvents::SearchFormHidden);
 }
@@ -272,7 +272,7 @@ void tst_frmLogin::timerOfTheConnectRunsOnce()
     QVERIFY(login);
     QVERIFY(!login->tmrUI->isActive());
     QCOMPARE(hidden->count(), 2);
-    QCOMPARE(CourtSocket::Court().connectedTo, QStringList{u"router1.halvane.example:80"_s});
+    QCOMPARE(FakeCourt::Current().connectedTo, QStringList{u"router1.halvane.example:80"_s});
     QCOMPARE(status(), u"Enter User Name and Password to Continue .."_s);
     QCOMPARE(Global.bCheckingServer, false);
     QVERIFY(!QApplication::overrideCursor());
@@ -307,21 +307,21 @@ void tst_frmLogin::remembered()
     QFETCH(bool, ticked);
     QFETCH(QString, password);
     remember(flag, u"Us er"_s, u"Se cret\u00E9"_s);
-    CourtSocket::Court().replies = {"|EOF~|"};
+    FakeCourt::Current().replies = {"|EOF~|"};
     const frmLogin *login = session->OpenLoginToTheEnd();
     QVERIFY(login);
     QCOMPARE(Child<QCheckBox>(login, "Check1")->isChecked(), ticked);
     QCOMPARE(field("txtUsername"), u"Us er"_s);
     QCOMPARE(field("txtPassword"), password);
-    QCOMPARE(CourtSocket::Court().requests.size(), ticked ? 1 : 0);
+    QCOMPARE(FakeCourt::Current().requests.size(), ticked ? 1 : 0);
 }
 
 void tst_frmLogin::rememberedPasswordSendsForMessagesBeforeTheUserDoesAnything()
 {
     remember(u"1"_s, u"User"_s, u"Pass"_s);
-    CourtSocket::Court().replies = {"|EOF~|"};
+    FakeCourt::Current().replies = {"|EOF~|"};
     QVERIFY(session->OpenLoginToTheEnd());
-    QCOMPARE(CourtSocket::Court().requests, QByteArrayList{"|GET_PRIV_MSG\xA6User\xA6Pass\xA6"
+    QCOMPARE(FakeCourt::Current().requests, QByteArrayList{"|GET_PRIV_MSG\xA6User\xA6Pass\xA6"
                                                            "AppVer-9.00\xA6|"});
 }
 
@@ -341,7 +341,7 @@ void tst_frmLogin::oneEmptyFieldSendsNothing()
     remember(u"1"_s, userName, password);
     const frmLogin *login = session->OpenLoginToTheEnd();
     QVERIFY(login);
-    QCOMPARE(CourtSocket::Court().requests, QByteArrayList());
+    QCOMPARE(FakeCourt::Current().requests, QByteArrayList());
     QCOMPARE(Session.strPrivateMsgs, u"No messages found."_s);
     QCOMPARE(Child<QPlainTextEdit>(login, "txtMsg")->toPlainText(), u"No messages found."_s);
     QVERIFY(!Child<QGroupBox>(login, "Frame1")->isVisible());
@@ -369,7 +369,7 @@ void tst_frmLogin::privateMessages()
     QFETCH(QString, text);
     QFETCH(bool, inView);
     remember(u"1"_s, u"User"_s, u"Pass"_s);
-    CourtSocket::Court().replies = {reply};
+    FakeCourt::Current().replies = {reply};
     const frmLogin *login = session->OpenLoginToTheEnd();
     QVERIFY(login);
     QCOMPARE(Child<QPlainTextEdit>(login, "txtMsg")->toPlainText(), text);
@@ -382,7 +382,7 @@ void tst_frmLogin::whatARefusedMessageLeavesIsNoAnswerToTheLogin()
 {
     remember(u"1"_s, u"User"_s, u"Wrong"_s);
     // The exchange of the messages ends at the error; the end mark behind it is not read.
-    CourtSocket::Court().replies = {"|ERROR~Invalid User Name and/or PW~||EOF~|",
+    FakeCourt::Current().replies = {"|ERROR~Invalid User Name and/or PW~||EOF~|",
                                     "|ERROR~Invalid User Name and/or PW~||EOF~|"};
     const frmLogin *login = session->OpenLoginToTheEnd();
     QVERIFY(login);
@@ -447,17 +447,17 @@ void tst_frmLogin::whoIsInAFieldStaysThere()
 void tst_frmLogin::statusWhileMessagesAreFetched()
 {
     remember(u"1"_s, u"User"_s, u"Pass"_s);
-    CourtSocket::Court().replies = {"|EOF~|"};
+    FakeCourt::Current().replies = {"|EOF~|"};
     QString shown;
     bool checking = false;
     bool hourglass = false;
-    CourtSocket::Court().onRequest = [&] {
+    FakeCourt::Current().onRequest = [&] {
         shown = status();
         checking = Global.bCheckingServer;
         hourglass = QApplication::overrideCursor() != nullptr;
     };
     QVERIFY(session->OpenLoginToTheEnd());
-    CourtSocket::Court().onRequest = {};
+    FakeCourt::Current().onRequest = {};
     QCOMPARE(shown, u"Please Wait. Retrieving Important Private Message(s) .."_s);
     QVERIFY(checking);
     QVERIFY(hourglass);
@@ -465,7 +465,7 @@ void tst_frmLogin::statusWhileMessagesAreFetched()
 
 void tst_frmLogin::addressesAreTriedInOrderAndTheFailureIsReported()
 {
-    CourtSocket::Court().refuses = true;
+    FakeCourt::Current().refuses = true;
     session->boxes.Expect(u"Cannot Connect to Halvane Server at this time."_s,
                           u"Contacting Halvane Server .."_s, MsgIcon::Exclamation);
     const frmLogin *login = session->OpenLogin();
@@ -475,7 +475,7 @@ void tst_frmLogin::addressesAreTriedInOrderAndTheFailureIsReported()
                             u"85"_s, u"85"_s, u"80"_s, u"80"_s, u"85"_s};
     for (int i = 0; i < 10; ++i)
         expected.append(u"router%1.halvane.example:"_s.arg(i / 2 + 1) + ports[i]);
-    QCOMPARE(CourtSocket::Court().connectedTo, expected);
+    QCOMPARE(FakeCourt::Current().connectedTo, expected);
     QVERIFY(login->isVisible());
     QVERIFY(!mayLogIn());
     QVERIFY(!QApplication::overrideCursor());
@@ -484,13 +484,13 @@ void tst_frmLogin::addressesAreTriedInOrderAndTheFailureIsReported()
 
 void tst_frmLogin::serverThatNeverAnswersTheConnectIsReported()
 {
-    CourtSocket::Court().connects = false;
+    FakeCourt::Current().connects = false;
     session->boxes.Expect(u"Cannot Connect to Halvane Server at this time."_s,
                           u"Contacting Halvane Server .."_s, MsgIcon::Exclamation);
     session->clock.Run(1.0);
     session->OpenLogin();
     QTRY_COMPARE(status(), u"Server Not Available .."_s);
-    QCOMPARE(CourtSocket::Court().connectedTo.size(), 10);
+    QCOMPARE(FakeCourt::Current().connectedTo.size(), 10);
     QCOMPARE(session->folder.TimesLogged(u"Error connecting to router"_s), 10);
 }
 
@@ -499,21 +499,21 @@ void tst_frmLogin::connectedAlreadyGoesOnWithoutAConnect()
     frmWinsock::Form();
     Global.intConnectState = ConnectDone;
     QVERIFY(session->OpenLoginToTheEnd());
-    QCOMPARE(CourtSocket::Court().connectedTo, QStringList());
+    QCOMPARE(FakeCourt::Current().connectedTo, QStringList());
     QCOMPARE(status(), u"Enter User Name and Password to Continue .."_s);
 }
 
 void tst_frmLogin::enterDoesNothingBeforeTheServerIsReached()
 {
-    CourtSocket::Court().connects = false;
+    FakeCourt::Current().connects = false;
     const QPointer<frmLogin> login(session->OpenLogin());
     QTimer::singleShot(10, this, [&] {
         QTest::keyClick(Child<QLineEdit>(login, "txtPassword"), Qt::Key_Return);
         QTest::keyClick(Child<QLineEdit>(login, "txtPassword"), Qt::Key_Escape);
     });
     QTRY_VERIFY(!login);
-    QCOMPARE(CourtSocket::Court().connectedTo.size(), 1);
-    QCOMPARE(CourtSocket::Court().requests, QByteArrayList());
+    QCOMPARE(FakeCourt::Current().connectedTo.size(), 1);
+    QCOMPARE(FakeCourt::Current().requests, QByteArrayList());
     QCOMPARE(Global.bLoginBusy, false);
 }
 

@@ -94,7 +94,7 @@ private:
     {
         session = std::make_unique<SessionFixture>();
         session->ShowMain(false);
-        CourtSocket::Install();
+        FakeCourt::Install();
     }
     QString end()
     {
@@ -104,7 +104,7 @@ private:
             complaints += u" the hourglass stays"_s;
         return complaints;
     }
-    FakeCourt &court() { return CourtSocket::Court(); }
+    FakeCourt &court() { return FakeCourt::Current(); }
     static FakeSocket *socket() { return static_cast<FakeSocket *>(Global.sckServer); }
 
     frmLogin *ready()
@@ -389,7 +389,7 @@ void tst_frmLoginFaults::droppedAndThenRefusedAtEveryByte()
                               u"Contacting Halvane Server .."_s, MsgIcon::Exclamation);
         login = session->OpenLogin();
         QVERIFY(WaitUntil([] {
-            return CourtSocket::Court().connectedTo.size() == 10 && !QApplication::overrideCursor();
+            return FakeCourt::Current().connectedTo.size() == 10 && !QApplication::overrideCursor();
         }));
         QVERIFY(!Child<QPushButton>(login, "cmdLogin")->isEnabled());
         Click(login, "cmdCancel");

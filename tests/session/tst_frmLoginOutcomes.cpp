@@ -69,7 +69,7 @@ private:
         TypeInto(login, "txtPassword", password);
         return login;
     }
-    FakeCourt &court() { return CourtSocket::Court(); }
+    FakeCourt &court() { return FakeCourt::Current(); }
     void uneventfulReplies(const QByteArray &message = "|EOF~|")
     {
         court().replies = {"|EOF~|", "|EOF~|", message, "|FALSE~||EOF~|"};
@@ -83,7 +83,7 @@ void tst_frmLoginOutcomes::init()
 {
     session = std::make_unique<SessionFixture>();
     session->ShowMain();
-    CourtSocket::Install();
+    FakeCourt::Install();
 }
 
 void tst_frmLoginOutcomes::cleanup()

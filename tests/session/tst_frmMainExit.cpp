@@ -102,7 +102,7 @@ void tst_frmMainExit::init()
 {
     QSettings(QSettings::IniFormat, QSettings::UserScope, u"Halvane"_s, u"Halvane"_s).clear();
     session = std::make_unique<SessionFixture>();
-    CourtSocket::Install();
+    FakeCourt::Install();
     main = session->ShowMain();
     main->TimerExit->setInterval(1);
 }
@@ -166,7 +166,7 @@ void tst_frmMainExit::logoutClosesTheLinkAndSendsNothing()
     Global.ClientAcctgCode = u"4711"_s;
     const bool stopBefore = Global.bStopRequested;
     QCOMPARE(int(Number(main->Logout())), 907);
-    QCOMPARE(CourtSocket::Court().requests, QByteArrayList());
+    QCOMPARE(FakeCourt::Current().requests, QByteArrayList());
     QCOMPARE(session->folder.Log(),
              (QStringList{u"Closed connection to Halvane Server"_s, u"Logout Successful"_s}));
     QVERIFY(!frmWinsock::IsLoaded());

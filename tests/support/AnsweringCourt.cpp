@@ -1,52 +1,56 @@
-#include "support/AnsweringSocket.h"
+#include "support/AnsweringCourt.h"
 
-#include "link/frmWinsock.h"
+#include "support/FakeSocket.h"
 #include "support/ScriptedCourt.h"
 
-AnsweringSocket::AnsweringSocket(QObject *parent) : FakeSocket(parent)
+AnsweringCourt::AnsweringCourt(FakeSocket *ownSocket) : QObject(ownSocket), socket(ownSocket)
 {
-    completesSends = false;
+    socket->completesSends = false;
+    socket->heard = [this](const QByteArray &frame) { hear(frame); };
     // A timer, since all that is posted would be handled in one turn.
-    connect(&turns, &QTimer::timeout, this, &AnsweringSocket::takeStep);
+    connect(&turns, &QTimer::timeout, this, &AnsweringCourt::takeStep);
 }
 
-void AnsweringSocket::Install(const Answers &answers, const std::function<void()> &onRequest)
+void AnsweringCourt::Install(const Answers &answers, const std::function<void()> &onRequest)
 {
-    frmWinsock::SetSocketFactory([answers, onRequest](QObject *parent) {
-        auto *socket = new AnsweringSocket(parent);
-        socket->answersOf = answers;
-        socket->requested = onRequest;
-        return socket;
+    FakeSocket::Install([answers, onRequest](FakeSocket *socket) {
+        auto *court = new AnsweringCourt(socket);
+        court->answersOf = answers;
+        court->requested = onRequest;
     });
 }
 
-void AnsweringSocket::SendData(const QByteArray &data)
+AnsweringCourt *AnsweringCourt::Behind(ServerSocket *socket)
 {
-    FakeSocket::SendData(data);
+    return socket->findChild<AnsweringCourt *>();
+}
+
+void AnsweringCourt::hear(const QByteArray &frame)
+{
     turns.start(0);
     // An empty step is the end of the send; it goes before what is still to come.
     steps.prepend({});
-    if (data.contains("STOP"))
+    if (frame.contains("STOP"))
         return;
     if (requested)
         requested();
-    QStringList answers = answersOf(data);
+    QStringList answers = answersOf(frame);
     const QByteArray last = ScriptedCourt::Tokens({answers.takeLast()});
     for (const QString &answer : answers)
         steps.append(ScriptedCourt::Tokens({answer}));
     steps.append({last.left(2), last.mid(2)});
 }
 
-void AnsweringSocket::takeStep()
+void AnsweringCourt::takeStep()
 {
     const QByteArray step = steps.takeFirst();
     if (steps.isEmpty())
         turns.stop();
     if (step.isEmpty()) {
-        Q_EMIT SendComplete();
+        Q_EMIT socket->SendComplete();
         return;
     }
     owes = owes || (silent && step.startsWith('|'));
     if (!owes)
-        Arrive(step);
+        socket->Arrive(step);
 }

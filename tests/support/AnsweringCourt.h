@@ -1,38 +1,43 @@
 #pragma once
 
-#include "support/FakeSocket.h"
-
+#include <QByteArrayList>
+#include <QObject>
 #include <QStringList>
 #include <QTimer>
 
 #include <functional>
 
-/// A network whose court answers every request alike. One thing happens a turn of the event loop: a
-/// send is complete, or a token arrives, the end mark in two pieces. A request to stop it takes
-/// note of: the replies come all the same, as from a court that was nearly done.
-class AnsweringSocket : public FakeSocket
+class FakeSocket;
+class ServerSocket;
+
+/// The court behind a FakeSocket that answers every request alike. One thing happens a turn of the
+/// event loop: a send is complete, or a token arrives, the end mark in two pieces. A request to
+/// stop it takes note of: the replies come all the same, as from a court that was nearly done.
+class AnsweringCourt : public QObject
 {
     Q_OBJECT
 public:
     /// The tokens that answer a frame.
     using Answers = std::function<QStringList(const QByteArray &frame)>;
 
-    explicit AnsweringSocket(QObject *parent);
-
-    /// From now on frmWinsock makes these. `onRequest` is called at every request, before its
-    /// answer.
+    /// From now on there is one behind every socket that frmWinsock makes. `onRequest` is called at
+    /// every request, before its answer.
     static void Install(const Answers &answers, const std::function<void()> &onRequest);
+    /// The court behind this socket.
+    static AnsweringCourt *Behind(ServerSocket *socket);
 
     /// From now on nothing comes but the rest of a token.
     void FallSilent() { silent = true; }
     /// Something that the court had to say has not come.
     bool OwesAnswers() const { return owes; }
 
-    void SendData(const QByteArray &data) override;
-
 private:
+    explicit AnsweringCourt(FakeSocket *socket);
+
+    void hear(const QByteArray &frame);
     void takeStep();
 
+    FakeSocket *socket;
     QTimer turns;
     QByteArrayList steps;
     bool silent = false;

@@ -14,10 +14,12 @@ namespace {
 QPointer<FakeSocket> newest;
 }
 
-void FakeSocket::Install()
+void FakeSocket::Install(const std::function<void(FakeSocket *)> &prepare)
 {
-    frmWinsock::SetSocketFactory([](QObject *parent) {
+    frmWinsock::SetSocketFactory([prepare](QObject *parent) {
         newest = new FakeSocket(parent);
+        if (prepare)
+            prepare(newest);
         return newest.data();
     });
 }
@@ -29,6 +31,8 @@ FakeSocket *FakeSocket::Last()
 
 SocketState FakeSocket::State() const
 {
+    if (tellsState)
+        return tellsState();
     if (connectedAnswers <= 0)
         return state;
     --connectedAnswers;
@@ -46,6 +50,8 @@ void FakeSocket::Connect()
 {
     connectedTo.append(RemoteHost + u':' + QString::number(RemotePort));
     state = SocketState::Connecting;
+    if (dialled)
+        dialled();
     if (refuses)
         QTimer::singleShot(0, this, [this] {
             state = SocketState::Closed;
@@ -72,6 +78,8 @@ void FakeSocket::SendData(const QByteArray &data)
     if (completesSends)
         QMetaObject::invokeMethod(
             this, [this] { Q_EMIT SendComplete(); }, Qt::QueuedConnection);
+    if (heard)
+        heard(data);
 }
 
 QByteArray FakeSocket::GetData(qint64 maximum)

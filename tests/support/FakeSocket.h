@@ -4,16 +4,19 @@
 
 #include <QByteArrayList>
 
+#include <functional>
+
 /// A socket without a network: the test decides what arrives, in which pieces, whether a send ever
-/// completes, and what the state says. Install() makes every later load of frmWinsock use one.
+/// completes, and what the state says. Install() makes every later load of frmWinsock use one. It
+/// is the only one: what a test wants otherwise it says by the members below.
 class FakeSocket : public ServerSocket
 {
     Q_OBJECT
 public:
     using ServerSocket::ServerSocket;
 
-    /// From now on frmWinsock makes FakeSockets; Last() is the newest.
-    static void Install();
+    /// From now on frmWinsock makes FakeSockets, each made ready by this; Last() is the newest.
+    static void Install(const std::function<void(FakeSocket *)> &prepare = {});
     static FakeSocket *Last();
 
     QString LocalIP() const override { return localIP; }
@@ -46,6 +49,12 @@ public:
     QString localIP = QStringLiteral("192.0.2.1");
     QByteArrayList sent;
     QStringList connectedTo; ///< "host:port" of each Connect
+    /// Says the state in place of the socket.
+    std::function<SocketState()> tellsState;
+    /// Called at each Connect, before anything comes of it.
+    std::function<void()> dialled;
+    /// Called with each frame that goes out, behind the answer that was given by Answer().
+    std::function<void(const QByteArray &frame)> heard;
 
 private:
     QByteArray incoming;

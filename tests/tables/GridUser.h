@@ -3,13 +3,11 @@
 #include "core/UserStore.h"
 #include "tables/FlexGrid.h"
 #include "tables/TableTools.h"
+#include "tables/TableUser.h"
 
 #include <QApplication>
 #include <QHeaderView>
-#include <QLineEdit>
 #include <QScrollBar>
-#include <QTest>
-#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -33,17 +31,16 @@ inline GridTable DocketOf(int rows)
 }
 
 /// A window with a grid and an entry field, and a user at it.
-class GridUser
+class GridUser : public TableUser
 {
 public:
     explicit GridUser(QSize size = {600, 400}, const QString &kind = u"GridDocket"_s)
     {
-        auto *column = new QVBoxLayout(&Window);
-        column->setContentsMargins(0, 0, 0, 0);
-        Grid = new FlexGrid(&Window);
+        stack->setContentsMargins(0, 0, 0, 0);
+        Table = Grid = new FlexGrid(&Window);
         Grid->setObjectName(kind);
         Grid->setFrameShape(QFrame::NoFrame);
-        column->addWidget(Grid);
+        stack->addWidget(Grid);
         Window.resize(size);
         Window.setWindowTitle(u"Case Details"_s);
     }
@@ -56,23 +53,8 @@ public:
 
     void Show()
     {
-        Window.show();
-        QVERIFY(QTest::qWaitForWindowActive(&Window));
+        TableUser::Show();
         Grid->setFocus();
-    }
-
-    QPoint Place(int row, int column = 0) const
-    {
-        return Grid->visualRect(Grid->model()->index(row, column)).center();
-    }
-    void Click(int row, Qt::KeyboardModifiers keys = {})
-    {
-        QTest::mouseClick(Grid->viewport(), Qt::LeftButton, keys, Place(row));
-    }
-    void DoubleClick(int row, Qt::MouseButton button = Qt::LeftButton)
-    {
-        QTest::mouseClick(Grid->viewport(), Qt::LeftButton, {}, Place(row));
-        QTest::mouseDClick(Grid->viewport(), button, {}, Place(row));
     }
 
     QPoint Edge(int column) const
@@ -151,7 +133,6 @@ public:
         return Grid->MeasuredRows() == Grid->model()->rowCount() && !IsBusy();
     }
 
-    QWidget Window;
     FlexGrid *Grid;
 
 private:

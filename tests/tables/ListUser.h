@@ -2,38 +2,29 @@
 
 #include "tables/ResultListView.h"
 #include "tables/TableTools.h"
+#include "tables/TableUser.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMenu>
-#include <QTest>
-#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
 /// A window with a list and a button, and a user at it.
-class ListUser
+class ListUser : public TableUser
 {
 public:
     ListUser()
     {
-        auto *column = new QVBoxLayout(&Window);
-        List = new ResultListView(&Window);
+        Table = List = new ResultListView(&Window);
         Other = new QLineEdit(&Window);
-        column->addWidget(List);
-        column->addWidget(Other);
+        stack->addWidget(List);
+        stack->addWidget(Other);
         Window.resize(700, 400);
         Window.setWindowTitle(u"SMITH, JOHN in King County"_s);
         List->SetColumns({{u"Name"_s, 3000}, {u"Case Number"_s, 1500}, {u"Secret"_s, 30}});
-    }
-
-    void Show()
-    {
-        Window.show();
-        QVERIFY(QTest::qWaitForWindowActive(&Window));
     }
 
     /// Rows of these names, numbered from 1 on.
@@ -43,12 +34,6 @@ public:
             List->List()->AddRow({name, u"02-2-"_s + QString::number(++numbered), u"SECRET"_s});
         List->List()->Flush();
     }
-
-    void Click(int row, Qt::KeyboardModifiers keys = {}, Qt::MouseButton button = Qt::LeftButton)
-    {
-        QTest::mouseClick(List->viewport(), button, keys, Place(row));
-    }
-    QPoint Place(int row) const { return List->visualRect(List->List()->index(row, 0)).center(); }
 
     void AskForMenu(int row)
     {
@@ -70,18 +55,6 @@ public:
     QLineEdit *Field() const { return Window.findChild<QLineEdit *>(u"txtFind"_s); }
     QString Count() const { return Window.findChild<QLabel *>(u"lblFindCount"_s)->text(); }
 
-    /// The names in the rows that can be seen.
-    QStringList Names() const
-    {
-        QStringList names;
-        for (int row = 0; row < List->List()->rowCount(); ++row) {
-            if (!List->isRowHidden(row))
-                names.append(List->List()->Cell(row, 0));
-        }
-        return names;
-    }
-
-    QWidget Window;
     ResultListView *List;
     QLineEdit *Other;
 

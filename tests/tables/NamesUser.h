@@ -3,12 +3,10 @@
 #include "tables/FlexGrid.h"
 #include "tables/ResultListView.h"
 #include "tables/TableTools.h"
+#include "tables/TableUser.h"
 
 #include <QApplication>
 #include <QClipboard>
-#include <QLineEdit>
-#include <QTest>
-#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -18,17 +16,16 @@ inline const QStringList fiveNames{u"SMITH, A"_s, u"JONES, B"_s, u"SMITH, C"_s, 
                                    u"SMITH, E"_s};
 
 /// A window with one table of one column, and a user at it.
-class TableUser
+class NamesUser : public TableUser
 {
 public:
-    explicit TableUser(bool isGrid)
+    explicit NamesUser(bool isGrid)
     {
-        auto *column = new QVBoxLayout(&Window);
         if (isGrid)
             Table = Grid = new FlexGrid(&Window);
         else
             Table = List = new ResultListView(&Window);
-        column->addWidget(Table);
+        stack->addWidget(Table);
         Window.resize(400, 400);
         Window.setWindowTitle(u"names"_s);
         if (List)
@@ -61,14 +58,6 @@ public:
     }
     TableTools *Tools() const { return Grid ? Grid->Tools() : List->Tools(); }
 
-    QPoint Place(int row) const
-    {
-        return Table->visualRect(Table->model()->index(row, 0)).center();
-    }
-    void Click(int row, Qt::KeyboardModifiers keys = {}) const
-    {
-        QTest::mouseClick(Table->viewport(), Qt::LeftButton, keys, Place(row));
-    }
     void Drag(int from, int to) const
     {
         QTest::mousePress(Table->viewport(), Qt::LeftButton, {}, Place(from));
@@ -102,16 +91,6 @@ public:
         return opened;
     }
 
-    QStringList InSight() const
-    {
-        QStringList inSight;
-        for (int row = 0; row < Table->model()->rowCount(); ++row) {
-            if (!Table->isRowHidden(row))
-                inSight.append(Table->model()->index(row, 0).data().toString());
-        }
-        return inSight;
-    }
-
     /// The rows that are selected by all that Qt knows.
     QString Selected() const
     {
@@ -123,8 +102,6 @@ public:
         return rows.join(u' ');
     }
 
-    QWidget Window;
-    QTableView *Table = nullptr;
     ResultListView *List = nullptr;
     FlexGrid *Grid = nullptr;
 };

@@ -120,7 +120,7 @@ void tst_FindBar::theKeyIsHeardFromTheListsNeighbours()
     user->Other->setFocus();
     user->Find(u"jones"_s);
     QCOMPARE(user->Other->text(), QString());
-    QCOMPARE(user->Names(), QStringList{u"JONES, MARY"_s});
+    QCOMPARE(user->InSight(), QStringList{u"JONES, MARY"_s});
 }
 
 void tst_FindBar::openingAgainMarksTheText()
@@ -139,7 +139,7 @@ void tst_FindBar::typingShowsTheRowsThatMatch()
     QCOMPARE(user->Count(), u"3 of 4 shown"_s);
     QTest::keyClicks(user->Field(), u"ith"_s);
     QCOMPARE(user->Count(), u"2 of 4 shown"_s);
-    QCOMPARE(user->Names(), QStringList({u"SMITH, JOHN"_s, u"Smith & Sons"_s}));
+    QCOMPARE(user->InSight(), QStringList({u"SMITH, JOHN"_s, u"Smith & Sons"_s}));
     QTest::keyClick(user->Field(), Qt::Key_Backspace);
     QTest::keyClick(user->Field(), Qt::Key_Backspace);
     QTest::keyClick(user->Field(), Qt::Key_Backspace);
@@ -184,7 +184,7 @@ void tst_FindBar::escapeInTheFieldShowsAll()
     user->Find(u"jones"_s);
     QTest::keyClick(user->Field(), Qt::Key_Escape);
     QVERIFY(!user->Bar()->isVisible());
-    QCOMPARE(user->Names().size(), 4);
+    QCOMPARE(user->InSight().size(), 4);
     QVERIFY(user->List->hasFocus());
     user->Find({});
     QCOMPARE(user->Field()->text(), QString());
@@ -196,7 +196,7 @@ void tst_FindBar::escapeInTheListShowsAll()
     user->List->setFocus();
     QTest::keyClick(user->List, Qt::Key_Escape);
     QVERIFY(!user->Bar()->isVisible());
-    QCOMPARE(user->Names().size(), 4);
+    QCOMPARE(user->InSight().size(), 4);
 }
 
 void tst_FindBar::escapeWithoutTheBarIsNotTaken()
@@ -212,7 +212,7 @@ void tst_FindBar::theCloseButtonShowsAll()
     user->Find(u"jones"_s);
     user->Bar()->findChild<QToolButton *>(u"cmdCloseFind"_s)->click();
     QVERIFY(!user->Bar()->isVisible());
-    QCOMPARE(user->Names().size(), 4);
+    QCOMPARE(user->InSight().size(), 4);
 }
 
 void tst_FindBar::returnGoesToTheFirstRowShown()
@@ -250,7 +250,7 @@ void tst_FindBar::rowsThatStreamInAreSifted()
     QVERIFY(user->List->isRowHidden(4));
     QVERIFY(!user->List->isRowHidden(5));
     QTest::keyClick(user->Field(), Qt::Key_Escape);
-    QCOMPARE(user->Names().size(), 6);
+    QCOMPARE(user->InSight().size(), 6);
 }
 
 void tst_FindBar::aChangedCellIsLookedAtAgain()
@@ -259,7 +259,7 @@ void tst_FindBar::aChangedCellIsLookedAtAgain()
     QCOMPARE(user->Count(), u"0 of 4 shown"_s);
     user->List->List()->SetCell(1, 1, u">>02-2-2"_s);
     QCOMPARE(user->Count(), u"1 of 4 shown"_s);
-    QCOMPARE(user->Names(), QStringList{u"SMYTHE, JOAN"_s});
+    QCOMPARE(user->InSight(), QStringList{u"SMYTHE, JOAN"_s});
 }
 
 void tst_FindBar::rowNumbersStayTheEngines()
@@ -335,7 +335,7 @@ void tst_FindBar::aClearedModel()
     QCOMPARE(user->Count(), u"0 of 0 shown"_s);
     user->Fill({u"JONES"_s, u"SMITH"_s});
     QCOMPARE(user->Count(), u"1 of 2 shown"_s);
-    QCOMPARE(user->Names(), QStringList{u"SMITH"_s});
+    QCOMPARE(user->InSight(), QStringList{u"SMITH"_s});
 }
 
 void tst_FindBar::hiddenRowsAreNoLongerSelected()

@@ -1,8 +1,8 @@
 #include "controls/SaveDialog.h"
 #include "support/HalvaneTest.h"
 #include "support/TestFolder.h"
+#include "tables/NamesUser.h"
 #include "tables/RowFilter.h"
-#include "tables/TableUser.h"
 
 #include <QFile>
 
@@ -18,7 +18,7 @@ struct Command
 {
     const char *name;
     bool ofLists; ///< grids do not have it
-    QStringList (*act)(const TableUser &user, const QString &file);
+    QStringList (*act)(const NamesUser &user, const QString &file);
 };
 
 QStringList linesOf(const QString &text)
@@ -28,19 +28,19 @@ QStringList linesOf(const QString &text)
 
 const std::array<Command, 7> commands{{
     {"Ctrl+C", false,
-     [](const TableUser &user, const QString &) {
+     [](const NamesUser &user, const QString &) {
          QApplication::clipboard()->clear();
          QTest::keySequence(user.Table, QKeySequence::Copy);
          return linesOf(QApplication::clipboard()->text());
      }},
     {"copy", false,
-     [](const TableUser &user, const QString &) { return linesOf(user.Copied(u"mnuListCopy"_s)); }},
+     [](const NamesUser &user, const QString &) { return linesOf(user.Copied(u"mnuListCopy"_s)); }},
     {"copy with headers", false,
-     [](const TableUser &user, const QString &) {
+     [](const NamesUser &user, const QString &) {
          return linesOf(user.Copied(u"mnuListCopyHeaders"_s)).mid(1);
      }},
     {"export", false,
-     [](const TableUser &user, const QString &file) {
+     [](const NamesUser &user, const QString &file) {
          ReplaceSaveDialog([file](const QString &) { return file; });
          user.Trigger(u"mnuListExport"_s);
          QFile written(file);
@@ -50,21 +50,21 @@ const std::array<Command, 7> commands{{
                        : QStringList();
      }},
     {"Enter", false,
-     [](const TableUser &user, const QString &) {
+     [](const NamesUser &user, const QString &) {
          // The cursor of a grid stands nowhere at first.
          if (user.Grid)
              QTest::keyClick(user.Table, Qt::Key_Down);
          return user.Opened([&] { QTest::keyClick(user.Table, Qt::Key_Return); });
      }},
     {"double click", false,
-     [](const TableUser &user, const QString &) {
+     [](const NamesUser &user, const QString &) {
          return user.Opened([&] {
              for (int y = 2; y < user.Table->viewport()->height(); y += 6)
                  QTest::mouseDClick(user.Table->viewport(), Qt::LeftButton, {}, {20, y});
          });
      }},
     {"Space", true,
-     [](const TableUser &user, const QString &) {
+     [](const NamesUser &user, const QString &) {
          QTest::keyClick(user.Table, Qt::Key_Space);
          QStringList checked;
          for (const int row : user.List->List()->CheckedRows())
@@ -78,10 +78,10 @@ struct Before
 {
     const char *name;
     bool ofLists;
-    void (*happen)(const TableUser &user);
+    void (*happen)(const NamesUser &user);
 };
 
-void sortBackwards(const TableUser &user)
+void sortBackwards(const NamesUser &user)
 {
     std::vector<QString> keys;
     keys.reserve(user.List->List()->Count());
@@ -92,36 +92,36 @@ void sortBackwards(const TableUser &user)
 
 const std::array<Before, 6> befores{{
     {"selected and then hidden", false,
-     [](const TableUser &user) {
+     [](const NamesUser &user) {
          user.Table->selectAll();
          user.Find(u"smith"_s);
      }},
     {"hidden and then selected", false,
-     [](const TableUser &user) {
+     [](const NamesUser &user) {
          user.Find(u"smith"_s);
          user.Table->selectAll();
      }},
     {"hidden and sorted", true,
-     [](const TableUser &user) {
+     [](const NamesUser &user) {
          user.Find(u"smith"_s);
          user.Table->selectAll();
          sortBackwards(user);
      }},
     {"rows arrive", true,
-     [](const TableUser &user) {
+     [](const NamesUser &user) {
          user.Find(u"smith"_s);
          user.Table->selectAll();
          user.Fill({u"BROWN"_s, u"SMITHERS"_s});
      }},
     {"rows arrive and are sorted", true,
-     [](const TableUser &user) {
+     [](const NamesUser &user) {
          user.Table->selectAll();
          user.Find(u"smith"_s);
          user.Fill({u"BROWN"_s, u"SMITHERS"_s});
          sortBackwards(user);
      }},
     {"another table comes", false,
-     [](const TableUser &user) {
+     [](const NamesUser &user) {
          user.Find(u"smith"_s);
          user.Fill({u"JONES, F"_s, u"SMITH, G"_s});
          user.Table->selectAll();
@@ -176,7 +176,7 @@ void tst_HiddenRowCommands::everyCommandActsOnRowsInSight()
     QFETCH(bool, isGrid);
     QFETCH(int, command);
     QFETCH(int, before);
-    const TableUser user(isGrid);
+    const NamesUser user(isGrid);
     if (user.List)
         user.List->List()->SetCheckBoxes(true);
     befores.at(static_cast<size_t>(before)).happen(user);
@@ -191,7 +191,7 @@ void tst_HiddenRowCommands::everyCommandActsOnRowsInSight()
 void tst_HiddenRowCommands::commandsOnSelectedRows()
 {
     QFETCH(bool, isGrid);
-    const TableUser user(isGrid);
+    const NamesUser user(isGrid);
     user.Table->selectAll();
     user.Find(u"smith"_s);
     QCOMPARE(user.Copied(u"mnuListCopy"_s), u"SMITH, A\nSMITH, C\nSMITH, E"_s);
@@ -214,7 +214,7 @@ void tst_HiddenRowCommands::commandsOnSelectedRows()
 void tst_HiddenRowCommands::commandsOnOneRow()
 {
     QFETCH(bool, isGrid);
-    const TableUser user(isGrid);
+    const NamesUser user(isGrid);
     QList<int> opened;
     if (user.Grid)
         connect(user.Grid, &FlexGrid::RowActivated, this, [&](int row) { opened.append(row - 1); });
@@ -238,7 +238,7 @@ void tst_HiddenRowCommands::commandsOnOneRow()
 void tst_HiddenRowCommands::theMenuWithNothingInSight()
 {
     QFETCH(bool, isGrid);
-    const TableUser user(isGrid);
+    const NamesUser user(isGrid);
     user.Click(3);
     user.Find(u"nobody"_s);
     QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), QPoint());

@@ -1,7 +1,7 @@
 #include "support/HalvaneTest.h"
 #include "support/ProcessorTime.h"
+#include "tables/NamesUser.h"
 #include "tables/RowFilter.h"
-#include "tables/TableUser.h"
 
 #include <QSignalSpy>
 
@@ -16,42 +16,42 @@ namespace {
 struct Way
 {
     const char *name;
-    void (*select)(const TableUser &user);
+    void (*select)(const NamesUser &user);
     QStringView selected;
 };
 const std::array<Way, 11> ways{{
     {"Ctrl+A",
-     [](const TableUser &user) { QTest::keySequence(user.Table, QKeySequence::SelectAll); },
+     [](const NamesUser &user) { QTest::keySequence(user.Table, QKeySequence::SelectAll); },
      u"0 2 4"},
-    {"select all", [](const TableUser &user) { user.Table->selectAll(); }, u"0 2 4"},
+    {"select all", [](const NamesUser &user) { user.Table->selectAll(); }, u"0 2 4"},
     {"Shift+click",
-     [](const TableUser &user) {
+     [](const NamesUser &user) {
          user.Click(0);
          user.Click(4, Qt::ShiftModifier);
      },
      u"0 2 4"},
     {"Shift+arrow",
-     [](const TableUser &user) {
+     [](const NamesUser &user) {
          user.Click(0);
          QTest::keyClick(user.Table, Qt::Key_Down, Qt::ShiftModifier);
      },
      u"0 2"},
     {"Shift+End",
-     [](const TableUser &user) {
+     [](const NamesUser &user) {
          user.Click(2);
          QTest::keyClick(user.Table, Qt::Key_PageDown, Qt::ShiftModifier);
      },
      u"2 4"},
-    {"a drag", [](const TableUser &user) { user.Drag(0, 4); }, u"0 2 4"},
+    {"a drag", [](const NamesUser &user) { user.Drag(0, 4); }, u"0 2 4"},
     {"Ctrl+click and Shift+Ctrl+click",
-     [](const TableUser &user) {
+     [](const NamesUser &user) {
          user.Click(4, Qt::ControlModifier);
          user.Click(0, Qt::ControlModifier | Qt::ShiftModifier);
      },
      u"0 2 4"},
-    {"a row by the program", [](const TableUser &user) { user.Table->selectRow(1); }, u""},
+    {"a row by the program", [](const NamesUser &user) { user.Table->selectRow(1); }, u""},
     {"all rows by the program",
-     [](const TableUser &user) {
+     [](const NamesUser &user) {
          const QAbstractItemModel *model = user.Table->model();
          user.Table->selectionModel()->select(
              QItemSelection(model->index(0, 0), model->index(4, 0)),
@@ -59,7 +59,7 @@ const std::array<Way, 11> ways{{
      },
      u"0 2 4"},
     {"turning them by the program",
-     [](const TableUser &user) {
+     [](const NamesUser &user) {
          const QAbstractItemModel *model = user.Table->model();
          user.Click(2);
          user.Table->selectionModel()->select(
@@ -68,7 +68,7 @@ const std::array<Way, 11> ways{{
      },
      u"0 4"},
     {"the cursor by the program",
-     [](const TableUser &user) { user.Table->setCurrentIndex(user.Table->model()->index(3, 0)); },
+     [](const NamesUser &user) { user.Table->setCurrentIndex(user.Table->model()->index(3, 0)); },
      u""},
 }};
 
@@ -114,7 +114,7 @@ void tst_HiddenRows::noWaySelectsThem()
 {
     QFETCH(bool, isGrid);
     QFETCH(int, way);
-    const TableUser user(isGrid);
+    const NamesUser user(isGrid);
     user.Find(u"smith"_s);
     const Way &one = ways.at(static_cast<size_t>(way));
     one.select(user);
@@ -129,7 +129,7 @@ void tst_HiddenRows::noWaySelectsThem()
 void tst_HiddenRows::whatIsHiddenLaterIsGivenUp()
 {
     QFETCH(bool, isGrid);
-    const TableUser user(isGrid);
+    const NamesUser user(isGrid);
     user.Click(0);
     user.Click(3, Qt::ShiftModifier);
     QCOMPARE(user.Selected(), u"0 1 2 3"_s);
@@ -147,7 +147,7 @@ void tst_HiddenRows::whatIsHiddenLaterIsGivenUp()
 void tst_HiddenRows::goingToTheTableKeepsWhatIsSelected()
 {
     QFETCH(bool, isGrid);
-    const TableUser user(isGrid);
+    const NamesUser user(isGrid);
     user.Click(1);
     user.Click(4, Qt::ShiftModifier);
     user.Click(3, Qt::ControlModifier);
@@ -165,7 +165,7 @@ void tst_HiddenRows::goingToTheTableKeepsWhatIsSelected()
 void tst_HiddenRows::shiftGoesOnFromTheCurrentRow()
 {
     QFETCH(bool, isGrid);
-    const TableUser user(isGrid);
+    const NamesUser user(isGrid);
     // Of rows 1 to 2 the one at which the selection began is hidden.
     user.Click(1);
     user.Click(2, Qt::ShiftModifier);
@@ -178,7 +178,7 @@ void tst_HiddenRows::shiftGoesOnFromTheCurrentRow()
 void tst_HiddenRows::lettersDoNotLeadThere()
 {
     QFETCH(bool, isGrid);
-    const TableUser user(isGrid);
+    const NamesUser user(isGrid);
     user.Find(u"smith"_s);
     user.Click(2);
     QTest::keyClick(user.Table, 'j');
@@ -194,7 +194,7 @@ void tst_HiddenRows::lettersDoNotLeadThere()
 
 void tst_HiddenRows::aRowThatChanges()
 {
-    const TableUser user(false);
+    const NamesUser user(false);
     user.Find(u"smith"_s);
     user.Table->selectAll();
     user.List->setCurrentIndex(user.List->List()->index(2, 0));
@@ -215,7 +215,7 @@ void tst_HiddenRows::aRowThatChanges()
 
 void tst_HiddenRows::aSortedList()
 {
-    const TableUser user(false);
+    const NamesUser user(false);
     user.Find(u"smith"_s);
     user.Table->selectAll();
     user.Click(2, Qt::ControlModifier);
@@ -235,7 +235,7 @@ void tst_HiddenRows::aSortedList()
 
 void tst_HiddenRows::rowsThatArrive()
 {
-    const TableUser user(false);
+    const NamesUser user(false);
     user.Find(u"smith"_s);
     user.Table->selectAll();
     user.Fill({u"BROWN"_s, u"SMITHERS"_s});
@@ -250,7 +250,7 @@ void tst_HiddenRows::rowsThatArrive()
 
 void tst_HiddenRows::theSpaceBar()
 {
-    const TableUser user(false);
+    const NamesUser user(false);
     user.List->List()->SetCheckBoxes(true);
     user.Find(u"smith"_s);
     QTest::keySequence(user.Table, QKeySequence::SelectAll);
@@ -270,7 +270,7 @@ void tst_HiddenRows::theSpaceBar()
 
 void tst_HiddenRows::theSpaceBarWithTheCursorNowhere()
 {
-    const TableUser user(false);
+    const NamesUser user(false);
     user.List->List()->SetCheckBoxes(true);
     user.Find(u"jones"_s);
     QTest::keyClick(user.Table, Qt::Key_Space);
@@ -282,7 +282,7 @@ void tst_HiddenRows::theSpaceBarWithTheCursorNowhere()
 
 void tst_HiddenRows::theSelectedRowIsReported()
 {
-    const TableUser user(false);
+    const NamesUser user(false);
     user.Click(3);
     QList<int> reported;
     connect(user.List, &ResultListView::SelectedRowChanged, this,
@@ -296,7 +296,7 @@ void tst_HiddenRows::theSelectedRowIsReported()
 
 void tst_HiddenRows::theButtonOfTheRowKeepsTheFocus()
 {
-    const TableUser user(false);
+    const NamesUser user(false);
     user.Click(1);
     user.Click(2, Qt::ShiftModifier);
     // At no moment between is nothing selected: a button that were turned off for it would lose
@@ -312,7 +312,7 @@ void tst_HiddenRows::theButtonOfTheRowKeepsTheFocus()
 
 void tst_HiddenRows::anotherTableOfTheGrid()
 {
-    const TableUser user(true);
+    const NamesUser user(true);
     user.Find(u"smith"_s);
     user.Table->selectAll();
     user.Fill({u"JONES, A"_s, u"SMITH, B"_s});
@@ -326,7 +326,7 @@ void tst_HiddenRows::hundredThousandRows()
     constexpr int rows = 100'000;
     // Of the processor. Each of fifty thousand ranges compared with each takes thirty.
     constexpr double mostSeconds = 10;
-    const TableUser user(false);
+    const NamesUser user(false);
     QStringList many;
     for (int i = 0; i < rows; ++i)
         many.append(i % 2 == 0 ? u"SMITH %1"_s.arg(i % 3) : u"JONES"_s);
