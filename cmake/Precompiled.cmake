@@ -26,6 +26,12 @@ function(halvane_precompile)
   endforeach()
 endfunction()
 
+# halvane_stand_alone(<source>...): where several sources are compiled as one (CMAKE_UNITY_BUILD),
+# these are not among them, since they have names of their own that others of the folder have, too.
+function(halvane_stand_alone)
+  set_source_files_properties(${ARGN} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+endfunction()
+
 if(HALVANE_PCH)
   # Qt Test would name the folder of each target in its compile line, for the sake of files that are
   # found beside a test. None is here, and a header compiled for one line does not fit another.
