@@ -72,8 +72,8 @@ void ProgramTest::BeginSession()
 
 QString ProgramTest::SearchRequest()
 {
-    return u"WASUP\u00A6SEARCH\u00A6SMITH\u00A6JOHN\u00A6Q\u00A6\u00A6King,\u00A6"
-           "Civil,Criminal,\u00A6\u00A6\u00A6"_s;
+    return u"WASUP¦SEARCH¦SMITH¦JOHN¦Q¦¦King,¦"
+           "Civil,Criminal,¦¦¦"_s;
 }
 
 void ProgramTest::FillForm()

@@ -21,11 +21,11 @@ QString withoutBars(QString text)
 bool isRequest(const QString &text)
 {
     static const QRegularExpression keyword(
-        u"^\u00A6?(LOGON|GETINIVAL|GETMSG|GET_PRIV_MSG|COURT_STATUS|GETCLIENTACCTGOPT|WASUPDOC|"
+        u"^¦?(LOGON|GETINIVAL|GETMSG|GET_PRIV_MSG|COURT_STATUS|GETCLIENTACCTGOPT|WASUPDOC|"
         u"WASUP"
-        "|OREGON|IDSUP|WADISCIS|INDEX|BKRPT|STOP|IMALIVE)[A-Z_]*([\u00A6~@]|$)"_s);
+        "|OREGON|IDSUP|WADISCIS|INDEX|BKRPT|STOP|IMALIVE)[A-Z_]*([¦~@]|$)"_s);
     static const QStringList families{u"INDEX~"_s, u"BKRPT~"_s, u"OREGON@"_s};
-    static const QRegularExpression delimiter(u"[\u00A6~@]"_s);
+    static const QRegularExpression delimiter(u"[¦~@]"_s);
     return text.contains(keyword) && text.contains(delimiter) && !families.contains(text);
 }
 } // namespace

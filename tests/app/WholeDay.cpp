@@ -64,23 +64,23 @@ constexpr char16_t washington[] = u"WA";
 constexpr char16_t oregon[] = u"OR";
 constexpr char16_t idaho[] = u"ID";
 
-/// A search and its request line, with "/" for the broken bar.
+/// A search and its request line.
 struct DaySearch
 {
     NameResultsWindow *(*make)();
     const char16_t *line;
 };
 constexpr std::array<DaySearch, 10> daySearches{{
-    {makeState<washington>, u"WASUP/SEARCH/SMITH/JOHN/Q//King,/Civil,Criminal,///"},
-    {makeState<washington>, u"WASUP/SEARCH/TOOMANY////King,/Civil,///"},
-    {makeState<washington>, u"WASUP/SEARCH/BADROW////King,/Civil,///"},
-    {makeState<oregon>, u"OREGON/SEARCH/SMITH/JOHN/Q//MCR C/CV,DO,/1990/2008/"},
-    {makeState<idaho>, u"IDSUP/SEARCH/SMITH/JOHN/Q//*ALL/CR,///"},
+    {makeState<washington>, u"WASUP¦SEARCH¦SMITH¦JOHN¦Q¦¦King,¦Civil,Criminal,¦¦¦"},
+    {makeState<washington>, u"WASUP¦SEARCH¦TOOMANY¦¦¦¦King,¦Civil,¦¦¦"},
+    {makeState<washington>, u"WASUP¦SEARCH¦BADROW¦¦¦¦King,¦Civil,¦¦¦"},
+    {makeState<oregon>, u"OREGON¦SEARCH¦SMITH¦JOHN¦Q¦¦MCR C¦CV,DO,¦1990¦2008¦"},
+    {makeState<idaho>, u"IDSUP¦SEARCH¦SMITH¦JOHN¦Q¦¦*ALL¦CR,¦¦¦"},
     {makeIndex, u"INDEX~SEARCH~SMITH~JOHN~Q~~King,~Criminal,Judgment,~1970~2005~LL=1~UL=500~"},
     {makeBankruptcy, u"BKRPT~SEARCH~SMITH~JOHN~Q~~OR~*ALL~1980~2005~"},
-    {makeDistrict<frmDiscisNameResults>, u"WADISCIS/SEARCH/SMITH/JOHN/Q/KSD/CV/CNCI/"},
-    {makeDistrict<frmDiscisNCNameResults>, u"WADISCIS/SEARCH/SMITH/JOHN/Q/KSD/IN/CNCI/"},
-    {makeDistrict<frmDiscisNCNameResults>, u"WADISCIS/SEARCH/DUPES/JOHN//*SW/IN/SNCI/"},
+    {makeDistrict<frmDiscisNameResults>, u"WADISCIS¦SEARCH¦SMITH¦JOHN¦Q¦KSD¦CV¦CNCI¦"},
+    {makeDistrict<frmDiscisNCNameResults>, u"WADISCIS¦SEARCH¦SMITH¦JOHN¦Q¦KSD¦IN¦CNCI¦"},
+    {makeDistrict<frmDiscisNCNameResults>, u"WADISCIS¦SEARCH¦DUPES¦JOHN¦¦*SW¦IN¦SNCI¦"},
 }};
 
 /// What a case does that is not found by a search.
@@ -293,8 +293,7 @@ void WholeDay::openSearch()
 {
     const DaySearch &kind = daySearches.at(static_cast<size_t>(below(daySearches.size())));
     NameResultsWindow *window = kind.make();
-    const QString line = QString::fromUtf16(kind.line);
-    user.Desk.Enqueue(window, {line.contains(u'~') ? line : Wire(line)});
+    user.Desk.Enqueue(window, {QString::fromUtf16(kind.line)});
     start(window);
 }
 

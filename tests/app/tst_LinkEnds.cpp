@@ -14,8 +14,8 @@
 
 namespace {
 /// What a login asks, in this order.
-const QStringList loginRequests{u"LOGON\u00A6paralegal\u00A6secret\u00A6AppVer-9.00\u00A6"_s,
-                                u"GETINIVAL\u00A6"_s, u"GETMSG\u00A6"_s, u"GETCLIENTACCTGOPT~"_s};
+const QStringList loginRequests{u"LOGON¦paralegal¦secret¦AppVer-9.00¦"_s, u"GETINIVAL¦"_s,
+                                u"GETMSG¦"_s, u"GETCLIENTACCTGOPT~"_s};
 
 bool isEnabled(const QString &action)
 {

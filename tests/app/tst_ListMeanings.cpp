@@ -14,7 +14,7 @@
 namespace {
 constexpr int longestSearchMilliseconds = 60'000;
 
-/// A family of courts: its window and a request of it for %1, with "/" for the broken bar.
+/// A family of courts: its window and a request of it for %1.
 struct Family
 {
     const char *name;
@@ -25,16 +25,16 @@ struct Family
 
 constexpr std::array<Family, 6> families{{
     {"Superior", [] { return static_cast<NameResultsWindow *>(new frmNameSearchResults(u"WA"_s)); },
-     u"WASUP/SEARCH/%1///King,/Civil,///", false},
+     u"WASUP¦SEARCH¦%1¦¦¦King,¦Civil,¦¦¦", false},
     {"Oregon", [] { return static_cast<NameResultsWindow *>(new frmNameSearchResults(u"OR"_s)); },
-     u"OREGON/SEARCH/%1///MCR C/CV,///", false},
+     u"OREGON¦SEARCH¦%1¦¦¦MCR C¦CV,¦¦¦", false},
     {"Idaho", [] { return static_cast<NameResultsWindow *>(new frmNameSearchResults(u"ID"_s)); },
-     u"IDSUP/SEARCH/%1///Ada,/CV,///", false},
+     u"IDSUP¦SEARCH¦%1¦¦¦Ada,¦CV,¦¦¦", false},
     {"Bankruptcy",
      [] { return static_cast<NameResultsWindow *>(new frmNameSearchResults(u"ORBK"_s)); },
      u"BKRPT~SEARCH~%1~~~OR~*ALL~1980~2026~", false},
-    {"civil", [] { return MakeWindow(Which::Civil); }, u"WADISCIS/SEARCH/%1//KSD/CV/CNCI/", true},
-    {"non-civil", [] { return MakeWindow(Which::NonCivil); }, u"WADISCIS/SEARCH/%1//KSD/IN/CNCI/",
+    {"civil", [] { return MakeWindow(Which::Civil); }, u"WADISCIS¦SEARCH¦%1¦¦KSD¦CV¦CNCI¦", true},
+    {"non-civil", [] { return MakeWindow(Which::NonCivil); }, u"WADISCIS¦SEARCH¦%1¦¦KSD¦IN¦CNCI¦",
      true},
 }};
 
@@ -45,7 +45,7 @@ enum class End { Completed, MaxNames, MaxResults, Incomplete, Stopped, Lost };
 
 struct Meaning
 {
-    const char *words; ///< last and first name
+    const char *words; ///< last and first name, a blank between them
     End end;
     End inDistrictCourts;
     int rows;        ///< that the status counts, or that are there when it does not
@@ -53,16 +53,16 @@ struct Meaning
 };
 
 constexpr std::array<Meaning, 10> meanings{{
-    {"TOOMANY/", End::MaxNames, End::Incomplete, 25, 0},
-    {"OVER200/", End::MaxResults, End::MaxResults, 200, 1},
-    {"OVER200/NONE", End::MaxResults, End::MaxResults, 0, 2},
-    {"BADROW/", End::Incomplete, End::Incomplete, 6, 0},
-    {"THEREOF/", End::Completed, End::Completed, 5, 0},
-    {"STALL/", End::Stopped, End::Stopped, 5, 0},
-    {"DROPLINK/", End::Lost, End::Lost, 5, 0},
-    {"EMPTY/", End::Completed, End::Completed, 0, 0},
-    {"MANY/500", End::Completed, End::Completed, 500, 0},
-    {"PAGES/30", End::Completed, End::Completed, 30, 0},
+    {"TOOMANY ", End::MaxNames, End::Incomplete, 25, 0},
+    {"OVER200 ", End::MaxResults, End::MaxResults, 200, 1},
+    {"OVER200 NONE", End::MaxResults, End::MaxResults, 0, 2},
+    {"BADROW ", End::Incomplete, End::Incomplete, 6, 0},
+    {"THEREOF ", End::Completed, End::Completed, 5, 0},
+    {"STALL ", End::Stopped, End::Stopped, 5, 0},
+    {"DROPLINK ", End::Lost, End::Lost, 5, 0},
+    {"EMPTY ", End::Completed, End::Completed, 0, 0},
+    {"MANY 500", End::Completed, End::Completed, 500, 0},
+    {"PAGES 30", End::Completed, End::Completed, 30, 0},
 }};
 
 QString statusOf(End end, int rows)
@@ -161,10 +161,9 @@ void tst_ListMeanings::inEachFamily()
     const Family &asked = families.at(static_cast<size_t>(family));
     const Meaning &expected = meanings.at(static_cast<size_t>(meaning));
     NameResultsWindow *window = asked.make();
-    const bool tildes = QStringView(asked.line).startsWith(u"BKRPT");
-    QString line = QString::fromUtf16(asked.line).arg(QString::fromLatin1(expected.words));
-    line = tildes ? line.replace(u'/', u'~') : Wire(line);
-    start(window, line);
+    const QString line = QString::fromUtf16(asked.line);
+    const QChar delimiter = line.back();
+    start(window, line.arg(QString::fromLatin1(expected.words).replace(u' ', delimiter)));
     const End end = asked.district ? expected.inDistrictCourts : expected.end;
     if (end == End::Stopped)
         user->Desk.When([&] { return window->RowCount() == expected.rows; },
@@ -250,7 +249,7 @@ void tst_ListMeanings::peopleOfOneName()
     QFETCH(int, cases);
     auto *window =
         new frmDiscisNCNameResults(search == u"DND" ? DiscisDndSearch::Yes : DiscisDndSearch::No);
-    start(window, Wire(u"WADISCIS/SEARCH/%1///*SW/IN/%2/"_s.arg(name, search)));
+    start(window, u"WADISCIS¦SEARCH¦%1¦¦¦*SW¦IN¦%2¦"_s.arg(name, search));
     QVERIFY(waitForTheEnd(window));
     QCOMPARE(NamesOf(window).size(), 5);
     QCOMPARE(window->RowCount(), cases);

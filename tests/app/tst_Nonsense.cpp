@@ -172,7 +172,7 @@ void tst_Nonsense::aPingInsideAReplyLosesIt()
     court->Expect(RequestLine()).ReplyBytes("|DIAG001|");
     desk->ConnectTo(*court);
     const frmNameSearchResults *window = desk->Start({RequestLine()});
-    desk->When([this] { return court->Requests().contains(u"IMALIVE\u00A6"_s); },
+    desk->When([this] { return court->Requests().contains(u"IMALIVE¦"_s); },
                [this] {
                    court->SendTokens({ResultLine(u"A"_s), u"EOF~"_s});
                });

@@ -56,11 +56,10 @@ void tst_TheRoad::fromTheLoginToTheRows()
     QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{window->txtMasterKey});
     QVERIFY(desk->Finish(window));
 
-    const QString bar = u"\u00A6"_s;
+    const QString bar = u"¦"_s;
     QCOMPARE(court->Requests(),
-             (QStringList{u"LOGON\u00A6paralegal\u00A6secret\u00A6AppVer-9.00\u00A6"_s,
-                          u"GETINIVAL"_s + bar, u"GETMSG"_s + bar, u"GETCLIENTACCTGOPT~"_s,
-                          SearchRequest()}));
+             (QStringList{u"LOGON¦paralegal¦secret¦AppVer-9.00¦"_s, u"GETINIVAL"_s + bar,
+                          u"GETMSG"_s + bar, u"GETCLIENTACCTGOPT~"_s, SearchRequest()}));
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete: 2 Cases Retrieved."_s);
     QCOMPARE(window->windowTitle(), u"SMITH, JOHN, Q in King County, Washington Superior Courts"_s);
     QCOMPARE(TextOf(window, "txtCountyList"), u"King County - Washington Superior Courts"_s);
@@ -187,7 +186,7 @@ void tst_TheRoad::disconnectIsRefusedWhileSearchingAndTheSearchGivesUp()
     QVERIFY(Global.bStopRequested);
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Stopped - Court Connection Lost!"_s);
     QCOMPARE(window->RowCount(), 2);
-    QVERIFY(!court->Requests().contains(u"STOP\u00A6"_s));
+    QVERIFY(!court->Requests().contains(u"STOP¦"_s));
 }
 
 void tst_TheRoad::aRefusedExitLetsTheSearchEndAndStopsWhatIsPending()
@@ -209,7 +208,7 @@ void tst_TheRoad::aRefusedExitLetsTheSearchEndAndStopsWhatIsPending()
     QVERIFY(desk->Finish(running));
     // What had begun comes to its own end: neither the court nor the user hears of a stop.
     QCOMPARE(TextOf(running, "lblStatus"), u"Search Complete: 2 Cases Retrieved."_s);
-    QVERIFY(!court->Requests().contains(u"STOP\u00A6"_s));
+    QVERIFY(!court->Requests().contains(u"STOP¦"_s));
     QVERIFY(desk->Finish(pending));
     QCOMPARE(TextOf(pending, "lblStatus"), u"Search Stopped By User .. "_s);
     QVERIFY(Main->isVisible());

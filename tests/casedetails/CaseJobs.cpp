@@ -111,5 +111,5 @@ QString DistrictLine(CaseKind kind, const QString &word)
     const QString family = kind == CaseKind::Civil ? u"CV"_s : u"IN"_s;
     return QStringList{u"WADISCIS"_s, {},   {}, {}, u"Y00012345"_s, family, u"SED"_s,
                        family,        word, {}, {}}
-        .join(u'\u00A6');
+        .join(u'¦');
 }

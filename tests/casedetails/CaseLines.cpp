@@ -36,5 +36,5 @@ QStringList CaseLines::TableForm(const QStringList &rows)
 
 QString SuperiorLine(const QString &word, const QString &number)
 {
-    return u"WASUP\u00A6"_s + word + u'\u00A6' + number + u"\u00A6King\u00A6\u00A6"_s;
+    return u"WASUP¦"_s + word + u'¦' + number + u"¦King¦¦"_s;
 }

@@ -56,9 +56,8 @@ void DistrictTest::ExpectEveryLine(CaseKind kind, const QString &number, const Q
 {
     const DistrictWindow &window = DistrictOf(kind);
     const auto line = [&](QStringView word) {
-        return u"WADISCIS////%1/%2/%3/%4/%5//"_s
-            .arg(number, type, courtCode, window.family.toString(), word.toString())
-            .replace(u'/', u'\u00A6');
+        return u"WADISCIS¦¦¦¦%1¦%2¦%3¦%4¦%5¦¦"_s.arg(number, type, courtCode,
+                                                     window.family.toString(), word.toString());
     };
     court->Expect(line(window.summaryWord)).Reply(DistrictSummary(kind) + QStringList{u"EOF~"_s});
     for (const DistrictTab &tab : window.tabs)

@@ -102,8 +102,7 @@ inline QString DistrictLineOf(CaseKind kind, QStringView word,
                               const QString &number = u"Y00012345"_s)
 {
     const QString family = DistrictOf(kind).family.toString();
-    return u"WADISCIS////%1/%2/SED/%2/%3//"_s.arg(number, family, word.toString())
-        .replace(u'/', u'\u00A6');
+    return u"WADISCIS¦¦¦¦%1¦%2¦SED¦%2¦%3¦¦"_s.arg(number, family, word.toString());
 }
 
 class DiscisCaseWindow;

@@ -36,7 +36,7 @@ QString OnDemandTest::LineOf(CaseWindowKind kind, CaseTab tab)
 {
     if (kind == CaseWindowKind::Superior) {
         if (tab == CaseTab::Documents)
-            return u"WASUPDOC\u00A6GETDOCTAB\u00A6King\u00A602-1-00123-4\u00A6"_s;
+            return u"WASUPDOC¦GETDOCTAB¦King¦02-1-00123-4¦"_s;
         return SuperiorLine(CaptionOf(tab).toUpper());
     }
     const CaseKind district = districtOf(kind);

@@ -29,7 +29,7 @@ protected:
         if (state == u"OR")
             return u"OREGON@SUMMARY,NAMES,DOCKET,@CV0100001@BAK C@"_s;
         if (state == u"ID")
-            return u"IDSUP\u00A6SUMMARY,NAMES,DOCKET,\u00A6CV-2001-1\u00A6Ada\u00A6"_s;
+            return u"IDSUP¦SUMMARY,NAMES,DOCKET,¦CV-2001-1¦Ada¦"_s;
         return u"BKRPT~SUMMARY~99-20077~"_s;
     }
 

@@ -18,7 +18,7 @@ const QStringList allTabs{u"Names"_s,    u"Docket"_s,     u"Judgments"_s, u"Char
 /// The line of a tab with the answer at the end of its county.
 QString answered(const QString &word, const QString &answer)
 {
-    return u"WASUP\u00A6"_s + word + u"\u00A602-1-00123-4\u00A6King"_s + answer + u"\u00A6\u00A6"_s;
+    return u"WASUP¦"_s + word + u"¦02-1-00123-4¦King"_s + answer + u"¦¦"_s;
 }
 } // namespace
 
@@ -62,8 +62,7 @@ void tst_CaseArbitration::expectTabs(const QString &tail)
     for (const QString &word : {u"NAMES"_s, u"DOCKET"_s, u"JUDGMENTS"_s, u"CHARGES"_s,
                                 u"SENTENCE"_s, u"ACCOUNTING"_s, u"SCHEDULE"_s})
         court->Expect(answered(word, tail)).Reply(GridDef({u"1~"_s + word + u'~'}));
-    court->Expect(u"WASUPDOC\u00A6GETDOCTAB\u00A6King\u00A602-1-00123-4\u00A6"_s)
-        .Reply({u"EOF~"_s});
+    court->Expect(u"WASUPDOC¦GETDOCTAB¦King¦02-1-00123-4¦"_s).Reply({u"EOF~"_s});
 }
 
 void tst_CaseArbitration::thePrompt()
@@ -198,7 +197,7 @@ void tst_CaseArbitration::theStatusIsInSightUnderTheQuestion()
 void tst_CaseArbitration::theAnswerGoesBeforeTheClientCode()
 {
     const auto coded = [](const QString &line) -> QString {
-        return line.chopped(1) + u"^^CAC:ACME^^\u00A6"_s;
+        return line.chopped(1) + u"^^CAC:ACME^^¦"_s;
     };
     FetchAtOnce(u"CaseSearchTabs"_s, {u"Names"_s, u"Docket"_s});
     court->Expect(coded(SuperiorLine(u"SUMMARY"_s))).Reply(question);

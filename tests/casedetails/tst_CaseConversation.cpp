@@ -6,7 +6,6 @@
 #include "core/CSetting.h"
 #include "core/GlobalState.h"
 #include "support/HalvaneTest.h"
-#include "support/Wire.h"
 
 #include <QTest>
 
@@ -37,7 +36,7 @@ QStringList superiorLines(const QStringList &words, const QString &number)
 {
     QStringList lines;
     for (const QString &word : words)
-        lines.append(word == u"DOCUMENTS" ? Wire(u"WASUPDOC/GETDOCTAB/King/"_s + number + u'/')
+        lines.append(word == u"DOCUMENTS" ? QString(u"WASUPDOC¦GETDOCTAB¦King¦"_s + number + u'¦')
                                           : SuperiorLine(word, number));
     return lines;
 }
@@ -87,7 +86,7 @@ void tst_CaseConversation::expect(const QStringList &lines, const QStringList &s
 {
     court->Expect(lines.first()).Reply(summary);
     for (const QString &line : lines.sliced(1)) {
-        const bool gridDef = line.startsWith(u"WASUP\u00A6");
+        const bool gridDef = line.startsWith(u"WASUP¦");
         court->Expect(line).Reply(gridDef ? GridDef({u"01/02/2003~A~"_s}) : listOfDocuments());
     }
 }
@@ -201,7 +200,7 @@ void tst_CaseConversation::idaho()
     QStringList lines;
     for (const QString &word :
          {u"SUMMARY,NAMES,DOCKET,"_s, u"NAMES,"_s, u"DOCKET,"_s, u"JUDGMENTS,"_s, u"CHARGES,"_s})
-        lines.append(Wire(u"IDSUP/"_s + word + u"/CV-2002-12345/Ada/"_s));
+        lines.append(QString(u"IDSUP¦"_s + word + u"¦CV-2002-12345¦Ada¦"_s));
     expect(lines, stateSummary(u"Charges,Judgments,Docket,Names"_s));
     frmCaseDetails *window = OfState(u"ID"_s, idahoNumber);
     Run(window);
@@ -233,7 +232,7 @@ void tst_CaseConversation::theSummaryCutsTheTabs()
     QStringList lines;
     for (const QString &word : QStringList{u"SUMMARY,NAMES,DOCKET,"_s} + asked)
         lines.append(state == u"OR" ? u"OREGON@"_s + word + u"@02C12345@BAK C@"_s
-                                    : Wire(u"IDSUP/"_s + word + u"/02C12345/Ada/"_s));
+                                    : QString(u"IDSUP¦"_s + word + u"¦02C12345¦Ada¦"_s));
     expect(lines, stateSummary(named));
     frmCaseDetails *window = OfState(state, oregonNumber);
     Run(window);
@@ -365,7 +364,7 @@ void tst_CaseConversation::linesAreKeptForTabsThatAreOff()
         QVERIFY(window->Tab(tab).TabNotRetrieved);
     }
     QCOMPARE(window->Tab(CaseTab::Documents).TabRequest,
-             Wire(u"WASUPDOC/GETDOCTAB/King/02-1-00123-4/"_s));
+             u"WASUPDOC¦GETDOCTAB¦King¦02-1-00123-4¦"_s);
     // This court has no such tab.
     QCOMPARE(window->Tab(CaseTab::Finance).TabRequest, QString());
 }
@@ -405,10 +404,9 @@ void tst_CaseConversation::theQueueHoldsTheLinesInTheirOrder()
 void tst_CaseConversation::theClientCodeGoesWithSummaryAndNames()
 {
     FetchAtOnce(u"CaseSearchTabs"_s, {u"Names"_s, u"Docket"_s, u"Documents"_s});
-    expect({Wire(u"WASUP/SUMMARY/02-9-00123-4/King/^^CAC:ACME 7^^/"_s),
-            Wire(u"WASUP/NAMES/02-9-00123-4/King/^^CAC:ACME 7^^/"_s),
-            Wire(u"WASUP/DOCKET/02-9-00123-4/King//"_s),
-            Wire(u"WASUPDOC/GETDOCTAB/King/02-9-00123-4/"_s)},
+    expect({u"WASUP¦SUMMARY¦02-9-00123-4¦King¦^^CAC:ACME 7^^¦"_s,
+            u"WASUP¦NAMES¦02-9-00123-4¦King¦^^CAC:ACME 7^^¦"_s,
+            u"WASUP¦DOCKET¦02-9-00123-4¦King¦¦"_s, u"WASUPDOC¦GETDOCTAB¦King¦02-9-00123-4¦"_s},
            SuperiorSummary() + QStringList{u"EOF~"_s});
     frmCaseDetails *window = Superior(u"02-9-00123-4"_s);
     window->ClientAcctgCode = u"ACME 7"_s;

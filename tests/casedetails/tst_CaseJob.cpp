@@ -59,7 +59,7 @@ void tst_CaseJob::expectTabs(const QStringList &lines, const QStringList &summar
 {
     court->Expect(lines.first()).Reply(summary);
     for (const QString &line : lines.mid(1)) {
-        const QString row = u"01/02/2003~"_s + line.section(u'\u00A6', 1, 1) + u'~';
+        const QString row = u"01/02/2003~"_s + line.section(u'¦', 1, 1) + u'~';
         court->Expect(line).Reply(tableForm ? QStringList{u"TABNAME~x~"_s, u"TABDEF~x~"_s,
                                                           u"COLDEF~Date~Entry~20~80~"_s,
                                                           u"COLALIGNMENT~L~L~"_s, row, u"EOF~"_s}
@@ -100,7 +100,7 @@ void tst_CaseJob::everyTabOfASuperiorCase()
                 superior("CHARGES"), superior("SENTENCE"), superior("ACCOUNTING"),
                 superior("SCHEDULE")},
                Whole(SuperiorSummary()), false);
-    court->Expect(u"WASUPDOC\u00A6GETDOCTAB\u00A6King\u00A602-1-00123-4\u00A6"_s)
+    court->Expect(u"WASUPDOC¦GETDOCTAB¦King¦02-1-00123-4¦"_s)
         .Reply({u"Documents n/a for: King"_s, u"EOF~"_s});
     CaseJob *job = Superior();
     Run(job);
@@ -129,9 +129,9 @@ void tst_CaseJob::everyTabOfAStateCase_data()
         return QString(u"OREGON@"_s + word + u"@CV0100001@BAK C@"_s);
     };
     const auto idaho = [](const QString &word) {
-        return QString(u"IDSUP\u00A6"_s + word
-                       + u"\u00A6CV-2001-1\u00A6"
-                         "Ada\u00A6"_s);
+        return QString(u"IDSUP¦"_s + word
+                       + u"¦CV-2001-1¦"
+                         "Ada¦"_s);
     };
     QTest::newRow("Oregon") << u"OR"_s << u"OrCaseSearchTabs"_s << u"CV0100001"_s
                             << QStringList{u"Summary"_s,   u"Names"_s,   u"Docket"_s,
@@ -306,8 +306,8 @@ void tst_CaseJob::tabsThatTheSummaryDoesNotNameGo()
 {
     FetchAtOnce(u"IdCaseSearchTabs"_s, {});
     court
-        ->Expect(u"IDSUP\u00A6SUMMARY,NAMES,DOCKET,\u00A6CV-2001-1\u00A6"
-                 "Ada\u00A6"_s)
+        ->Expect(u"IDSUP¦SUMMARY,NAMES,DOCKET,¦CV-2001-1¦"
+                 "Ada¦"_s)
         .Reply({u"summary~names~"_s, u"Court~Ada~"_s, u"Number~CV-2001-1~"_s, u"Title~A~"_s,
                 u"EOF~"_s})
         .Late();
@@ -341,7 +341,7 @@ void tst_CaseJob::theArbitrationCourt()
     QFETCH(bool, wanted);
     QFETCH(QString, answer);
     const auto answered = [&answer](const char *word) {
-        return QString(superior(word).chopped(2) + answer + u"\u00A6\u00A6"_s);
+        return QString(superior(word).chopped(2) + answer + u"¦¦"_s);
     };
     FetchAtOnce(u"CaseSearchTabs"_s, {u"Names"_s});
     court->Expect(superior("SUMMARY")).Reply({u"USERQUESTION~arbitration?~"_s, u"EOF~"_s});
@@ -362,7 +362,7 @@ void tst_CaseJob::nobodyAnswersForTheArbitrationCourt()
 {
     FetchAtOnce(u"CaseSearchTabs"_s, {});
     court->Expect(superior("SUMMARY")).Reply({u"USERQUESTION~arbitration?~"_s, u"EOF~"_s});
-    court->Expect(superior("SUMMARY").chopped(2) + u" NOARBITRATION\u00A6\u00A6"_s)
+    court->Expect(superior("SUMMARY").chopped(2) + u" NOARBITRATION¦¦"_s)
         .Reply(Whole(SuperiorSummary()));
     CaseJob *job = Superior();
     Run(job);

@@ -255,7 +255,7 @@ void tst_CaseJobEnds::stoppedWhileItRuns_data()
     QTest::addColumn<QString>("state");
     QTest::addColumn<QString>("summary");
     QTest::addColumn<QString>("stop");
-    QTest::newRow("Superior") << u"WA"_s << summaryLine << u"\u00A6STOP"_s;
+    QTest::newRow("Superior") << u"WA"_s << summaryLine << u"¦STOP"_s;
     QTest::newRow("bankruptcy") << u"WAWBK"_s << u"BKRPT~SUMMARY~99-20077~"_s << u"BKRPT~STOP~"_s;
 }
 
@@ -310,7 +310,7 @@ void tst_CaseJobEnds::aStopOfWhatBrokeDownGivesThePlaceBack()
     FetchAtOnce(u"CaseSearchTabs"_s, {u"Docket"_s});
     CaseJob *job = Superior();
     prepare(Way::TabBreaksDown, job);
-    court->Expect(u"\u00A6STOP"_s).Reply({});
+    court->Expect(u"¦STOP"_s).Reply({});
     LinkDesk::ConnectTo(*court);
     desk->Time.Run(0.02);
     Begin(job);

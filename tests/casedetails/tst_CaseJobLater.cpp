@@ -231,7 +231,7 @@ void tst_CaseJobLater::aSummaryThatCameNotBringsItsTabsBack()
 void tst_CaseJobLater::theAnswerForTheArbitrationCourtIsInEachRequest()
 {
     const auto answered = [](const char *word) {
-        return QString(superior(word).chopped(2) + u" ARBITRATION\u00A6\u00A6"_s);
+        return QString(superior(word).chopped(2) + u" ARBITRATION¦¦"_s);
     };
     FetchAtOnce(u"CaseSearchTabs"_s, {});
     court->Expect(superior("SUMMARY")).Reply({u"USERQUESTION~arbitration?~"_s, u"EOF~"_s});
@@ -242,7 +242,7 @@ void tst_CaseJobLater::theAnswerForTheArbitrationCourtIsInEachRequest()
     Run(job);
     job->ActivateTab(u"Docket"_s);
     const QString line = job->Record.Tab(CaseTab::Docket).TabRequest;
-    court->Expect(line.chopped(2) + u" ARBITRATION\u00A6\u00A6"_s).Reply(GridDef({u"A~B~"_s}));
+    court->Expect(line.chopped(2) + u" ARBITRATION¦¦"_s).Reply(GridDef({u"A~B~"_s}));
     RunLater(job, {CaseTab::Docket});
     QVERIFY(job->Record.Tab(CaseTab::Docket).TabDone);
 }
@@ -266,7 +266,7 @@ void tst_CaseJobLater::stoppedWhileItRuns()
 {
     StateCaseJob *job = afterFirstRun();
     court->Expect(superior("NAMES")).Reply({u"GRIDDEF~A~B~20~80~"_s});
-    court->Expect(u"\u00A6STOP"_s).Reply({u"EOF~"_s});
+    court->Expect(u"¦STOP"_s).Reply({u"EOF~"_s});
     desk->When([job] { return job->lboxResponses.ListCount() == 1; }, [job] { job->Stop(); });
     RunLater(job, {CaseTab::Names, CaseTab::Docket});
     QVERIFY(desk->Folder.Logged(

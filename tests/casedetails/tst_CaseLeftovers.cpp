@@ -80,7 +80,7 @@ void tst_CaseLeftovers::nothingOfAStoppedSummaryComesIntoTheNext()
     // The court did not hear the stop in time: what it had to say stands behind its end mark.
     frmCaseDetails *first = Superior();
     court->Expect(SuperiorLine(u"SUMMARY"_s)).Reply({u"Case#:~02-1-00123-4~"_s});
-    court->Expect(u"\u00A6STOP"_s).Reply({u"EOF~"_s, u"Court:~King County~"_s, u"EOF~"_s});
+    court->Expect(u"¦STOP"_s).Reply({u"EOF~"_s, u"Court:~King County~"_s, u"EOF~"_s});
     Global.bShowAlerts = false;
     desk->When([first] { return first->lboxResponses.ListCount() == 1; },
                [first] { ButtonOf(first, "cmdStopSearching")->click(); });

@@ -216,7 +216,7 @@ void tst_CaseLinks::anAssociatedCase()
     QCOMPARE(opened->lblState, u"WA"_s);
     QCOMPARE(opened->txtCountyName, u"King"_s);
     QCOMPARE(opened->txtCaseNumber, u"02-2-0045A-7"_s);
-    QCOMPARE(opened->tboxCaseNumberQueue, u"WASUP\u00A6SUMMARY\u00A602-2-0045A-7"_s);
+    QCOMPARE(opened->tboxCaseNumberQueue, u"WASUP¦SUMMARY¦02-2-0045A-7"_s);
     QCOMPARE(opened->lblCourtName(), u"King County, Washington Superior Courts"_s);
     QCOMPARE(opened->lblCaseDetailsHdr(), u"Case Details (02-2-0045A-7)"_s);
     QCOMPARE(opened->lblCaseTitle(), u"Pending .. "_s);
@@ -367,7 +367,7 @@ void tst_CaseLinks::aCaseOfTheJudgments()
     QCOMPARE(opened->txtCaseNumber, u"02-9-00456-7"_s);
     QCOMPARE(opened->txtCountyName, u"King"_s);
     QCOMPARE(opened->lblCourtName(), u"King County, Washington Superior Courts"_s);
-    QCOMPARE(opened->tboxCaseNumberQueue, u"WASUP\u00A6SUMMARY\u00A602-9-00456-7"_s);
+    QCOMPARE(opened->tboxCaseNumberQueue, u"WASUP¦SUMMARY¦02-9-00456-7"_s);
     QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{opened->txtMasterKey});
 }
 

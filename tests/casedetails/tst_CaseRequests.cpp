@@ -6,12 +6,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-/// A line as it is read easily: its fields with "/" for the broken bar.
-QString wire(const QString &text)
-{
-    return QString(text).replace(u'/', u'\u00A6');
-}
-
 CaseOfRequest stateCase(const QString &state, const QString &number, const QString &county)
 {
     return {CaseKind::State, state, number, county, u"C"_s, {}, {}};
@@ -73,19 +67,19 @@ void tst_CaseRequests::everyLine_data()
         for (int tab = 0; tab < caseTabCount; ++tab) {
             const auto asked = static_cast<CaseTab>(tab);
             QTest::addRow("%s %s", court, qPrintable(CaseTabRowOf(asked).caption.toString()))
-                << ofCase << asked << wire(lines.value(asked));
+                << ofCase << asked << lines.value(asked);
         }
     };
     rows("Washington", washington(),
-         {{CaseTab::Summary, u"WASUP/SUMMARY/02-1-00123-4/Walla Walla//"_s},
-          {CaseTab::Names, u"WASUP/NAMES/02-1-00123-4/Walla Walla//"_s},
-          {CaseTab::Docket, u"WASUP/DOCKET/02-1-00123-4/Walla Walla//"_s},
-          {CaseTab::Accounting, u"WASUP/ACCOUNTING/02-1-00123-4/Walla Walla//"_s},
-          {CaseTab::Judgments, u"WASUP/JUDGMENTS/02-1-00123-4/Walla Walla//"_s},
-          {CaseTab::Charges, u"WASUP/CHARGES/02-1-00123-4/Walla Walla//"_s},
-          {CaseTab::Sentence, u"WASUP/SENTENCE/02-1-00123-4/Walla Walla//"_s},
-          {CaseTab::Schedule, u"WASUP/SCHEDULE/02-1-00123-4/Walla Walla//"_s},
-          {CaseTab::Documents, u"WASUPDOC/GETDOCTAB/Walla Walla/02-1-00123-4/"_s}});
+         {{CaseTab::Summary, u"WASUP¦SUMMARY¦02-1-00123-4¦Walla Walla¦¦"_s},
+          {CaseTab::Names, u"WASUP¦NAMES¦02-1-00123-4¦Walla Walla¦¦"_s},
+          {CaseTab::Docket, u"WASUP¦DOCKET¦02-1-00123-4¦Walla Walla¦¦"_s},
+          {CaseTab::Accounting, u"WASUP¦ACCOUNTING¦02-1-00123-4¦Walla Walla¦¦"_s},
+          {CaseTab::Judgments, u"WASUP¦JUDGMENTS¦02-1-00123-4¦Walla Walla¦¦"_s},
+          {CaseTab::Charges, u"WASUP¦CHARGES¦02-1-00123-4¦Walla Walla¦¦"_s},
+          {CaseTab::Sentence, u"WASUP¦SENTENCE¦02-1-00123-4¦Walla Walla¦¦"_s},
+          {CaseTab::Schedule, u"WASUP¦SCHEDULE¦02-1-00123-4¦Walla Walla¦¦"_s},
+          {CaseTab::Documents, u"WASUPDOC¦GETDOCTAB¦Walla Walla¦02-1-00123-4¦"_s}});
     rows("Oregon", oregon(),
          {{CaseTab::Summary, u"OREGON@SUMMARY,NAMES,DOCKET,@CV08060677@MCR C@"_s},
           {CaseTab::Names, u"OREGON@NAMES,@CV08060677@MCR C@"_s},
@@ -97,21 +91,21 @@ void tst_CaseRequests::everyLine_data()
           {CaseTab::Sentence, u"OREGON@SENTENCES,@CV08060677@MCR C@"_s},
           {CaseTab::Schedule, u"OREGON@SCHEDULE,@CV08060677@MCR C@"_s}});
     rows("Idaho", idaho(),
-         {{CaseTab::Summary, u"IDSUP/SUMMARY,NAMES,DOCKET,/CR-1998-0002546-IN/Ada/"_s},
-          {CaseTab::Names, u"IDSUP/NAMES,/CR-1998-0002546-IN/Ada/"_s},
-          {CaseTab::Docket, u"IDSUP/DOCKET,/CR-1998-0002546-IN/Ada/"_s},
-          {CaseTab::Judgments, u"IDSUP/JUDGMENTS,/CR-1998-0002546-IN/Ada/"_s},
-          {CaseTab::Charges, u"IDSUP/CHARGES,/CR-1998-0002546-IN/Ada/"_s}});
+         {{CaseTab::Summary, u"IDSUP¦SUMMARY,NAMES,DOCKET,¦CR-1998-0002546-IN¦Ada¦"_s},
+          {CaseTab::Names, u"IDSUP¦NAMES,¦CR-1998-0002546-IN¦Ada¦"_s},
+          {CaseTab::Docket, u"IDSUP¦DOCKET,¦CR-1998-0002546-IN¦Ada¦"_s},
+          {CaseTab::Judgments, u"IDSUP¦JUDGMENTS,¦CR-1998-0002546-IN¦Ada¦"_s},
+          {CaseTab::Charges, u"IDSUP¦CHARGES,¦CR-1998-0002546-IN¦Ada¦"_s}});
     rows("non-civil", discis(CaseKind::NonCivil),
-         {{CaseTab::Summary, u"WADISCIS////5KS000123/IN/KSD/IN/NCNCC//"_s},
-          {CaseTab::Names, u"WADISCIS////5KS000123/IN/KSD/IN/NCPAR//"_s},
-          {CaseTab::Docket, u"WADISCIS////5KS000123/IN/KSD/IN/NCCDK//"_s},
-          {CaseTab::Violations, u"WADISCIS////5KS000123/IN/KSD/IN/NCVIO//"_s}});
+         {{CaseTab::Summary, u"WADISCIS¦¦¦¦5KS000123¦IN¦KSD¦IN¦NCNCC¦¦"_s},
+          {CaseTab::Names, u"WADISCIS¦¦¦¦5KS000123¦IN¦KSD¦IN¦NCPAR¦¦"_s},
+          {CaseTab::Docket, u"WADISCIS¦¦¦¦5KS000123¦IN¦KSD¦IN¦NCCDK¦¦"_s},
+          {CaseTab::Violations, u"WADISCIS¦¦¦¦5KS000123¦IN¦KSD¦IN¦NCVIO¦¦"_s}});
     rows("civil", discis(CaseKind::Civil),
-         {{CaseTab::Summary, u"WADISCIS////5KS000123/CV/KSD/CV/CIVI//"_s},
-          {CaseTab::Names, u"WADISCIS////5KS000123/CV/KSD/CV/CVPAR//"_s},
-          {CaseTab::Docket, u"WADISCIS////5KS000123/CV/KSD/CV/CVCDK//"_s},
-          {CaseTab::Judgments, u"WADISCIS////5KS000123/CV/KSD/CV/CVJI//"_s}});
+         {{CaseTab::Summary, u"WADISCIS¦¦¦¦5KS000123¦CV¦KSD¦CV¦CIVI¦¦"_s},
+          {CaseTab::Names, u"WADISCIS¦¦¦¦5KS000123¦CV¦KSD¦CV¦CVPAR¦¦"_s},
+          {CaseTab::Docket, u"WADISCIS¦¦¦¦5KS000123¦CV¦KSD¦CV¦CVCDK¦¦"_s},
+          {CaseTab::Judgments, u"WADISCIS¦¦¦¦5KS000123¦CV¦KSD¦CV¦CVJI¦¦"_s}});
     rows("bankruptcy", stateCase(u"WAWBK"_s, u"99-20077"_s, u"King"_s), {});
 }
 
@@ -172,26 +166,25 @@ void tst_CaseRequests::theTypeOfADistrictCaseIsTheOneOfItsRow()
 {
     CaseOfRequest ofCase = discis(CaseKind::NonCivil);
     ofCase.CaseType = u"CT"_s;
-    QCOMPARE(CaseTabRequest(ofCase, CaseTab::Names),
-             wire(u"WADISCIS////5KS000123/CT/KSD/IN/NCPAR//"_s));
+    QCOMPARE(CaseTabRequest(ofCase, CaseTab::Names), u"WADISCIS¦¦¦¦5KS000123¦CT¦KSD¦IN¦NCPAR¦¦"_s);
 }
 
 void tst_CaseRequests::nothingBreaksTheLine_data()
 {
     QTest::addColumn<CaseOfRequest>("ofCase");
     QTest::addColumn<QChar>("delimiter");
-    QTest::newRow("Washington") << washington() << QChar(u'\u00A6');
+    QTest::newRow("Washington") << washington() << QChar(u'¦');
     QTest::newRow("Oregon") << oregon() << QChar(u'@');
-    QTest::newRow("Idaho") << idaho() << QChar(u'\u00A6');
-    QTest::newRow("non-civil") << discis(CaseKind::NonCivil) << QChar(u'\u00A6');
-    QTest::newRow("civil") << discis(CaseKind::Civil) << QChar(u'\u00A6');
+    QTest::newRow("Idaho") << idaho() << QChar(u'¦');
+    QTest::newRow("non-civil") << discis(CaseKind::NonCivil) << QChar(u'¦');
+    QTest::newRow("civil") << discis(CaseKind::Civil) << QChar(u'¦');
 }
 
 void tst_CaseRequests::nothingBreaksTheLine()
 {
     QFETCH(CaseOfRequest, ofCase);
     QFETCH(QChar, delimiter);
-    const QString evil = QString(delimiter) + u"|\u00A6\r\n"_s;
+    const QString evil = QString(delimiter) + u"|¦\r\n"_s;
     CaseOfRequest broken = ofCase;
     broken.CaseNumber += evil;
     broken.CaseType += evil;
@@ -227,24 +220,24 @@ void tst_CaseRequests::arbitration_data()
     QTest::addColumn<QString>("request");
     QTest::addColumn<ArbitrationMode>("mode");
     QTest::addColumn<QString>("line");
-    const QString summary = u"WASUP/SUMMARY/02-2-00123-4/King//"_s;
+    const QString summary = u"WASUP¦SUMMARY¦02-2-00123-4¦King¦¦"_s;
     QTest::newRow("not asked") << summary << ArbitrationMode::NotAsked << summary;
     QTest::newRow("yes, Summary") << summary << ArbitrationMode::Arbitration
-                                  << u"WASUP/SUMMARY/02-2-00123-4/King ARBITRATION//"_s;
+                                  << u"WASUP¦SUMMARY¦02-2-00123-4¦King ARBITRATION¦¦"_s;
     QTest::newRow("no, Summary") << summary << ArbitrationMode::NoArbitration
-                                 << u"WASUP/SUMMARY/02-2-00123-4/King NOARBITRATION//"_s;
-    const QString docket = u"WASUP/DOCKET/02-2-00123-4/King//"_s;
+                                 << u"WASUP¦SUMMARY¦02-2-00123-4¦King NOARBITRATION¦¦"_s;
+    const QString docket = u"WASUP¦DOCKET¦02-2-00123-4¦King¦¦"_s;
     QTest::newRow("yes, Docket") << docket << ArbitrationMode::Arbitration
-                                 << u"WASUP/DOCKET/02-2-00123-4/King ARBITRATION//"_s;
+                                 << u"WASUP¦DOCKET¦02-2-00123-4¦King ARBITRATION¦¦"_s;
     QTest::newRow("no, Docket") << docket << ArbitrationMode::NoArbitration
-                                << u"WASUP/DOCKET/02-2-00123-4/King NOARBITRATION//"_s;
+                                << u"WASUP¦DOCKET¦02-2-00123-4¦King NOARBITRATION¦¦"_s;
     QTest::newRow("a line of the district courts")
-        << u"WADISCIS////5KS000123/IN/KSD/IN/NCVIO//"_s << ArbitrationMode::Arbitration
-        << u"WADISCIS////5KS000123/IN/KSD/IN/NCVIO ARBITRATION//"_s;
+        << u"WADISCIS¦¦¦¦5KS000123¦IN¦KSD¦IN¦NCVIO¦¦"_s << ArbitrationMode::Arbitration
+        << u"WADISCIS¦¦¦¦5KS000123¦IN¦KSD¦IN¦NCVIO ARBITRATION¦¦"_s;
     QTest::newRow("a line that is too short")
-        << u"/"_s << ArbitrationMode::Arbitration << u" ARBITRATION//"_s;
+        << u"¦"_s << ArbitrationMode::Arbitration << u" ARBITRATION¦¦"_s;
     QTest::newRow("no line") << QString() << ArbitrationMode::NoArbitration
-                             << u" NOARBITRATION//"_s;
+                             << u" NOARBITRATION¦¦"_s;
 }
 
 void tst_CaseRequests::arbitration()
@@ -252,7 +245,7 @@ void tst_CaseRequests::arbitration()
     QFETCH(QString, request);
     QFETCH(ArbitrationMode, mode);
     QFETCH(QString, line);
-    QCOMPARE(WithArbitration(wire(request), mode), wire(line));
+    QCOMPARE(WithArbitration(request, mode), line);
 }
 
 HALVANE_TEST(tst_CaseRequests)

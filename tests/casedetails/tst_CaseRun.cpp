@@ -45,7 +45,7 @@ void tst_CaseRun::aCriminalCaseTabByTab()
                                 u"SENTENCE"_s, u"ACCOUNTING"_s, u"SCHEDULE"_s})
         court->Expect(SuperiorLine(word))
             .Reply(GridDef({u"01/02/2003~"_s + word + u"~"_s, u"01/03/2003~Later~"_s}));
-    court->Expect(u"WASUPDOC\u00A6GETDOCTAB\u00A6King\u00A602-1-00123-4\u00A6"_s)
+    court->Expect(u"WASUPDOC¦GETDOCTAB¦King¦02-1-00123-4¦"_s)
         .Reply(TableForm({u"01/02/2003~Complaint~"_s}));
     frmCaseDetails *window = Superior();
     Run(window);

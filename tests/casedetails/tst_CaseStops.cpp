@@ -287,7 +287,7 @@ void tst_CaseStops::aWishToLeaveUnderTheQuestionIsEnough()
     ButtonOf(window, "cmdStopSearching")->click();
     QVERIFY(!window->StopRequested);
     QVERIFY(desk->Folder.Logged(u"INCOMPLETE EXIT - from Timer1 - Case Details."_s));
-    QVERIFY(!desk->Folder.Logged(u"SendReq: \u00A6STOP"_s));
+    QVERIFY(!desk->Folder.Logged(u"SendReq: ¦STOP"_s));
     QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
 }
 
@@ -301,7 +301,7 @@ void tst_CaseStops::aPendingCaseIsPendingWhateverItsLabelReads()
     ButtonOf(window, "cmdStopSearching")->click();
     QCOMPARE(TextOf(window, "lblStatus"), stoppedStatus);
     QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
-    QVERIFY(!desk->Folder.Logged(u"SendReq: \u00A6STOP"_s));
+    QVERIFY(!desk->Folder.Logged(u"SendReq: ¦STOP"_s));
 }
 
 void tst_CaseStops::stopPendingOnlyWhenPending()
@@ -354,7 +354,7 @@ void tst_CaseStops::stopRequestByState_data()
     for (const QString &state : {u"WAWBK"_s, u"WAEBK"_s, u"IDBK"_s, u"ORBK"_s})
         QTest::newRow(qPrintable(state)) << state << u"BKRPT~STOP~"_s;
     for (const QString &state : {u"WA"_s, u"OR"_s, u"ID"_s})
-        QTest::newRow(qPrintable(state)) << state << u"\u00A6STOP"_s;
+        QTest::newRow(qPrintable(state)) << state << u"¦STOP"_s;
 }
 
 void tst_CaseStops::stopRequestByState()
@@ -413,7 +413,7 @@ void tst_CaseStops::stopInARunEndsItAtTheNextTest()
     FetchAtOnce(u"CaseSearchTabs"_s, tabsAsked);
     court->Expect(SuperiorLine(u"SUMMARY"_s)).Reply(SuperiorSummary() + QStringList{u"EOF~"_s});
     court->Expect(SuperiorLine(u"NAMES"_s)).Reply({u"GRIDDEF~Date~Entry~20~80~"_s});
-    court->Expect(u"\u00A6STOP"_s).Reply({u"01/02/2003~A~"_s, u"EOF~"_s});
+    court->Expect(u"¦STOP"_s).Reply({u"01/02/2003~A~"_s, u"EOF~"_s});
     CaseWindow *window = pending();
     desk->Boxes.Expect(stopQuestion, stopTitle, MsgAnswer::Yes);
     QString status;
@@ -443,7 +443,7 @@ void tst_CaseStops::stoppedAndClosedItKeepsTheLinkUntilItsReplyHasCome()
 {
     Global.bShowAlerts = false;
     court->Expect(SuperiorLine(u"SUMMARY"_s)).Reply({u"Type:~1~"_s});
-    court->Expect(u"\u00A6STOP"_s).Reply({});
+    court->Expect(u"¦STOP"_s).Reply({});
     court->Expect(SuperiorLine(u"SUMMARY"_s, u"03-2-00456-7"_s)).Reply({u"EOF~"_s});
     const QPointer<CaseWindow> window(pending());
     CaseWindow *second = Superior(u"03-2-00456-7"_s);

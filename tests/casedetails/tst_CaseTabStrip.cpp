@@ -99,7 +99,7 @@ frmCaseDetails *tst_CaseTabStrip::withIncomplete(CaseTab tab)
         oregon ? u"OREGON@SUMMARY,NAMES,DOCKET,@02C12345@BAK C@"_s : SuperiorLine(u"SUMMARY"_s);
     QString line = summaryLine;
     if (tab == CaseTab::Documents)
-        line = u"WASUPDOC\u00A6GETDOCTAB\u00A6King\u00A602-1-00123-4\u00A6"_s;
+        line = u"WASUPDOC¦GETDOCTAB¦King¦02-1-00123-4¦"_s;
     else if (oregon)
         line = u"OREGON@FINANCE,@02C12345@BAK C@"_s;
     else if (tab != CaseTab::Summary)

@@ -15,7 +15,7 @@
 #include <QTest>
 
 namespace {
-const QString stopRequest = u"\u00A6STOP"_s;
+const QString stopRequest = u"¦STOP"_s;
 const QString stoppedStatus = u"Search Stopped by User .."_s;
 const QString panel = u"frameTabs_8"_s;
 const QStringList question{u"USERQUESTION~"_s, u"EOF~"_s};

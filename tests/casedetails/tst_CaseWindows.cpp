@@ -27,11 +27,11 @@ QString summaryLine(Which which)
 {
     switch (which) {
     case Which::Civil:
-        return u"WADISCIS\u00A6\u00A6\u00A6\u00A6Y00012345\u00A6CV\u00A6SED\u00A6CV\u00A6"
-               "CIVI\u00A6\u00A6"_s;
+        return u"WADISCIS¦¦¦¦Y00012345¦CV¦SED¦CV¦"
+               "CIVI¦¦"_s;
     case Which::NonCivil:
-        return u"WADISCIS\u00A6\u00A6\u00A6\u00A6CR0012345\u00A6IN\u00A6SED\u00A6IN\u00A6"
-               "NCNCC\u00A6\u00A6"_s;
+        return u"WADISCIS¦¦¦¦CR0012345¦IN¦SED¦IN¦"
+               "NCNCC¦¦"_s;
     case Which::Case:
         break;
     }

@@ -357,14 +357,12 @@ void tst_DistrictTabs::arbitrationGoesIntoEveryLine()
     FetchAtOnce(district.section.toString(), {u"Names"_s});
     court->Expect(DistrictLineOf(kind, district.summaryWord))
         .Reply({u"USERQUESTION~"_s, u"EOF~"_s});
-    court
-        ->Expect(DistrictLineOf(kind, district.summaryWord).chopped(2) + answer + u"\u00A6\u00A6"_s)
+    court->Expect(DistrictLineOf(kind, district.summaryWord).chopped(2) + answer + u"¦¦"_s)
         .Reply(DistrictSummary(kind) + QStringList{u"EOF~"_s});
     for (size_t i = 0; i < district.tabs.size(); ++i) {
         // The first run has passed by the line of each tab, and left its answer there.
         const QString line = DistrictLineOf(kind, district.tabs.at(i).word).chopped(2) + answer;
-        court->Expect(line + (i > 0 ? answer : QString()) + u"\u00A6\u00A6"_s)
-            .Reply(GridDef({u"1~2~"_s}));
+        court->Expect(line + (i > 0 ? answer : QString()) + u"¦¦"_s).Reply(GridDef({u"1~2~"_s}));
     }
     desk->Boxes.ExpectDialog(u"frmArbPrompt"_s, [yes](QDialog *dialog) {
         ButtonOf(dialog, yes ? "Command1" : "Command2")->click();
@@ -394,7 +392,7 @@ void tst_DistrictTabs::theClientCodeGoesWithSummaryAndNames()
     QFETCH(bool, onDemand);
     const DistrictWindow &district = DistrictOf(kind);
     const auto coded = [kind](QStringView word) {
-        return QString(DistrictLineOf(kind, word).chopped(1) + u"^^CAC:ACME 7^^\u00A6"_s);
+        return QString(DistrictLineOf(kind, word).chopped(1) + u"^^CAC:ACME 7^^¦"_s);
     };
     FetchAtOnce(district.section.toString(), onDemand ? QStringList() : CaptionsOfKind(kind));
     court->Expect(coded(district.summaryWord))

@@ -411,7 +411,7 @@ void tst_OnDemand::stopInTheMiddle()
     ClickTab(window, u"Docket"_s);
     Tick(window, {CaseTab::Names, CaseTab::Docket});
     court->Expect(LineOf(kind, CaseTab::Names)).Reply({});
-    court->Expect(u"\u00A6STOP"_s).Reply(ReplyOf(CaseTab::Names));
+    court->Expect(u"¦STOP"_s).Reply(ReplyOf(CaseTab::Names));
     bool commands = true;
     desk->When([this] { return court->Requests().size() == 2; },
                [&] {

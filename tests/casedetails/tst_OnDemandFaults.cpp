@@ -422,7 +422,7 @@ void tst_OnDemandFaults::aTabThatWasLeftAsItIsIsOfferedAgainBehindAStop()
         Global.bStopRequested = true;
     } else {
         court->Expect(LineOf(kind, CaseTab::Names)).Reply({});
-        court->Expect(u"\u00A6STOP"_s).Reply(ReplyOf(CaseTab::Names));
+        court->Expect(u"¦STOP"_s).Reply(ReplyOf(CaseTab::Names));
         desk->When([this] { return court->Requests().size() == 3; },
                    [window] { ButtonOf(window, "cmdStopSearching")->click(); });
     }
@@ -490,7 +490,7 @@ void tst_OnDemandFaults::arbitrationInTheSecondPass()
     QFETCH(bool, yes);
     const CaseWindowKind kind = CaseWindowKind::Superior;
     const QString answer = yes ? u" ARBITRATION"_s : u" NOARBITRATION"_s;
-    const QString end = u"\u00A6\u00A6"_s;
+    const QString end = u"¦¦"_s;
     FetchAtOnce(u"CaseSearchTabs"_s, {u"Names"_s});
     const auto answered = [&](CaseTab tab, int times) {
         return QString(LineOf(kind, tab).chopped(2) + answer.repeated(times) + end);

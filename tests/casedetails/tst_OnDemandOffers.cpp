@@ -180,7 +180,7 @@ void tst_OnDemandOffers::aSummaryThatAStopHasCutShort()
     QFETCH(CaseWindowKind, kind);
     QFETCH(int, lines);
     court->Expect(LineOf(kind, CaseTab::Summary)).Reply(SummaryReplyOf(kind).first(lines));
-    court->Expect(u"\u00A6STOP"_s).Reply({u"EOF~"_s});
+    court->Expect(u"¦STOP"_s).Reply({u"EOF~"_s});
     CaseWindow *window = MakeCase(kind);
     desk->When([this] { return court->Requests().size() == 1; }, [window] { stop(window); });
     Run(window);

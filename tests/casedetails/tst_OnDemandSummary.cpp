@@ -120,7 +120,7 @@ void tst_OnDemandSummary::aSummaryKeepsTheAnswerThatItHas()
 {
     QFETCH(CaseWindowKind, kind);
     const auto answered = [kind](CaseTab tab) {
-        return QString(LineOf(kind, tab).chopped(2) + u" ARBITRATION\u00A6\u00A6"_s);
+        return QString(LineOf(kind, tab).chopped(2) + u" ARBITRATION¦¦"_s);
     };
     court->Expect(LineOf(kind, CaseTab::Summary)).Reply({u"USERQUESTION~"_s, u"EOF~"_s});
     court->Expect(answered(CaseTab::Summary)).Reply({u"ERROR Connection lost~"_s, u"EOF~"_s});

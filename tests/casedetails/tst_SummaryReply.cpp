@@ -4,12 +4,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-/// A line of a bankruptcy court as it is read easily: its fields with "/" for the broken bar.
-QString wire(const QString &text)
-{
-    return QString(text).replace(u'/', u'\u00A6');
-}
-
 SummaryContext contextOf(const QString &state)
 {
     return {state, u"King"_s, u"Pending .. "_s, u"Case Details (1)"_s, u"King County"_s};
@@ -483,8 +477,8 @@ void tst_SummaryReply::aRowWithOneFieldHasAnEmptyCell()
 void tst_SummaryReply::bankruptcyCase()
 {
     const QString tabs =
-        wire(u"TabDef/RETRIEVECOMMAND=BKRPT~SUMMARY~1~OR~/retrievecommand= BKRPT~NAMES~1~OR~/"
-             "Other/RETRIEVECOMMAND=BKRPT~DOCKET~1~OR~/"_s);
+        u"TabDef¦RETRIEVECOMMAND=BKRPT~SUMMARY~1~OR~¦retrievecommand= BKRPT~NAMES~1~OR~¦"
+        "Other¦RETRIEVECOMMAND=BKRPT~DOCKET~1~OR~¦"_s;
     const SummaryView view =
         ReadSummary(contextOf(u"ORBK"_s), {u"Case Title~SMITH & DOE~"_s, tabs, u"Chapter~7~"_s,
                                            QString(), u"Date Filed~03/16/1999~"_s, u"Judge"_s});
@@ -510,18 +504,18 @@ void tst_SummaryReply::bankruptcyTabs_data()
     QTest::addColumn<QStringList>("tabs");
     QTest::addColumn<int>("requests");
     QTest::newRow("a summary of claims is no tab")
-        << u"TABDEF/RETRIEVECOMMAND=BKRPT~CLAIMS SUMMARY~1~/RETRIEVECOMMAND=BKRPT~DOCKET~1~/"_s
+        << u"TABDEF¦RETRIEVECOMMAND=BKRPT~CLAIMS SUMMARY~1~¦RETRIEVECOMMAND=BKRPT~DOCKET~1~¦"_s
         << QStringList{u"Summary"_s, u"Docket"_s} << 2;
     QTest::newRow("unless of something else, too")
-        << u"TABDEF/RETRIEVECOMMAND=BKRPT~DOCKET AND CLAIMS SUMMARY~1~/"_s
+        << u"TABDEF¦RETRIEVECOMMAND=BKRPT~DOCKET AND CLAIMS SUMMARY~1~¦"_s
         << QStringList{u"Summary"_s, u"Docket"_s} << 1;
-    QTest::newRow("Summary is first") << u"TABDEF/RETRIEVECOMMAND=BKRPT~DOCKET~1~/"
-                                         "RETRIEVECOMMAND=BKRPT~SUMMARY~1~/"_s
+    QTest::newRow("Summary is first") << u"TABDEF¦RETRIEVECOMMAND=BKRPT~DOCKET~1~¦"
+                                         "RETRIEVECOMMAND=BKRPT~SUMMARY~1~¦"_s
                                       << QStringList{u"Summary"_s, u"Docket"_s} << 2;
-    QTest::newRow("a tab stands once") << u"TABDEF/RETRIEVECOMMAND=BKRPT~NAMES~1~/"
-                                          "RETRIEVECOMMAND=BKRPT~NAMES~2~/"_s
+    QTest::newRow("a tab stands once") << u"TABDEF¦RETRIEVECOMMAND=BKRPT~NAMES~1~¦"
+                                          "RETRIEVECOMMAND=BKRPT~NAMES~2~¦"_s
                                        << QStringList{u"Summary"_s, u"Names"_s} << 2;
-    QTest::newRow("no commands") << u"TABDEF/Names/Docket/"_s << summaryAlone << 0;
+    QTest::newRow("no commands") << u"TABDEF¦Names¦Docket¦"_s << summaryAlone << 0;
     QTest::newRow("another delimiter") << u"TABDEF#RETRIEVECOMMAND=BKRPT~NAMES~1~#"_s
                                        << QStringList{u"Summary"_s, u"Names"_s} << 1;
 }
@@ -530,7 +524,7 @@ void tst_SummaryReply::bankruptcyTabs()
 {
     QFETCH(QString, line);
     const SummaryView view =
-        ReadSummary(contextOf(u"WAEBK"_s), {wire(line), u"a~b~"_s, u"c~d~"_s, u"e~f~"_s});
+        ReadSummary(contextOf(u"WAEBK"_s), {line, u"a~b~"_s, u"c~d~"_s, u"e~f~"_s});
     QTEST(*view.Tabs, "tabs");
     QTEST(static_cast<int>(view.TabRequests.size()), "requests");
     QCOMPARE(view.Grid->Rows.size(), 3);
@@ -571,8 +565,8 @@ void tst_SummaryReply::bankruptcyList()
 {
     const SummaryView view = ReadSummary(
         contextOf(u"IDBK"_s),
-        {u"MULTIPLE"_s, wire(u" 99-1 /RETRIEVECOMMAND=BKRPT~SUMMARY~99-1~ID~/ bk / SMITH /"_s),
-         u"a line of another kind~"_s, wire(u"99-2/RETRIEVECOMMAND=BKRPT~SUMMARY~99-2~ID~/"_s)});
+        {u"MULTIPLE"_s, u" 99-1 ¦RETRIEVECOMMAND=BKRPT~SUMMARY~99-1~ID~¦ bk ¦ SMITH ¦"_s,
+         u"a line of another kind~"_s, u"99-2¦RETRIEVECOMMAND=BKRPT~SUMMARY~99-2~ID~¦"_s});
     const GridTable expected{{{u"Case#"_s, 15}, {u"Type"_s, 10}, {u"Title"_s, 74}},
                              {{u"99-1"_s, u"bk"_s, u"SMITH"_s}, {u"99-2"_s, QString(), QString()}},
                              true};

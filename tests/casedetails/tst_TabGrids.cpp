@@ -42,7 +42,7 @@ private:
 };
 
 namespace {
-const QString request = u"WASUP\u00A6X\u00A602-2-00001-0\u00A6King\u00A6\u00A6"_s;
+const QString request = u"WASUP¦X¦02-2-00001-0¦King¦¦"_s;
 const QString definition = u"TABNAME~\nTABDEF~\nCOLDEF~A~B~20~80~\nCOLALIGNMENT~L~L~"_s;
 const QStringList allStates{u"WA"_s,   u"OR"_s,   u"ID"_s,    u"WAWBK"_s,    u"WAEBK"_s,
                             u"IDBK"_s, u"ORBK"_s, u"civil"_s, u"non-civil"_s};

@@ -334,10 +334,10 @@ void tst_Catalogues::stopRequests_data()
         QTest::addRow("state %s", qPrintable(state)) << state << search << ofCase;
     };
     for (const QString &state : {u"WA"_s, u"OR"_s, u"ID"_s, QString(), u"wawbk"_s})
-        row(state, u"STOP\u00A6"_s, u"\u00A6STOP"_s);
+        row(state, u"STOP¦"_s, u"¦STOP"_s);
     for (const QString &state : {u"WAWBK"_s, u"WAEBK"_s, u"ORBK"_s})
         row(state, u"BKRPT~STOP~"_s, u"BKRPT~STOP~"_s);
-    row(u"IDBK"_s, u"STOP\u00A6"_s, u"BKRPT~STOP~"_s);
+    row(u"IDBK"_s, u"STOP¦"_s, u"BKRPT~STOP~"_s);
 }
 
 void tst_Catalogues::stopRequests()

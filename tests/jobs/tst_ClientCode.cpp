@@ -39,19 +39,17 @@ void tst_ClientCode::embedClientCode_data()
     QTest::addColumn<QString>("code");
     QTest::addColumn<QString>("tagged");
     QTest::newRow("two empty year fields stay")
-        << u"WASUP\u00A6SEARCH\u00A6SMITH\u00A6JOHN\u00A6Q\u00A6\u00A6King,\u00A6Civil,\u00A6\u00A6\u00A6"_s
-        << u"ABC"_s
-        << u"WASUP\u00A6SEARCH\u00A6SMITH\u00A6JOHN\u00A6Q\u00A6\u00A6King,\u00A6Civil,\u00A6\u00A6^^CAC:ABC^^\u00A6"_s;
+        << u"WASUP¦SEARCH¦SMITH¦JOHN¦Q¦¦King,¦Civil,¦¦¦"_s << u"ABC"_s
+        << u"WASUP¦SEARCH¦SMITH¦JOHN¦Q¦¦King,¦Civil,¦¦^^CAC:ABC^^¦"_s;
     QTest::newRow("a tilde family") << u"BKRPT~SUMMARY~99-20077~OR~"_s << u"ABC"_s
                                     << u"BKRPT~SUMMARY~99-20077~OR^^CAC:ABC^^~"_s;
     QTest::newRow("an index line")
         << u"INDEX~SEARCH~A~~~~King,~~1970~2005~LL=1~UL=500~"_s << u"X1"_s
         << u"INDEX~SEARCH~A~~~~King,~~1970~2005~LL=1~UL=500^^CAC:X1^^~"_s;
-    QTest::newRow("an empty code") << u"A\u00A6B\u00A6"_s << u""_s << u"A\u00A6B^^CAC:^^\u00A6"_s;
-    QTest::newRow("the code is trimmed") << u"A\u00A6"_s << u" ABC "_s << u"A^^CAC:ABC^^\u00A6"_s;
-    QTest::newRow("the line is trimmed")
-        << u"  A\u00A6B\u00A6  "_s << u"ABC"_s << u"A\u00A6B^^CAC:ABC^^\u00A6"_s;
-    QTest::newRow("one character") << u"\u00A6"_s << u"ABC"_s << u"^^CAC:ABC^^\u00A6"_s;
+    QTest::newRow("an empty code") << u"A¦B¦"_s << u""_s << u"A¦B^^CAC:^^¦"_s;
+    QTest::newRow("the code is trimmed") << u"A¦"_s << u" ABC "_s << u"A^^CAC:ABC^^¦"_s;
+    QTest::newRow("the line is trimmed") << u"  A¦B¦  "_s << u"ABC"_s << u"A¦B^^CAC:ABC^^¦"_s;
+    QTest::newRow("one character") << u"¦"_s << u"ABC"_s << u"^^CAC:ABC^^¦"_s;
     QTest::newRow("only blanks stay") << u"   "_s << u"ABC"_s << u"   "_s;
     QTest::newRow("empty stays") << u""_s << u"ABC"_s << u""_s;
 }

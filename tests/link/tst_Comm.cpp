@@ -191,7 +191,7 @@ void tst_Comm::aTokenIsSeenOnTheTurnAfterItsClosingBar()
 void tst_Comm::tokensAreTextOfTheCodePage()
 {
     socket->Arrive("|\x80\xA6\x81\xFF~|");
-    QCOMPARE(ReadResponse().Token, u"\u20AC\u00A6\u0081\u00FF~"_s);
+    QCOMPARE(ReadResponse().Token, u"\u20AC¦\u0081\u00FF~"_s);
 }
 
 void tst_Comm::limit_data()

@@ -109,7 +109,7 @@ void tst_Exchange::beginsWithNothingLeft()
     QFETCH(QByteArray, left);
     if (!left.isEmpty())
         socket->Arrive(left);
-    QCOMPARE(BeginExchange(u"ASK\u00A6"_s), SendStatus::Sent);
+    QCOMPARE(BeginExchange(u"ASK¦"_s), SendStatus::Sent);
     QCOMPARE(buffered(), QByteArray());
     QCOMPARE(socket->sent, QByteArrayList{"|ASK\xA6|"});
     socket->Arrive("|NEW~||EOF~|");
@@ -120,7 +120,7 @@ void tst_Exchange::beginsWithNothingLeft()
 void tst_Exchange::whatTheSocketStillHoldsGoesToo()
 {
     socket->HoldBack("|OLD~||EOF~|");
-    QCOMPARE(BeginExchange(u"ASK\u00A6"_s), SendStatus::Sent);
+    QCOMPARE(BeginExchange(u"ASK¦"_s), SendStatus::Sent);
     QCOMPARE(socket->BytesAvailable(), 0);
     socket->Arrive("|NEW~||EOF~|");
     QCOMPARE(read(), ReadStatus::Token);
@@ -130,7 +130,7 @@ void tst_Exchange::whatTheSocketStillHoldsGoesToo()
 void tst_Exchange::aPingAmongTheRestIsAnswered()
 {
     socket->HoldBack("|DIAG001|");
-    BeginExchange(u"ASK\u00A6"_s);
+    BeginExchange(u"ASK¦"_s);
     QCOMPARE(socket->sent, (QByteArrayList{"|IMALIVE\xA6|", "|ASK\xA6|"}));
 }
 
@@ -139,7 +139,7 @@ void tst_Exchange::whatAFullBufferLeftWithTheSocketGoesToo()
     socket->Arrive(QByteArray(maximumBacklogBytes, 'x'));
     socket->Arrive("|OLD~|");
     QCOMPARE(socket->BytesAvailable(), 6);
-    BeginExchange(u"ASK\u00A6"_s);
+    BeginExchange(u"ASK¦"_s);
     QCOMPARE(buffered(), QByteArray());
     QCOMPARE(socket->BytesAvailable(), 0);
 }
@@ -148,7 +148,7 @@ void tst_Exchange::aServerThatNeverStopsIsNotWaitedFor()
 {
     socket->HoldBack(QByteArray(1024 * 1024, 'x'));
     socket->refills = true;
-    QCOMPARE(BeginExchange(u"ASK\u00A6"_s), SendStatus::Sent);
+    QCOMPARE(BeginExchange(u"ASK¦"_s), SendStatus::Sent);
     QCOMPARE(buffered(), QByteArray());
 }
 
@@ -156,7 +156,7 @@ void tst_Exchange::withoutALinkOnlyTheBufferIsEmptied()
 {
     frmWinsock::Unload();
     Global.strRecvBuffer.Append("|OLD~|");
-    QCOMPARE(BeginExchange(u"ASK\u00A6"_s), SendStatus::NotConnected);
+    QCOMPARE(BeginExchange(u"ASK¦"_s), SendStatus::NotConnected);
     QCOMPARE(buffered(), QByteArray());
     QVERIFY(!frmWinsock::IsLoaded());
 }
@@ -185,7 +185,7 @@ void tst_Exchange::theStatusIsThatOfTheSend()
         socket->completesSends = completes;
         Global.bSendBusy = busy;
         const SendStatus sent =
-            interrupts ? InterruptExchange(u"STOP\u00A6"_s) : BeginExchange(u"ASK\u00A6"_s);
+            interrupts ? InterruptExchange(u"STOP¦"_s) : BeginExchange(u"ASK¦"_s);
         QCOMPARE(int(Number(sent)), status);
     }
 }
@@ -193,7 +193,7 @@ void tst_Exchange::theStatusIsThatOfTheSend()
 void tst_Exchange::anInterruptionLeavesWhatHasArrived()
 {
     socket->Arrive("|ROW~|");
-    QCOMPARE(InterruptExchange(u"STOP\u00A6"_s), SendStatus::Sent);
+    QCOMPARE(InterruptExchange(u"STOP¦"_s), SendStatus::Sent);
     QCOMPARE(socket->sent, QByteArrayList{"|STOP\xA6|"});
     socket->Arrive("|EOF~|");
     QCOMPARE(read(), ReadStatus::Token);
@@ -282,11 +282,11 @@ void tst_Exchange::aStaleReplyOnARealLineIsNotRead()
     Global.lngServerPort = court.Port();
     QVERIFY(ConnectToRouter(u"127.0.0.1"_s));
     QTRY_VERIFY(court.HasClient());
-    court.Expect(u"ASK\u00A6"_s).Reply({u"NEW~"_s, u"EOF~"_s});
+    court.Expect(u"ASK¦"_s).Reply({u"NEW~"_s, u"EOF~"_s});
     court.SendTokens({u"OLD~"_s, u"EOF~"_s});
     if (noticed)
         QTRY_VERIFY(!Global.strRecvBuffer.IsEmpty());
-    QCOMPARE(BeginExchange(u"ASK\u00A6"_s), SendStatus::Sent);
+    QCOMPARE(BeginExchange(u"ASK¦"_s), SendStatus::Sent);
     QCOMPARE(read(), ReadStatus::Token);
     QCOMPARE(tokens, (QStringList{u"NEW~"_s, u"EOF~"_s}));
     QCOMPARE(court.Complaints(), QString());

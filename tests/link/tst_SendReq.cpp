@@ -90,7 +90,7 @@ void tst_SendReq::statusesHaveTheirNumbers()
 
 void tst_SendReq::aRequestIsFramedAndLeavesInOnePiece()
 {
-    QCOMPARE(SendReq(u"GETMSG\u00A6"_s), SendStatus::Sent);
+    QCOMPARE(SendReq(u"GETMSG¦"_s), SendStatus::Sent);
     QCOMPARE(socket->sent, QByteArrayList{"|GETMSG\xA6|"});
     QVERIFY(!Global.bSendBusy);
 }
@@ -123,7 +123,7 @@ void tst_SendReq::status()
     socket->state = connected ? SocketState::Connected : SocketState::Closed;
     socket->completesSends = completes;
     Global.bSendBusy = busyBefore;
-    QCOMPARE(int(Number(SendReq(u"GETMSG\u00A6"_s))), status);
+    QCOMPARE(int(Number(SendReq(u"GETMSG¦"_s))), status);
     QCOMPARE(int(socket->sent.size()), sent);
     QVERIFY2(secondsGone() >= seconds, qPrintable(QString::number(secondsGone())));
     QVERIFY2(secondsGone() <= seconds + slack, qPrintable(QString::number(secondsGone())));
@@ -144,20 +144,19 @@ void tst_SendReq::everyStatusIsLogged()
     socket->state = connected ? SocketState::Connected : SocketState::Closed;
     socket->completesSends = completes;
     Global.bSendBusy = busyBefore;
-    SendReq(u"COURT_STATUS\u00A6"_s);
-    QCOMPARE(folder->Log(), QStringList{u"SendReq: COURT_STATUS\u00A6"_s});
+    SendReq(u"COURT_STATUS¦"_s);
+    QCOMPARE(folder->Log(), QStringList{u"SendReq: COURT_STATUS¦"_s});
 }
 
 void tst_SendReq::thePasswordOfALogonIsLogged()
 {
-    SendReq(u"LOGON\u00A6USER\u00A6secret\u00A6AppVer-9.00\u00A6"_s);
-    QCOMPARE(folder->Log(),
-             QStringList{u"SendReq: LOGON\u00A6USER\u00A6secret\u00A6AppVer-9.00\u00A6"_s});
+    SendReq(u"LOGON¦USER¦secret¦AppVer-9.00¦"_s);
+    QCOMPARE(folder->Log(), QStringList{u"SendReq: LOGON¦USER¦secret¦AppVer-9.00¦"_s});
 }
 
 void tst_SendReq::theWireIsWindows1252()
 {
-    SendReq(u"A\u00A6\u20AC\u00E9\u4E2D\U0001F600\u00A6"_s);
+    SendReq(u"A¦\u20AC\u00E9\u4E2D\U0001F600¦"_s);
     QCOMPARE(socket->sent, QByteArrayList{"|A\xA6\x80\xE9??\xA6|"});
 }
 
@@ -172,15 +171,15 @@ void tst_SendReq::anySocketStateButConnectedIsNotConnected()
 {
     QFETCH(int, state);
     socket->state = static_cast<SocketState>(state);
-    QCOMPARE(SendReq(u"X\u00A6"_s), SendStatus::NotConnected);
+    QCOMPARE(SendReq(u"X¦"_s), SendStatus::NotConnected);
     QCOMPARE(socket->sent, QByteArrayList());
 }
 
 void tst_SendReq::withoutASocketNothingIsSent()
 {
     frmWinsock::Unload();
-    QCOMPARE(SendReq(u"X\u00A6"_s), SendStatus::NotConnected);
-    QCOMPARE(folder->Log(), QStringList{u"SendReq: X\u00A6"_s});
+    QCOMPARE(SendReq(u"X¦"_s), SendStatus::NotConnected);
+    QCOMPARE(folder->Log(), QStringList{u"SendReq: X¦"_s});
     QVERIFY(!frmWinsock::IsLoaded());
 }
 
@@ -203,7 +202,7 @@ void tst_SendReq::theIdleCountStartsOver()
     form.StopInactivity();
     socket->completesSends = completes;
     Global.bSendBusy = busyBefore;
-    SendReq(u"X\u00A6"_s);
+    SendReq(u"X¦"_s);
     QCOMPARE(form.TmrInactivityTag, u"0"_s);
     QVERIFY(form.TmrInactivity->isActive());
     QVERIFY(form.TmrInactivity->remainingTime() > 50'000);
@@ -214,17 +213,17 @@ void tst_SendReq::withoutAConnectionTheIdleTimerStops()
     frmWinsock &form = frmWinsock::Form();
     form.TmrInactivityTag = u"4"_s;
     socket->state = SocketState::Closing;
-    QCOMPARE(SendReq(u"X\u00A6"_s), SendStatus::NotConnected);
+    QCOMPARE(SendReq(u"X¦"_s), SendStatus::NotConnected);
     QVERIFY(!form.TmrInactivity->isActive());
     QCOMPARE(form.TmrInactivityTag, u"4"_s);
-    QCOMPARE(folder->Log(), QStringList{u"SendReq: X\u00A6"_s});
+    QCOMPARE(folder->Log(), QStringList{u"SendReq: X¦"_s});
 }
 
 void tst_SendReq::aBusySocketIsWaitedFor()
 {
     Global.bSendBusy = true;
     QTimer::singleShot(20, this, [this] { Q_EMIT socket->SendComplete(); });
-    QCOMPARE(SendReq(u"X\u00A6"_s), SendStatus::Sent);
+    QCOMPARE(SendReq(u"X¦"_s), SendStatus::Sent);
     QCOMPARE(socket->sent, QByteArrayList{"|X\xA6|"});
     QVERIFY(!Global.bSendBusy);
 }
@@ -242,7 +241,7 @@ void tst_SendReq::theLimitIsOneForBothWaits()
         Q_EMIT socket->SendComplete();
     });
     free.start(0);
-    QCOMPARE(SendReq(u"X\u00A6"_s), SendStatus::TimedOut);
+    QCOMPARE(SendReq(u"X¦"_s), SendStatus::TimedOut);
     QCOMPARE(int(socket->sent.size()), 1);
     QVERIFY(secondsGone() >= 30.0 && secondsGone() <= 30.0 + slack);
 }
@@ -251,21 +250,21 @@ void tst_SendReq::afterASendThatNeverCompletesEveryRequestIsBusy()
 {
     clock->Run(1.0);
     socket->completesSends = false;
-    QCOMPARE(SendReq(u"1\u00A6"_s), SendStatus::TimedOut);
-    QCOMPARE(SendReq(u"2\u00A6"_s), SendStatus::Busy);
-    QCOMPARE(SendReq(u"3\u00A6"_s), SendStatus::Busy);
+    QCOMPARE(SendReq(u"1¦"_s), SendStatus::TimedOut);
+    QCOMPARE(SendReq(u"2¦"_s), SendStatus::Busy);
+    QCOMPARE(SendReq(u"3¦"_s), SendStatus::Busy);
     QCOMPARE(socket->sent, QByteArrayList{"|1\xA6|"});
     // The late event frees it.
     socket->completesSends = true;
     Q_EMIT socket->SendComplete();
-    QCOMPARE(SendReq(u"4\u00A6"_s), SendStatus::Sent);
+    QCOMPARE(SendReq(u"4¦"_s), SendStatus::Sent);
 }
 
 void tst_SendReq::aLinkLostWhileTheSocketIsBusyIsNotConnected()
 {
     Global.bSendBusy = true;
     QTimer::singleShot(5, this, [this] { socket->PeerCloses(); });
-    QCOMPARE(SendReq(u"X\u00A6"_s), SendStatus::NotConnected);
+    QCOMPARE(SendReq(u"X¦"_s), SendStatus::NotConnected);
     QVERIFY(secondsGone() < 30.0);
     QVERIFY(!frmWinsock::Form().TmrInactivity->isActive());
 }
@@ -274,7 +273,7 @@ void tst_SendReq::aLinkUnloadedWhileTheSendIsUnderWayIsNotWaitedFor()
 {
     socket->completesSends = false;
     QTimer::singleShot(5, this, [] { frmWinsock::Unload(); });
-    QCOMPARE(SendReq(u"X\u00A6"_s), SendStatus::TimedOut);
+    QCOMPARE(SendReq(u"X¦"_s), SendStatus::TimedOut);
     QVERIFY(secondsGone() < 30.0);
     QVERIFY(!Global.bSendBusy);
     QVERIFY(!frmWinsock::IsLoaded());
@@ -284,7 +283,7 @@ void tst_SendReq::theWaitEndsWhenTheSendCompletes()
 {
     socket->completesSends = false;
     QTimer::singleShot(10, this, [this] { Q_EMIT socket->SendComplete(); });
-    QCOMPARE(SendReq(u"X\u00A6"_s), SendStatus::Sent);
+    QCOMPARE(SendReq(u"X¦"_s), SendStatus::Sent);
     QVERIFY(secondsGone() < 30.0);
 }
 
@@ -293,7 +292,7 @@ void tst_SendReq::theLimitHoldsOverMidnight()
     clock->Set(QDateTime({2026, 3, 10}, {23, 59, 50}));
     began = clock->Now();
     socket->completesSends = false;
-    QCOMPARE(SendReq(u"X\u00A6"_s), SendStatus::TimedOut);
+    QCOMPARE(SendReq(u"X¦"_s), SendStatus::TimedOut);
     QVERIFY(secondsGone() >= 29.9 && secondsGone() <= 30.0 + slack);
     QCOMPARE(clock->Now().date(), QDate(2026, 3, 11));
 }

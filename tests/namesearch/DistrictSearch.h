@@ -5,7 +5,6 @@
 #include "namesearch/frmDiscisNCNameResults.h"
 #include "namesearch/frmDiscisNameResults.h"
 #include "namesearch/frmNameSearchResults.h"
-#include "support/Wire.h"
 
 #include <QTest>
 
@@ -31,7 +30,7 @@ inline NameResultsWindow *MakeWindow(Which which)
 /// A request line, as the search form makes it.
 inline QString DistrictLine(const QString &court = u"BED"_s, const QString &kind = u"CV"_s)
 {
-    return Wire(u"WADISCIS/SEARCH/SMITH/JOHN/Q/%1/%2/CNCI/"_s.arg(court, kind));
+    return u"WADISCIS¦SEARCH¦SMITH¦JOHN¦Q¦%1¦%2¦CNCI¦"_s.arg(court, kind);
 }
 
 inline QString CaseRow(const QString &name)

@@ -2,7 +2,6 @@
 
 #include "core/GlobalState.h"
 #include "namesearch/DistrictSearch.h"
-#include "support/Wire.h"
 #include "tables/ResultListView.h"
 
 #include <QPushButton>
@@ -13,7 +12,7 @@
 /// The request line of a statewide search, as the search form makes it.
 inline QString StatewideLine(const QString &search = u"SNCI"_s)
 {
-    return Wire(u"WADISCIS/SEARCH/SMITH/JOHN/Q/*SW/IN/%1/"_s.arg(search));
+    return u"WADISCIS¦SEARCH¦SMITH¦JOHN¦Q¦*SW¦IN¦%1¦"_s.arg(search);
 }
 
 /// A person without an address, of the name SMITH and this first name.
@@ -32,10 +31,9 @@ inline QString AddressRow(const QString &first, const QString &number)
 inline QString CasesLine(const QString &first, int row,
                          const QString &searched = u"SMITH, JOHN, Q"_s)
 {
-    return Wire(u"WADISCIS/SEARCH/%1/SMITH, %2/M/01|02|1970/W/510/180/BRO/NONE/%3/SNCINMD/"_s
-                    .arg(searched, first)
-                    .arg(row))
-        .replace(u'|', u'/');
+    return u"WADISCIS¦SEARCH¦%1¦SMITH, %2¦M¦01/02/1970¦W¦510¦180¦BRO¦NONE¦%3¦SNCINMD¦"_s
+        .arg(searched, first)
+        .arg(row);
 }
 
 inline QList<QStringList> NamesOf(const QWidget *window)

@@ -33,7 +33,7 @@ public:
     {
         const QStringList &lines = list.Lines();
         for (const QString &line : lines)
-            Text(name, Readable(line));
+            Text(name, line);
     }
     /// A control that this window has.
     void Shown(const char *name)
@@ -86,7 +86,7 @@ void addCase(const CaseWindow *window, Fields &fields)
         fields.Shown(name);
     fields.Flag(u"chkBK"_s, window->chkBK);
     fields.Flag(u"chkAutoPrint"_s, window->chkAutoPrint);
-    fields.Text(u"tboxCaseNumberQueue"_s, Readable(window->tboxCaseNumberQueue));
+    fields.Text(u"tboxCaseNumberQueue"_s, window->tboxCaseNumberQueue);
     fields.Lines(u"lboxTabReqQueue"_s, window->lboxTabReqQueue);
 }
 } // namespace

@@ -46,8 +46,7 @@ QList<QStringList> SearchJobTest::RowsOf(const NameSearch *search)
 
 QString RequestLine(const QString &last, const QString &county)
 {
-    return u"WASUP\u00A6SEARCH\u00A6"_s + last + u"\u00A6JOHN\u00A6Q\u00A6\u00A6"_s + county
-           + u",\u00A6Civil,Criminal,\u00A6\u00A6\u00A6"_s;
+    return u"WASUP¦SEARCH¦"_s + last + u"¦JOHN¦Q¦¦"_s + county + u",¦Civil,Criminal,¦¦¦"_s;
 }
 
 QString ResultLine(const QString &name, const QString &number)

@@ -4,7 +4,6 @@
 #include "courts/DiscisCourts.h"
 #include "support/HalvaneTest.h"
 #include "support/TestFolder.h"
-#include "support/Wire.h"
 
 #include <QTest>
 
@@ -130,20 +129,20 @@ void tst_CaseFromRow::eachState_data()
     QTest::addColumn<QString>("court");
     QTest::addColumn<QString>("courtType");
     QTest::newRow("Washington") << u"WA"_s << u"WA Superior Ct King County"_s << u"King"_s
-                                << Wire(u"WASUP/SUMMARY/02-2/King//"_s)
+                                << u"WASUP¦SUMMARY¦02-2¦King¦¦"_s
                                 << u"Washington Summary Request: "_s
                                 << u"02-2 - King County Superior Courts"_s
                                 << u"King County, Washington Superior Courts"_s << QString();
     QTest::newRow("Oregon, circuit")
         << u"OR"_s << u"OR Linn Co Cir Ct"_s << u"Linn"_s
-        << Wire(u"OREGON/SUMMARY,NAMES,DOCKET,/02-2/LIN C/"_s) << u"Oregon Summary Request: "_s
+        << u"OREGON¦SUMMARY,NAMES,DOCKET,¦02-2¦LIN C¦"_s << u"Oregon Summary Request: "_s
         << u"Case Details (02-2)"_s << u"Linn County, Oregon Circuit Courts"_s << u"C"_s;
     QTest::newRow("Oregon, district")
         << u"OR"_s << u"OR Linn Co Dist Ct"_s << u"Linn"_s
-        << Wire(u"OREGON/SUMMARY,NAMES,DOCKET,/02-2/LIN D/"_s) << u"Oregon Summary Request: "_s
+        << u"OREGON¦SUMMARY,NAMES,DOCKET,¦02-2¦LIN D¦"_s << u"Oregon Summary Request: "_s
         << u"Case Details (02-2)"_s << u"Linn County, Oregon District Courts"_s << u"D"_s;
     QTest::newRow("Idaho") << u"ID"_s << u"ID District Ct Ada County"_s << u"Ada"_s
-                           << Wire(u"IDSUP/SUMMARY,NAMES,DOCKET,/02-2/Ada/"_s)
+                           << u"IDSUP¦SUMMARY,NAMES,DOCKET,¦02-2¦Ada¦"_s
                            << u"Idaho Summary Request: "_s << u"Case Details (02-2)"_s
                            << u"Ada County, Idaho District Courts"_s << QString();
 }
@@ -196,7 +195,7 @@ void tst_CaseFromRow::theNumberKeepsItsMarksForTheCaseWindow()
     const CaseStart fields = washington(cell, u"WA Superior Ct King County"_s);
     QCOMPARE(fields.txtCaseNumber, cell);
     QTEST(fields.lblCaseDetailsHdr, "heading");
-    QCOMPARE(fields.tboxCaseNumberQueue, Wire(u"WASUP/SUMMARY/02-2/King//"_s));
+    QCOMPARE(fields.tboxCaseNumberQueue, u"WASUP¦SUMMARY¦02-2¦King¦¦"_s);
 }
 
 void tst_CaseFromRow::washingtonCounties_data()
@@ -241,8 +240,7 @@ void tst_CaseFromRow::oregonCourts()
     QFETCH(QString, court);
     const CaseStart fields = CaseOfRow(rowOf(u"02-2"_s, location), ResultKind::Superior, u"OR"_s);
     QTEST(fields.txtCountyName, "county");
-    QCOMPARE(fields.tboxCaseNumberQueue,
-             Wire(u"OREGON/SUMMARY,NAMES,DOCKET,/02-2/"_s + court + u'/'));
+    QCOMPARE(fields.tboxCaseNumberQueue, u"OREGON¦SUMMARY,NAMES,DOCKET,¦02-2¦"_s + court + u'¦');
 }
 
 void tst_CaseFromRow::oregonCountiesAreReadWhenTheyAreNeeded()
@@ -324,11 +322,11 @@ void tst_CaseFromRow::discisCases_data()
     QTest::addColumn<QString>("line");
     QTest::addColumn<QString>("log");
     const auto row = [](const char *name, ResultKind kind, const QString &type, bool civil) {
-        const QString line = civil ? u"WADISCIS////C0012345/IT/BED/CV/CIVI//"_s
-                                   : u"WADISCIS////C0012345/IT/BED/IN/NCC//"_s;
+        const QString line = civil ? u"WADISCIS¦¦¦¦C0012345¦IT¦BED¦CV¦CIVI¦¦"_s
+                                   : u"WADISCIS¦¦¦¦C0012345¦IT¦BED¦IN¦NCC¦¦"_s;
         QTest::newRow(name) << static_cast<int>(kind) << type
                             << static_cast<int>(civil ? CaseKind::Civil : CaseKind::NonCivil)
-                            << Wire(line)
+                            << line
                             << (civil ? u"Discis CIVI Search Request: "_s
                                       : u"Discis NCC Search Request: "_s);
     };
@@ -384,7 +382,7 @@ void tst_CaseFromRow::aSuperiorCodeAmongTheNonCivilCases()
     const CaseStart fields =
         DiscisCaseOfRow(discisRow(u"*02-1-00017-3"_s, code), ResultKind::DiscisStatewide, u"IN"_s);
     QCOMPARE(fields.Kind, CaseKind::State);
-    const QString line = Wire(u"WASUP/SUMMARY/02-1-00017-3/"_s + county + u"//"_s);
+    const QString line = QString(u"WASUP¦SUMMARY¦02-1-00017-3¦"_s + county + u"¦¦"_s);
     QCOMPARE(fields.tboxCaseNumberQueue, line);
     QCOMPARE(fields.Log, QString(u"Summary Request: "_s + line));
     QCOMPARE(fields.txtCountyName, county);
@@ -420,23 +418,23 @@ void tst_CaseFromRow::anUnknownCourtReadsAsItsRow()
     QCOMPARE(fields.Caption, u"C1 - Benton District"_s);
     QCOMPARE(fields.lblCourtName, u"Benton District"_s);
     QCOMPARE(fields.txtCountyName, QString());
-    QCOMPARE(fields.tboxCaseNumberQueue, Wire(u"WADISCIS////C1/IN/ZZZ/CV/CIVI//"_s));
+    QCOMPARE(fields.tboxCaseNumberQueue, u"WADISCIS¦¦¦¦C1¦IN¦ZZZ¦CV¦CIVI¦¦"_s);
 }
 
 void tst_CaseFromRow::caseTypeOfARequest_data()
 {
     QTest::addColumn<QString>("line");
     QTest::addColumn<QString>("type");
-    QTest::newRow("civil") << u"WADISCIS/SEARCH/SMITH/JOHN/Q/BED/CV/CNCI/"_s << u"CV"_s;
-    QTest::newRow("non-civil") << u"WADISCIS/SEARCH/SMITH/JOHN/Q/*SW/IN/SNCI/"_s << u"IN"_s;
-    QTest::newRow("too short") << u"WADISCIS/SEARCH/"_s << QString();
+    QTest::newRow("civil") << u"WADISCIS¦SEARCH¦SMITH¦JOHN¦Q¦BED¦CV¦CNCI¦"_s << u"CV"_s;
+    QTest::newRow("non-civil") << u"WADISCIS¦SEARCH¦SMITH¦JOHN¦Q¦*SW¦IN¦SNCI¦"_s << u"IN"_s;
+    QTest::newRow("too short") << u"WADISCIS¦SEARCH¦"_s << QString();
     QTest::newRow("empty") << QString() << QString();
 }
 
 void tst_CaseFromRow::caseTypeOfARequest()
 {
     QFETCH(QString, line);
-    QTEST(CaseTypeOfRequest(Wire(line)), "type");
+    QTEST(CaseTypeOfRequest(line), "type");
 }
 
 void tst_CaseFromRow::rowsWithTooFewCells_data()
@@ -464,13 +462,13 @@ void tst_CaseFromRow::rowsWithTooFewCells()
         QCOMPARE(fields.txtCaseNumber, row.value(1));
         QCOMPARE(fields.txtCaseType, row.value(4));
     }
-    QCOMPARE(washington(u"02-2"_s, {}).tboxCaseNumberQueue, Wire(u"WASUP/SUMMARY/02-2///"_s));
+    QCOMPARE(washington(u"02-2"_s, {}).tboxCaseNumberQueue, u"WASUP¦SUMMARY¦02-2¦¦¦"_s);
 }
 
 void tst_CaseFromRow::nothingBreaksTheLine()
 {
-    const CaseStart fields = washington(u"0\u00A62|-2"_s, u"WA Superior Ct Ki\u00A6n|g County"_s);
-    QCOMPARE(fields.tboxCaseNumberQueue, Wire(u"WASUP/SUMMARY/02-2/King//"_s));
+    const CaseStart fields = washington(u"0¦2|-2"_s, u"WA Superior Ct Ki¦n|g County"_s);
+    QCOMPARE(fields.tboxCaseNumberQueue, u"WASUP¦SUMMARY¦02-2¦King¦¦"_s);
 }
 
 HALVANE_TEST(tst_CaseFromRow)

@@ -84,13 +84,11 @@ void tst_CheckedNames::retrievingTwoCheckedNamesWithAddresses()
     frmDiscisNCNameResults *window =
         Searched({AddressRow(u"A"_s, u"K1"_s), AddressRow(u"B"_s, u"K/2"_s), u"EOF~"_s}, u"DND"_s);
     const auto line = [](const QString &first, const QString &key) {
-        return Wire(u"WADISCIS/SEARCH/SMITH, JOHN, Q/SMITH, %1/M/01|02|1970/%2/DNDND/"_s.arg(first,
-                                                                                             key))
-            .replace(u'|', u'/');
+        return u"WADISCIS¦SEARCH¦SMITH, JOHN, Q¦SMITH, %1¦M¦01/02/1970¦%2¦DNDND¦"_s.arg(first, key);
     };
-    court->Expect(line(u"A"_s, u"K1/01"_s)).Reply({CaseRow(u"SMITH, A"_s), u"EOF~"_s});
+    court->Expect(line(u"A"_s, u"K1¦01"_s)).Reply({CaseRow(u"SMITH, A"_s), u"EOF~"_s});
     // A slash in the person's number cuts it: the key has no escape.
-    court->Expect(line(u"B"_s, u"K/2"_s)).Reply({CaseRow(u"SMITH, B"_s), u"EOF~"_s});
+    court->Expect(line(u"B"_s, u"K¦2"_s)).Reply({CaseRow(u"SMITH, B"_s), u"EOF~"_s});
     CheckRow(window, 0);
     CheckRow(window, 1);
     Retrieve(window);
@@ -249,7 +247,7 @@ void tst_CheckedNames::theSecondSearchCarriesTheClientCode()
     window->ClientAcctgCode = u"ABC"_s;
     CheckRow(window, 0);
     const QString line = CasesLine(u"A"_s, 1);
-    court->Expect(line.chopped(1) + u"^^CAC:ABC^^\u00A6"_s).Reply({u"EOF~"_s});
+    court->Expect(line.chopped(1) + u"^^CAC:ABC^^¦"_s).Reply({u"EOF~"_s});
     Retrieve(window);
     QCOMPARE(window->lboxQueue.Lines(), QStringList{line});
 }
@@ -347,7 +345,7 @@ void tst_CheckedNames::stopDuringTheSecondSearch()
 {
     frmDiscisNCNameResults *window = Searched({PersonRow(u"A"_s), PersonRow(u"B"_s), u"EOF~"_s});
     court->Expect(CasesLine(u"A"_s, 1)).Reply({CaseRow(u"SMITH, A"_s)});
-    court->Expect(u"STOP\u00A6"_s);
+    court->Expect(u"STOP¦"_s);
     CheckRow(window, 0);
     CheckRow(window, 1);
     bool retrievable = true;

@@ -299,7 +299,7 @@ void tst_DiscisResults::stopWhileSearching()
 {
     QFETCH(Which, which);
     court->Expect(DistrictLine()).Reply({CaseRow(u"A"_s)});
-    court->Expect(u"STOP\u00A6"_s).Reply({u"EOF~"_s});
+    court->Expect(u"STOP¦"_s).Reply({u"EOF~"_s});
     NameResultsWindow *window = Begin(MakeWindow(which), {DistrictLine()});
     desk->When([&] { return window->RowCount() == 1; },
                [&] { ButtonOf(window, "cmdStopSearching")->click(); });

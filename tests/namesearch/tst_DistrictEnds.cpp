@@ -109,7 +109,7 @@ NameResultsWindow *tst_DistrictEnds::searchTo(const Ending &ending, NameResultsW
     if (ending.then == Then::Drop)
         exchange.Drop();
     if (ending.then == Then::Stop)
-        court->Expect(u"STOP\u00A6"_s).Reply({end});
+        court->Expect(u"STOP¦"_s).Reply({end});
     Begin(window, {line});
     EnqueueKey(otherKey);
     const auto allCame = [this, came = ending.replies.size()] {

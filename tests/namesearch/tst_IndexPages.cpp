@@ -285,7 +285,7 @@ void tst_IndexPages::aStoppedSecondPageEndsByItsEndMark()
 {
     court->Expect(IndexLine()).Reply({IndexRow(u"A"_s), LimitRow(500, 700)});
     court->Expect(IndexLine(501, 1000)).Reply({IndexRow(u"B"_s)});
-    court->Expect(u"STOP\u00A6"_s).Reply({IndexRow(u"C"_s), u"EOF~"_s});
+    court->Expect(u"STOP¦"_s).Reply({IndexRow(u"C"_s), u"EOF~"_s});
     const frmNameSearchResults *window = startPages(*desk, *court);
     QVERIFY(desk->Finish(window));
     QString whileStopping;

@@ -386,7 +386,7 @@ void tst_IndexSearch::aShortRowLosesTheSearch()
 void tst_IndexSearch::aStoppedIndexSearchEndsByItsEndMark()
 {
     court->Expect(IndexLine()).Reply({});
-    court->Expect(u"STOP\u00A6"_s).Reply({u"EOF~"_s});
+    court->Expect(u"STOP¦"_s).Reply({u"EOF~"_s});
     frmNameSearchResults *window = start();
     desk->When([&] { return court->Requests().size() == 1; },
                [&] { ButtonOf(window, "cmdStopSearching")->click(); });

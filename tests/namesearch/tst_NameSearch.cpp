@@ -148,11 +148,11 @@ void tst_NameSearch::theCriteriaFollowTheLineBeingSearched()
 
 void tst_NameSearch::theAccountingTagIsOnTheWireAndNotInTheList()
 {
-    const QString bare = u"WASUP\u00A6SEARCH\u00A6SMITH\u00A6JOHN\u00A6Q\u00A6\u00A6King,\u00A6"
-                         "Civil,\u00A6\u00A6\u00A6"_s;
+    const QString bare = u"WASUP¦SEARCH¦SMITH¦JOHN¦Q¦¦King,¦"
+                         "Civil,¦¦¦"_s;
     court
-        ->Expect(u"WASUP\u00A6SEARCH\u00A6SMITH\u00A6JOHN\u00A6Q\u00A6\u00A6King,\u00A6Civil,"
-                 "\u00A6\u00A6^^CAC:ABC^^\u00A6"_s)
+        ->Expect(u"WASUP¦SEARCH¦SMITH¦JOHN¦Q¦¦King,¦Civil,"
+                 "¦¦^^CAC:ABC^^¦"_s)
         .Reply({u"EOF~"_s});
     desk->ConnectTo(*court);
     CourtSearch *search = Start({bare});

@@ -12,7 +12,7 @@
 #include <QTest>
 
 namespace {
-const QString stopRequest = u"STOP\u00A6"_s;
+const QString stopRequest = u"STOP¦"_s;
 const QString otherKey = u"22222222222222222222"_s;
 
 QString indexLine(const QString &limits)

@@ -18,7 +18,7 @@ const QString closeQuestion = u"Are you sure you want to close this form?\r\n\r\
 const QString closeTitle = u"Close Search Form .."_s;
 const QString refusal = u"This form cannot be closed until the current search completes."_s;
 const QString refusalTitle = u"Stop Current Search .."_s;
-const QString stopRequest = u"STOP\u00A6"_s;
+const QString stopRequest = u"STOP¦"_s;
 const QString exitedByUser = u"EXITED - SEARCH STOPPED BY USER  - from ProcessSearchReqeusts."_s;
 
 /// Closes a window in one of the ways that UnloadMode tells apart.

@@ -187,7 +187,7 @@ void tst_NameSearchOutcomes::aLineWithTooFewFieldsLosesTheSearch()
 {
     court->Expect(RequestLine()).Reply({u"EOF~"_s});
     desk->ConnectTo(*court);
-    CourtSearch *search = Start({RequestLine(), u"WASUP\u00A6SEARCH\u00A6"_s});
+    CourtSearch *search = Start({RequestLine(), u"WASUP¦SEARCH¦"_s});
     QVERIFY(Finish(search));
     QCOMPARE(search->Status.Text, u"Search Stopped - Court Connection Lost!"_s);
     QCOMPARE(court->Requests(), QStringList{RequestLine()});
@@ -196,7 +196,7 @@ void tst_NameSearchOutcomes::aLineWithTooFewFieldsLosesTheSearch()
 /// What it is about cannot be shown, but the court may know.
 void tst_NameSearchOutcomes::aFirstLineWithTooFewFieldsIsAskedAllTheSame()
 {
-    const QString line = u"WASUP\u00A6SEARCH\u00A6"_s;
+    const QString line = u"WASUP¦SEARCH¦"_s;
     court->Expect(line).Reply({ResultLine(u"A"_s), u"EOF~"_s});
     desk->ConnectTo(*court);
     const CourtSearch *search = Start({line});

@@ -14,7 +14,7 @@
 namespace {
 const QString stopQuestion = u"Stop This Search?"_s;
 const QString stopTitle = u"Stop Search Verification"_s;
-const QString stopRequest = u"STOP\u00A6"_s;
+const QString stopRequest = u"STOP¦"_s;
 const QString someMissing = u"Search Stopped By User. Some results may not have been retrieved."_s;
 
 void click(const QWidget *window, const char *name)

@@ -156,7 +156,7 @@ void tst_OpenCase::eachCourt_data()
         QTest::newRow(name) << state
                             << QString(u"SMITH~*"_s + number + u"~01/02/2002~Civil~"_s + location
                                        + u"~Plaintiff~"_s)
-                            << handed << QString(log + Wire(line));
+                            << handed << QString(log + line);
     };
     const QString pending = u"lblCaseTitle Pending .. "_s;
     const QString filed = u"lblDateFiled 01/02/2002"_s;
@@ -165,7 +165,7 @@ void tst_OpenCase::eachCourt_data()
         {u"txtCountyName Walla Walla"_s,
          u"lblCourtName Walla Walla County, Washington Superior Courts"_s,
          u"txtCaseNumber *02-2-02029-9"_s, pending, filed},
-        u"WASUP/SUMMARY/02-2-02029-9/Walla Walla//"_s);
+        u"WASUP¦SUMMARY¦02-2-02029-9¦Walla Walla¦¦"_s);
     for (const auto &[name, place, courts, type] :
          {std::tuple{"Oregon, circuit", u"Linn Co Cir Ct"_s, u"Circuit"_s, u"C"_s},
           std::tuple{"Oregon, district", u"Linn Co Dist Ct"_s, u"District"_s, u"D"_s}}) {
@@ -174,7 +174,7 @@ void tst_OpenCase::eachCourt_data()
             {u"txtCountyName Linn"_s,
              u"lblCourtName Linn County, Oregon "_s + courts + u" Courts"_s,
              u"lblOrCourtType "_s + type, u"txtCaseNumber *02C17"_s, pending, filed},
-            u"OREGON/SUMMARY,NAMES,DOCKET,/02C17/LIN "_s + type + u'/');
+            u"OREGON¦SUMMARY,NAMES,DOCKET,¦02C17¦LIN "_s + type + u'¦');
     }
     for (const auto &[name, head, type] : {std::tuple{"Idaho, civil", u"CV"_s, u"Civil"_s},
                                            std::tuple{"Idaho, criminal", u"CR"_s, u"Criminal"_s},
@@ -185,7 +185,7 @@ void tst_OpenCase::eachCourt_data()
             {u"txtCountyName Ada"_s, u"lblCourtName Ada County, Idaho District Courts"_s,
              u"txtCaseNumber *"_s + number, pending, filed,
              u"lblTopFrameCaseType "_s + type + u"/Plaintiff"_s},
-            u"IDSUP/SUMMARY,NAMES,DOCKET,/"_s + number + u"/Ada/"_s);
+            u"IDSUP¦SUMMARY,NAMES,DOCKET,¦"_s + number + u"¦Ada¦"_s);
     }
 }
 
@@ -242,7 +242,7 @@ void tst_OpenCase::anIndexSearch()
     auto *window = Search(new frmNameSearchResults(u"WA"_s, true), {line});
     choose(window, 0);
     QCOMPARE(caseWindows().size(), 1);
-    QCOMPARE(caseWindows().constFirst()->tboxCaseNumberQueue, Wire(u"WASUP/SUMMARY/02-2/King//"_s));
+    QCOMPARE(caseWindows().constFirst()->tboxCaseNumberQueue, u"WASUP¦SUMMARY¦02-2¦King¦¦"_s);
 }
 
 void tst_OpenCase::eachDistrictCase_data()
@@ -266,7 +266,7 @@ void tst_OpenCase::eachDistrictCase()
     choose(window, 0);
     QCOMPARE(caseWindows().size(), 1);
     const QString line =
-        u"WADISCIS////C0012345/IT/BED/"_s + (civil ? u"CV/CIVI//"_s : u"IN/NCC//"_s);
+        u"WADISCIS¦¦¦¦C0012345¦IT¦BED¦"_s + (civil ? u"CV¦CIVI¦¦"_s : u"IN¦NCC¦¦"_s);
     // A person has a name there, a case a title.
     const QStringList title = civil ? QStringList{u"lblCaseTitle Pending .. "_s} : QStringList();
     QCOMPARE(Handed(caseWindows().constFirst()),
@@ -280,8 +280,7 @@ void tst_OpenCase::eachDistrictCase()
               + title
               + QStringList{u"lblDateFiled 01/02/2002"_s, u"tboxCaseNumberQueue "_s + line}));
     QVERIFY(desk->Folder.Logged(
-        (civil ? u"Discis CIVI Search Request: "_s : u"Discis NCC Search Request: "_s)
-        + Wire(line)));
+        (civil ? u"Discis CIVI Search Request: "_s : u"Discis NCC Search Request: "_s) + line));
     QCOMPARE(RowsOf(window)[0][1], u">>*C0012345"_s);
 }
 
@@ -300,7 +299,7 @@ void tst_OpenCase::aSuperiorCaseAmongTheNonCivil()
                          {u"SMITH~02-1-00017-3~S17~King~FEL~OPN~DEF~01/02/2002~"_s});
     choose(window, 0);
     QCOMPARE(caseWindows().size(), 1);
-    const QString line = u"WASUP/SUMMARY/02-1-00017-3/King//"_s;
+    const QString line = u"WASUP¦SUMMARY¦02-1-00017-3¦King¦¦"_s;
     QCOMPARE(Handed(caseWindows().constFirst()),
              (QStringList{
                  u"frmCaseDetails"_s, u"caption 02-1-00017-3 - King County Superior Courts"_s,
@@ -308,7 +307,7 @@ void tst_OpenCase::aSuperiorCaseAmongTheNonCivil()
                  u"txtCountyName King"_s, u"lblCourtName King County, Washington Superior Courts"_s,
                  u"txtCaseNumber 02-1-00017-3"_s, u"lblCaseTitle Pending .. "_s,
                  u"lblDateFiled 01/02/2002"_s, u"tboxCaseNumberQueue "_s + line}));
-    QVERIFY(desk->Folder.Logged(u"Summary Request: "_s + Wire(line)));
+    QVERIFY(desk->Folder.Logged(u"Summary Request: "_s + line));
 }
 
 void tst_OpenCase::theRowIsMarkedOnce()
@@ -322,7 +321,7 @@ void tst_OpenCase::theRowIsMarkedOnce()
     QCOMPARE(caseWindows().size(), 3);
     for (const CaseWindow *opened : caseWindows()) {
         QCOMPARE(opened->windowTitle(), u"02-2-02029-9 - King County Superior Courts"_s);
-        QCOMPARE(opened->tboxCaseNumberQueue, Wire(u"WASUP/SUMMARY/02-2-02029-9/King//"_s));
+        QCOMPARE(opened->tboxCaseNumberQueue, u"WASUP¦SUMMARY¦02-2-02029-9¦King¦¦"_s);
     }
 }
 
@@ -432,7 +431,7 @@ void tst_OpenCase::theMouseDownAloneSelects()
 void tst_OpenCase::theNewWindowWaitsItsTurn()
 {
     const frmNameSearchResults *window = finished({ResultLine(u"A"_s), ResultLine(u"B"_s)});
-    const QString line = Wire(u"WASUP/SUMMARY/02-2-02029-9/King//"_s);
+    const QString line = u"WASUP¦SUMMARY¦02-2-02029-9¦King¦¦"_s;
     court->Expect(line).Reply({u"EOF~"_s});
     court->Expect(line).Reply({u"EOF~"_s});
     choose(window, 0);
@@ -517,12 +516,12 @@ void tst_OpenCase::aRowThatWasCutShortDoesNotCrash_data()
     QTest::addColumn<QString>("row");
     QTest::addColumn<QString>("line");
     QTest::newRow("Superior, number only")
-        << Which::Name << u"SMITH~02-2~"_s << u"WASUP/SUMMARY/02-2///"_s;
+        << Which::Name << u"SMITH~02-2~"_s << u"WASUP¦SUMMARY¦02-2¦¦¦"_s;
     QTest::newRow("Superior, no location")
-        << Which::Name << u"SMITH~02-2~01/02/2002~Civil~"_s << u"WASUP/SUMMARY/02-2///"_s;
-    QTest::newRow("civil") << Which::Civil << u"SMITH~C1~"_s << u"WADISCIS////C1///CV/CIVI//"_s;
+        << Which::Name << u"SMITH~02-2~01/02/2002~Civil~"_s << u"WASUP¦SUMMARY¦02-2¦¦¦"_s;
+    QTest::newRow("civil") << Which::Civil << u"SMITH~C1~"_s << u"WADISCIS¦¦¦¦C1¦¦¦CV¦CIVI¦¦"_s;
     QTest::newRow("non-civil") << Which::NonCivil << u"SMITH~C1~BED~"_s
-                               << u"WADISCIS////C1//BED/IN/NCC//"_s;
+                               << u"WADISCIS¦¦¦¦C1¦¦BED¦IN¦NCC¦¦"_s;
 }
 
 void tst_OpenCase::aRowThatWasCutShortDoesNotCrash()
@@ -536,7 +535,7 @@ void tst_OpenCase::aRowThatWasCutShortDoesNotCrash()
     QCOMPARE(window->RowCount(), 1);
     choose(window, 0);
     QCOMPARE(caseWindows().size(), 1);
-    QCOMPARE(caseWindows().constFirst()->tboxCaseNumberQueue, Wire(line));
+    QCOMPARE(caseWindows().constFirst()->tboxCaseNumberQueue, line);
 }
 
 void tst_OpenCase::aSortedRowOpensItsOwnCase()

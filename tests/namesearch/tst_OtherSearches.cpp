@@ -2,7 +2,6 @@
 #include "namesearch/SearchDesk.h"
 #include "namesearch/frmNameSearchResults.h"
 #include "support/HalvaneTest.h"
-#include "support/Wire.h"
 #include "tables/ResultListView.h"
 
 #include <QLineEdit>
@@ -93,8 +92,8 @@ void tst_OtherSearches::searchOfEachState_data()
     QTest::addColumn<QString>("cells");
     const QString courtRow = u"SMITH~1~01/02/2002~Civil~Baker Co Cir Ct~Plaintiff~"_s;
     const QString courtCells = u"SMITH/1/01~02~2002/Civil/Baker Co Cir Ct/Plaintiff"_s;
-    const QString oregon = Wire(u"OREGON/SEARCH/SMITH/JOHN///BAK C/CV,DO,/1990/2002/"_s);
-    const QString idaho = Wire(u"IDSUP/SEARCH/SMITH/JOHN///Ada,/CV,CR,////"_s);
+    const QString oregon = u"OREGON¦SEARCH¦SMITH¦JOHN¦¦¦BAK C¦CV,DO,¦1990¦2002¦"_s;
+    const QString idaho = u"IDSUP¦SEARCH¦SMITH¦JOHN¦¦¦Ada,¦CV,CR,¦¦¦¦"_s;
     QTest::newRow("Oregon") << u"OR"_s << oregon << courtRow
                             << u"SMITH, JOHN in Baker County, Oregon Circuit/District Courts"_s
                             << u"Civil, Domestic"_s << courtCells;
@@ -158,7 +157,7 @@ void tst_OtherSearches::aStoppedBankruptcySearch_data()
     QTest::addColumn<QString>("stop");
     for (const QString &state : {u"WAWBK"_s, u"WAEBK"_s, u"ORBK"_s})
         QTest::newRow(qPrintable(state)) << state << u"BKRPT~STOP~"_s;
-    QTest::newRow("IDBK") << u"IDBK"_s << u"STOP\u00A6"_s;
+    QTest::newRow("IDBK") << u"IDBK"_s << u"STOP¦"_s;
 }
 
 void tst_OtherSearches::aStoppedBankruptcySearch()
@@ -177,7 +176,7 @@ void tst_OtherSearches::aStoppedBankruptcySearch()
 void tst_OtherSearches::anIndexMarkTakenBackGivesCourtRows()
 {
     // The search form copies its index mark into every window, and takes it back for Oregon.
-    const QString line = Wire(u"OREGON/SEARCH/SMITH/JOHN///BAK C/CV,/1990/2002/"_s);
+    const QString line = u"OREGON¦SEARCH¦SMITH¦JOHN¦¦¦BAK C¦CV,¦1990¦2002¦"_s;
     court->Expect(line).Reply({u"A~1~2~3~4~5~"_s, u"EOF~"_s});
     auto *window = new frmNameSearchResults(u"OR"_s, true);
     window->chkIndexSearch = false;

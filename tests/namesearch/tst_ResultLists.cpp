@@ -142,7 +142,7 @@ void tst_ResultLists::aStoppedSearchIsNoNews()
     int notices = 0;
     ReplaceDesktopNotice([&](QWidget *, const QString &, const QString &) { ++notices; });
     court->Expect(RequestLine()).Reply({});
-    court->Expect(u"STOP\u00A6"_s).Reply({u"EOF~"_s});
+    court->Expect(u"STOP¦"_s).Reply({u"EOF~"_s});
     desk->ConnectTo(*court);
     frmNameSearchResults *window = desk->Start({RequestLine()});
     QWidget other;
@@ -165,7 +165,7 @@ void tst_ResultLists::thePageBehindAStoppedOneIsNewsAgain()
     int notices = 0;
     ReplaceDesktopNotice([&](QWidget *, const QString &, const QString &) { ++notices; });
     court->Expect(IndexLine()).Reply({IndexRow(u"A"_s)});
-    court->Expect(u"STOP\u00A6"_s).Reply({LimitRow(500, 700)});
+    court->Expect(u"STOP¦"_s).Reply({LimitRow(500, 700)});
     court->Expect(IndexLine(501, 1000)).Reply({});
     auto *window = Begin(new frmNameSearchResults(u"WA"_s, true), {IndexLine()});
     desk->When([window] { return window->RowCount() == 1; },

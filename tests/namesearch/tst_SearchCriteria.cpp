@@ -5,14 +5,12 @@
 #include "courts/DiscisCourts.h"
 #include "support/HalvaneTest.h"
 #include "support/TestFolder.h"
-#include "support/Wire.h"
 
 #include <QTest>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-/// A line as it is read easily: its fields with "/" for the broken bar.
 SearchCriteria superiorCriteria(const QString &line)
 {
     return CriteriaOf(line, {u"WA"_s});
@@ -48,22 +46,22 @@ void tst_SearchCriteria::name_data()
 {
     QTest::addColumn<QString>("line");
     QTest::addColumn<QString>("name");
-    QTest::newRow("all three") << u"WASUP/SEARCH/SMITH/JOHN/Q//King,/Civil,///"_s
+    QTest::newRow("all three") << u"WASUP¦SEARCH¦SMITH¦JOHN¦Q¦¦King,¦Civil,¦¦¦"_s
                                << u"SMITH, JOHN, Q"_s;
     QTest::newRow("no middle initial")
-        << u"WASUP/SEARCH/SMITH/JOHN///King,/Civil,///"_s << u"SMITH, JOHN"_s;
-    QTest::newRow("last name alone") << u"WASUP/SEARCH/SMITH////King,/Civil,///"_s << u"SMITH"_s;
+        << u"WASUP¦SEARCH¦SMITH¦JOHN¦¦¦King,¦Civil,¦¦¦"_s << u"SMITH, JOHN"_s;
+    QTest::newRow("last name alone") << u"WASUP¦SEARCH¦SMITH¦¦¦¦King,¦Civil,¦¦¦"_s << u"SMITH"_s;
     QTest::newRow("middle initial without first name")
-        << u"WASUP/SEARCH/SMITH//Q//King,/Civil,///"_s << u"SMITH, Q"_s;
-    QTest::newRow("business") << u"WASUP/SEARCH/ACME, INC////King,/Civil,///"_s << u"ACME, INC"_s;
+        << u"WASUP¦SEARCH¦SMITH¦¦Q¦¦King,¦Civil,¦¦¦"_s << u"SMITH, Q"_s;
+    QTest::newRow("business") << u"WASUP¦SEARCH¦ACME, INC¦¦¦¦King,¦Civil,¦¦¦"_s << u"ACME, INC"_s;
     QTest::newRow("field 5 is not shown")
-        << u"WASUP/SEARCH/SMITH/JOHN/Q/JR/King,/Civil,///"_s << u"SMITH, JOHN, Q"_s;
+        << u"WASUP¦SEARCH¦SMITH¦JOHN¦Q¦JR¦King,¦Civil,¦¦¦"_s << u"SMITH, JOHN, Q"_s;
 }
 
 void tst_SearchCriteria::name()
 {
     QFETCH(QString, line);
-    QTEST(superiorCriteria(Wire(line)).Name, "name");
+    QTEST(superiorCriteria(line).Name, "name");
 }
 
 void tst_SearchCriteria::caption_data()
@@ -87,7 +85,7 @@ void tst_SearchCriteria::caption_data()
 void tst_SearchCriteria::caption()
 {
     QFETCH(QString, county);
-    QTEST(superiorCriteria(Wire(u"WASUP/SEARCH/SMITH////"_s + county + u"/Civil,///"_s)).Caption,
+    QTEST(superiorCriteria(QString(u"WASUP¦SEARCH¦SMITH¦¦¦¦"_s + county + u"¦Civil,¦¦¦"_s)).Caption,
           "caption");
 }
 
@@ -112,7 +110,7 @@ void tst_SearchCriteria::caseTypes_data()
 void tst_SearchCriteria::caseTypes()
 {
     QFETCH(QString, field);
-    QTEST(superiorCriteria(Wire(u"WASUP/SEARCH/SMITH////King,/"_s + field + u"///"_s)).CaseTypes,
+    QTEST(superiorCriteria(QString(u"WASUP¦SEARCH¦SMITH¦¦¦¦King,¦"_s + field + u"¦¦¦"_s)).CaseTypes,
           "shown");
 }
 
@@ -121,8 +119,8 @@ void tst_SearchCriteria::tooFewFields_data()
     QTest::addColumn<QString>("line");
     QTest::newRow("nothing") << QString();
     QTest::newRow("no bar") << u"SMITH"_s;
-    QTest::newRow("up to the name") << u"WASUP/SEARCH/SMITH"_s;
-    QTest::newRow("up to the county") << u"WASUP/SEARCH/SMITH////King,"_s;
+    QTest::newRow("up to the name") << u"WASUP¦SEARCH¦SMITH"_s;
+    QTest::newRow("up to the county") << u"WASUP¦SEARCH¦SMITH¦¦¦¦King,"_s;
     QTest::newRow("the other delimiter") << u"INDEX~SEARCH~SMITH~JOHN~Q~~King,~Civil,~~~"_s;
 }
 
@@ -131,7 +129,7 @@ void tst_SearchCriteria::tooFewFields()
     QFETCH(QString, line);
     int number = 0;
     try {
-        superiorCriteria(Wire(line));
+        superiorCriteria(line);
     } catch (const RunTimeError &error) {
         number = error.Number();
     }
@@ -140,8 +138,8 @@ void tst_SearchCriteria::tooFewFields()
 
 void tst_SearchCriteria::blanksAroundTheLine()
 {
-    const SearchCriteria criteria = superiorCriteria(
-        u"   "_s + Wire(u"WASUP/SEARCH/SMITH/JOHN/Q//King,/Civil,///"_s) + u"  "_s);
+    const SearchCriteria criteria =
+        superiorCriteria(u"   "_s + u"WASUP¦SEARCH¦SMITH¦JOHN¦Q¦¦King,¦Civil,¦¦¦"_s + u"  "_s);
     QCOMPARE(criteria.Caption, u"SMITH, JOHN, Q in King County, Washington Superior Courts"_s);
 }
 
@@ -188,7 +186,7 @@ void tst_SearchCriteria::captionOfEachState()
         QVERIFY(names.join(u',').size() >= 35);
         caption = caption.arg(names.join(u',').left(35));
     }
-    const QString line = Wire(u"OREGON/SEARCH/SMITH////"_s + county + u"/CV,///"_s);
+    const QString line = QString(u"OREGON¦SEARCH¦SMITH¦¦¦¦"_s + county + u"¦CV,¦¦¦"_s);
     QCOMPARE(CriteriaOf(line, {state, false, u"Ada, Adams, Bannock, Bear Lake, Benewah Counties"_s})
                  .Caption,
              caption);
@@ -236,7 +234,7 @@ void tst_SearchCriteria::districtCaption()
     LoadDiscisCourts();
     QFETCH(QString, court);
     const SearchCriteria criteria =
-        DiscisCriteria(Wire(u"WADISCIS/SEARCH/SMITH/JOHN//"_s + court + u"/CV/CNCI/"_s),
+        DiscisCriteria(QString(u"WADISCIS¦SEARCH¦SMITH¦JOHN¦¦"_s + court + u"¦CV¦CNCI¦"_s),
                        u"Statewide - All Counties"_s);
     QCOMPARE(criteria.Name, u"SMITH, JOHN"_s);
     QTEST(criteria.Caption, "caption");
@@ -246,7 +244,7 @@ void tst_SearchCriteria::districtLineWithTooFewFields()
 {
     int number = 0;
     try {
-        DiscisCriteria(Wire(u"WADISCIS/SEARCH/SMITH/JOHN/"_s), {});
+        DiscisCriteria(u"WADISCIS¦SEARCH¦SMITH¦JOHN¦"_s, {});
     } catch (const RunTimeError &error) {
         number = error.Number();
     }
@@ -257,13 +255,13 @@ void tst_SearchCriteria::county_data()
 {
     QTest::addColumn<QString>("line");
     QTest::addColumn<QString>("county");
-    QTest::newRow("one") << u"WASUP/SEARCH/SMITH////King,/Civil,///"_s << u"King"_s;
-    QTest::newRow("blanks") << u"WASUP/SEARCH/SMITH//// Grays Harbor , /Civil,///"_s
+    QTest::newRow("one") << u"WASUP¦SEARCH¦SMITH¦¦¦¦King,¦Civil,¦¦¦"_s << u"King"_s;
+    QTest::newRow("blanks") << u"WASUP¦SEARCH¦SMITH¦¦¦¦ Grays Harbor , ¦Civil,¦¦¦"_s
                             << u"Grays Harbor"_s;
-    QTest::newRow("several") << u"WASUP/SEARCH/SMITH////Adams,King,/Civil,///"_s << u"AdamsKing"_s;
-    QTest::newRow("an empty field 6") << u"WASUP/SEARCH/SMITH/////Civil,///"_s << QString();
-    QTest::newRow("field 6 without its bar") << u"WASUP/SEARCH/SMITH////King"_s << u"King"_s;
-    QTest::newRow("no field 6") << u"WASUP/SEARCH/SMITH///"_s << u"none"_s;
+    QTest::newRow("several") << u"WASUP¦SEARCH¦SMITH¦¦¦¦Adams,King,¦Civil,¦¦¦"_s << u"AdamsKing"_s;
+    QTest::newRow("an empty field 6") << u"WASUP¦SEARCH¦SMITH¦¦¦¦¦Civil,¦¦¦"_s << QString();
+    QTest::newRow("field 6 without its bar") << u"WASUP¦SEARCH¦SMITH¦¦¦¦King"_s << u"King"_s;
+    QTest::newRow("no field 6") << u"WASUP¦SEARCH¦SMITH¦¦¦"_s << u"none"_s;
     QTest::newRow("index line") << u"INDEX~SEARCH~SMITH~~~~King,~"_s << u"none"_s;
     QTest::newRow("nothing") << QString() << u"none"_s;
 }
@@ -271,7 +269,7 @@ void tst_SearchCriteria::county_data()
 void tst_SearchCriteria::county()
 {
     QFETCH(QString, line);
-    QTEST(CountyOfRequest(Wire(line)).value_or(u"none"_s), "county");
+    QTEST(CountyOfRequest(line).value_or(u"none"_s), "county");
 }
 
 HALVANE_TEST(tst_SearchCriteria)

@@ -14,7 +14,7 @@
 #include <QTest>
 
 namespace {
-const QString stopRequest = u"STOP\u00A6"_s;
+const QString stopRequest = u"STOP¦"_s;
 const QString pending = u"Pending .."_s;
 } // namespace
 

@@ -32,8 +32,7 @@ inline void SetRange(SearchEntry &entry, const QString &from, const QString &to)
 /// A text that is likely to break a frame: bars, tildes, commas, line ends, marks, blanks.
 inline QString HostileText(QRandomGenerator &random)
 {
-    static const QString characters =
-        QStringLiteral("|~\u00A6,^:\r\n AZaz09JU'&-\u00DC\u20AC\u4E2D");
+    static const QString characters = QStringLiteral("|~¦,^:\r\n AZaz09JU'&-\u00DC\u20AC\u4E2D");
     QString text;
     const int length = random.bounded(30);
     for (int i = 0; i < length; ++i)

@@ -226,7 +226,7 @@ void EntryTest::SearchWithCode(const QStringList &steps, const QStringList &requ
 {
     ScriptedCourt court;
     for (const QString &request : requests)
-        court.Expect(Wire(request)).Reply({u"EOF~"_s});
+        court.Expect(request).Reply({u"EOF~"_s});
     desk->Desk.ConnectTo(court);
     desk->Do(steps);
     desk->ExpectCode(u" abc "_s);

@@ -42,7 +42,7 @@ QStringList superior(const QString &number, const QString &county, bool autoPrin
     QStringList further{u"txtCaseNumber "_s + number};
     if (autoPrint)
         further.append(u"chkAutoPrint"_s);
-    further.append(u"tboxCaseNumberQueue WASUP/SUMMARY/"_s + number + u'/');
+    further.append(u"tboxCaseNumberQueue WASUP¦SUMMARY¦"_s + number + u'¦');
     return details(u"WA"_s, number, county, washington, further);
 }
 } // namespace

@@ -83,44 +83,44 @@ void tst_DispatchDiscis::theWindowIsHanded_data()
     const QString all = u"Statewide - All Counties"_s;
     QTest::newRow("civil, one court") << civil + smithJohnQ + oneCourt
                                       << results(true, u"SMITH, JOHN Q"_s, county, othello, {},
-                                                 {u"WADISCIS/SEARCH/SMITH/JOHN/Q/OTD/CV/CNCI/"_s});
+                                                 {u"WADISCIS¦SEARCH¦SMITH¦JOHN¦Q¦OTD¦CV¦CNCI¦"_s});
     QTest::newRow("civil, several courts")
         << civil + smithJohnQ + adams
         << results(true, u"SMITH, JOHN Q"_s, county, both, {},
-                   {u"WADISCIS/SEARCH/SMITH/JOHN/Q/OTD/CV/CNCI/"_s,
-                    u"WADISCIS/SEARCH/SMITH/JOHN/Q/RID/CV/CNCI/"_s});
+                   {u"WADISCIS¦SEARCH¦SMITH¦JOHN¦Q¦OTD¦CV¦CNCI¦"_s,
+                    u"WADISCIS¦SEARCH¦SMITH¦JOHN¦Q¦RID¦CV¦CNCI¦"_s});
     QTest::newRow("civil, a business") << civil + business + acme + oneCourt
                                        << results(true, u"ACME INC,  "_s, county, othello, {},
-                                                  {u"WADISCIS/SEARCH/ACME INC///OTD/CV/CNCI/"_s});
+                                                  {u"WADISCIS¦SEARCH¦ACME INC¦¦¦OTD¦CV¦CNCI¦"_s});
     QTest::newRow("non-civil, one court")
         << nonCivil + smithJohnQ + oneCourt
         << results(false, u"SMITH, JOHN Q"_s, county, othello, u"SNCI"_s,
-                   {u"WADISCIS/SEARCH/SMITH/JOHN/Q/OTD/IN/CNCI/"_s});
+                   {u"WADISCIS¦SEARCH¦SMITH¦JOHN¦Q¦OTD¦IN¦CNCI¦"_s});
     QTest::newRow("non-civil, several courts")
         << nonCivil + smithJohnQ + adams
         << results(false, u"SMITH, JOHN Q"_s, county, both, u"SNCI"_s,
-                   {u"WADISCIS/SEARCH/SMITH/JOHN/Q/OTD/IN/CNCI/"_s,
-                    u"WADISCIS/SEARCH/SMITH/JOHN/Q/RID/IN/CNCI/"_s});
+                   {u"WADISCIS¦SEARCH¦SMITH¦JOHN¦Q¦OTD¦IN¦CNCI¦"_s,
+                    u"WADISCIS¦SEARCH¦SMITH¦JOHN¦Q¦RID¦IN¦CNCI¦"_s});
     QTest::newRow("non-civil, statewide")
         << nonCivil + smithJohnQ + QStringList{allCounties}
         << results(false, u"SMITH, JOHN Q"_s, all, {}, u"SNCI"_s,
-                   {u"WADISCIS/SEARCH/SMITH/JOHN/Q/*SW/IN/SNCI/"_s});
+                   {u"WADISCIS¦SEARCH¦SMITH¦JOHN¦Q¦*SW¦IN¦SNCI¦"_s});
     QTest::newRow("non-civil, a business, statewide")
         << nonCivil + business + acme + QStringList{allCounties}
         << results(false, u"ACME INC,  "_s, all, {}, u"SNCI"_s,
-                   {u"WADISCIS/SEARCH/ACME INC///*SW/IN/SNCI/"_s});
+                   {u"WADISCIS¦SEARCH¦ACME INC¦¦¦*SW¦IN¦SNCI¦"_s});
     QTest::newRow("non-civil, defendants with addresses")
         << nonCivil + smithJohnQ
                + QStringList{u"choose cboxCountyList -- SHOW ADDRESS/DEFS ONLY --"_s}
         << results(false, u"SMITH, JOHN Q"_s,
                    u"Statewide - All Counties - Defendants and Addresses"_s, {}, u"DND"_s,
-                   {u"WADISCIS/SEARCH/SMITH/JOHN/Q/*SW/IN/DND/"_s});
+                   {u"WADISCIS¦SEARCH¦SMITH¦JOHN¦Q¦*SW¦IN¦DND¦"_s});
     QTest::newRow("a last name alone, and the suffix is not sent")
         << nonCivil + oneCourt
                + QStringList{u"type txtSearchName_0 Smith"_s, u"type txtSearchName_1 John"_s,
                              u"type txtSearchName_3 Jr."_s}
         << results(false, u"SMITH, JOHN "_s, county, othello, u"SNCI"_s,
-                   {u"WADISCIS/SEARCH/SMITH/JOHN//OTD/IN/CNCI/"_s});
+                   {u"WADISCIS¦SEARCH¦SMITH¦JOHN¦¦OTD¦IN¦CNCI¦"_s});
 }
 
 void tst_DispatchDiscis::theWindowIsHanded()
@@ -143,18 +143,18 @@ void tst_DispatchDiscis::onTheWire_data()
     QTest::addColumn<QStringList>("requests");
     QTest::newRow("civil, two courts")
         << civil + smithJohnQ + adams
-        << QStringList{u"WADISCIS/SEARCH/SMITH/JOHN/Q/OTD/CV/CNCI^^CAC:ABC^^/"_s,
-                       u"WADISCIS/SEARCH/SMITH/JOHN/Q/RID/CV/CNCI^^CAC:ABC^^/"_s};
+        << QStringList{u"WADISCIS¦SEARCH¦SMITH¦JOHN¦Q¦OTD¦CV¦CNCI^^CAC:ABC^^¦"_s,
+                       u"WADISCIS¦SEARCH¦SMITH¦JOHN¦Q¦RID¦CV¦CNCI^^CAC:ABC^^¦"_s};
     QTest::newRow("non-civil, one court")
         << nonCivil + smithJohnQ + oneCourt
-        << QStringList{u"WADISCIS/SEARCH/SMITH/JOHN/Q/OTD/IN/CNCI^^CAC:ABC^^/"_s};
+        << QStringList{u"WADISCIS¦SEARCH¦SMITH¦JOHN¦Q¦OTD¦IN¦CNCI^^CAC:ABC^^¦"_s};
     QTest::newRow("non-civil, statewide")
         << nonCivil + smithJohnQ + QStringList{allCounties}
-        << QStringList{u"WADISCIS/SEARCH/SMITH/JOHN/Q/*SW/IN/SNCI^^CAC:ABC^^/"_s};
+        << QStringList{u"WADISCIS¦SEARCH¦SMITH¦JOHN¦Q¦*SW¦IN¦SNCI^^CAC:ABC^^¦"_s};
     QTest::newRow("non-civil, defendants with addresses")
         << nonCivil + smithJohnQ
                + QStringList{u"choose cboxCountyList -- SHOW ADDRESS/DEFS ONLY --"_s}
-        << QStringList{u"WADISCIS/SEARCH/SMITH/JOHN/Q/*SW/IN/DND^^CAC:ABC^^/"_s};
+        << QStringList{u"WADISCIS¦SEARCH¦SMITH¦JOHN¦Q¦*SW¦IN¦DND^^CAC:ABC^^¦"_s};
 }
 
 void tst_DispatchDiscis::onTheWire()
@@ -173,7 +173,7 @@ void tst_DispatchDiscis::civilStatewideGives173Lines()
     QStringList lines;
     for (const clsDiscisCourts &court : DiscisCourts()) {
         courts.append(court.CourtName + u" ("_s + court.CourtCode + u')');
-        lines.append(u"WADISCIS/SEARCH/SMITH/JOHN/Q/"_s + court.CourtCode + u"/CV/CNCI/"_s);
+        lines.append(u"WADISCIS¦SEARCH¦SMITH¦JOHN¦Q¦"_s + court.CourtCode + u"¦CV¦CNCI¦"_s);
     }
     QCOMPARE(lines.size(), 173);
     QCOMPARE(Handed(desk->StartOne<DiscisResultsWindow>()),
@@ -192,8 +192,8 @@ void tst_DispatchDiscis::theTextsSpeakOf173CourtsWhateverTheFileHolds()
     QCOMPARE(Handed(desk->StartOne<DiscisResultsWindow>()),
              results(true, u"SMITH, JOHN Q"_s, u"Statewide - All Courts / 173 Jurisdictions"_s,
                      u"Othello District (OTD), King County District (KBD)"_s, {},
-                     {u"WADISCIS/SEARCH/SMITH/JOHN/Q/OTD/CV/CNCI/"_s,
-                      u"WADISCIS/SEARCH/SMITH/JOHN/Q/KBD/CV/CNCI/"_s}));
+                     {u"WADISCIS¦SEARCH¦SMITH¦JOHN¦Q¦OTD¦CV¦CNCI¦"_s,
+                      u"WADISCIS¦SEARCH¦SMITH¦JOHN¦Q¦KBD¦CV¦CNCI¦"_s}));
 }
 
 void tst_DispatchDiscis::aNonCivilBusinessInTheFirstCounty()
@@ -204,8 +204,8 @@ void tst_DispatchDiscis::aNonCivilBusinessInTheFirstCounty()
     QCOMPARE(Handed(desk->StartOne<DiscisResultsWindow>()),
              results(false, u"ACME INC,  "_s, u"Adams District/Municipal Courts"_s,
                      othello + u", "_s + ritzville, u"SNCI"_s,
-                     {u"WADISCIS/SEARCH/ACME INC///OTD/IN/CNCI/"_s,
-                      u"WADISCIS/SEARCH/ACME INC///RID/IN/CNCI/"_s}));
+                     {u"WADISCIS¦SEARCH¦ACME INC¦¦¦OTD¦IN¦CNCI¦"_s,
+                      u"WADISCIS¦SEARCH¦ACME INC¦¦¦RID¦IN¦CNCI¦"_s}));
 }
 
 void tst_DispatchDiscis::aNonCivilSearchWithAddressesMarksOneWindowOnly()
@@ -244,8 +244,8 @@ void tst_DispatchDiscis::courtsThatShareANameAreSearchedTogether()
     QCOMPARE(Handed(desk->StartOne<DiscisResultsWindow>()),
              results(true, u"SMITH, JOHN Q"_s, u"Adams District/Municipal Courts"_s,
                      u"Twin (OTD), Twin (KBD)"_s, {},
-                     {u"WADISCIS/SEARCH/SMITH/JOHN/Q/OTD/CV/CNCI/"_s,
-                      u"WADISCIS/SEARCH/SMITH/JOHN/Q/KBD/CV/CNCI/"_s}));
+                     {u"WADISCIS¦SEARCH¦SMITH¦JOHN¦Q¦OTD¦CV¦CNCI¦"_s,
+                      u"WADISCIS¦SEARCH¦SMITH¦JOHN¦Q¦KBD¦CV¦CNCI¦"_s}));
 }
 
 namespace {

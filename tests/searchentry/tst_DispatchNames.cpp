@@ -99,18 +99,18 @@ void tst_DispatchNames::theWindowIsHanded_data()
     QTest::newRow("Superior, a person, two types, a range of years")
         << smithJohnQ + kingOnly + two + years
         << results(u"WA"_s, king, {},
-                   {u"WASUP/SEARCH/SMITH/JOHN/Q//King,/Civil,Criminal,/1990/2002/"_s});
+                   {u"WASUP¦SEARCH¦SMITH¦JOHN¦Q¦¦King,¦Civil,Criminal,¦1990¦2002¦"_s});
     QTest::newRow("Superior, a person, all years")
         << smithJohnQ + kingOnly + two
-        << results(u"WA"_s, king, {}, {u"WASUP/SEARCH/SMITH/JOHN/Q//King,/Civil,Criminal,///"_s});
+        << results(u"WA"_s, king, {}, {u"WASUP¦SEARCH¦SMITH¦JOHN¦Q¦¦King,¦Civil,Criminal,¦¦¦"_s});
     QTest::newRow("Superior, a business has its name in the last name's place")
         << acme + kingOnly + civil
-        << results(u"WA"_s, king, {}, {u"WASUP/SEARCH/ACME INC////King,/Civil,///"_s});
+        << results(u"WA"_s, king, {}, {u"WASUP¦SEARCH¦ACME INC¦¦¦¦King,¦Civil,¦¦¦"_s});
     QTest::newRow("Superior, several counties, a line each in list order")
         << smithJohnQ + counties({u"Yakima"_s, u"Adams"_s}) + civil
         << results(u"WA"_s, u"Adams, Yakima County - Washington Superior Courts"_s, {},
-                   {u"WASUP/SEARCH/SMITH/JOHN/Q//Adams,/Civil,///"_s,
-                    u"WASUP/SEARCH/SMITH/JOHN/Q//Yakima,/Civil,///"_s});
+                   {u"WASUP¦SEARCH¦SMITH¦JOHN¦Q¦¦Adams,¦Civil,¦¦¦"_s,
+                    u"WASUP¦SEARCH¦SMITH¦JOHN¦Q¦¦Yakima,¦Civil,¦¦¦"_s});
     QTest::newRow("Index, two counties, all years")
         << useIndex + smithJohnQ + counties({u"Adams"_s, u"King"_s}) + types({u"Criminal"_s})
         << results(u"WA"_s, u"Adams, King County - Washington Superior Courts"_s,
@@ -127,41 +127,41 @@ void tst_DispatchNames::theWindowIsHanded_data()
     QTest::newRow("Oregon Circuit, a person, a range of years")
         << oregon + smithJohnQ + counties({u"Baker"_s}) + types({u"Civil"_s, u"Domestic"_s}) + years
         << results(u"OR"_s, u"Baker County - Oregon Circuit Courts"_s, {},
-                   {u"OREGON/SEARCH/SMITH/JOHN/Q//BAK C/CV,DO,/1990/2002/"_s});
+                   {u"OREGON¦SEARCH¦SMITH¦JOHN¦Q¦¦BAK C¦CV,DO,¦1990¦2002¦"_s});
     QTest::newRow("Oregon Circuit, every case type")
         << oregon + smithJohnQ + counties({u"Lane"_s}) + QStringList{u"click cmdSelAll"_s}
         << results(u"OR"_s, u"Lane County - Oregon Circuit Courts"_s, {},
-                   {u"OREGON/SEARCH/SMITH/JOHN/Q//LAN C/CV,DO,JU,OF,PB,SC,///"_s});
+                   {u"OREGON¦SEARCH¦SMITH¦JOHN¦Q¦¦LAN C¦CV,DO,JU,OF,PB,SC,¦¦¦"_s});
     QTest::newRow("Oregon Circuit, a business in two counties")
         << oregon + acme + counties({u"Lane"_s, u"Linn"_s}) + civil
         << results(u"OR"_s, u"Lane, Linn County - Oregon Circuit Courts"_s, {},
-                   {u"OREGON/SEARCH/ACME INC////LAN C/CV,///"_s,
-                    u"OREGON/SEARCH/ACME INC////LIN C/CV,///"_s});
+                   {u"OREGON¦SEARCH¦ACME INC¦¦¦¦LAN C¦CV,¦¦¦"_s,
+                    u"OREGON¦SEARCH¦ACME INC¦¦¦¦LIN C¦CV,¦¦¦"_s});
     QTest::newRow("Oregon District")
         << district + smithJohnQ + counties({u"Lane"_s}) + civil
         << results(u"OR"_s, u"Lane County - Oregon District Courts"_s, {},
-                   {u"OREGON/SEARCH/SMITH/JOHN/Q//LAN D/CV,///"_s});
+                   {u"OREGON¦SEARCH¦SMITH¦JOHN¦Q¦¦LAN D¦CV,¦¦¦"_s});
     QTest::newRow("Oregon, judgments only")
         << oregon + smithJohnQ + counties({u"Lane"_s}) + QStringList{u"click optORjgmtsONLY"_s}
         << results(u"OR"_s, u"Lane County - Oregon Circuit Courts"_s, {u"ORchkboxJGMcasetype"_s},
-                   {u"OREGON/SEARCH/SMITH/JOHN/Q//LAN C/JG,///"_s});
+                   {u"OREGON¦SEARCH¦SMITH¦JOHN¦Q¦¦LAN C¦JG,¦¦¦"_s});
     QTest::newRow("Oregon, a case type with judgments")
         << oregon + smithJohnQ + counties({u"Lane"_s}) + civil
                + QStringList{u"click optORjgmtsONLY"_s}
         << results(u"OR"_s, u"Lane County - Oregon Circuit Courts"_s, {u"ORchkboxJGMcasetype"_s},
-                   {u"OREGON/SEARCH/SMITH/JOHN/Q//LAN C/CV,JG,///"_s});
+                   {u"OREGON¦SEARCH¦SMITH¦JOHN¦Q¦¦LAN C¦CV,JG,¦¦¦"_s});
     QTest::newRow("Idaho, one county")
         << idaho + smithJohnQ + counties({u"Ada"_s}) + two
         << results(u"ID"_s, u"Ada County - Idaho District Courts"_s, {},
-                   {u"IDSUP/SEARCH/SMITH/JOHN/Q//Ada,/CV,CR,///"_s});
+                   {u"IDSUP¦SEARCH¦SMITH¦JOHN¦Q¦¦Ada,¦CV,CR,¦¦¦"_s});
     QTest::newRow("Idaho, a business, a range of years")
         << idaho + acme + counties({u"Bear Lake"_s}) + types({u"Juvenile"_s}) + years
         << results(u"ID"_s, u"Bear Lake County - Idaho District Courts"_s, {},
-                   {u"IDSUP/SEARCH/ACME INC////Bear Lake,/JU,/1990/2002/"_s});
+                   {u"IDSUP¦SEARCH¦ACME INC¦¦¦¦Bear Lake,¦JU,¦1990¦2002¦"_s});
     QTest::newRow("Idaho statewide")
         << idaho + smithJohnQ + statewide + two
         << results(u"ID"_s, u"Statewide (All Counties) - Idaho District Courts"_s,
-                   {u"IdStatewide"_s}, {u"IDSUP/SEARCH/SMITH/JOHN/Q//*ALL/CV,CR,///"_s});
+                   {u"IdStatewide"_s}, {u"IDSUP¦SEARCH¦SMITH¦JOHN¦Q¦¦*ALL¦CV,CR,¦¦¦"_s});
 }
 
 void tst_DispatchNames::theWindowIsHanded()
@@ -188,20 +188,20 @@ void tst_DispatchNames::onTheWire_data()
     const QStringList civil = types({u"Civil"_s});
     QTest::newRow("Superior, two counties")
         << smithJohnQ + counties({u"King"_s, u"Adams"_s}) + civil
-        << QStringList{u"WASUP/SEARCH/SMITH/JOHN/Q//Adams,/Civil,//^^CAC:ABC^^/"_s,
-                       u"WASUP/SEARCH/SMITH/JOHN/Q//King,/Civil,//^^CAC:ABC^^/"_s};
+        << QStringList{u"WASUP¦SEARCH¦SMITH¦JOHN¦Q¦¦Adams,¦Civil,¦¦^^CAC:ABC^^¦"_s,
+                       u"WASUP¦SEARCH¦SMITH¦JOHN¦Q¦¦King,¦Civil,¦¦^^CAC:ABC^^¦"_s};
     QTest::newRow("Superior, a range of years")
         << acme + counties({u"King"_s}) + civil + years
-        << QStringList{u"WASUP/SEARCH/ACME INC////King,/Civil,/1990/2002^^CAC:ABC^^/"_s};
+        << QStringList{u"WASUP¦SEARCH¦ACME INC¦¦¦¦King,¦Civil,¦1990¦2002^^CAC:ABC^^¦"_s};
     QTest::newRow("Index") << useIndex + smithJohnQ + counties({u"Adams"_s, u"King"_s}) + civil
                            << QStringList{u"INDEX~SEARCH~SMITH~JOHN~Q~~Adams,King,~Civil,~1970~"
                                           "2005~LL=1~UL=500^^CAC:ABC^^~"_s};
     QTest::newRow("Oregon") << oregon + smithJohnQ + counties({u"Baker"_s}) + civil
                             << QStringList{
-                                   u"OREGON/SEARCH/SMITH/JOHN/Q//BAK C/CV,//^^CAC:ABC^^/"_s};
+                                   u"OREGON¦SEARCH¦SMITH¦JOHN¦Q¦¦BAK C¦CV,¦¦^^CAC:ABC^^¦"_s};
     QTest::newRow("Idaho statewide")
         << idaho + smithJohnQ + statewide + civil
-        << QStringList{u"IDSUP/SEARCH/SMITH/JOHN/Q//*ALL/CV,//^^CAC:ABC^^/"_s};
+        << QStringList{u"IDSUP¦SEARCH¦SMITH¦JOHN¦Q¦¦*ALL¦CV,¦¦^^CAC:ABC^^¦"_s};
 }
 
 void tst_DispatchNames::onTheWire()
@@ -219,7 +219,7 @@ void tst_DispatchNames::aSuffixSendsTheSameLine()
     desk->Do({u"type txtSearchName_3 Jr."_s});
     const auto *with = desk->StartOne<frmNameSearchResults>();
     QVERIFY(without && with);
-    QCOMPARE(Readable(with->lboxQueue.List(0)), u"WASUP/SEARCH/SMITH/JOHN/Q//King,/Civil,///"_s);
+    QCOMPARE(with->lboxQueue.List(0), u"WASUP¦SEARCH¦SMITH¦JOHN¦Q¦¦King,¦Civil,¦¦¦"_s);
     QCOMPARE(with->lboxQueue.Lines(), without->lboxQueue.Lines());
     QCOMPARE(desk->Text("txtSearchName_3"), u"Jr."_s);
 }
@@ -232,7 +232,7 @@ void tst_DispatchNames::statewideSuperiorGivesThirtyNineLines()
     QStringList lines;
     const QStringList all = WaCountyNames();
     for (const QString &county : all)
-        lines.append(u"WASUP/SEARCH/SMITH/JOHN/Q//"_s + county + u",/Civil,///"_s);
+        lines.append(u"WASUP¦SEARCH¦SMITH¦JOHN¦Q¦¦"_s + county + u",¦Civil,¦¦¦"_s);
     QCOMPARE(lines.size(), 39);
     QCOMPARE(
         Handed(window),
@@ -266,7 +266,7 @@ void tst_DispatchNames::statewideOregonGivesOneLineWithoutACourtLetter()
     desk->Do(court + smithJohnQ + statewide + types({u"Civil"_s}));
     QCOMPARE(Handed(desk->StartOne<frmNameSearchResults>()),
              results(u"OR"_s, title, {u"OrStatewide"_s},
-                     {u"OREGON/SEARCH/SMITH/JOHN/Q//*ALL/CV,///"_s}));
+                     {u"OREGON¦SEARCH¦SMITH¦JOHN¦Q¦¦*ALL¦CV,¦¦¦"_s}));
 }
 
 void tst_DispatchNames::theIndexPageIsAsLongAsTheSettingSays()
@@ -317,8 +317,8 @@ void tst_DispatchNames::anOregonSearchOfBentonSendsCivilAlone()
     desk->Desk.Boxes.Expect(noJuvenile, noJuvenileTitle, MsgIcon::Exclamation, MsgAnswer::Yes);
     QCOMPARE(Handed(desk->StartOne<frmNameSearchResults>()),
              results(u"OR"_s, u"Benton, Lane County - Oregon Circuit Courts"_s, {},
-                     {u"OREGON/SEARCH/SMITH/JOHN/Q//BEN C/CV,///"_s,
-                      u"OREGON/SEARCH/SMITH/JOHN/Q//LAN C/CV,JU,///"_s}));
+                     {u"OREGON¦SEARCH¦SMITH¦JOHN¦Q¦¦BEN C¦CV,¦¦¦"_s,
+                      u"OREGON¦SEARCH¦SMITH¦JOHN¦Q¦¦LAN C¦CV,JU,¦¦¦"_s}));
 }
 
 void tst_DispatchNames::juvenileStaysForMultnomah()
@@ -326,7 +326,7 @@ void tst_DispatchNames::juvenileStaysForMultnomah()
     desk->Do(oregon + smithJohnQ + counties({u"Multnomah"_s}) + types(civilAndJuvenile));
     QCOMPARE(Handed(desk->StartOne<frmNameSearchResults>()),
              results(u"OR"_s, u"Multnomah County - Oregon Circuit Courts"_s, {},
-                     {u"OREGON/SEARCH/SMITH/JOHN/Q//MCR C/CV,JU,///"_s}));
+                     {u"OREGON¦SEARCH¦SMITH¦JOHN¦Q¦¦MCR C¦CV,JU,¦¦¦"_s}));
 }
 
 void tst_DispatchNames::juvenileAloneInBentonYieldsNoLine()
@@ -345,7 +345,7 @@ void tst_DispatchNames::theSurnameJuddGoesOutAsDdInCrook()
     desk->Desk.Boxes.Expect(noJuvenile, noJuvenileTitle, MsgIcon::Exclamation, MsgAnswer::Yes);
     const auto *window = desk->StartOne<frmNameSearchResults>();
     QVERIFY(window);
-    QCOMPARE(Readable(window->lboxQueue.List(0)), u"OREGON/SEARCH/DD////CRO C/CV,///"_s);
+    QCOMPARE(window->lboxQueue.List(0), u"OREGON¦SEARCH¦DD¦¦¦¦CRO C¦CV,¦¦¦"_s);
     QCOMPARE(desk->Text("txtSearchName_0"), u"JUDD"_s);
     QCOMPARE(desk->ItemsOf("cboxLastBizOrCase"), QStringList{u"JUDD"_s});
 }
@@ -357,7 +357,7 @@ void tst_DispatchNames::countiesWithoutDistrictCourtAreSkipped()
     const auto *window = desk->StartOne<frmNameSearchResults>();
     QVERIFY(window);
     QCOMPARE(window->lboxQueue.ListCount(), 37 - 6);
-    QCOMPARE(Readable(window->lboxQueue.List(0)), u"OREGON/SEARCH/SMITH/JOHN/Q//BEN D/CV,///"_s);
+    QCOMPARE(window->lboxQueue.List(0), u"OREGON¦SEARCH¦SMITH¦JOHN¦Q¦¦BEN D¦CV,¦¦¦"_s);
     QVERIFY(window->txtCountyList().startsWith(u"Baker, Benton, "));
 }
 
@@ -375,8 +375,8 @@ void tst_DispatchNames::idahoSaysCountiesOnlyForSeveral()
     desk->Do(idaho + smithJohnQ + counties({u"Ada"_s, u"Bear Lake"_s}) + types({u"Civil"_s}));
     QCOMPARE(Handed(desk->StartOne<frmNameSearchResults>()),
              results(u"ID"_s, u"Ada, Bear Lake Counties - Idaho District Courts"_s, {},
-                     {u"IDSUP/SEARCH/SMITH/JOHN/Q//Ada,/CV,///"_s,
-                      u"IDSUP/SEARCH/SMITH/JOHN/Q//Bear Lake,/CV,///"_s}));
+                     {u"IDSUP¦SEARCH¦SMITH¦JOHN¦Q¦¦Ada,¦CV,¦¦¦"_s,
+                      u"IDSUP¦SEARCH¦SMITH¦JOHN¦Q¦¦Bear Lake,¦CV,¦¦¦"_s}));
     desk->Do(counties({u"Bear Lake"_s}));
     QCOMPARE(desk->StartOne<frmNameSearchResults>()->txtCountyList(),
              u"Ada County - Idaho District Courts"_s);
@@ -395,8 +395,8 @@ void tst_DispatchNames::aTemplateIsSearchedByItsCounties()
     QCOMPARE(frmSearchWA::Form().intSearchWhere, qint16(2));
     QCOMPARE(Handed(desk->StartOne<frmNameSearchResults>()),
              results(u"WA"_s, u"Island, King County - Washington Superior Courts"_s, {},
-                     {u"WASUP/SEARCH/SMITH/JOHN/Q//Island,/Civil,Judgment,///"_s,
-                      u"WASUP/SEARCH/SMITH/JOHN/Q//King,/Civil,Judgment,///"_s}));
+                     {u"WASUP¦SEARCH¦SMITH¦JOHN¦Q¦¦Island,¦Civil,Judgment,¦¦¦"_s,
+                      u"WASUP¦SEARCH¦SMITH¦JOHN¦Q¦¦King,¦Civil,Judgment,¦¦¦"_s}));
 }
 
 void tst_DispatchNames::keysStandInTheOrderOfTheClicks()
@@ -419,7 +419,7 @@ void tst_DispatchNames::oregonTakesTheIndexMarkAway()
     const auto *window = desk->StartOne<frmNameSearchResults>();
     QVERIFY(window);
     QVERIFY(!window->chkIndexSearch);
-    QCOMPARE(Readable(window->lboxQueue.List(0)), u"OREGON/SEARCH/SMITH/JOHN/Q//LAN C/CV,///"_s);
+    QCOMPARE(window->lboxQueue.List(0), u"OREGON¦SEARCH¦SMITH¦JOHN¦Q¦¦LAN C¦CV,¦¦¦"_s);
 }
 
 HALVANE_TEST(tst_DispatchNames)

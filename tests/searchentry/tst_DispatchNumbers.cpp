@@ -37,7 +37,7 @@ QStringList details(const QString &state, const QString &text, const QStringList
                        u"lblCaseDetailsHdr Case Details ("_s + text + u')'}
            + places
            + QStringList{u"txtCaseNumber "_s + text,
-                         u"tboxCaseNumberQueue WASUP/SUMMARY/"_s + text + u'/'};
+                         u"tboxCaseNumberQueue WASUP¦SUMMARY¦"_s + text + u'¦'};
 }
 } // namespace
 
@@ -123,7 +123,7 @@ void tst_DispatchNumbers::theCodeIsHandedOver()
     const auto *window = desk->StartOne<frmCaseDetails>();
     QVERIFY(window);
     QCOMPARE(window->ClientAcctgCode, u"ABC"_s);
-    QCOMPARE(Readable(window->tboxCaseNumberQueue), u"WASUP/SUMMARY/05-2-02029-1/"_s);
+    QCOMPARE(window->tboxCaseNumberQueue, u"WASUP¦SUMMARY¦05-2-02029-1¦"_s);
 }
 
 void tst_DispatchNumbers::aNumberWithOrWithoutDashesIsTheSameNumber()

@@ -172,7 +172,7 @@ void tst_SearchBuilding::aFormClearedWhileLinesAreBuiltChangesNothing()
     QVERIFY(results());
     QCOMPARE(results()->lboxQueue.ListCount(), 39);
     for (const QString &line : results()->lboxQueue.Lines())
-        QVERIFY2(line.startsWith(Wire(u"WASUP/SEARCH/SMITH/JOHN/"_s)), qPrintable(line));
+        QVERIFY2(line.startsWith(u"WASUP¦SEARCH¦SMITH¦JOHN¦"_s), qPrintable(line));
     QCOMPARE(results()->txtCountyList(),
              u"Statewide (All Counties) - Washington Superior Courts"_s);
     QCOMPARE(desk->Text("txtSearchName_0"), QString());

@@ -567,8 +567,8 @@ void tst_StartOrder::statewideWalksTheListFile()
     const auto *window = desk->StartOne<frmNameSearchResults>();
     QVERIFY(window);
     QCOMPARE(window->lboxQueue.Lines(),
-             (QStringList{Wire(u"WASUP/SEARCH/SMITH////King,/Civil,///"_s),
-                          Wire(u"WASUP/SEARCH/SMITH////Pierce,/Civil,///"_s)}));
+             (QStringList{u"WASUP¦SEARCH¦SMITH¦¦¦¦King,¦Civil,¦¦¦"_s,
+                          u"WASUP¦SEARCH¦SMITH¦¦¦¦Pierce,¦Civil,¦¦¦"_s}));
 }
 
 HALVANE_TEST(tst_StartOrder)

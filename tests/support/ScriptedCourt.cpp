@@ -63,10 +63,9 @@ ScriptedCourt::Exchange &ScriptedCourt::Expect(const QString &request)
 
 void ScriptedCourt::ExpectLogin(const QString &userName, const QString &password)
 {
-    Expect(u"LOGON\u00A6"_s + userName + u'\u00A6' + password + u"\u00A6AppVer-9.00\u00A6"_s)
-        .Reply({u"EOF~"_s});
-    Expect(u"GETINIVAL\u00A6"_s).Reply({u"EOF~"_s});
-    Expect(u"GETMSG\u00A6"_s).Reply({u"EOF~"_s});
+    Expect(u"LOGON¦"_s + userName + u'¦' + password + u"¦AppVer-9.00¦"_s).Reply({u"EOF~"_s});
+    Expect(u"GETINIVAL¦"_s).Reply({u"EOF~"_s});
+    Expect(u"GETMSG¦"_s).Reply({u"EOF~"_s});
     Expect(u"GETCLIENTACCTGOPT~"_s).Reply({u"FALSE~"_s, u"EOF~"_s});
 }
 
@@ -111,7 +110,7 @@ void ScriptedCourt::readRequests()
 void ScriptedCourt::answer(const QByteArray &request)
 {
     requests.append(FromWindows1252(request));
-    if (request == ToWindows1252(u"IMALIVE\u00A6"_s))
+    if (request == ToWindows1252(u"IMALIVE¦"_s))
         return;
     if (next >= script.size()) {
         complaints.append(u"unexpected request: "_s + requests.last());
