@@ -19,6 +19,7 @@ private Q_SLOTS:
     void theHeadingSaysWhatIsArchived();
     void aTitleHasItsAmpersandsOnce();
     void aTabThatGoesOutOfSight();
+    void aTabThatNoWindowHasDoesNotComeIntoSight();
     void onlyTabsOfTheStripCanBeIncomplete();
     void missingTabsAreOffered();
     void aTableThatNoWindowHas();
@@ -102,6 +103,19 @@ void tst_CaseSheet::aTabThatGoesOutOfSight()
     QCOMPARE(sheet.Record.SelectedTab, u"Summary"_s);
     QCOMPARE(sheet.Record.InSight, CaseTab::Summary);
     QCOMPARE(sight.size(), 2);
+}
+
+void tst_CaseSheet::aTabThatNoWindowHasDoesNotComeIntoSight()
+{
+    CaseSheet sheet(CaseKind::Civil);
+    const QSignalSpy sights(&sheet, &CaseSheet::SightChanged);
+    const CaseTab before = sheet.Record.InSight;
+    sheet.SetTabs({u"Charges"_s, u"Summary"_s}); // a tab of other courts, which the server named
+    sheet.Record.SelectedTab = u"Charges"_s;
+    sheet.SetTabs({u"Violations"_s});
+    QCOMPARE(sheet.Record.SelectedTab, u"Violations"_s);
+    QCOMPARE(sheet.Record.InSight, before);
+    QCOMPARE(sights.size(), 0);
 }
 
 void tst_CaseSheet::onlyTabsOfTheStripCanBeIncomplete()
