@@ -35,6 +35,7 @@ private:
     void pump();
     bool write();
     void fill();
+    void release();
 
     void ping();
     void hangUp();
@@ -46,6 +47,8 @@ private:
     std::deque<QByteArray> waiting;
 
     std::optional<Reply> reply;
+    std::optional<QByteArray>
+        piece;                ///< of the running reply: to be sent once nothing lies before it
     bool silent = false;      ///< the running reply says nothing more
     bool dropping = false;    ///< the running reply ends with the connection
     QByteArray outgoing;      ///< of the running reply: made, and not yet handed to the socket
