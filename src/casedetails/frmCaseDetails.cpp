@@ -1,15 +1,21 @@
 #include "casedetails/frmCaseDetails.h"
 
 #include "casedetails/CaseLinks.h"
+#include "casedetails/DocumentList.h"
 #include "casedetails/StateCaseJob.h"
 #include "core/GlobalState.h"
 #include "core/Log.h"
 #include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
 #include "core/Windows1252.h"
+#include "documents/frmDocTransfer.h"
 #include "session/LoginOffer.h"
 #include "session/NewWindow.h"
+#include "tables/RowFilter.h"
+#include "tables/TableTools.h"
 #include "ui_frmCaseDetails.h"
+
+#include <QMenu>
 
 using namespace Qt::StringLiterals;
 
@@ -63,6 +69,9 @@ frmCaseDetails::frmCaseDetails(QWidget *parent)
     connect(ui->GridSummary, &FlexGrid::RowActivated, this, &frmCaseDetails::GridSummary_DblClick);
     connect(ui->GridJudgment, &FlexGrid::RowActivated, this,
             &frmCaseDetails::GridJudgment_DblClick);
+    connect(ui->GridDocuments, &FlexGrid::RowActivated, this,
+            &frmCaseDetails::GridDocuments_DblClick);
+    makeDocumentMenu();
 }
 
 frmCaseDetails::~frmCaseDetails() = default;
@@ -115,5 +124,59 @@ bool frmCaseDetails::openCaseOfCounty(const QString &number, const QString &proc
         WriteAppInfo(u"Error Executing Case Number Search: frmCaseDetails::"_s + procedure
                      + u"(): Error: "_s + error.Description());
         return false;
+    }
+}
+
+/// The commands for documents stand ahead of those that every table has.
+void frmCaseDetails::makeDocumentMenu()
+{
+    QMenu *menu = ui->GridDocuments->Tools()->Menu();
+    QAction *first = menu->actions().value(0);
+    retrieveDocument = new QAction(u"Retrieve &Document"_s, menu);
+    retrieveDocument->setObjectName(u"mnuDocRetrieve"_s);
+    menu->insertAction(first, retrieveDocument);
+    menu->insertSeparator(first);
+    connect(menu, &QMenu::aboutToShow, this, &frmCaseDetails::offerDocuments);
+    connect(retrieveDocument, &QAction::triggered, this, &frmCaseDetails::retrieveChosen);
+}
+
+int frmCaseDetails::chosenDocumentRow() const
+{
+    return ui->GridDocuments->Tools()->Filter()->ChosenRow() + 1;
+}
+
+void frmCaseDetails::offerDocuments()
+{
+    retrieveDocument->setEnabled(DocumentOfRow(Record(), chosenDocumentRow()).has_value());
+}
+
+/// The row is read first: when the login is through, another list may stand in the place of the one
+/// that was clicked.
+void frmCaseDetails::GridDocuments_DblClick(int row)
+{
+    const RunScope scope(this);
+    const std::optional<DocumentStart> document = DocumentOfRow(Record(), row);
+    if (mayBegin(this) && document)
+        retrieve(*document);
+}
+
+void frmCaseDetails::retrieveChosen()
+{
+    GridDocuments_DblClick(chosenDocumentRow());
+}
+
+void frmCaseDetails::retrieve(const DocumentStart &document)
+{
+    try {
+        DocumentStart start = document;
+        start.ClientMatterText = codeInForce(start.ClientMatterText);
+        NewWindow form(new frmDocTransfer);
+        form->Take(start);
+        form.GiveKey();
+        form.Launch();
+    } catch (const RunTimeError &error) {
+        WriteAppInfo(u"Error Starting Document Retrieval: "
+                     "frmCaseDetails::GridDocuments_DblClick(): Error: "_s
+                     + error.Description());
     }
 }
