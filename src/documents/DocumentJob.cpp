@@ -97,10 +97,9 @@ void DocumentJob::ShowStopped(StopCase stopCase)
     SetStatus(u"Search Stopped By User .. "_s);
 }
 
-/// There is nothing to be stopped while a document is saved that has come.
 QString DocumentJob::StopRequest() const
 {
-    return Transfer.IsReading() ? u"\u00A6STOP"_s : QString();
+    return Transfer.StopRequest();
 }
 
 void DocumentJob::StopDone()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "courts/CourtTable.h"
 #include "documents/DocumentTransfer.h"
 #include "jobs/Job.h"
 #include "records/DocumentStart.h"
@@ -19,8 +20,8 @@ public:
     /// Takes what the starter hands over.
     void Take(const DocumentStart &start);
 
-    QString lblState = QStringLiteral("WA"); ///< only the Superior Courts have documents
-    QString txtDocRetrievalString;           ///< the line of the list
+    QString lblState = CourtOf(CourtFamily::Superior).State.toString(); ///< no other has any
+    QString txtDocRetrievalString;                                      ///< the line of the list
     QString txtPageQty;
     QString sClientMatterText;
     ListBox lboxResponses;

@@ -4,6 +4,7 @@
 #include "core/EventLoop.h"
 #include "core/GlobalState.h"
 #include "core/Log.h"
+#include "courts/CourtTable.h"
 #include "documents/DocumentName.h"
 #include "link/Exchange.h"
 
@@ -23,6 +24,12 @@ constexpr float stopLimitSeconds = 14.0F;
 constexpr qint64 leastFrame = 6;
 
 constexpr QStringView contacting = u"Status: Contacting Halvane Document Server.";
+
+/// Only the Superior Courts of Washington give out documents.
+QString stopOfCourt()
+{
+    return CourtOf(CourtFamily::Superior).CaseStop.toString();
+}
 
 QString timeOfDay()
 {
@@ -65,6 +72,11 @@ TransferResult DocumentTransfer::GetDocument(const TransferOrder &order)
 void DocumentTransfer::NoteTime()
 {
     List1.AddItem(timeOfDay());
+}
+
+QString DocumentTransfer::StopRequest() const
+{
+    return reading ? stopOfCourt() : QString();
 }
 
 void DocumentTransfer::begin(const TransferOrder &order)
@@ -189,7 +201,7 @@ void DocumentTransfer::giveUp(TransferEnd reason, bool tellCourt)
     file.Close();
     contact.clear();
     if (tellCourt)
-        InterruptExchange(u"\u00A6STOP"_s);
+        InterruptExchange(stopOfCourt());
 }
 
 void DocumentTransfer::endByNotices()
@@ -197,7 +209,7 @@ void DocumentTransfer::endByNotices()
     end = TransferEnd::TooManyNotices;
     file.Close();
     DropRestOfReply();
-    InterruptExchange(u"\u00A6STOP"_s);
+    InterruptExchange(stopOfCourt());
 }
 
 void DocumentTransfer::store(const QByteArray &piece)

@@ -83,8 +83,9 @@ public:
     /// Adds the time to List1.
     void NoteTime();
 
-    /// What comes is read: a stop has something to stop.
-    bool IsReading() const { return reading; }
+    /// What stops the court now; "" when it has nothing to stop, as while a document is saved that
+    /// has come.
+    QString StopRequest() const;
     const DocumentStream &Stream() const { return stream; }
 
     // What is shown while it goes on
