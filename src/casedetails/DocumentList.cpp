@@ -4,6 +4,7 @@
 #include "core/Log.h"
 #include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
+#include "documents/DocumentName.h"
 
 #include <QSet>
 
@@ -13,8 +14,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr QStringView retrievalWord = u"RETRIEVEDOC=";
-
 // Where the columns of the list are what the transfer is told
 constexpr qsizetype describing = 3;
 constexpr qsizetype countingPages = 2;
@@ -59,7 +58,7 @@ QStringList documentCells(const QString &line, qsizetype columns)
     if (line.isEmpty())
         return {};
     const QStringList fields = line.split(line.back());
-    if (fields[0].contains(retrievalWord))
+    if (fields[0].contains(RetrieveHead))
         return fields.mid(1, columns);
     QStringList cells = fields.mid(0, columns);
     if (cells.size() > describing)
@@ -104,6 +103,25 @@ QString cellOf(const GridTable &table, qsizetype row, qsizetype column)
 qsizetype pagesColumnOf(const CaseRecord &record)
 {
     return record.txtCountyName.toLower() == u"pierce" ? countingPagesInPierce : countingPages;
+}
+
+/// The document that a row is of, whether or not it can be retrieved. Nothing where there is no
+/// list, and for a row whose line is empty.
+std::optional<DocumentStart> documentAt(const CaseRecord &record, int row)
+{
+    const GridTable &table = record.Tab(CaseTab::Documents).Table;
+    const qsizetype place = row - 1;
+    if (table.Columns.size() < 2 || place < 0 || place >= table.RowData.size())
+        return std::nullopt;
+    const QString line = record.DocumentLines.value(table.RowData[place]);
+    if (line.isEmpty())
+        return std::nullopt;
+    return DocumentStart{.Command = line,
+                         .CaseNumber = record.txtCaseNumber,
+                         .County = record.txtCountyName,
+                         .Description = cellOf(table, place, describing),
+                         .PageCount = cellOf(table, place, pagesColumnOf(record)),
+                         .ClientMatterText = record.ClientAcctgCode};
 }
 } // namespace
 
@@ -156,21 +174,15 @@ TabView ShowDocumentsResponse(const QStringList &lines, bool incomplete, const Q
     return {table, {}, {row.log + request}};
 }
 
+bool IsRetrievable(const DocumentStart &document)
+{
+    return document.Command.contains(RetrieveHead);
+}
+
 std::optional<DocumentStart> DocumentOfRow(const CaseRecord &record, int row)
 {
-    const GridTable &table = record.Tab(CaseTab::Documents).Table;
-    const qsizetype place = row - 1;
-    if (table.Columns.size() < 2 || place < 0 || place >= table.RowData.size())
-        return std::nullopt;
-    const QString line = record.DocumentLines.value(table.RowData[place]);
-    if (!line.contains(retrievalWord))
-        return std::nullopt;
-    return DocumentStart{.Command = line,
-                         .CaseNumber = record.txtCaseNumber,
-                         .County = record.txtCountyName,
-                         .Description = cellOf(table, place, describing),
-                         .PageCount = cellOf(table, place, pagesColumnOf(record)),
-                         .ClientMatterText = record.ClientAcctgCode};
+    const std::optional<DocumentStart> document = documentAt(record, row);
+    return document && IsRetrievable(*document) ? document : std::nullopt;
 }
 
 QList<DocumentStart> DocumentsOfRows(const CaseRecord &record, const QList<int> &rows)
@@ -179,7 +191,7 @@ QList<DocumentStart> DocumentsOfRows(const CaseRecord &record, const QList<int> 
     QList<DocumentStart> documents;
     QSet<qsizetype> taken;
     for (const int row : rows) {
-        const std::optional<DocumentStart> document = DocumentOfRow(record, row);
+        const std::optional<DocumentStart> document = documentAt(record, row);
         if (!document || taken.contains(table.RowData[row - 1]))
             continue;
         taken.insert(table.RowData[row - 1]);

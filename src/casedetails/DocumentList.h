@@ -34,5 +34,9 @@ TabView ShowDocumentsResponse(const QStringList &lines, bool incomplete, const Q
 /// document's first row.
 std::optional<DocumentStart> DocumentOfRow(const CaseRecord &record, int row);
 
-/// The documents that these rows open, each once.
+/// The documents that these rows are of, each once, those that cannot be retrieved too: whoever
+/// retrieves all has to say which could not be had.
 QList<DocumentStart> DocumentsOfRows(const CaseRecord &record, const QList<int> &rows);
+
+/// Whether the court gives the document out.
+bool IsRetrievable(const DocumentStart &document);

@@ -47,10 +47,16 @@ private:
     void offerDocuments();
     void GridDocuments_DblClick(int row);
     void retrieveChosen();
-    void retrieve(const DocumentStart &document);
-    /// The row that a command for one document is about, counted as in the grid; 0 when none is.
+    void retrieveAll();
+    /// Starts a transfer in a window of its own.
+    template<class Transfer, class Start>
+    void retrieve(Start start);
+    /// The documents of the list that are in sight, and the row that a command for one of them is
+    /// about, counted as in the grid; 0 when none is.
+    QList<DocumentStart> shownDocuments() const;
     int chosenDocumentRow() const;
 
     const std::unique_ptr<Ui::frmCaseDetails> ui;
     QAction *retrieveDocument = nullptr;
+    QAction *retrieveAllDocuments = nullptr;
 };

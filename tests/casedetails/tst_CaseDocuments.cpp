@@ -1,9 +1,11 @@
 #include "casedetails/DocumentsDesk.h"
+#include "documents/frmAllDocuments.h"
 #include "link/Comm.h"
 #include "session/frmLogin.h"
 #include "support/HalvaneTest.h"
 #include "support/Wire.h"
 
+#include <QDir>
 #include <QScrollBar>
 
 namespace {
@@ -42,9 +44,26 @@ private Q_SLOTS:
     void notLoggedInIsAskedFirst();
     void whatWasClickedIsFetchedBehindALogin();
 
-    void theMenuHasTheCommandAheadOfTheOthers();
+    void theMenuHasTheCommandsAheadOfTheOthers();
     void theMenuOffersWhatItCanDo();
     void theMenuStartsATransfer();
+    void theMenuStartsAllOfThem();
+    void allOfThemAreThoseInSight();
+    void allOfThemNeedALogin();
+    void nothingIsOfferedWhereThereIsNothing();
+
+private:
+    static frmAllDocuments *all()
+    {
+        const QWidgetList windows = QApplication::topLevelWidgets();
+        for (QWidget *window : windows) {
+            if (auto *one = qobject_cast<frmAllDocuments *>(window))
+                return one;
+        }
+        return nullptr;
+    }
+    /// Retrieves all that the menu would, and gives the files that are there then.
+    QStringList filesOfAll(const CaseWindow *window);
 };
 
 /// The run is on the stack while this happens, so each step waits for the one before it.
@@ -392,12 +411,16 @@ void tst_CaseDocuments::whatWasClickedIsFetchedBehindALogin()
     QCOMPARE(transfers().first()->txtDocRetrievalString, rowOf(3, u"Answer"_s));
 }
 
-void tst_CaseDocuments::theMenuHasTheCommandAheadOfTheOthers()
+void tst_CaseDocuments::theMenuHasTheCommandsAheadOfTheOthers()
 {
     const frmCaseDetails *window = listing();
     const QList<QAction *> actions = gridOf(window)->Tools()->Menu()->actions();
     QCOMPARE(actions.first()->objectName(), u"mnuDocRetrieve"_s);
     QCOMPARE(actions.first()->text(), u"Retrieve &Document"_s);
+    QCOMPARE(actions[1]->objectName(), u"mnuDocRetrieveAll"_s);
+    QCOMPARE(actions[1]->text(), u"Retrieve &All Documents .."_s);
+    QVERIFY(actions[2]->isSeparator());
+    QCOMPARE(actions[3]->objectName(), u"mnuListCopy"_s);
     // No other table of a case has it.
     QVERIFY(!window->Tab(CaseTab::Docket)
                  .Grid->Tools()
@@ -427,6 +450,11 @@ void tst_CaseDocuments::theMenuOffersWhatItCanDo()
     grid->Tools()->Filter()->SetText(u"answer"_s);
     menu->popup({});
     QVERIFY(!actionOf(window, u"mnuDocRetrieve"_s)->isEnabled());
+    QVERIFY(actionOf(window, u"mnuDocRetrieveAll"_s)->isEnabled());
+    menu->hide();
+    grid->Tools()->Filter()->SetText(u"sealed"_s);
+    menu->popup({});
+    QVERIFY(!actionOf(window, u"mnuDocRetrieveAll"_s)->isEnabled());
     menu->hide();
 }
 
@@ -437,6 +465,67 @@ void tst_CaseDocuments::theMenuStartsATransfer()
     actionOf(window, u"mnuDocRetrieve"_s)->trigger();
     QCOMPARE(transfers().size(), 1);
     QCOMPARE(transfers().first()->txtDocRetrievalString, rowOf(3, u"Answer"_s));
+}
+
+QStringList tst_CaseDocuments::filesOfAll(const CaseWindow *window)
+{
+    actionOf(window, u"mnuDocRetrieveAll"_s)->trigger();
+    frmAllDocuments *transfer = all();
+    if (!transfer)
+        return {u"no window"_s};
+    letGo(transfer);
+    const QPushButton *stop = ButtonOf(transfer, "cmdStop");
+    LinkDesk::WaitUntil([stop] { return !stop->isEnabled() && !Global.bSearchInProgress; });
+    return QDir(desk->Folder.Path(u"Reports/King 02-1-00123-4"_s))
+        .entryList(QDir::Files, QDir::Name);
+}
+
+void tst_CaseDocuments::theMenuStartsAllOfThem()
+{
+    const frmCaseDetails *window = listing();
+    court->Expect(requestOf(1, u"Complaint"_s)).ReplyBytes(DocumentReply("%PDF", "pdf"));
+    court->Expect(requestOf(3, u"Answer"_s)).ReplyBytes(DocumentReply("%PDF 2", "pdf"));
+    QCOMPARE(
+        filesOfAll(window),
+        (QStringList{u"King 02-1-00123-4 01-02-2003 5 Pgs  Answer.pdf"_s,
+                     u"King 02-1-00123-4 01-02-2003 5 Pgs  Complaint.pdf"_s, u"documents.csv"_s}));
+    // What cannot be had is in the list, with the reason.
+    QVERIFY(desk->Folder.Read(u"Reports/King 02-1-00123-4/documents.csv"_s).contains("Sealed"));
+    QVERIFY(opened.isEmpty());
+}
+
+void tst_CaseDocuments::allOfThemAreThoseInSight()
+{
+    const frmCaseDetails *window = listing();
+    gridOf(window)->Tools()->Filter()->SetText(u"answer"_s);
+    court->Expect(requestOf(3, u"Answer"_s)).ReplyBytes(DocumentReply("%PDF", "pdf"));
+    QCOMPARE(filesOfAll(window), (QStringList{u"King 02-1-00123-4 01-02-2003 5 Pgs  Answer.pdf"_s,
+                                              u"documents.csv"_s}));
+    QVERIFY(!desk->Folder.Read(u"Reports/King 02-1-00123-4/documents.csv"_s).contains("Sealed"));
+}
+
+void tst_CaseDocuments::allOfThemNeedALogin()
+{
+    const frmCaseDetails *window = listing();
+    Global.bLoggedIn = false;
+    desk->Boxes.Expect(notLoggedIn, notLoggedInTitle, MsgIcon::Exclamation, MsgAnswer::No);
+    actionOf(window, u"mnuDocRetrieveAll"_s)->trigger();
+    QVERIFY(!all());
+    QCOMPARE(desk->Boxes.Answered(), 1);
+}
+
+/// Nobody is asked to log in for nothing.
+void tst_CaseDocuments::nothingIsOfferedWhereThereIsNothing()
+{
+    const frmCaseDetails *window = listing({u"2~01/02/2003~7~Sealed~"_s});
+    Global.bLoggedIn = false;
+    gridOf(window)->Tools()->Menu()->popup({});
+    QVERIFY(!actionOf(window, u"mnuDocRetrieve"_s)->isEnabled());
+    QVERIFY(!actionOf(window, u"mnuDocRetrieveAll"_s)->isEnabled());
+    gridOf(window)->Tools()->Menu()->hide();
+    actionOf(window, u"mnuDocRetrieveAll"_s)->setEnabled(true);
+    actionOf(window, u"mnuDocRetrieveAll"_s)->trigger();
+    QVERIFY(!all());
 }
 
 HALVANE_TEST(tst_CaseDocuments)

@@ -53,7 +53,7 @@ private Q_SLOTS:
     void whatOpensNothing_data();
     void whatOpensNothing();
     void aBrokenRowOpensItsDocument();
-    void severalRowsOpenEachDocumentOnce();
+    void severalRowsAreOfEachDocumentOnce();
     void rowsThatAreGivenAreTheOnesOpened();
 };
 
@@ -283,12 +283,14 @@ void tst_DocumentList::aBrokenRowOpensItsDocument()
     QCOMPARE(opened(5), u"RETRIEVEDOC=z6d"_s);
 }
 
-void tst_DocumentList::severalRowsOpenEachDocumentOnce()
+void tst_DocumentList::severalRowsAreOfEachDocumentOnce()
 {
-    const CaseRecord record =
-        listed({u"RETRIEVEDOC=x^~1~2~3~a<BR>b~"_s, u"1~2~3~c~"_s, u"RETRIEVEDOC=y^~1~2~3~d~"_s});
-    QCOMPARE(descriptionsOf(DocumentsOfRows(record, {0, 1, 2, 3, 4, 5})),
-             (QStringList{u"a"_s, u"d"_s}));
+    const CaseRecord record = listed({u"RETRIEVEDOC=x^~1~2~3~a<BR>b~"_s, u"1~2~3~c~"_s, QString(),
+                                      u"RETRIEVEDOC=y^~1~2~3~d~"_s});
+    const QList<DocumentStart> documents = DocumentsOfRows(record, {0, 1, 2, 3, 4, 5, 6});
+    QCOMPARE(descriptionsOf(documents), (QStringList{u"a"_s, u"c (Unavail.)"_s, u"d"_s}));
+    QVERIFY(IsRetrievable(documents[0]) && IsRetrievable(documents[2]));
+    QVERIFY(!IsRetrievable(documents[1]));
 }
 
 void tst_DocumentList::rowsThatAreGivenAreTheOnesOpened()
