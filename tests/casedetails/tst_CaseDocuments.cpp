@@ -400,11 +400,11 @@ void tst_CaseDocuments::whatWasClickedIsFetchedBehindALogin()
 {
     frmCaseDetails *window = listing();
     Global.bLoggedIn = false;
-    desk->Boxes.Expect(notLoggedIn, notLoggedInTitle, MsgIcon::Exclamation, MsgAnswer::Yes);
     desk->Boxes.Meanwhile([window] {
         auto &record = const_cast<CaseRecord &>(window->Record());
         record.DocumentLines = definition() + QStringList{rowOf(9, u"Another"_s)};
     });
+    desk->Boxes.Expect(notLoggedIn, notLoggedInTitle, MsgIcon::Exclamation, MsgAnswer::Yes);
     desk->AnswerModalLogin(true);
     doubleClick(window, 3);
     QCOMPARE(transfers().size(), 1);

@@ -82,17 +82,20 @@ QMap<int, quint32> fieldsAt(const QByteArray &bytes, qsizetype at, quint32 &next
     return fields;
 }
 
+/// Nothing when the packed bytes end within a run.
 QByteArray unpacked(QByteArrayView packed)
 {
     QByteArray pixels;
     for (qsizetype at = 0; at < packed.size();) {
         const auto code = static_cast<qint8>(packed[at++]);
-        if (code >= 0) {
-            pixels += packed.sliced(at, code + 1).toByteArray();
-            at += code + 1;
-        } else if (code != -128) {
-            pixels += QByteArray(1 - code, packed[at++]);
-        }
+        const qsizetype taken = code >= 0 ? code + 1 : code == -128 ? 0 : 1;
+        if (at + taken > packed.size())
+            return {};
+        if (code >= 0)
+            pixels += packed.sliced(at, taken).toByteArray();
+        else if (taken > 0)
+            pixels += QByteArray(1 - code, packed[at]);
+        at += taken;
     }
     return pixels;
 }
