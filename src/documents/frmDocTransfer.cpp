@@ -16,8 +16,8 @@ frmDocTransfer::frmDocTransfer(DocumentJob *ownJob, QWidget *parent)
     : JobWindow(ownJob, &ownJob->lblState, &ownJob->sClientMatterText, parent), documentJob(ownJob),
       txtDocRetrievalString(ownJob->txtDocRetrievalString), txtPageQty(ownJob->txtPageQty),
       sClientMatterText(ownJob->sClientMatterText), lboxResponses(ownJob->lboxResponses),
-      List1(ownJob->Transfer.List1), List2(ownJob->Transfer.List2),
-      ui(std::make_unique<Ui::frmDocTransfer>())
+      List1(ownJob->Transfer.List1), List2(ownJob->Transfer.List2), Text1(ownJob->Transfer.Text1),
+      Text2(ownJob->Transfer.Text2), ui(std::make_unique<Ui::frmDocTransfer>())
 {
     ui->setupUi(this);
     documentJob->UseTalk(this);

@@ -35,6 +35,8 @@ public:
     ListBox &lboxResponses;
     ListBox &List1; ///< times
     ListBox &List2; ///< what has come, and when
+    QString &Text1; ///< how long it took
+    qint64 &Text2;  ///< bytes of the last piece
 
 protected:
     bool QueryUnload(UnloadMode mode) override;

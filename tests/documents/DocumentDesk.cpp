@@ -108,6 +108,15 @@ void DocumentTest::ExpectFailureBox(const std::function<void()> &meanwhile)
                        u"Halvane Document Retrieval Error.."_s, MsgIcon::Exclamation);
 }
 
+void DocumentTest::ExpectDeniedBox()
+{
+    desk->Boxes.Expect(
+        u"Halvane Document Retrieval Error. File is already open in Viewer or exists "
+        "on this PC in the reports folder already. \nPlease close the file if open "
+        "or try opening within the Reports folder in My Computer."_s,
+        u"Halvane Document Retrieval Error.."_s, MsgIcon::Exclamation);
+}
+
 QString TextOf(const QWidget *window, const char *name)
 {
     const auto *control = window->findChild<QWidget *>(QLatin1StringView(name));

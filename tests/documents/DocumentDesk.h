@@ -51,6 +51,8 @@ protected:
     void Retrieve(const DocumentStart &start = StartOf());
     void ExpectFailureBox(const std::function<void()> &meanwhile = {});
 
+    void ExpectDeniedBox();
+
     std::unique_ptr<DocumentDesk> desk;
     std::unique_ptr<ScriptedCourt> court;
     QPointer<frmDocTransfer> window;
