@@ -74,7 +74,8 @@ void CaseSheet::AddDocumentLine(const QStringList &lines)
         return;
     if (lines.size() == documentDefinitionLines) {
         GridTable table;
-        InitDocGrid(lines, table);
+        if (const std::optional<QString> failure = InitDocGrid(lines, table))
+            WriteAppInfo(*failure);
         Record.DocumentLines = lines;
         ShowTable(CaseTab::Documents, table);
         return;

@@ -1,7 +1,6 @@
 #include "casedetails/DocumentList.h"
 
 #include "casedetails/GridGrammar.h"
-#include "core/Log.h"
 #include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
 #include "documents/DocumentName.h"
@@ -125,17 +124,16 @@ std::optional<DocumentStart> documentAt(const CaseRecord &record, int row)
 }
 } // namespace
 
-bool InitDocGrid(const QStringList &lines, GridTable &table)
+std::optional<QString> InitDocGrid(const QStringList &lines, GridTable &table)
 {
     table = {};
     try {
         table.Columns = documentColumns(lines, FieldAt(lines, 2));
-        return true;
+        return std::nullopt;
     } catch (const RunTimeError &error) {
-        WriteAppInfo(u"Error *** frmCaseDetails::InitDocGrid(): Error: "_s + error.Description());
         if (lines.size() >= documentDefinitionLines)
             table.Columns = documentColumns(lines, {});
-        return false;
+        return u"Error *** frmCaseDetails::InitDocGrid(): Error: "_s + error.Description();
     }
 }
 

@@ -12,10 +12,10 @@
 /// The lines ahead of the first document, which define the table.
 inline constexpr qsizetype documentDefinitionLines = 4;
 
-/// Gives the table the columns of the definition lines, and no row. False, and a line in the log,
-/// when it fails: fewer than four lines have come, or a width is too great. Of four lines the last
-/// counts the columns then, which have no headers.
-bool InitDocGrid(const QStringList &lines, GridTable &table);
+/// Gives the table the columns of the definition lines, and no row. When it fails, the line for the
+/// log: fewer than four lines have come, or a width is too great. Of four lines the last counts the
+/// columns then, which have no headers.
+std::optional<QString> InitDocGrid(const QStringList &lines, GridTable &table);
 
 /// Adds the rows of a document: one, or one for each piece of a cell with "<BR>". `place` is the
 /// index of its line, which the rows remember.

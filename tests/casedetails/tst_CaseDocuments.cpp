@@ -22,6 +22,7 @@ class tst_CaseDocuments : public DocumentsTest
 private Q_SLOTS:
     void rowsComeWhileTheReplyIsRead();
     void theColumnsComeWithTheFourthLine();
+    void aWidthThatCannotBeReadCostsTheHeaders();
     void whatWasChosenMeanwhileStays();
     void aListThatIsCutShortKeepsItsRows();
     void everyMessage_data();
@@ -115,6 +116,23 @@ void tst_CaseDocuments::theColumnsComeWithTheFourthLine()
     // Four lines hold no documents.
     QCOMPARE(CellsOf(window, CaseTab::Documents),
              (QList<QStringList>{{QString()}, {u"No Document Images Available For This Case."_s}}));
+}
+
+void tst_CaseDocuments::aWidthThatCannotBeReadCostsTheHeaders()
+{
+    QStringList lines = definition();
+    lines[2] = u"COLDEF~A~99999999999~"_s;
+    frmCaseDetails *window = pending();
+    court->Expect(documentsLine()).Reply(lines + threeDocuments() + QStringList{u"EOF~"_s});
+    Run(window);
+    QVERIFY(desk->Folder.Logged(u"Error *** frmCaseDetails::InitDocGrid(): Error: Overflow"_s));
+    QVERIFY(window->Tab(CaseTab::Documents).TabDone);
+    QCOMPARE(CellsOf(window, CaseTab::Documents).mid(0, 2),
+             (QList<QStringList>{{QString(), QString(), QString(), QString()},
+                                 {u"1"_s, u"01/02/2003"_s, u"5"_s, u"Complaint"_s}}));
+    ClickTab(window, u"Documents"_s);
+    doubleClick(window, 3);
+    QCOMPARE(transfers().size(), 1);
 }
 
 void tst_CaseDocuments::whatWasChosenMeanwhileStays()
