@@ -113,8 +113,8 @@ void FlexGrid::Show(const GridTable &newTable)
 
 void FlexGrid::Grow(const GridTable &grown)
 {
-    // Room for the heights first: the rows are measured as soon as they are in sight. A grid that is
-    // yet to be laid out measures all of them then.
+    // Room for the heights first: the rows are measured as soon as they are in sight. A grid that
+    // is yet to be laid out measures all of them then.
     if (!layOutOnShow && grown.Rows.size() > content.rowCount())
         heights.resize(static_cast<size_t>(grown.Rows.size()), 0);
     content.Grow(grown);
