@@ -10,12 +10,14 @@ AnsweringSocket::AnsweringSocket(QObject *parent) : FakeSocket(parent)
     connect(&turns, &QTimer::timeout, this, &AnsweringSocket::takeStep);
 }
 
-void AnsweringSocket::Install(const Answers &answers, const std::function<void()> &onRequest)
+void AnsweringSocket::Install(const Answers &answers, const std::function<void()> &onRequest,
+                              EndMark endMark)
 {
-    frmWinsock::SetSocketFactory([answers, onRequest](QObject *parent) {
+    frmWinsock::SetSocketFactory([answers, onRequest, endMark](QObject *parent) {
         auto *socket = new AnsweringSocket(parent);
         socket->answersOf = answers;
         socket->requested = onRequest;
+        socket->endMarkComes = endMark;
         return socket;
     });
 }
@@ -34,7 +36,10 @@ void AnsweringSocket::SendData(const QByteArray &data)
     const QByteArray last = ScriptedCourt::Tokens({answers.takeLast()});
     for (const QString &answer : answers)
         steps.append(ScriptedCourt::Tokens({answer}));
-    steps.append({last.left(2), last.mid(2)});
+    if (endMarkComes == EndMark::Whole)
+        steps.append(last);
+    else
+        steps.append({last.left(2), last.mid(2)});
 }
 
 void AnsweringSocket::takeStep()

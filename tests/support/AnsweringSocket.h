@@ -8,8 +8,8 @@
 #include <functional>
 
 /// A network whose court answers every request alike. One thing happens a turn of the event loop: a
-/// send is complete, or a token arrives, the end mark in two pieces. A request to stop it takes
-/// note of: the replies come all the same, as from a court that was nearly done.
+/// send is complete, or a token arrives, the end mark usually in two pieces. A request to stop it
+/// takes note of: the replies come all the same, as from a court that was nearly done.
 class AnsweringSocket : public FakeSocket
 {
     Q_OBJECT
@@ -19,9 +19,13 @@ public:
 
     explicit AnsweringSocket(QObject *parent);
 
+    /// How the end mark of a reply comes.
+    enum class EndMark { InTwo, Whole };
+
     /// From now on frmWinsock makes these. `onRequest` is called at every request, before its
     /// answer.
-    static void Install(const Answers &answers, const std::function<void()> &onRequest);
+    static void Install(const Answers &answers, const std::function<void()> &onRequest,
+                        EndMark endMark = EndMark::InTwo);
 
     /// From now on nothing comes but the rest of a token.
     void FallSilent() { silent = true; }
@@ -35,6 +39,7 @@ private:
 
     QTimer turns;
     QByteArrayList steps;
+    EndMark endMarkComes = EndMark::InTwo;
     bool silent = false;
     bool owes = false;
     Answers answersOf;
