@@ -5,6 +5,7 @@
 #include "support/HalvaneTest.h"
 #include "support/Wire.h"
 
+#include <QDialog>
 #include <QDir>
 #include <QScrollBar>
 
