@@ -110,6 +110,7 @@ void CourtConnection::stopReply()
     pauseTimer.stop();
     silent = false;
     piece.reset();
+    leftBehind = false;
     reply = reply->Stopped();
 }
 
@@ -201,6 +202,10 @@ void CourtConnection::fill()
             break;
         case ReplyStep::Kind::Piece:
             piece = step.bytes;
+            // In one breath with the end of the reply: later it would meet the next request.
+            leftBehind = leaveBehind && reply->IsOver();
+            if (leftBehind)
+                *piece += strayReply;
             break;
         case ReplyStep::Kind::Token:
             outgoing += '|' + ToWindows1252(step.text) + '|';
@@ -218,7 +223,7 @@ void CourtConnection::fill()
             break;
         case ReplyStep::Kind::End:
             reply.reset();
-            if (leaveBehind)
+            if (leaveBehind && !std::exchange(leftBehind, false))
                 outgoing += strayReply;
             break;
         }

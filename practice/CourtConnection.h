@@ -53,6 +53,7 @@ private:
     bool dropping = false;    ///< the running reply ends with the connection
     QByteArray outgoing;      ///< of the running reply: made, and not yet handed to the socket
     bool leaveBehind = false; ///< each reply is followed by one that nobody has asked for
+    bool leftBehind = false;  ///< the running one is already
     bool oneByOne = false;    ///< a fault counts bytes, so tokens are made one at a time
     bool pumping = false;
     bool hungUp = false;

@@ -56,6 +56,7 @@ public:
     /// What is left of the reply once the client has stopped it.
     Reply Stopped() const;
 
+    bool IsOver() const { return acts.empty(); }
     /// The next step; End for ever when nothing is left.
     ReplyStep Next();
 

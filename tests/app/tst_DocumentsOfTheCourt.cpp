@@ -12,6 +12,7 @@
 
 #include <QAction>
 #include <QDir>
+#include <QFile>
 #include <QMenu>
 #include <QPointer>
 #include <QProgressBar>
@@ -68,6 +69,8 @@ private:
         names.removeAll(u"Tempfile.bin"_s);
         return names;
     }
+    /// Not a byte more or less than from the first mark of a PDF to its last.
+    void verifyWhole(const QString &name) const;
     /// After whatever came of a document the link is clean: a case is asked for, and comes.
     void verifyNextJob();
 
@@ -132,6 +135,17 @@ QPointer<frmDocTransfer> tst_DocumentsOfTheCourt::start(const CaseWindow *window
     return transfer;
 }
 
+void tst_DocumentsOfTheCourt::verifyWhole(const QString &name) const
+{
+    const QByteArray end = "%%EOF\n";
+    QFile document(user->Desk.Folder.Path(u"Reports/"_s + name));
+    QVERIFY(document.open(QIODevice::ReadOnly));
+    QCOMPARE(document.read(5), "%PDF-");
+    QVERIFY(document.seek(document.size() - end.size()));
+    QCOMPARE(document.readAll(), end);
+    QVERIFY(!name.contains(u"200 Megabytes") || document.size() >= 200'000'000);
+}
+
 void tst_DocumentsOfTheCourt::verifyNextJob()
 {
     const QString number = u"98-2-00017-7"_s;
@@ -193,6 +207,8 @@ void tst_DocumentsOfTheCourt::aDocument()
     const QStringList saved = files();
     QCOMPARE(saved.size(), outcome == u"failed" ? 0 : 1);
     QVERIFY2(saved.isEmpty() || saved.first().endsWith(file), qPrintable(saved.value(0)));
+    if (file.endsWith(u".pdf") && file != u"Length Too Small.pdf")
+        verifyWhole(saved.first());
     QCOMPARE(shown, outcome == u"shown" ? saved : QStringList());
     QCOMPARE(transfer.isNull() || transfer->IsUnloaded(), goes);
     if (linkStays)

@@ -69,6 +69,7 @@ private Q_SLOTS:
     void aStopEndsTheStream_data();
     void aStopEndsTheStream();
     void whatIsAskedBehindADocument();
+    void aStrayReplyComesWithTheTail();
     void theLinkIsDroppedInTheMiddle();
     void aPaceThatIsSet();
     void twoHundredMegabytes();
@@ -169,6 +170,30 @@ void tst_PracticeDocumentWire::whatIsAskedBehindADocument()
     QVERIFY(headOf(came).endsWith("TYPE=tif~|"));
     QVERIFY(came.contains(QByteArray(tail + guideReply)));
     QCOMPARE(came.size(), 2 * (came.indexOf(tail) + tail.size()) + guideReply.size());
+}
+
+/// Later it would meet the next request, which no honest court lets happen.
+void tst_PracticeDocumentWire::aStrayReplyComesWithTheTail()
+{
+    const QByteArray stray = "|A ROW OF ANOTHER REPLY~||EOF~|";
+    const PracticeProcess court({u"--leave-behind"_s});
+    WireClient client(court);
+    client.LogOn();
+    client.ReadBytes(stray.size());
+    const QString request = requestFor(client, u"Complaint"_s);
+    client.ReadBytes(stray.size());
+    for (int round = 0; round < 5; ++round) {
+        client.arrivals.clear();
+        client.Send(request);
+        QByteArray stream;
+        while (!stream.contains(tail)) {
+            const QByteArray more = client.ReadBytes(1);
+            QVERIFY(!more.isEmpty());
+            stream += more;
+        }
+        QVERIFY(stream.endsWith(QByteArray(tail + stray)));
+        QCOMPARE(stream.count(stray), 1);
+    }
 }
 
 void tst_PracticeDocumentWire::theLinkIsDroppedInTheMiddle()
