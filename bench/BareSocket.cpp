@@ -129,6 +129,21 @@ void BareClient::ReadTokens(const QByteArray &frame,
     }
 }
 
+void BareClient::ReadToFile(const QByteArray &frame, qsizetype replyBytes, const char *path) const
+{
+    require(send(connection, frame.constData(), static_cast<size_t>(frame.size()), 0)
+            == frame.size());
+    const int file = open(path, O_WRONLY | O_CREAT | O_TRUNC, 0600);
+    require(file >= 0);
+    std::array<char, 64 * 1024> buffer{};
+    while (replyBytes > 0) {
+        const ssize_t got = recv(connection, buffer.data(), buffer.size(), 0);
+        require(got > 0 && write(file, buffer.data(), static_cast<size_t>(got)) == got);
+        replyBytes -= got;
+    }
+    close(file);
+}
+
 void BareLogLine(const char *path, const QByteArray &line)
 {
     const int file = open(path, O_WRONLY | O_CREAT | O_APPEND, 0600);

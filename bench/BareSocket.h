@@ -41,6 +41,9 @@ public:
     void ReadTokens(const QByteArray &frame,
                     const std::function<bool(const QByteArray &token)> &take) const;
 
+    /// Sends a frame and writes `replyBytes` bytes of what comes into a file.
+    void ReadToFile(const QByteArray &frame, qsizetype replyBytes, const char *path) const;
+
 private:
     int connection = -1;
 };

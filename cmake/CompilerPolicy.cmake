@@ -14,6 +14,13 @@ target_compile_definitions(halvane_policy INTERFACE
   QT_DISABLE_DEPRECATED_BEFORE=0x060400
   QT_USE_QSTRINGBUILDER)
 
+# Where sources are compiled together, g++ takes each but the outermost for a header, in which a class
+# with members of a local type would be wrong.
+if(CMAKE_UNITY_BUILD)
+  target_compile_options(halvane_policy INTERFACE
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
+endif()
+
 if(HALVANE_SANITIZE)
   add_compile_options(-fsanitize=${HALVANE_SANITIZE} -fno-omit-frame-pointer
     -fno-sanitize-recover=all)

@@ -2,6 +2,7 @@
 // that is written down is read back as it was, and no reply ends in anything but a grid or a
 // run-time error.
 
+#include "casedetails/DocumentList.h"
 #include "casedetails/GridGrammar.h"
 #include "casedetails/TabGrids.h"
 
@@ -142,8 +143,10 @@ void checkTabs(const QStringList &lines)
     }
     const TabView documents = trapped([&] { return ShowDocumentsResponse(lines, false, {}); });
     requireShape(documents.Grid);
+    const bool listed = lines.size() > 4;
+    require(documents.Grid.RowData.size() == (listed ? documents.Grid.Rows.size() : 0));
     // A line that breaks into more rows has a row of its own too.
-    if (lines.size() > 4 && !documents.Grid.Columns.isEmpty())
+    if (listed && !documents.Grid.Columns.isEmpty())
         require(documents.Grid.Rows.size() >= lines.size() - 4);
 }
 } // namespace

@@ -15,6 +15,7 @@ enum class Switch : quint8 {
     Drip,
     DropAfter,
     StallAfter,
+    DocumentPace,
     PingEvery,
     LeaveBehind,
     Refuse,
@@ -39,7 +40,7 @@ struct SwitchRow
 constexpr qint64 anyCount = std::numeric_limits<qint64>::max();
 constexpr qint64 aDay = 86'400'000;
 
-constexpr std::array<SwitchRow, 13> rows{{
+constexpr std::array<SwitchRow, 14> rows{{
     {Switch::Port, u"--port", Takes::Number, u"N", 0, 65'535,
      u"listen on this port of 127.0.0.1; 0 (default) picks a free one"},
     {Switch::Data, u"--data", Takes::Text, u"FILE", 0, 0, u"people and cases to add"},
@@ -52,6 +53,8 @@ constexpr std::array<SwitchRow, 13> rows{{
      u"close a connection after N reply bytes"},
     {Switch::StallAfter, u"--stall-after", Takes::Number, u"N", 0, anyCount,
      u"send nothing more after N reply bytes"},
+    {Switch::DocumentPace, u"--document-pace", Takes::Number, u"N", 1, 1'000'000'000,
+     u"send documents at N bytes a second"},
     {Switch::PingEvery, u"--ping-every", Takes::Number, u"MS", 1, aDay,
      u"ping an idle client every MS milliseconds"},
     {Switch::LeaveBehind, u"--leave-behind", Takes::Nothing, u"", 0, 0,
@@ -98,6 +101,9 @@ bool apply(Switch which, qint64 number, const QString &text, CommandLine &line)
         return false;
     case Switch::StallAfter:
         switches.stallAfter = number;
+        return false;
+    case Switch::DocumentPace:
+        switches.documentPace = number;
         return false;
     case Switch::PingEvery:
         switches.pingEvery = static_cast<int>(number);

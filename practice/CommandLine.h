@@ -17,6 +17,7 @@ struct Switches
     std::optional<qint64> drip;       ///< bytes a second
     std::optional<qint64> dropAfter;  ///< reply bytes, then the connection is closed
     std::optional<qint64> stallAfter; ///< reply bytes, then nothing more is sent
+    qint64 documentPace = 0;          ///< bytes a second; 0: as fast as the client reads
     std::optional<int> pingEvery;     ///< milliseconds
     bool leaveBehind = false;
     bool refuse = false;

@@ -1,5 +1,6 @@
 #include "practice/Conversation.h"
 
+#include "core/Windows1252.h"
 #include "practice/BankruptcySearch.h"
 #include "practice/BankruptcyTabs.h"
 #include "practice/DistrictSearch.h"
@@ -80,9 +81,9 @@ const Conversation::Known *Conversation::find(const Request &request)
 }
 
 Conversation::Conversation(const Population &population, QDate theDay,
-                           std::shared_ptr<TabMemory> remembered)
+                           std::shared_ptr<TabMemory> remembered, qint64 pace)
     : people(population), today(theDay), thisYear(theDay.year()), memory(std::move(remembered)),
-      lists(theDay.year())
+      documentPace(pace), lists(theDay.year())
 {
 }
 
@@ -98,6 +99,9 @@ Conversation::Turn Conversation::TurnOf(QByteArrayView request)
 
 Reply Conversation::Answer(QByteArrayView request)
 {
+    // What the client asks a document with ends as the row of the list does.
+    if (const auto document = ParseDocumentRequest(FromWindows1252(request)))
+        return loggedIn ? answerDocument(*document) : Refusal(u"Not logged in"_s);
     const Request parsed = ParseRequest(request);
     const Known *known = find(parsed);
     if (known == nullptr)
@@ -214,6 +218,12 @@ Reply Conversation::answerDocuments(const Request &request)
     if (!asked)
         return Refusal(u"Unknown request"_s);
     return AnswerSuperiorTab(context(), *asked);
+}
+
+Reply Conversation::answerDocument(const DocumentAsked &asked) const
+{
+    const std::optional<ListedDocument> document = FindSuperiorDocument(context(), asked);
+    return document ? DocumentReply(*document, documentPace) : Refusal(u"Document not found"_s);
 }
 
 Reply Conversation::answerOregon(const Request &request)

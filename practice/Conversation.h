@@ -1,6 +1,7 @@
 #pragma once
 
 #include "practice/CaseTabs.h"
+#include "practice/DocumentReply.h"
 #include "practice/Population.h"
 #include "practice/Reply.h"
 #include "practice/Request.h"
@@ -22,8 +23,10 @@ class Conversation
 public:
     /// `population` must outlive the conversation and its replies; `today` ends the years of a
     /// search for all of them. `memory` is what the court remembers beyond one connection.
+    /// `documentPace` is in bytes a second; 0 for as fast as the client reads.
     Conversation(const Population &population, QDate today,
-                 std::shared_ptr<TabMemory> memory = std::make_shared<TabMemory>());
+                 std::shared_ptr<TabMemory> memory = std::make_shared<TabMemory>(),
+                 qint64 documentPace = 0);
 
     /// How a request is to be taken.
     enum class Turn : quint8 {
@@ -50,6 +53,7 @@ private:
     Reply answerAccountingOption(const Request &request);
     Reply answerSuperior(const Request &request);
     Reply answerDocuments(const Request &request);
+    Reply answerDocument(const DocumentAsked &asked) const;
     Reply answerOregon(const Request &request);
     Reply answerIdaho(const Request &request);
     Reply answerState(OtherFamily family, const Request &request);
@@ -64,6 +68,7 @@ private:
     QDate today;
     int thisYear;
     std::shared_ptr<TabMemory> memory;
+    qint64 documentPace;
     SpecialLists lists;
     bool loggedIn = false;
     QString userName;

@@ -36,7 +36,8 @@ CourtConnection::CourtConnection(QTcpSocket &socket, const Population &populatio
                                  const Switches &switches, std::shared_ptr<TabMemory> memory,
                                  QObject *parent)
     : QObject(parent), link(socket),
-      conversation(population, QDate::currentDate(), std::move(memory)), gate(switches)
+      conversation(population, QDate::currentDate(), std::move(memory), switches.documentPace),
+      gate(switches)
 {
     link.setParent(this);
     link.setSocketOption(QAbstractSocket::LowDelayOption, 1);
@@ -108,7 +109,9 @@ void CourtConnection::stopReply()
         return;
     pauseTimer.stop();
     silent = false;
-    reply.emplace().Finish();
+    piece.reset();
+    leftBehind = false;
+    reply = reply->Stopped();
 }
 
 /// Begins the reply to the next request that waits; false when none does, or one is running.
@@ -175,12 +178,35 @@ bool CourtConnection::write()
     return true;
 }
 
+/// Sends a piece that is to stay whole, once what lies before it is on its way: the link takes part
+/// of what is written only when it is full.
+void CourtConnection::release()
+{
+    if (piece && outgoing.isEmpty() && link.bytesToWrite() == 0)
+        outgoing = *std::exchange(piece, std::nullopt);
+}
+
 /// Makes the next part of the running reply.
 void CourtConnection::fill()
 {
-    while (reply && !silent && !dropping && !pauseTimer.isActive()) {
+    release();
+    if (!outgoing.isEmpty())
+        return;
+    while (reply && !piece && !silent && !dropping && !pauseTimer.isActive()) {
         const ReplyStep step = reply->Next();
         switch (step.kind) {
+        case ReplyStep::Kind::Bytes:
+            outgoing += step.bytes;
+            if (oneByOne || outgoing.size() >= batch)
+                return;
+            break;
+        case ReplyStep::Kind::Piece:
+            piece = step.bytes;
+            // In one breath with the end of the reply: later it would meet the next request.
+            leftBehind = leaveBehind && reply->IsOver();
+            if (leftBehind)
+                *piece += strayReply;
+            break;
         case ReplyStep::Kind::Token:
             outgoing += '|' + ToWindows1252(step.text) + '|';
             if (oneByOne || outgoing.size() >= batch)
@@ -197,11 +223,12 @@ void CourtConnection::fill()
             break;
         case ReplyStep::Kind::End:
             reply.reset();
-            if (leaveBehind)
+            if (leaveBehind && !std::exchange(leftBehind, false))
                 outgoing += strayReply;
             break;
         }
     }
+    release();
 }
 
 void CourtConnection::ping()

@@ -35,6 +35,7 @@ private:
     void pump();
     bool write();
     void fill();
+    void release();
 
     void ping();
     void hangUp();
@@ -46,10 +47,13 @@ private:
     std::deque<QByteArray> waiting;
 
     std::optional<Reply> reply;
+    std::optional<QByteArray>
+        piece;                ///< of the running reply: to be sent once nothing lies before it
     bool silent = false;      ///< the running reply says nothing more
     bool dropping = false;    ///< the running reply ends with the connection
     QByteArray outgoing;      ///< of the running reply: made, and not yet handed to the socket
     bool leaveBehind = false; ///< each reply is followed by one that nobody has asked for
+    bool leftBehind = false;  ///< the running one is already
     bool oneByOne = false;    ///< a fault counts bytes, so tokens are made one at a time
     bool pumping = false;
     bool hungUp = false;

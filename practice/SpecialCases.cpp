@@ -31,7 +31,7 @@ constexpr int specialYear = 1990;
 constexpr int king = 17;
 } // namespace
 
-constexpr std::array<SpecialCaseRow, 43> specialCases{{
+constexpr std::array<SpecialCaseRow, 44> specialCases{{
     {1, summaries, civil, line, u"ERROR~No connection to the court~"},
     {2, summaries, civil, line, u"ERROR~An error occured in the court's system~"},
     {3, summaries, civil, line, u"ERROR~An error occurred in the court's system~"},
@@ -67,6 +67,7 @@ constexpr std::array<SpecialCaseRow, 43> specialCases{{
     {33, wa, judgmentType, SpecialCase::DocumentsLine,
      u"Documents for this Judgment are available by searching its associated case~"},
     {34, wa, sealedType, SpecialCase::EmptyTabs},
+    {35, wa, civil, SpecialCase::Documents},
     {40, district, civil, SpecialCase::SummaryLine,
      u"Archived case, Summary information is not available"},
     {41, district, civil, SpecialCase::SummaryLine,

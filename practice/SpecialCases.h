@@ -31,6 +31,7 @@ enum class SpecialCase : quint8 {
     NoDefinition,  ///< tables without the line that defines them
     SlowDocket,    ///< a line of progress a second, then the docket
     DocumentsLine, ///< one line stands in place of the list of documents
+    Documents,     ///< documents that each come with a trouble of their own
     NoNotes,       ///< district courts: no note, one, and two ahead of the tables
     OneNote,
     TwoNotes,
@@ -61,7 +62,7 @@ struct SpecialCaseRow
     const char16_t *line = nullptr;
 };
 
-extern const std::array<SpecialCaseRow, 43> specialCases;
+extern const std::array<SpecialCaseRow, 44> specialCases;
 
 /// The number of a special case as its family writes it. Superior Courts: in King county.
 QString SpecialCaseNumber(CourtFamily family, const SpecialCaseRow &row);

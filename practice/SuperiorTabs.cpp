@@ -161,6 +161,12 @@ Found specialFound(const TabTask &task)
     return found;
 }
 
+std::optional<Found> foundFor(const TabTask &task)
+{
+    return task.special != nullptr ? std::optional(specialFound(task))
+                                   : findCase(task.context, task.asked);
+}
+
 /// Another case that belongs to this one: a judgment and the case in which it was given, in the
 /// same county and with a party in common.
 QString associatedNumber(const TabTask &task, const Found &found)
@@ -222,20 +228,65 @@ CaseRows judgmentRows(const TabTask &task, const Found &found)
                         task.context.today);
 }
 
-CaseRows documentRows(const CaseFile &file, QDate today)
+/// One paper in so many was scanned as a TIFF, by a clerk who has the older machine.
+bool isTiff(const DocumentRecord &document)
+{
+    constexpr int clerks = 4;
+    constexpr int mostPages = 24;
+    return document.place % clerks == 3 && document.pages <= mostPages;
+}
+
+std::vector<ListedDocument> ordinaryDocuments(const CaseFile &file, QDate today)
+{
+    std::vector<ListedDocument> documents;
+    for (const DocumentRecord &one : DocumentsOf(file, today)) {
+        ListedDocument listed;
+        listed.paper = {file.county, file.number, one.text, one.date,
+                        one.place,   one.pages,   file.seed};
+        if (!one.retrievable)
+            listed.trouble = DocumentTrouble::Unavailable;
+        else if (isTiff(one))
+            listed.trouble = DocumentTrouble::Tiff;
+        documents.push_back(listed);
+    }
+    return documents;
+}
+
+std::vector<ListedDocument> troubledDocuments(const CaseFile &file)
+{
+    std::vector<ListedDocument> documents;
+    int place = 0;
+    for (const DocumentTroubleRow &row : documentTroubles) {
+        ++place;
+        documents.push_back({{file.county, file.number, QString::fromUtf16(row.text),
+                              file.filed.addDays(place), place, row.pages, file.seed},
+                             row.trouble,
+                             row.number,
+                             row.type});
+    }
+    return documents;
+}
+
+std::vector<ListedDocument> documentsOf(const TabTask &task, const Found &found)
+{
+    if (IsMeaning(task.special, SpecialCase::Documents))
+        return troubledDocuments(found.file);
+    return ordinaryDocuments(found.file, task.context.today);
+}
+
+CaseRows documentRows(const TabTask &task, const Found &found)
 {
     CaseRows rows;
-    for (const DocumentRecord &one : DocumentsOf(file, today)) {
-        const QString place = QString::number(one.place);
-        const QString pages = QString::number(one.pages);
-        QStringList cells = file.county == pierce
-                                ? QStringList{DateText(one.date), pages, place, one.text}
-                                : QStringList{place, DateText(one.date), pages, one.text};
-        if (one.retrievable) {
+    for (const ListedDocument &one : documentsOf(task, found)) {
+        const Paper &paper = one.paper;
+        const QString place = QString::number(paper.place);
+        const QString pages = QString::number(paper.pages);
+        const QString date = DateText(paper.date);
+        QStringList cells = paper.county == pierce ? QStringList{date, pages, place, paper.text}
+                                                   : QStringList{place, date, pages, paper.text};
+        if (one.trouble != DocumentTrouble::Unavailable)
             cells.prepend(u"RETRIEVEDOC="_s
-                          + DocumentCommand(file.county, file.number, one.place, one.date,
-                                            one.pages, one.text));
-        }
+                          + DocumentCommand(paper.county, paper.number, paper.place));
         rows.push_back(cells);
     }
     return rows;
@@ -278,7 +329,7 @@ TabTable tableOf(const TabTask &task, const Found &found)
     case CaseTab::Documents:
         return {TableForm::Paired, u"Documents",
                 file.county == pierce ? CaseColumns(pierceColumns) : CaseColumns(documentColumns),
-                documentRows(file, today)};
+                documentRows(task, found)};
     default:
         return {};
     }
@@ -316,8 +367,7 @@ Reply AnswerSuperiorTab(const TabContext &context, const TabAsked &asked)
         return reply;
     }
     if (!SaySpecialTab(task, reply)) {
-        const std::optional<Found> found =
-            task.special != nullptr ? std::optional(specialFound(task)) : findCase(context, asked);
+        const std::optional<Found> found = foundFor(task);
         if (found)
             sayTab(task, *found, reply);
         else if (asked.tab == CaseTab::Summary)
@@ -328,13 +378,19 @@ Reply AnswerSuperiorTab(const TabContext &context, const TabAsked &asked)
     return reply;
 }
 
-QString DocumentCommand(const QString &county, const QString &number, int place, QDate date,
-                        int pages, const QString &text)
+std::optional<ListedDocument> FindSuperiorDocument(const TabContext &context,
+                                                   const DocumentAsked &asked)
 {
-    return u"WASUPDOC^GETDOC^%1^%2^%3^¦IMG¦%4¦%5¦%6¦"_s.arg(county, number)
-        .arg(place)
-        .arg(DateText(date))
-        .arg(pages)
-        .arg(text);
+    const TabAsked tab{CourtFamily::Superior, CaseTab::Documents, WithoutMarks(asked.number),
+                       asked.county};
+    const TabTask task{context, tab, FindSpecialCase(tab)};
+    const std::optional<Found> found = foundFor(task);
+    if (!found)
+        return std::nullopt;
+    for (const ListedDocument &one : documentsOf(task, *found)) {
+        if (one.paper.place == asked.place && one.trouble != DocumentTrouble::Unavailable)
+            return one;
+    }
+    return std::nullopt;
 }
 } // namespace Practice

@@ -99,7 +99,9 @@ int run(const StartOptions &options)
 
     PracticeCourt court;
     if (options.Practice) {
-        if (!court.Start(PracticeCourt::Program()))
+        // Slow enough for a picture of a document on its way.
+        const QStringList pace{u"--document-pace"_s, u"60000"_s};
+        if (!court.Start(PracticeCourt::Program(), options.Tour ? pace : QStringList()))
             return complain(court.Error(), 1);
         PointSessionAt(court.Port());
     }

@@ -3,6 +3,7 @@
 #include "controls/TabStrip.h"
 #include "core/EndProgram.h"
 #include "core/GlobalState.h"
+#include "core/Platform.h"
 #include "session/SessionEvents.h"
 
 #include <QAbstractButton>
@@ -11,10 +12,14 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPixmap>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QTableView>
 
@@ -132,6 +137,23 @@ void chooseTab(const QString &window, const QString &caption)
         strip->setCurrentIndex(static_cast<int>(index));
 }
 
+/// Chooses a row of a table and presses Enter on it.
+void enterRow(const QString &window, const QString &table, int row)
+{
+    auto *view = child<QTableView>(window, table);
+    if (!view)
+        return;
+    view->selectRow(row);
+    QCoreApplication::postEvent(view,
+                                new QKeyEvent(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier));
+}
+
+int progressOf(const QString &window)
+{
+    const auto *bar = child<QProgressBar>(window, u"ProgressBar1"_s);
+    return bar ? bar->value() : 0;
+}
+
 QString shownCaption(const QString &window)
 {
     const auto *strip = child<TabStrip>(window, u"TabStrip1"_s);
@@ -161,6 +183,8 @@ Tour::Tour(const QString &outputFolder, std::function<void()> atEnd, QObject *pa
                   u"case"_s,
                   {u"Names"_s, u"Docket"_s, u"Judgments"_s, u"Charges"_s, u"Sentence"_s,
                    u"Accounting"_s, u"Schedule"_s, u"Documents"_s}});
+    addDocumentSteps();
+    addAllDocumentsSteps();
     addDistrictSteps(
         u"optDiscisSearch_0"_s,
         {u"frmCivilCaseDetails"_s, u"civil-case"_s, {u"Names"_s, u"Docket"_s, u"Judgments"_s}});
@@ -175,6 +199,10 @@ void Tour::Start()
         fail(u"Cannot create "_s + output);
         return;
     }
+    ReplaceShell([this](const QString &path) {
+        opened.append(path);
+        return true;
+    });
     waiting.start();
     timer.start();
 }
@@ -312,6 +340,75 @@ void Tour::addCaseSteps(const TourCase &tourCase)
                              picture(windowNamed(u"frmMain"_s), name + u'-' + caption.toLower());
                          }});
     }
+}
+
+/// Retrieves the first document of the case whose list is in sight. On a busy machine its window
+/// may have gone before it was looked at.
+void Tour::addDocumentSteps()
+{
+    const QString transfer = u"frmDocTransfer"_s;
+    steps.push_back({u"A document is asked for"_s, [] { return true; },
+                     [] { enterRow(u"frmCaseDetails"_s, u"GridDocuments"_s, 0); }});
+    steps.push_back({u"Its transfer waits for its turn"_s,
+                     [this, transfer] { return windowNamed(transfer) || !opened.isEmpty(); },
+                     [this, transfer] {
+                         if (const QWidget *window = windowNamed(transfer))
+                             say(window->windowTitle());
+                         say(labelText(transfer, u"lblStatus"_s));
+                     }});
+    constexpr int someOfIt = 20;
+    steps.push_back(
+        {u"It comes"_s,
+         [this, transfer] { return progressOf(transfer) > someOfIt || !opened.isEmpty(); },
+         [this, transfer] {
+             say(labelText(transfer, u"lblDocDescription"_s));
+             say(labelText(transfer, u"lblStatus"_s));
+             picture(windowNamed(u"frmMain"_s), u"document-transfer"_s);
+         }});
+    steps.push_back({u"It is saved and would be shown, and the window has gone"_s,
+                     [this, transfer] { return !windowNamed(transfer) && !opened.isEmpty(); },
+                     [this] { showDocument(); }});
+}
+
+void Tour::showDocument()
+{
+    QFile document(opened.first());
+    say(u"   document: "_s + document.fileName());
+    if (QFileInfo(document).dir().dirName() != u"Reports" || !document.open(QIODevice::ReadOnly)
+        || !document.readAll().startsWith("%PDF-"))
+        fail(u"There is no document in Reports."_s);
+}
+
+/// Retrieves the others, too, in one go.
+void Tour::addAllDocumentsSteps()
+{
+    const QString all = u"frmAllDocuments"_s;
+    steps.push_back(
+        {u"All documents of the case are asked for"_s, [] { return true; },
+         [this] {
+             auto *command = child<QAction>(u"frmCaseDetails"_s, u"mnuDocRetrieveAll"_s);
+             if (command)
+                 QMetaObject::invokeMethod(command, &QAction::trigger, Qt::QueuedConnection);
+             else
+                 fail(u"There is no command for all documents."_s);
+         }});
+    steps.push_back({u"They come one after the other"_s,
+                     [all] { return windowNamed(all) != nullptr; },
+                     [this, all] { say(windowNamed(all)->windowTitle()); }});
+    steps.push_back({u"All have come that can be had"_s,
+                     [all] {
+                         const auto *stop = child<QPushButton>(all, u"cmdStop"_s);
+                         return stop && !stop->isEnabled();
+                     },
+                     [this, all] {
+                         say(labelText(all, u"lblProgress"_s));
+                         say(labelText(all, u"lblStatus"_s));
+                         picture(windowNamed(u"frmMain"_s), u"all-documents"_s);
+                         const QString came = labelText(all, u"lblProgress"_s);
+                         if (came.section(u' ', 0, 0) != came.section(u' ', 2, 2))
+                             fail(u"Some of the documents have not come."_s);
+                         click(all, u"cmdClose"_s);
+                     }});
 }
 
 /// Searches in a District Court for the person whom the practice court always has, and opens the

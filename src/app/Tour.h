@@ -3,6 +3,7 @@
 #include <QElapsedTimer>
 #include <QObject>
 #include <QString>
+#include <QStringList>
 #include <QTimer>
 
 #include <functional>
@@ -12,7 +13,8 @@ class QWidget;
 struct TourCase;
 
 /// Plays the main job by itself through the real windows: connects, logs in, searches, and looks at
-/// what comes back. Each step is printed with the texts that the windows really show, and pictures
+/// what comes back. Documents are not opened: who watches a tour has not asked for a viewer. Each
+/// step is printed with the texts that the windows really show, and pictures
 /// are saved on the way. It ends the program with 0 when every step showed what it must, else 1.
 class Tour : public QObject
 {
@@ -37,6 +39,9 @@ private:
     void addSearchSteps();
     void addOpenSteps(const QString &results);
     void addCaseSteps(const TourCase &tourCase);
+    void addDocumentSteps();
+    void addAllDocumentsSteps();
+    void showDocument();
     void addDistrictSteps(const QString &kindButton, const TourCase &tourCase);
     void Tick();
     void say(const QString &text);
@@ -47,6 +52,7 @@ private:
     std::vector<Step> steps;
     size_t current = 0;
     int pictures = 0;
+    QStringList opened; ///< what would have been shown by another program
     QString output;
     std::function<void()> cleanUp;
     QTimer timer;

@@ -63,10 +63,12 @@ void CaseJob::setStatusText(const QString &text, StatusStyle style)
 void CaseJob::ShowTab(CaseTab tab, bool incomplete, const QString &request)
 {
     const QStringList &lines = lboxResponses.Lines();
+    if (tab == CaseTab::Documents) {
+        Sheet.EndDocuments(lines, incomplete, request);
+        return;
+    }
     const TabView view =
-        tab == CaseTab::Documents
-            ? ShowDocumentsResponse(lines, incomplete, request)
-            : ShowTabResponse(Record.Kind, Record.lblState, tab, lines, incomplete, request);
+        ShowTabResponse(Record.Kind, Record.lblState, tab, lines, incomplete, request);
     for (const QString &line : view.LogLines)
         WriteAppInfo(line);
     Record.Tab(tab).Notes = view.Notes;

@@ -1,5 +1,8 @@
 #include "casedetails/CaseSheet.h"
 
+#include "casedetails/DocumentList.h"
+#include "core/Log.h"
+
 #include <algorithm>
 
 CaseSheet::CaseSheet(CaseKind kind) : Record(kind) {}
@@ -62,6 +65,38 @@ void CaseSheet::ShowTable(CaseTab tab, const GridTable &table)
         return;
     Record.Tab(tab).Table = table;
     Q_EMIT TabChanged(tab);
+}
+
+void CaseSheet::AddDocumentLine(const QStringList &lines)
+{
+    const qsizetype last = lines.size() - 1;
+    if (lines.size() < documentDefinitionLines)
+        return;
+    if (lines.size() == documentDefinitionLines) {
+        GridTable table;
+        if (const std::optional<QString> failure = InitDocGrid(lines, table))
+            WriteAppInfo(*failure);
+        Record.DocumentLines = lines;
+        ShowTable(CaseTab::Documents, table);
+        return;
+    }
+    Record.DocumentLines.append(lines[last]);
+    GridDocumentsAddResponse(lines[last], last, Record.Tab(CaseTab::Documents).Table);
+    Q_EMIT RowsAdded();
+}
+
+void CaseSheet::EndDocuments(const QStringList &lines, bool incomplete, const QString &request)
+{
+    // A list that has come line by line stands already, with what the user has chosen in it.
+    if (lines.size() > documentDefinitionLines && Record.DocumentLines == lines) {
+        Q_EMIT RowsComplete();
+        return;
+    }
+    const TabView view = ShowDocumentsResponse(lines, incomplete, request);
+    for (const QString &line : view.LogLines)
+        WriteAppInfo(line);
+    Record.DocumentLines = lines;
+    ShowTable(CaseTab::Documents, view.Grid);
 }
 
 void CaseSheet::ToBegin(CaseTab tab)

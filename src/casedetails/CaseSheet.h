@@ -25,6 +25,11 @@ public:
     /// Only the Summary is left.
     void RemoveAllTabsButFirst();
     void ShowTable(CaseTab tab, const GridTable &table);
+    /// A line of the list of documents has come, the last of these. The table begins with the
+    /// lines that define it; whatever was in it stays until then.
+    void AddDocumentLine(const QStringList &lines);
+    /// All of them have come: what stands in place of a list, if there is none.
+    void EndDocuments(const QStringList &lines, bool incomplete, const QString &request);
     /// A tab's table stands as it does when it is new.
     void ToBegin(CaseTab tab);
     /// Brings the tab below the strip, or the on-demand panel in its place.
@@ -53,6 +58,8 @@ Q_SIGNALS:
     /// What is below the strip, or selected in it, is another, or is to be shown afresh.
     void SightChanged();
     void TabChanged(CaseTab tab); ///< it has another table
+    void RowsAdded();             ///< the list of documents has more rows
+    void RowsComplete();          ///< and has all of them now
     void TabToBegin(CaseTab tab);
     void OfferChanged(); ///< what the panel offers, or whether something can be printed
 };

@@ -8,6 +8,8 @@
 #include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
 
+#include <functional>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -20,10 +22,11 @@ struct TabResult
     QString Reason; ///< when it is not complete
 };
 
-TabResult readTab(CaseTab tab, ListBox &responses)
+/// `taken` is called for each line of the reply that is one of the responses now.
+TabResult readTab(CaseTab tab, ListBox &responses, const std::function<void()> &taken)
 {
     TabResult result{.Complete = true, .Reason = {}};
-    const auto take = [tab, &responses, &result](const QString &line) {
+    const auto take = [&](const QString &line) {
         switch (ClassifyTabLine(tab, line)) {
         case TabLine::EndOfReply:
             return true;
@@ -37,6 +40,7 @@ TabResult readTab(CaseTab tab, ListBox &responses)
             // The names have no such line: they would fill the log with people.
             if (tab != CaseTab::Names)
                 WriteAppInfo(u"Sent response to caller: "_s + line);
+            taken();
             break;
         }
         return false;
@@ -77,7 +81,10 @@ void CaseJob::doTabSearch(CaseTab tab, const QString &request)
     setStatusText(texts.Retrieving);
     // The names are what a client is billed for, as the Summary is.
     SendTabRequest(request, tab == CaseTab::Names ? Record.ClientAcctgCode : QString());
-    const TabResult result = readTab(tab, lboxResponses);
+    const TabResult result = readTab(tab, lboxResponses, [this, tab] {
+        if (tab == CaseTab::Documents)
+            Sheet.AddDocumentLine(lboxResponses.Lines());
+    });
     if (result.Complete) {
         WriteAppInfo(texts.AllReceived + request);
         Q_EMIT StatusToBeSeen();

@@ -21,6 +21,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 constexpr double headerScale = 1.2;
+/// Rows that come one by one are shown together: each showing costs more than the row.
+constexpr int growMilliseconds = 40;
 } // namespace
 
 CaseWindow::CaseWindow(CaseJob *ownJob, QWidget *parent)
@@ -108,6 +110,14 @@ void CaseWindow::connectJob()
     connect(sheet, &CaseSheet::TabsChanged, this, &CaseWindow::showTabs);
     connect(sheet, &CaseSheet::SightChanged, this, &CaseWindow::showSight);
     connect(sheet, &CaseSheet::TabChanged, this, [this](CaseTab tab) { ShowTab(tab); });
+    growTimer.setSingleShot(true);
+    growTimer.setInterval(growMilliseconds);
+    connect(&growTimer, &QTimer::timeout, this, &CaseWindow::showRows);
+    connect(sheet, &CaseSheet::RowsAdded, this, [this] {
+        if (!growTimer.isActive())
+            growTimer.start();
+    });
+    connect(sheet, &CaseSheet::RowsComplete, this, &CaseWindow::showRows);
     connect(sheet, &CaseSheet::TabToBegin, this, &CaseWindow::toBegin);
     connect(sheet, &CaseSheet::OfferChanged, this, &CaseWindow::showOffer);
     connect(caseJob, &CaseJob::StatusToBeSeen, lblStatus, &QWidget::show);
@@ -141,6 +151,13 @@ void CaseWindow::ShowTab(CaseTab tab)
     FlexGrid *grid = placeOf(tab).Grid;
     grid->SetColumnAlignment(0, Record().Tab(tab).FirstColumn);
     grid->Show(Record().Tab(tab).Table);
+}
+
+/// Of the documents: no other table grows under the user's eyes.
+void CaseWindow::showRows()
+{
+    growTimer.stop();
+    placeOf(CaseTab::Documents).Grid->Grow(Record().Tab(CaseTab::Documents).Table);
 }
 
 void CaseWindow::toBegin(CaseTab tab)

@@ -149,6 +149,7 @@ private:
     void showSight();
     void showOffer();
     void toBegin(CaseTab tab);
+    void showRows();
     void tabClicked(const QString &caption);
     void boxToggled(int box, bool on);
     void cmdSearchNow_Click();
@@ -164,6 +165,7 @@ private:
     bool closesUnasked = false;
     bool wasShown = false;
     qint16 flashTicks = 0;
+    QTimer growTimer; ///< runs while rows that have come are not shown yet
 
     QLabel *header = nullptr;
     QLabel *courtName = nullptr;

@@ -179,72 +179,6 @@ bool showTable(const TabGridRow &row, const QStringList &lines, TabView &view)
         view.LogLines.append(u"R="_s + line);
     return true;
 }
-
-/// What stands in place of a list of documents, by the first line of the reply.
-struct NoDocumentsRow
-{
-    QStringView phrase;
-    QStringView message; ///< a line break makes another row
-    QStringView log;     ///< with the request behind it
-};
-
-constexpr NoDocumentsRow documentsIncomplete{
-    u"", u"Retrieval of Document Images Incomplete. Please Retry Search.",
-    u"Incomplete Document Images Available Request: "};
-
-constexpr std::array<NoDocumentsRow, 4> noDocuments{{
-    {u"Court Documents N/A", u"Documents are not available at this time. Please try again later.",
-     u"Documents are not available at this time. Please try again later: "},
-    {u"Documents n/a for:", u"Document Images Are Not Available From This County.",
-     u"Document Images Are Not Available From This County: "},
-    {u"Documents for this Judgment are available by searching its associated case",
-     u"Documents for this Judgment may be available by searching its associated case number.\n"
-     "The Summary Tab contains the associated case number for this judgment.\n"
-     "Tip: Double-Clicking on the associated case number entry will start a new search.",
-     u"No Document Images Found For This Judgment Search: "},
-    {u"", u"No Document Images Available For This Case.",
-     u"No Document Images Found For This Particular Case: "},
-}};
-
-const NoDocumentsRow &noDocumentsOf(const QStringList &lines)
-{
-    const QString first = lines.value(0);
-    return *std::find_if(noDocuments.begin(), noDocuments.end(),
-                         [&](const NoDocumentsRow &row) { return first.contains(row.phrase); });
-}
-
-/// The cells of a document, before a "<BR>" in them makes more rows.
-QStringList documentCells(const QString &line, qsizetype columns)
-{
-    constexpr qsizetype describing = 3;
-    if (line.isEmpty())
-        return {};
-    const QStringList fields = line.split(line.back());
-    if (fields[0].contains(u"RETRIEVEDOC="))
-        return fields.mid(1, columns);
-    QStringList cells = fields.mid(0, columns);
-    if (cells.size() > describing)
-        cells[describing] += u" (Unavail.)"_s;
-    return cells;
-}
-
-void addDocument(const QStringList &cells, QList<QStringList> &rows)
-{
-    QList<QStringList> added{{}};
-    for (qsizetype column = 0; column < cells.size(); ++column) {
-        QString cell = cells[column];
-        const QStringList pieces = cell.replace(u"<CR>"_s, u" "_s).split(u"<BR>"_s);
-        for (qsizetype piece = 0; piece < pieces.size(); ++piece) {
-            if (piece == added.size())
-                added.append(QStringList());
-            QStringList &row = added[piece];
-            while (row.size() < column)
-                row.append(QString());
-            row.append(pieces[piece]);
-        }
-    }
-    rows += added;
-}
 } // namespace
 
 TabView ShowTabResponse(CaseKind kind, const QString &state, CaseTab tab, const QStringList &lines,
@@ -255,36 +189,6 @@ TabView ShowTabResponse(CaseKind kind, const QString &state, CaseTab tab, const 
     if (row && !showTable(*row, lines, view))
         showMessage(*row, incomplete, request, view);
     return view;
-}
-
-GridTable DocumentsTable(const QStringList &lines)
-{
-    constexpr qsizetype definitionLines = 4;
-    GridTable table;
-    if (lines.size() < definitionLines)
-        return table;
-    // The command, which is in front of each row, has its "~" in the last of them and no column.
-    table.Columns = ColDefColumns(lines[2], CountDelimiters(lines[3], u'~') - 1);
-    if (table.Columns.isEmpty())
-        return table;
-    for (qsizetype line = definitionLines; line < lines.size(); ++line) {
-        // A line without a field has its row too: the place of a row is that of its line.
-        addDocument(documentCells(TrimBlanks(lines[line]), table.Columns.size()), table.Rows);
-    }
-    return table;
-}
-
-TabView ShowDocumentsResponse(const QStringList &lines, bool incomplete, const QString &request)
-{
-    constexpr qsizetype fewestLines = 5;
-    if (lines.size() >= fewestLines)
-        return {DocumentsTable(lines), {}, {}};
-    const NoDocumentsRow &row = incomplete ? documentsIncomplete : noDocumentsOf(lines);
-    GridTable table = MessageTable({});
-    table.Rows.clear();
-    for (const QString &message : row.message.toString().split(u'\n'))
-        table.Rows.append({message});
-    return {table, {}, {row.log + request}};
 }
 
 TabLine ClassifyTabLine(CaseTab tab, const QString &line)

@@ -6,8 +6,7 @@
 #include <QString>
 #include <QStringList>
 
-// From the reply of a tab to its grid: one reader for all tabs but Summary and Documents, and one
-// for Documents.
+// From the reply of a tab to its grid: one reader for all tabs but Summary and Documents.
 
 /// What a tab shows for its reply.
 struct TabView
@@ -22,13 +21,6 @@ struct TabView
 /// number. Nothing for Summary and Documents.
 TabView ShowTabResponse(CaseKind kind, const QString &state, CaseTab tab, const QStringList &lines,
                         bool incomplete, const QString &request);
-
-/// The documents of a case: the columns of the reply's definition lines, and a row for each line
-/// from the fifth. Nothing is in it before the fourth line has come. Throws as ShowTabResponse.
-GridTable DocumentsTable(const QStringList &lines);
-
-/// The whole reply of the Documents tab, with a message when it holds no list.
-TabView ShowDocumentsResponse(const QStringList &lines, bool incomplete, const QString &request);
 
 /// What a line of a tab's reply is: the first kind that fits. Not for Summary.
 enum class TabLine {

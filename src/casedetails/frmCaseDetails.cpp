@@ -1,15 +1,24 @@
 #include "casedetails/frmCaseDetails.h"
 
 #include "casedetails/CaseLinks.h"
+#include "casedetails/DocumentList.h"
 #include "casedetails/StateCaseJob.h"
 #include "core/GlobalState.h"
 #include "core/Log.h"
 #include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
 #include "core/Windows1252.h"
+#include "documents/frmAllDocuments.h"
+#include "documents/frmDocTransfer.h"
 #include "session/LoginOffer.h"
 #include "session/NewWindow.h"
+#include "tables/RowFilter.h"
+#include "tables/TableTools.h"
 #include "ui_frmCaseDetails.h"
+
+#include <QMenu>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -30,6 +39,16 @@ bool mayBegin(QWidget *window)
     if (OfferLogin(window))
         ShowLoginModally();
     return Global.bLoggedIn;
+}
+
+void billToCodeInForce(DocumentStart &document)
+{
+    document.ClientMatterText = codeInForce(document.ClientMatterText);
+}
+void billToCodeInForce(QList<DocumentStart> &documents)
+{
+    for (DocumentStart &document : documents)
+        billToCodeInForce(document);
 }
 
 /// Opens a case that another one names.
@@ -63,6 +82,9 @@ frmCaseDetails::frmCaseDetails(QWidget *parent)
     connect(ui->GridSummary, &FlexGrid::RowActivated, this, &frmCaseDetails::GridSummary_DblClick);
     connect(ui->GridJudgment, &FlexGrid::RowActivated, this,
             &frmCaseDetails::GridJudgment_DblClick);
+    connect(ui->GridDocuments, &FlexGrid::RowActivated, this,
+            &frmCaseDetails::GridDocuments_DblClick);
+    makeDocumentMenu();
 }
 
 frmCaseDetails::~frmCaseDetails() = default;
@@ -115,5 +137,84 @@ bool frmCaseDetails::openCaseOfCounty(const QString &number, const QString &proc
         WriteAppInfo(u"Error Executing Case Number Search: frmCaseDetails::"_s + procedure
                      + u"(): Error: "_s + error.Description());
         return false;
+    }
+}
+
+/// The commands for documents stand ahead of those that every table has.
+void frmCaseDetails::makeDocumentMenu()
+{
+    QMenu *menu = ui->GridDocuments->Tools()->Menu();
+    QAction *first = menu->actions().value(0);
+    const auto add = [menu, first](const QString &name, const QString &text) {
+        auto *action = new QAction(text, menu);
+        action->setObjectName(name);
+        menu->insertAction(first, action);
+        return action;
+    };
+    retrieveDocument = add(u"mnuDocRetrieve"_s, u"Retrieve &Document"_s);
+    retrieveAllDocuments = add(u"mnuDocRetrieveAll"_s, u"Retrieve &All Documents .."_s);
+    menu->insertSeparator(first);
+    connect(menu, &QMenu::aboutToShow, this, &frmCaseDetails::offerDocuments);
+    connect(retrieveDocument, &QAction::triggered, this, &frmCaseDetails::retrieveChosen);
+    connect(retrieveAllDocuments, &QAction::triggered, this, &frmCaseDetails::retrieveAll);
+}
+
+int frmCaseDetails::chosenDocumentRow() const
+{
+    return ui->GridDocuments->Tools()->Filter()->ChosenRow() + 1;
+}
+
+QList<DocumentStart> frmCaseDetails::shownDocuments() const
+{
+    QList<int> rows = ui->GridDocuments->Tools()->Filter()->ShownRows();
+    for (int &row : rows)
+        ++row;
+    return DocumentsOfRows(Record(), rows);
+}
+
+void frmCaseDetails::offerDocuments()
+{
+    const QList<DocumentStart> shown = shownDocuments();
+    retrieveDocument->setEnabled(DocumentOfRow(Record(), chosenDocumentRow()).has_value());
+    retrieveAllDocuments->setEnabled(std::any_of(shown.begin(), shown.end(), IsRetrievable));
+}
+
+/// The row is read first: when the login is through, another list may stand in the place of the one
+/// that was clicked.
+void frmCaseDetails::GridDocuments_DblClick(int row)
+{
+    const RunScope scope(this);
+    const std::optional<DocumentStart> document = DocumentOfRow(Record(), row);
+    if (mayBegin(this) && document)
+        retrieve<frmDocTransfer>(*document);
+}
+
+void frmCaseDetails::retrieveChosen()
+{
+    if (const int row = chosenDocumentRow(); row > 0)
+        GridDocuments_DblClick(row);
+}
+
+void frmCaseDetails::retrieveAll()
+{
+    const RunScope scope(this);
+    const QList<DocumentStart> shown = shownDocuments();
+    const bool some = std::any_of(shown.begin(), shown.end(), IsRetrievable);
+    if (some && mayBegin(this))
+        retrieve<frmAllDocuments>(shown);
+}
+
+template<class Transfer, class Start>
+void frmCaseDetails::retrieve(Start start)
+{
+    try {
+        billToCodeInForce(start);
+        NewWindow form(new Transfer);
+        form->Take(start);
+        form.GiveKey();
+        form.Launch();
+    } catch (const RunTimeError &error) {
+        WriteAppInfo(u"Error Starting Document Retrieval: frmCaseDetails::retrieve(): Error: "_s
+                     + error.Description());
     }
 }

@@ -8,6 +8,9 @@ namespace Ui {
 class frmCaseDetails;
 }
 
+class QAction;
+struct DocumentStart;
+
 /// One case of the Washington Superior Courts, the courts of Oregon and Idaho, or a Federal
 /// Bankruptcy Court.
 class frmCaseDetails : public CaseWindow
@@ -40,5 +43,20 @@ private:
     void GridJudgment_DblClick(int row);
     bool openCaseOfCounty(const QString &number, const QString &procedure);
 
+    void makeDocumentMenu();
+    void offerDocuments();
+    void GridDocuments_DblClick(int row);
+    void retrieveChosen();
+    void retrieveAll();
+    /// Starts a transfer in a window of its own.
+    template<class Transfer, class Start>
+    void retrieve(Start start);
+    /// The documents of the list that are in sight, and the row that a command for one of them is
+    /// about, counted as in the grid; 0 when none is.
+    QList<DocumentStart> shownDocuments() const;
+    int chosenDocumentRow() const;
+
     const std::unique_ptr<Ui::frmCaseDetails> ui;
+    QAction *retrieveDocument = nullptr;
+    QAction *retrieveAllDocuments = nullptr;
 };

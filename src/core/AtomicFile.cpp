@@ -5,30 +5,52 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QTemporaryFile>
+
+namespace {
+QString targetOf(const QString &path)
+{
+    const QFileInfo info(path);
+    return info.isSymLink() && info.exists() ? info.canonicalFilePath() : info.absoluteFilePath();
+}
+} // namespace
+
+// QTemporaryFile creates its file with mode 0600, in the target's own folder, so that the renaming
+// stays within one file system.
+FileReplacement::FileReplacement(const QString &path)
+    : target(targetOf(path)), file(target + QStringLiteral(".XXXXXX"))
+{
+    if (QFileInfo(target).isDir() || !file.open())
+        throw RunTimeError::PermissionDenied();
+}
+
+void FileReplacement::Write(QByteArrayView bytes)
+{
+    if (file.write(bytes.data(), bytes.size()) != bytes.size())
+        throw RunTimeError::DiskFull();
+}
+
+void FileReplacement::Commit(Survives survives)
+{
+    const bool written =
+        file.flush() && (survives == Survives::Crash || FlushToDisk(file.handle()));
+    file.close();
+    if (!written || file.error() != QFileDevice::NoError)
+        throw RunTimeError::DiskFull();
+    if (!RenameOver(file.fileName(), target))
+        throw RunTimeError::PermissionDenied();
+    file.setAutoRemove(false);
+}
 
 bool ReplaceFileContent(const QString &path, const QByteArray &content)
 {
-    const QFileInfo info(path);
-    if (info.isDir())
+    try {
+        FileReplacement file(path);
+        file.Write(content);
+        file.Commit();
+        return true;
+    } catch (const RunTimeError &) {
         return false;
-    // A link stays a link: what it points at is what is replaced.
-    const QString target =
-        info.isSymLink() && info.exists() ? info.canonicalFilePath() : info.absoluteFilePath();
-    // QTemporaryFile creates its file with mode 0600, in the target's own folder, so that the
-    // renaming stays within one file system.
-    QTemporaryFile file(target + QStringLiteral(".XXXXXX"));
-    if (!file.open())
-        return false;
-    const bool written =
-        file.write(content) == content.size() && file.flush() && FlushToDisk(file.handle());
-    file.close();
-    if (!written || file.error() != QFileDevice::NoError)
-        return false;
-    if (!RenameOver(file.fileName(), target))
-        return false;
-    file.setAutoRemove(false);
-    return true;
+    }
 }
 
 QByteArray FileContent(const QString &path)

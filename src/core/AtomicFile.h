@@ -1,7 +1,31 @@
 #pragma once
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
+#include <QTemporaryFile>
+
+/// A file that takes the place of the one at `path`, or comes new, once it is whole: whoever looks
+/// before finds the old one, or none. One that is never committed leaves nothing behind. A link
+/// stays a link: what it points at is what is replaced.
+///
+/// Throws error 70 ("Permission denied") when the folder cannot be written or the file not be
+/// replaced, and 61 ("Disk full") when it cannot be written to its end.
+class FileReplacement
+{
+public:
+    explicit FileReplacement(const QString &path);
+
+    void Write(QByteArrayView bytes);
+
+    /// Whether what was written has to survive a power cut, for which the disk has to be waited.
+    enum class Survives { PowerCut, Crash };
+    void Commit(Survives survives = Survives::PowerCut);
+
+private:
+    const QString target;
+    QTemporaryFile file;
+};
 
 /// Replaces the whole content of the file at `path`, or creates it. A crash or a full disk at any
 /// point leaves the old file as it was. The file is readable by its owner only from the moment it

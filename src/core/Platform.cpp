@@ -1,9 +1,13 @@
 #include "core/Platform.h"
 
+#include <QDir>
 #include <QFile>
+#include <QProcess>
+#include <QStandardPaths>
 
 #include <filesystem>
 #include <system_error>
+#include <utility>
 
 #ifdef Q_OS_UNIX
 #include <fcntl.h>
@@ -16,6 +20,8 @@
 #ifdef Q_OS_WIN
 #include <windows.h>
 
+#include <shellapi.h>
+
 #include <algorithm>
 #include <string>
 #include <vector>
@@ -26,6 +32,28 @@ std::filesystem::path nativePath(const QString &path)
 {
     return std::filesystem::path(path.toStdU16String());
 }
+
+std::function<bool(const QString &)> shellInPlace;
+
+#ifdef Q_OS_WIN
+bool openWithDesktop(const QString &path)
+{
+    // What it answers is no handle, whatever its type: above 32 is success.
+    constexpr INT_PTR mostOfErrors = 32;
+    const std::wstring native = QDir::toNativeSeparators(path).toStdWString();
+    return reinterpret_cast<INT_PTR>(
+               ::ShellExecuteW(nullptr, L"open", native.c_str(), nullptr, nullptr, SW_SHOWNORMAL))
+           > mostOfErrors;
+}
+#else
+bool openWithDesktop(const QString &path)
+{
+    const QString opener = QStandardPaths::findExecutable(QStringLiteral("xdg-open"));
+    // Absolute, so that no name is taken for an option.
+    return !opener.isEmpty()
+           && QProcess::startDetached(opener, {QDir(path).absolutePath()}, QDir::rootPath());
+}
+#endif
 } // namespace
 
 #ifdef Q_OS_UNIX
@@ -95,6 +123,16 @@ bool RenameOver(const QString &from, const QString &to)
     std::error_code error;
     std::filesystem::rename(nativePath(from), nativePath(to), error);
     return !error;
+}
+
+bool OpenByShell(const QString &path)
+{
+    return shellInPlace ? shellInPlace(path) : openWithDesktop(path);
+}
+
+void ReplaceShell(std::function<bool(const QString &)> shell)
+{
+    shellInPlace = std::move(shell);
 }
 
 QString UserIdText()

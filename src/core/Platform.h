@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QString>
 
+#include <functional>
 #include <optional>
 #include <variant>
 
@@ -20,6 +21,13 @@ bool FlushToDisk(int fileDescriptor);
 /// Puts the file `from` in the place of `to` in one step: whoever opens `to` sees the old file or
 /// the new one and never anything between.
 bool RenameOver(const QString &from, const QString &to);
+
+/// Opens a file or a folder with what the desktop has for it, and does not wait for it. The path
+/// is one argument and passes no command line. False when nothing there opens files.
+bool OpenByShell(const QString &path);
+
+/// Who opens files in the shell's place; an empty function puts the shell back.
+void ReplaceShell(std::function<bool(const QString &path)> shell);
 
 /// The signed-in user's id as text, for names that two users must not share.
 QString UserIdText();

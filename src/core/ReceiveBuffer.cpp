@@ -1,6 +1,7 @@
 #include "core/ReceiveBuffer.h"
 
 #include <cstring>
+#include <utility>
 
 namespace {
 /// Consumed bytes are kept until there are this many: one memmove pays for thousands of tokens.
@@ -28,6 +29,15 @@ void ReceiveBuffer::Clear()
     front = 0;
     content = -1;
     afterEmpty = '\0';
+}
+
+QByteArray ReceiveBuffer::TakeAll()
+{
+    if (front > 0)
+        bytes.remove(0, front);
+    const QByteArray all = std::exchange(bytes, {});
+    Clear();
+    return all;
 }
 
 std::optional<QByteArray> ReceiveBuffer::Extract(char delimiter)

@@ -22,6 +22,9 @@ public:
     /// The unconsumed bytes. Valid until the next change.
     QByteArrayView View() const { return QByteArrayView(bytes).sliced(front); }
 
+    /// Takes all of it out.
+    QByteArray TakeAll();
+
     /// Takes the first token out: the bytes between the first delimiter and the next one. What
     /// stands before the first delimiter is discarded with it. Without two delimiters nothing is
     /// taken, nothing changes, and the answer is empty (nullopt).

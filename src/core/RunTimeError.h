@@ -20,6 +20,7 @@ public:
     static RunTimeError SubscriptOutOfRange();
     static RunTimeError TypeMismatch() { return {13, QStringLiteral("Type mismatch")}; }
     static RunTimeError FileNotFound() { return {53, QStringLiteral("File not found")}; }
+    static RunTimeError DiskFull() { return {61, QStringLiteral("Disk full")}; }
     static RunTimeError PermissionDenied() { return {70, QStringLiteral("Permission denied")}; }
     static RunTimeError PathFileAccess() { return {75, QStringLiteral("Path/File access error")}; }
     static RunTimeError PathNotFound() { return {76, QStringLiteral("Path not found")}; }

@@ -73,6 +73,8 @@ void Job::AskTurn(const TurnRequest &request)
         return;
     case Turn::Taken:
         linkWasTaken = true;
+        if (!kind->LinkTaken.isEmpty())
+            SetStatus(kind->LinkTaken.toString());
         request.Timer->start();
         Q_EMIT StateChanged();
         return;
@@ -176,7 +178,8 @@ void Job::StopCurrentSearch()
 {
     QString error;
     try {
-        if (InterruptExchange(StopRequest()) == SendStatus::Sent)
+        const QString request = StopRequest();
+        if (request.isEmpty() || InterruptExchange(request) == SendStatus::Sent)
             return;
     } catch (const RunTimeError &raised) {
         error = raised.Description();

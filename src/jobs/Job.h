@@ -98,7 +98,7 @@ protected:
     virtual void ProcessSearchRequests() = 0;
     /// Shows that the job was stopped; ShowStoppedStatus is the part that all have in common.
     virtual void ShowStopped(StopCase stopCase) = 0;
-    /// What the court is told when the job is stopped.
+    /// What the court is told when the job is stopped; "" when it has nothing to stop any more.
     virtual QString StopRequest() const = 0;
     /// The stop has been carried out.
     virtual void StopDone() {}

@@ -17,6 +17,7 @@ constexpr JobKind nameSearch{
     .TakenBlink = 900,
     .WorkingBlink = 500,
     .Pending = pending,
+    .LinkTaken = u"",
     .Working = searching,
     .Stopped = stopped,
     .StoppedByAll = u"INCOMPLETE EXIT - from Timer1 - Name Search Results.",
@@ -40,12 +41,33 @@ constexpr JobKind caseRun(int turn, int workingBlink, QStringView stoppedByAll)
     return kind;
 }
 
+constexpr JobKind documents(QStringView stoppedByAll)
+{
+    return {
+        .Turn = 1500,
+        .Blink = 1000,
+        .TakenBlink = 1000,
+        .WorkingBlink = 1000,
+        .Pending = u"Status: Pending ..",
+        .LinkTaken = u"Status: Pending..",
+        .Working = u"Retrieving Document..",
+        .Stopped = u"Search Stopped By User.. ",
+        .StoppedByAll = stoppedByAll,
+        .CannotStopPending = u"Cannot Stop Pending Search. In frmDocTransfer:Stop_Click()",
+        .CannotStopActive = u"Cannot Stop Active Search. In frmDocTransfer:Stop_Click()",
+        .StopNotSent = u"Exiting Doc Retrieval. In frmDocTransfer:StopCurrentSearch(). Error: ",
+    };
+}
+
 /// In the order of JobKindName.
-constexpr std::array<JobKind, 4> kinds{
+constexpr std::array<JobKind, 6> kinds{
     nameSearch,
     withWorking(nameSearch, u"S e a r c h i n g .."),
     caseRun(2000, 700, u"INCOMPLETE EXIT - from Timer1 - Case Details."),
     caseRun(900, 500, u"INCOMPLETE EXIT - from OnDemandTimer1 - Case Details."),
+    // A document is stopped in the words of its case.
+    documents(u"INCOMPLETE EXIT - from Timer1 - Case Details."),
+    documents(u"INCOMPLETE EXIT - from Timer1 - All Documents."),
 };
 } // namespace
 

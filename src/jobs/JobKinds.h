@@ -14,6 +14,7 @@ struct JobKind
 
     // The line of status
     QStringView Pending;
+    QStringView LinkTaken; ///< once another job was seen using the link; "" changes nothing
     QStringView Working;
     QStringView Stopped;
 
@@ -29,7 +30,9 @@ enum class JobKindName {
     NameSearch,
     CivilNameSearch, ///< says that it searches in words of its own
     Case,            ///< the first run of a case
-    CaseOnDemand     ///< its later runs
+    CaseOnDemand,    ///< its later runs
+    Document,        ///< one document of a case
+    AllDocuments     ///< all of them, each in a turn of its own
 };
 
 const JobKind &JobKindOf(JobKindName name);

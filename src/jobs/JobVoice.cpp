@@ -20,7 +20,8 @@ JobVoice::JobVoice(QWidget *ownWindow, QLabel *status, QTableView *rows)
     countTimer.setSingleShot(true);
     countTimer.setInterval(countMilliseconds);
     connect(&countTimer, &QTimer::timeout, this, &JobVoice::SayState);
-    AlsoFills(rows);
+    if (rows)
+        AlsoFills(rows);
     Started();
 }
 

@@ -14,7 +14,7 @@ class JobVoice : public QObject
 {
     Q_OBJECT
 public:
-    /// `status` is the label that shows the state, `rows` the table that the job fills.
+    /// `status` is the label that shows the state, `rows` the table that the job fills, or null.
     JobVoice(QWidget *ownWindow, QLabel *status, QTableView *rows);
 
     /// The job fills this table, too: each says the state and the number of its own rows.

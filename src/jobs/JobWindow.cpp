@@ -59,7 +59,8 @@ void JobWindow::ShowState()
     const JobState before = std::exchange(shownState, job->State());
     switch (shownState) {
     case JobState::Pending:
-        if (before != JobState::Pending)
+        // A job that still has its turn goes on with the next one.
+        if (before != JobState::Pending && !job->HasTurn())
             showBeginning();
         else if (job->LinkWasTaken())
             tmrBlink->setInterval(job->Kind().TakenBlink);

@@ -54,7 +54,7 @@ protected:
     {
         QLabel *lblStatus;
         QPushButton *cmdStopSearching;
-        QTableView *rows; ///< the table that the job fills
+        QTableView *rows; ///< the table that the job fills, or null
         QWidget *home;    ///< gets the keyboard when it is on a button that is turned off
     };
     /// Takes the controls and starts the timers.

@@ -1,7 +1,32 @@
 #include "link/Exchange.h"
 
+#include "core/Clock.h"
 #include "core/EventLoop.h"
+#include "core/GlobalState.h"
+#include "link/ServerSocket.h"
 #include "link/frmWinsock.h"
+
+#include <QPointer>
+
+#include <algorithm>
+
+namespace {
+constexpr float longestTurnSeconds = 1.0F;
+
+bool isStillOurs(const ServerSocket *socket)
+{
+    return socket && Global.sckServer == socket && socket->State() == SocketState::Connected;
+}
+
+/// The server closed its side, but we may have been faster than the event that reports it.
+void closeDeadLink(ServerSocket *socket)
+{
+    if (!socket || Global.sckServer != socket)
+        return;
+    socket->Close();
+    Global.bConnectionClosed = true;
+}
+} // namespace
 
 SendStatus BeginExchange(const QString &request)
 {
@@ -24,4 +49,41 @@ ReadStatus ReadReply(const std::function<bool(const Response &response)> &take, 
         if (round == EachRound::Yields)
             Yield();
     }
+}
+
+BytesStatus ReadBytes(const std::function<bool(QByteArray piece)> &take,
+                      const std::function<float()> &limitSeconds)
+{
+    float start = Clock::Current().SecondsOfDay();
+    // The reply belongs to this connection. One that is made inside the wait is somebody else's.
+    const QPointer<ServerSocket> socket(Global.sckServer);
+    for (;;) {
+        const bool ours = Global.sckServer == socket;
+        const QByteArray piece = ours ? Global.strRecvBuffer.TakeAll() : QByteArray();
+        if (!piece.isEmpty())
+            start = Clock::Current().SecondsOfDay();
+        if (take(piece))
+            return BytesStatus::Over;
+        // Whatever came while `take` was busy is in time.
+        if (!Global.strRecvBuffer.IsEmpty() && Global.sckServer == socket)
+            continue;
+        const float elapsed = ElapsedSeconds(start);
+        const float limit = limitSeconds();
+        if (elapsed >= limit)
+            return BytesStatus::Silent;
+        if (!isStillOurs(socket)) {
+            closeDeadLink(socket);
+            return BytesStatus::Lost;
+        }
+        frmWinsock::Form().TakeArrivedData();
+        if (Global.strRecvBuffer.IsEmpty())
+            YieldUntilEvent(static_cast<double>(std::min(limit - elapsed, longestTurnSeconds)));
+        else
+            Yield();
+    }
+}
+
+void DropRestOfReply()
+{
+    frmWinsock::DiscardArrivedData();
 }

@@ -2,6 +2,8 @@
 
 #include "link/Comm.h"
 
+#include <QByteArray>
+
 #include <functional>
 
 // One exchange with the server: a request goes out, and its reply is read to its end. There is one
@@ -29,3 +31,23 @@ enum class EachRound { Yields, GoesOn };
 /// ("Overflow") when the search time-out in seconds does not fit 16 bits.
 ReadStatus ReadReply(const std::function<bool(const Response &response)> &take,
                      EachRound round = EachRound::Yields);
+
+/// How a reply of bytes ended.
+enum class BytesStatus {
+    Over,   ///< as `take` said
+    Silent, ///< nothing came for as long as `limitSeconds` says
+    Lost    ///< the link was lost; what had come before was handed over
+};
+
+/// Reads the reply of the exchange that was begun as the bytes that it consists of, instead of as
+/// tokens.
+///
+/// `take` gets what has come since the turn before, on the turn on which it came, and says whether
+/// the reply is over. It gets an empty piece on a turn without anything new, of which there is one
+/// at least every second. Throws what `take` throws.
+BytesStatus ReadBytes(const std::function<bool(QByteArray piece)> &take,
+                      const std::function<float()> &limitSeconds);
+
+/// Ends an exchange whose rest nobody reads: throws away whatever has arrived, in the buffer and in
+/// the socket.
+void DropRestOfReply();

@@ -155,7 +155,7 @@ A tab that your options do not fetch by themselves shows a panel instead. Check 
 In the Summary of a Superior case, double-click an "Associated Case:" to open it; in its Judgments, a row with a case number. A bankruptcy number that fits several cases lists them: double-click one.
 
 = Documents
-Washington Superior only: the list of the documents that the court has. "(Unavail.)" marks one that it does not give out. Fetching the documents themselves comes with a later version.
+Washington Superior only: the list of the documents that the court has. "(Unavail.)" marks one that it does not give out. Double-click a document to retrieve it: it joins the line of waiting searches, is saved in the folder Reports and opened. Retrieve All Documents .. in the menu of the right mouse button saves all that the list shows in a folder of the case, with a list of them, and opens none.
 
 = Stopping and closing
 Stop Search ends the retrieval; tabs that have arrived stay, and the rest can be retrieved on demand. A window that is retrieving cannot be closed: stop it first.

@@ -61,6 +61,10 @@ struct CaseRecord : CaseStart
     bool chkBKYass = false; ///< the list of several bankruptcy cases is on the screen
     QStringList List1;      ///< of these: the retrieval command of each row, in order
 
+    /// The reply of the Documents tab, whose lines the rows of its table name. Any later run
+    /// empties the list of responses; what a row opens must stay.
+    QStringList DocumentLines;
+
     StatusLine lblWarning;      ///< out of sight while it is empty
     bool CanPrint = false;      ///< there is something to be printed
     bool CanSearchNow = false;  ///< no run waits or goes on: the panel can start one

@@ -20,6 +20,8 @@ struct GridTable
     QList<QStringList> Rows; ///< without the headers
     /// The headers are the grid's row 0. Without them row 0 is the first of Rows.
     bool HasHeader = true;
+    /// A number for each of Rows that tells what the row came from, where its owner keeps one.
+    QList<qsizetype> RowData = {};
 
     /// Words in the place of a table: one column, which has no name.
     bool IsMessage() const { return Columns.size() == 1 && Columns.first().Header.isEmpty(); }

@@ -111,6 +111,22 @@ void FlexGrid::Show(const GridTable &newTable)
         layOut();
 }
 
+void FlexGrid::Grow(const GridTable &grown)
+{
+    // Room for the heights first: the rows are measured as soon as they are in sight. A grid that
+    // is yet to be laid out measures all of them then.
+    if (!layOutOnShow && grown.Rows.size() > content.rowCount())
+        heights.resize(static_cast<size_t>(grown.Rows.size()), 0);
+    content.Grow(grown);
+    sayRows();
+    if (layOutOnShow || !isVisible())
+        return;
+    measureSight();
+    // The scroll bar may have come with the rows.
+    widthsMayHaveChanged();
+    goOnMeasuring();
+}
+
 int FlexGrid::Rows() const
 {
     return content.rowCount() + (content.HasHeader() ? 1 : 0);

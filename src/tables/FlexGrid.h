@@ -27,6 +27,9 @@ public:
     /// all grids of this object name. A column whose width is 0 is out of sight, and with it for
     /// everything that works on what is shown: copying, exporting, finding.
     void Show(const GridTable &newTable);
+    /// Shows the rows that this table has more than the one that is shown, of which it is the
+    /// continuation. What the user has selected, and where the rows stand, stays as it is.
+    void Grow(const GridTable &grown);
     const GridTable &Table() const { return content.Table(); }
 
     /// The number of rows, the headers included when there are any.

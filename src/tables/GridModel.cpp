@@ -9,6 +9,15 @@ void GridModel::SetTable(const GridTable &newTable)
     endResetModel();
 }
 
+void GridModel::Grow(const GridTable &grown)
+{
+    if (grown.Rows.size() <= table.Rows.size())
+        return;
+    beginInsertRows({}, rowCount(), static_cast<int>(grown.Rows.size()) - 1);
+    table = grown;
+    endInsertRows();
+}
+
 QString GridModel::Cell(int row, int column) const
 {
     if (row < 0 || row >= table.Rows.size() || column < 0 || column >= table.Columns.size())

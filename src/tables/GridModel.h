@@ -5,8 +5,8 @@
 #include <QAbstractTableModel>
 #include <QMap>
 
-/// The rows of a grid. A table has all of its rows at once, and another table takes its place
-/// whole.
+/// The rows of a grid. Another table takes its place whole; one that is still being read grows at
+/// its end.
 class GridModel : public QAbstractTableModel
 {
     Q_OBJECT
@@ -14,6 +14,9 @@ public:
     explicit GridModel(QObject *parent = nullptr);
 
     void SetTable(const GridTable &newTable);
+    /// Adds the rows that this table has more than the one that is shown, of which it is the
+    /// continuation.
+    void Grow(const GridTable &grown);
     const GridTable &Table() const { return table; }
 
     /// Whether there are headers above the rows. A table without columns has none.

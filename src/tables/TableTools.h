@@ -25,6 +25,9 @@ public:
 
     ColumnWidths *Widths() const { return widths; }
     RowFilter *Filter() const { return filter; }
+    /// The context menu. Whoever has commands of their own for the rows puts them ahead of the
+    /// others, and says before it is shown which of them can act.
+    QMenu *Menu() const { return menu; }
 
     /// The selected rows that are shown, to the clipboard.
     void Copy(bool withHeaders = false);

@@ -4,6 +4,7 @@
 #include "core/GlobalState.h"
 #include "core/Windows1252.h"
 #include "courts/DiscisCourts.h"
+#include "documents/DocumentName.h"
 #include "link/ConnectState.h"
 #include "link/RequestLine.h"
 #include "link/frmWinsock.h"
@@ -291,6 +292,8 @@ const QHash<QString, Composer> &composers()
         {u"stop of a search"_s, stopOfSearch},
         {u"stop of a case"_s, stopOfCase},
         {u"case of the Superior Courts"_s, caseOf(CaseKind::State, u"WA"_s)},
+        {u"document of a row"_s,
+         [](const Meaning &meaning) { return RetrievalRequest(meaning.Part(0)); }},
         {u"case of Oregon Circuit Courts"_s, caseOf(CaseKind::State, u"OR"_s, u"C"_s)},
         {u"case of Oregon District Courts"_s, caseOf(CaseKind::State, u"OR"_s, u"D"_s)},
         {u"case of Idaho"_s, caseOf(CaseKind::State, u"ID"_s)},

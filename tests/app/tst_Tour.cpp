@@ -49,6 +49,15 @@ void tst_Tour::theTourShowsWhatItMust()
     QVERIFY2(said.contains(u"Search Complete: 2 Cases Retrieved."), qPrintable(said));
     QVERIFY(said.contains(u"SMITH, JOHN"));
     QVERIFY(said.contains(u"Tour complete"));
+    // A document has come into the folder of the documents, and so have all that can be had.
+    const QDir reports(folder.filePath(u"Reports"_s));
+    QFile document(reports.filePath(u"King 94-1-00042-1 11-07-1994 14 Pgs  Information.pdf"_s));
+    QVERIFY(document.open(QIODevice::ReadOnly));
+    QVERIFY(document.readAll().startsWith("%PDF-"));
+    const QStringList all = QDir(reports.filePath(u"King 94-1-00042-1"_s)).entryList(QDir::Files);
+    QVERIFY(all.contains(u"documents.csv"));
+    QCOMPARE(all.size(), 11);
+    QVERIFY(said.contains(u"10 of 10 Documents"));
     // It has talked to a practice court, and left no trace of it there.
     QVERIFY(options.open(QIODevice::ReadOnly));
     const QByteArray left = options.readAll();
@@ -59,7 +68,8 @@ void tst_Tour::theTourShowsWhatItMust()
          {u"connect"_s, u"login"_s, u"form-district"_s, u"form-oregon"_s, u"form-idaho"_s,
           u"form-bankruptcy"_s, u"form-number"_s, u"form-batch"_s, u"search-form"_s, u"results"_s,
           u"case-summary"_s, u"case-on-demand"_s, u"case-docket"_s, u"case-documents"_s,
-          u"civil-case-judgments"_s, u"non-civil-case-violations"_s}) {
+          u"document-transfer"_s, u"all-documents"_s, u"civil-case-judgments"_s,
+          u"non-civil-case-violations"_s}) {
         const QStringList found =
             pictures.filter(QRegularExpression(u"^\\d+-"_s + name + u"\\.png$"_s));
         QVERIFY2(found.size() == 1, qPrintable(name));

@@ -31,11 +31,6 @@ private Q_SLOTS:
     void notes();
     void brokenRowsAreLogged();
     void aWidthThatIsNoNumberIsTheProceduresToTrap();
-    void documents_data();
-    void documents();
-    void documentsBeforeTheyHaveAllCome();
-    void noDocuments_data();
-    void noDocuments();
 
 private:
     static CaseKind kindOf(const QString &state);
@@ -433,120 +428,6 @@ void tst_TabGrids::aWidthThatIsNoNumberIsTheProceduresToTrap()
     lines[2] = u"COLDEF~A~20~B~80~"_s;
     QVERIFY_THROWS_EXCEPTION(RunTimeError, ShowTabResponse(CaseKind::State, u"OR"_s, CaseTab::Names,
                                                            lines, false, request));
-    lines[2] = u"COLDEF~A~99999999999~"_s;
-    QVERIFY_THROWS_EXCEPTION(RunTimeError, DocumentsTable(lines));
-}
-
-void tst_TabGrids::documents_data()
-{
-    QTest::addColumn<QString>("rows");
-    QTest::addColumn<QString>("grid");
-    QTest::newRow("a document") << u"RETRIEVEDOC=x^~1~01/02/2003~7~Order~"_s
-                                << u"\n1|01/02/2003|7|Order"_s;
-    QTest::newRow("by the row's own last character")
-        << u"RETRIEVEDOC=a~b^~c~;1;01/02/2003;7;Order~;\nRETRIEVEDOC=x^1^2^3^4^"_s
-        << u"\n1|01/02/2003|7|Order~\n1|2|3|4"_s;
-    QTest::newRow("one that cannot be retrieved")
-        << u"1~01/02/2003~7~Order~"_s << u"\n1|01/02/2003|7|Order (Unavail.)"_s;
-    QTest::newRow("the word within the command")
-        << u"x RETRIEVEDOC=x^~1~2~3~4~"_s << u"\n1|2|3|4"_s;
-    QTest::newRow("the word in lower case is none")
-        << u"retrievedoc=x^~1~2~3~4~"_s << u"\nretrievedoc=x^|1|2|3 (Unavail.)"_s;
-    QTest::newRow("the word in another field is none")
-        << u"1~RETRIEVEDOC=~2~3~"_s << u"\n1|RETRIEVEDOC=|2|3 (Unavail.)"_s;
-    QTest::newRow("a row in blanks") << u"  1~2~3~4~  "_s << u"\n1|2|3|4 (Unavail.)"_s;
-    QTest::newRow("fewer fields") << u"RETRIEVEDOC=x^~1~2~\n1~2~"_s << u"\n1|2|\n1|2|"_s;
-    QTest::newRow("a surplus of fields") << u"RETRIEVEDOC=x^~1~2~3~4~5~6~"_s << u"\n1|2|3|4"_s;
-    QTest::newRow("a broken cell fills no other column")
-        << u"RETRIEVEDOC=x^~1~2~3~a<BR>b<BR>c~\nRETRIEVEDOC=y^~5~6~7~8~"_s
-        << u"\n1|2|3|a\n|||b\n|||c\n5|6|7|8"_s;
-    QTest::newRow("two broken cells share the rows")
-        << u"RETRIEVEDOC=x^~1~a<BR>b~3~c<BR>d<BR>e~"_s << u"\n1|a|3|c\n|b||d\n|||e"_s;
-    QTest::newRow("a broken cell that cannot be retrieved")
-        << u"1~2~3~a<BR>b~"_s << u"\n1|2|3|a\n|||b (Unavail.)"_s;
-    QTest::newRow("a soft break") << u"RETRIEVEDOC=x^~1~2~3~a<CR>b~"_s << u"\n1|2|3|a b"_s;
-    QTest::newRow("a row with a word of the definition stays")
-        << u"RETRIEVEDOC=x^~1~2~3~TABDEF~"_s << u"\n1|2|3|TABDEF"_s;
-    QTest::newRow("an empty line keeps its place")
-        << u"\nRETRIEVEDOC=x^~1~2~3~4~"_s << u"\n\n1|2|3|4"_s;
-    QTest::newRow("a single character") << u"~"_s << u"\n|"_s;
-}
-
-void tst_TabGrids::documents()
-{
-    QFETCH(QString, rows);
-    QFETCH(QString, grid);
-    for (const QString &colDef : {u"COLDEF~No~10~Date~20~Pages~10~Title~60~"_s, u"COLDEF"_s}) {
-        const QStringList lines =
-            QStringList{u"TABNAME~"_s, u"TABDEF~"_s, colDef, u"COLALIGNMENT~L~L~L~L~"_s}
-            + rows.split(u'\n');
-        // Without a column definition the last of the lines counts the columns.
-        const QString columns =
-            colDef == u"COLDEF" ? u" 25| 25| 25| 25"_s : u"No 10|Date 20|Pages 10|Title 60"_s;
-        QCOMPARE(GridText(DocumentsTable(lines)), columns + grid);
-        const TabView view = ShowDocumentsResponse(lines, true, request);
-        QCOMPARE(view.Grid, DocumentsTable(lines));
-        QVERIFY(view.LogLines.isEmpty());
-    }
-}
-
-void tst_TabGrids::documentsBeforeTheyHaveAllCome()
-{
-    const QStringList lines{u"TABNAME~"_s, u"TABDEF~"_s, u"COLDEF~No~10~Date~20~"_s,
-                            u"BREAKERS~~~"_s, u"RETRIEVEDOC=x^~1~2~"_s};
-    for (int count = 0; count < 4; ++count)
-        QCOMPARE(DocumentsTable(lines.mid(0, count)), GridTable());
-    QCOMPARE(GridText(DocumentsTable(lines.mid(0, 4))), u"No 10|Date 20"_s);
-    QCOMPARE(GridText(DocumentsTable(lines)), u"No 10|Date 20\n1|2"_s);
-    QCOMPARE(GridText(DocumentsTable({u"a~"_s, u"b~"_s, u"c~"_s, u"d"_s, u"e~"_s})),
-             u"no columns"_s);
-}
-
-void tst_TabGrids::noDocuments_data()
-{
-    QTest::addColumn<QString>("reply");
-    QTest::addColumn<bool>("incomplete");
-    QTest::addColumn<QString>("message");
-    QTest::addColumn<QString>("log");
-    const QString none = u"No Document Images Available For This Case."_s;
-    const QString noneLog = u"No Document Images Found For This Particular Case: "_s;
-    const QString cut = u"Retrieval of Document Images Incomplete. Please Retry Search."_s;
-    const QString cutLog = u"Incomplete Document Images Available Request: "_s;
-    QTest::newRow("nothing came") << QString() << false << none << noneLog;
-    QTest::newRow("nothing came in time") << QString() << true << cut << cutLog;
-    QTest::newRow("incomplete, whatever the line says")
-        << u"Court Documents N/A"_s << true << cut << cutLog;
-    QTest::newRow("documents down")
-        << u"Sorry: Court Documents N/A~"_s << false
-        << u"Documents are not available at this time. Please try again later."_s
-        << u"Documents are not available at this time. Please try again later: "_s;
-    QTest::newRow("not from this county")
-        << u"Documents n/a for: Asotin"_s << false
-        << u"Document Images Are Not Available From This County."_s
-        << u"Document Images Are Not Available From This County: "_s;
-    QTest::newRow("a judgment")
-        << u"Documents for this Judgment are available by searching its associated case."_s << false
-        << u"Documents for this Judgment may be available by searching its associated case "
-           u"number.\n"
-           "The Summary Tab contains the associated case number for this judgment.\n"
-           "Tip: Double-Clicking on the associated case number entry will start a new search."_s
-        << u"No Document Images Found For This Judgment Search: "_s;
-    QTest::newRow("in lower case") << u"court documents n/a"_s << false << none << noneLog;
-    QTest::newRow("in the second line") << u"x\nCourt Documents N/A"_s << false << none << noneLog;
-    QTest::newRow("four lines hold no documents")
-        << u"a~\nb~\nCOLDEF~A~20~\nd~~"_s << false << none << noneLog;
-}
-
-void tst_TabGrids::noDocuments()
-{
-    QFETCH(QString, reply);
-    QFETCH(bool, incomplete);
-    QFETCH(QString, message);
-    QFETCH(QString, log);
-    const TabView view = ShowDocumentsResponse(ReplyLines(reply), incomplete, request);
-    QCOMPARE(GridText(view.Grid), u" 100\n"_s + message);
-    QCOMPARE(view.LogLines, QStringList{log + request});
-    QVERIFY(view.Notes.isEmpty());
 }
 
 HALVANE_TEST(tst_TabGrids)

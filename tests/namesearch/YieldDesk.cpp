@@ -36,13 +36,17 @@ YieldDesk::~YieldDesk()
     ReplaceEndProgram([](int) {});
 }
 
-void YieldDesk::ConnectAgain(const AnsweringCourt::Answers &answers)
+void YieldDesk::ConnectAgain(const AnsweringCourt::Answers &answers,
+                             AnsweringCourt::EndMark endMark)
 {
     CloseServerLink();
-    AnsweringCourt::Install(answers, [this] {
-        if (window && !window->IsUnloaded() && window->tmrBlink->isActive())
-            window->tmrBlink->start(0);
-    });
+    AnsweringCourt::Install(
+        answers,
+        [this] {
+            if (window && !window->IsUnloaded() && window->tmrBlink->isActive())
+                window->tmrBlink->start(0);
+        },
+        endMark);
     frmWinsock::Form();
     Global.intConnectState = ConnectDone;
     Global.bLoggedIn = true;
@@ -108,7 +112,10 @@ void YieldDesk::Perform(Act act)
 {
     switch (act) {
     case Act::StopButton:
-        ButtonOf(window, "cmdStopSearching")->click();
+        if (QPushButton *stop = ButtonOf(window, "cmdStopSearching"))
+            stop->click();
+        else
+            ButtonOf(window, "cmdStop")->click();
         return;
     case Act::Logout:
         Main->Logout();

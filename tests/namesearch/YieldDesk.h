@@ -27,7 +27,8 @@ public:
     ~YieldDesk();
 
     /// A new session in a program without windows, with a court that answers every line like this.
-    void ConnectAgain(const AnsweringCourt::Answers &answers);
+    void ConnectAgain(const AnsweringCourt::Answers &answers,
+                      AnsweringCourt::EndMark endMark = AnsweringCourt::EndMark::InTwo);
     /// What is done next is done to this window. The status of such a window blinks while the court
     /// is asked: a yield inside the yields.
     void Watch(JobWindow *job) { window = job; }

@@ -21,6 +21,7 @@ public:
     /// 0 when it did not come to listen.
     quint16 Port() const { return port; }
 
+    qint64 ProcessId() const { return process.processId(); }
     bool IsRunning() const { return process.state() == QProcess::Running; }
 
     /// Waits until it does nothing any more but wait itself; false when it never does.

@@ -16,6 +16,12 @@ inline QStringList ScriptOf(Practice::Reply reply, qsizetype most = 1'000)
         case Kind::Token:
             script.append(step.text);
             break;
+        case Kind::Bytes:
+            script.append(QStringLiteral("<%1 bytes>").arg(step.bytes.size()));
+            break;
+        case Kind::Piece:
+            script.append(u'<' + QString::fromLatin1(step.bytes) + u'>');
+            break;
         case Kind::Pause:
             script.append(QStringLiteral("<pause %1>").arg(step.milliseconds));
             break;

@@ -59,6 +59,7 @@ private Q_SLOTS:
     void backBringsTheOneBeforeToTheFront();
     void backWithOneChildOrNoneDoesNothing();
     void backPassesOverAnUnloadedChild();
+    void theChildUsedBeforeComesUpWhenOneGoes();
 
     void cut_data() { addWays("Cut"); }
     void cut();
@@ -256,6 +257,19 @@ void tst_frmMainChildren::backPassesOverAnUnloadedChild()
     second->Unload();
     Choose(main, "tbToolBar_Back");
     QCOMPARE(main->ActiveChild(), first);
+}
+
+/// A window that goes by itself leaves the user where he came from, not at the oldest window.
+void tst_frmMainChildren::theChildUsedBeforeComesUpWhenOneGoes()
+{
+    show(u"First"_s);
+    const TextForm *second = show(u"Second"_s);
+    show(u"Third"_s);
+    Child<QMdiArea>(main, "mdiArea")->setActiveSubWindow(frameOf(second));
+    TextForm *passing = show(u"Passing"_s);
+    passing->Unload();
+    Settle();
+    QCOMPARE(main->ActiveChild(), second);
 }
 
 void tst_frmMainChildren::cut()

@@ -11,12 +11,14 @@ AnsweringCourt::AnsweringCourt(FakeSocket *ownSocket) : QObject(ownSocket), sock
     connect(&turns, &QTimer::timeout, this, &AnsweringCourt::takeStep);
 }
 
-void AnsweringCourt::Install(const Answers &answers, const std::function<void()> &onRequest)
+void AnsweringCourt::Install(const Answers &answers, const std::function<void()> &onRequest,
+                             EndMark endMark)
 {
-    FakeSocket::Install([answers, onRequest](FakeSocket *socket) {
+    FakeSocket::Install([answers, onRequest, endMark](FakeSocket *socket) {
         auto *court = new AnsweringCourt(socket);
         court->answersOf = answers;
         court->requested = onRequest;
+        court->endMarkComes = endMark;
     });
 }
 
@@ -38,7 +40,10 @@ void AnsweringCourt::hear(const QByteArray &frame)
     const QByteArray last = ScriptedCourt::Tokens({answers.takeLast()});
     for (const QString &answer : answers)
         steps.append(ScriptedCourt::Tokens({answer}));
-    steps.append({last.left(2), last.mid(2)});
+    if (endMarkComes == EndMark::Whole)
+        steps.append(last);
+    else
+        steps.append({last.left(2), last.mid(2)});
 }
 
 void AnsweringCourt::takeStep()

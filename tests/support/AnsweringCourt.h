@@ -11,8 +11,8 @@ class FakeSocket;
 class ServerSocket;
 
 /// The court behind a FakeSocket that answers every request alike. One thing happens a turn of the
-/// event loop: a send is complete, or a token arrives, the end mark in two pieces. A request to
-/// stop it takes note of: the replies come all the same, as from a court that was nearly done.
+/// event loop: a send is complete, or a token arrives, the end mark usually in two pieces. A
+/// request to stop it takes note of: the replies come all the same, as from a court that was nearly done.
 class AnsweringCourt : public QObject
 {
     Q_OBJECT
@@ -20,9 +20,13 @@ public:
     /// The tokens that answer a frame.
     using Answers = std::function<QStringList(const QByteArray &frame)>;
 
+    /// How the end mark of a reply comes.
+    enum class EndMark { InTwo, Whole };
+
     /// From now on there is one behind every socket that frmWinsock makes. `onRequest` is called at
     /// every request, before its answer.
-    static void Install(const Answers &answers, const std::function<void()> &onRequest);
+    static void Install(const Answers &answers, const std::function<void()> &onRequest,
+                        EndMark endMark = EndMark::InTwo);
     /// The court behind this socket.
     static AnsweringCourt *Behind(ServerSocket *socket);
 
@@ -40,6 +44,7 @@ private:
     FakeSocket *socket;
     QTimer turns;
     QByteArrayList steps;
+    EndMark endMarkComes = EndMark::InTwo;
     bool silent = false;
     bool owes = false;
     Answers answersOf;

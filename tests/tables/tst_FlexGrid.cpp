@@ -1,5 +1,6 @@
 #include "support/HalvaneTest.h"
 #include "tables/GridUser.h"
+#include "tables/RowFilter.h"
 
 #include <QAccessible>
 #include <QClipboard>
@@ -52,6 +53,12 @@ private Q_SLOTS:
     void anotherTableTakesThePlaceOfTheFirst();
     void clear();
     void aTableWithoutColumns();
+    void aTableThatGrows();
+    void aTableThatHasNotGrown();
+    void growingLeavesTheUserWhereHeIs();
+    void growingOutOfSight_data();
+    void growingOutOfSight();
+    void rowsThatComeAreFoundOrHidden();
 
     void textIsShownAsItStands_data();
     void textIsShownAsItStands();
@@ -471,6 +478,86 @@ void tst_FlexGrid::findStaysInForceForAnotherTable()
     QVERIFY(user->Grid->isRowHidden(0));
     QVERIFY(!user->Grid->isRowHidden(1));
     QVERIFY(user->Grid->isRowHidden(2));
+}
+
+void tst_FlexGrid::aTableThatGrows()
+{
+    GridTable table = DocketOf(2);
+    show(table);
+    const QSignalSpy resets(user->Grid->model(), &QAbstractItemModel::modelReset);
+    table = DocketOf(5);
+    table.RowData = {4, 5, 6, 7, 8};
+    user->Grid->Grow(table);
+    QCOMPARE(user->Grid->Rows(), 6);
+    QCOMPARE(user->Grid->Table(), table);
+    QCOMPARE(user->Grid->Cell(5, 1), table.Rows[4][1]);
+    QCOMPARE(user->Grid->accessibleDescription(), u"5 rows"_s);
+    QVERIFY(resets.isEmpty());
+    QTRY_VERIFY(user->AllMeasured());
+    for (int row = 0; row < 5; ++row)
+        QCOMPARE(user->Misfit(row), QString());
+}
+
+void tst_FlexGrid::aTableThatHasNotGrown()
+{
+    show(DocketOf(3));
+    user->Grid->Grow(DocketOf(3));
+    QCOMPARE(user->Grid->Rows(), 4);
+    user->Grid->Grow(DocketOf(2));
+    QCOMPARE(user->Grid->Table(), DocketOf(3));
+}
+
+void tst_FlexGrid::growingLeavesTheUserWhereHeIs()
+{
+    show(DocketOf(100));
+    QTRY_VERIFY(user->AllMeasured());
+    user->Click(2);
+    user->Grid->verticalScrollBar()->setValue(300);
+    const int top = user->Grid->rowAt(0);
+    const int place = user->Grid->rowViewportPosition(top);
+    user->Grid->Grow(DocketOf(200));
+    QTRY_VERIFY(user->AllMeasured());
+    QCOMPARE(user->Grid->rowAt(0), top);
+    QCOMPARE(user->Grid->rowViewportPosition(top), place);
+    QCOMPARE(user->Grid->Tools()->Filter()->SelectedRows(), QList<int>{2});
+    QCOMPARE(user->Grid->currentIndex().row(), 2);
+}
+
+void tst_FlexGrid::growingOutOfSight_data()
+{
+    QTest::addColumn<bool>("shownBefore");
+    QTest::newRow("before it was ever seen") << false;
+    QTest::newRow("while another tab is in sight") << true;
+}
+
+void tst_FlexGrid::growingOutOfSight()
+{
+    QFETCH(bool, shownBefore);
+    user->Grid->Show(DocketOf(3));
+    if (shownBefore) {
+        user->Show();
+        QTRY_VERIFY(user->AllMeasured());
+        user->Grid->hide();
+    }
+    user->Grid->Grow(DocketOf(40));
+    QCOMPARE(user->Grid->Rows(), 41);
+    user->Grid->show();
+    user->Show();
+    QTRY_VERIFY(user->AllMeasured());
+    for (int row = 0; row < 40; ++row)
+        QCOMPARE(user->Misfit(row), QString());
+}
+
+void tst_FlexGrid::rowsThatComeAreFoundOrHidden()
+{
+    const QList<GridColumn> columns{{u"A"_s, 50}, {u"B"_s, 50}};
+    show(TableOf(columns, {{u"order"_s, u"1"_s}, {u"answer"_s, u"2"_s}}));
+    user->Grid->Tools()->Filter()->SetText(u"order"_s);
+    user->Grid->Grow(TableOf(columns, {{u"order"_s, u"1"_s},
+                                       {u"answer"_s, u"2"_s},
+                                       {u"motion"_s, u"3"_s},
+                                       {u"order"_s, u"4"_s}}));
+    QCOMPARE(user->Grid->Tools()->Filter()->ShownRows(), (QList<int>{0, 3}));
 }
 
 HALVANE_TEST(tst_FlexGrid)

@@ -1,0 +1,80 @@
+#pragma once
+
+#include "courts/CourtTable.h"
+#include "documents/DocumentItem.h"
+#include "jobs/Job.h"
+
+/// The retrieval of all documents of a case into a folder of its own, with a list of what came of
+/// each. Each document has a turn of its own, so that other jobs come in between.
+class AllDocumentsJob : public Job, private TransferListener
+{
+    Q_OBJECT
+public:
+    AllDocumentsJob();
+
+    /// Takes what the starter hands over: the documents of one case, retrievable and not.
+    void Take(const QList<DocumentStart> &starts);
+
+    /// Tries again what could not be had.
+    void RetryFailed();
+    /// Retrieves what was here already.
+    void RetrieveAgain();
+
+    const QList<DocumentItem> &Items() const { return items; }
+    int CountOf(ItemState state) const;
+    /// How many there are that can be retrieved, and how many of these have been seen to.
+    int Retrievable() const
+    {
+        return static_cast<int>(items.size()) - CountOf(ItemState::Unavailable);
+    }
+    int Done() const { return Retrievable() - CountOf(ItemState::Waiting); }
+    /// The bytes of all that are here.
+    qint64 Bytes() const;
+    /// The one on its way; "" while there is none.
+    QString PresentFile() const { return presentFile; }
+    /// Where they go; "" until the first turn.
+    QString Folder() const { return folder; }
+    /// A line for each that is not here, with the reason.
+    QStringList Missing() const;
+    bool IsOver() const { return State() == JobState::Over; }
+
+    QString lblState = CourtOf(CourtFamily::Superior).State.toString(); ///< no other has any
+    QString CaseNumber;
+    QString County;
+    QString sClientMatterText;
+    DocumentTransfer Transfer;
+
+Q_SIGNALS:
+    /// The court has a request: from here on the status changes by itself, and need not blink.
+    void Contacting();
+
+protected:
+    void BeginTick() override;
+    void ProcessSearchRequests() override;
+    void ShowStopped(StopCase stopCase) override;
+    QString StopRequest() const override;
+    void StopDone() override;
+    void GivenUp() override;
+
+private:
+    Wish TransferWish() const override;
+    void ShowTransferStatus(const QString &text) override;
+    void TransferChanged() override { Q_EMIT Changed(); }
+    void TransferContacting() override { Q_EMIT Contacting(); }
+
+    void prepare();
+    DocumentItem *nextWaiting();
+    void retrieve(DocumentItem &item);
+    void note(DocumentItem &item, const TransferResult &result) const;
+    void goOn();
+    void failRest(const QString &reason);
+    void writeList();
+    void finish();
+    void showEnd();
+    void startAnew(ItemState state);
+
+    QList<DocumentItem> items;
+    QString folder;
+    QString presentFile;
+    bool listFailed = false; ///< documents.csv could not be written
+};

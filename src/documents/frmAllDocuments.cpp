@@ -1,0 +1,131 @@
+#include "documents/frmAllDocuments.h"
+
+#include "controls/MsgBox.h"
+#include "core/GlobalState.h"
+#include "core/Platform.h"
+#include "documents/AllDocumentsJob.h"
+#include "session/LoginOffer.h"
+#include "ui_frmAllDocuments.h"
+
+#include <QDir>
+#include <QLocale>
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr int percent = 100;
+
+QString sizeText(qint64 bytes)
+{
+    return QLocale::system().formattedDataSize(bytes, 1, QLocale::DataSizeSIFormat);
+}
+} // namespace
+
+frmAllDocuments::frmAllDocuments(QWidget *parent) : frmAllDocuments(new AllDocumentsJob, parent) {}
+
+frmAllDocuments::frmAllDocuments(AllDocumentsJob *ownJob, QWidget *parent)
+    : JobWindow(ownJob, &ownJob->lblState, &ownJob->sClientMatterText, parent),
+      documentsJob(ownJob), ui(std::make_unique<Ui::frmAllDocuments>())
+{
+    ui->setupUi(this);
+    connect(ui->cmdClose, &QPushButton::clicked, this, [this] { Unload(UnloadMode::Code); });
+    connect(ui->cmdOpenFolder, &QPushButton::clicked, this, &frmAllDocuments::cmdOpenFolder_Click);
+    connect(ui->cmdRetryFailed, &QPushButton::clicked, this,
+            [this] { again(&AllDocumentsJob::RetryFailed); });
+    connect(ui->cmdRetrieveAgain, &QPushButton::clicked, this,
+            [this] { again(&AllDocumentsJob::RetrieveAgain); });
+    connect(documentsJob, &Job::Changed, this, &frmAllDocuments::showDocuments);
+    connect(documentsJob, &AllDocumentsJob::Contacting, this, [this] { StopBlinking(); });
+    showDocuments();
+    showCommands();
+    StartJob({.lblStatus = ui->lblStatus,
+              .cmdStopSearching = ui->cmdStop,
+              .rows = nullptr,
+              .home = ui->cmdClose});
+}
+
+frmAllDocuments::~frmAllDocuments() = default;
+
+void frmAllDocuments::Take(const QList<DocumentStart> &starts)
+{
+    documentsJob->Take(starts);
+    setWindowTitle(u"Halvane - Case "_s + documentsJob->CaseNumber
+                   + u" Retrieving All Documents.."_s);
+    ui->lblCaseNo->setText(u"Case #: "_s + documentsJob->CaseNumber);
+    ui->lblCounty->setText(u"County: "_s + documentsJob->County);
+}
+
+void frmAllDocuments::ShowState()
+{
+    JobWindow::ShowState();
+    showCommands();
+}
+
+void frmAllDocuments::showDocuments()
+{
+    const AllDocumentsJob &all = *documentsJob;
+    const bool going = !all.PresentFile().isEmpty();
+    ui->lblProgress->setText(QString::number(all.Done()) + u" of "_s
+                             + QString::number(all.Retrievable()) + u" Documents"_s);
+    const qint64 coming = going ? all.Transfer.Stream().Total() : 0;
+    ui->lblBytes->setText(sizeText(all.Bytes() + coming));
+    ui->lblDocDescription->setText(
+        going ? u"Document: "_s + all.PresentFile() + all.Transfer.lblProgress : QString());
+    ui->ProgressBar1->setMaximum(qMax(1, all.Retrievable() * percent));
+    ui->ProgressBar1->setValue(all.Done() * percent + (going ? all.Transfer.ProgressBar1 : 0));
+    const QString missing = all.Missing().join(u'\n');
+    if (std::exchange(shownMissing, missing) != missing)
+        ui->txtMissing->setPlainText(missing);
+}
+
+void frmAllDocuments::showCommands()
+{
+    const bool over = documentsJob->IsOver();
+    const auto turn = [this](QPushButton *button, bool on) {
+        if (on)
+            button->setEnabled(true);
+        else
+            TurnOff(button);
+    };
+    turn(ui->cmdRetryFailed, over && documentsJob->CountOf(ItemState::Failed) > 0);
+    turn(ui->cmdRetrieveAgain, over && documentsJob->CountOf(ItemState::Present) > 0);
+    turn(ui->cmdOpenFolder,
+         QDir(documentsJob->Folder()).exists() && !documentsJob->Folder().isEmpty());
+}
+
+void frmAllDocuments::again(void (AllDocumentsJob::*what)())
+{
+    const RunScope scope(this);
+    if (!Global.bLoggedIn) {
+        if (OfferLogin(this))
+            ShowLoginModally();
+        return;
+    }
+    Global.bStopRequested = false;
+    (documentsJob->*what)();
+}
+
+void frmAllDocuments::cmdOpenFolder_Click()
+{
+    const RunScope scope(this);
+    if (!OpenByShell(documentsJob->Folder()))
+        MsgBox(this, u"The folder cannot be opened here. The documents are in "_s
+                         + QDir::toNativeSeparators(documentsJob->Folder()));
+}
+
+bool frmAllDocuments::QueryUnload(UnloadMode mode)
+{
+    // What is over, or never came on the screen, has nothing that the user could lose.
+    return !wasShown || documentsJob->IsOver()
+           || MayClose(mode,
+                       u"Are you sure you want to close this form?\r\nDocuments that have not "
+                       "come yet will not be retrieved."_s);
+}
+
+void frmAllDocuments::showEvent(QShowEvent *event)
+{
+    wasShown = true;
+    JobWindow::showEvent(event);
+}

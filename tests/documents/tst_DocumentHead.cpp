@@ -1,0 +1,183 @@
+// What stands around a document on the wire, read out of one piece.
+
+#include "documents/DocumentHead.h"
+#include "support/HalvaneTest.h"
+#include "support/TestFolder.h"
+
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+class tst_DocumentHead : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void theLength_data();
+    void theLength();
+    void theType_data();
+    void theType();
+    void typesThatCanEndAName_data();
+    void typesThatCanEndAName();
+    void whatIsOpened();
+    void notices_data();
+    void notices();
+    void aHeadAtTheStartOfAText_data();
+    void aHeadAtTheStartOfAText();
+};
+
+void tst_DocumentHead::theLength_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QByteArray>("found");
+    QTest::addColumn<qint64>("length"); // -1: none
+    const auto row = [](const char *text, const char *found, qint64 length) {
+        QTest::newRow(text) << QByteArray(text) << QByteArray(found) << length;
+    };
+    row("|FILELEN=1234~TYPE=PDF~|", "1234", 1234);
+    row("before|FILELEN=0~TYPE=PDF~|", "0", 0);
+    row("|FILELEN=00123~TYPE=PDF~|", "00123", 123);
+    row("|FILELEN=~TYPE=PDF~|", "", -1);
+    row("|FILELEN=-5~TYPE=PDF~|", "-5", -1);
+    row("|FILELEN=+5~TYPE=PDF~|", "+5", -1);
+    row("|FILELEN= 5~TYPE=PDF~|", " 5", -1);
+    row("|FILELEN=1.5~TYPE=PDF~|", "1.5", -1);
+    row("|FILELEN=1e3~TYPE=PDF~|", "1e3", -1);
+    row("|FILELEN=0x10~TYPE=PDF~|", "0x10", -1);
+    row("|FILELEN=2147483647~TYPE=PDF~|", "2147483647", 2147483647);
+    row("|FILELEN=2147483648~TYPE=PDF~|", "2147483648", -1);
+    row("|FILELEN=99999999999999999999~TYPE=P~|", "99999999999999999999", -1);
+    row("|FILELEN=12~", "", -1);
+    row("FILELEN=12", "", -1);
+    row("nothing", "", -1);
+    row("|FILELEN=1~TYPE=A~||FILELEN=2~TYPE=B~|", "1", 1);
+}
+
+void tst_DocumentHead::theLength()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(qint64, length);
+    QTEST(FindFileLength(text), "found");
+    QCOMPARE(FileLengthOf(FindFileLength(text)).value_or(-1), length);
+}
+
+void tst_DocumentHead::theType_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QByteArray>("type");
+    QTest::newRow("whole") << QByteArray("|FILELEN=1~TYPE=PDF~|x~") << QByteArray("PDF");
+    QTest::newRow("empty") << QByteArray("|FILELEN=1~TYPE=~|") << QByteArray();
+    QTest::newRow("cut") << QByteArray("|FILELEN=1~TYPE=PD") << QByteArray();
+    QTest::newRow("none") << QByteArray("|FILELEN=1~") << QByteArray();
+    QTest::newRow("a path") << QByteArray("TYPE=../x~") << QByteArray("../x");
+}
+
+void tst_DocumentHead::theType()
+{
+    QFETCH(QByteArray, text);
+    QTEST(FindFileType(text), "type");
+}
+
+void tst_DocumentHead::typesThatCanEndAName_data()
+{
+    QTest::addColumn<QByteArray>("type");
+    QTest::addColumn<bool>("can");
+    const auto row = [](const QByteArray &type, bool can) {
+        QTest::newRow(type.toPercentEncoding().constData()) << type << can;
+    };
+    row("PDF", true);
+    row("7z", true);
+    row("abcdefghij", true);
+    row("abcdefghijk", false);
+    row("", false);
+    row("a b", false);
+    row("../x", false);
+    row("p.df", false);
+    row(QByteArray("pdf\0", 4), false);
+    row("\xE4", false);
+    row("pdf\n", false);
+}
+
+void tst_DocumentHead::typesThatCanEndAName()
+{
+    QFETCH(QByteArray, type);
+    QTEST(IsFileType(type), "can");
+}
+
+void tst_DocumentHead::whatIsOpened()
+{
+    for (const char *type :
+         {"pdf", "PDF", "tif", "Tiff", "jpg", "JPEG", "png", "gif", "bmp", "txt", "rtf"})
+        QVERIFY2(OpensByItself(QLatin1StringView(type)), type);
+    for (const char *type : {"", "exe", "sh", "desktop", "html", "htm", "svg", "js", "lnk", "doc",
+                             "docm", "zip", "N/A", "pdff", "pd"})
+        QVERIFY2(!OpensByItself(QLatin1StringView(type)), type);
+}
+
+void tst_DocumentHead::notices_data()
+{
+    QTest::addColumn<QByteArray>("piece");
+    QTest::addColumn<bool>("is");
+    QTest::addColumn<QByteArray>("left");
+    const auto row = [](const char *name, const QByteArray &piece, bool is,
+                        const QByteArray &left) { QTest::newRow(name) << piece << is << left; };
+    row("of documents", "|Searching~King County For Documents~|rest", true, "rest");
+    row("of a court", "|Searching~King County Superior Court~|rest", true, "rest");
+    row("two", "|Searching~A For Documents~||Searching~B For Documents~|rest", true, "rest");
+    row("what stands before it goes", "before|Searching~A For Documents~|rest", true, "rest");
+    row("of both kinds, the documents first",
+        "|Searching~A For Documents~||Searching~B Superior Court~|rest", true, "rest");
+    row("of both kinds, the court first: it goes with the other",
+        "|Searching~A Superior Court~||Searching~B For Documents~|rest", true, "rest");
+    row("in capitals it counts and stays", "|SEARCHING~A For Documents~|x", true,
+        "|SEARCHING~A For Documents~|x");
+    row("in small letters it counts", "|searching", true, "|searching");
+    row("without its bar it is none", "Searching~A For Documents~|x", false,
+        "Searching~A For Documents~|x");
+    row("without an end nothing is left", "a|Searching~A", true, "");
+    row("with an end that has no blank nothing is left", "|Searching~For Documents~|rest", true,
+        "");
+    row("cut", "a|Searchin", false, "a|Searchin");
+    row("none", "any|thing", false, "any|thing");
+    row("nothing", "", false, "");
+}
+
+void tst_DocumentHead::notices()
+{
+    QFETCH(QByteArray, piece);
+    QFETCH(bool, is);
+    QCOMPARE(HoldsSearchingNotice(piece), is);
+    QTEST(StripSearchingNotices(piece), "left");
+}
+
+void tst_DocumentHead::aHeadAtTheStartOfAText_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("type");
+    QTest::addColumn<qint64>("bytes");
+    QTest::newRow("whole") << u"|FILELEN=1234~TYPE=PDF~|"_s << u"PDF"_s << qint64(1234);
+    QTest::newRow("without a type") << u"|FILELEN=1234~TYPE=~|"_s << QString() << qint64(1234);
+    QTest::newRow("without a length") << u"|FILELEN=~TYPE=TIF~|"_s << u"TIF"_s << qint64(0);
+    QTest::newRow("other words") << u"|A=1~B=2~|"_s << QString() << qint64(0);
+    QTest::newRow("without bars") << u"FILELEN"_s << QString() << qint64(0);
+    QTest::newRow("bars alone") << u"||"_s << QString() << qint64(0);
+    QTest::newRow("empty") << QString() << QString() << qint64(0);
+}
+
+void tst_DocumentHead::aHeadAtTheStartOfAText()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, type);
+    QFETCH(qint64, bytes);
+    const TestFolder folder;
+    QCOMPARE(GetDocFileType(text), type);
+    QCOMPARE(GetDocFileByteCount(text), bytes);
+    QStringList lines;
+    if (type.isEmpty())
+        lines.append(u"ERROR *** in GetDocFileType(). No Doc Type Found in: "_s + text);
+    if (bytes == 0)
+        lines.append(u"ERROR *** in GetDocFileByteCount(). No FILELEN value found in: "_s + text);
+    QCOMPARE(folder.Log(), lines);
+}
+
+HALVANE_TEST(tst_DocumentHead)
+#include "tst_DocumentHead.moc"
