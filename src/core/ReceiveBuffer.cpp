@@ -22,6 +22,14 @@ void ReceiveBuffer::Append(QByteArrayView added)
     bytes.append(added);
 }
 
+void ReceiveBuffer::TakeOver(const QByteArray &added)
+{
+    if (bytes.isEmpty())
+        bytes = added;
+    else
+        bytes.append(added);
+}
+
 void ReceiveBuffer::Clear()
 {
     // Assigned, not cleared in place: a backlog of many megabytes gives its memory back.

@@ -14,6 +14,8 @@ class ReceiveBuffer
 {
 public:
     void Append(QByteArrayView bytes);
+    /// The same; an empty buffer takes them over as they are.
+    void TakeOver(const QByteArray &bytes);
     void Clear();
 
     bool IsEmpty() const { return front == bytes.size(); }

@@ -1,6 +1,7 @@
 #include "documents/DocumentFile.h"
 
 #include "core/AtomicFile.h"
+#include "core/ByteSearch.h"
 #include "core/RunTimeError.h"
 #include "documents/DocumentHead.h"
 #include "documents/DocumentName.h"
@@ -84,15 +85,45 @@ MarkFilter::MarkFilter(QByteArray markToCut, Sink next)
 
 void MarkFilter::Take(QByteArrayView piece)
 {
-    held.append(piece);
+    if (!held.isEmpty() && !takeSeam(piece))
+        return;
     qsizetype from = 0;
-    for (qsizetype at = held.indexOf(mark); at >= 0; at = held.indexOf(mark, from)) {
-        sink(QByteArrayView(held).sliced(from, at - from));
+    for (qsizetype at = FindMark(piece, mark); at >= 0; at = FindMark(piece, mark, from)) {
+        sink(piece.sliced(from, at - from));
         from = at + mark.size();
     }
-    const qsizetype undecided = std::min(mark.size() - 1, held.size() - from);
-    sink(QByteArrayView(held).sliced(from).chopped(undecided));
-    held = held.last(undecided);
+    passButEnd(piece.sliced(from));
+}
+
+/// Decides what was held, by as much of the piece as a mark can reach into. False when the piece is
+/// too short for that: all of it is dealt with then. Only here is anything copied.
+bool MarkFilter::takeSeam(QByteArrayView &piece)
+{
+    const qsizetype reach = std::min(piece.size(), mark.size() - 1);
+    const QByteArray seam = held + piece.first(reach).toByteArray();
+    const qsizetype at = FindMark(seam, mark);
+    if (at >= 0) {
+        // It begins in what was held, and ends in the piece.
+        sink(QByteArrayView(seam).first(at));
+        piece = piece.sliced(at + mark.size() - held.size());
+        held.clear();
+        return true;
+    }
+    if (reach < mark.size() - 1) {
+        passButEnd(seam);
+        return false;
+    }
+    sink(held);
+    held.clear();
+    return true;
+}
+
+/// Passes on what cannot be the beginning of a mark.
+void MarkFilter::passButEnd(QByteArrayView bytes)
+{
+    const qsizetype undecided = std::min(mark.size() - 1, bytes.size());
+    sink(bytes.chopped(undecided));
+    held = bytes.last(undecided).toByteArray();
 }
 
 void MarkFilter::End()

@@ -40,6 +40,9 @@ public:
     void End();
 
 private:
+    bool takeSeam(QByteArrayView &piece);
+    void passButEnd(QByteArrayView bytes);
+
     const QByteArray mark;
     const Sink sink;
     QByteArray held; ///< bytes that the beginning of a mark may be among

@@ -1,5 +1,6 @@
 #include "documents/DocumentHead.h"
 
+#include "core/ByteSearch.h"
 #include "core/Log.h"
 #include "core/RunTimeError.h"
 
@@ -15,6 +16,7 @@ constexpr QByteArrayView typeKey("TYPE=");
 constexpr QByteArrayView behindLength("~TYPE=");
 constexpr QByteArrayView searchingUpper("|SEARCHING");
 constexpr QByteArrayView notice("|Searching~");
+constexpr QByteArrayView streamEnd("|EOF~|");
 
 constexpr qsizetype longestType = 10;
 constexpr qsizetype longestLength = 32;
@@ -94,16 +96,19 @@ bool OpensByItself(const QString &type)
     });
 }
 
-/// Bars are rare, and finding one is as fast as memory: nothing is copied to be folded.
-bool HoldsSearchingNotice(QByteArrayView piece)
+PieceMarks MarksIn(QByteArrayView piece)
 {
-    for (qsizetype at = piece.indexOf('|'); at >= 0; at = piece.indexOf('|', at + 1)) {
-        const QByteArrayView word =
-            piece.sliced(at, std::min(searchingUpper.size(), piece.size() - at));
-        if (word.compare(searchingUpper, Qt::CaseInsensitive) == 0)
-            return true;
+    PieceMarks marks;
+    for (qsizetype at = FindSign(piece, '|'); at >= 0; at = FindSign(piece, '|', at + 1)) {
+        marks.Searching = marks.Searching || StandsAt(piece, at, searchingUpper);
+        marks.End = marks.End || piece.sliced(at).startsWith(streamEnd);
     }
-    return false;
+    return marks;
+}
+
+bool HoldsEnd(QByteArrayView piece)
+{
+    return FindMark(piece, streamEnd) >= 0;
 }
 
 QByteArray StripSearchingNotices(const QByteArray &piece)

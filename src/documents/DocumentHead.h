@@ -28,8 +28,16 @@ bool IsFileType(QByteArrayView type);
 /// chooses a program: only what shows pages, pictures and text is on the list.
 bool OpensByItself(const QString &type);
 
-/// Whether a piece says that the court is still searching, in capitals or not.
-bool HoldsSearchingNotice(QByteArrayView piece);
+/// What is looked for in every piece, in one go: there are hundreds of megabytes of them.
+struct PieceMarks
+{
+    bool Searching = false; ///< a notice that the court is still searching, in capitals or not
+    bool End = false;       ///< the end of the stream
+};
+PieceMarks MarksIn(QByteArrayView piece);
+
+/// Whether a piece holds the end of the stream.
+bool HoldsEnd(QByteArrayView piece);
 /// The piece without its notices, and without what stands before them.
 QByteArray StripSearchingNotices(const QByteArray &piece);
 

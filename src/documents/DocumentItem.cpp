@@ -53,6 +53,8 @@ const QStringList &headers()
 QStringList rowOf(const DocumentItem &item)
 {
     const bool here = item.IsHere();
+    const QString reason =
+        item.State == ItemState::Waiting ? u"It has not been asked for yet."_s : item.Reason;
     return {here ? item.File : QString(),
             CellsOfDocument(item.Start.Command).Date,
             item.Start.PageCount,
@@ -60,7 +62,7 @@ QStringList rowOf(const DocumentItem &item)
             here ? QString::number(item.Bytes) : QString(),
             here ? item.Sha256 : QString(),
             here ? item.When : QString(),
-            here ? QString() : item.Reason};
+            here ? QString() : reason};
 }
 
 /// The rows of a CSV text, quoted cells and all; what is broken in it gives cells that fit nothing.

@@ -41,14 +41,16 @@ DocumentStream::DocumentStream(int pages, int mostNoticesInARow)
 
 DocumentStream::Next DocumentStream::Take(QByteArray &piece)
 {
-    if (HoldsSearchingNotice(piece)) {
+    PieceMarks marks = MarksIn(piece);
+    if (marks.Searching) {
         piece = StripSearchingNotices(piece);
+        marks = MarksIn(piece);
         if (++notices > mostNotices)
             return Next::TooManyNotices;
     }
     total += piece.size();
     learn(piece);
-    return piece.contains("|EOF~|") ? Next::Over : Next::More;
+    return marks.End ? Next::Over : Next::More;
 }
 
 /// The first word of the court holds, whether or not it can be used.

@@ -156,7 +156,7 @@ float DocumentTransfer::limitSeconds() const
 bool DocumentTransfer::takePiece(QByteArray piece)
 {
     if (!isStillWanted())
-        return piece.contains("|EOF~|");
+        return HoldsEnd(piece);
     if (piece.isEmpty()) {
         addStar();
         return false;
@@ -219,7 +219,7 @@ void DocumentTransfer::store(const QByteArray &piece)
         received += piece.size();
     } catch (const RunTimeError &raised) {
         error = raised;
-        giveUp(TransferEnd::FileError, !piece.contains("|EOF~|"));
+        giveUp(TransferEnd::FileError, !HoldsEnd(piece));
     }
 }
 

@@ -1,5 +1,6 @@
 #include "link/frmWinsock.h"
 
+#include "core/ByteSearch.h"
 #include "core/GlobalState.h"
 #include "core/Log.h"
 #include "core/RunTimeError.h"
@@ -20,8 +21,8 @@ std::function<ServerSocket *(QObject *)> socketFactory;
 constexpr int inactivityTickMilliseconds = 60000;
 /// A server that never stops sending is not waited for: the rest is found by whoever reads.
 constexpr qint64 maximumDiscardedBytes = 64 * 1024 * 1024;
-constexpr auto ping = "DIAG001";
-constexpr auto documentEnd = "|EOD~|";
+constexpr QByteArrayView ping("DIAG001");
+constexpr QByteArrayView documentEnd("|EOD~|");
 
 ServerSocket *makeSocket(QObject *parent)
 {
@@ -103,9 +104,8 @@ void frmWinsock::DataArrival(qint64 bytesTotal)
     if (Global.strRecvBuffer.Size() >= maximumBacklogBytes)
         return;
     const QByteArray chunk = CSock->GetData(bytesTotal);
-    Global.strRecvBuffer.Append(chunk);
-    const QByteArray upper = chunk.toUpper();
-    if (upper.contains(ping)) {
+    Global.strRecvBuffer.TakeOver(chunk);
+    if (HoldsWord(chunk, ping, ping.indexOf('0'))) {
         // Past SendReq and its busy flag: the server wants to hear from us now. The whole buffer
         // goes with the ping, which is why a server must not ping during a reply.
         CSock->SendData("|IMALIVE\xA6|");
@@ -114,7 +114,7 @@ void frmWinsock::DataArrival(qint64 bytesTotal)
         Global.strRecvBuffer.Clear();
         return;
     }
-    if (upper.contains(documentEnd))
+    if (HoldsWord(chunk, documentEnd))
         WriteAppInfo(u"|EOD~||EOF~| found in Doc Server response"_s);
     noteTraffic();
 }

@@ -6,6 +6,8 @@
 #include "casedetails/frmCivilCaseDetails.h"
 #include "casedetails/frmNCCaseDetails.h"
 #include "casedetails/frmOnDemand.h"
+#include "documents/frmAllDocuments.h"
+#include "documents/frmDocTransfer.h"
 #include "namesearch/frmDiscisNCNameResults.h"
 #include "namesearch/frmDiscisNameResults.h"
 #include "namesearch/frmNameSearchResults.h"
@@ -68,9 +70,10 @@ struct WindowRow
     const char *name;
     QWidget *(*make)();
 };
-constexpr std::array<WindowRow, 20> windows{{
+constexpr std::array<WindowRow, 22> windows{{
     {"frmAbout", make<frmAbout>},
     {"frmAccounting", make<frmAccounting>},
+    {"frmAllDocuments", make<frmAllDocuments>},
     {"frmArbPrompt", make<frmArbPrompt>},
     {"frmCaseDetails", make<frmCaseDetails>},
     {"frmCaseDetailsHelp", make<frmCaseDetailsHelp>},
@@ -79,6 +82,7 @@ constexpr std::array<WindowRow, 20> windows{{
     {"frmConnectionStatus", make<frmConnectionStatus>},
     {"frmDiscisNCNameResults", make<frmDiscisNCNameResults>},
     {"frmDiscisNameResults", make<frmDiscisNameResults>},
+    {"frmDocTransfer", make<frmDocTransfer>},
     {"frmElapsedTime", make<frmElapsedTime>},
     {"frmHelp", make<frmHelp>},
     {"frmInactivity", make<frmInactivity>},

@@ -80,6 +80,8 @@ private Q_SLOTS:
     void randomAppendsAndExtractsAgreeWithTheNaiveBuffer();
     void consumedBytesAreThrownAwayInLargePieces();
     void aTokenOf64MegabytesIsSearchedOnce();
+    void allIsTakenOut();
+    void aPieceIsTakenOver();
     void takingTokensCostsTheirLengthNotTheBacklog();
 };
 
@@ -278,6 +280,34 @@ void tst_ReceiveBuffer::takingTokensCostsTheirLengthNotTheBacklog()
         QVERIFY(buffer.Extract('|').has_value());
     QVERIFY(buffer.IsEmpty());
     QCOMPARE(bytesSearched, qint64(backlog.size()));
+}
+
+void tst_ReceiveBuffer::allIsTakenOut()
+{
+    ReceiveBuffer buffer;
+    QCOMPARE(buffer.TakeAll(), QByteArray());
+    buffer.Append("|A|rest|of");
+    QCOMPARE(buffer.Extract('|'), QByteArray("A"));
+    // A token that is open goes as well.
+    QVERIFY(!buffer.Extract('~'));
+    QCOMPARE(buffer.TakeAll(), QByteArray("rest|of"));
+    QVERIFY(buffer.IsEmpty());
+    buffer.Append("|B|");
+    QCOMPARE(buffer.Extract('|'), QByteArray("B"));
+}
+
+void tst_ReceiveBuffer::aPieceIsTakenOver()
+{
+    ReceiveBuffer buffer;
+    const QByteArray piece = "|A|";
+    buffer.TakeOver(piece);
+    buffer.TakeOver("|B|");
+    QCOMPARE(piece, QByteArray("|A|"));
+    QCOMPARE(buffer.Extract('|'), QByteArray("A"));
+    buffer.TakeOver("|C|");
+    QCOMPARE(buffer.Extract('|'), QByteArray("B"));
+    QCOMPARE(buffer.Extract('|'), QByteArray("C"));
+    QVERIFY(buffer.IsEmpty());
 }
 
 HALVANE_TEST(tst_ReceiveBuffer)

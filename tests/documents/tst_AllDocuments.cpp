@@ -269,10 +269,15 @@ void tst_AllDocuments::stoppedBetweenTwoDocuments()
     pending({StartOf(), StartOf(u"5"_s, u"ORDER"_s)});
     // Somebody else has the next turn.
     frmQueue::Form().FIFO.AddItem(u"another"_s);
-    desk->When([this] { return frmQueue::Form().FIFO.List(0) == u"another"; },
-               [this] { ButtonOf(all, "cmdStop")->click(); });
+    QString reasonBefore;
+    desk->When([] { return frmQueue::Form().FIFO.List(0) == u"another"; },
+               [&] {
+                   reasonBefore = list().value(2).value(7);
+                   ButtonOf(all, "cmdStop")->click();
+               });
     DocumentDesk::Begin(all);
     QVERIFY(finish());
+    QCOMPARE(reasonBefore, u"It has not been asked for yet."_s);
     QCOMPARE(TextOf(all, "lblStatus"), u"Status: Stopped. 1 of 2 Documents Are Here."_s);
     QCOMPARE(list().value(2).value(7), u"It was stopped by the user."_s);
     QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{u"another"_s});

@@ -145,7 +145,7 @@ void tst_DocumentHead::notices()
 {
     QFETCH(QByteArray, piece);
     QFETCH(bool, is);
-    QCOMPARE(HoldsSearchingNotice(piece), is);
+    QCOMPARE(MarksIn(piece).Searching, is);
     QTEST(StripSearchingNotices(piece), "left");
 }
 

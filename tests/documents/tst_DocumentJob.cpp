@@ -1,5 +1,5 @@
 // The retrieval of a document as a job by itself, without a window: its states, what it says one
-// after the other, and whom it tells.
+// after the other, and to whom.
 
 #include "core/GlobalState.h"
 #include "core/Platform.h"
@@ -43,9 +43,9 @@ private Q_SLOTS:
     void whatItSays();
     void starsBeginAgain();
     void theTimes();
-    void aFailureIsToldOnce();
-    void aDeniedFileIsToldInItsOwnWords();
-    void nobodyIsToldOfAStop();
+    void aFailureIsShownOnce();
+    void aDeniedFileHasItsOwnWords();
+    void aStopIsNoFailure();
     void aJobThatIsGivenUpEndsByItsOwnRules();
     void aJobThatIsGivenUpBeforeItsTurn();
 
@@ -162,7 +162,7 @@ void tst_DocumentJob::theTimes()
     QCOMPARE(job->Transfer.Text1, u"00:00:30"_s);
 }
 
-void tst_DocumentJob::aFailureIsToldOnce()
+void tst_DocumentJob::aFailureIsShownOnce()
 {
     court->Expect(DocumentRequest()).ReplyBytes("|EOF~|");
     run();
@@ -171,7 +171,7 @@ void tst_DocumentJob::aFailureIsToldOnce()
              u"Status: Document Retrieval Failed. Please try again at a later time."_s);
 }
 
-void tst_DocumentJob::aDeniedFileIsToldInItsOwnWords()
+void tst_DocumentJob::aDeniedFileHasItsOwnWords()
 {
     QVERIFY(QDir().mkpath(desk->Folder.Path(u"Reports/"_s + DocumentFileName() + u".PDF"_s)));
     court->Expect(DocumentRequest()).ReplyBytes(DocumentReply("body"));
@@ -179,7 +179,7 @@ void tst_DocumentJob::aDeniedFileIsToldInItsOwnWords()
     QCOMPARE(listener.said, QStringList{u"denied"_s});
 }
 
-void tst_DocumentJob::nobodyIsToldOfAStop()
+void tst_DocumentJob::aStopIsNoFailure()
 {
     court->Expect(DocumentRequest()).ReplyBytes(DocumentHead(500) + "a part");
     court->Expect(u"¦STOP"_s).ReplyBytes("rest of it|EOF~|");
