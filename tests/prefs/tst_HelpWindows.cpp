@@ -98,6 +98,7 @@ private Q_SLOTS:
     void anotherTopicBringsTheSameWindowToTheFront();
     void aNewTopicBeginsAtItsBeginning();
     void helpBelongsToTheMainWindow();
+    void theWindowsSayIt();
     void texts_data();
     void texts();
 
@@ -562,6 +563,14 @@ void tst_HelpWindows::texts_data()
         << QStringList{u"Summary"_s,   u"Names"_s,   u"Docket"_s,    u"Accounting"_s,
                        u"Judgments"_s, u"Charges"_s, u"Sentence"_s,  u"Schedule"_s,
                        u"Documents"_s, u"Finance"_s, u"on demand"_s, u"(Unavail.)"_s};
+}
+
+void tst_HelpWindows::theWindowsSayIt()
+{
+    const frmCaseDetailsHelp details;
+    QVERIFY(Child<QTextEdit>(&details, "txtHelp")->toPlainText().contains(u"Judgments"_s));
+    const frmNameSearchResultsHelp results;
+    QVERIFY(Child<QTextEdit>(&results, "txtHelp")->toPlainText().contains(u"Search Complete"_s));
 }
 
 void tst_HelpWindows::texts()

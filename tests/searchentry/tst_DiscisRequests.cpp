@@ -56,6 +56,7 @@ private Q_SLOTS:
     void statewideNonCivil();
     void nonCivilInACounty();
     void civilInACounty();
+    void theFirstCountyIsNotTheWholeState();
     void theCivilExample();
     void everyCourtInCatalogueOrder();
     void civilStatewideNeedsItsOneItem_data();
@@ -153,6 +154,13 @@ void tst_DiscisRequests::civilInACounty()
     QCOMPARE(made.CourtCounty, u"Asotin District/Municipal Courts"_s);
     QCOMPARE(made.CaseTypeVals, u"CIVIL"_s);
     QCOMPARE(made.CountyList, u"Asotin District (ASD), Clarkston (Municipal) (CLA)"_s);
+}
+
+void tst_DiscisRequests::theFirstCountyIsNotTheWholeState()
+{
+    // Even where a court of it were called so.
+    const DiscisRequests made = requests(statewide(SearchScope::DiscisNonCivil, 2, statewideItem));
+    QVERIFY(!made.Lines.join(u' ').contains(u"*SW"_s));
 }
 
 void tst_DiscisRequests::theCivilExample()
