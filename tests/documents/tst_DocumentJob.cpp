@@ -44,6 +44,7 @@ private Q_SLOTS:
     void starsBeginAgain();
     void theTimes();
     void aFailureIsShownOnce();
+    void aHeadThatIsNeverSeen();
     void aDeniedFileHasItsOwnWords();
     void aStopIsNoFailure();
     void aRequestThatCannotBeSent();
@@ -174,6 +175,19 @@ void tst_DocumentJob::aFailureIsShownOnce()
     QCOMPARE(listener.said, QStringList{u"failure"_s});
     QCOMPARE(job->Status.Text,
              u"Status: Document Retrieval Failed. Please try again at a later time."_s);
+}
+
+/// Until the court says its length it is what so many pages have. What is shorter is not written.
+void tst_DocumentJob::aHeadThatIsNeverSeen()
+{
+    court->Expect(DocumentRequest()).ReplyBytes("no head");
+    desk->When([this] { return job->Status.Text == u"Status: Retrieving Document."; },
+               [this] { court->Send("and no document" + DocumentTail); });
+    run();
+    QCOMPARE(listener.said, QStringList{u"failure"_s});
+    QVERIFY(desk->Folder.Logged(u"All document data received."_s));
+    QVERIFY(!desk->Folder.Logged(u"Writing Document to File.."_s));
+    QVERIFY(!desk->Folder.Logged(u"ERROR *** Document File was not written."_s));
 }
 
 void tst_DocumentJob::aDeniedFileHasItsOwnWords()

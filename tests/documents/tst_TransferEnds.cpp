@@ -31,7 +31,6 @@ private Q_SLOTS:
 
     void badStreams_data();
     void badStreams();
-    void aHeadThatIsNeverSeen();
     void goodStreams_data();
     void goodStreams();
     void sixBytesMore_data();
@@ -153,17 +152,6 @@ void tst_TransferEnds::badStreams()
     QCOMPARE(logged(), QStringList{u"All document data received."_s} + lines + failureLines());
     QCOMPARE(desk->Documents(), QStringList());
     QCOMPARE(desk->Opened, QStringList());
-}
-
-/// Until the court says its length it is what so many pages have, and less than that is too short.
-void tst_TransferEnds::aHeadThatIsNeverSeen()
-{
-    court->Expect(DocumentRequest()).ReplyBytes("no head");
-    desk->When([this] { return isShown(u"Status: Retrieving Document."_s); },
-               [this] { court->Send("and no document" + DocumentTail); });
-    ExpectFailureBox();
-    Retrieve();
-    QCOMPARE(logged(), QStringList{u"All document data received."_s} + failureLines());
 }
 
 void tst_TransferEnds::goodStreams_data()
