@@ -125,13 +125,17 @@ void AllDocumentsJob::retrieve(DocumentItem &item)
                                                         .PageQty = item.Start.PageCount,
                                                         .Folder = folder,
                                                         .Name = item.Name,
-                                                        .WantsSha256 = true});
+                                                        .WantsSha256 = true,
+                                                        .AnotherFollows = true});
     presentFile.clear();
     DropRestOfReply();
     note(item, result);
-    // Without a link the others cannot be had either.
+    // Without a link the others cannot be had either, nor behind a reply that may still go on: its
+    // rest would be taken for theirs.
     if (LostTheLink(result.End))
         failRest(ReasonOf(result));
+    else if (!result.ReplyIsOver && TransferWish() == Wish::Goes)
+        failRest(u"The server was still busy with the document before it."_s);
 }
 
 void AllDocumentsJob::note(DocumentItem &item, const TransferResult &result) const

@@ -34,12 +34,31 @@ QByteArray between(QByteArrayView text, QByteArrayView from, QByteArrayView to)
     return end < 0 ? QByteArray() : rest.first(end).toByteArray();
 }
 
-/// What follows the mark, or nothing when it is not there.
-QByteArray behind(const QByteArray &text, QByteArrayView mark)
+/// Where a mark stands next, for whoever goes through the bytes once: what has been found ahead is
+/// not looked for again.
+class MarkAhead
 {
-    const qsizetype at = text.indexOf(mark);
-    return at < 0 ? QByteArray() : text.sliced(at + mark.size());
-}
+public:
+    MarkAhead(QByteArrayView whereTo, QByteArrayView whatFor) : bytes(whereTo), mark(whatFor) {}
+
+    /// At or behind this place, which never goes back; -1 when nowhere.
+    qsizetype From(qsizetype place)
+    {
+        if (at < place && !none) {
+            at = bytes.indexOf(mark, place);
+            none = at < 0;
+        }
+        return at;
+    }
+    /// Behind the next one; -1 when there is none.
+    qsizetype Behind(qsizetype place) { return From(place) < 0 ? -1 : at + mark.size(); }
+
+private:
+    QByteArrayView bytes;
+    QByteArrayView mark;
+    qsizetype at = -1;
+    bool none = false;
+};
 
 /// The value of a key in field 1 of a text, whose fields are ended by the text's own last
 /// character, as those of the field are by the field's.
@@ -113,11 +132,17 @@ bool HoldsEnd(QByteArrayView piece)
 
 QByteArray StripSearchingNotices(const QByteArray &piece)
 {
-    QByteArray left = piece;
-    while (left.contains(notice))
-        left = behind(left,
-                      left.contains("For Documents~|") ? " For Documents~|" : " Superior Court~|");
-    return left;
+    MarkAhead begin(piece, notice);
+    MarkAhead documents(piece, "For Documents~|");
+    MarkAhead documentsEnd(piece, " For Documents~|");
+    MarkAhead courtEnd(piece, " Superior Court~|");
+    qsizetype from = 0;
+    while (begin.From(from) >= 0) {
+        from = documents.From(from) >= 0 ? documentsEnd.Behind(from) : courtEnd.Behind(from);
+        if (from < 0)
+            return {};
+    }
+    return from == 0 ? piece : piece.sliced(from);
 }
 
 QString GetDocFileType(const QString &text)

@@ -54,12 +54,14 @@ void DocumentJob::ProcessSearchRequests()
 /// Whether the window can go: it stays to say where a document is that nothing opens.
 bool DocumentJob::open(const TransferResult &result)
 {
-    bool shown = true;
+    bool shown = false;
+    bool closes = true;
     if (TransferWish() == Wish::Goes) {
         ShowTransferStatus(u"Status: Opening file .. "_s);
         shown = OpensByItself(Transfer.Stream().FileType()) && OpenByShell(result.Path);
         if (shown)
             WriteAppInfo(u"Document was opened for view/print by client."_s);
+        closes = shown;
         ShowTransferStatus(shown ? u"Status: Document Retrieval Complete. Closing."_s
                                  : u"Status: Document Saved In Reports Folder, Not Opened: "_s
                                        + QFileInfo(result.Path).fileName());
@@ -68,7 +70,7 @@ bool DocumentJob::open(const TransferResult &result)
     WriteAppInfo(u"Document Retrieval Successful. "_s + txtDocRetrievalString);
     if (shown)
         WriteAppInfo(u"Opening Document.."_s);
-    return shown;
+    return closes;
 }
 
 void DocumentJob::logFailure() const
@@ -77,7 +79,7 @@ void DocumentJob::logFailure() const
     WriteAppInfo(u"ERROR *** Requested Doc Command Was: "_s + txtDocRetrievalString);
 }
 
-/// Behind the run: a box must not keep the link from the others.
+/// Behind the run, which is over in every respect: the window may go while the user reads.
 void DocumentJob::tellFailure(const TransferResult &result)
 {
     if (result.End == TransferEnd::Saved || TransferWish() != Wish::Goes || !talk)
@@ -95,6 +97,8 @@ void DocumentJob::ShowStopped(StopCase stopCase)
         return;
     LogStoppedByAll();
     SetStatus(u"Search Stopped By User .. "_s);
+    Q_EMIT Ended(true);
+    Q_EMIT CloseWanted();
 }
 
 QString DocumentJob::StopRequest() const

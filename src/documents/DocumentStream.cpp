@@ -50,7 +50,10 @@ DocumentStream::Next DocumentStream::Take(QByteArray &piece)
     }
     total += piece.size();
     learn(piece);
-    return marks.End ? Next::Over : Next::More;
+    if (marks.End)
+        return Next::Over;
+    estimated = true;
+    return Next::More;
 }
 
 /// The first word of the court holds, whether or not it can be used.

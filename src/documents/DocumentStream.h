@@ -24,9 +24,14 @@ public:
     qint64 Total() const { return total; }
     int Progress() const { return TransferProgress(total, FileLength()); }
 
-    /// The bytes of the document: as the court said, or the estimate until it says. 0 when what it
-    /// said is no length.
-    qint64 FileLength() const { return lengthKnown ? length : estimate; }
+    /// The bytes of the document: as the court said, or the estimate once a piece has come that
+    /// neither says it nor ends the stream. 0 when what it said is no length.
+    qint64 FileLength() const
+    {
+        if (lengthKnown)
+            return length;
+        return estimated ? estimate : 0;
+    }
     bool LengthKnown() const { return lengthKnown; }
     /// "" when what the court said cannot be the end of a file name, "N/A" until it says.
     QString FileType() const { return typeKnown ? type : QStringLiteral("N/A"); }
@@ -43,6 +48,7 @@ private:
     int mostNotices;
     int notices = 0;
     qint64 total = 0;
+    bool estimated = false;
     bool lengthKnown = false;
     bool typeKnown = false;
     qint64 length = 0;

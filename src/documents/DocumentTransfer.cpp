@@ -6,7 +6,6 @@
 #include "core/Log.h"
 #include "courts/CourtTable.h"
 #include "documents/DocumentName.h"
-#include "link/Exchange.h"
 
 #include <QScopeGuard>
 
@@ -48,9 +47,8 @@ TransferResult DocumentTransfer::GetDocument(const TransferOrder &order)
     TransferResult result;
     try {
         result.End = ReadDocument();
-        List1.AddItem(u"Pages Retrieved:        "_s + order.PageQty);
-        List1.AddItem(u"End retrieval of doc:   "_s + timeOfDay());
-        say(u"Status: Saving Document."_s);
+        if (result.End != TransferEnd::NotSent)
+            noteEnd(order);
         if (result.End == TransferEnd::Saved)
             result.End = save(order, result);
     } catch (const RunTimeError &raised) {
@@ -59,6 +57,7 @@ TransferResult DocumentTransfer::GetDocument(const TransferOrder &order)
     }
     file.Close();
     result.Error = error;
+    result.ReplyIsOver = replyIsOver;
     if (result.End != TransferEnd::Saved) {
         if (result.End != TransferEnd::NotWanted)
             WriteAppInfo(u"ERROR *** in GetDocument(). Err is: "_s
@@ -67,6 +66,13 @@ TransferResult DocumentTransfer::GetDocument(const TransferOrder &order)
         say(u"Status: Document Retrieval Failed. Please try again at a later time."_s);
     }
     return result;
+}
+
+void DocumentTransfer::noteEnd(const TransferOrder &order)
+{
+    List1.AddItem(u"Pages Retrieved:        "_s + order.PageQty);
+    List1.AddItem(u"End retrieval of doc:   "_s + timeOfDay());
+    say(u"Status: Saving Document."_s);
 }
 
 void DocumentTransfer::NoteTime()
@@ -86,7 +92,9 @@ void DocumentTransfer::begin(const TransferOrder &order)
     error.reset();
     end = TransferEnd::Saved;
     draining = false;
+    replyIsOver = false;
     received = 0;
+    drained = 0;
     Text2 = 0;
     List2.Clear();
     ProgressBar1 = 1;
@@ -128,9 +136,7 @@ TransferEnd DocumentTransfer::ReadDocument()
 
 TransferEnd DocumentTransfer::readStream()
 {
-    const BytesStatus status =
-        ReadBytes([this](const QByteArray &piece) { return takePiece(piece); },
-                  [this] { return limitSeconds(); });
+    const BytesStatus status = readBytes();
     if (end != TransferEnd::Saved)
         return end;
     switch (status) {
@@ -138,12 +144,21 @@ TransferEnd DocumentTransfer::readStream()
         return TransferEnd::Saved;
     case BytesStatus::Silent:
         WriteAppInfo(u"Timed Out waiting for response from Document Server. In ReadDocument()"_s);
+        // What it was about to send may still come.
+        if (giveUp(TransferEnd::Silent, true))
+            readBytes();
         return TransferEnd::Silent;
     case BytesStatus::Lost:
         break;
     }
     WriteAppInfo(u"Connection to Servers was dropped!. Document Download is Incomplete!"_s);
     return TransferEnd::Lost;
+}
+
+BytesStatus DocumentTransfer::readBytes()
+{
+    return ReadBytes([this](const QByteArray &piece) { return takePiece(piece); },
+                     [this] { return limitSeconds(); });
 }
 
 float DocumentTransfer::limitSeconds() const
@@ -155,8 +170,10 @@ float DocumentTransfer::limitSeconds() const
 /// True when the reading is over.
 bool DocumentTransfer::takePiece(QByteArray piece)
 {
-    if (!isStillWanted())
-        return HoldsEnd(piece);
+    if (!isStillWanted(piece)) {
+        drained += piece.size();
+        return endsWith(piece);
+    }
     if (piece.isEmpty()) {
         addStar();
         return false;
@@ -164,14 +181,16 @@ bool DocumentTransfer::takePiece(QByteArray piece)
     notePiece(piece);
     switch (stream.Take(piece)) {
     case DocumentStream::Next::TooManyNotices:
-        endByNotices();
-        return true;
+        giveUp(TransferEnd::TooManyNotices, !HoldsEnd(piece));
+        return endsWith(piece);
     case DocumentStream::Next::Over:
+        replyIsOver = true;
         store(piece);
         if (draining)
             return true;
         WriteAppInfo(u"All document data received."_s);
-        showProgress(100);
+        ProgressBar1 = 100;
+        showType();
         Text1 = asTime(ElapsedSeconds(begunAt));
         listener->TransferChanged();
         return true;
@@ -183,33 +202,45 @@ bool DocumentTransfer::takePiece(QByteArray piece)
     return false;
 }
 
-bool DocumentTransfer::isStillWanted()
+bool DocumentTransfer::endsWith(const QByteArray &piece)
+{
+    replyIsOver = HoldsEnd(piece);
+    return replyIsOver;
+}
+
+/// The piece is what has just come: with an end mark in it there is nothing left to be stopped.
+bool DocumentTransfer::isStillWanted(const QByteArray &piece)
 {
     if (!draining) {
         const TransferListener::Wish wish = listener->TransferWish();
         if (wish != TransferListener::Wish::Goes)
-            giveUp(TransferEnd::NotWanted, wish == TransferListener::Wish::NobodyLooks);
+            giveUp(TransferEnd::NotWanted,
+                   wish == TransferListener::Wish::NobodyLooks && !HoldsEnd(piece));
     }
     return !draining;
 }
 
 /// What the court still sends is read to its end mark: the next job would take it for its reply.
-void DocumentTransfer::giveUp(TransferEnd reason, bool tellCourt)
+/// False when the court was to be told and could not.
+bool DocumentTransfer::giveUp(TransferEnd reason, bool tellCourt)
 {
     draining = true;
     end = reason;
     file.Close();
     contact.clear();
-    if (tellCourt)
-        InterruptExchange(stopOfCourt());
+    return !tellCourt || InterruptExchange(stopOfCourt()) == SendStatus::Sent;
 }
 
-void DocumentTransfer::endByNotices()
+/// Less has come than the court said: what looked like its end mark may have been part of the
+/// document, whose rest is under way then. When nothing more comes, it was the end.
+void DocumentTransfer::readRest()
 {
-    end = TransferEnd::TooManyNotices;
-    file.Close();
-    DropRestOfReply();
-    InterruptExchange(stopOfCourt());
+    replyIsOver = false;
+    if (!giveUp(TransferEnd::TooShort, true))
+        return;
+    const BytesStatus status = readBytes();
+    if (status == BytesStatus::Silent && drained == 0)
+        replyIsOver = true;
 }
 
 void DocumentTransfer::store(const QByteArray &piece)
@@ -234,15 +265,21 @@ void DocumentTransfer::showPiece(const QByteArray &piece)
 {
     Text2 = piece.size();
     contact.clear();
-    showProgress(stream.Progress());
+    showProgress();
     say(u"Status: Retrieving Document."_s);
     listener->TransferChanged();
 }
 
-void DocumentTransfer::showProgress(int percent)
+/// The words say how far it was before this piece.
+void DocumentTransfer::showProgress()
 {
-    ProgressBar1 = percent;
     lblProgress = u"  Progress: ("_s + QString::number(ProgressBar1) + u"%)"_s;
+    ProgressBar1 = stream.Progress();
+    showType();
+}
+
+void DocumentTransfer::showType()
+{
     if (stream.TypeKnown())
         lblFileType = u"File Type: "_s
                       + (stream.FileType().isEmpty() ? u"N/A"_s : stream.FileType().toUpper());
@@ -264,19 +301,22 @@ void DocumentTransfer::addStar()
     showContact(longer.size() > longestContact ? QString(contacting + u' ') : longer);
 }
 
-TransferEnd DocumentTransfer::testStream(qint64 bytes) const
+TransferEnd DocumentTransfer::testStream() const
 {
-    const qint64 length = stream.LengthKnown() ? stream.FileLength() : 0;
-    if (length > 0 && bytes < length + leastFrame)
+    const qint64 length = stream.FileLength();
+    if (length > 0 && received < length + leastFrame)
         return TransferEnd::TooShort;
     return stream.IsUsable() ? TransferEnd::Saved : TransferEnd::Unusable;
 }
 
 TransferEnd DocumentTransfer::save(const TransferOrder &order, TransferResult &result)
 {
-    const TransferEnd tested = testStream(received);
-    if (tested == TransferEnd::TooShort)
+    const TransferEnd tested = testStream();
+    if (tested == TransferEnd::TooShort) {
+        if (order.AnotherFollows)
+            readRest();
         return tested;
+    }
     WriteAppInfo(u"Writing Document to File.."_s);
     say(u"Status: Saving File to Reports Folder.."_s);
     if (tested == TransferEnd::Unusable) {

@@ -4,6 +4,7 @@
 #include "documents/DocumentFile.h"
 #include "documents/DocumentStream.h"
 #include "jobs/ListBox.h"
+#include "link/Exchange.h"
 
 #include <QString>
 
@@ -35,6 +36,9 @@ struct TransferResult
     std::optional<RunTimeError> Error; ///< what went wrong with a file
     QString Path;                      ///< of what was saved
     SavedDocument Saved;
+    /// The court has come to the end of its reply. What it still sends otherwise would be taken for
+    /// the reply to the next request.
+    bool ReplyIsOver = false;
 
     /// The file, or its folder, cannot be written; it may be open in a program that shows it.
     bool IsDenied() const { return Error && Error->Number() == 70; }
@@ -48,6 +52,7 @@ struct TransferOrder
     QString Folder;  ///< where it goes
     QString Name;    ///< without its type; "" for the name that the line gives
     bool WantsSha256 = false;
+    bool AnotherFollows = false; ///< another document is asked for as soon as this one is over
 };
 
 /// Whoever a transfer is made for. Any of these may find that the window has gone meanwhile.
@@ -77,7 +82,8 @@ class DocumentTransfer
 public:
     explicit DocumentTransfer(TransferListener *forJob) : listener(forJob) {}
 
-    /// Does it all, and comes back when nothing more of it is to be expected on the link.
+    /// Does it all, and reads what is not wanted any more to its end mark. A court that does not
+    /// come to one is not waited for: the result says so.
     TransferResult GetDocument(const TransferOrder &order);
 
     /// Adds the time to List1.
@@ -103,19 +109,23 @@ private:
     void begin(const TransferOrder &order);
     TransferEnd ReadDocument();
     TransferEnd readStream();
+    BytesStatus readBytes();
     bool takePiece(QByteArray piece);
+    bool endsWith(const QByteArray &piece);
     void store(const QByteArray &piece);
-    void endByNotices();
     void showPiece(const QByteArray &piece);
-    void showProgress(int percent);
+    void showProgress();
+    void showType();
     void showContact(const QString &text);
     void addStar();
     void notePiece(const QByteArray &piece);
-    bool isStillWanted();
-    void giveUp(TransferEnd reason, bool tellCourt);
+    bool isStillWanted(const QByteArray &piece);
+    bool giveUp(TransferEnd reason, bool tellCourt);
+    void readRest();
+    void noteEnd(const TransferOrder &order);
     float limitSeconds() const;
     TransferEnd save(const TransferOrder &order, TransferResult &result);
-    TransferEnd testStream(qint64 received) const;
+    TransferEnd testStream() const;
     void say(const QString &status) { listener->ShowTransferStatus(status); }
 
     TransferListener *listener;
@@ -126,8 +136,10 @@ private:
     TransferEnd end = TransferEnd::Saved; ///< why it was given up, or Saved while it goes on
     bool reading = false;
     bool draining = false; ///< given up: what still comes is read to its end and thrown away
-    qint64 received = 0;   ///< bytes in the file of the stream
-    QString contact;       ///< the status until something comes, "" after that
+    bool replyIsOver = false;
+    qint64 received = 0; ///< bytes in the file of the stream
+    qint64 drained = 0;  ///< bytes thrown away
+    QString contact;     ///< the status until something comes, "" after that
     float starAt = 0.0F;
     float begunAt = 0.0F;
 };

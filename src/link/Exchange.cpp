@@ -54,6 +54,7 @@ ReadStatus ReadReply(const std::function<bool(const Response &response)> &take, 
 BytesStatus ReadBytes(const std::function<bool(QByteArray piece)> &take,
                       const std::function<float()> &limitSeconds)
 {
+    const frmWinsock::BacklogBound bound(maximumPieceBytes);
     float start = Clock::Current().SecondsOfDay();
     // The reply belongs to this connection. One that is made inside the wait is somebody else's.
     const QPointer<ServerSocket> socket(Global.sckServer);

@@ -17,6 +17,7 @@ using namespace Qt::StringLiterals;
 namespace {
 QPointer<frmWinsock> loaded;
 std::function<ServerSocket *(QObject *)> socketFactory;
+qsizetype mostBacklog = maximumBacklogBytes;
 
 constexpr int inactivityTickMilliseconds = 60000;
 /// A server that never stops sending is not waited for: the rest is found by whoever reads.
@@ -29,6 +30,15 @@ ServerSocket *makeSocket(QObject *parent)
     return socketFactory ? socketFactory(parent) : new TcpServerSocket(parent);
 }
 } // namespace
+
+frmWinsock::BacklogBound::BacklogBound(qsizetype bytes) : before(std::exchange(mostBacklog, bytes))
+{
+}
+
+frmWinsock::BacklogBound::~BacklogBound()
+{
+    mostBacklog = before;
+}
 
 LinkEvents &LinkEvents::Of()
 {
@@ -101,7 +111,7 @@ void frmWinsock::DataArrival(qint64 bytesTotal)
 {
     if (CSock->State() != SocketState::Connected || bytesTotal < 1)
         return;
-    if (Global.strRecvBuffer.Size() >= maximumBacklogBytes)
+    if (Global.strRecvBuffer.Size() >= mostBacklog)
         return;
     const QByteArray chunk = CSock->GetData(bytesTotal);
     Global.strRecvBuffer.TakeOver(chunk);
@@ -121,8 +131,8 @@ void frmWinsock::DataArrival(qint64 bytesTotal)
 
 void frmWinsock::TakeArrivedData()
 {
-    while (Global.strRecvBuffer.Size() < maximumBacklogBytes
-           && CSock->State() == SocketState::Connected && CSock->BytesAvailable() > 0)
+    while (Global.strRecvBuffer.Size() < mostBacklog && CSock->State() == SocketState::Connected
+           && CSock->BytesAvailable() > 0)
         DataArrival(CSock->BytesAvailable());
 }
 

@@ -39,6 +39,19 @@ public:
     /// Who makes the sockets of later loads; an empty function goes back to real ones.
     static void SetSocketFactory(std::function<ServerSocket *(QObject *parent)> factory);
 
+    /// While it lives, the receive buffer takes so many bytes at most before the socket has to
+    /// wait.
+    class BacklogBound
+    {
+    public:
+        explicit BacklogBound(qsizetype bytes);
+        ~BacklogBound();
+        Q_DISABLE_COPY_MOVE(BacklogBound)
+
+    private:
+        qsizetype before;
+    };
+
     /// Takes what the socket holds, as long as the receive buffer has room. An arrival that found
     /// the buffer full left its data with the socket: whoever empties the buffer calls this.
     void TakeArrivedData();
@@ -73,3 +86,6 @@ void LoadSocketForm(bool load);
 /// The most that the receive buffer takes before the socket has to wait, in bytes. A token longer
 /// than this is refused: no reply is, and a server that sends one would take all memory.
 constexpr qsizetype maximumBacklogBytes = 32 * 1024 * 1024;
+/// The same while a reply of bytes is read. It has no tokens that must fit, and what has gathered,
+/// as behind an open box, is handed over as one piece.
+constexpr qsizetype maximumPieceBytes = 4 * 1024 * 1024;

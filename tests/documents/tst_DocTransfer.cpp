@@ -31,6 +31,8 @@ private Q_SLOTS:
     void whatIsShownWhileItComes();
     void theTypeThatCannotBeUsedIsNotShown();
     void theReceiveLog();
+    void theReceiveLogStaysShort();
+    void itDoesNotBlinkWhileTheServerIsContacted();
     void zerosAheadOfTheLength();
     void anOlderFileIsReplaced();
     void typesThatNothingOpens_data();
@@ -163,10 +165,18 @@ void tst_DocTransfer::whatIsShownWhileItComes()
         [&] {
             seen = {TextOf(window, "lblProgress"), TextOf(window, "lblFileType"),
                     QString::number(window->findChild<QProgressBar *>()->value())};
-            court->Send(body.mid(4'000) + DocumentTail);
+            court->Send(body.mid(4'000, 4'000));
         });
+    desk->When([this] { return window && window->List2.ListCount() == 2; },
+               [&] {
+                   seen += {TextOf(window, "lblProgress"),
+                            QString::number(window->findChild<QProgressBar *>()->value())};
+                   court->Send(body.mid(8'000) + DocumentTail);
+               });
     Retrieve();
-    QCOMPARE(seen, (QStringList{u"  Progress: (40%)"_s, u"File Type: TIF"_s, u"40"_s}));
+    // The words say how far it was before.
+    QCOMPARE(seen, (QStringList{u"  Progress: (1%)"_s, u"File Type: TIF"_s, u"40"_s,
+                                u"  Progress: (40%)"_s, u"80"_s}));
     QCOMPARE(desk->Documents(), QStringList{DocumentFileName() + u".tif"_s});
 }
 
@@ -201,6 +211,48 @@ void tst_DocTransfer::theReceiveLog()
     const qsizetype bytes = DocumentHead(8).size() + 4;
     QCOMPARE(log, QStringList{u"10:00:00Rx:   Len:"_s + QString::number(bytes)});
     QCOMPARE(last, bytes);
+}
+
+/// Ten thousand lines and one; then it begins again.
+void tst_DocTransfer::theReceiveLogStaysShort()
+{
+    court->Expect(DocumentRequest()).ReplyBytes(DocumentHead(8) + "body");
+    QList<int> lines;
+    desk->When([this] { return window && window->List2.ListCount() == 1; },
+               [this] {
+                   while (window->List2.ListCount() < 10'000)
+                       window->List2.AddItem(u"another"_s);
+                   court->Send("bo");
+               });
+    desk->When([this] { return window && window->List2.ListCount() > 10'000; },
+               [&] {
+                   lines.append(window->List2.ListCount());
+                   court->Send("d");
+               });
+    desk->When([&] { return !lines.isEmpty() && window && window->List2.ListCount() != lines[0]; },
+               [&] {
+                   lines.append(window->List2.ListCount());
+                   court->Send("y" + DocumentTail);
+               });
+    Retrieve();
+    QCOMPARE(lines, (QList<int>{10'001, 1}));
+}
+
+void tst_DocTransfer::itDoesNotBlinkWhileTheServerIsContacted()
+{
+    court->Expect(DocumentRequest()).ReplyBytes(DocumentReply("body")).Late();
+    bool blinks = true;
+    desk->When(
+        [this] {
+            return court->OwesAnswer() && TextOf(window, "lblStatus").contains(u"Contacting");
+        },
+        [&] {
+            blinks = window->tmrBlink->isActive()
+                     || window->findChild<QWidget *>(u"lblStatus"_s)->isHidden();
+            court->AnswerNow();
+        });
+    Retrieve();
+    QVERIFY(!blinks);
 }
 
 void tst_DocTransfer::zerosAheadOfTheLength()

@@ -2,11 +2,31 @@
 
 #include "documents/DocumentHead.h"
 #include "support/HalvaneTest.h"
+#include "support/ProcessorTime.h"
 #include "support/TestFolder.h"
 
 #include <QTest>
 
+#include <algorithm>
+#include <limits>
+
 using namespace Qt::StringLiterals;
+
+namespace {
+/// The least of three, in seconds of processor time.
+double costOfStripping(const QByteArray &piece)
+{
+    double least = std::numeric_limits<double>::max();
+    for (int i = 0; i < 3; ++i) {
+        const double start = ProcessorSeconds();
+        const QByteArray left = StripSearchingNotices(piece);
+        least = std::min(least, ProcessorSeconds() - start);
+        if (left != "rest")
+            return std::numeric_limits<double>::max();
+    }
+    return least;
+}
+} // namespace
 
 class tst_DocumentHead : public QObject
 {
@@ -21,6 +41,8 @@ private Q_SLOTS:
     void whatIsOpened();
     void notices_data();
     void notices();
+    void manyNotices_data();
+    void manyNotices();
     void aHeadAtTheStartOfAText_data();
     void aHeadAtTheStartOfAText();
 };
@@ -147,6 +169,33 @@ void tst_DocumentHead::notices()
     QFETCH(bool, is);
     QCOMPARE(MarksIn(piece).Searching, is);
     QTEST(StripSearchingNotices(piece), "left");
+}
+
+void tst_DocumentHead::manyNotices_data()
+{
+    QTest::addColumn<QByteArray>("notice");
+    QTest::addColumn<QByteArray>("last");
+    const QByteArray ofCourt = "|Searching~A Superior Court~|";
+    const QByteArray ofDocuments = "|Searching~A For Documents~|";
+    QTest::newRow("of a court") << ofCourt << QByteArray();
+    QTest::newRow("of documents") << ofDocuments << QByteArray();
+    QTest::newRow("ends alone, and one notice") << QByteArray(" For Documents~|") << ofDocuments;
+    QTest::newRow("of a court, one of documents") << ofCourt << ofDocuments;
+}
+
+/// A court that sends nothing else must not hold up the program: eight times as much costs about
+/// eight times as much.
+void tst_DocumentHead::manyNotices()
+{
+    QFETCH(QByteArray, notice);
+    QFETCH(QByteArray, last);
+    constexpr qsizetype megabyte = 1024 * 1024;
+    const auto costOf = [&](qsizetype bytes) {
+        return costOfStripping(notice.repeated(bytes / notice.size()) + last + "rest");
+    };
+    const double one = costOf(megabyte);
+    const double eight = costOf(8 * megabyte);
+    QVERIFY2(eight < 0.05 + 24 * one, qPrintable(u"%1 s and %2 s"_s.arg(one).arg(eight)));
 }
 
 void tst_DocumentHead::aHeadAtTheStartOfAText_data()

@@ -44,10 +44,16 @@ private Q_SLOTS:
     void starsBeginAgain();
     void theTimes();
     void aFailureIsShownOnce();
+    void aHeadThatIsNeverSeen();
     void aDeniedFileHasItsOwnWords();
     void aStopIsNoFailure();
+    void aRequestThatCannotBeSent();
+    void aStopWhileItIsSaved();
+    void nothingIsLeftInTheBuffer();
+    void whoeverWantsToLeave();
     void aJobThatIsGivenUpEndsByItsOwnRules();
     void aJobThatIsGivenUpBeforeItsTurn();
+    void aJobThatIsGivenUpAsItsDocumentEnds();
 
 private:
     void run();
@@ -171,6 +177,19 @@ void tst_DocumentJob::aFailureIsShownOnce()
              u"Status: Document Retrieval Failed. Please try again at a later time."_s);
 }
 
+/// Until the court says its length it is what so many pages have. What is shorter is not written.
+void tst_DocumentJob::aHeadThatIsNeverSeen()
+{
+    court->Expect(DocumentRequest()).ReplyBytes("no head");
+    desk->When([this] { return job->Status.Text == u"Status: Retrieving Document."; },
+               [this] { court->Send("and no document" + DocumentTail); });
+    run();
+    QCOMPARE(listener.said, QStringList{u"failure"_s});
+    QVERIFY(desk->Folder.Logged(u"All document data received."_s));
+    QVERIFY(!desk->Folder.Logged(u"Writing Document to File.."_s));
+    QVERIFY(!desk->Folder.Logged(u"ERROR *** Document File was not written."_s));
+}
+
 void tst_DocumentJob::aDeniedFileHasItsOwnWords()
 {
     QVERIFY(QDir().mkpath(desk->Folder.Path(u"Reports/"_s + DocumentFileName() + u".PDF"_s)));
@@ -197,6 +216,61 @@ void tst_DocumentJob::aStopIsNoFailure()
     QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
 }
 
+/// Nothing has been retrieved, and nothing is about to be saved.
+void tst_DocumentJob::aRequestThatCannotBeSent()
+{
+    QStringList said;
+    connect(job, &Job::Changed, this, [&] { said.append(job->Status.Text); });
+    Global.bLoggedIn = true;
+    job->Timer1->start(1);
+    QVERIFY(LinkDesk::WaitUntil([this] { return isOver(); }));
+    QCOMPARE(listener.said, QStringList{u"failure"_s});
+    QCOMPARE(job->Transfer.List1.Lines(), QStringList());
+    QCOMPARE(said.filter(u"Saving"_s), QStringList());
+    QVERIFY(
+        said.contains(u"Status: Document Retrieval Failed. Please try again at a later time."_s));
+}
+
+/// All of it has come: it is kept, and nothing is opened.
+void tst_DocumentJob::aStopWhileItIsSaved()
+{
+    const QByteArray body = DocumentBody(2'000'000);
+    court->Expect(DocumentRequest()).ReplyBytes(DocumentReply(body));
+    desk->When([this] { return job->Status.Text == u"Status: Saving File to Reports Folder.."; },
+               [this] { job->Stop(); });
+    const QSignalSpy close(job, &DocumentJob::CloseWanted);
+    run();
+    QVERIFY(LinkDesk::WaitUntil([&] { return !close.isEmpty(); }));
+    QVERIFY(desk->Folder.Read(u"Reports/"_s + DocumentFileName() + u".PDF"_s) == body);
+    QVERIFY(desk->Folder.Logged(u"Document Retrieval Successful. "_s + DocumentLine()));
+    QVERIFY(!desk->Folder.Logged(u"Opening Document.."_s));
+    QCOMPARE(opened, QStringList());
+}
+
+/// What comes behind the end mark is nobody's.
+void tst_DocumentJob::nothingIsLeftInTheBuffer()
+{
+    court->Expect(DocumentRequest()).ReplyBytes(DocumentReply(DocumentBody(2'000'000)));
+    desk->When([this] { return job->Status.Text == u"Status: Saving File to Reports Folder.."; },
+               [] { Global.strRecvBuffer.Append("what nobody asked for"); });
+    run();
+    QCOMPARE(opened.size(), 1);
+    QVERIFY(Global.strRecvBuffer.IsEmpty());
+}
+
+void tst_DocumentJob::whoeverWantsToLeave()
+{
+    const QSignalSpy ended(job, &Job::Ended);
+    const QSignalSpy close(job, &DocumentJob::CloseWanted);
+    Global.bStopRequested = true;
+    job->Timer1->start(1);
+    QVERIFY(LinkDesk::WaitUntil([this] { return isOver(); }));
+    QCOMPARE(job->Status.Text, u"Search Stopped By User .. "_s);
+    QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
+    QCOMPARE(ended.size(), 1);
+    QCOMPARE(close.size(), 1);
+}
+
 /// The court is asked to stop, and what it still sends is nobody else's.
 void tst_DocumentJob::aJobThatIsGivenUpEndsByItsOwnRules()
 {
@@ -220,6 +294,21 @@ void tst_DocumentJob::aJobThatIsGivenUpBeforeItsTurn()
     job->GiveUp();
     QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
     QVERIFY(!job->Timer1->isActive());
+}
+
+/// Nothing is said to a court that has nothing to stop any more.
+void tst_DocumentJob::aJobThatIsGivenUpAsItsDocumentEnds()
+{
+    court->Expect(DocumentRequest()).ReplyBytes(DocumentHead(500) + "a part");
+    desk->When([this] { return job->Status.Text == u"Status: Retrieving Document."; },
+               [this] {
+                   const QByteArray rest = QByteArray(494, 'x') + DocumentTail;
+                   Global.strRecvBuffer.Append(rest);
+                   job->GiveUp();
+               });
+    run();
+    QCOMPARE(court->Requests().size(), 1);
+    QCOMPARE(opened, QStringList());
 }
 
 HALVANE_TEST(tst_DocumentJob)

@@ -33,6 +33,7 @@ private Q_SLOTS:
     void anyPieces_data();
     void anyPieces();
     void theEstimate();
+    void noEstimateOfWhatCameInOnePiece();
     void aHeadThatIsCutIsNotSeen_data();
     void aHeadThatIsCutIsNotSeen();
     void anEndThatIsCutIsNotSeen();
@@ -85,6 +86,15 @@ void tst_DocumentStream::theEstimate()
     QVERIFY(!stream.LengthKnown() && !stream.TypeKnown() && !stream.IsUsable());
     QCOMPARE(stream.FileLength(), 48'000);
     QCOMPARE(stream.FileType(), u"N/A"_s);
+}
+
+void tst_DocumentStream::noEstimateOfWhatCameInOnePiece()
+{
+    DocumentStream stream(3, manyNotices);
+    QCOMPARE(stream.FileLength(), 0);
+    takeAll(stream, {"something" + DocumentTail});
+    QVERIFY(!stream.LengthKnown());
+    QCOMPARE(stream.FileLength(), 0);
 }
 
 void tst_DocumentStream::aHeadThatIsCutIsNotSeen_data()

@@ -22,11 +22,11 @@ using Call = FailingDisk::Call;
 Q_DECLARE_METATYPE(Call)
 
 namespace {
-constexpr qsizetype bodyBytes = 1'200'000;
+constexpr qsizetype documentBytes = 1'200'000;
 
 const QByteArray &body()
 {
-    static const QByteArray bytes = DocumentBody(bodyBytes);
+    static const QByteArray bytes = DocumentBody(documentBytes);
     return bytes;
 }
 
@@ -34,8 +34,8 @@ const QByteArray &body()
 QByteArrayList pieces()
 {
     constexpr qsizetype size = 200'000;
-    QByteArrayList all{DocumentHead(bodyBytes)};
-    for (qsizetype at = 0; at < bodyBytes; at += size)
+    QByteArrayList all{DocumentHead(documentBytes)};
+    for (qsizetype at = 0; at < documentBytes; at += size)
         all.append(body().mid(at, size));
     all.append(DocumentTail);
     return all;
@@ -160,7 +160,8 @@ void tst_TransferDisk::anyCallFailsOnTheWayToAllDocuments()
         QCOMPARE(missing.isEmpty(), !failed);
         const QStringList files = desk->Documents(folder);
         for (const QString &file : files)
-            QVERIFY2(file == u"documents.csv" || desk->Document(folder + file).size() == bodyBytes,
+            QVERIFY2(file == u"documents.csv"
+                         || desk->Document(folder + file).size() == documentBytes,
                      qPrintable(file));
         if (!failed)
             break;

@@ -17,12 +17,12 @@ namespace {
 enum class Fault { Closed, Reset, Silent };
 
 const QDateTime aMorning({2026, 3, 10}, {10, 0, 0});
-constexpr qsizetype bodyBytes = 20'000;
+constexpr qsizetype sentBytes = 20'000;
 constexpr qsizetype places = 100;
 
 const QByteArray &reply()
 {
-    static const QByteArray whole = DocumentReply(DocumentBody(bodyBytes));
+    static const QByteArray whole = DocumentReply(DocumentBody(sentBytes));
     return whole;
 }
 
@@ -30,12 +30,12 @@ const QByteArray &reply()
 QList<qsizetype> cuts()
 {
     QList<qsizetype> all;
-    const qsizetype head = DocumentHead(bodyBytes).size();
+    const qsizetype head = DocumentHead(sentBytes).size();
     for (qsizetype at = 0; at <= head; ++at)
         all.append(at);
     for (qsizetype place = 1; place <= places; ++place)
-        all.append(head + place * bodyBytes / (places + 1));
-    for (qsizetype at = head + bodyBytes; at < reply().size(); ++at)
+        all.append(head + place * sentBytes / (places + 1));
+    for (qsizetype at = head + sentBytes; at < reply().size(); ++at)
         all.append(at);
     return all;
 }
@@ -94,7 +94,7 @@ void tst_TransferFaults::nextComes()
 {
     transfer([](FakeSocket *socket) { socket->Arrive(reply()); });
     QCOMPARE(desk->Documents(), QStringList{onlyFile()});
-    QVERIFY(desk->Document(onlyFile()) == DocumentBody(bodyBytes));
+    QVERIFY(desk->Document(onlyFile()) == DocumentBody(sentBytes));
     desk->Folder.Remove(u"Reports/"_s + onlyFile());
 }
 
@@ -147,7 +147,7 @@ void tst_TransferFaults::piecesOfAnySize_data()
 void tst_TransferFaults::piecesOfAnySize()
 {
     QFETCH(qsizetype, size);
-    const QByteArray body = DocumentBody(size == 1 ? 500 : bodyBytes);
+    const QByteArray body = DocumentBody(size == 1 ? 500 : sentBytes);
     QByteArrayList pieces{DocumentHead(body.size())};
     for (qsizetype at = 0; at < body.size(); at += size)
         pieces.append(body.mid(at, size));
@@ -171,7 +171,7 @@ void tst_TransferFaults::everyCutOfTheBody()
 /// It is not seen: the end mark ends the reading, and nothing can be saved.
 void tst_TransferFaults::aHeadThatIsCut()
 {
-    const QByteArray head = DocumentHead(bodyBytes);
+    const QByteArray head = DocumentHead(sentBytes);
     for (qsizetype at = 2; at < head.size() - 1; ++at) {
         ExpectFailureBox();
         transfer([&](FakeSocket *socket) {

@@ -31,6 +31,7 @@ private Q_SLOTS:
     void anotherLinkIsSomebodyElses();
     void withoutALink();
     void whatTheSocketHoldsIsTakenUp();
+    void lessGathersWhileBytesAreRead();
     void aTurnASecond();
     void itDoesNotSpin();
     void whatTakingThrowsComesThrough();
@@ -176,6 +177,29 @@ void tst_ReadBytes::whatTheSocketHoldsIsTakenUp()
     QCOMPARE(read(2), BytesStatus::Over);
     QCOMPARE(pieces.at(0).size(), maximumBacklogBytes);
     QCOMPARE(pieces.at(1), QByteArray("left behind"));
+}
+
+/// What has gathered, as behind an open box, is handed over as one piece.
+void tst_ReadBytes::lessGathersWhileBytesAreRead()
+{
+    QList<qint64> gathered;
+    socket->Arrive("the first");
+    const BytesStatus status = ReadBytes(
+        [&](const QByteArray &piece) {
+            if (gathered.isEmpty()) {
+                socket->Arrive(QByteArray(maximumPieceBytes, 'x'));
+                socket->Arrive("left behind");
+                gathered = {Global.strRecvBuffer.Size(), socket->BytesAvailable()};
+            }
+            return piece.endsWith("left behind");
+        },
+        [this] { return limit; });
+    QCOMPARE(status, BytesStatus::Over);
+    QCOMPARE(gathered, (QList<qint64>{maximumPieceBytes, 11}));
+    // A reply of tokens has its room again.
+    socket->Arrive(QByteArray(maximumPieceBytes, 'x'));
+    socket->Arrive("and more");
+    QCOMPARE(Global.strRecvBuffer.Size(), maximumPieceBytes + 8);
 }
 
 /// Whoever reads can show that it still waits. The clock stands still here, and real time is asked.
