@@ -2,7 +2,7 @@
 // be used or is refused, and what is cut out of it piece by piece is what cutting it whole gives.
 
 #include "documents/DocumentFile.h"
-#include "documents/DocumentItem.h"
+#include "documents/DocumentMemory.h"
 #include "documents/DocumentName.h"
 #include "documents/DocumentStream.h"
 
@@ -71,16 +71,19 @@ void checkTexts(const QByteArray &bytes)
     const QString name = BuildDocFileName(text);
     require(!name.contains(u'/') && !name.contains(u'.') && name.size() <= 200);
     require(!RetrievalRequest(text).contains(u'|'));
-    CellsOfDocument(text);
     DocumentStart start;
     start.Command = RetrieveHead.toString() + text;
     start.Description = text;
-    QList<DocumentItem> items = ItemsOf({start, start});
-    NameItems(items);
-    require(items[0].Name != items[1].Name);
-    FindPresent(QStringLiteral("/nowhere"), bytes, items);
-    FindPresent(QStringLiteral("/nowhere"), DocumentsCsv(items), items);
-    require(items[0].State == ItemState::Waiting);
+    DocumentStart other = start;
+    other.Command = RetrieveHead.toString() + QChar(u'x') + text;
+    QList<DocumentItem> items = ItemsOf({start, other});
+    for (const DocumentMemory &memory : {DocumentMemory(), DocumentMemory(bytes),
+                                         DocumentMemory(DocumentMemory(bytes).Csv(items))}) {
+        memory.NameItems(items);
+        require(items[0].Name.toLower() != items[1].Name.toLower());
+        memory.FindPresent(QStringLiteral("/nowhere"), items);
+        require(items[0].State == ItemState::Waiting);
+    }
 }
 } // namespace
 

@@ -17,6 +17,8 @@ namespace {
 constexpr qsizetype describing = 3;
 constexpr qsizetype countingPages = 2;
 constexpr qsizetype countingPagesInPierce = 1;
+constexpr qsizetype dating = 1;
+constexpr qsizetype datingInPierce = 0;
 
 /// What stands in place of a list of documents, by the first line of the reply.
 struct NoDocumentsRow
@@ -99,9 +101,9 @@ QString cellOf(const GridTable &table, qsizetype row, qsizetype column)
     return table.Rows[table.RowData.indexOf(table.RowData[row])].value(column);
 }
 
-qsizetype pagesColumnOf(const CaseRecord &record)
+bool isOfPierce(const CaseRecord &record)
 {
-    return record.txtCountyName.toLower() == u"pierce" ? countingPagesInPierce : countingPages;
+    return record.txtCountyName.toLower() == u"pierce";
 }
 
 /// The document that a row is of, whether or not it can be retrieved. Nothing where there is no
@@ -115,11 +117,14 @@ std::optional<DocumentStart> documentAt(const CaseRecord &record, int row)
     const QString line = record.DocumentLines.value(table.RowData[place]);
     if (line.isEmpty())
         return std::nullopt;
+    const bool pierce = isOfPierce(record);
     return DocumentStart{.Command = line,
                          .CaseNumber = record.txtCaseNumber,
                          .County = record.txtCountyName,
                          .Description = cellOf(table, place, describing),
-                         .PageCount = cellOf(table, place, pagesColumnOf(record)),
+                         .PageCount =
+                             cellOf(table, place, pierce ? countingPagesInPierce : countingPages),
+                         .Date = cellOf(table, place, pierce ? datingInPierce : dating),
                          .ClientMatterText = record.ClientAcctgCode};
 }
 } // namespace

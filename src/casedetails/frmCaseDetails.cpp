@@ -176,7 +176,15 @@ void frmCaseDetails::offerDocuments()
 {
     const QList<DocumentStart> shown = shownDocuments();
     retrieveDocument->setEnabled(DocumentOfRow(Record(), chosenDocumentRow()).has_value());
-    retrieveAllDocuments->setEnabled(std::any_of(shown.begin(), shown.end(), IsRetrievable));
+    retrieveAllDocuments->setEnabled(offersAll(shown));
+}
+
+/// All are offered of a whole list alone: what the folder then says of them would be taken for all
+/// that there are.
+bool frmCaseDetails::offersAll(const QList<DocumentStart> &shown) const
+{
+    return Record().Tab(CaseTab::Documents).TabDone
+           && std::any_of(shown.begin(), shown.end(), IsRetrievable);
 }
 
 /// The row is read first: when the login is through, another list may stand in the place of the one
@@ -184,9 +192,11 @@ void frmCaseDetails::offerDocuments()
 void frmCaseDetails::GridDocuments_DblClick(int row)
 {
     const RunScope scope(this);
-    const std::optional<DocumentStart> document = DocumentOfRow(Record(), row);
-    if (mayBegin(this) && document)
-        retrieve<frmDocTransfer>(*document);
+    std::optional<DocumentStart> document = DocumentOfRow(Record(), row);
+    if (!mayBegin(this) || !document)
+        return;
+    billToCodeInForce(*document);
+    retrieve<frmDocTransfer>(*document);
 }
 
 void frmCaseDetails::retrieveChosen()
@@ -198,17 +208,18 @@ void frmCaseDetails::retrieveChosen()
 void frmCaseDetails::retrieveAll()
 {
     const RunScope scope(this);
-    const QList<DocumentStart> shown = shownDocuments();
-    const bool some = std::any_of(shown.begin(), shown.end(), IsRetrievable);
-    if (some && mayBegin(this))
+    QList<DocumentStart> shown = shownDocuments();
+    if (!offersAll(shown) || !mayBegin(this))
+        return;
+    billToCodeInForce(shown);
+    if (!frmAllDocuments::GoOnWith(shown))
         retrieve<frmAllDocuments>(shown);
 }
 
 template<class Transfer, class Start>
-void frmCaseDetails::retrieve(Start start)
+void frmCaseDetails::retrieve(const Start &start)
 {
     try {
-        billToCodeInForce(start);
         NewWindow form(new Transfer);
         form->Take(start);
         form.GiveKey();

@@ -48,9 +48,10 @@ private:
     void GridDocuments_DblClick(int row);
     void retrieveChosen();
     void retrieveAll();
+    bool offersAll(const QList<DocumentStart> &shown) const;
     /// Starts a transfer in a window of its own.
     template<class Transfer, class Start>
-    void retrieve(Start start);
+    void retrieve(const Start &start);
     /// The documents of the list that are in sight, and the row that a command for one of them is
     /// about, counted as in the grid; 0 when none is.
     QList<DocumentStart> shownDocuments() const;

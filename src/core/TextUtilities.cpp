@@ -43,13 +43,6 @@ void wrap(const QString &text, const QString &indent,
     if (!line.isEmpty())
         lines.append(line);
 }
-
-bool isFileCharacter(QChar character)
-{
-    const char16_t c = character.unicode();
-    return c == u' ' || c == u'-' || c == u'_' || (c >= u'a' && c <= u'z')
-           || (c >= u'A' && c <= u'Z') || (c >= u'0' && c <= u'9');
-}
 } // namespace
 
 QString TrimBlanks(const QString &text)
@@ -116,11 +109,18 @@ void WrapTextByLength(const QString &text, int limit, QStringList &lines)
         text, {}, [&](const QString &line) { return line.size() <= limit; }, lines);
 }
 
+bool IsFileCharacter(QChar character)
+{
+    const char16_t c = character.unicode();
+    return c == u' ' || c == u'-' || c == u'_' || (c >= u'a' && c <= u'z')
+           || (c >= u'A' && c <= u'Z') || (c >= u'0' && c <= u'9');
+}
+
 QString StripToFileChars(const QString &text)
 {
     QString kept;
     for (const QChar character : text) {
-        if (isFileCharacter(character))
+        if (IsFileCharacter(character))
             kept += character;
         Yield();
     }

@@ -37,6 +37,9 @@ void WrapTextByWidth(const QString &text, double limit, const TextMeasure &textW
 /// limit is a line of its own.
 void WrapTextByLength(const QString &text, int limit, QStringList &lines);
 
+/// Whether StripToFileChars keeps it.
+bool IsFileCharacter(QChar character);
+
 /// Keeps blanks, "-", "_", letters and digits, for use as a file name. Yields to the event loop
 /// once for each character.
 QString StripToFileChars(const QString &text);

@@ -20,10 +20,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 constexpr QStringView listName = u"/documents.csv";
+constexpr QStringView windowClosed = u"It was stopped because the window was closed.";
 
 QString whatItIs(const DocumentItem &item)
 {
-    const QString both = CellsOfDocument(item.Start.Command).Date + u' ' + item.Start.Description;
+    const QString both = item.Start.Date + u' ' + item.Start.Description;
     return both.simplified();
 }
 
@@ -42,6 +43,7 @@ AllDocumentsJob::AllDocumentsJob() : Job(JobKindName::AllDocuments), Transfer(th
 void AllDocumentsJob::Take(const QList<DocumentStart> &starts)
 {
     items = ItemsOf(starts);
+    folder.clear();
     const DocumentStart first = starts.value(0);
     CaseNumber = first.CaseNumber;
     County = first.County;
@@ -68,7 +70,7 @@ QStringList AllDocumentsJob::Missing() const
 {
     QStringList lines;
     for (const DocumentItem &item : items) {
-        if (item.State == ItemState::Failed || item.State == ItemState::Unavailable)
+        if (item.State != ItemState::Waiting && !item.Reason.isEmpty())
             lines.append(whatItIs(item) + u": "_s + item.Reason);
     }
     if (listFailed)
@@ -94,7 +96,7 @@ void AllDocumentsJob::ProcessSearchRequests()
     if (DocumentItem *item = nextWaiting(); item && TransferWish() == Wish::Goes)
         retrieve(*item);
     if (TransferWish() != Wish::Goes)
-        failRest(ReasonOf(TransferEnd::NotWanted));
+        failRest(reasonNotWanted());
     writeList();
     if (nextWaiting())
         goOn();
@@ -104,9 +106,10 @@ void AllDocumentsJob::ProcessSearchRequests()
 
 void AllDocumentsJob::prepare()
 {
-    NameItems(items);
-    const QString ofCase = CaseFolder(County, CaseNumber);
-    FindPresent(ofCase, contentIfAny(ofCase + listName), items);
+    const QString ofCase = FolderOfCase();
+    memory = DocumentMemory(contentIfAny(ofCase + listName));
+    memory.NameItems(items);
+    memory.FindPresent(ofCase, items);
     folder = ofCase;
 }
 
@@ -141,10 +144,11 @@ void AllDocumentsJob::retrieve(DocumentItem &item)
 void AllDocumentsJob::note(DocumentItem &item, const TransferResult &result) const
 {
     if (result.End != TransferEnd::Saved) {
-        item.State = ItemState::Failed;
-        item.Reason = ReasonOf(result);
-        WriteAppInfo(u"ERROR *** All Documents: "_s + item.Name + u" Not Retrieved: "_s
-                     + item.Reason);
+        const QString reason = reasonOf(result);
+        item.Fail(reason);
+        const bool wanted = result.End != TransferEnd::NotWanted;
+        WriteAppInfo((wanted ? u"ERROR *** "_s : QString()) + u"All Documents: "_s + item.Name
+                     + u" Not Retrieved: "_s + reason);
         return;
     }
     item.State = ItemState::Retrieved;
@@ -170,18 +174,31 @@ void AllDocumentsJob::goOn()
 void AllDocumentsJob::failRest(const QString &reason)
 {
     for (DocumentItem &item : items) {
-        if (item.State != ItemState::Waiting)
-            continue;
-        item.State = ItemState::Failed;
-        item.Reason = reason;
+        if (item.State == ItemState::Waiting)
+            item.Fail(reason);
     }
+}
+
+QString AllDocumentsJob::reasonOf(const TransferResult &result) const
+{
+    return result.End == TransferEnd::NotWanted ? reasonNotWanted() : ReasonOf(result);
+}
+
+QString AllDocumentsJob::reasonNotWanted() const
+{
+    return TransferWish() == Wish::NobodyLooks ? windowClosed.toString()
+                                               : ReasonOf(TransferEnd::NotWanted);
 }
 
 void AllDocumentsJob::writeList()
 {
     try {
         CreateReportsFolder(folder);
-        listFailed = !ReplaceFileContent(folder + listName, DocumentsCsv(items));
+        FileReplacement list(folder + listName);
+        list.Write(memory.Csv(items));
+        // A slow disk would hold up the window behind each document.
+        list.Commit(FileReplacement::Survives::Crash);
+        listFailed = false;
     } catch (const RunTimeError &) {
         listFailed = true;
     }
@@ -208,6 +225,14 @@ void AllDocumentsJob::showEnd()
               whole ? StatusStyle::NormalBold : StatusStyle::TroubleBold);
 }
 
+void AllDocumentsJob::RetrieveOthers(const QList<DocumentStart> &starts)
+{
+    if (!IsOver() || IsGivenUp())
+        return;
+    Take(starts);
+    waitAgain();
+}
+
 void AllDocumentsJob::RetryFailed()
 {
     startAnew(ItemState::Failed);
@@ -223,9 +248,16 @@ void AllDocumentsJob::startAnew(ItemState state)
     if (!IsOver() || IsGivenUp() || CountOf(state) == 0)
         return;
     for (DocumentItem &item : items) {
-        if (item.State == state)
-            item.State = ItemState::Waiting;
+        if (item.State != state)
+            continue;
+        item.State = ItemState::Waiting;
+        item.Reason.clear();
     }
+    waitAgain();
+}
+
+void AllDocumentsJob::waitAgain()
+{
     StopRequested = false;
     txtMasterKey = MakeMasterKey();
     SetStatus(Kind().Pending.toString(), StatusStyle::NormalBold);
@@ -268,7 +300,7 @@ void AllDocumentsJob::GivenUp()
     Withdraw();
     if (CountOf(ItemState::Waiting) == 0)
         return;
-    failRest(u"It was stopped because the window was closed."_s);
+    failRest(windowClosed.toString());
     if (!folder.isEmpty())
         writeList();
 }

@@ -2,6 +2,7 @@
 
 #include "courts/CourtTable.h"
 #include "documents/DocumentItem.h"
+#include "documents/DocumentMemory.h"
 #include "jobs/Job.h"
 
 /// The retrieval of all documents of a case into a folder of its own, with a list of what came of
@@ -15,6 +16,8 @@ public:
     /// Takes what the starter hands over: the documents of one case, retrievable and not.
     void Take(const QList<DocumentStart> &starts);
 
+    /// Takes other documents of the same case once it is through, and retrieves these.
+    void RetrieveOthers(const QList<DocumentStart> &starts);
     /// Tries again what could not be had.
     void RetryFailed();
     /// Retrieves what was here already.
@@ -34,7 +37,9 @@ public:
     QString PresentFile() const { return presentFile; }
     /// Where they go; "" until the first turn.
     QString Folder() const { return folder; }
-    /// A line for each that is not here, with the reason.
+    /// Where the documents of its case go.
+    QString FolderOfCase() const { return CaseFolder(County, CaseNumber); }
+    /// A line for each that is not here, or not as it was asked for, with the reason.
     QStringList Missing() const;
     bool IsOver() const { return State() == JobState::Over; }
 
@@ -72,8 +77,12 @@ private:
     void finish();
     void showEnd();
     void startAnew(ItemState state);
+    void waitAgain();
+    QString reasonOf(const TransferResult &result) const;
+    QString reasonNotWanted() const;
 
     QList<DocumentItem> items;
+    DocumentMemory memory; ///< of earlier runs
     QString folder;
     QString presentFile;
     bool listFailed = false; ///< documents.csv could not be written

@@ -3,7 +3,6 @@
 #include "documents/DocumentTransfer.h"
 #include "records/DocumentStart.h"
 
-#include <QByteArray>
 #include <QList>
 #include <QString>
 
@@ -22,30 +21,26 @@ struct DocumentItem
     DocumentStart Start;
     ItemState State = ItemState::Waiting;
     QString Name; ///< of its file, without the type; no other document has it
-    QString File; ///< with the type, once it is known
+    QString File; ///< with the type, once it is here; kept while it is retrieved again
     qint64 Bytes = 0;
     QString Sha256;
     QString When;   ///< it was retrieved
-    QString Reason; ///< why it is not here
+    QString Reason; ///< why it is not here, or not the one that was asked for
 
     bool IsHere() const { return State == ItemState::Present || State == ItemState::Retrieved; }
+    /// A file of it is here, be it one that is being retrieved again.
+    bool HasFile() const { return !File.isEmpty(); }
+    /// It could not be had. What was here of it before is kept.
+    void Fail(const QString &reason);
 };
 
 /// Why a document is not here whose transfer ended so.
 QString ReasonOf(const TransferResult &result);
 QString ReasonOf(TransferEnd end);
 
-/// The documents of a list, in its order; those that cannot be had know it.
+/// The documents of a list, in its order; those that cannot be had know it. A line that comes twice
+/// asks for the same document, which is retrieved once.
 QList<DocumentItem> ItemsOf(const QList<DocumentStart> &starts);
 
-/// Gives each its file name, without its type: that of a single document, and a number behind it
-/// for a second one of the same name. Yields to the event loop.
-void NameItems(QList<DocumentItem> &items);
-
-/// The folder of a case beneath ReportsFolder(). Yields to the event loop.
+/// The folder of a case beneath ReportsFolder().
 QString CaseFolder(const QString &county, const QString &caseNumber);
-
-/// The list of all documents as a file of lines: what each is, and where, or why not.
-QByteArray DocumentsCsv(const QList<DocumentItem> &items);
-/// Marks those that such a list says are in the folder, and that are there with as many bytes.
-void FindPresent(const QString &folder, const QByteArray &csv, QList<DocumentItem> &items);

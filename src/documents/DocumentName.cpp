@@ -60,12 +60,3 @@ QString BuildDocFileName(const QString &line)
         return Clock::Current().Now().toString(u"MM-dd-yyyy_hhmmss"_s);
     }
 }
-
-DocumentCells CellsOfDocument(const QString &line)
-{
-    if (line.isEmpty())
-        return {};
-    const QStringList fields = line.split(line.back());
-    const qsizetype first = line.contains(RetrieveHead) ? 1 : 0;
-    return {fields.value(first + 1), fields.value(first + 2), fields.value(first + 3)};
-}

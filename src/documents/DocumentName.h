@@ -19,13 +19,3 @@ void CreateReportsFolder(const QString &path);
 /// case, date, pages and description. Date and time of now when the line does not have them. Yields
 /// to the event loop for each character.
 QString BuildDocFileName(const QString &line);
-
-/// What the line of the list says of its document. A line of a document that cannot be retrieved
-/// has no command ahead of its cells.
-struct DocumentCells
-{
-    QString Date;
-    QString Pages;
-    QString Description;
-};
-DocumentCells CellsOfDocument(const QString &line);

@@ -1,15 +1,18 @@
 #include "documents/frmAllDocuments.h"
 
 #include "controls/MsgBox.h"
+#include "controls/WindowPlace.h"
 #include "core/GlobalState.h"
 #include "core/Platform.h"
 #include "documents/AllDocumentsJob.h"
 #include "session/LoginOffer.h"
+#include "session/frmMain.h"
 #include "ui_frmAllDocuments.h"
 
 #include <QDir>
 #include <QLocale>
 
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -21,6 +24,18 @@ QString sizeText(qint64 bytes)
 {
     return QLocale::system().formattedDataSize(bytes, 1, QLocale::DataSizeSIFormat);
 }
+
+/// The windows that there are.
+QList<frmAllDocuments *> &allWindows()
+{
+    static QList<frmAllDocuments *> windows;
+    return windows;
+}
+
+QString folderOf(const DocumentStart &start)
+{
+    return CaseFolder(start.County, start.CaseNumber);
+}
 } // namespace
 
 frmAllDocuments::frmAllDocuments(QWidget *parent) : frmAllDocuments(new AllDocumentsJob, parent) {}
@@ -30,6 +45,7 @@ frmAllDocuments::frmAllDocuments(AllDocumentsJob *ownJob, QWidget *parent)
       documentsJob(ownJob), ui(std::make_unique<Ui::frmAllDocuments>())
 {
     ui->setupUi(this);
+    allWindows().append(this);
     connect(ui->cmdClose, &QPushButton::clicked, this, [this] { Unload(UnloadMode::Code); });
     connect(ui->cmdOpenFolder, &QPushButton::clicked, this, &frmAllDocuments::cmdOpenFolder_Click);
     connect(ui->cmdRetryFailed, &QPushButton::clicked, this,
@@ -46,11 +62,49 @@ frmAllDocuments::frmAllDocuments(AllDocumentsJob *ownJob, QWidget *parent)
               .home = ui->cmdClose});
 }
 
-frmAllDocuments::~frmAllDocuments() = default;
+frmAllDocuments::~frmAllDocuments()
+{
+    allWindows().removeOne(this);
+}
 
 void frmAllDocuments::Take(const QList<DocumentStart> &starts)
 {
     documentsJob->Take(starts);
+    showCase();
+}
+
+bool frmAllDocuments::GoOnWith(const QList<DocumentStart> &starts)
+{
+    const QString folder = folderOf(starts.value(0));
+    const QList<frmAllDocuments *> &windows = allWindows();
+    const auto found =
+        std::find_if(windows.begin(), windows.end(), [&folder](const frmAllDocuments *one) {
+            // Some file systems do not tell capitals from small letters.
+            return !one->IsUnloaded()
+                   && one->documentsJob->FolderOfCase().compare(folder, Qt::CaseInsensitive) == 0;
+        });
+    if (found == windows.end())
+        return false;
+    (*found)->goOnWith(starts);
+    return true;
+}
+
+void frmAllDocuments::goOnWith(const QList<DocumentStart> &starts)
+{
+    const RunScope scope(this);
+    if (documentsJob->IsOver()) {
+        Global.bStopRequested = false;
+        documentsJob->RetrieveOthers(starts);
+        showCase();
+    }
+    if (frmMain *main = frmMain::Form())
+        main->ShowChildAgain(this);
+    else
+        BringToFront(this);
+}
+
+void frmAllDocuments::showCase()
+{
     setWindowTitle(u"Halvane - Case "_s + documentsJob->CaseNumber
                    + u" Retrieving All Documents.."_s);
     ui->lblCaseNo->setText(u"Case #: "_s + documentsJob->CaseNumber);

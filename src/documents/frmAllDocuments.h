@@ -27,6 +27,11 @@ public:
     /// Takes what the starter hands over: the documents of one case, retrievable and not.
     void Take(const QList<DocumentStart> &starts);
 
+    /// Shows the window that is there already for the case of these documents: two of them would
+    /// each write the list of the folder as if there were no other. One that is through retrieves
+    /// these; one that is not goes on with its own. False when there is none.
+    static bool GoOnWith(const QList<DocumentStart> &starts);
+
 protected:
     void ShowState() override;
     bool QueryUnload(UnloadMode mode) override;
@@ -34,6 +39,8 @@ protected:
 
 private:
     explicit frmAllDocuments(AllDocumentsJob *ownJob, QWidget *parent);
+    void goOnWith(const QList<DocumentStart> &starts);
+    void showCase();
     void showDocuments();
     void showCommands();
     void again(void (AllDocumentsJob::*what)());

@@ -11,5 +11,6 @@ struct DocumentStart
     QString County;      ///< as the case window shows it
     QString Description; ///< the cell of the row's column 3
     QString PageCount;   ///< the cell that counts the pages, as it stands
+    QString Date;        ///< the cell that dates it, as it stands
     QString ClientMatterText;
 };

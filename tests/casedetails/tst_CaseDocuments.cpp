@@ -1,11 +1,9 @@
 #include "casedetails/DocumentsDesk.h"
-#include "documents/frmAllDocuments.h"
 #include "link/Comm.h"
 #include "session/frmLogin.h"
 #include "support/HalvaneTest.h"
 
 #include <QDialog>
-#include <QDir>
 #include <QScrollBar>
 
 namespace {
@@ -48,23 +46,7 @@ private Q_SLOTS:
     void theMenuHasTheCommandsAheadOfTheOthers();
     void theMenuOffersWhatItCanDo();
     void theMenuStartsATransfer();
-    void theMenuStartsAllOfThem();
-    void allOfThemAreThoseInSight();
-    void allOfThemNeedALogin();
     void nothingIsOfferedWhereThereIsNothing();
-
-private:
-    static frmAllDocuments *all()
-    {
-        const QWidgetList windows = QApplication::topLevelWidgets();
-        for (QWidget *window : windows) {
-            if (auto *one = qobject_cast<frmAllDocuments *>(window))
-                return one;
-        }
-        return nullptr;
-    }
-    /// Retrieves all that the menu would, and gives the files that are there then.
-    QStringList filesOfAll(const CaseWindow *window);
 };
 
 /// The run is on the stack while this happens, so each step waits for the one before it.
@@ -485,53 +467,6 @@ void tst_CaseDocuments::theMenuStartsATransfer()
     QCOMPARE(transfers().first()->txtDocRetrievalString, rowOf(3, u"Answer"_s));
 }
 
-QStringList tst_CaseDocuments::filesOfAll(const CaseWindow *window)
-{
-    actionOf(window, u"mnuDocRetrieveAll"_s)->trigger();
-    frmAllDocuments *transfer = all();
-    if (!transfer)
-        return {u"no window"_s};
-    letGo(transfer);
-    const QPushButton *stop = ButtonOf(transfer, "cmdStop");
-    LinkDesk::WaitUntil([stop] { return !stop->isEnabled() && !Global.bSearchInProgress; });
-    return QDir(desk->Folder.Path(u"Reports/King 02-1-00123-4"_s))
-        .entryList(QDir::Files, QDir::Name);
-}
-
-void tst_CaseDocuments::theMenuStartsAllOfThem()
-{
-    const frmCaseDetails *window = listing();
-    court->Expect(requestOf(1, u"Complaint"_s)).ReplyBytes(DocumentReply("%PDF", "pdf"));
-    court->Expect(requestOf(3, u"Answer"_s)).ReplyBytes(DocumentReply("%PDF 2", "pdf"));
-    QCOMPARE(
-        filesOfAll(window),
-        (QStringList{u"King 02-1-00123-4 01-02-2003 5 Pgs  Answer.pdf"_s,
-                     u"King 02-1-00123-4 01-02-2003 5 Pgs  Complaint.pdf"_s, u"documents.csv"_s}));
-    // What cannot be had is in the list, with the reason.
-    QVERIFY(desk->Folder.Read(u"Reports/King 02-1-00123-4/documents.csv"_s).contains("Sealed"));
-    QVERIFY(opened.isEmpty());
-}
-
-void tst_CaseDocuments::allOfThemAreThoseInSight()
-{
-    const frmCaseDetails *window = listing();
-    gridOf(window)->Tools()->Filter()->SetText(u"answer"_s);
-    court->Expect(requestOf(3, u"Answer"_s)).ReplyBytes(DocumentReply("%PDF", "pdf"));
-    QCOMPARE(filesOfAll(window), (QStringList{u"King 02-1-00123-4 01-02-2003 5 Pgs  Answer.pdf"_s,
-                                              u"documents.csv"_s}));
-    QVERIFY(!desk->Folder.Read(u"Reports/King 02-1-00123-4/documents.csv"_s).contains("Sealed"));
-}
-
-void tst_CaseDocuments::allOfThemNeedALogin()
-{
-    const frmCaseDetails *window = listing();
-    Global.bLoggedIn = false;
-    desk->Boxes.Expect(notLoggedIn, notLoggedInTitle, MsgIcon::Exclamation, MsgAnswer::No);
-    actionOf(window, u"mnuDocRetrieveAll"_s)->trigger();
-    QVERIFY(!all());
-    QCOMPARE(desk->Boxes.Answered(), 1);
-}
-
 /// Nobody is asked to log in for nothing.
 void tst_CaseDocuments::nothingIsOfferedWhereThereIsNothing()
 {
@@ -543,7 +478,7 @@ void tst_CaseDocuments::nothingIsOfferedWhereThereIsNothing()
     gridOf(window)->Tools()->Menu()->hide();
     actionOf(window, u"mnuDocRetrieveAll"_s)->setEnabled(true);
     actionOf(window, u"mnuDocRetrieveAll"_s)->trigger();
-    QVERIFY(!all());
+    QVERIFY(frmQueue::Form().FIFO.Lines().isEmpty());
 }
 
 HALVANE_TEST(tst_CaseDocuments)

@@ -1,15 +1,15 @@
 #include "documents/DocumentLines.h"
 
-QString DocumentLine(const QString &pages, const QString &description)
+QString DocumentLine(const QString &pages, const QString &description, const QString &place)
 {
-    return u"RETRIEVEDOC="_s + DocumentRequest(pages, description);
+    return u"RETRIEVEDOC="_s + DocumentRequest(pages, description, place);
 }
 
-QString DocumentRequest(const QString &pages, const QString &description)
+QString DocumentRequest(const QString &pages, const QString &description, const QString &place)
 {
     return u"WASUPDOC¦GETDOC¦King¦02-2-00123-4¦"_s
-           u"77¦~1~01/02/2003~"_s
-           + pages + u'~' + description + u'~';
+           u"77¦~"_s
+           + place + u"~01/02/2003~"_s + pages + u'~' + description + u'~';
 }
 
 QString DocumentFileName(const QString &pages, const QString &description)
@@ -17,13 +17,14 @@ QString DocumentFileName(const QString &pages, const QString &description)
     return u"King 02-2-00123-4 01-02-2003 "_s + pages + u" Pgs  "_s + description;
 }
 
-DocumentStart StartOf(const QString &pages, const QString &description)
+DocumentStart StartOf(const QString &pages, const QString &description, const QString &place)
 {
-    return {.Command = DocumentLine(pages, description),
+    return {.Command = DocumentLine(pages, description, place),
             .CaseNumber = u"02-2-00123-4"_s,
             .County = u"King"_s,
             .Description = description,
             .PageCount = pages,
+            .Date = u"01/02/2003"_s,
             .ClientMatterText = {}};
 }
 

@@ -19,7 +19,6 @@ private Q_SLOTS:
     void theName();
     void noNameIsTooLong();
     void whatIsAskedFor();
-    void theCellsOfALine();
     void theFolderIsMade();
     void aFolderThatCannotBeMade();
 };
@@ -72,17 +71,6 @@ void tst_DocumentName::whatIsAskedFor()
     QCOMPARE(RetrievalRequest(DocumentLine()), DocumentRequest());
     QCOMPARE(RetrievalRequest(u"RETRIEVEDOC=a|b"_s), u"ab"_s);
     QCOMPARE(RetrievalRequest(u"a"_s), u"a"_s);
-}
-
-void tst_DocumentName::theCellsOfALine()
-{
-    const DocumentCells cells = CellsOfDocument(DocumentLine());
-    QCOMPARE(cells.Date, u"01/02/2003"_s);
-    QCOMPARE(cells.Pages, u"5"_s);
-    QCOMPARE(cells.Description, u"COMPLAINT"_s);
-    QCOMPARE(CellsOfDocument(u"1~01/02/2003~3~SEALED~"_s).Description, u"SEALED"_s);
-    QCOMPARE(CellsOfDocument(QString()).Date, QString());
-    QCOMPARE(CellsOfDocument(u"~"_s).Date, QString());
 }
 
 void tst_DocumentName::theFolderIsMade()

@@ -9,6 +9,7 @@
 #include "jobs/ListBox.h"
 #include "jobs/frmQueue.h"
 #include "link/Router.h"
+#include "support/DiskWaits.h"
 #include "support/FakeSocket.h"
 #include "support/HalvaneTest.h"
 
@@ -50,6 +51,7 @@ private Q_SLOTS:
     void anyCallFails();
     void anyCallFailsOnTheWayToAllDocuments_data();
     void anyCallFailsOnTheWayToAllDocuments();
+    void nothingWaitsForTheDisk();
 
 private:
     void connectAgain();
@@ -175,6 +177,22 @@ void tst_TransferDisk::anyCallFailsOnTheWayToAllDocuments()
         QVERIFY(QDir(desk->Folder.Path(u"Reports/"_s + folder)).removeRecursively());
     }
     QCOMPARE(desk->Documents(folder).size(), 3);
+}
+
+/// A slow one would hold up the window behind each document: all of it can be had again.
+void tst_TransferDisk::nothingWaitsForTheDisk()
+{
+    const int before = DiskWaits();
+    transfer();
+    connectAgain();
+    frmAllDocuments all;
+    all.Take({StartOf(), StartOf(u"5"_s, u"ORDER"_s)});
+    DocumentDesk::Enqueue(&all);
+    DocumentDesk::Begin(&all);
+    QVERIFY(LinkDesk::WaitUntil(
+        [&all] { return !Global.bSearchInProgress && !all.Timer1->isActive(); }));
+    QCOMPARE(TextOf(&all, "lblStatus"), u"Status: 2 of 2 Documents Are Here."_s);
+    QCOMPARE(DiskWaits(), before);
 }
 
 HALVANE_TEST(tst_TransferDisk)

@@ -1,19 +1,32 @@
 #include "support/HalvaneTest.h"
 
+#include "support/DiskWaits.h"
+
 #include <QMap>
 
 #include <cstdio>
+
+namespace {
+int diskWaits = 0;
+}
+
+int DiskWaits()
+{
+    return diskWaits;
+}
 
 // A test never waits for a disk: its files are gone at its end, and only a machine that loses its
 // power would see the difference. Half the time of a test that saves settings went this way.
 extern "C" {
 int fsync(int /*file*/)
 {
+    ++diskWaits;
     return 0;
 }
 
 int fdatasync(int /*file*/)
 {
+    ++diskWaits;
     return 0;
 }
 }
