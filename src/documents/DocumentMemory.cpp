@@ -61,7 +61,7 @@ QString hashBefore(const DocumentItem &item)
 QStringList cellsOf(const DocumentItem &item)
 {
     const bool here = item.HasFile();
-    const bool untold = item.State == ItemState::Waiting && !here;
+    const bool waits = item.State == ItemState::Waiting && !here;
     return {item.File,
             item.Start.Date,
             item.Start.PageCount,
@@ -69,7 +69,7 @@ QStringList cellsOf(const DocumentItem &item)
             here ? QString::number(item.Bytes) : QString(),
             here ? item.Sha256 : QString(),
             here ? item.When : QString(),
-            untold ? u"It has not been asked for yet."_s : item.Reason,
+            waits ? u"It has not been asked for yet."_s : item.Reason,
             commandHash(item)};
 }
 

@@ -206,6 +206,7 @@ void tst_AllDocumentsAgain::whatWasHereStaysWhenItFails()
 {
     present({StartOf()});
     court->Expect(DocumentRequest()).ReplyBytes(DocumentHead(500) + "too short" + DocumentTail);
+    court->Expect(u"¦STOP"_s).ReplyBytes("|EOF~|");
     ButtonOf(all, "cmdRetrieveAgain")->click();
     RunAll();
     QCOMPARE(TextOf(all, "lblStatus"), u"Status: 1 of 1 Documents Are Here."_s);
