@@ -38,10 +38,7 @@ protected Q_SLOTS:
     }
 
 protected:
-    static QString documentsLine()
-    {
-        return u"WASUPDOC¦GETDOCTAB¦King¦02-1-00123-4¦"_s;
-    }
+    static QString documentsLine() { return u"WASUPDOC¦GETDOCTAB¦King¦02-1-00123-4¦"_s; }
     static QStringList definition()
     {
         return {u"TABNAME~Documents~"_s, u"TABDEF~Documents~"_s,
@@ -50,9 +47,8 @@ protected:
     /// What is asked for by the row of a document.
     static QString requestOf(int place, const QString &description)
     {
-        return u"WASUPDOC¦GETDOC¦King¦02-1-00123-4¦%1¦~%1~01/02/2003~5~%2~"_s
-            .arg(place)
-            .arg(description);
+        return u"WASUPDOC¦GETDOC¦King¦02-1-00123-4¦%1¦~%1~01/02/2003~5~%2~"_s.arg(place).arg(
+            description);
     }
     static QString rowOf(int place, const QString &description)
     {

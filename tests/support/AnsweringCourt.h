@@ -12,7 +12,8 @@ class ServerSocket;
 
 /// The court behind a FakeSocket that answers every request alike. One thing happens a turn of the
 /// event loop: a send is complete, or a token arrives, the end mark usually in two pieces. A
-/// request to stop it takes note of: the replies come all the same, as from a court that was nearly done.
+/// request to stop it takes note of: the replies come all the same, as from a court that was nearly
+/// done.
 class AnsweringCourt : public QObject
 {
     Q_OBJECT
