@@ -38,7 +38,7 @@ QByteArray contentIfAny(const QString &path)
 }
 } // namespace
 
-AllDocumentsJob::AllDocumentsJob() : Job(JobKindName::AllDocuments), Transfer(this) {}
+AllDocumentsJob::AllDocumentsJob() : TransferJob(JobKindName::AllDocuments) {}
 
 void AllDocumentsJob::Take(const QList<DocumentStart> &starts)
 {
@@ -276,11 +276,6 @@ void AllDocumentsJob::ShowStopped(StopCase stopCase)
     SetStatus(u"Search Stopped By User .. "_s);
 }
 
-QString AllDocumentsJob::StopRequest() const
-{
-    return Transfer.StopRequest();
-}
-
 /// A run that is on the stack ends in its own time.
 void AllDocumentsJob::StopDone()
 {
@@ -303,17 +298,4 @@ void AllDocumentsJob::GivenUp()
     failRest(windowClosed.toString());
     if (!folder.isEmpty())
         writeList();
-}
-
-TransferListener::Wish AllDocumentsJob::TransferWish() const
-{
-    if (StopRequested)
-        return Wish::Stopped;
-    return IsGivenUp() ? Wish::NobodyLooks : Wish::Goes;
-}
-
-void AllDocumentsJob::ShowTransferStatus(const QString &text)
-{
-    if (TransferWish() == Wish::Goes && text != Status.Text)
-        SetStatus(text);
 }

@@ -1,13 +1,12 @@
 #pragma once
 
-#include "courts/CourtTable.h"
 #include "documents/DocumentItem.h"
 #include "documents/DocumentMemory.h"
-#include "jobs/Job.h"
+#include "documents/TransferJob.h"
 
 /// The retrieval of all documents of a case into a folder of its own, with a list of what came of
 /// each. Each document has a turn of its own, so that other jobs come in between.
-class AllDocumentsJob : public Job, private TransferListener
+class AllDocumentsJob : public TransferJob
 {
     Q_OBJECT
 public:
@@ -43,30 +42,17 @@ public:
     QStringList Missing() const;
     bool IsOver() const { return State() == JobState::Over; }
 
-    QString lblState = CourtOf(CourtFamily::Superior).State.toString(); ///< no other has any
     QString CaseNumber;
     QString County;
-    QString sClientMatterText;
-    DocumentTransfer Transfer;
-
-Q_SIGNALS:
-    /// The court has a request: from here on the status changes by itself, and need not blink.
-    void Contacting();
 
 protected:
     void BeginTick() override;
     void ProcessSearchRequests() override;
     void ShowStopped(StopCase stopCase) override;
-    QString StopRequest() const override;
     void StopDone() override;
     void GivenUp() override;
 
 private:
-    Wish TransferWish() const override;
-    void ShowTransferStatus(const QString &text) override;
-    void TransferChanged() override { Q_EMIT Changed(); }
-    void TransferContacting() override { Q_EMIT Contacting(); }
-
     void prepare();
     DocumentItem *nextWaiting();
     void retrieve(DocumentItem &item);

@@ -12,7 +12,7 @@
 
 using namespace Qt::StringLiterals;
 
-DocumentJob::DocumentJob() : Job(JobKindName::Document), Transfer(this) {}
+DocumentJob::DocumentJob() : TransferJob(JobKindName::Document) {}
 
 void DocumentJob::Take(const DocumentStart &start)
 {
@@ -101,11 +101,6 @@ void DocumentJob::ShowStopped(StopCase stopCase)
     Q_EMIT CloseWanted();
 }
 
-QString DocumentJob::StopRequest() const
-{
-    return Transfer.StopRequest();
-}
-
 void DocumentJob::StopDone()
 {
     if (HasTurn())
@@ -120,17 +115,4 @@ void DocumentJob::GivenUp()
     // A run keeps its place until its reply has come: the next job would read what is left of it.
     if (!HasTurn())
         Withdraw();
-}
-
-TransferListener::Wish DocumentJob::TransferWish() const
-{
-    if (StopRequested)
-        return Wish::Stopped;
-    return IsGivenUp() ? Wish::NobodyLooks : Wish::Goes;
-}
-
-void DocumentJob::ShowTransferStatus(const QString &text)
-{
-    if (TransferWish() == Wish::Goes && text != Status.Text)
-        SetStatus(text);
 }
