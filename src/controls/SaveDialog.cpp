@@ -19,27 +19,25 @@ std::function<QString(const QString &)> &replacement()
 }
 } // namespace
 
-void AskWhereToSave(QWidget *parent, const QString &title, const QString &suggested,
-                    const QString &ending, QObject *context,
+void AskWhereToSave(QWidget *parent, const SaveQuestion &question, QObject *context,
                     const std::function<void(const QString &path)> &save)
 {
     if (replacement()) {
         const QPointer<QObject> waiting(context);
-        const QString path = replacement()(suggested);
+        const QString path = replacement()(question.Suggested);
         if (waiting && !path.isEmpty())
             save(path);
         return;
     }
     // It goes with its parent, which may be closed while it is up.
-    auto *dialog = new QFileDialog(parent, title);
+    auto *dialog = new QFileDialog(parent, question.Title);
     dialog->setObjectName(u"SaveDialog"_s);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
-    dialog->setNameFilters(
-        {ending.toUpper() + u" files (*."_s + ending + u')', u"All files (*)"_s});
-    dialog->setDefaultSuffix(ending);
-    dialog->setDirectory(QFileInfo(suggested).absolutePath());
-    dialog->selectFile(QFileInfo(suggested).fileName());
+    dialog->setNameFilters(question.Filters);
+    dialog->setDefaultSuffix(question.Ending);
+    dialog->setDirectory(QFileInfo(question.Suggested).absolutePath());
+    dialog->selectFile(QFileInfo(question.Suggested).fileName());
     QObject::connect(dialog, &QFileDialog::fileSelected, context, save);
     // A question like any other: no job begins under it, and the answer need not wait for one.
     QObject::connect(dialog, &QObject::destroyed, [hold = std::make_shared<TurnHold>()] {});

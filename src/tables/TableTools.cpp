@@ -177,8 +177,12 @@ void TableTools::ExportCsv()
 {
     const QString suggested =
         QDir(Global.strReportFolder).filePath(FileNameOf(caption()) + u".csv"_s);
-    AskWhereToSave(view->parentWidget(), exportTitle.toString(), suggested, u"csv"_s, this,
-                   [this](const QString &path) { writeCsv(path); });
+    AskWhereToSave(view->parentWidget(),
+                   {.Title = exportTitle.toString(),
+                    .Suggested = suggested,
+                    .Ending = u"csv"_s,
+                    .Filters = {u"CSV files (*.csv)"_s, u"All files (*)"_s}},
+                   this, [this](const QString &path) { writeCsv(path); });
 }
 
 void TableTools::writeCsv(const QString &path)

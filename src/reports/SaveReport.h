@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+
+class QWidget;
+
+/// Makes the lines of a report and writes them to `path`. Whatever fails, the user reads that the
+/// file could not be saved, and a file that was there before is as it was. True when it is written.
+bool SaveReport(QWidget *parent, const QString &path, const std::function<QStringList()> &lines);
+
+/// Asks where to save the report of a window with this caption, in the folder of reports. With the
+/// answer comes the call of `save`, unless the user does not want to or the window is gone by then.
+void AskWhereToSaveReport(QWidget *window, const QString &caption,
+                          const std::function<void(const QString &path)> &save);
