@@ -15,6 +15,7 @@
 #include "prefs/frmInfo.h"
 #include "prefs/frmNameSearchResultsHelp.h"
 #include "prefs/frmSearchHelp.h"
+#include "reports/SaveReport.h"
 #include "searchentry/RecentEntries.h"
 #include "searchentry/frmSearchWA.h"
 #include "session/SessionEvents.h"
@@ -81,6 +82,10 @@ void wireSession()
                      &frmNameSearchResultsHelp::ShowForm);
     QObject::connect(session, &SessionEvents::CaseHelpWanted, session,
                      &frmCaseDetailsHelp::ShowForm);
+    QObject::connect(session, &SessionEvents::SaveWanted, session, [](FormWindow *window) {
+        AskWhereToSaveReport(window, window->windowTitle(),
+                             [window](const QString &path) { window->PrintToFile(path); });
+    });
     QObject::connect(session, &SessionEvents::AboutWanted, session,
                      [] { ModalDialog<frmAbout>(frmMain::Form()).Run(); });
 }

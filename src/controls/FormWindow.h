@@ -29,9 +29,12 @@ public:
     /// True from the moment the window is gone for the user.
     bool IsUnloaded() const { return unloaded; }
 
-    /// Print what the window shows, on the printer that is set or into the file of this path. The
-    /// main window's menus reach any child by these. A window with nothing to print does nothing.
+    /// Whether there is a report of what the window shows. The main window's menus reach that of
+    /// any child by the two that follow; a window without one does nothing in them.
+    virtual bool HasReport() const { return false; }
+    /// Makes the report and shows it as it will be printed.
     virtual void PrintDirect() {}
+    /// Writes the report into the text file of this path.
     virtual void PrintToFile(const QString & /*path*/) {}
 
     /// The window that a widget is in: one of the screen's, or one inside the main window.

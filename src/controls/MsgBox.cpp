@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QMessageBox>
 #include <QPointer>
+#include <QPushButton>
 
 using namespace Qt::StringLiterals;
 
@@ -65,6 +66,23 @@ bool isGone(const QWidget *window)
     return form && form->IsUnloaded();
 }
 
+/// A message about a window that has gone is shown all the same.
+QWidget *parentFor(QWidget *window)
+{
+    return window && !isGone(window) ? window : QApplication::activeWindow();
+}
+
+void fill(QMessageBox *box, const QString &text, const QString &title, MsgIcon icon)
+{
+    QString shown = text;
+    shown.replace(u"\r\n"_s, u"\n"_s);
+    box->setObjectName(u"MsgBox"_s);
+    box->setTextFormat(Qt::PlainText);
+    box->setText(shown);
+    box->setWindowTitle(title.isEmpty() ? u"Halvane"_s : title);
+    box->setIcon(iconOf(icon));
+}
+
 MsgAnswer answerOf(QMessageBox::StandardButton button)
 {
     switch (button) {
@@ -84,17 +102,10 @@ MsgAnswer MsgBox(QWidget *parent, const QString &text, const QString &title, Msg
                  MsgIcon icon, const QObject *matter)
 {
     const ButtonSet set = buttonSet(buttons);
-    const bool parentGone = isGone(parent);
-    if (parentGone && buttons != MsgButtons::Ok)
+    if (isGone(parent) && buttons != MsgButtons::Ok)
         return answerOf(set.escape);
-    QString shown = text;
-    shown.replace(u"\r\n"_s, u"\n"_s);
-    ModalDialog<QMessageBox> box(parent && !parentGone ? parent : QApplication::activeWindow());
-    box->setObjectName(u"MsgBox"_s);
-    box->setTextFormat(Qt::PlainText);
-    box->setText(shown);
-    box->setWindowTitle(title.isEmpty() ? u"Halvane"_s : title);
-    box->setIcon(iconOf(icon));
+    ModalDialog<QMessageBox> box(parentFor(parent));
+    fill(&*box, text, title, icon);
     box->setStandardButtons(set.buttons);
     box->setEscapeButton(set.escape);
     if (matter)
@@ -105,6 +116,19 @@ MsgAnswer MsgBox(QWidget *parent, const QString &text, const QString &title, Msg
     // Rejected from outside, no button was pressed.
     QAbstractButton *pressed = box->clickedButton();
     return answerOf(pressed ? box->standardButton(pressed) : set.escape);
+}
+
+bool MsgBoxOffering(QWidget *parent, const QString &text, const QString &title, MsgIcon icon,
+                    const QString &offer)
+{
+    ModalDialog<QMessageBox> box(parentFor(parent));
+    fill(&*box, text, title, icon);
+    box->setStandardButtons(QMessageBox::Ok);
+    box->setDefaultButton(QMessageBox::Ok);
+    box->setEscapeButton(QMessageBox::Ok);
+    const QPushButton *offered = box->addButton(offer, QMessageBox::ActionRole);
+    box.Run();
+    return !box.IsGone() && box->clickedButton() == offered;
 }
 
 void SettleQuestions(const QObject *matter)

@@ -21,6 +21,10 @@ MsgAnswer MsgBox(QWidget *parent, const QString &text, const QString &title = {}
                  MsgButtons buttons = MsgButtons::Ok, MsgIcon icon = MsgIcon::Information,
                  const QObject *matter = nullptr);
 
+/// Shows a message that has, besides OK, a button with this caption. True when that was pressed.
+bool MsgBoxOffering(QWidget *parent, const QString &text, const QString &title, MsgIcon icon,
+                    const QString &offer);
+
 /// Takes away the questions about this matter, which has been settled without them: they answer as
 /// if they had been closed.
 void SettleQuestions(const QObject *matter);

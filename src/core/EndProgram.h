@@ -6,6 +6,9 @@
 /// event loop (a box, a wait for the server) further up the stack cannot keep the process alive.
 void EndProgram(int exitCode = 0);
 
+/// Something to be done just before EndProgram ends the process.
+void AtEndOfProgram(const std::function<void()> &duty);
+
 /// What EndProgram does in place of ending the process; an empty function restores the ending.
 /// For tests, which want to outlive the program they test.
 void ReplaceEndProgram(std::function<void(int)> ending);

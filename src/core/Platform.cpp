@@ -1,10 +1,12 @@
 #include "core/Platform.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QStandardPaths>
 
+#include <array>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -34,6 +36,31 @@ std::filesystem::path nativePath(const QString &path)
 }
 
 std::function<bool(const QString &)> shellInPlace;
+
+/// What the desktop answers when a mail could not be opened.
+struct MailFailure
+{
+    int code;
+    QStringView description;
+};
+constexpr int mailActionFailed = 4;
+constexpr std::array<MailFailure, 4> mailFailures{{
+    {1, u"The mail program was called wrongly"},
+    {2, u"File not found"},
+    {3, u"There is no mail program"},
+    {mailActionFailed, u"The mail program failed"},
+}};
+
+/// Nothing when the mail was opened.
+std::optional<RunTimeError> mailFailureOf(int code)
+{
+    if (code == 0)
+        return std::nullopt;
+    for (const MailFailure &failure : mailFailures)
+        if (failure.code == code)
+            return RunTimeError(code, failure.description.toString());
+    return RunTimeError(code, QStringLiteral("The mail program failed"));
+}
 
 #ifdef Q_OS_WIN
 bool openWithDesktop(const QString &path)
@@ -133,6 +160,40 @@ bool OpenByShell(const QString &path)
 void ReplaceShell(std::function<bool(const QString &)> shell)
 {
     shellInPlace = std::move(shell);
+}
+
+void ComposeMail(const MailDraft &draft, QObject *context,
+                 const std::function<void(const std::optional<RunTimeError> &)> &done)
+{
+    const QString program = QStandardPaths::findExecutable(QStringLiteral("xdg-email"));
+    const auto answer = [context, done](const std::optional<RunTimeError> &failure) {
+        QMetaObject::invokeMethod(
+            context, [done, failure] { done(failure); }, Qt::QueuedConnection);
+    };
+    if (program.isEmpty()) {
+        answer(RunTimeError::FileNotFound());
+        return;
+    }
+    // Of the process, not of the window: a mail program that is about to open outlives it.
+    auto *mailer = new QProcess(QCoreApplication::instance());
+    mailer->setStandardInputFile(QProcess::nullDevice());
+    mailer->setStandardOutputFile(QProcess::nullDevice());
+    mailer->setStandardErrorFile(QProcess::nullDevice());
+    QObject::connect(mailer, &QProcess::finished, mailer, &QObject::deleteLater);
+    QObject::connect(
+        mailer, &QProcess::finished, context, [done](int code, QProcess::ExitStatus status) {
+            done(mailFailureOf(status == QProcess::NormalExit ? code : mailActionFailed));
+        });
+    QObject::connect(mailer, &QProcess::errorOccurred, mailer,
+                     [mailer, answer](QProcess::ProcessError error) {
+                         if (error != QProcess::FailedToStart)
+                             return;
+                         answer(mailFailureOf(mailActionFailed));
+                         mailer->deleteLater();
+                     });
+    mailer->start(program, {QStringLiteral("--utf8"), QStringLiteral("--subject"), draft.Subject,
+                            QStringLiteral("--body"), draft.Body, QStringLiteral("--attach"),
+                            draft.Attachment, QStringLiteral("mailto:") + draft.Recipient});
 }
 
 QString UserIdText()

@@ -1,11 +1,15 @@
 #pragma once
 
+#include "core/RunTimeError.h"
+
 #include <QByteArray>
 #include <QString>
 
 #include <functional>
 #include <optional>
 #include <variant>
+
+class QObject;
 
 // What only one platform has, behind one small file.
 
@@ -28,6 +32,22 @@ bool OpenByShell(const QString &path);
 
 /// Who opens files in the shell's place; an empty function puts the shell back.
 void ReplaceShell(std::function<bool(const QString &path)> shell);
+
+/// A mail that the user still has to address and send.
+struct MailDraft
+{
+    QString Recipient;
+    QString Subject;
+    QString Body;
+    QString Attachment; ///< the path of a file, whose name is plain
+};
+
+/// Opens the draft in the mail program of the desktop, each part as an argument of its own, and
+/// returns at once. When the desktop has answered, `done` is called with what failed, unless
+/// `context` is gone by then: 53 when there is no mail program, otherwise the number that the
+/// desktop gave.
+void ComposeMail(const MailDraft &draft, QObject *context,
+                 const std::function<void(const std::optional<RunTimeError> &)> &done);
 
 /// The signed-in user's id as text, for names that two users must not share.
 QString UserIdText();

@@ -14,6 +14,8 @@ struct ColumnFormat
     /// The column that gives way: when the columns are wider than the page, it takes what the
     /// others leave.
     bool Yields = false;
+    /// A text that is wider is broken at this width; 0 for its own.
+    int WrapAt = 0;
 
     bool operator==(const ColumnFormat &) const = default;
 };
@@ -42,7 +44,7 @@ enum class BlockKind {
 struct ReportBlock
 {
     BlockKind Kind = BlockKind::Blank;
-    QStringList Cells;
+    QStringList Cells = {};
     int Table = -1; ///< of Report::Tables, for what stands in columns
 
     bool operator==(const ReportBlock &) const = default;

@@ -3,13 +3,29 @@
 #include "controls/MsgBox.h"
 #include "controls/SaveDialog.h"
 #include "core/GlobalState.h"
+#include "core/Platform.h"
 #include "core/RunTimeError.h"
 #include "reports/ReportFile.h"
+#include "reports/ReportMail.h"
 
+#include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
+#include <QPointer>
 #include <QWidget>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+/// True when the user wants to see the folder of the report.
+bool tellMailFailure(QWidget *parent, const RunTimeError &failure)
+{
+    return MsgBoxOffering(parent,
+                          u"Error sending email. Err: "_s + failure.Description() + u" #: "_s
+                              + QString::number(failure.Number()),
+                          u"Halvane - Email"_s, MsgIcon::Exclamation, u"Show &Folder"_s);
+}
+} // namespace
 
 bool SaveReport(QWidget *parent, const QString &path, const std::function<QStringList()> &lines)
 {
@@ -34,4 +50,15 @@ void AskWhereToSaveReport(QWidget *window, const QString &caption,
                     .Ending = u"txt"_s,
                     .Filters = {u"Text Files (*.txt)"_s, u"All Files (*.*)"_s}},
                    window, save);
+}
+
+void MailReport(QWidget *window, const QString &path, const QString &name)
+{
+    const QPointer<QWidget> parent(window);
+    // Of the program: whoever closed the window meanwhile still hears that no mail will come.
+    SendReport(path, name, QCoreApplication::instance(),
+               [parent, path](const std::optional<RunTimeError> &failure) {
+                   if (failure && tellMailFailure(parent, *failure))
+                       OpenByShell(QFileInfo(path).absolutePath());
+               });
 }

@@ -11,6 +11,10 @@ class QWidget;
 /// file could not be saved, and a file that was there before is as it was. True when it is written.
 bool SaveReport(QWidget *parent, const QString &path, const std::function<QStringList()> &lines);
 
+/// Opens a mail with the report that SaveReport has just written to `path`. When that fails the
+/// user reads why, and can have the folder shown in which the report is.
+void MailReport(QWidget *window, const QString &path, const QString &name);
+
 /// Asks where to save the report of a window with this caption, in the folder of reports. With the
 /// answer comes the call of `save`, unless the user does not want to or the window is gone by then.
 void AskWhereToSaveReport(QWidget *window, const QString &caption,

@@ -2,6 +2,8 @@
 
 #include <QObject>
 
+class FormWindow;
+
 /// The entries of the menu of courts.
 enum class CourtEntry { WaSuperior, WaDiscis, Oregon, Bankruptcy, Idaho };
 
@@ -23,6 +25,8 @@ Q_SIGNALS:
     /// Show the search form on these courts.
     void CourtWanted(CourtEntry court);
     void AboutWanted();
+    /// Ask where to save the report of this window, and save it there.
+    void SaveWanted(FormWindow *window);
     /// Help on a window of results.
     void ResultsHelpWanted();
     /// Help on a window of a case.

@@ -105,6 +105,7 @@ frmMain::frmMain()
     connect(ui->mdiArea, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow *window) {
         if (window)
             listActiveWindows();
+        offerReport();
     });
     Load();
 }
@@ -144,6 +145,8 @@ void frmMain::makeStatusBar()
 
 void frmMain::connectFileAndEdit()
 {
+    connect(ui->mnuFileSave, &QAction::triggered, this, &frmMain::mnuFileSave_Click);
+    connect(ui->mnuFilePrint, &QAction::triggered, this, &frmMain::mnuFilePrint_Click);
     connect(ui->mnuFileExit, &QAction::triggered, this, &frmMain::mnuFileExit_Click);
     connect(ui->mnuEditCut, &QAction::triggered, this, &frmMain::Cut);
     connect(ui->mnuEditCopy, &QAction::triggered, this, &frmMain::Copy);
@@ -173,6 +176,8 @@ void frmMain::connectMenus()
 
 void frmMain::connectToolBar()
 {
+    connect(ui->tbToolBar_Save, &QAction::triggered, ui->mnuFileSave, &QAction::trigger);
+    connect(ui->tbToolBar_Print, &QAction::triggered, ui->mnuFilePrint, &QAction::trigger);
     connect(ui->tbToolBar_Cut, &QAction::triggered, this, &frmMain::Cut);
     connect(ui->tbToolBar_Copy, &QAction::triggered, this, &frmMain::Copy);
     connect(ui->tbToolBar_Paste, &QAction::triggered, this, &frmMain::Paste);
@@ -238,6 +243,7 @@ void frmMain::ShowChild(FormWindow *child)
         frame->setWidget(nullptr);
         ui->mdiArea->removeSubWindow(frame);
         listActiveWindows();
+        offerReport();
         frame->deleteLater();
     });
     child->ensurePolished();
@@ -271,6 +277,29 @@ FormWindow *frmMain::ActiveChild() const
 {
     const QMdiSubWindow *active = ui->mdiArea->currentSubWindow();
     return active ? qobject_cast<FormWindow *>(active->widget()) : nullptr;
+}
+
+/// Saving and printing are there for a child that has a report.
+void frmMain::offerReport()
+{
+    const FormWindow *child = ActiveChild();
+    const bool offered = child && child->HasReport();
+    for (QAction *action :
+         {ui->mnuFileSave, ui->tbToolBar_Save, ui->mnuFilePrint, ui->tbToolBar_Print})
+        action->setEnabled(offered);
+}
+
+void frmMain::mnuFileSave_Click()
+{
+    FormWindow *child = ActiveChild();
+    if (child && child->HasReport())
+        Q_EMIT SessionEvents::Of().SaveWanted(child);
+}
+
+void frmMain::mnuFilePrint_Click()
+{
+    if (FormWindow *child = ActiveChild())
+        child->PrintDirect();
 }
 
 void frmMain::listActiveWindows()

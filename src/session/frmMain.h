@@ -80,6 +80,9 @@ private:
     void Activated();
     void ShowConnection(bool connected);
 
+    void offerReport();
+    void mnuFileSave_Click();
+    void mnuFilePrint_Click();
     void mnuFileExit_Click();
     void mnuConnnectionConnect_Click();
     void mnuConnectionDisConnect_Click();

@@ -3,7 +3,7 @@
 
 #include "core/GlobalState.h"
 #include "documents/DocumentDesk.h"
-#include "documents/FailingDisk.h"
+#include "support/FailingDisk.h"
 #include "documents/frmAllDocuments.h"
 #include "documents/frmDocTransfer.h"
 #include "jobs/ListBox.h"

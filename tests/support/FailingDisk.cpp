@@ -1,4 +1,4 @@
-#include "documents/FailingDisk.h"
+#include "support/FailingDisk.h"
 
 #include <array>
 #include <cerrno>
