@@ -1,5 +1,7 @@
 #include "records/RowTable.h"
 
+#include <cstring>
+
 namespace {
 /// Stands behind each cell of a row. No text has this byte in UTF-8.
 constexpr char cellEnd = '\xFF';
@@ -51,6 +53,21 @@ void RowTable::Clear()
 QString RowTable::Cell(int row, int column) const
 {
     return cellIn(at(row).cells, column);
+}
+
+void RowTable::ViewCells(int row, std::span<QByteArrayView> cells) const
+{
+    const char *from = at(row).cells.constData();
+    const char *const end = from + at(row).cells.size();
+    for (QByteArrayView &cell : cells) {
+        cell = {};
+        const auto left = static_cast<size_t>(end - from);
+        if (left == 0)
+            continue;
+        const auto *to = static_cast<const char *>(std::memchr(from, cellEnd, left));
+        cell = QByteArrayView(from, to - from);
+        from = to + 1;
+    }
 }
 
 void RowTable::SetCell(int row, int column, const QString &text)

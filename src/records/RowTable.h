@@ -1,10 +1,12 @@
 #pragma once
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QObject>
 #include <QString>
 #include <QStringList>
 
+#include <span>
 #include <vector>
 
 /// A column of a list, its width in twips.
@@ -34,6 +36,10 @@ public:
     QString Cell(int row, int column) const;
     void SetCell(int row, int column, const QString &text);
     QStringList Cells(int row) const;
+    /// The first cells of a row in UTF-8, as many as there is room for; empty ones for those that
+    /// it does not have. No text is made, for the sake of whoever goes through all rows. They are
+    /// good until the row changes.
+    void ViewCells(int row, std::span<QByteArrayView> cells) const;
     QString Key(int row) const;
 
     bool IsChecked(int row) const;

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <QString>
-#include <QStringList>
+#include "reports/ReportText.h"
 
-/// Writes the lines of a text report, replacing the file at `path`: Windows-1252, each line ended
-/// by CR LF. A line end or another control character within a line would make lines of its own, and
-/// is written as a blank. Throws error 70 or 61 with the old file as it was, see FileReplacement.
-void WriteReportFile(const QString &path, const QStringList &lines);
+#include <QString>
+
+/// Writes a text report, replacing the file at `path`. Throws error 70 or 61 with the old file as
+/// it was, see FileReplacement.
+void WriteReportFile(const QString &path, const ReportText &text);
 
 /// The name under which the report of a window is saved: its caption with each "/" turned into "-",
 /// and ".Txt" behind it.

@@ -3,6 +3,9 @@
 #include "reports/ResultsTables.h"
 
 #include <algorithm>
+#include <array>
+#include <numeric>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -32,16 +35,19 @@ struct ResultsHead
     bool Incomplete = false;
 };
 
-bool isMarkedArchived(const QString &number)
+bool isMarkedArchived(QByteArrayView number)
 {
-    return number.startsWith(u'*') || number.startsWith(u">>*");
+    return number.startsWith('*') || number.startsWith(">>*");
 }
 
 bool holdsArchived(const RowTable &rows)
 {
-    for (int row = 0; row < rows.Count(); ++row)
-        if (isMarkedArchived(rows.Cell(row, numberCell)))
+    std::array<QByteArrayView, numberCell + 1> cells;
+    for (int row = 0; row < rows.Count(); ++row) {
+        rows.ViewCells(row, cells);
+        if (isMarkedArchived(cells[numberCell]))
             return true;
+    }
     return false;
 }
 
@@ -151,17 +157,12 @@ void addRows(Report &report, const ReportedList &list, const TextMeasure &textWi
 
 // The text file
 
-int characterCount(const RowTable &rows, int cell)
+QStringList headLines(const ResultsRecord &record, const ResultsHead &head,
+                      const ReportSituation &situation)
 {
-    return static_cast<int>(longestCell(rows, cell).size());
-}
-
-void appendHead(QStringList &lines, const ResultsRecord &record, const ResultsHead &head,
-                const ReportSituation &situation)
-{
-    lines << head.Title << u" "_s << u" Date Printed: "_s + situation.DatePrinted
-          << u"    Sorted By: "_s + record.SortColumnName
-          << u"   Case Types: "_s + record.lblCaseTypeVals;
+    QStringList lines{head.Title, u" "_s, u" Date Printed: "_s + situation.DatePrinted,
+                      u"    Sorted By: "_s + record.SortColumnName,
+                      u"   Case Types: "_s + record.lblCaseTypeVals};
     QStringList counties;
     WrapTextByLength(record.txtCountyList, countyCharacters, counties);
     lines << u"     Court(s): "_s + counties.value(0);
@@ -175,47 +176,82 @@ void appendHead(QStringList &lines, const ResultsRecord &record, const ResultsHe
     for (const QString &warning : head.Warnings)
         lines << u" "_s << warning;
     lines << u" "_s;
+    return lines;
 }
 
-/// The cells of a line, each filled up to the width of its column, with two blanks between.
-QString joined(const QStringList &cells, const QList<int> &widths)
+/// The cells of the rows of a list, one row at a time.
+class RowReader
 {
-    QString line;
-    for (qsizetype i = 0; i < cells.size(); ++i) {
-        if (i > 0)
-            line += u"  ";
-        line += PadString(cells.at(i), widths.at(i));
+public:
+    explicit RowReader(const ReportedList &reported)
+        : list(reported), columns(ReportColumnsOf(list.Kind))
+    {
     }
-    return line;
+
+    size_t Columns() const { return columns.size(); }
+    /// The cells of this row in the order of the columns.
+    std::span<const QByteArrayView> Read(int row)
+    {
+        list.Rows->ViewCells(row, all);
+        for (size_t i = 0; i < columns.size(); ++i)
+            shown[i] = all[static_cast<size_t>(columns[i].Cell)];
+        return {shown.data(), columns.size()};
+    }
+    /// Any cell of the row that was read.
+    QString Cell(int cell) const { return QString::fromUtf8(all[static_cast<size_t>(cell)]); }
+
+private:
+    ReportedList list;
+    std::span<const ReportColumn> columns;
+    std::array<QByteArrayView, mostReportCells> all;
+    std::array<QByteArrayView, mostReportCells> shown;
+};
+
+/// The longest cell of each column, in characters.
+QList<int> columnWidths(RowReader reader, int rows)
+{
+    QList<int> widths(static_cast<qsizetype>(reader.Columns()));
+    for (int row = 0; row < rows; ++row) {
+        const std::span<const QByteArrayView> cells = reader.Read(row);
+        for (size_t i = 0; i < cells.size(); ++i) {
+            int &width = widths[static_cast<qsizetype>(i)];
+            // No text has more characters than bytes.
+            if (cells[i].size() > width)
+                width = std::max(width, static_cast<int>(CharacterCount(cells[i])));
+        }
+    }
+    return widths;
 }
 
-void appendRows(QStringList &lines, const ReportedList &list)
+/// The heads of the columns, each filled up to the width of its column.
+QString headLine(const ReportedList &list, const QList<int> &widths)
 {
-    const std::span<const ReportColumn> columns = ReportColumnsOf(list.Kind);
-    QList<int> widths;
     QStringList heads;
-    for (const ReportColumn &column : columns) {
-        widths.append(characterCount(*list.Rows, column.Cell));
-        heads.append(column.FileHead.toString());
-    }
-    const QString head = joined(heads, widths);
+    for (const ReportColumn &column : ReportColumnsOf(list.Kind))
+        heads.append(PadString(column.FileHead.toString(), widths.at(heads.size())));
+    return heads.join(u"  "_s);
+}
+
+void addRowLines(ReportText &text, const ReportedList &list)
+{
+    const int rows = list.Rows->Count();
+    RowReader reader(list);
+    const QList<int> widths = columnWidths(reader, rows);
+    const QString head = headLine(list, widths);
     const QString rule(head.size(), u'_');
-    lines << head << rule;
-    lines.reserve(lines.size() + list.Rows->Count());
-    for (int row = 0; row < list.Rows->Count(); ++row) {
-        const QStringList all = list.Rows->Cells(row);
-        QStringList cells;
-        cells.reserve(static_cast<qsizetype>(columns.size()));
-        for (const ReportColumn &column : columns)
-            cells.append(all.value(column.Cell));
-        lines << joined(cells, widths);
-        if (isIndex(list))
-            lines << QString(widths.first(), u' ') + u"     Case Title:   "_s
-                         + all.value(indexTitleCell) + u"    Effective Date:  "_s
-                         + all.value(indexDateCell)
-                  << u" "_s;
+    text.AddLine(head);
+    text.AddLine(rule);
+    text.Reserve(rows, std::accumulate(widths.begin(), widths.end(), 2 * widths.size()));
+    for (int row = 0; row < rows; ++row) {
+        text.AddCells(reader.Read(row), widths);
+        if (!isIndex(list))
+            continue;
+        text.AddLine(QString(widths.first(), u' ') + u"     Case Title:   "_s
+                     + reader.Cell(indexTitleCell) + u"    Effective Date:  "_s
+                     + reader.Cell(indexDateCell));
+        text.AddLine(u" "_s);
     }
-    lines << rule;
+    text.AddLine(rule);
 }
 } // namespace
 
@@ -247,15 +283,16 @@ Report ComposeResults(const ResultsRecord &record, const ReportedList &list,
     return report;
 }
 
-QStringList ResultsLines(const ResultsRecord &record, const ReportedList &list,
-                         const ReportSituation &situation)
+ReportText ResultsText(const ResultsRecord &record, const ReportedList &list,
+                       const ReportSituation &situation)
 {
     const ResultsHead head = headOf(record, list, situation);
-    QStringList lines;
-    appendHead(lines, record, head, situation);
-    appendRows(lines, list);
+    ReportText text(headLines(record, head, situation));
+    addRowLines(text, list);
     // The same sentence for every search: of an incomplete one the head has told.
-    lines << u" "_s << totalOf(list.Rows->Count(), false) << u" "_s;
-    AppendClosingLines(lines, situation.StopRequested);
-    return lines;
+    QStringList closing{u" "_s, totalOf(list.Rows->Count(), false), u" "_s};
+    AppendClosingLines(closing, situation.StopRequested);
+    for (const QString &line : std::as_const(closing))
+        text.AddLine(line);
+    return text;
 }

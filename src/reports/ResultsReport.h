@@ -3,6 +3,7 @@
 #include "core/TextUtilities.h"
 #include "records/ResultsRecord.h"
 #include "reports/Report.h"
+#include "reports/ReportText.h"
 
 /// The list of a search that is reported: its cases, or the people of one name.
 struct ReportedList
@@ -19,6 +20,6 @@ ReportedList CasesOf(const ResultsRecord &record);
 Report ComposeResults(const ResultsRecord &record, const ReportedList &list,
                       const ReportSituation &situation, const TextMeasure &textWidth);
 
-/// The same as lines of a text file.
-QStringList ResultsLines(const ResultsRecord &record, const ReportedList &list,
-                         const ReportSituation &situation);
+/// The same as a text file.
+ReportText ResultsText(const ResultsRecord &record, const ReportedList &list,
+                       const ReportSituation &situation);

@@ -19,6 +19,9 @@ struct ReportColumn
 /// a case and its effective date are no columns: they stand on a line under the row.
 std::span<const ReportColumn> ReportColumnsOf(ResultKind kind);
 
+/// A report needs no more cells of a row than these.
+inline constexpr size_t mostReportCells = 8;
+
 /// The cells of that line.
 inline constexpr int indexTitleCell = 4;
 inline constexpr int indexDateCell = 7;

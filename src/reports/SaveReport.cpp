@@ -27,10 +27,10 @@ bool tellMailFailure(QWidget *parent, const RunTimeError &failure)
 }
 } // namespace
 
-bool SaveReport(QWidget *parent, const QString &path, const std::function<QStringList()> &lines)
+bool SaveReport(QWidget *parent, const QString &path, const std::function<ReportText()> &text)
 {
     try {
-        WriteReportFile(path, lines());
+        WriteReportFile(path, text());
         return true;
     } catch (const RunTimeError &) {
         MsgBox(parent,

@@ -1,15 +1,16 @@
 #pragma once
 
+#include "reports/ReportText.h"
+
 #include <QString>
-#include <QStringList>
 
 #include <functional>
 
 class QWidget;
 
-/// Makes the lines of a report and writes them to `path`. Whatever fails, the user reads that the
+/// Makes the text of a report and writes it to `path`. Whatever fails, the user reads that the
 /// file could not be saved, and a file that was there before is as it was. True when it is written.
-bool SaveReport(QWidget *parent, const QString &path, const std::function<QStringList()> &lines);
+bool SaveReport(QWidget *parent, const QString &path, const std::function<ReportText()> &text);
 
 /// Opens a mail with the report that SaveReport has just written to `path`. When that fails the
 /// user reads why, and can have the folder shown in which the report is.

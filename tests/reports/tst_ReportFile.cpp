@@ -85,7 +85,7 @@ void tst_ReportFile::anOlderReportIsReplaced()
 {
     const TestFolder folder;
     folder.Write(u"r.txt"_s, "something longer than what comes\r\n");
-    WriteReportFile(folder.Path(u"r.txt"_s), {u"new"_s});
+    WriteReportFile(folder.Path(u"r.txt"_s), QStringList(u"new"_s));
     QCOMPARE(folder.Read(u"r.txt"_s), QByteArray("new\r\n"));
 }
 

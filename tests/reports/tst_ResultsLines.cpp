@@ -11,7 +11,7 @@
 namespace {
 QStringList linesOf(const ResultsRecord &record, const ReportSituation &situation = OnAMorning())
 {
-    return ResultsLines(record, CasesOf(record), situation);
+    return ResultsText(record, CasesOf(record), situation).Lines();
 }
 
 QStringList golden(const QString &name)
