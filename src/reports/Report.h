@@ -14,6 +14,8 @@ struct ColumnFormat
     /// The column that gives way: when the columns are wider than the page, it takes what the
     /// others leave.
     bool Yields = false;
+    /// Where its text is broken when that is before the end of the column; 0 for its whole width.
+    int WrapAt = 0;
 
     bool operator==(const ColumnFormat &) const = default;
 };
