@@ -260,8 +260,7 @@ bool PageLayout::endsBefore(const Writer &writer, qsizetype block) const
 bool PageLayout::endsBehindRow(const Writer &writer, qsizetype next) const
 {
     const bool isClosing = closing >= 0 && next > closing;
-    return next < end && !isClosing
-           && writer.Reaches(emptyLinesLeft * ruler->LineHeight(emptyLineFont));
+    return !isClosing && writer.Reaches(emptyLinesLeft * ruler->LineHeight(emptyLineFont));
 }
 
 qsizetype PageLayout::groupEnd(qsizetype block) const

@@ -1,5 +1,7 @@
 #pragma once
 
+inline constexpr int twipsPerPoint = 20;
+
 /// A sheet of paper, upright or not, in twips. The margins of a report are always the same.
 struct Paper
 {
