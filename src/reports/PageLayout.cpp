@@ -54,6 +54,8 @@ constexpr int emptyLinesLeft = 12;
 
 /// How far a rule stands out over the outer columns.
 constexpr int gridMargin = 40;
+/// Between a rule and the text below or above it.
+constexpr int gridPadding = 30;
 
 bool isKeptWithNext(BlockKind kind)
 {
@@ -370,6 +372,10 @@ void PageLayout::addGrid(QList<SetLine> &lines, const ReportBlock &block, int ta
         return;
     const int left = -gridMargin;
     const int right = qRound(places.last().Right()) + gridMargin;
+    for (PlacedText &text : lines.first().Texts)
+        text.BaseLine += gridPadding;
+    lines.first().Height += gridPadding;
+    lines.last().Height += gridPadding;
     for (SetLine &line : lines) {
         line.Rules.append({left, 0, left, line.Height});
         line.Rules.append({right, 0, right, line.Height});

@@ -236,6 +236,8 @@ void tst_PageLayout::yieldingColumnTakesWhatIsLeft()
                                                    letter.PrintableWidth());
     QCOMPARE(places[1].Left, 4050.0);
     QCOMPARE(places[1].Width, 2700.0);
+    QCOMPARE(places[1].WrapAt, 2620.0);
+    QCOMPARE(places[2].WrapAt, 4000.0);
     QCOMPARE(places[2].Left, 6800.0);
     QCOMPARE(places[2].Right(), 10800.0);
 }
@@ -509,15 +511,19 @@ void tst_PageLayout::gridLines()
                    && rule.Bottom == 1000 + bottom;
         });
     };
+    // A line of text has 30 above and below it.
     QVERIFY(hasRule(-40, 0, 4490, 0));
-    QVERIFY(hasRule(-40, 200, 4490, 200));
-    QVERIFY(hasRule(-40, 400, 4490, 400));
-    QVERIFY(hasRule(-40, 600, 4490, 600));
-    QVERIFY(hasRule(3025, 0, 3025, 200));
-    QVERIFY(hasRule(3025, 200, 3025, 400));
-    QVERIFY(!hasRule(3025, 400, 3025, 600));
-    QVERIFY(hasRule(-40, 400, -40, 600));
-    QVERIFY(hasRule(4490, 400, 4490, 600));
+    QVERIFY(hasRule(-40, 260, 4490, 260));
+    QVERIFY(hasRule(-40, 520, 4490, 520));
+    QVERIFY(hasRule(-40, 780, 4490, 780));
+    QVERIFY(hasRule(3025, 0, 3025, 260));
+    QVERIFY(hasRule(3025, 260, 3025, 520));
+    QVERIFY(!hasRule(3025, 520, 3025, 780));
+    QVERIFY(hasRule(-40, 520, -40, 780));
+    QVERIFY(hasRule(4490, 520, 4490, 780));
+    QCOMPARE(at(page, u"Name"_s), u"0,30"_s);
+    QCOMPARE(at(page, u"row 1"_s), u"0,290"_s);
+    QCOMPARE(at(page, u"its line"_s), u"0,550"_s);
 }
 
 void tst_PageLayout::noGridLinesUnlessWanted()
