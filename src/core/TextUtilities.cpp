@@ -19,10 +19,15 @@ std::function<void(const QString &)> errorBox;
 
 constexpr qsizetype masterKeyLength = 20;
 
+using Fits = std::function<bool(const QString &)>;
+
+/// Takes a line that has begun and is too long already; gives what is left of it.
+using BreakWord = std::function<QString(const QString &line)>;
+
 /// The one wrapping of both measures: `fits` says whether a line may stand, `indent` is what a
 /// continuation line begins with.
-void wrap(const QString &text, const QString &indent,
-          const std::function<bool(const QString &)> &fits, QStringList &lines)
+void wrap(const QString &text, const QString &indent, const Fits &fits, const BreakWord &breakWord,
+          QStringList &lines)
 {
     const QString trimmed = TrimBlanks(text);
     if (fits(trimmed)) {
@@ -30,18 +35,69 @@ void wrap(const QString &text, const QString &indent,
         return;
     }
     const QStringList words = trimmed.split(u' ');
-    QString line = words.first();
+    QString line = breakWord(words.first());
     for (const QString &word : words.mid(1)) {
         const QString extended = line + u' ' + word;
         if (fits(extended)) {
             line = extended;
         } else {
             lines.append(line);
-            line = indent + word;
+            line = breakWord(indent + word);
         }
     }
     if (!line.isEmpty())
         lines.append(line);
+}
+/// Whether a text may be broken before this place: a sign and what belongs to it stay together.
+bool isBetweenSigns(const QString &text, qsizetype at)
+{
+    return at >= text.size() || (!text[at].isLowSurrogate() && !text[at].isMark());
+}
+
+/// How many characters of `text`, from `from` on, make the longest line behind `head` that fits;
+/// one sign at least, since a limit that is less than a sign would have no end.
+qsizetype longestFit(const QString &text, qsizetype from, const QString &head, const Fits &fits)
+{
+    const auto lineFits = [&](qsizetype count) { return fits(head + text.mid(from, count)); };
+    const qsizetype most = text.size() - from;
+    qsizetype fitting = 0;
+    qsizetype tooMany = 1;
+    while (tooMany < most && lineFits(tooMany))
+        fitting = std::exchange(tooMany, tooMany * 2);
+    tooMany = std::min(tooMany, most + 1);
+    while (tooMany - fitting > 1) {
+        const qsizetype middle = fitting + (tooMany - fitting) / 2;
+        (lineFits(middle) ? fitting : tooMany) = middle;
+    }
+    while (fitting > 0 && !isBetweenSigns(text, from + fitting))
+        --fitting;
+    if (fitting > 0)
+        return fitting;
+    for (fitting = 1; !isBetweenSigns(text, from + fitting);)
+        ++fitting;
+    return fitting;
+}
+
+/// Appends a line that is one word in pieces that fit; gives the last one.
+QString breakInside(const QString &line, const QString &indent, const Fits &fits,
+                    QStringList &lines)
+{
+    if (fits(line))
+        return line;
+    // What the line begins with is no part of the word.
+    const bool continued = line.startsWith(indent);
+    QString head = continued ? indent : QString();
+    qsizetype from = head.size();
+    while (from < line.size()) {
+        const qsizetype count = longestFit(line, from, head, fits);
+        const QString piece = head + line.mid(from, count);
+        from += count;
+        if (from >= line.size())
+            return piece;
+        lines.append(piece);
+        head = indent;
+    }
+    return head;
 }
 } // namespace
 
@@ -99,14 +155,18 @@ QString ReplaceText(const QString &text, const QString &search, const QString &r
 void WrapTextByWidth(const QString &text, double limit, const TextMeasure &textWidth,
                      QStringList &lines)
 {
+    const QString indent = u"  "_s;
+    const Fits fits = [&](const QString &line) { return textWidth(line) <= limit; };
     wrap(
-        text, u"  "_s, [&](const QString &line) { return textWidth(line) <= limit; }, lines);
+        text, indent, fits,
+        [&](const QString &line) { return breakInside(line, indent, fits, lines); }, lines);
 }
 
 void WrapTextByLength(const QString &text, int limit, QStringList &lines)
 {
     wrap(
-        text, {}, [&](const QString &line) { return line.size() <= limit; }, lines);
+        text, {}, [&](const QString &line) { return line.size() <= limit; },
+        [](const QString &line) { return line; }, lines);
 }
 
 bool IsFileCharacter(QChar character)

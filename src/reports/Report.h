@@ -14,7 +14,7 @@ struct ColumnFormat
     /// The column that gives way: when the columns are wider than the page, it takes what the
     /// others leave.
     bool Yields = false;
-    /// A text that is wider is broken at this width; 0 for its own.
+    /// Where its text is broken when that is before the end of the column; 0 for its whole width.
     int WrapAt = 0;
 
     bool operator==(const ColumnFormat &) const = default;

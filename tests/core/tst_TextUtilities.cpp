@@ -183,8 +183,20 @@ void tst_TextUtilities::wrapByWidth_data()
         << u"one two three four"_s << QStringList{u"one two"_s, u"  three"_s, u"  four"_s};
     QTest::newRow("the indent counts")
         << u"0123456789 abcdef gh"_s << QStringList{u"0123456789"_s, u"  abcdef"_s, u"  gh"_s};
-    QTest::newRow("an over-long word")
-        << u"a extraordinarily"_s << QStringList{u"a"_s, u"  extraordinarily"_s};
+    QTest::newRow("an over-long word is broken")
+        << u"a extraordinarily b"_s
+        << QStringList{u"a"_s, u"  extraord"_s, u"  inarily"_s, u"  b"_s};
+    QTest::newRow("what is left of it goes on with the next")
+        << u"extraordinarily it is"_s << QStringList{u"extraordin"_s, u"  arily it"_s, u"  is"_s};
+    QTest::newRow("a word that is exactly as long")
+        << u"a 01234567"_s << QStringList{u"a 01234567"_s};
+    QTest::newRow("a word of several lines")
+        << u"0123456789abcdefghijklmnopqrs"_s
+        << QStringList{u"0123456789"_s, u"  abcdefgh"_s, u"  ijklmnop"_s, u"  qrs"_s};
+    QTest::newRow("a sign of two units stays whole")
+        << u"123456789\U0001F600b"_s << QStringList{u"123456789"_s, u"  \U0001F600b"_s};
+    QTest::newRow("an accent stays with its letter")
+        << u"123456789e\u0301b"_s << QStringList{u"123456789"_s, u"  e\u0301b"_s};
     QTest::newRow("empty") << u""_s << QStringList{u""_s};
 }
 
@@ -205,13 +217,14 @@ void tst_TextUtilities::wrapByWidthAsksTheMeasureForTheIndentToo()
     QStringList asked;
     QStringList wrapped;
     WrapTextByWidth(
-        u"aa bb cc"_s, 2.0,
+        u"aa bb cc"_s, 4.0,
         [&](const QString &line) {
             asked.append(line);
             return static_cast<double>(line.size());
         },
         wrapped);
-    QCOMPARE(asked, (QStringList{u"aa bb cc"_s, u"aa bb"_s, u"  bb cc"_s}));
+    QCOMPARE(asked,
+             (QStringList{u"aa bb cc"_s, u"aa"_s, u"aa bb"_s, u"  bb"_s, u"  bb cc"_s, u"  cc"_s}));
 }
 
 void tst_TextUtilities::wrappingAddsToWhatIsThere()

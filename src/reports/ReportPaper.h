@@ -1,0 +1,24 @@
+#pragma once
+
+#include "reports/Paper.h"
+
+#include <QLocale>
+#include <QObject>
+
+/// The paper that people print letters on there: Letter in most of the Americas, A4 elsewhere.
+Paper PaperOfTerritory(QLocale::Territory territory);
+
+/// The paper of all reports of the session.
+class ReportPaper : public QObject
+{
+    Q_OBJECT
+public:
+    static ReportPaper &Of();
+
+    Paper Current() const;
+    void Set(const Paper &paper);
+
+Q_SIGNALS:
+    /// Another sheet is in force: what is laid out already has to be laid out again.
+    void Changed();
+};
