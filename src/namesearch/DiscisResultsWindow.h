@@ -26,6 +26,7 @@ protected:
         ui.listview1->UseSmallText();
         connectButtons(ui.txtCountyList, ui.cmdSearchResults_1, ui.cmdSearchResults_3,
                        ui.cmdPrintMoreInfo);
+        ConnectReportButtons(ui.cmdSaveResultToFile, ui.cmdEmail);
         UseControls(ui);
     }
 

@@ -28,6 +28,7 @@ NameResultsWindow::NameResultsWindow(NameSearch *ownSearch, QWidget *parent)
       StopWarningFlag(search->Record.StopWarningFlag), SortColumnName(search->Record.SortColumnName)
 {
     search->UseTalk(this);
+    preview = MakeReportViewer(this);
 }
 
 /// A label that is broken into lines needs the more of them the narrower the window is, and the
@@ -128,14 +129,10 @@ void NameResultsWindow::showCount()
     Label3->setText(search->Record.Label3);
 }
 
-void NameResultsWindow::PrintDirect()
+void NameResultsWindow::Unloading()
 {
-    MsgBox(this, u"Printing of results comes with a later version."_s);
-}
-
-void NameResultsWindow::PrintToFile(const QString & /*path*/)
-{
-    PrintDirect();
+    JobWindow::Unloading();
+    preview.reset();
 }
 
 void NameResultsWindow::TellEmptyQueue()

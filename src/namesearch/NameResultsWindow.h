@@ -2,8 +2,12 @@
 
 #include "jobs/JobWindow.h"
 #include "namesearch/NameSearch.h"
+#include "reports/ReportViewer.h"
+#include "reports/ResultsReport.h"
 
 #include <QString>
+
+#include <memory>
 
 class QLineEdit;
 class ResultListView;
@@ -22,8 +26,15 @@ public:
     /// Queues the window again, with the key it has, for further requests.
     void BeginSearching() { search->BeginSearching(); }
 
+    bool HasReport() const override { return true; }
     void PrintDirect() override;
     void PrintToFile(const QString &path) override;
+    /// Shows the report of the list, as it is now, as it will be printed.
+    virtual void PrintResults();
+    /// Asks where to save the report, and saves it there.
+    void SaveResultsDialog();
+    /// Saves the report in the folder of reports, and opens a mail with it.
+    void EmailResults();
 
     virtual void InitListView() = 0;
     void ShowHeaderIcon(int column, Qt::SortOrder order, bool show);
@@ -84,6 +95,9 @@ protected:
     /// Shows every row that has come.
     virtual void FlushRows();
     static ListLayout ListColumnsOf(ResultKind kind);
+    /// The list that a report is about: the one in front.
+    virtual ReportedList Reported() const { return CasesOf(search->Record); }
+    void ConnectReportButtons(QPushButton *save, QPushButton *email);
     /// A further list, whose rows the count follows and a screen reader tells of, too.
     void AlsoCountsRowsOf(ResultListView *list);
     /// Whether the window may ask the court for something. When nobody is logged in, the login is
@@ -93,6 +107,7 @@ protected:
     void ShowState() override;
     void ShowStatus() override;
     bool QueryUnload(UnloadMode mode) override;
+    void Unloading() override;
     bool event(QEvent *event) override;
 
     ResultListView *List() const { return listview1; }
@@ -106,7 +121,10 @@ private:
     void chooseRow(int row);
     void showCount();
     void showColumns();
+    ReportSituation situation() const;
+    bool saveReport(const QString &path);
 
+    std::unique_ptr<ReportViewer> preview;
     QLabel *lblSearchStatus = nullptr;
     QLabel *Label3 = nullptr;
     QLabel *nameVal = nullptr;

@@ -2,7 +2,9 @@
 
 #include "controls/MsgBox.h"
 #include "core/GlobalState.h"
+#include "core/Log.h"
 #include "namesearch/DuplicateNames.h"
+#include "reports/ReportPaper.h"
 #include "tables/ResultListView.h"
 #include "tables/RowFilter.h"
 #include "tables/TableTools.h"
@@ -159,6 +161,21 @@ void frmDiscisNCNameResults::UpdateRetrieveButton()
         ui->cmdSearchResults_0->setEnabled(true);
     else
         TurnOff(ui->cmdSearchResults_0);
+}
+
+ReportedList frmDiscisNCNameResults::Reported() const
+{
+    if (ShowingDupes)
+        return {&search->Names, search->KindOfNames()};
+    return DiscisResultsWindow::Reported();
+}
+
+void frmDiscisNCNameResults::PrintResults()
+{
+    const Paper paper = ReportPaper::Of().Current();
+    WriteAppInfo(u"Paper Size: "_s + QString::number(PaperNumber(paper)) + u" Orientation: "_s
+                 + QString::number(OrientationNumber(paper)));
+    DiscisResultsWindow::PrintResults();
 }
 
 QWidget *frmDiscisNCNameResults::HomeOfFocus() const

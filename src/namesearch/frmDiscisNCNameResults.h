@@ -31,6 +31,7 @@ public:
     /// Asks for the cases of the people who are checked, as a new job of this window. The user is
     /// asked first when some of them are out of sight.
     void RetrieveCheckedNames();
+    void PrintResults() override;
 
 private:
     frmDiscisNCNameResults(NonCivilSearch *ownSearch, QWidget *parent);
@@ -46,6 +47,7 @@ protected:
     void RetrieveDetails() override;
     void UpdateRetrieveButton() override;
     void FlushRows() override;
+    ReportedList Reported() const override;
     void ShowStatus() override;
     QWidget *HomeOfFocus() const override;
 

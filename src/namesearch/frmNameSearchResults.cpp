@@ -44,6 +44,7 @@ frmNameSearchResults::frmNameSearchResults(CourtSearch *ownSearch, QWidget *pare
             List()->SetColumnTwips(1, idahoWideColumn2);
             List()->SetColumnTwips(4, idahoWideColumn5);
         });
+    ConnectReportButtons(cmdSearchResults[Save], cmdSearchResults[Email]);
     UseControls(*ui);
 }
 

@@ -42,6 +42,22 @@ Paper PaperOfTerritory(QLocale::Territory territory)
     return letter ? letterPaper : a4Paper;
 }
 
+int PaperNumber(const Paper &paper)
+{
+    constexpr int letter = 1;
+    constexpr int a4 = 9;
+    constexpr int other = 256;
+    const Paper upright{std::min(paper.Width, paper.Height), std::max(paper.Width, paper.Height)};
+    if (upright == letterPaper)
+        return letter;
+    return upright == a4Paper ? a4 : other;
+}
+
+int OrientationNumber(const Paper &paper)
+{
+    return paper.Width > paper.Height ? 2 : 1;
+}
+
 ReportPaper &ReportPaper::Of()
 {
     static ReportPaper paper;

@@ -8,6 +8,11 @@
 /// The paper that people print letters on there: Letter in most of the Americas, A4 elsewhere.
 Paper PaperOfTerritory(QLocale::Territory territory);
 
+/// How support staff know a sheet from the log: 1 for Letter, 9 for A4, 256 for any other; and 1
+/// for upright, 2 for sideways.
+int PaperNumber(const Paper &paper);
+int OrientationNumber(const Paper &paper);
+
 /// The paper of all reports of the session.
 class ReportPaper : public QObject
 {
