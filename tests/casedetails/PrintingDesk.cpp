@@ -1,0 +1,58 @@
+#include "casedetails/PrintingDesk.h"
+
+#include <QDialog>
+#include <QPointer>
+
+namespace {
+class NotingViewer : public ReportViewer
+{
+public:
+    explicit NotingViewer(ReportsSeen *reports) : seen(reports) { ++seen->Viewers; }
+    ~NotingViewer() override { --seen->Viewers; }
+
+    int PrintableWidth() const override { return seen->Width; }
+    void Show(const Report &report) override { seen->Shown.append(report); }
+    void PrintAndClose(const Report &report) override { seen->Printed.append(report); }
+    bool IsPrinting() const override { return seen->Printing; }
+
+private:
+    ReportsSeen *seen;
+};
+
+QStringList textsOf(const Report &report, BlockKind kind)
+{
+    QStringList texts;
+    for (const ReportBlock &block : report.Blocks) {
+        if (block.Kind == kind)
+            texts.append(block.Cells);
+    }
+    return texts;
+}
+} // namespace
+
+void PrintingTest::init()
+{
+    OnDemandTest::init();
+    seen = {};
+    UseReportViewer([this](QWidget *) { return std::make_unique<NotingViewer>(&seen); });
+}
+
+void PrintingTest::AnswerPrintManager(const char *button, const std::function<void(QDialog *)> &act)
+{
+    desk->Boxes.ExpectDialog(u"dlgPrintMgr"_s, [act, button](QDialog *dialog) {
+        const QPointer<QDialog> stillOpen(dialog);
+        act(dialog);
+        if (stillOpen && stillOpen->isVisible())
+            Click(dialog, button);
+    });
+}
+
+QStringList PrintingTest::TabsOfReport(const Report &report)
+{
+    return textsOf(report, BlockKind::Heading);
+}
+
+QStringList PrintingTest::WarningsOf(const Report &report)
+{
+    return textsOf(report, BlockKind::Warning);
+}

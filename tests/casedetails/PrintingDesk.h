@@ -1,0 +1,39 @@
+#pragma once
+
+#include "casedetails/OnDemandDesk.h"
+#include "reports/Report.h"
+#include "reports/ReportViewer.h"
+
+#include <functional>
+
+class QDialog;
+
+/// What has become of the reports of a test, over all windows.
+struct ReportsSeen
+{
+    QList<Report> Shown;   ///< in a preview
+    QList<Report> Printed; ///< without a question
+    bool Printing = false; ///< the last print does not come to its end
+    int Viewers = 0;       ///< that there are
+    int Width = 10000;     ///< of the paper, twips
+};
+
+/// A test of case windows whose reports go nowhere, but are taken note of.
+class PrintingTest : public OnDemandTest
+{
+    Q_OBJECT
+protected Q_SLOTS:
+    void init() override;
+
+protected:
+    /// The print manager comes up next: `act` is done with it, then the button of this name is
+    /// clicked.
+    void AnswerPrintManager(
+        const char *button, const std::function<void(QDialog *)> &act = [](QDialog *) {});
+    /// The headings of a report.
+    static QStringList TabsOfReport(const Report &report);
+    /// The warnings of a report.
+    static QStringList WarningsOf(const Report &report);
+
+    ReportsSeen seen;
+};
