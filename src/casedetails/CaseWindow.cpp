@@ -12,6 +12,7 @@
 #include "session/SessionEvents.h"
 #include "tables/FlexGrid.h"
 
+#include <QCheckBox>
 #include <QFontInfo>
 #include <QLabel>
 #include <QPushButton>
@@ -72,6 +73,8 @@ void CaseWindow::load(QPushButton *cmdStopSearching, QPushButton *cmdCloseDetail
     lblWarning->setSizePolicy(keepsPlace);
     connect(cmdCloseDetails, &QPushButton::clicked, this, [this] { Unload(UnloadMode::Code); });
     connect(printButton, &QPushButton::clicked, this, &CaseWindow::PrintDirect);
+    connect(gridLinesBox, &QCheckBox::toggled, this, [this](bool on) { printGridLines = on; });
+    preview = MakeReportViewer(this);
     connect(help, &QPushButton::clicked, &SessionEvents::Of(), &SessionEvents::CaseHelpWanted);
     connect(tabStrip, &TabStrip::TabClicked, this, &CaseWindow::tabClicked);
     connectPanel();
@@ -272,11 +275,6 @@ void CaseWindow::TellEmptyQueue()
            u"Search Queue Empty .."_s, MsgButtons::Ok, MsgIcon::Exclamation);
 }
 
-void CaseWindow::Print()
-{
-    PrintDirect();
-}
-
 void CaseWindow::closeUnasked()
 {
     closesUnasked = true;
@@ -295,22 +293,13 @@ void CaseWindow::Unloading()
 {
     JobWindow::Unloading();
     TmrFlash->stop();
+    preview.reset();
 }
 
 void CaseWindow::showEvent(QShowEvent *event)
 {
     wasShown = true;
     JobWindow::showEvent(event);
-}
-
-void CaseWindow::PrintDirect()
-{
-    MsgBox(this, u"Printing of case details comes with a later version."_s);
-}
-
-void CaseWindow::PrintToFile(const QString & /*path*/)
-{
-    PrintDirect();
 }
 
 /// The count is compared with a limit that is never set, so the window does not flash: somebody who

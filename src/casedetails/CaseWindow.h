@@ -3,11 +3,14 @@
 #include "casedetails/CaseJob.h"
 #include "casedetails/CaseTalk.h"
 #include "jobs/JobWindow.h"
+#include "reports/ReportViewer.h"
+#include "reports/dlgPrintMgr.h"
 
 #include <array>
 
 class FlexGrid;
 class OnDemandPanel;
+class QCheckBox;
 class QStackedWidget;
 class TabStrip;
 
@@ -26,7 +29,7 @@ struct CaseTabState
 /// The window of one case. It shows what is on the sheet of its job, and writes back what the user
 /// chose; what is asked for, and when, is the job's business.
 ///
-/// This is what the three case windows share.
+/// This is what the three case windows share. Their reports are in CasePrinting.cpp.
 class CaseWindow : public JobWindow, private CaseTalk
 {
     Q_OBJECT
@@ -41,8 +44,16 @@ public:
     /// The case and what has come of it.
     const CaseRecord &Record() const { return caseJob->Record; }
 
+    // Each of these first asks for the tabs that are wanted. A run may go on meanwhile: the report
+    // says that it is not complete then.
+    bool HasReport() const override { return true; }
     void PrintDirect() override;
     void PrintToFile(const QString &path) override;
+    /// Prints what waits in lboxReportsToPrint, and asks for the tabs only of a user who wants
+    /// alerts.
+    void PrintWaiting();
+    /// Whether a print of that kind has not come to its end.
+    bool IsPrinting() const { return preview && preview->IsPrinting(); }
 
     void SetCaseDetailsHdr(const QString &text) { caseJob->Sheet.SetHeading(text); }
     QString lblCaseDetailsHdr() const { return Record().lblCaseDetailsHdr; }
@@ -90,6 +101,9 @@ public:
     // What the reports read
     bool &SearchStopped;
     ListBox &lboxResponses;
+    ListBox lboxReportsToPrint; ///< the titles of what waits for being printed by itself
+    std::unique_ptr<ReportViewer>
+        preview; ///< from loading to unloading; null without a printer's side
 
     bool &CloseRequested;
 
@@ -114,6 +128,7 @@ protected:
         frameTabs = ui.frameTabs;
         panel = ui.frameTabs_8;
         printButton = ui.cmdPrintDetails;
+        gridLinesBox = ui.chkPrintGridLines;
         load(ui.cmdStopSearching, ui.cmdCloseDetails, ui.lblHelp);
     }
     void UseCaseTitle(QLabel *label) { caseTitle = label; }
@@ -153,6 +168,9 @@ private:
     void tabClicked(const QString &caption);
     void boxToggled(int box, bool on);
     void cmdSearchNow_Click();
+    std::optional<QList<CaseTab>> chooseTabs(dlgPrintMgr::Purpose purpose);
+    ReportSituation situation() const;
+    Report composed(const QList<CaseTab> &tabs) const;
     void closeUnasked();
     void TmrFlash_Tick();
 
@@ -164,6 +182,7 @@ private:
     std::array<Place, caseTabCount> places;
     bool closesUnasked = false;
     bool wasShown = false;
+    bool printGridLines = false; ///< chkPrintGridLines is ticked
     qint16 flashTicks = 0;
     QTimer growTimer; ///< runs while rows that have come are not shown yet
 
@@ -177,4 +196,5 @@ private:
     QStackedWidget *frameTabs = nullptr;
     OnDemandPanel *panel = nullptr;
     QPushButton *printButton = nullptr;
+    QCheckBox *gridLinesBox = nullptr;
 };

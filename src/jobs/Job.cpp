@@ -3,11 +3,22 @@
 #include "core/Log.h"
 #include "core/RunTimeError.h"
 #include "jobs/TurnTaking.h"
+#include "jobs/frmQueue.h"
 #include "link/Exchange.h"
 
 #include <QScopeGuard>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
+
+namespace {
+QList<Job *> &allJobs()
+{
+    static QList<Job *> jobs;
+    return jobs;
+}
+} // namespace
 
 Job::Job(JobKindName name) : Timer1(new QTimer(this)), kind(&JobKindOf(name))
 {
@@ -15,6 +26,22 @@ Job::Job(JobKindName name) : Timer1(new QTimer(this)), kind(&JobKindOf(name))
     Timer1->setObjectName(u"Timer1"_s);
     Timer1->setInterval(kind->Turn);
     connect(Timer1, &QTimer::timeout, this, &Job::tick);
+    allJobs().append(this);
+}
+
+Job::~Job()
+{
+    allJobs().removeOne(this);
+}
+
+bool Job::AllAtRest()
+{
+    const QString next = frmQueue::Form().FIFO.List(0);
+    return std::none_of(allJobs().cbegin(), allJobs().cend(), [&next](const Job *job) {
+        const bool isNext = job->jobState == JobState::Pending && !job->txtMasterKey.isEmpty()
+                            && job->txtMasterKey == next;
+        return job->hasTurn || isNext;
+    });
 }
 
 void Job::Withdraw()

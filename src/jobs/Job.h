@@ -29,6 +29,12 @@ class Job : public QObject
 {
     Q_OBJECT
 public:
+    ~Job() override;
+
+    /// No job has its run on the stack, and none is about to have its turn. One that waits behind a
+    /// run which broke down and kept its place is not about to.
+    static bool AllAtRest();
+
     JobState State() const { return jobState; }
     /// The run is on the stack, whatever the user was told meanwhile.
     bool HasTurn() const { return hasTurn; }

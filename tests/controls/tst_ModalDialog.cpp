@@ -6,6 +6,8 @@
 #include "support/HalvaneTest.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QFileDialog>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
@@ -89,10 +91,19 @@ void tst_ModalDialog::theDialogForAFileHoldsTheTurn()
 {
     QWidget window;
     window.show();
-    AskWhereToSave(&window, u"title"_s, QDir::temp().filePath(u"list.csv"_s), u"csv"_s, this,
-                   [](const QString &) {});
-    auto *dialog = window.findChild<QDialog *>(u"SaveDialog"_s);
+    AskWhereToSave(&window,
+                   {.Title = u"title"_s,
+                    .Suggested = QDir::temp().filePath(u"list.csv"_s),
+                    .Ending = u"csv"_s,
+                    .Filters = {u"Lists (*.csv)"_s, u"All (*)"_s}},
+                   this, [](const QString &) {});
+    auto *dialog = window.findChild<QFileDialog *>(u"SaveDialog"_s);
     QVERIFY(dialog);
+    QCOMPARE(dialog->windowTitle(), u"title"_s);
+    QCOMPARE(dialog->defaultSuffix(), u"csv"_s);
+    QCOMPARE(dialog->nameFilters(), (QStringList{u"Lists (*.csv)"_s, u"All (*)"_s}));
+    QCOMPARE(dialog->selectedNameFilter(), u"Lists (*.csv)"_s);
+    QCOMPARE(dialog->selectedFiles(), QStringList(QDir::temp().filePath(u"list.csv"_s)));
     QVERIFY(TurnHold::IsHeld());
     dialog->reject();
     QTRY_VERIFY(!TurnHold::IsHeld());

@@ -27,7 +27,6 @@ private Q_SLOTS:
     void lostConnectionLog();
     void theEndMark_data();
     void theEndMark();
-    void printingFromTheMainWindow();
     void errorRule_data();
     void errorRule();
     void progressRule_data();
@@ -150,18 +149,6 @@ void tst_ResultsWindows::theEndMark()
     NameResultsWindow *window = Search(MakeWindow(which), {LineOf(which)});
     QCOMPARE(TextOf(window, "lblSearchStatus"), complete);
     QCOMPARE(window->RowCount(), 1);
-}
-
-void tst_ResultsWindows::printingFromTheMainWindow()
-{
-    for (const Which which : {Which::Name, Which::Civil, Which::NonCivil}) {
-        FormWindow *child = MakeWindow(which);
-        for (int i = 0; i < 2; ++i)
-            desk->Boxes.Expect(u"Printing of results comes with a later version."_s, u"Halvane"_s);
-        child->PrintDirect();
-        child->PrintToFile(desk->Folder.Path(u"results.pdf"_s));
-    }
-    QCOMPARE(desk->Boxes.Answered(), 6);
 }
 
 void tst_ResultsWindows::errorRule_data()
