@@ -7,6 +7,9 @@
 
 class QWidget;
 
+/// Tells the user that a report could not be saved to `path`.
+void SayNotSaved(QWidget *parent, const QString &path);
+
 /// Makes the lines of a report and writes them to `path`. Whatever fails, the user reads that the
 /// file could not be saved, and a file that was there before is as it was. True when it is written.
 bool SaveReport(QWidget *parent, const QString &path, const std::function<QStringList()> &lines);

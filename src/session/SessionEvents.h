@@ -2,6 +2,8 @@
 
 #include <QObject>
 
+class QWidget;
+
 /// The entries of the menu of courts.
 enum class CourtEntry { WaSuperior, WaDiscis, Oregon, Bankruptcy, Idaho };
 
@@ -23,6 +25,10 @@ Q_SIGNALS:
     /// Show the search form on these courts.
     void CourtWanted(CourtEntry court);
     void AboutWanted();
+    /// Ask for the paper of reports.
+    void PageSetupWanted();
+    /// Show the report of the session, for this window.
+    void SessionReportWanted(QWidget *window);
     /// Help on a window of results.
     void ResultsHelpWanted();
     /// Help on a window of a case.

@@ -144,6 +144,8 @@ void frmMain::makeStatusBar()
 
 void frmMain::connectFileAndEdit()
 {
+    connect(ui->mnuFilePageSetup, &QAction::triggered, this,
+            [] { Q_EMIT SessionEvents::Of().PageSetupWanted(); });
     connect(ui->mnuFileExit, &QAction::triggered, this, &frmMain::mnuFileExit_Click);
     connect(ui->mnuEditCut, &QAction::triggered, this, &frmMain::Cut);
     connect(ui->mnuEditCopy, &QAction::triggered, this, &frmMain::Copy);
