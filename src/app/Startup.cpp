@@ -15,7 +15,9 @@
 #include "prefs/frmInfo.h"
 #include "prefs/frmNameSearchResultsHelp.h"
 #include "prefs/frmSearchHelp.h"
+#include "reports/ReportPrinter.h"
 #include "reports/SaveReport.h"
+#include "reports/ShowSessionReport.h"
 #include "searchentry/RecentEntries.h"
 #include "searchentry/frmSearchWA.h"
 #include "session/SessionEvents.h"
@@ -78,6 +80,9 @@ void wireSession()
         frmSearchWA::ShowForm();
         frmSearchWA::Form().SelectCourt(courtsOfEntries.at(static_cast<size_t>(court)));
     });
+    QObject::connect(session, &SessionEvents::PageSetupWanted, session,
+                     [] { AskForPaper(frmMain::Form()); });
+    QObject::connect(session, &SessionEvents::SessionReportWanted, session, &ShowSessionReport);
     QObject::connect(session, &SessionEvents::ResultsHelpWanted, session,
                      &frmNameSearchResultsHelp::ShowForm);
     QObject::connect(session, &SessionEvents::CaseHelpWanted, session,

@@ -1,5 +1,6 @@
 #include "reports/ReportPdf.h"
 
+#include "controls/Twips.h"
 #include "core/AtomicFile.h"
 #include "core/RunTimeError.h"
 #include "core/Version.h"
@@ -14,7 +15,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr int twipsPerInch = 1440;
 
 /// Lets a PDF be written into a file that takes the place of another one once it is whole.
 class ReplacementDevice : public QIODevice

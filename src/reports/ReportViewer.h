@@ -29,7 +29,7 @@ public:
 /// Makes the viewer of a window.
 using ReportViewerMaker = std::function<std::unique_ptr<ReportViewer>(QWidget *owner)>;
 
-/// Null while nobody can show a report.
 std::unique_ptr<ReportViewer> MakeReportViewer(QWidget *owner);
-/// Every window that is loaded from now on has such a viewer.
-void UseReportViewer(ReportViewerMaker maker);
+/// Every window that is loaded from now on has such a viewer; an empty function puts the preview
+/// back.
+void ReplaceReportViewer(ReportViewerMaker maker);

@@ -27,16 +27,21 @@ bool tellMailFailure(QWidget *parent, const RunTimeError &failure)
 }
 } // namespace
 
+void SayNotSaved(QWidget *parent, const QString &path)
+{
+    MsgBox(parent,
+           u"Unable to Save this file: "_s + path
+               + u" - This may be because there are no results to save or print."_s,
+           u"Halvane - Save to File Error"_s, MsgButtons::Ok, MsgIcon::Exclamation);
+}
+
 bool SaveReport(QWidget *parent, const QString &path, const std::function<ReportText()> &text)
 {
     try {
         WriteReportFile(path, text());
         return true;
     } catch (const RunTimeError &) {
-        MsgBox(parent,
-               u"Unable to Save this file: "_s + path
-                   + u" - This may be because there are no results to save or print."_s,
-               u"Halvane - Save to File Error"_s, MsgButtons::Ok, MsgIcon::Exclamation);
+        SayNotSaved(parent, path);
         return false;
     }
 }

@@ -8,6 +8,9 @@
 
 class QWidget;
 
+/// Tells the user that a report could not be saved to `path`.
+void SayNotSaved(QWidget *parent, const QString &path);
+
 /// Makes the text of a report and writes it to `path`. Whatever fails, the user reads that the
 /// file could not be saved, and a file that was there before is as it was. True when it is written.
 bool SaveReport(QWidget *parent, const QString &path, const std::function<ReportText()> &text);

@@ -3,6 +3,7 @@
 #include <QObject>
 
 class FormWindow;
+class QWidget;
 
 /// The entries of the menu of courts.
 enum class CourtEntry { WaSuperior, WaDiscis, Oregon, Bankruptcy, Idaho };
@@ -27,6 +28,10 @@ Q_SIGNALS:
     void AboutWanted();
     /// Ask where to save the report of this window, and save it there.
     void SaveWanted(FormWindow *window);
+    /// Ask for the paper of reports.
+    void PageSetupWanted();
+    /// Show the report of the session, for this window.
+    void SessionReportWanted(QWidget *window);
     /// Help on a window of results.
     void ResultsHelpWanted();
     /// Help on a window of a case.

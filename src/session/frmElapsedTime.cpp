@@ -1,6 +1,7 @@
 #include "session/frmElapsedTime.h"
 
 #include "controls/WindowPlace.h"
+#include "session/SessionEvents.h"
 #include "session/SessionState.h"
 #include "ui_frmElapsedTime.h"
 
@@ -10,6 +11,8 @@ frmElapsedTime::frmElapsedTime(QWidget *parent)
     ui->setupUi(this);
     CentreOnScreen(this);
     ui->lblElapsedTime->setText(Session.strSessionTime);
+    connect(ui->cmdPrint, &QPushButton::clicked, this,
+            [this] { Q_EMIT SessionEvents::Of().SessionReportWanted(this); });
     connect(ui->Command1, &QPushButton::clicked, this, &QDialog::accept);
     connect(this, &QDialog::finished, this, [] { Session.strSessionTime.clear(); });
 }

@@ -147,6 +147,8 @@ void frmMain::connectFileAndEdit()
 {
     connect(ui->mnuFileSave, &QAction::triggered, this, &frmMain::mnuFileSave_Click);
     connect(ui->mnuFilePrint, &QAction::triggered, this, &frmMain::mnuFilePrint_Click);
+    connect(ui->mnuFilePageSetup, &QAction::triggered, this,
+            [] { Q_EMIT SessionEvents::Of().PageSetupWanted(); });
     connect(ui->mnuFileExit, &QAction::triggered, this, &frmMain::mnuFileExit_Click);
     connect(ui->mnuEditCut, &QAction::triggered, this, &frmMain::Cut);
     connect(ui->mnuEditCopy, &QAction::triggered, this, &frmMain::Copy);

@@ -21,5 +21,5 @@ private:
 
 void NoteReports(ReportsSeen *seen)
 {
-    UseReportViewer([seen](QWidget *) { return std::make_unique<NotingViewer>(seen); });
+    ReplaceReportViewer([seen](QWidget *) { return std::make_unique<NotingViewer>(seen); });
 }

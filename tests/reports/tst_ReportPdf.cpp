@@ -22,11 +22,6 @@ using namespace Qt::StringLiterals;
 
 // Reports on paper, read back by a program that is not ours.
 
-namespace {
-constexpr Paper letter{12240, 15840};
-constexpr Paper letterLying{15840, 12240};
-} // namespace
-
 class tst_ReportPdf : public QObject
 {
     Q_OBJECT

@@ -43,7 +43,7 @@ const QList<Menu> &menus()
         {"mnuFile",
          u"&File"_s,
          {{"mnuFileSave", u"&Save"_s, false},
-          {"mnuFilePageSetup", u"Page Set&up..."_s, false},
+          {"mnuFilePageSetup", u"Page Set&up..."_s, true},
           {"mnuFilePrint", u"&Print..."_s, false},
           {"mnuFileExit", u"E&xit"_s, true}}},
         {"mnuEdit",

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "reports/ReportPdf.h"
+
+#include <functional>
+
+class QPrinter;
+class QWidget;
+
+/// A printer set to this sheet, for a document of this name.
+void PreparePrinter(QPrinter &printer, const Paper &paper, const QString &name);
+
+/// Asks on which printer to print. False when the user does not want to, or the window is gone.
+bool AskForPrinter(QWidget *window, QPrinter &printer);
+
+/// Takes the printer that is used without a question; false when there is none.
+bool TakeDefaultPrinter(QPrinter &printer);
+
+/// Asks for the paper of all reports of the session.
+void AskForPaper(QWidget *window);
+
+enum class PrintEnd { Printed, Stopped, Failed };
+
+/// Prints the pages that the printer was told to, as many times as it was told to.
+PrintEnd PrintPages(QPrinter &printer, PageLayout &layout, const ReportPainter &painter,
+                    const PageProgress &progress);
+
+/// Puts something else in the place of the print dialog, and of the default printer: it may set the
+/// printer, and says whether to print on it. An empty function puts the real one back.
+void ReplacePrintDialog(std::function<bool(QPrinter &)> dialog);
+void ReplaceDefaultPrinter(std::function<bool(QPrinter &)> taking);
