@@ -40,7 +40,7 @@ Your latest 31 names are kept, the newest on top; business names and numbers hav
      uR"help(Up to ten numbers, each with its county. Each one opens in a case window of its own; they wait in line and are fetched from top to bottom. Empty lines are passed over.
 
 • Retrieve (selective print): opens a window for each case.
-• Retrieve and Print All: the same. Printing comes with a later version.
+• Retrieve and Print All: the same, and each case is printed when the last one has come. With alerts on you are asked each time what goes into the report; without them it is all that was retrieved.
 • Set All Counties to Same as #1: for ten numbers of one county. The numbers stay.
 • Set Default County to Same as #1: all ten lines begin with this county from now on.
 • Reset/Clear: empties the ten lines.
@@ -156,6 +156,9 @@ In the Summary of a Superior case, double-click an "Associated Case:" to open it
 
 = Documents
 Washington Superior only: the list of the documents that the court has. "(Unavail.)" marks one that it does not give out. Double-click a document to retrieve it: it joins the line of waiting searches, is saved in the folder Reports and opened. Retrieve All Documents .. in the menu of the right mouse button saves all that the list shows in a folder of the case, with a list of them, and opens none.
+
+= Printing and saving
+Print Details asks which of the retrieved details go into the report, and shows it. Grid Lines draws thin lines around the cells. Save in the menu File writes the same as text. A report that is made before everything has come says so at its head. Details that broke off can be chosen once you have answered NO to another try; they carry their warning.
 
 = Stopping and closing
 Stop Search ends the retrieval; tabs that have arrived stay, and the rest can be retrieved on demand. A window that is retrieving cannot be closed: stop it first.

@@ -52,6 +52,12 @@ QList<HeadRow> headOf(const CaseRecord &record, const ReportSituation &situation
     return head;
 }
 
+/// A Summary whose message says why there is none has nothing more to say, and lacks nothing.
+bool isUnfinished(const CaseTabRecord &tab)
+{
+    return tab.TabIncomplete || (!tab.TabDone && !tab.Table.IsMessage());
+}
+
 QStringList warningsOf(const CaseRecord &record, const ReportSituation &situation)
 {
     QStringList warnings;
@@ -61,15 +67,11 @@ QStringList warningsOf(const CaseRecord &record, const ReportSituation &situatio
     };
     add(record.SearchStopped, stoppedWarning);
     add(record.Archived, archivedNote);
-    add(situation.GoesOn || record.AnyTabIncomplete(), notCompletedWarning);
+    // A search whose Summary broke down has come to no end of its own.
+    add(situation.GoesOn || record.AnyTabIncomplete() || isUnfinished(record.Tab(CaseTab::Summary)),
+        notCompletedWarning);
     add(record.chkBKYass, associatedWarning);
     return warnings;
-}
-
-/// A Summary whose message says why there is none has nothing more to say, and lacks nothing.
-bool isUnfinished(const CaseTabRecord &tab)
-{
-    return tab.TabIncomplete || (!tab.TabDone && !tab.Table.IsMessage());
 }
 
 /// What stands between the name of a tab and its table.

@@ -86,8 +86,8 @@ void tst_CaseFocus::theTabKey_data()
 {
     QTest::addColumn<QString>("caption");
     QTest::addColumn<QStringList>("way");
-    const QStringList buttons{u"cmdPrintDetails"_s, u"cmdCloseDetails"_s, u"lblHelp"_s,
-                              u"TabStrip1"_s};
+    const QStringList buttons{u"chkPrintGridLines"_s, u"cmdPrintDetails"_s, u"cmdCloseDetails"_s,
+                              u"lblHelp"_s, u"TabStrip1"_s};
     QTest::newRow("a grid") << u"Summary"_s << QStringList{u"GridSummary"_s} + buttons;
     QTest::newRow("the panel") << u"Docket"_s
                                << QStringList{u"chkTab_1"_s,    u"chkTab_2"_s,

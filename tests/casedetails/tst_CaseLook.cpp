@@ -19,7 +19,7 @@
 namespace {
 const QString endMark = u"EOF~"_s;
 /// In pixels: what the labels and buttons of any case need beside each other.
-constexpr int leastWidth = 450;
+constexpr int leastWidth = 470;
 
 /// Texts that no court should send.
 struct OddText
@@ -92,10 +92,11 @@ QString tst_CaseLook::lookOf(CaseWindow *window, QSize size, int lowest)
     const QSize least = window->minimumSizeHint();
     if (least.width() > leastWidth || least.height() > lowest)
         seen.append(u"at least %1 x %2"_s.arg(least.width()).arg(least.height()));
-    for (const char *name : {"cmdCloseDetails", "cmdStopSearching", "cmdPrintDetails", "lblHelp"}) {
-        const QPushButton *button = ButtonOf(window, name);
-        const QRect place(button->mapTo(window, QPoint()), button->size());
-        if (!button->isVisible() || !window->rect().contains(place))
+    for (const char *name : {"cmdCloseDetails", "cmdStopSearching", "cmdPrintDetails",
+                             "chkPrintGridLines", "lblHelp"}) {
+        const auto *control = Child<QWidget>(window, name);
+        const QRect place(control->mapTo(window, QPoint()), control->size());
+        if (!control->isVisible() || !window->rect().contains(place))
             seen.append(QLatin1StringView(name));
     }
     return seen.join(u", "_s);

@@ -84,6 +84,7 @@ private Q_SLOTS:
     void theTableOfATab();
     void aMessageInThePlaceOfATable();
     void nothingHasComeYet();
+    void aSummaryThatBrokeDown();
     void notesAndAnUnfinishedTab_data();
     void notesAndAnUnfinishedTab();
     void theSuitOfACivilCase();
@@ -238,6 +239,17 @@ void tst_CaseReport::nothingHasComeYet()
     const Report report = reportOf(record, {CaseTab::Summary}, situation);
     QCOMPARE(bodyOf(report), (QStringList{u"Summary"_s, incomplete}));
     QCOMPARE(textsOf(report, BlockKind::Warning), QStringList{notCompleted});
+}
+
+void tst_CaseReport::aSummaryThatBrokeDown()
+{
+    CaseRecord record = SuperiorCase();
+    record.Tab(CaseTab::Summary).TabDone = false;
+    QCOMPARE(textsOf(reportOf(record, {}), BlockKind::Warning), QStringList{notCompleted});
+    // The court has answered, and this is all of it.
+    GiveMessage(record, CaseTab::Summary, u"02-1-00123-4 is not a valid case number"_s);
+    record.Tab(CaseTab::Summary).TabDone = false;
+    QCOMPARE(textsOf(reportOf(record, {}), BlockKind::Warning), QStringList());
 }
 
 void tst_CaseReport::notesAndAnUnfinishedTab_data()
