@@ -103,8 +103,10 @@ frmMain::frmMain()
     connect(tmrConnectStatus, &QTimer::timeout, this, &frmMain::CheckConnection);
     connect(TimerExit, &QTimer::timeout, this, &frmMain::TimerExit_Tick);
     connect(ui->mdiArea, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow *window) {
-        if (window)
-            listActiveWindows();
+        // None is active while the program is behind another one, or goes.
+        if (!window)
+            return;
+        listActiveWindows();
         offerReport();
     });
     Load();

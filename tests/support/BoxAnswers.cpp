@@ -151,7 +151,7 @@ void BoxAnswers::answerBox(QDialog *dialog)
     auto *box = qobject_cast<QMessageBox *>(dialog);
     const QString text = box ? box->text() : QString();
     if (announced.isEmpty() || announced.first().name != dialog->objectName()
-        || (box && announced.first().text != text)) {
+        || (box && !announced.first().act && announced.first().text != text)) {
         if (const auto act = standing.value(dialog->objectName())) {
             act(dialog);
             return;

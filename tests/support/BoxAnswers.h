@@ -35,7 +35,8 @@ public:
     void Expect(const QString &text, const QString &title, MsgIcon icon, MsgAnswer answer,
                 MsgButtons buttons);
 
-    /// The next modal dialog has this object name; do this with it (it must be closed by it).
+    /// The next modal dialog has this object name ("MsgBox" for a box, whatever it reads); do this
+    /// with it (it must be closed by it).
     void ExpectDialog(const QString &objectName, std::function<void(QDialog *)> act);
 
     /// Modal dialogs of this object name ("MsgBox" for a box) may come at any time, any number of
