@@ -101,6 +101,9 @@ QList<CaseTab> inReportOrder(const CaseRecord &record, const QList<CaseTab> &tab
 QString onOneLine(const QString &text)
 {
     const auto breaksLine = [](QChar c) {
+        // Nearly every letter is one of these, and to ask for its category takes longer.
+        if (c >= u' ' && c <= u'~')
+            return false;
         return c.category() == QChar::Other_Control || c.category() == QChar::Separator_Line
                || c.category() == QChar::Separator_Paragraph;
     };
@@ -154,6 +157,7 @@ SeenTable seenTable(const CaseRecord &record, CaseTab tab)
     }
     for (const QStringList &row : table.Rows) {
         QStringList cells;
+        cells.reserve(columns.size());
         for (const qsizetype column : columns)
             cells.append(reportedCell(row.value(column), civilSummary && column == 0));
         seen.Rows.append(cells);
@@ -228,12 +232,22 @@ void addTab(Report &report, const CaseRecord &record, CaseTab tab, int printable
         report.Add(BlockKind::Text, {docketEnd.toString()});
 }
 
+/// As TrimBlanks does it, without a copy: a case has many cells.
+QStringView withoutBlanks(QStringView text)
+{
+    while (text.startsWith(u' '))
+        text = text.sliced(1);
+    while (text.endsWith(u' '))
+        text.chop(1);
+    return text;
+}
+
 QList<int> columnLengths(const SeenTable &seen)
 {
     QList<int> lengths(seen.Shares.size(), 0);
     const auto measure = [&lengths](const QStringList &cells) {
         for (qsizetype column = 0; column < cells.size(); ++column) {
-            const qsizetype length = std::min(TrimBlanks(cells[column]).size(), longestCell);
+            const qsizetype length = std::min(withoutBlanks(cells[column]).size(), longestCell);
             lengths[column] = std::max(lengths[column], static_cast<int>(length));
         }
     };
@@ -243,24 +257,30 @@ QList<int> columnLengths(const SeenTable &seen)
     return lengths;
 }
 
-/// Blanks behind the last word are nothing that anybody could see.
-QString paddedRow(const QStringList &cells, const QList<int> &lengths)
-{
-    QStringList padded;
-    for (qsizetype column = 0; column < cells.size(); ++column)
-        padded.append(PadString(cells[column], lengths[column]));
-    QString line = padded.join(betweenColumns);
-    while (line.endsWith(u' '))
-        line.chop(1);
-    return line;
-}
-
 int totalLength(const QList<int> &lengths)
 {
     int total = static_cast<int>(betweenColumns.size() * (lengths.size() - 1));
     for (const int length : lengths)
         total += length;
     return total;
+}
+
+/// The cells as PadString has them, and two blanks between. Blanks behind the last word are nothing
+/// that anybody could see.
+QString paddedRow(const QStringList &cells, const QList<int> &lengths)
+{
+    QString line;
+    line.reserve(totalLength(lengths));
+    for (qsizetype column = 0; column < cells.size(); ++column) {
+        const QStringView cell = withoutBlanks(cells[column]);
+        if (column > 0)
+            line.append(betweenColumns);
+        line.append(cell);
+        line.resize(line.size() + std::max<qsizetype>(lengths[column] - cell.size(), 0), u' ');
+    }
+    while (line.endsWith(u' '))
+        line.chop(1);
+    return line;
 }
 
 void appendHead(QStringList &lines, const CaseRecord &record, const ReportSituation &situation)

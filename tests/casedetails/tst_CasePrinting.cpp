@@ -3,6 +3,7 @@
 #include "casedetails/PrintingDesk.h"
 #include "casedetails/frmCaseDetails.h"
 #include "core/GlobalState.h"
+#include "core/TurnHold.h"
 #include "reports/CaseReport.h"
 #include "support/HalvaneTest.h"
 
@@ -73,6 +74,7 @@ void tst_CasePrinting::eachWindowPrints()
     AnswerPrintManager("OKButton", [&offered](QDialog *dialog) {
         QCOMPARE(dialog->windowTitle(), u"Halvane - Print Report"_s);
         QVERIFY(dialog->isModal());
+        QVERIFY(TurnHold::IsHeld());
         offered = tickedIn(dialog);
     });
     Click(window, "cmdPrintDetails");
