@@ -331,6 +331,7 @@ void tst_ResultsReports::theWindowGoesUnderTheQuestion()
 {
     Global.bShowAlerts = false;
     NameResultsWindow *window = searched(Which::Name);
+    desk->Boxes.Whenever(u"SaveDialog"_s, [](QDialog *) {});
     Click(window, "cmdSearchResults_6");
     const QPointer<QFileDialog> dialog = window->findChild<QFileDialog *>(u"SaveDialog"_s);
     QVERIFY(dialog);
