@@ -2,10 +2,8 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <utility>
 
-#include <arpa/inet.h>
 #include <fcntl.h>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
@@ -13,51 +11,25 @@
 #include <unistd.h>
 
 namespace {
-sockaddr_in loopback(quint16 port)
-{
-    sockaddr_in address = {};
-    address.sin_family = AF_INET;
-    address.sin_port = htons(port);
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    return address;
-}
-
-void require(bool success)
-{
-    if (!success)
-        std::abort();
-}
-
 void sendAtOnce(int connection)
 {
     const int on = 1;
-    require(setsockopt(connection, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on) == 0);
+    Require(setsockopt(connection, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on) == 0);
 }
 } // namespace
 
-BareServer::BareServer(QByteArray answer)
-    : reply(std::move(answer)), listening(socket(AF_INET, SOCK_STREAM, 0))
-{
-    sockaddr_in address = loopback(0);
-    socklen_t length = sizeof address;
-    auto *generic = reinterpret_cast<sockaddr *>(&address);
-    require(bind(listening, generic, length) == 0 && listen(listening, 4) == 0);
-    require(getsockname(listening, generic, &length) == 0);
-    port = ntohs(address.sin_port);
-    thread = std::thread([this] { serve(); });
-}
+BareServer::BareServer(QByteArray answer) : reply(std::move(answer)), thread([this] { serve(); }) {}
 
 BareServer::~BareServer()
 {
-    shutdown(listening, SHUT_RDWR);
+    listening.Stop();
     thread.join();
-    close(listening);
 }
 
 void BareServer::serve()
 {
     for (;;) {
-        const int connection = accept(listening, nullptr, nullptr);
+        const int connection = listening.Accept();
         if (connection < 0)
             return;
         sendAtOnce(connection);
@@ -82,8 +54,8 @@ void BareServer::converse(int connection) const
 
 BareClient::BareClient(quint16 port) : connection(socket(AF_INET, SOCK_STREAM, 0))
 {
-    const sockaddr_in address = loopback(port);
-    require(connect(connection, reinterpret_cast<const sockaddr *>(&address), sizeof address) == 0);
+    const sockaddr_in address = LoopbackAddress(port);
+    Require(connect(connection, reinterpret_cast<const sockaddr *>(&address), sizeof address) == 0);
     sendAtOnce(connection);
 }
 
@@ -94,12 +66,12 @@ BareClient::~BareClient()
 
 void BareClient::Exchange(const QByteArray &frame, qsizetype replyBytes) const
 {
-    require(send(connection, frame.constData(), static_cast<size_t>(frame.size()), 0)
+    Require(send(connection, frame.constData(), static_cast<size_t>(frame.size()), 0)
             == frame.size());
     std::array<char, 4096> buffer{};
     while (replyBytes > 0) {
         const ssize_t got = recv(connection, buffer.data(), buffer.size(), 0);
-        require(got > 0);
+        Require(got > 0);
         replyBytes -= got;
     }
 }
@@ -107,13 +79,13 @@ void BareClient::Exchange(const QByteArray &frame, qsizetype replyBytes) const
 void BareClient::ReadTokens(const QByteArray &frame,
                             const std::function<bool(const QByteArray &token)> &take) const
 {
-    require(send(connection, frame.constData(), static_cast<size_t>(frame.size()), 0)
+    Require(send(connection, frame.constData(), static_cast<size_t>(frame.size()), 0)
             == frame.size());
     std::array<char, 64 * 1024> buffer{};
     QByteArray token;
     for (;;) {
         const ssize_t got = recv(connection, buffer.data(), buffer.size(), 0);
-        require(got > 0);
+        Require(got > 0);
         const auto *const end = buffer.data() + got;
         for (const char *from = buffer.data(); from != end;) {
             const auto *const bar = std::find(from, end, '|');
@@ -131,14 +103,14 @@ void BareClient::ReadTokens(const QByteArray &frame,
 
 void BareClient::ReadToFile(const QByteArray &frame, qsizetype replyBytes, const char *path) const
 {
-    require(send(connection, frame.constData(), static_cast<size_t>(frame.size()), 0)
+    Require(send(connection, frame.constData(), static_cast<size_t>(frame.size()), 0)
             == frame.size());
     const int file = open(path, O_WRONLY | O_CREAT | O_TRUNC, 0600);
-    require(file >= 0);
+    Require(file >= 0);
     std::array<char, 64 * 1024> buffer{};
     while (replyBytes > 0) {
         const ssize_t got = recv(connection, buffer.data(), buffer.size(), 0);
-        require(got > 0 && write(file, buffer.data(), static_cast<size_t>(got)) == got);
+        Require(got > 0 && write(file, buffer.data(), static_cast<size_t>(got)) == got);
         replyBytes -= got;
     }
     close(file);
@@ -147,6 +119,6 @@ void BareClient::ReadToFile(const QByteArray &frame, qsizetype replyBytes, const
 void BareLogLine(const char *path, const QByteArray &line)
 {
     const int file = open(path, O_WRONLY | O_CREAT | O_APPEND, 0600);
-    require(write(file, line.constData(), static_cast<size_t>(line.size())) == line.size());
+    Require(write(file, line.constData(), static_cast<size_t>(line.size())) == line.size());
     close(file);
 }

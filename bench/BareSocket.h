@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Loopback.h"
+
 #include <QByteArray>
 
 #include <atomic>
@@ -14,15 +16,14 @@ public:
     explicit BareServer(QByteArray reply);
     ~BareServer();
 
-    quint16 Port() const { return port; }
+    quint16 Port() const { return listening.Port(); }
 
 private:
     void serve();
     void converse(int connection) const;
 
     QByteArray reply;
-    int listening = -1;
-    quint16 port = 0;
+    ListeningSocket listening;
     std::thread thread;
 };
 

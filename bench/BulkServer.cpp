@@ -5,34 +5,14 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
-#include <cstdlib>
 #include <random>
 
 #include <linux/sockios.h>
-#include <netinet/in.h>
 #include <sys/ioctl.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
 namespace {
-void require(bool success)
-{
-    if (!success)
-        std::abort();
-}
-
-bool sendAll(int connection, const char *data, qsizetype size)
-{
-    while (size > 0) {
-        const ssize_t sent = send(connection, data, static_cast<size_t>(size), MSG_NOSIGNAL);
-        if (sent <= 0)
-            return false;
-        data += sent;
-        size -= sent;
-    }
-    return true;
-}
-
 /// Until the other side's system has all of it. Whoever reads may be a moment behind.
 void waitUntilTaken(int connection)
 {
@@ -57,32 +37,23 @@ const QByteArray &block()
 
 BulkServer::BulkServer(qsizetype documentBytes)
     : head("|FILELEN=" + QByteArray::number(documentBytes) + "~TYPE=PDF~|"), tail("|EOD~||EOF~|"),
-      bytes(documentBytes), listening(socket(AF_INET, SOCK_STREAM, 0))
+      bytes(documentBytes)
 {
     block();
-    sockaddr_in address = {};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t length = sizeof address;
-    auto *generic = reinterpret_cast<sockaddr *>(&address);
-    require(bind(listening, generic, length) == 0 && listen(listening, 4) == 0);
-    require(getsockname(listening, generic, &length) == 0);
-    port = ntohs(address.sin_port);
     thread = std::thread([this] { serve(); });
 }
 
 BulkServer::~BulkServer()
 {
-    shutdown(listening, SHUT_RDWR);
+    listening.Stop();
     thread.join();
-    close(listening);
 }
 
 /// One client at a time.
 void BulkServer::serve()
 {
     for (;;) {
-        const int connection = accept(listening, nullptr, nullptr);
+        const int connection = listening.Accept();
         if (connection < 0)
             return;
         std::array<char, 4096> buffer{};
@@ -101,13 +72,13 @@ void BulkServer::serve()
 
 void BulkServer::answer(int connection) const
 {
-    if (!sendAll(connection, head.constData(), head.size()))
+    if (!SendAll(connection, head))
         return;
     waitUntilTaken(connection);
     for (qsizetype left = bytes; left > 0; left -= block().size()) {
-        if (!sendAll(connection, block().constData(), std::min(left, block().size())))
+        if (!SendAll(connection, QByteArrayView(block()).first(std::min(left, block().size()))))
             return;
     }
     waitUntilTaken(connection);
-    sendAll(connection, tail.constData(), tail.size());
+    SendAll(connection, tail);
 }

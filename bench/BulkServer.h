@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Loopback.h"
+
 #include <QByteArray>
 
 #include <thread>
@@ -13,7 +15,7 @@ public:
     explicit BulkServer(qsizetype documentBytes);
     ~BulkServer();
 
-    quint16 Port() const { return port; }
+    quint16 Port() const { return listening.Port(); }
     /// Bytes of a whole answer.
     qsizetype AnswerBytes() const { return head.size() + bytes + tail.size(); }
 
@@ -24,7 +26,6 @@ private:
     const QByteArray head;
     const QByteArray tail;
     const qsizetype bytes;
-    int listening = -1;
-    quint16 port = 0;
+    ListeningSocket listening;
     std::thread thread;
 };

@@ -1,55 +1,20 @@
 #include "StoppableServer.h"
 
 #include <array>
-#include <cstdlib>
 #include <utility>
 
-#include <arpa/inet.h>
-#include <netinet/in.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
-namespace {
-void require(bool success)
-{
-    if (!success)
-        std::abort();
-}
-
-bool sendAll(int connection, const QByteArray &bytes)
-{
-    const char *from = bytes.constData();
-    auto left = static_cast<size_t>(bytes.size());
-    while (left > 0) {
-        const ssize_t sent = send(connection, from, left, MSG_NOSIGNAL);
-        if (sent <= 0)
-            return false;
-        from += sent;
-        left -= static_cast<size_t>(sent);
-    }
-    return true;
-}
-} // namespace
-
 StoppableServer::StoppableServer(QByteArray rowsOfAll, std::chrono::milliseconds pauseBetween)
-    : rows(std::move(rowsOfAll)), pause(pauseBetween), listening(socket(AF_INET, SOCK_STREAM, 0))
+    : rows(std::move(rowsOfAll)), pause(pauseBetween), thread([this] { serve(); })
 {
-    sockaddr_in address = {};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t length = sizeof address;
-    auto *generic = reinterpret_cast<sockaddr *>(&address);
-    require(bind(listening, generic, length) == 0 && listen(listening, 1) == 0);
-    require(getsockname(listening, generic, &length) == 0);
-    port = ntohs(address.sin_port);
-    thread = std::thread([this] { serve(); });
 }
 
 StoppableServer::~StoppableServer()
 {
-    shutdown(listening, SHUT_RDWR);
+    listening.Stop();
     thread.join();
-    close(listening);
 }
 
 void StoppableServer::ClickLater(std::chrono::milliseconds after, std::function<void()> newClick)
@@ -66,7 +31,7 @@ double StoppableServer::SecondsFromClickToStop()
 /// Every other frame of the connection is a search, and every other one the request to stop it.
 void StoppableServer::serve()
 {
-    const int connection = accept(listening, nullptr, nullptr);
+    const int connection = listening.Accept();
     if (connection < 0)
         return;
     std::thread streaming;
@@ -93,7 +58,7 @@ void StoppableServer::stream(int connection)
 {
     const auto due = Clock::now() + delay;
     bool waiting = true;
-    while (!stopped && sendAll(connection, rows)) {
+    while (!stopped && SendAll(connection, rows)) {
         if (waiting && Clock::now() >= due) {
             waiting = false;
             clicked = Clock::now();
@@ -101,5 +66,5 @@ void StoppableServer::stream(int connection)
         }
         std::this_thread::sleep_for(pause);
     }
-    sendAll(connection, "|EOF~|");
+    SendAll(connection, "|EOF~|");
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Loopback.h"
+
 #include <QByteArray>
 
 #include <atomic>
@@ -15,7 +17,7 @@ public:
     StoppableServer(QByteArray rows, std::chrono::milliseconds pause);
     ~StoppableServer();
 
-    quint16 Port() const { return port; }
+    quint16 Port() const { return listening.Port(); }
 
     /// Makes the click so long after the next search has begun.
     void ClickLater(std::chrono::milliseconds after, std::function<void()> click);
@@ -36,7 +38,6 @@ private:
     Clock::time_point clicked;
     std::atomic<double> seconds{0.0};
     std::atomic<bool> stopped{true};
-    int listening = -1;
-    quint16 port = 0;
+    ListeningSocket listening;
     std::thread thread;
 };

@@ -118,10 +118,14 @@ bool OpensByItself(const QString &type)
 PieceMarks MarksIn(QByteArrayView piece)
 {
     PieceMarks marks;
-    for (qsizetype at = FindSign(piece, '|'); at >= 0; at = FindSign(piece, '|', at + 1)) {
+    const auto beginsMark = [](char sign, char next) {
+        return (sign == '|') & ((AsSmall(next) == 's') | (next == 'E'));
+    };
+    FindPlace(piece, 0, beginsMark, [&](qsizetype at) {
         marks.Searching = marks.Searching || StandsAt(piece, at, searchingUpper);
         marks.End = marks.End || piece.sliced(at).startsWith(streamEnd);
-    }
+        return marks.Searching && marks.End;
+    });
     return marks;
 }
 

@@ -25,6 +25,29 @@ constexpr qint64 maximumDiscardedBytes = 64 * 1024 * 1024;
 constexpr QByteArrayView ping("DIAG001");
 constexpr QByteArrayView documentEnd("|EOD~|");
 
+/// What the link itself looks for in all that arrives.
+struct ArrivedWords
+{
+    bool Ping = false;
+    bool DocumentEnd = false;
+};
+
+/// In one go: there are hundreds of megabytes of a document.
+ArrivedWords wordsIn(QByteArrayView chunk)
+{
+    constexpr qsizetype zeros = 4; // of the ping
+    const auto inWord = [](char sign, char next) {
+        return ((sign == '0') & (next == '0')) | ((sign == '|') & (AsSmall(next) == 'e'));
+    };
+    ArrivedWords words;
+    FindPlace(chunk, 0, inWord, [&](qsizetype at) {
+        words.Ping = words.Ping || StandsAt(chunk, at - zeros, ping);
+        words.DocumentEnd = words.DocumentEnd || StandsAt(chunk, at, documentEnd);
+        return words.Ping;
+    });
+    return words;
+}
+
 ServerSocket *makeSocket(QObject *parent)
 {
     return socketFactory ? socketFactory(parent) : new TcpServerSocket(parent);
@@ -115,7 +138,8 @@ void frmWinsock::DataArrival(qint64 bytesTotal)
         return;
     const QByteArray chunk = CSock->GetData(bytesTotal);
     Global.strRecvBuffer.TakeOver(chunk);
-    if (HoldsWord(chunk, ping, ping.indexOf('0'))) {
+    const ArrivedWords words = wordsIn(chunk);
+    if (words.Ping) {
         // Past SendReq and its busy flag: the server wants to hear from us now. The whole buffer
         // goes with the ping, which is why a server must not ping during a reply.
         CSock->SendData("|IMALIVE\xA6|");
@@ -124,7 +148,7 @@ void frmWinsock::DataArrival(qint64 bytesTotal)
         Global.strRecvBuffer.Clear();
         return;
     }
-    if (HoldsWord(chunk, documentEnd))
+    if (words.DocumentEnd)
         WriteAppInfo(u"|EOD~||EOF~| found in Doc Server response"_s);
     noteTraffic();
 }

@@ -135,11 +135,7 @@ void tst_Startup::init()
 
 void tst_Startup::cleanup()
 {
-    const QString boxes = desk->Boxes.Complaints();
-    const bool allHappened = desk->AllHappened();
-    desk.reset();
-    QCOMPARE(boxes, QString());
-    QVERIFY(allHappened);
+    QCOMPARE(EndDialogue(desk), QString());
 }
 
 void tst_Startup::offline()

@@ -1,5 +1,20 @@
 #include "casedetails/DocumentsDesk.h"
+#include "support/FaultyFile.h"
 #include "support/HalvaneTest.h"
+
+namespace {
+/// How a transfer ends.
+enum class Outcome { Saved, TooShort, Stopped, Closed, TooManyNotices, Silent, DiskFull };
+
+/// What a tab would take for a row of its own, and for its end.
+const QByteArray strayRow = "|JONES~Of the document~|";
+
+bool asksToStop(Outcome outcome)
+{
+    return outcome != Outcome::Saved && outcome != Outcome::TooShort;
+}
+} // namespace
+Q_DECLARE_METATYPE(Outcome)
 
 /// A case window and the transfers that it started, when something comes between.
 class tst_CaseAndTransfer : public DocumentsTest
@@ -13,8 +28,17 @@ private Q_SLOTS:
     void anotherCaseWaitsForATransfer();
     void theListIsReadAgainWhileATransferRuns();
     void theListIsStoppedAndStillOpensItsRows();
+    void aTabBehindATransferHasItsOwnReply_data();
+    void aTabBehindATransferHasItsOwnReply();
 
 private:
+    /// Has the court say what makes a transfer of the third document end so, and what it still
+    /// says of it behind that.
+    void expectTransfer(Outcome outcome);
+    /// Does what makes it end so, in the middle of it.
+    void act(Outcome outcome);
+    /// Lets the court say the rest some turns after it was asked to stop.
+    void answerLate();
     /// Expects the retrieval of the third document, whose second half comes when all has happened
     /// that is to happen meanwhile.
     void expectHalf()
@@ -43,6 +67,7 @@ private:
 
     QByteArray body;
     QByteArray rest;
+    std::unique_ptr<FullDisk> disk;
 };
 
 void tst_CaseAndTransfer::theCaseIsClosedWhileItsTransferRuns()
@@ -204,6 +229,110 @@ void tst_CaseAndTransfer::theListIsStoppedAndStillOpensItsRows()
     doubleClick(window, 1);
     QCOMPARE(transfers().size(), 1);
     QCOMPARE(transfers().first()->txtDocRetrievalString, rowOf(1, u"Complaint"_s));
+}
+
+void tst_CaseAndTransfer::expectTransfer(Outcome outcome)
+{
+    ScriptedCourt::Exchange &document = court->Expect(requestOf(3, u"Answer"_s));
+    const QByteArray part = DocumentHead(5'000, "pdf") + "a part";
+    if (outcome == Outcome::Saved)
+        document.ReplyBytes(DocumentReply(body, "pdf"));
+    else if (outcome == Outcome::TooManyNotices)
+        document.ReplyBytes("|Searching~King County For Documents~|");
+    else
+        document.ReplyBytes(asksToStop(outcome) ? part : part + DocumentTail + strayRow + "|EOF~|");
+    // The rest is under way for a while. By the time it comes the request of the tab has gone out,
+    // or nobody means to send it yet.
+    if (asksToStop(outcome))
+        court->Expect(u"¦STOP"_s).ReplyBytes("the rest" + strayRow + DocumentTail).Late();
+    const bool silently =
+        outcome == Outcome::Saved || outcome == Outcome::Stopped || outcome == Outcome::Closed;
+    if (!silently)
+        desk->Boxes.Expect(u"An error was encountered while retrieving this document. Please retry "
+                           "this search at a later time."_s,
+                           u"Halvane Document Retrieval Error.."_s, MsgIcon::Exclamation);
+}
+
+void tst_CaseAndTransfer::act(Outcome outcome)
+{
+    frmDocTransfer *transfer = transfers().first();
+    switch (outcome) {
+    case Outcome::Stopped:
+        ButtonOf(transfer, "cmdStop")->click();
+        break;
+    case Outcome::Closed:
+        transfer->Unload(UnloadMode::MdiParent);
+        break;
+    case Outcome::Silent:
+        desk->Time.Run(5.0);
+        break;
+    case Outcome::DiskFull:
+        disk = std::make_unique<FullDisk>(1'000);
+        court->Send(QByteArray(2'000, 'x'));
+        break;
+    case Outcome::Saved:
+        court->Send(strayRow + "|EOF~|");
+        break;
+    case Outcome::TooShort:
+    case Outcome::TooManyNotices:
+        break;
+    }
+}
+
+void tst_CaseAndTransfer::answerLate()
+{
+    desk->When([this] { return court->OwesAnswer(); },
+               [this] {
+                   disk.reset();
+                   desk->Time.Stop();
+               });
+    desk->When([this, turns = 0]() mutable { return court->OwesAnswer() && ++turns > 20; },
+               [this] { court->AnswerNow(); });
+}
+
+void tst_CaseAndTransfer::aTabBehindATransferHasItsOwnReply_data()
+{
+    QTest::addColumn<Outcome>("outcome");
+    QTest::newRow("saved") << Outcome::Saved;
+    QTest::newRow("too short") << Outcome::TooShort;
+    QTest::newRow("stopped by the user") << Outcome::Stopped;
+    QTest::newRow("its window closed") << Outcome::Closed;
+    QTest::newRow("too many notices") << Outcome::TooManyNotices;
+    QTest::newRow("silent") << Outcome::Silent;
+    QTest::newRow("the disk full") << Outcome::DiskFull;
+}
+
+/// A tab that waits for its turn meanwhile asks when nothing of the document can come any more.
+void tst_CaseAndTransfer::aTabBehindATransferHasItsOwnReply()
+{
+    QFETCH(Outcome, outcome);
+    Global.bShowAlerts = false;
+    Global.intSearchingMsgs = outcome == Outcome::TooManyNotices ? 0 : 12;
+    // Large enough to be saved in several turns.
+    body = DocumentBody(2'000'000);
+    frmCaseDetails *window = listing();
+    expectTransfer(outcome);
+    court->Expect(SuperiorLine(u"NAMES"_s)).Reply(GridDef({u"SMITH~Plaintiff~"_s}));
+    doubleClick(window, 3);
+    const QPointer<frmDocTransfer> transfer = transfers().first();
+    ClickTab(window, u"Names"_s);
+    searchNow(window, 1);
+    const QString moment = outcome == Outcome::Saved ? u"Status: Saving File to Reports Folder.."_s
+                                                     : u"Status: Retrieving Document."_s;
+    if (outcome != Outcome::TooShort && outcome != Outcome::TooManyNotices)
+        desk->When([&] { return TextOf(transfer, "lblStatus") == moment; }, [&] { act(outcome); });
+    if (asksToStop(outcome))
+        answerLate();
+    letGo(transfer);
+    QVERIFY(finished(transfer));
+    desk->Time.Run(0.02);
+    QVERIFY(Finished(window));
+    desk->Time.Stop();
+    Global.intSearchingMsgs = 12;
+    QCOMPARE(CellsOf(window, CaseTab::Names).mid(1),
+             (QList<QStringList>{{u"SMITH"_s, u"Plaintiff"_s}}));
+    QVERIFY(window->Tab(CaseTab::Names).TabDone);
+    QVERIFY(saved() == (outcome == Outcome::Saved ? body : QByteArray()));
 }
 
 HALVANE_TEST(tst_CaseAndTransfer)

@@ -21,15 +21,7 @@ DocumentDesk::DocumentDesk()
 
 DocumentDesk::~DocumentDesk()
 {
-    QList<QPointer<QWidget>> windows;
-    const QWidgetList all = QApplication::topLevelWidgets();
-    for (QWidget *one : all)
-        windows.append(one);
-    for (const QPointer<QWidget> &one : windows) {
-        if (one && one->objectName().startsWith(u"frm"))
-            delete one;
-    }
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    closeWindows();
     ReplaceShell({});
 }
 
@@ -39,14 +31,6 @@ frmDocTransfer *DocumentDesk::Pending(const DocumentStart &start)
     made->Take(start);
     Enqueue(made);
     return made;
-}
-
-void DocumentDesk::Enqueue(JobWindow *window)
-{
-    window->Timer1->stop();
-    window->txtMasterKey = MakeMasterKey();
-    EnqueueKey(window->txtMasterKey);
-    window->show();
 }
 
 void DocumentDesk::Begin(JobWindow *window)
@@ -81,14 +65,7 @@ void DocumentTest::init()
 
 void DocumentTest::cleanup()
 {
-    const QString boxes = desk->Boxes.Complaints();
-    const bool allHappened = desk->AllHappened();
-    const QString conversation = court->Complaints();
-    desk.reset();
-    court.reset();
-    QCOMPARE(boxes, QString());
-    QVERIFY(allHappened);
-    QCOMPARE(conversation, QString());
+    QCOMPARE(EndDialogue(desk, court), QString());
 }
 
 void DocumentTest::Retrieve(const DocumentStart &start)

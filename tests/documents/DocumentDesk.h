@@ -1,8 +1,7 @@
 #pragma once
 
 #include "documents/DocumentLines.h"
-#include "support/BoxAnswers.h"
-#include "support/LinkDesk.h"
+#include "support/WindowDesk.h"
 #include "support/WindowUser.h"
 
 #include <QPointer>
@@ -12,9 +11,8 @@ class JobWindow;
 class QPushButton;
 class frmDocTransfer;
 
-/// A program with a user who retrieves documents: announced boxes, and a shell that notes what it
-/// is asked to open.
-class DocumentDesk : public LinkDesk
+/// A program with a user who retrieves documents, and a shell that notes what it is asked to open.
+class DocumentDesk : public WindowDesk
 {
 public:
     DocumentDesk();
@@ -22,8 +20,6 @@ public:
 
     /// A transfer with its key in the queue, shown, not asking for its turn yet.
     static frmDocTransfer *Pending(const DocumentStart &start = StartOf());
-    /// Gives a window a key at the end of the queue and shows it.
-    static void Enqueue(JobWindow *window);
     /// Lets it ask for its turn.
     static void Begin(JobWindow *window);
     /// Until no run is on the stack and nothing asks for a turn.
@@ -33,7 +29,6 @@ public:
     QStringList Documents(const QString &folder = {}) const;
     QByteArray Document(const QString &name) const { return Folder.Read(u"Reports/"_s + name); }
 
-    BoxAnswers Boxes;
     QStringList Opened;     ///< paths that the shell was asked to open
     bool ShellOpens = true; ///< what it answers
 };

@@ -41,6 +41,8 @@ private Q_SLOTS:
     void whatIsOpened();
     void notices_data();
     void notices();
+    void marksAreFoundWhereverTheyStand_data();
+    void marksAreFoundWhereverTheyStand();
     void manyNotices_data();
     void manyNotices();
     void aHeadAtTheStartOfAText_data();
@@ -169,6 +171,33 @@ void tst_DocumentHead::notices()
     QFETCH(bool, is);
     QCOMPARE(MarksIn(piece).Searching, is);
     QTEST(StripSearchingNotices(piece), "left");
+}
+
+void tst_DocumentHead::marksAreFoundWhereverTheyStand_data()
+{
+    QTest::addColumn<QByteArray>("filling");
+    QTest::newRow("among signs that begin no mark") << QByteArray("x");
+    QTest::newRow("among signs that begin both") << QByteArray("|EOF|Searchin|s|E");
+}
+
+/// At each place of a piece that is searched in several goes, one mark, the other, or both.
+void tst_DocumentHead::marksAreFoundWhereverTheyStand()
+{
+    QFETCH(QByteArray, filling);
+    const QByteArray end = "|EOF~|";
+    const QByteArray searching = "|sEaRCHING";
+    const QByteArray nothing = filling.repeated(900 / static_cast<int>(filling.size()));
+    QVERIFY(!MarksIn(nothing).End && !MarksIn(nothing).Searching);
+    for (qsizetype at = 0; at <= nothing.size(); ++at) {
+        QByteArray piece = nothing;
+        piece.insert(at, end);
+        QVERIFY(MarksIn(piece).End && !MarksIn(piece).Searching && HoldsEnd(piece));
+        piece = nothing;
+        piece.insert(at, searching);
+        QVERIFY(!MarksIn(piece).End && MarksIn(piece).Searching && !HoldsEnd(piece));
+        piece.insert(piece.size() - at, end);
+        QVERIFY(MarksIn(piece).End);
+    }
 }
 
 void tst_DocumentHead::manyNotices_data()

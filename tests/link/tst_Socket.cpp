@@ -328,6 +328,8 @@ void tst_Socket::ping_data()
     QTest::newRow("before a token") << QByteArray() << QByteArray("|DIAG001||A~|");
     QTest::newRow("between NULs") << QByteArray() << QByteArray("\0DIAG001\0", 9);
     QTest::newRow("in a longer word") << QByteArray() << QByteArray("xxDIAG0012");
+    QTest::newRow("deep in a large chunk, behind the end of a document")
+        << QByteArray() << QByteArray(700, '0') + "|EOD~||" + QByteArray(700, '0') + "diag001|";
 }
 
 void tst_Socket::ping()
@@ -373,6 +375,8 @@ void tst_Socket::documentEnd_data()
     QTest::newRow("the end") << QByteArray("|EOD~||EOF~|") << true;
     QTest::newRow("behind document bytes") << QByteArray("\x01\xFF|EOD~||EOF~|") << true;
     QTest::newRow("lower case") << QByteArray("|eod~|") << true;
+    QTest::newRow("deep in a large chunk, behind what begins like it")
+        << QByteArray("|E").repeated(700) + "|EOd~|" + QByteArray(700, 'x') << true;
     QTest::newRow("without its bars") << QByteArray("EOD~") << false;
     QTest::newRow("another token") << QByteArray("|EOF~|") << false;
 }

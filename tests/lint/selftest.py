@@ -102,7 +102,7 @@ CLEAN_TREE = {
         """,
     "src/session/frmOne.ui": LABEL_UI.format(PLAIN_PROPERTY),
     "tests/session/tst_frmOne.cpp": "QVERIFY(trueCopy); // a QMessageBox is answered here\n",
-    "data/masks.txt": "XXX-XX-1234, special, in part 1\n",
+    "data/masks.txt": "XXX-XX-1234, special, 1 part only\n",
     "docs/tests.md": "We never use QSKIP.\n",
     "docs/users.md": "The user is told, and you are\ntold. It told the user so. A threshold is not told.\n",
     "src/core/Users.h": "// Who asks is not\n/// told why; nobody was told: no. Nobody has been told.\n",

@@ -17,33 +17,11 @@ namespace {
 constexpr int shortestTick = 1;
 } // namespace
 
-SearchDesk::~SearchDesk()
-{
-    QList<QPointer<QWidget>> windows;
-    const QWidgetList all = QApplication::topLevelWidgets();
-    for (QWidget *window : all)
-        windows.append(window);
-    // A window takes those that belong to it along.
-    for (const QPointer<QWidget> &window : windows) {
-        if (window && window->objectName().startsWith(u"frm"))
-            delete window;
-    }
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-}
-
 frmNameSearchResults *SearchDesk::MakePending(const QStringList &lines, const QString &state)
 {
     auto *window = new frmNameSearchResults(state);
     Enqueue(window, lines);
     return window;
-}
-
-void SearchDesk::Enqueue(JobWindow *window)
-{
-    window->Timer1->stop();
-    window->txtMasterKey = MakeMasterKey();
-    EnqueueKey(window->txtMasterKey);
-    window->show();
 }
 
 void SearchDesk::Enqueue(NameResultsWindow *window, const QStringList &lines)
@@ -84,14 +62,7 @@ void SearchTest::init()
 
 void SearchTest::cleanup()
 {
-    const QString boxes = desk->Boxes.Complaints();
-    const bool allHappened = desk->AllHappened();
-    const QString conversation = court->Complaints();
-    desk.reset();
-    court.reset();
-    QCOMPARE(boxes, QString());
-    QVERIFY(allHappened);
-    QCOMPARE(conversation, QString());
+    QCOMPARE(EndDialogue(desk, court), QString());
 }
 
 void SearchTest::begin(NameResultsWindow *window, const QStringList &lines)

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "namesearch/SearchJobs.h"
-#include "support/BoxAnswers.h"
-#include "support/LinkDesk.h"
+#include "support/WindowDesk.h"
 #include "support/WindowUser.h"
 
 #include <QColor>
@@ -22,32 +21,26 @@ class QWidget;
 class ResultListView;
 class frmNameSearchResults;
 
-/// A program with a user at it: an application folder, a clock that stands still, announced boxes,
-/// a session, and results windows that ask for their turn every millisecond. One a test function.
-class SearchDesk : public LinkDesk
+/// A program with a user who searches: results windows that ask for their turn every millisecond.
+/// One a test function.
+class SearchDesk : public WindowDesk
 {
 public:
-    SearchDesk() = default;
-    ~SearchDesk() override;
-
     /// A results window with its lines and a key at the end of the queue, as the search form leaves
     /// one, shown and asking for its turn.
     frmNameSearchResults *Start(const QStringList &lines, const QString &state = u"WA"_s);
     /// The same, but it does not ask for its turn until its timer is started.
     frmNameSearchResults *MakePending(const QStringList &lines, const QString &state = u"WA"_s);
 
-    /// Makes a window of any kind pending: a key at the end of the queue, its timer stopped, shown.
-    void Enqueue(JobWindow *window);
+    using WindowDesk::Enqueue;
     /// The same, with these request lines.
-    void Enqueue(NameResultsWindow *window, const QStringList &lines);
+    static void Enqueue(NameResultsWindow *window, const QStringList &lines);
 
     /// When a login window stands above everything else: logs in as far as the session knows
     /// (`through`), or gives it up, and closes the window.
     void AnswerModalLogin(bool through);
     /// Waits until the search of this window is over and its run has left the stack.
     bool Finish(const QWidget *window);
-
-    BoxAnswers Boxes;
 };
 
 /// A test whose functions each have a desk of their own, and a court that holds the conversation

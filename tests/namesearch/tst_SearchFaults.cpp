@@ -65,11 +65,7 @@ void tst_SearchFaults::init()
 
 void tst_SearchFaults::cleanup()
 {
-    const QString boxes = desk->Boxes.Complaints();
-    const bool allHappened = desk->AllHappened();
-    desk.reset();
-    QCOMPARE(boxes, QString());
-    QVERIFY(allHappened);
+    QCOMPARE(EndDialogue(desk), QString());
 }
 
 void tst_SearchFaults::searchAgain()

@@ -181,11 +181,8 @@ QStringList EntryDesk::ItemsOf(const char *box) const
 QString EntryDesk::Complaints() const
 {
     QStringList all = complaints;
-    const QString boxes = Desk.Boxes.Complaints();
-    if (!boxes.isEmpty())
-        all.append(boxes);
-    if (!Desk.AllHappened())
-        all.append(u"something was to happen and did not"_s);
+    if (const QString ofDesk = Desk.Complaints(); !ofDesk.isEmpty())
+        all.append(ofDesk);
     return all.join(u"; "_s);
 }
 
@@ -217,9 +214,7 @@ void EntryTest::init()
 
 void EntryTest::cleanup()
 {
-    const QString complaints = desk->Complaints();
-    desk.reset();
-    QCOMPARE(complaints, QString());
+    QCOMPARE(EndDialogue(desk), QString());
 }
 
 void EntryTest::SearchWithCode(const QStringList &steps, const QStringList &requests)

@@ -161,13 +161,9 @@ void tst_frmSearchWA::init()
 
 void tst_frmSearchWA::cleanup()
 {
-    const QString boxes = desk->Boxes.Complaints();
-    const bool allHappened = desk->AllHappened();
     if (frmSearchWA::IsLoaded())
         frmSearchWA::Form().Unload();
-    desk.reset();
-    QCOMPARE(boxes, QString());
-    QVERIFY(allHappened);
+    QCOMPARE(EndDialogue(desk), QString());
 }
 
 QStringList tst_frmSearchWA::items(const char *list) const

@@ -76,6 +76,11 @@ void LinkDesk::When(std::function<bool()> ready, std::function<void()> act)
     watcher->start(shortestTick);
 }
 
+QString LinkDesk::Complaints() const
+{
+    return AllHappened() ? QString() : u"something was to happen and did not"_s;
+}
+
 bool LinkDesk::WaitUntil(const std::function<bool()> &holds)
 {
     const QDeadlineTimer deadline(longestTestMilliseconds);
@@ -95,10 +100,5 @@ void LinkTest::init()
 
 void LinkTest::cleanup()
 {
-    const bool allHappened = desk->AllHappened();
-    const QString conversation = court->Complaints();
-    desk.reset();
-    court.reset();
-    QVERIFY(allHappened);
-    QCOMPARE(conversation, QString());
+    QCOMPARE(EndDialogue(desk, court), QString());
 }

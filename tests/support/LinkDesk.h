@@ -6,6 +6,7 @@
 
 #include <QList>
 #include <QObject>
+#include <QStringList>
 #include <QTimer>
 
 #include <functional>
@@ -33,6 +34,9 @@ public:
     /// True when everything that was to happen has happened.
     bool AllHappened() const { return watchers.isEmpty(); }
 
+    /// What did not happen as it was announced; "" when all did.
+    virtual QString Complaints() const;
+
     /// Goes from event to event, without naps in between, until this holds. False when it never
     /// does.
     static bool WaitUntil(const std::function<bool()> &holds);
@@ -45,6 +49,27 @@ private:
     QList<QTimer *> watchers;
     QTimer guard;
 };
+
+/// Ends what a test function had: gives what did not happen as it was announced at the desk, and
+/// what was not said as it was written for the court; "" when all was. Both are gone then, so that
+/// a failure leaves nothing to the next function.
+template<class Desk>
+QString EndDialogue(std::unique_ptr<Desk> &desk, std::unique_ptr<ScriptedCourt> &court)
+{
+    QStringList complaints{desk->Complaints(), court->Complaints()};
+    complaints.removeAll(QString());
+    desk.reset();
+    court.reset();
+    return complaints.join(QStringLiteral("; "));
+}
+/// The same, for a desk whose court, if any, is no scripted one.
+template<class Desk>
+QString EndDialogue(std::unique_ptr<Desk> &desk)
+{
+    const QString complaints = desk->Complaints();
+    desk.reset();
+    return complaints;
+}
 
 /// A test whose functions each have a desk of their own, and a court that holds the conversation
 /// written for it. At the end of each, everything announced must have happened, and nothing else.
