@@ -65,7 +65,11 @@ const QList<Road> &roads()
          }},
         {"the file of an export", u"SaveDialog",
          [](frmNameSearchResults *waiting) {
-             AskWhereToSave(waiting, u"Export"_s, QDir::temp().filePath(u"list.csv"_s), u"csv"_s,
+             AskWhereToSave(waiting,
+                            {.Title = u"Export"_s,
+                             .Suggested = QDir::temp().filePath(u"list.csv"_s),
+                             .Ending = u"csv"_s,
+                             .Filters = {u"CSV Files (*.csv)"_s}},
                             waiting, [](const QString &) {});
              QTRY_VERIFY(!waiting->findChild<QDialog *>(u"SaveDialog"_s));
          }},
