@@ -293,6 +293,11 @@ void tst_PreviewDoc::anotherReport()
     user->Look(SampleResults(70));
     QCOMPARE(user->Page(), u"Page 1 of 4"_s);
     QCOMPARE(view()->verticalScrollBar()->value(), 0);
+    // Where nothing has to be scrolled, too.
+    user->Press("cmdAllPages");
+    user->Press("cmdLast");
+    user->Look(SampleResults(71));
+    QCOMPARE(user->Page(), u"Page 1 of 4"_s);
 }
 
 void tst_PreviewDoc::ways_data()
