@@ -62,9 +62,8 @@ qsizetype longestFit(const QString &text, qsizetype from, const QString &head, c
     const qsizetype most = text.size() - from;
     qsizetype fitting = 0;
     qsizetype tooMany = 1;
-    while (tooMany < most && lineFits(tooMany))
-        fitting = std::exchange(tooMany, tooMany * 2);
-    tooMany = std::min(tooMany, most + 1);
+    while (tooMany <= most && lineFits(tooMany))
+        fitting = std::exchange(tooMany, std::min(tooMany * 2, most + 1));
     while (tooMany - fitting > 1) {
         const qsizetype middle = fitting + (tooMany - fitting) / 2;
         (lineFits(middle) ? fitting : tooMany) = middle;

@@ -28,8 +28,8 @@ QString ReplaceText(const QString &text, const QString &search, const QString &r
 /// Measures a text; the unit is the caller's (twips on a printer).
 using TextMeasure = std::function<double(const QString &)>;
 
-/// Adds the text to `lines`, broken at blanks so that no line measures more than `limit`, and inside
-/// a word that is longer than that. Continuation lines begin with two blanks.
+/// Adds the text to `lines`, broken at blanks so that no line measures more than `limit`, and
+/// inside a word that is longer than that. Continuation lines begin with two blanks.
 void WrapTextByWidth(const QString &text, double limit, const TextMeasure &textWidth,
                      QStringList &lines);
 

@@ -4,9 +4,9 @@
 
 namespace {
 /// The least that a column which yields keeps, if it had as much.
-constexpr double floorOfYielding = 1000.0;
+constexpr double floorOfYielding = 1400.0;
 
-/// Between the text of a column that had to shrink and the next one: its lines are full, which
+/// Between the text of a column that yields and the next one: its lines are full, which
 /// those of others are seldom, and would look like one with what stands beside them.
 constexpr double airBehindText = 80.0;
 
@@ -50,7 +50,8 @@ QList<ColumnPlace> PlaceColumns(const QList<ColumnFormat> &formats, int printabl
     double left = 0.0;
     for (const ColumnFormat &format : formats) {
         const double width = format.Width * (format.Yields ? factors.Yielding : factors.Others);
-        const double room = width < format.Width ? width - airBehindText : width;
+        const bool full = format.Yields && width < format.Width;
+        const double room = full ? width - airBehindText : width;
         const double wrapAt = format.WrapAt > 0 ? std::min<double>(format.WrapAt, room) : room;
         places.append({left, width, wrapAt, format.Alignment});
         left += width + format.Gap * factors.Others;

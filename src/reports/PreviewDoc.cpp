@@ -61,7 +61,7 @@ private:
 
 PreviewDoc::PreviewDoc(QWidget *ownerWindow)
     : tmrPrepare(new QTimer(this)), ui(std::make_unique<Ui::PreviewDoc>()),
-      owner(FormWindow::Around(ownerWindow))
+      owner(ownerWindow ? FormWindow::Around(ownerWindow) : nullptr)
 {
     ui->setupUi(this);
     tmrPrepare->setObjectName(u"tmrPrepare"_s);
@@ -96,7 +96,8 @@ void PreviewDoc::follow()
         connect(form, &FormWindow::Unloaded, this, go);
     if (auto *dialog = qobject_cast<QDialog *>(owner))
         connect(dialog, &QDialog::finished, this, go);
-    connect(owner, &QObject::destroyed, this, go);
+    if (owner)
+        connect(owner, &QObject::destroyed, this, go);
 }
 
 void PreviewDoc::connectView()

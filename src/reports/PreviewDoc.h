@@ -28,7 +28,7 @@ class PreviewDoc : public FormWindow
 {
     Q_OBJECT
 public:
-    /// `owner` is the window that has reports, or a widget in it.
+    /// `owner` is the window that has reports, or a widget in it; nullptr for none.
     explicit PreviewDoc(QWidget *owner);
     ~PreviewDoc() override;
 

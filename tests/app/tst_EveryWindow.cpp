@@ -17,6 +17,7 @@
 #include "prefs/frmInfo.h"
 #include "prefs/frmNameSearchResultsHelp.h"
 #include "prefs/frmSearchHelp.h"
+#include "reports/PreviewDoc.h"
 #include "searchentry/frmAccounting.h"
 #include "session/frmConnect.h"
 #include "session/frmConnectionStatus.h"
@@ -65,12 +66,26 @@ QWidget *make<frmLogin>()
     return nullptr;
 }
 
+template<>
+QWidget *make<PreviewDoc>()
+{
+    auto *preview = new PreviewDoc(nullptr);
+    Report report;
+    constexpr int lines = 200;
+    for (int i = 0; i < lines; ++i)
+        report.Add(BlockKind::Text, {u"text"_s});
+    preview->ShowReport(report);
+    while (preview->tmrPrepare->isActive())
+        QCoreApplication::processEvents();
+    return preview;
+}
+
 struct WindowRow
 {
     const char *name;
     QWidget *(*make)();
 };
-constexpr std::array<WindowRow, 22> windows{{
+constexpr std::array<WindowRow, 23> windows{{
     {"frmAbout", make<frmAbout>},
     {"frmAccounting", make<frmAccounting>},
     {"frmAllDocuments", make<frmAllDocuments>},
@@ -93,6 +108,7 @@ constexpr std::array<WindowRow, 22> windows{{
     {"frmNameSearchResults", make<frmNameSearchResults>},
     {"frmNameSearchResultsHelp", make<frmNameSearchResultsHelp>},
     {"frmSearchHelp", make<frmSearchHelp>},
+    {"PreviewDoc", make<PreviewDoc>},
 }};
 
 /// Whether the Tab key shall come to it.

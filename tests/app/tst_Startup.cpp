@@ -1,13 +1,17 @@
 #include "app/Startup.h"
 #include "controls/LinkLabel.h"
+#include "controls/SaveDialog.h"
 #include "core/GlobalState.h"
 #include "core/HelpTopic.h"
 #include "core/Options.h"
 #include "jobs/frmQueue.h"
 #include "link/frmWinsock.h"
 #include "namesearch/SearchDesk.h"
+#include "reports/PreviewDoc.h"
 #include "searchentry/frmSearchWA.h"
 #include "session/SessionEvents.h"
+#include "session/SessionState.h"
+#include "session/frmElapsedTime.h"
 #include "session/frmLogin.h"
 #include "session/frmMain.h"
 #include "support/FakeSocket.h"
@@ -112,6 +116,8 @@ private Q_SLOTS:
     void aSearchInAStateShowsTheFormInIt_data();
     void aSearchInAStateShowsTheFormInIt();
     void aboutOpens();
+    void theSessionReportOpens();
+    void thePaperIsAskedFor();
     void theHelpOfAResultsWindowOpens();
     void theHelpOfAStepOfTheFormOpensOnItsTopic();
     void aCourtsEntryShowsTheForm_data();
@@ -455,6 +461,36 @@ void tst_Startup::aboutOpens()
     Q_EMIT SessionEvents::Of().AboutWanted();
     QVERIFY(shown);
     QVERIFY(!shownWindow(u"frmAbout"_s));
+}
+
+void tst_Startup::theSessionReportOpens()
+{
+    offline();
+    Session.strUserName = u"paralegal"_s;
+    Session.strSessionTime = u"Lost Connection"_s;
+    frmElapsedTime window(frmMain::Form());
+    window.show();
+    Click(&window, "cmdPrint");
+    auto *preview = Shown<PreviewDoc>(u"PreviewDoc"_s);
+    QVERIFY(preview);
+    ReplaceSaveDialog([this](const QString &) { return desk->Folder.Path(u"session.pdf"_s); });
+    Click(preview, "cmdSavePdf");
+    ReplaceSaveDialog({});
+    QVERIFY(desk->Folder.Read(u"session.pdf"_s).startsWith("%PDF-"));
+    Click(&window, "Command1");
+    QVERIFY(!preview->isVisible());
+}
+
+void tst_Startup::thePaperIsAskedFor()
+{
+    offline();
+    bool shown = false;
+    desk->Boxes.ExpectDialog(u"PageSetup"_s, [&shown](QDialog *dialog) {
+        shown = dialog->windowTitle() == u"Page Setup";
+        dialog->reject();
+    });
+    Choose(frmMain::Form(), "mnuFilePageSetup");
+    QVERIFY(shown);
 }
 
 void tst_Startup::theHelpOfAResultsWindowOpens()

@@ -69,7 +69,7 @@ const QList<Road> &roads()
                             {.Title = u"Export"_s,
                              .Suggested = QDir::temp().filePath(u"list.csv"_s),
                              .Ending = u"csv"_s,
-                             .Filters = {u"Lists (*.csv)"_s}},
+                             .Filters = {u"CSV Files (*.csv)"_s}},
                             waiting, [](const QString &) {});
              QTRY_VERIFY(!waiting->findChild<QDialog *>(u"SaveDialog"_s));
          }},

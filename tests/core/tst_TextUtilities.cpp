@@ -193,6 +193,10 @@ void tst_TextUtilities::wrapByWidth_data()
     QTest::newRow("a word of several lines")
         << u"0123456789abcdefghijklmnopqrs"_s
         << QStringList{u"0123456789"_s, u"  abcdefgh"_s, u"  ijklmnop"_s, u"  qrs"_s};
+    QTest::newRow("a word that is longer by two signs")
+        << u"0123456789ab c"_s << QStringList{u"0123456789"_s, u"  ab c"_s};
+    QTest::newRow("a word that is longer by one sign")
+        << u"0123456789a bc"_s << QStringList{u"0123456789"_s, u"  a bc"_s};
     QTest::newRow("a sign of two units stays whole")
         << u"123456789\U0001F600b"_s << QStringList{u"123456789"_s, u"  \U0001F600b"_s};
     QTest::newRow("an accent stays with its letter")

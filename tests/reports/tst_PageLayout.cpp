@@ -245,9 +245,9 @@ void tst_PageLayout::yieldingColumnTakesWhatIsLeft()
 void tst_PageLayout::yieldingColumnHasAFloor()
 {
     const QList<ColumnPlace> places =
-        PlaceColumns({{.Width = 9800}, {.Width = 5000, .Yields = true}, {.Width = 9800}}, 10800);
-    QCOMPARE(places[0].Width, 4900.0);
-    QCOMPARE(places[1].Width, 1000.0);
+        PlaceColumns({{.Width = 9400}, {.Width = 5000, .Yields = true}, {.Width = 9400}}, 10800);
+    QCOMPARE(places[0].Width, 4700.0);
+    QCOMPARE(places[1].Width, 1400.0);
     QCOMPARE(places[2].Right(), 10800.0);
     // What is less than that already stays as it is.
     QCOMPARE(PlaceColumns({{.Width = 10400}, {.Width = 800, .Yields = true}}, 10800)[1].Width,

@@ -9,6 +9,7 @@
 #include "support/Ticks.h"
 
 #include <QDialog>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QWheelEvent>
 #include <QWindow>
@@ -289,9 +290,14 @@ void tst_PreviewDoc::anotherReport()
 {
     user->Look(SampleResults(60));
     user->Press("cmdLast");
-    user->Look(SampleResults(1));
-    QCOMPARE(user->Page(), u"Page 1 of 1"_s);
+    user->Look(SampleResults(70));
+    QCOMPARE(user->Page(), u"Page 1 of 4"_s);
     QCOMPARE(view()->verticalScrollBar()->value(), 0);
+    // Where nothing has to be scrolled, too.
+    user->Press("cmdAllPages");
+    user->Press("cmdLast");
+    user->Look(SampleResults(71));
+    QCOMPARE(user->Page(), u"Page 1 of 4"_s);
 }
 
 void tst_PreviewDoc::ways_data()
@@ -352,14 +358,22 @@ void tst_PreviewDoc::modalOnlyOverAModalDialog()
     dialog.setObjectName(u"Modal"_s);
     boxes->Whenever(u"Modal"_s, [](QDialog *) {});
     dialog.setModal(true);
+    auto *button = new QPushButton(&dialog);
+    button->setObjectName(u"cmdOfTheDialog"_s);
+    int clicks = 0;
+    connect(button, &QPushButton::clicked, &dialog, [&clicks] { ++clicks; });
     dialog.show();
     const QPointer<PreviewDoc> preview(PreviewDoc::Of(&dialog));
     preview->ShowReport(SampleResults(1));
     QCOMPARE(preview->windowModality(), Qt::WindowModal);
     // It can be reached, and what it stands over can not.
     QVERIFY(QTest::qWaitForWindowExposed(preview));
+    ClickOnScreen(&dialog, "cmdOfTheDialog");
+    QCOMPARE(clicks, 0);
     ClickOnScreen(preview, "cmdClose");
     QVERIFY(!preview->isVisible());
+    ClickOnScreen(&dialog, "cmdOfTheDialog");
+    QCOMPARE(clicks, 1);
     preview->ShowReport(SampleResults(1));
     dialog.reject();
     Ticks(2);

@@ -217,12 +217,12 @@ void tst_ReportPdf::stoppedKeepsTheOldFile()
     folder->Write(u"report.pdf"_s, "the old one");
     const ReportPainter painter;
     PageLayout layout(SampleResults(500), letter, &painter);
-    QList<int> told;
-    QVERIFY(!WritePdf(layout, painter, folder->Path(u"report.pdf"_s), [&told](int done) {
-        told.append(done);
+    QList<int> seen;
+    QVERIFY(!WritePdf(layout, painter, folder->Path(u"report.pdf"_s), [&seen](int done) {
+        seen.append(done);
         return done < 3;
     }));
-    QCOMPARE(told, (QList<int>{1, 2, 3}));
+    QCOMPARE(seen, (QList<int>{1, 2, 3}));
     QCOMPARE(folder->Read(u"report.pdf"_s), QByteArray("the old one"));
     QCOMPARE(QDir(folder->Path()).entryList({u"report.pdf*"_s}), QStringList{u"report.pdf"_s});
 }

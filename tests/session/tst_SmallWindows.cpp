@@ -4,6 +4,7 @@
 #include "core/Version.h"
 #include "prefs/frmAbout.h"
 #include "prefs/frmInfo.h"
+#include "session/SessionEvents.h"
 #include "session/SessionState.h"
 #include "session/frmConnect.h"
 #include "session/frmConnectionStatus.h"
@@ -17,6 +18,7 @@
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QScreen>
+#include <QSignalSpy>
 
 #include <cmath>
 
@@ -210,6 +212,10 @@ void tst_SmallWindows::elapsedTime()
     QCOMPARE(Child<QLabel>(&window, "lblElapsedTime")->text(), sessionTime);
     QCOMPARE(Child<QPushButton>(&window, "cmdPrint")->text(), u"Print"_s);
     QVERIFY(isCentred(window));
+    QSignalSpy wanted(&SessionEvents::Of(), &SessionEvents::SessionReportWanted);
+    Click(&window, "cmdPrint");
+    QCOMPARE(wanted.count(), 1);
+    QCOMPARE(Session.strSessionTime, sessionTime);
 }
 
 void tst_SmallWindows::elapsedTimeForgetsTheSessionTime_data()

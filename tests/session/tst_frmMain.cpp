@@ -136,6 +136,7 @@ private Q_SLOTS:
     void theChosenCourtIsTheOnlyOneChecked();
     void supportPage_data();
     void supportPage();
+    void pageSetupIsWanted();
     void aboutIsWanted();
     void templateTexts_data();
     void templateTexts();
@@ -487,6 +488,13 @@ void tst_frmMain::supportPage()
     Choose(main, entry.constData());
     QCOMPARE(browser.opened.size(), 1);
     QCOMPARE(browser.opened.first().path(), u"/support.htm"_s);
+}
+
+void tst_frmMain::pageSetupIsWanted()
+{
+    QSignalSpy wanted(&SessionEvents::Of(), &SessionEvents::PageSetupWanted);
+    Choose(main, "mnuFilePageSetup");
+    QCOMPARE(wanted.count(), 1);
 }
 
 void tst_frmMain::aboutIsWanted()
