@@ -168,6 +168,18 @@ void tst_PreviewPrint::printsTheRangeThatIsWanted()
     });
     Click(user->Preview(), "cmdPrint");
     QCOMPARE(PdfPages(path(u"out.pdf"_s)), pagesOf(SampleResults(100)).mid(1, 2));
+    // On other paper no page has been found yet.
+    WritePdf(SampleResults(100), letterLying, path(u"expected.pdf"_s));
+    ReplacePrintDialog([this](QPrinter &printer) {
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(path(u"lying.pdf"_s));
+        printer.setPageOrientation(QPageLayout::Landscape);
+        printer.setPrintRange(QPrinter::PageRange);
+        printer.setFromTo(3, 4);
+        return true;
+    });
+    Click(user->Preview(), "cmdPrint");
+    QCOMPARE(PdfPages(path(u"lying.pdf"_s)), PdfPages(path(u"expected.pdf"_s)).mid(2, 2));
 }
 
 void tst_PreviewPrint::notPrinted()
