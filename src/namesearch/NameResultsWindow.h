@@ -123,6 +123,7 @@ private:
     void showColumns();
     ReportSituation situation() const;
     bool saveReport(const QString &path);
+    QString caption() const;
 
     std::unique_ptr<ReportViewer> preview;
     QLabel *lblSearchStatus = nullptr;

@@ -9,6 +9,8 @@
 #include <QDir>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 void NameResultsWindow::ConnectReportButtons(QPushButton *save, QPushButton *email)
 {
     connect(save, &QPushButton::clicked, this, &NameResultsWindow::SaveResultsDialog);
@@ -45,16 +47,22 @@ bool NameResultsWindow::saveReport(const QString &path)
                       [this] { return ResultsText(search->Record, Reported(), situation()); });
 }
 
+QString NameResultsWindow::caption() const
+{
+    // A search that has not begun has none of its own yet.
+    return search->Record.Caption.isEmpty() ? u"Name Search Results"_s : search->Record.Caption;
+}
+
 void NameResultsWindow::SaveResultsDialog()
 {
-    AskWhereToSaveReport(this, windowTitle(), [this](const QString &path) { PrintToFile(path); });
+    AskWhereToSaveReport(this, caption(), [this](const QString &path) { PrintToFile(path); });
 }
 
 /// Nothing is mailed but what has just been written.
 void NameResultsWindow::EmailResults()
 {
     const RunScope scope(this);
-    const QString name = ReportFileName(windowTitle());
+    const QString name = ReportFileName(caption());
     const QString path = QDir(Global.strReportFolder).filePath(name);
     if (saveReport(path))
         MailReport(this, path, name);

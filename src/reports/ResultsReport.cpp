@@ -289,7 +289,7 @@ ReportText ResultsText(const ResultsRecord &record, const ReportedList &list,
     const ResultsHead head = headOf(record, list, situation);
     ReportText text(headLines(record, head, situation));
     addRowLines(text, list);
-    // The same sentence for every search: of an incomplete one the head has told.
+    // The same sentence for every search: that it is incomplete stands in the head.
     QStringList closing{u" "_s, totalOf(list.Rows->Count(), false), u" "_s};
     AppendClosingLines(closing, situation.StopRequested);
     for (const QString &line : std::as_const(closing))

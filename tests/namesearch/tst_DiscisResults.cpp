@@ -116,8 +116,8 @@ void tst_DiscisResults::buttonsAtLoad_data()
         row("cmdSearchResults_1", u"&Close Results"_s, true, true);
         row("cmdSearchResults_2", u"&Print Results"_s, true, false);
         row("cmdSearchResults_3", u"Create New &Search"_s, true, true);
-        row("cmdSaveResultToFile", u"&Save Results"_s, true, false);
-        row("cmdEmail", civil ? u"&Email Results"_s : u"&Email"_s, true, false);
+        row("cmdSaveResultToFile", u"&Save Results"_s, true, true);
+        row("cmdEmail", civil ? u"&Email Results"_s : u"&Email"_s, true, true);
         row("cmdPrintMoreInfo", u"Print &Add'l Details"_s, true, true);
         row("cmdCloseMoreInfo", u"&Hide Add'l Details"_s, false, true);
         if (!civil)

@@ -171,7 +171,7 @@ void tst_IndexPages::aThousandTwoHundredRows()
     QVERIFY(takeNextPage(*desk, window));
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Complete: 1200 Cases Retrieved."_s);
     QCOMPARE(TextOf(window, "Label3"), QString());
-    QCOMPARE(buttonsOf(window), u"save PRINT"_s);
+    QCOMPARE(buttonsOf(window), u"SAVE PRINT"_s);
     const QList<QStringList> rows = RowsOf(window);
     QCOMPARE(rows.size(), 1200);
     for (int i = 0; i < 1200; ++i)
@@ -204,7 +204,7 @@ void tst_IndexPages::theButtonStandsInThePlaceOfSave()
     court->Expect(IndexLine(501, 1000)).Reply({u"EOF~"_s});
     QVERIFY(takeNextPage(*desk, window));
     QCoreApplication::sendPostedEvents();
-    QCOMPARE(buttonsOf(window), u"save PRINT"_s);
+    QCOMPARE(buttonsOf(window), u"SAVE PRINT"_s);
     QCOMPARE(save->y(), top);
     QCOMPARE(gapToPrint(save), gap);
 }
@@ -223,10 +223,10 @@ void tst_IndexPages::theSecondPage_data()
     const QString offered = u"501-1000"_s;
     QTest::newRow("the last page")
         << QStringList{row, u"EOF~"_s} << false << u"Search Complete: 2 Cases Retrieved."_s
-        << QString() << u"save PRINT"_s << getNext << offered << 501;
+        << QString() << u"SAVE PRINT"_s << getNext << offered << 501;
     QTest::newRow("empty") << QStringList{u"EOF~"_s} << false
                            << u"Search Complete: 1 Cases Retrieved."_s << QString()
-                           << u"save PRINT"_s << getNext << offered << 501;
+                           << u"SAVE PRINT"_s << getNext << offered << 501;
     QTest::newRow("one more page")
         << QStringList{row, LimitRow(1000, 200)} << false
         << u"Complete - 200 More Results Available"_s << u"Retrieved: 2"_s << u"NEXT PRINT"_s
@@ -300,7 +300,7 @@ void tst_IndexPages::aStoppedSecondPageEndsByItsEndMark()
     QVERIFY(desk->Finish(window));
     QCOMPARE(whileStopping, u"next PRINT: Search Stopped By User .. "_s);
     QVERIFY(window->StopRequested);
-    QCOMPARE(buttonsOf(window), u"save PRINT"_s);
+    QCOMPARE(buttonsOf(window), u"SAVE PRINT"_s);
     QCOMPARE(window->RowCount(), 3);
 }
 

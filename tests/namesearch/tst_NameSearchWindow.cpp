@@ -34,8 +34,8 @@ const QList<Button> &buttons()
         {"cmdSearchResults_2", u"&Print Results"_s, true, false},
         {"cmdSearchResults_3", u"Create New &Search"_s, false, true},
         {"cmdSearchResults_4", u"Get &Next 500 Cases"_s, false, false},
-        {"cmdSearchResults_5", u"&Email Results"_s, true, false},
-        {"cmdSearchResults_6", u"Save Results to File"_s, true, false},
+        {"cmdSearchResults_5", u"&Email Results"_s, true, true},
+        {"cmdSearchResults_6", u"Save Results to File"_s, true, true},
     };
     return all;
 }
