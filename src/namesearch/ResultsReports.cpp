@@ -65,5 +65,5 @@ void NameResultsWindow::EmailResults()
     const QString name = ReportFileName(caption());
     const QString path = QDir(Global.strReportFolder).filePath(name);
     if (saveReport(path))
-        MailReport(this, path, name);
+        SendResultsByMail(this, path, name);
 }

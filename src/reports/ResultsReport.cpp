@@ -14,13 +14,12 @@ constexpr QStringView incompleteWarning =
     u"WARNING:  This Search is Incomplete! Some results may not have been retrieved.";
 constexpr QStringView labelFormat = u"r 1200;200";
 constexpr QStringView valueFormat = u"l 3000;200";
+constexpr QStringView emptyDescriptionFormat = u"l 2001;50";
 constexpr int numberCell = 1;
 
 // On paper
-constexpr int descriptionRoom = 100;        ///< twips behind the longest description
-constexpr int emptyDescriptionWidth = 2001; ///< twips
-constexpr int descriptionGap = 50;          ///< twips
-constexpr int nameWrap = 2700;              ///< twips; a wider name is broken
+constexpr int descriptionRoom = 100; ///< twips behind the longest description
+constexpr int nameWrap = 2700;       ///< twips; a wider name is broken
 
 // In a text file
 constexpr int countyCharacters = 110;
@@ -120,10 +119,9 @@ ColumnFormat formatOf(const ReportColumn &column, const RowTable &rows,
     if (!column.Format.isEmpty())
         return ColumnFormatOf(column.Format);
     const QString longest = longestCell(rows, column.Cell);
-    ColumnFormat format;
-    format.Width = longest.isEmpty() ? emptyDescriptionWidth
-                                     : static_cast<int>(textWidth(longest)) + descriptionRoom;
-    format.Gap = descriptionGap;
+    ColumnFormat format = ColumnFormatOf(emptyDescriptionFormat);
+    if (!longest.isEmpty())
+        format.Width = static_cast<int>(textWidth(longest)) + descriptionRoom;
     format.Yields = true;
     return format;
 }

@@ -57,7 +57,7 @@ void AskWhereToSaveReport(QWidget *window, const QString &caption,
                    window, save);
 }
 
-void MailReport(QWidget *window, const QString &path, const QString &name)
+void SendResultsByMail(QWidget *window, const QString &path, const QString &name)
 {
     const QPointer<QWidget> parent(window);
     // Of the program: whoever closed the window meanwhile still hears that no mail will come.

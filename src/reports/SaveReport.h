@@ -17,7 +17,7 @@ bool SaveReport(QWidget *parent, const QString &path, const std::function<Report
 
 /// Opens a mail with the report that SaveReport has just written to `path`. When that fails the
 /// user reads why, and can have the folder shown in which the report is.
-void MailReport(QWidget *window, const QString &path, const QString &name);
+void SendResultsByMail(QWidget *window, const QString &path, const QString &name);
 
 /// Asks where to save the report of a window with this caption, in the folder of reports. With the
 /// answer comes the call of `save`, unless the user does not want to or the window is gone by then.
