@@ -1,5 +1,7 @@
 #include "app/Tour.h"
 
+#include "app/WindowFinder.h"
+#include "controls/SaveDialog.h"
 #include "controls/TabStrip.h"
 #include "core/EndProgram.h"
 #include "core/GlobalState.h"
@@ -52,42 +54,6 @@ constexpr std::array<FormView, 8> formViews{{
     {u"optSearchType_0", u""},
 }};
 
-QWidget *windowNamed(const QString &name)
-{
-    const QWidgetList widgets = QApplication::allWidgets();
-    for (QWidget *widget : widgets) {
-        if (widget->objectName() == name && widget->isVisible())
-            return widget;
-    }
-    return nullptr;
-}
-
-template<typename Widget>
-Widget *child(const QString &window, const QString &name)
-{
-    const QWidget *parent = windowNamed(window);
-    return parent ? parent->findChild<Widget *>(name) : nullptr;
-}
-
-bool canClick(const QString &window, const QString &name)
-{
-    const auto *button = child<QAbstractButton>(window, name);
-    return button && button->isEnabled() && button->isVisible();
-}
-
-/// Queued: a click may open a box or wait for the server, and the tour goes on inside it.
-void click(const QString &window, const QString &name)
-{
-    if (auto *button = child<QAbstractButton>(window, name))
-        QMetaObject::invokeMethod(button, &QAbstractButton::click, Qt::QueuedConnection);
-}
-
-QString labelText(const QString &window, const QString &name)
-{
-    const auto *label = child<QLabel>(window, name);
-    return label ? label->text() : QString();
-}
-
 /// Answers the box that is open and gives its text.
 QString answerBox(QDialogButtonBox::StandardButton answer)
 {
@@ -102,13 +68,13 @@ QString answerBox(QDialogButtonBox::StandardButton answer)
 
 void type(const QString &window, const QString &name, const QString &text)
 {
-    if (auto *box = child<QLineEdit>(window, name))
+    if (auto *box = ControlOf<QLineEdit>(window, name))
         box->setText(text);
 }
 
 void tick(const QString &window, const QString &list, const QStringList &items)
 {
-    auto *box = child<QListWidget>(window, list);
+    auto *box = ControlOf<QListWidget>(window, list);
     for (int i = 0; box && i < box->count(); ++i) {
         if (!items.contains(box->item(i)->text()))
             continue;
@@ -119,19 +85,19 @@ void tick(const QString &window, const QString &list, const QStringList &items)
 
 void choose(const QString &window, const QString &name, const QString &text)
 {
-    if (auto *box = child<QComboBox>(window, name))
+    if (auto *box = ControlOf<QComboBox>(window, name))
         box->setCurrentText(text);
 }
 
 bool isOver(const QString &window)
 {
-    const auto *stop = child<QPushButton>(window, u"cmdStopSearching"_s);
+    const auto *stop = ControlOf<QPushButton>(window, u"cmdStopSearching"_s);
     return stop && !stop->isEnabled();
 }
 
 void chooseTab(const QString &window, const QString &caption)
 {
-    auto *strip = child<TabStrip>(window, u"TabStrip1"_s);
+    auto *strip = ControlOf<TabStrip>(window, u"TabStrip1"_s);
     const qsizetype index = strip ? strip->Captions().indexOf(caption) : -1;
     if (index >= 0)
         strip->setCurrentIndex(static_cast<int>(index));
@@ -140,7 +106,7 @@ void chooseTab(const QString &window, const QString &caption)
 /// Chooses a row of a table and presses Enter on it.
 void enterRow(const QString &window, const QString &table, int row)
 {
-    auto *view = child<QTableView>(window, table);
+    auto *view = ControlOf<QTableView>(window, table);
     if (!view)
         return;
     view->selectRow(row);
@@ -150,13 +116,13 @@ void enterRow(const QString &window, const QString &table, int row)
 
 int progressOf(const QString &window)
 {
-    const auto *bar = child<QProgressBar>(window, u"ProgressBar1"_s);
+    const auto *bar = ControlOf<QProgressBar>(window, u"ProgressBar1"_s);
     return bar ? bar->value() : 0;
 }
 
 QString shownCaption(const QString &window)
 {
-    const auto *strip = child<TabStrip>(window, u"TabStrip1"_s);
+    const auto *strip = ControlOf<TabStrip>(window, u"TabStrip1"_s);
     return strip ? strip->SelectedCaption() : QString();
 }
 } // namespace
@@ -178,6 +144,7 @@ Tour::Tour(const QString &outputFolder, std::function<void()> atEnd, QObject *pa
     addSessionSteps();
     addFormSteps();
     addSearchSteps();
+    addResultsReportSteps();
     addOpenSteps(u"frmNameSearchResults"_s);
     addCaseSteps({u"frmCaseDetails"_s,
                   u"case"_s,
@@ -185,6 +152,7 @@ Tour::Tour(const QString &outputFolder, std::function<void()> atEnd, QObject *pa
                    u"Accounting"_s, u"Schedule"_s, u"Documents"_s}});
     addDocumentSteps();
     addAllDocumentsSteps();
+    addCaseReportSteps();
     addDistrictSteps(
         u"optDiscisSearch_0"_s,
         {u"frmCivilCaseDetails"_s, u"civil-case"_s, {u"Names"_s, u"Docket"_s, u"Judgments"_s}});
@@ -203,6 +171,10 @@ void Tour::Start()
         opened.append(path);
         return true;
     });
+    // A report is saved among the pictures, under the name that is offered for it.
+    ReplaceSaveDialog([this](const QString &offered) {
+        return QDir(output).filePath(QFileInfo(offered).fileName());
+    });
     waiting.start();
     timer.start();
 }
@@ -210,23 +182,23 @@ void Tour::Start()
 void Tour::addSessionSteps()
 {
     steps.push_back({u"The program asks whether to connect"_s,
-                     [] { return canClick(u"frmConnect"_s, u"cmdConnect"_s); },
+                     [] { return CanClick(u"frmConnect"_s, u"cmdConnect"_s); },
                      [this] {
-                         if (QWidget *main = windowNamed(u"frmMain"_s)) {
+                         if (QWidget *main = WindowNamed(u"frmMain"_s)) {
                              main->showNormal();
                              main->resize(mainWindowSize);
                          }
-                         picture(windowNamed(u"frmConnect"_s), u"connect"_s);
-                         click(u"frmConnect"_s, u"cmdConnect"_s);
+                         picture(WindowNamed(u"frmConnect"_s), u"connect"_s);
+                         ClickOn(u"frmConnect"_s, u"cmdConnect"_s);
                      }});
     steps.push_back({u"The server is reached"_s,
-                     [] { return canClick(u"frmLogin"_s, u"cmdLogin"_s); },
+                     [] { return CanClick(u"frmLogin"_s, u"cmdLogin"_s); },
                      [this] {
-                         say(labelText(u"frmLogin"_s, u"lblStatus"_s));
+                         say(LabelText(u"frmLogin"_s, u"lblStatus"_s));
                          type(u"frmLogin"_s, u"txtUsername"_s, u"paralegal"_s);
                          type(u"frmLogin"_s, u"txtPassword"_s, u"practice"_s);
-                         picture(windowNamed(u"frmLogin"_s), u"login"_s);
-                         click(u"frmLogin"_s, u"cmdLogin"_s);
+                         picture(WindowNamed(u"frmLogin"_s), u"login"_s);
+                         ClickOn(u"frmLogin"_s, u"cmdLogin"_s);
                      }});
     steps.push_back({u"A message of the server is offered"_s,
                      [] { return QApplication::activeModalWidget() != nullptr; },
@@ -239,19 +211,20 @@ void Tour::addFormSteps()
     steps.push_back({u"Logged in: the search form has a place for each court"_s,
                      [form] {
                          return Global.bLoggedIn && !Global.bLoginBusy
-                                && !windowNamed(u"frmLogin"_s) && windowNamed(form);
+                                && !WindowNamed(u"frmLogin"_s) && WindowNamed(form);
                      },
                      [this, form] {
                          for (const FormView &view : formViews) {
-                             auto *button = child<QAbstractButton>(form, view.button.toString());
+                             auto *button =
+                                 ControlOf<QAbstractButton>(form, view.button.toString());
                              if (!button || !button->isVisible()) {
                                  fail(u"There is no "_s + view.button.toString());
                                  return;
                              }
                              button->click();
-                             say(windowNamed(form)->windowTitle());
+                             say(WindowNamed(form)->windowTitle());
                              if (!view.picture.isEmpty())
-                                 picture(windowNamed(u"frmMain"_s), view.picture.toString());
+                                 picture(WindowNamed(u"frmMain"_s), view.picture.toString());
                          }
                      }});
 }
@@ -261,32 +234,32 @@ void Tour::addSearchSteps()
     const QString form = u"frmSearchWA"_s;
     const QString results = u"frmNameSearchResults"_s;
     steps.push_back({u"The search form is entered"_s,
-                     [form] { return windowNamed(form) != nullptr; },
+                     [form] { return WindowNamed(form) != nullptr; },
                      [this, form] {
                          type(form, u"txtSearchName_0"_s, u"Smith"_s);
                          type(form, u"txtSearchName_1"_s, u"John"_s);
                          type(form, u"txtSearchName_2"_s, u"Q"_s);
                          tick(form, u"lboxCountyOrProfile"_s, {u"King"_s});
                          tick(form, u"lboxCaseTypes"_s, {u"Civil"_s, u"Criminal"_s});
-                         picture(windowNamed(u"frmMain"_s), u"search-form"_s);
-                         click(form, u"cmdBeginSearch"_s);
+                         picture(WindowNamed(u"frmMain"_s), u"search-form"_s);
+                         ClickOn(form, u"cmdBeginSearch"_s);
                      }});
     steps.push_back({u"The court's disclaimer is accepted"_s,
                      [] { return QApplication::activeModalWidget() != nullptr; },
                      [this] { say(answerBox(QDialogButtonBox::Yes)); }});
     steps.push_back({u"The search takes its turn"_s,
-                     [results] { return windowNamed(results) != nullptr; },
-                     [this, results] { say(labelText(results, u"lblStatus"_s)); }});
+                     [results] { return WindowNamed(results) != nullptr; },
+                     [this, results] { say(LabelText(results, u"lblStatus"_s)); }});
     steps.push_back({u"The matches arrive"_s, [results] { return isOver(results); },
                      [this, results] {
-                         say(labelText(results, u"lblStatus"_s));
-                         const auto *list = child<QAbstractItemView>(results, u"listview1"_s);
+                         say(LabelText(results, u"lblStatus"_s));
+                         const auto *list = ControlOf<QAbstractItemView>(results, u"listview1"_s);
                          const QAbstractItemModel *rows = list->model();
                          for (int row = 0; row < rows->rowCount(); ++row)
                              say(rows->index(row, 0).data().toString() + u"  "_s
                                  + rows->index(row, 1).data().toString());
-                         picture(windowNamed(u"frmMain"_s), u"results"_s);
-                         if (labelText(results, u"lblStatus"_s)
+                         picture(WindowNamed(u"frmMain"_s), u"results"_s);
+                         if (LabelText(results, u"lblStatus"_s)
                              != u"Search Complete: 2 Cases Retrieved.")
                              fail(u"Two cases were expected."_s);
                      }});
@@ -297,8 +270,8 @@ void Tour::addOpenSteps(const QString &results)
 {
     steps.push_back({u"The first case is opened"_s, [results] { return isOver(results); },
                      [results] {
-                         child<QTableView>(results, u"listview1"_s)->selectRow(0);
-                         click(results, u"cmdSearchResults_0"_s);
+                         ControlOf<QTableView>(results, u"listview1"_s)->selectRow(0);
+                         ClickOn(results, u"cmdSearchResults_0"_s);
                      }});
 }
 
@@ -309,35 +282,36 @@ void Tour::addCaseSteps(const TourCase &tourCase)
     const QString name = tourCase.Picture;
     const QString first = tourCase.Tabs.first();
     const auto complete = [window] {
-        return isOver(window) && labelText(window, u"lblStatus"_s) == u"Search Complete";
+        return isOver(window) && LabelText(window, u"lblStatus"_s) == u"Search Complete";
     };
     steps.push_back({u"Its Summary arrives"_s, complete, [this, window, name] {
-                         say(windowNamed(window)->windowTitle());
-                         picture(windowNamed(u"frmMain"_s), name + u"-summary"_s);
+                         say(WindowNamed(window)->windowTitle());
+                         picture(WindowNamed(u"frmMain"_s), name + u"-summary"_s);
                      }});
     steps.push_back({u"A tab that was left out can be fetched"_s, [] { return true; },
                      [window, first] { chooseTab(window, first); }});
     steps.push_back({u"Everything is asked for"_s,
-                     [window] { return canClick(window, u"cmdSearchNow"_s); },
+                     [window] { return CanClick(window, u"cmdSearchNow"_s); },
                      [this, window, name] {
-                         picture(windowNamed(u"frmMain"_s), name + u"-on-demand"_s);
-                         click(window, u"cmdSearchNow"_s);
+                         picture(WindowNamed(u"frmMain"_s), name + u"-on-demand"_s);
+                         ClickOn(window, u"cmdSearchNow"_s);
                      }});
     // The first step sees the window before the click has come to it.
     steps.push_back({u"The case takes its turn again"_s, [window] { return !isOver(window); },
-                     [this, window] { say(labelText(window, u"lblStatus"_s)); }});
+                     [this, window] { say(LabelText(window, u"lblStatus"_s)); }});
     for (const QString &caption : tourCase.Tabs) {
         steps.push_back({caption + u" is looked at"_s, complete,
                          [window, caption] { chooseTab(window, caption); }});
         steps.push_back({caption + u" is shown"_s,
                          [window, caption] { return shownCaption(window) == caption; },
                          [this, window, name, caption] {
-                             const auto *panel = child<QAbstractButton>(window, u"cmdSearchNow"_s);
+                             const auto *panel =
+                                 ControlOf<QAbstractButton>(window, u"cmdSearchNow"_s);
                              if (!panel || panel->isVisible()) {
                                  fail(caption + u" was not retrieved."_s);
                                  return;
                              }
-                             picture(windowNamed(u"frmMain"_s), name + u'-' + caption.toLower());
+                             picture(WindowNamed(u"frmMain"_s), name + u'-' + caption.toLower());
                          }});
     }
 }
@@ -350,23 +324,23 @@ void Tour::addDocumentSteps()
     steps.push_back({u"A document is asked for"_s, [] { return true; },
                      [] { enterRow(u"frmCaseDetails"_s, u"GridDocuments"_s, 0); }});
     steps.push_back({u"Its transfer waits for its turn"_s,
-                     [this, transfer] { return windowNamed(transfer) || !opened.isEmpty(); },
+                     [this, transfer] { return WindowNamed(transfer) || !opened.isEmpty(); },
                      [this, transfer] {
-                         if (const QWidget *window = windowNamed(transfer))
+                         if (const QWidget *window = WindowNamed(transfer))
                              say(window->windowTitle());
-                         say(labelText(transfer, u"lblStatus"_s));
+                         say(LabelText(transfer, u"lblStatus"_s));
                      }});
     constexpr int someOfIt = 20;
     steps.push_back(
         {u"It comes"_s,
          [this, transfer] { return progressOf(transfer) > someOfIt || !opened.isEmpty(); },
          [this, transfer] {
-             say(labelText(transfer, u"lblDocDescription"_s));
-             say(labelText(transfer, u"lblStatus"_s));
-             picture(windowNamed(u"frmMain"_s), u"document-transfer"_s);
+             say(LabelText(transfer, u"lblDocDescription"_s));
+             say(LabelText(transfer, u"lblStatus"_s));
+             picture(WindowNamed(u"frmMain"_s), u"document-transfer"_s);
          }});
     steps.push_back({u"It is saved and would be shown, and the window has gone"_s,
-                     [this, transfer] { return !windowNamed(transfer) && !opened.isEmpty(); },
+                     [this, transfer] { return !WindowNamed(transfer) && !opened.isEmpty(); },
                      [this] { showDocument(); }});
 }
 
@@ -386,28 +360,28 @@ void Tour::addAllDocumentsSteps()
     steps.push_back(
         {u"All documents of the case are asked for"_s, [] { return true; },
          [this] {
-             auto *command = child<QAction>(u"frmCaseDetails"_s, u"mnuDocRetrieveAll"_s);
+             auto *command = ControlOf<QAction>(u"frmCaseDetails"_s, u"mnuDocRetrieveAll"_s);
              if (command)
                  QMetaObject::invokeMethod(command, &QAction::trigger, Qt::QueuedConnection);
              else
                  fail(u"There is no command for all documents."_s);
          }});
     steps.push_back({u"They come one after the other"_s,
-                     [all] { return windowNamed(all) != nullptr; },
-                     [this, all] { say(windowNamed(all)->windowTitle()); }});
+                     [all] { return WindowNamed(all) != nullptr; },
+                     [this, all] { say(WindowNamed(all)->windowTitle()); }});
     steps.push_back({u"All have come that can be had"_s,
                      [all] {
-                         const auto *stop = child<QPushButton>(all, u"cmdStop"_s);
+                         const auto *stop = ControlOf<QPushButton>(all, u"cmdStop"_s);
                          return stop && !stop->isEnabled();
                      },
                      [this, all] {
-                         say(labelText(all, u"lblProgress"_s));
-                         say(labelText(all, u"lblStatus"_s));
-                         picture(windowNamed(u"frmMain"_s), u"all-documents"_s);
-                         const QString came = labelText(all, u"lblProgress"_s);
+                         say(LabelText(all, u"lblProgress"_s));
+                         say(LabelText(all, u"lblStatus"_s));
+                         picture(WindowNamed(u"frmMain"_s), u"all-documents"_s);
+                         const QString came = LabelText(all, u"lblProgress"_s);
                          if (came.section(u' ', 0, 0) != came.section(u' ', 2, 2))
                              fail(u"Some of the documents have not come."_s);
-                         click(all, u"cmdClose"_s);
+                         ClickOn(all, u"cmdClose"_s);
                      }});
 }
 
@@ -422,17 +396,17 @@ void Tour::addDistrictSteps(const QString &kindButton, const TourCase &tourCase)
                      [this, form, kindButton] {
                          Q_EMIT SessionEvents::Of().CourtWanted(CourtEntry::WaDiscis);
                          for (const QString &button : {u"optCourtSelection_1"_s, kindButton}) {
-                             if (auto *option = child<QAbstractButton>(form, button))
+                             if (auto *option = ControlOf<QAbstractButton>(form, button))
                                  option->click();
                          }
                          type(form, u"txtSearchName_0"_s, u"Smith"_s);
                          type(form, u"txtSearchName_1"_s, u"John"_s);
                          type(form, u"txtSearchName_2"_s, u"Q"_s);
                          choose(form, u"cboxCountyList"_s, u"King"_s);
-                         if (auto *clear = child<QAbstractButton>(form, u"cmdClearCourtList"_s))
+                         if (auto *clear = ControlOf<QAbstractButton>(form, u"cmdClearCourtList"_s))
                              clear->click();
                          tick(form, u"lboxDiscisCourtNames"_s, {u"King District Seattle (KSD)"_s});
-                         click(form, u"cmdBeginSearch"_s);
+                         ClickOn(form, u"cmdBeginSearch"_s);
                      }});
     addOpenSteps(results);
     addCaseSteps(tourCase);

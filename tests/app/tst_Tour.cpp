@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QFileInfo>
 #include <QImage>
 #include <QProcess>
 #include <QRegularExpression>
@@ -71,18 +72,41 @@ void tst_Tour::theTourShowsWhatItMust()
     QVERIFY(all.contains(u"documents.csv"));
     QCOMPARE(all.size(), 11);
     QVERIFY(said.contains(u"10 of 10 Documents"));
+    // The reports, by their names.
+    const QString list = u"SMITH, JOHN, Q in King County, Washington Superior Courts"_s;
+    const QStringList reported{list + u".pdf"_s, list + u".Txt"_s,
+                               u"94-1-00042-1 -- King County Superior Court.pdf"_s};
+    for (const QString &report : reported) {
+        QVERIFY2(said.contains(u"report: "_s + output.filePath(report)), qPrintable(said));
+        QVERIFY2(QFileInfo(output.filePath(report)).size() > 500, qPrintable(report));
+    }
     // It has talked to a practice court, and left no trace of it there.
     QVERIFY(options.open(QIODevice::ReadOnly));
     const QByteArray left = options.readAll();
     QVERIFY(left.contains("HVServerIP1=192.0.2.1\n") || left.contains("HVServerIP1=192.0.2.1\r\n"));
     QVERIFY(left.contains("HVServerPort=85") && !left.contains("127.0.0.1"));
     const QStringList pictures = QDir(output.path()).entryList({u"*.png"_s}, QDir::Files);
-    for (const QString &name :
-         {u"connect"_s, u"login"_s, u"form-district"_s, u"form-oregon"_s, u"form-idaho"_s,
-          u"form-bankruptcy"_s, u"form-number"_s, u"form-batch"_s, u"search-form"_s, u"results"_s,
-          u"case-summary"_s, u"case-on-demand"_s, u"case-docket"_s, u"case-documents"_s,
-          u"document-transfer"_s, u"all-documents"_s, u"civil-case-judgments"_s,
-          u"non-civil-case-violations"_s}) {
+    for (const QString &name : {u"connect"_s,
+                                u"login"_s,
+                                u"form-district"_s,
+                                u"form-oregon"_s,
+                                u"form-idaho"_s,
+                                u"form-bankruptcy"_s,
+                                u"form-number"_s,
+                                u"form-batch"_s,
+                                u"search-form"_s,
+                                u"results"_s,
+                                u"case-summary"_s,
+                                u"case-on-demand"_s,
+                                u"case-docket"_s,
+                                u"case-documents"_s,
+                                u"document-transfer"_s,
+                                u"all-documents"_s,
+                                u"results-report"_s,
+                                u"print-manager"_s,
+                                u"case-report"_s,
+                                u"civil-case-judgments"_s,
+                                u"non-civil-case-violations"_s}) {
         const QStringList found =
             pictures.filter(QRegularExpression(u"^\\d+-"_s + name + u"\\.png$"_s));
         QVERIFY2(found.size() == 1, qPrintable(name));

@@ -16,7 +16,7 @@ SPEAKS = ("src/jobs/JobVoice.cpp",)
 # The user's own choice, in the control that reports it.
 CHOOSES = ("src/casedetails/OnDemandPanel.cpp",)
 # The tour looks at the windows as a user does.
-LOOKS = ("src/app/Tour.cpp",)
+LOOKS = ("src/app/Tour.cpp", "src/app/TourReports.cpp", "src/app/WindowFinder.cpp")
 
 RULES = (
     (re.compile(r"\b(?:lbl\w*|[Ll]abel\w*)(?:->|\.)text\(\)"), ("src/",), SPEAKS + LOOKS,
