@@ -9,6 +9,7 @@
 #include "core/UserStore.h"
 #include "core/Version.h"
 #include "link/ConnectState.h"
+#include "session/EditCommands.h"
 #include "session/SessionEvents.h"
 #include "session/SessionState.h"
 #include "session/frmConnect.h"
@@ -19,13 +20,9 @@
 #include "ui_frmMain.h"
 
 #include <QApplication>
-#include <QClipboard>
 #include <QDesktopServices>
 #include <QFontMetrics>
-#include <QLineEdit>
 #include <QMdiSubWindow>
-#include <QPlainTextEdit>
-#include <QTextDocumentFragment>
 #include <QUrl>
 
 #include <algorithm>
@@ -86,7 +83,7 @@ static void initResources()
 
 frmMain::frmMain()
     : tmrConnectStatus(new QTimer(this)), TimerExit(new QTimer(this)),
-      ui(std::make_unique<Ui::frmMain>())
+      ui(std::make_unique<Ui::frmMain>()), edit(new EditCommands(this))
 {
     initResources();
     ui->setupUi(this);
@@ -107,12 +104,18 @@ frmMain::frmMain()
         if (!window)
             return;
         listActiveWindows();
-        offerReport();
+        offerCommands();
     });
+    offerCommands();
+    offerEditing();
     Load();
 }
 
-frmMain::~frmMain() = default;
+frmMain::~frmMain()
+{
+    // Its fields lose the keyboard when they go, and the menus are gone by then.
+    edit->disconnect(this);
+}
 
 frmMain *frmMain::Form()
 {
@@ -152,9 +155,10 @@ void frmMain::connectFileAndEdit()
     connect(ui->mnuFilePageSetup, &QAction::triggered, this,
             [] { Q_EMIT SessionEvents::Of().PageSetupWanted(); });
     connect(ui->mnuFileExit, &QAction::triggered, this, &frmMain::mnuFileExit_Click);
-    connect(ui->mnuEditCut, &QAction::triggered, this, &frmMain::Cut);
-    connect(ui->mnuEditCopy, &QAction::triggered, this, &frmMain::Copy);
-    connect(ui->mnuEditPaste, &QAction::triggered, this, &frmMain::Paste);
+    connect(ui->mnuEditCut, &QAction::triggered, edit, &EditCommands::Cut);
+    connect(ui->mnuEditCopy, &QAction::triggered, edit, &EditCommands::Copy);
+    connect(ui->mnuEditPaste, &QAction::triggered, edit, &EditCommands::Paste);
+    connect(edit, &EditCommands::Changed, this, &frmMain::offerEditing);
     connect(ui->mnuViewToolbar, &QAction::toggled, ui->tbToolBar, &QWidget::setVisible);
     connect(ui->mnuViewStatusBar, &QAction::toggled, ui->sbStatusBar, &QWidget::setVisible);
 }
@@ -182,9 +186,9 @@ void frmMain::connectToolBar()
 {
     connect(ui->tbToolBar_Save, &QAction::triggered, ui->mnuFileSave, &QAction::trigger);
     connect(ui->tbToolBar_Print, &QAction::triggered, ui->mnuFilePrint, &QAction::trigger);
-    connect(ui->tbToolBar_Cut, &QAction::triggered, this, &frmMain::Cut);
-    connect(ui->tbToolBar_Copy, &QAction::triggered, this, &frmMain::Copy);
-    connect(ui->tbToolBar_Paste, &QAction::triggered, this, &frmMain::Paste);
+    connect(ui->tbToolBar_Cut, &QAction::triggered, edit, &EditCommands::Cut);
+    connect(ui->tbToolBar_Copy, &QAction::triggered, edit, &EditCommands::Copy);
+    connect(ui->tbToolBar_Paste, &QAction::triggered, edit, &EditCommands::Paste);
     connect(ui->tbToolBar_Search, &QAction::triggered, ui->mnuStartSearch, &QAction::trigger);
     connect(ui->tbToolBar_Back, &QAction::triggered, this, &frmMain::BackToPreviousChild);
     connect(ui->tbToolBar_Delete, &QAction::triggered, this,
@@ -247,7 +251,7 @@ void frmMain::ShowChild(FormWindow *child)
         frame->setWidget(nullptr);
         ui->mdiArea->removeSubWindow(frame);
         listActiveWindows();
-        offerReport();
+        offerCommands();
         frame->deleteLater();
     });
     child->ensurePolished();
@@ -275,6 +279,7 @@ void frmMain::HideChild(FormWindow *child)
 {
     if (QWidget *frame = child->parentWidget())
         frame->hide();
+    offerCommands();
 }
 
 FormWindow *frmMain::ActiveChild() const
@@ -283,14 +288,27 @@ FormWindow *frmMain::ActiveChild() const
     return active ? qobject_cast<FormWindow *>(active->widget()) : nullptr;
 }
 
-/// Saving and printing are there for a child that has a report.
-void frmMain::offerReport()
+/// A command is there exactly when it can do something.
+void frmMain::offerCommands()
 {
     const FormWindow *child = ActiveChild();
-    const bool offered = child && child->HasReport();
+    const bool report = child && !child->parentWidget()->isHidden() && child->HasReport();
     for (QAction *action :
          {ui->mnuFileSave, ui->tbToolBar_Save, ui->mnuFilePrint, ui->tbToolBar_Print})
-        action->setEnabled(offered);
+        action->setEnabled(report);
+    const qsizetype children = childrenByActivation().size();
+    ui->mnuWindowCascade->setEnabled(children >= 1);
+    ui->tbToolBar_Back->setEnabled(children >= 2);
+}
+
+void frmMain::offerEditing()
+{
+    for (QAction *action : {ui->mnuEditCut, ui->tbToolBar_Cut})
+        action->setEnabled(edit->CanCut());
+    for (QAction *action : {ui->mnuEditCopy, ui->tbToolBar_Copy})
+        action->setEnabled(edit->CanCopy());
+    for (QAction *action : {ui->mnuEditPaste, ui->tbToolBar_Paste})
+        action->setEnabled(edit->CanPaste());
 }
 
 void frmMain::mnuFileSave_Click()
@@ -334,6 +352,8 @@ void frmMain::UpdateStatusBarText(int panel, const QString &text)
     if (panel < 1 || panel > static_cast<int>(panels.size()))
         return;
     panels[static_cast<size_t>(panel) - 1]->setText(text);
+    // What is said now may be followed by something that takes its time.
+    ui->sbStatusBar->repaint();
 }
 
 void frmMain::SetNotice(const QString &text)
@@ -425,37 +445,4 @@ void frmMain::mnuCheckMsgs_Click()
         return;
     }
     frmMsg::ShowForm(this).SetText1(Session.strPrivateMsgs);
-}
-
-void frmMain::Cut()
-{
-    Copy();
-    // Insertion by the program changes even what the user may only read; and what could not be
-    // copied, as in a password box, must not be lost.
-    if (auto *line = qobject_cast<QLineEdit *>(QApplication::focusWidget());
-        line && !line->isReadOnly() && line->echoMode() == QLineEdit::Normal)
-        line->insert(QString());
-    else if (auto *text = qobject_cast<QPlainTextEdit *>(QApplication::focusWidget());
-             text && !text->isReadOnly())
-        text->insertPlainText(QString());
-}
-
-void frmMain::Copy()
-{
-    QString selected;
-    if (const auto *line = qobject_cast<QLineEdit *>(QApplication::focusWidget()))
-        selected = line->echoMode() == QLineEdit::Normal ? line->selectedText() : QString();
-    else if (const auto *text = qobject_cast<QPlainTextEdit *>(QApplication::focusWidget()))
-        selected = text->textCursor().selection().toPlainText();
-    if (!selected.isEmpty())
-        QApplication::clipboard()->setText(selected);
-}
-
-void frmMain::Paste()
-{
-    if (auto *line = qobject_cast<QLineEdit *>(QApplication::focusWidget());
-        line && !line->isReadOnly())
-        line->paste();
-    else if (auto *text = qobject_cast<QPlainTextEdit *>(QApplication::focusWidget()))
-        text->paste();
 }

@@ -11,6 +11,7 @@
 #include <array>
 #include <memory>
 
+class EditCommands;
 class QMdiSubWindow;
 
 namespace Ui {
@@ -80,7 +81,8 @@ private:
     void Activated();
     void ShowConnection(bool connected);
 
-    void offerReport();
+    void offerCommands();
+    void offerEditing();
     void mnuFileSave_Click();
     void mnuFilePrint_Click();
     void mnuFileExit_Click();
@@ -88,9 +90,6 @@ private:
     void mnuConnectionDisConnect_Click();
     void mnuCheckMsgs_Click();
     void connectCourts();
-    void Cut();
-    void Copy();
-    void Paste();
     void BackToPreviousChild();
     void listActiveWindows();
     QList<QMdiSubWindow *> childrenByActivation() const;
@@ -101,6 +100,7 @@ private:
     void logoutAndReport(bool modal);
 
     const std::unique_ptr<Ui::frmMain> ui;
+    EditCommands *const edit;
     std::array<QLabel *, 4> panels{};
     QLabel *lamp = nullptr;
     QLabel *notice = nullptr;

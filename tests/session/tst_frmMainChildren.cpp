@@ -331,6 +331,8 @@ void tst_frmMainChildren::readOnlyTextIsCopiedAndNeverChanged()
     for (const bool inText : {false, true}) {
         prepare(form, inText);
         Choose(main, "mnuEditCut");
+        QCOMPARE(clip(), u"before"_s);
+        Choose(main, "mnuEditCopy");
         QCOMPARE(clip(), u"two"_s);
         QCOMPARE(content(form, inText), u"one two three"_s);
         QApplication::clipboard()->setText(u"before"_s);
