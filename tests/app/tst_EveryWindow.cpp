@@ -18,6 +18,7 @@
 #include "prefs/frmNameSearchResultsHelp.h"
 #include "prefs/frmSearchHelp.h"
 #include "reports/PreviewDoc.h"
+#include "reports/dlgPrintMgr.h"
 #include "searchentry/frmAccounting.h"
 #include "session/frmConnect.h"
 #include "session/frmConnectionStatus.h"
@@ -85,7 +86,8 @@ struct WindowRow
     const char *name;
     QWidget *(*make)();
 };
-constexpr std::array<WindowRow, 23> windows{{
+constexpr std::array<WindowRow, 24> windows{{
+    {"dlgPrintMgr", make<dlgPrintMgr>},
     {"frmAbout", make<frmAbout>},
     {"frmAccounting", make<frmAccounting>},
     {"frmAllDocuments", make<frmAllDocuments>},
@@ -136,6 +138,8 @@ private Q_SLOTS:
     void aScreenReaderHasANameForEveryControl();
     void theTabKeyComesToEveryControl_data() { addWindows(); }
     void theTabKeyComesToEveryControl();
+    void whoHasAReport_data() { addWindows(); }
+    void whoHasAReport();
 
 private:
     static void addWindows();
@@ -202,6 +206,16 @@ void tst_EveryWindow::theTabKeyComesToEveryControl()
     expected.sort();
     visited.sort();
     QCOMPARE(visited, expected);
+}
+
+/// Save and Print of the main window are there for these, and for no other.
+void tst_EveryWindow::whoHasAReport()
+{
+    const QStringList reporting{u"frmNameSearchResults"_s,   u"frmDiscisNameResults"_s,
+                                u"frmDiscisNCNameResults"_s, u"frmCaseDetails"_s,
+                                u"frmCivilCaseDetails"_s,    u"frmNCCaseDetails"_s};
+    const auto *form = qobject_cast<const FormWindow *>(window.get());
+    QCOMPARE(form && form->HasReport(), reporting.contains(window->objectName()));
 }
 
 HALVANE_TEST(tst_EveryWindow)
