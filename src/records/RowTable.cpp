@@ -1,52 +1,109 @@
 #include "records/RowTable.h"
 
-#include <cstring>
+#include <QByteArrayList>
+
+#include <algorithm>
+#include <utility>
 
 namespace {
-/// Stands behind each cell of a row. No text has this byte in UTF-8.
-constexpr char cellEnd = '\xFF';
+constexpr int lengthBits = 7;
+constexpr unsigned char moreFollows = 1U << lengthBits;
 
-/// The cells as one block of UTF-8: a list of texts takes four times the memory, and there may be a
-/// hundred thousand rows, of which the view shows thirty.
+/// A number in as few bytes as it takes, seven bits in each.
+void appendNumber(QByteArray &block, qsizetype number)
+{
+    auto left = static_cast<quint64>(number);
+    for (; left >= moreFollows; left >>= lengthBits)
+        block.append(static_cast<char>((left & (moreFollows - 1U)) | moreFollows));
+    block.append(static_cast<char>(left));
+}
+
+qsizetype takeNumber(const char *&at)
+{
+    quint64 number = 0;
+    for (int shift = 0;; shift += lengthBits) {
+        const auto byte = static_cast<unsigned char>(*at++);
+        number |= static_cast<quint64>(byte & (moreFollows - 1U)) << shift;
+        if (byte < moreFollows)
+            return static_cast<qsizetype>(number);
+    }
+}
+
+/// The cells as one block: how many there are, the length of each, and then their texts in UTF-8
+/// with nothing between. A list of texts takes four times the memory, and there may be a hundred
+/// thousand rows, of which the view shows thirty. Whoever asks for the lengths need not look
+/// through the texts.
 QByteArray packed(const QStringList &cells)
 {
-    qsizetype size = 0;
-    for (const QString &cell : cells)
-        size += cell.size() + 1;
+    QByteArrayList texts;
+    qsizetype size = cells.size() + 1;
+    for (const QString &cell : cells) {
+        texts.append(cell.toUtf8());
+        size += texts.last().size();
+    }
     QByteArray block;
     block.reserve(size);
-    for (const QString &cell : cells) {
-        block.append(cell.toUtf8());
-        block.append(cellEnd);
-    }
+    appendNumber(block, cells.size());
+    for (const QByteArray &text : std::as_const(texts))
+        appendNumber(block, text.size());
+    for (const QByteArray &text : std::as_const(texts))
+        block.append(text);
     block.squeeze();
     return block;
 }
 
-/// The text of a cell of this block, empty when the row has no such cell.
-QString cellIn(QByteArrayView block, int column)
+/// The cells of a block, one after the other.
+class BlockReader
 {
-    qsizetype from = 0;
-    for (int before = 0; before < column; ++before) {
-        const qsizetype end = block.indexOf(cellEnd, from);
-        if (end < 0)
-            return {};
-        from = end + 1;
+public:
+    explicit BlockReader(const QByteArray &block) : length(block.constData())
+    {
+        left = takeNumber(length);
+        text = length;
+        for (qsizetype i = 0; i < left; ++i)
+            takeNumber(text);
     }
-    const qsizetype end = block.indexOf(cellEnd, from);
-    return end < 0 || column < 0 ? QString() : QString::fromUtf8(block.sliced(from, end - from));
+
+    bool AtEnd() const { return left == 0; }
+    QByteArrayView Next()
+    {
+        const QByteArrayView cell(text, takeNumber(length));
+        text += cell.size();
+        --left;
+        return cell;
+    }
+
+private:
+    const char *length; ///< of the next cell
+    const char *text;   ///< the next cell
+    qsizetype left = 0;
+};
+
+/// The text of a cell of this block, empty when the row has no such cell.
+QString cellIn(const QByteArray &block, int column)
+{
+    BlockReader reader(block);
+    for (int i = 0; i <= column && !reader.AtEnd(); ++i) {
+        const QByteArrayView cell = reader.Next();
+        if (i == column)
+            return QString::fromUtf8(cell);
+    }
+    return {};
 }
 } // namespace
 
 void RowTable::AddRow(const QStringList &cells, const QString &key)
 {
     rows.push_back({packed(cells), key});
+    for (int column = 0; column < cells.size(); ++column)
+        note(column, cells.at(column));
     Q_EMIT RowAdded();
 }
 
 void RowTable::Clear()
 {
     rows.clear();
+    longest.clear();
     Q_EMIT Cleared();
 }
 
@@ -57,38 +114,48 @@ QString RowTable::Cell(int row, int column) const
 
 void RowTable::ViewCells(int row, std::span<QByteArrayView> cells) const
 {
-    const char *from = at(row).cells.constData();
-    const char *const end = from + at(row).cells.size();
-    for (QByteArrayView &cell : cells) {
-        cell = {};
-        const auto left = static_cast<size_t>(end - from);
-        if (left == 0)
-            continue;
-        const auto *to = static_cast<const char *>(std::memchr(from, cellEnd, left));
-        cell = QByteArrayView(from, to - from);
-        from = to + 1;
-    }
+    BlockReader reader(at(row).cells);
+    for (QByteArrayView &cell : cells)
+        cell = reader.AtEnd() ? QByteArrayView() : reader.Next();
+}
+
+int RowTable::LongestCell(int column) const
+{
+    const auto index = static_cast<size_t>(column);
+    return index < longest.size() ? static_cast<int>(longest[index]) : 0;
+}
+
+void RowTable::note(int column, const QString &cell)
+{
+    const auto index = static_cast<size_t>(column);
+    if (index >= longest.size())
+        longest.resize(index + 1);
+    longest[index] = std::max(longest[index], cell.size());
 }
 
 void RowTable::SetCell(int row, int column, const QString &text)
 {
     QStringList cells = Cells(row);
+    const bool wasLongest = cells.value(column).size() == LongestCell(column);
     while (cells.size() <= column)
         cells.append(QString());
     cells[column] = text;
     at(row).cells = packed(cells);
+    note(column, text);
+    // Another one is the longest now, or several are.
+    if (wasLongest && text.size() < LongestCell(column)) {
+        longest[static_cast<size_t>(column)] = 0;
+        for (int each = 0; each < Count(); ++each)
+            note(column, Cell(each, column));
+    }
     Q_EMIT CellChanged(row, column);
 }
 
 QStringList RowTable::Cells(int row) const
 {
-    const QByteArrayView block = at(row).cells;
     QStringList cells;
-    qsizetype from = 0;
-    for (qsizetype end = block.indexOf(cellEnd); end >= 0; end = block.indexOf(cellEnd, from)) {
-        cells.append(QString::fromUtf8(block.sliced(from, end - from)));
-        from = end + 1;
-    }
+    for (BlockReader reader(at(row).cells); !reader.AtEnd();)
+        cells.append(QString::fromUtf8(reader.Next()));
     return cells;
 }
 

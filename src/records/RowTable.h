@@ -41,6 +41,9 @@ public:
     /// good until the row changes.
     void ViewCells(int row, std::span<QByteArrayView> cells) const;
     QString Key(int row) const;
+    /// The number of characters of the longest cell of a column; 0 without one. It is known at any
+    /// time, and nothing is looked through.
+    int LongestCell(int column) const;
 
     bool IsChecked(int row) const;
     void SetChecked(int row, bool checked);
@@ -70,5 +73,8 @@ private:
     const Row &at(int row) const { return rows.at(static_cast<size_t>(row)); }
     Row &at(int row) { return rows.at(static_cast<size_t>(row)); }
 
+    void note(int column, const QString &cell);
+
     std::vector<Row> rows;
+    std::vector<qsizetype> longest; ///< of each column, in characters
 };

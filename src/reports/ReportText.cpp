@@ -18,8 +18,7 @@ constexpr std::uint64_t everywhere(std::uint64_t byte)
     return byte * 0x0101010101010101U;
 }
 
-/// Whether one of its bytes is no printed character of ASCII. Bytes of 0 count as printed where the
-/// word was filled up with blanks.
+/// Whether one of its bytes is no printed character of ASCII.
 constexpr bool holdsOther(std::uint64_t word)
 {
     constexpr std::uint64_t deleted = everywhere(0x7F);
@@ -32,16 +31,19 @@ constexpr bool holdsOther(std::uint64_t word)
 /// as in the file.
 bool isPlain(QByteArrayView text)
 {
+    constexpr qsizetype wordBytes = sizeof(std::uint64_t);
     const char *at = text.data();
     const char *const end = at + text.size();
+    if (text.size() < wordBytes)
+        return std::all_of(at, end, [](char c) { return c >= ' ' && c < '\x7F'; });
     std::uint64_t word = 0;
-    for (; end - at >= static_cast<qsizetype>(sizeof word); at += sizeof word) {
+    for (; end - at > wordBytes; at += wordBytes) {
         std::memcpy(&word, at, sizeof word);
         if (holdsOther(word))
             return false;
     }
-    word = everywhere(' ');
-    std::memcpy(&word, at, static_cast<size_t>(end - at));
+    // The last word, some of which may have been looked at already.
+    std::memcpy(&word, end - wordBytes, sizeof word);
     return !holdsOther(word);
 }
 
@@ -78,27 +80,45 @@ void ReportText::AddLine(const QString &text)
 
 void ReportText::AddCells(std::span<const QByteArrayView> cells, std::span<const int> widths)
 {
+    qsizetype room = lineEndBytes + columnGap * static_cast<qsizetype>(cells.size());
+    bool plain = true;
+    for (size_t i = 0; i < cells.size(); ++i) {
+        room += std::max<qsizetype>(widths[i], cells[i].size());
+        plain = plain && isPlain(cells[i]);
+    }
+    if (!plain) {
+        addOtherCells(cells, widths);
+        return;
+    }
+    // Blanks all along, and the cells upon them.
+    const qsizetype from = bytes.size();
+    bytes.resize(from + room);
+    char *const begin = bytes.data() + from;
+    std::memset(begin, ' ', static_cast<size_t>(room));
+    char *to = begin;
+    for (size_t i = 0; i < cells.size(); ++i) {
+        const QByteArrayView cell = withoutBlanks(cells[i]);
+        if (i > 0)
+            to += columnGap;
+        std::memcpy(to, cell.data(), static_cast<size_t>(cell.size()));
+        to += std::max<qsizetype>(widths[i], cell.size());
+    }
+    *to++ = '\r';
+    *to++ = '\n';
+    bytes.resize(from + (to - begin));
+}
+
+/// The same for a line whose bytes are not its characters.
+void ReportText::addOtherCells(std::span<const QByteArrayView> cells, std::span<const int> widths)
+{
     for (size_t i = 0; i < cells.size(); ++i) {
         if (i > 0)
             bytes.append(columnGap, ' ');
-        addCell(withoutBlanks(cells[i]), widths[i]);
+        const QString text = QString::fromUtf8(withoutBlanks(cells[i]));
+        bytes += lineBytes(text);
+        bytes.append(std::max<qsizetype>(0, widths[i] - text.size()), ' ');
     }
     bytes += "\r\n";
-}
-
-void ReportText::addCell(QByteArrayView cell, int width)
-{
-    if (!isPlain(cell)) {
-        const QString text = QString::fromUtf8(cell);
-        bytes += lineBytes(text);
-        bytes.append(std::max<qsizetype>(0, width - text.size()), ' ');
-        return;
-    }
-    const qsizetype from = bytes.size();
-    bytes.resize(from + std::max<qsizetype>(width, cell.size()));
-    char *const to = bytes.data() + from;
-    std::memcpy(to, cell.data(), static_cast<size_t>(cell.size()));
-    std::memset(to + cell.size(), ' ', static_cast<size_t>(bytes.size() - from - cell.size()));
 }
 
 void ReportText::Reserve(qsizetype lines, qsizetype characters)
@@ -111,9 +131,4 @@ QStringList ReportText::Lines() const
     QStringList lines = FromWindows1252(bytes).split(u"\r\n"_s);
     lines.removeLast();
     return lines;
-}
-
-qsizetype CharacterCount(QByteArrayView utf8)
-{
-    return isPlain(utf8) ? utf8.size() : QString::fromUtf8(utf8).size();
 }

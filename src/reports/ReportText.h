@@ -30,10 +30,7 @@ public:
     QStringList Lines() const;
 
 private:
-    void addCell(QByteArrayView cell, int width);
+    void addOtherCells(std::span<const QByteArrayView> cells, std::span<const int> widths);
 
     QByteArray bytes;
 };
-
-/// The number of characters of a text in UTF-8, as the program counts them.
-qsizetype CharacterCount(QByteArrayView utf8);

@@ -206,18 +206,11 @@ private:
 };
 
 /// The longest cell of each column, in characters.
-QList<int> columnWidths(RowReader reader, int rows)
+QList<int> columnWidths(const ReportedList &list)
 {
-    QList<int> widths(static_cast<qsizetype>(reader.Columns()));
-    for (int row = 0; row < rows; ++row) {
-        const std::span<const QByteArrayView> cells = reader.Read(row);
-        for (size_t i = 0; i < cells.size(); ++i) {
-            int &width = widths[static_cast<qsizetype>(i)];
-            // No text has more characters than bytes.
-            if (cells[i].size() > width)
-                width = std::max(width, static_cast<int>(CharacterCount(cells[i])));
-        }
-    }
+    QList<int> widths;
+    for (const ReportColumn &column : ReportColumnsOf(list.Kind))
+        widths.append(list.Rows->LongestCell(column.Cell));
     return widths;
 }
 
@@ -234,7 +227,7 @@ void addRowLines(ReportText &text, const ReportedList &list)
 {
     const int rows = list.Rows->Count();
     RowReader reader(list);
-    const QList<int> widths = columnWidths(reader, rows);
+    const QList<int> widths = columnWidths(list);
     const QString head = headLine(list, widths);
     const QString rule(head.size(), u'_');
     text.AddLine(head);
