@@ -30,7 +30,7 @@ struct ExpectedCase
 };
 
 /// What a logout does to a run depends on what was being done: BrokenDown stands for that.
-inline constexpr std::array<ExpectedCase, 33> expectedCases{{
+inline constexpr std::array<ExpectedCase, 27> expectedCases{{
     {Act::StopButton, Moment::Pending, CaseEnd::StoppedPending, false, true, false, false},
     {Act::StopButton, Moment::Running, CaseEnd::Stopped, false, true, false, false},
     {Act::StopButton, Moment::Over, CaseEnd::Completed, false, true, false, false},
@@ -61,20 +61,13 @@ inline constexpr std::array<ExpectedCase, 33> expectedCases{{
     {Act::UnloadUnconditionally, Moment::Pending, CaseEnd::None, true, true, false, false},
     {Act::UnloadUnconditionally, Moment::Running, CaseEnd::Closed, true, true, false, false},
     {Act::UnloadUnconditionally, Moment::Over, CaseEnd::Completed, true, true, false, false},
-    {Act::Print, Moment::Pending, CaseEnd::Completed, false, true, false, false},
-    {Act::Print, Moment::Running, CaseEnd::Completed, false, true, false, false},
-    {Act::Print, Moment::Over, CaseEnd::Completed, false, true, false, false},
-    {Act::Save, Moment::Pending, CaseEnd::Completed, false, true, false, false},
-    {Act::Save, Moment::Running, CaseEnd::Completed, false, true, false, false},
-    {Act::Save, Moment::Over, CaseEnd::Completed, false, true, false, false},
 }};
 
 /// The acts of the table, in its order.
-inline constexpr std::array<Act, 11> caseActs{
+inline constexpr std::array<Act, 9> caseActs{
     Act::StopButton,   Act::Logout,      Act::Disconnect,
     Act::Exit,         Act::CloseMain,   Act::CloseFrame,
-    Act::UnloadByCode, Act::SessionEnds, Act::UnloadUnconditionally,
-    Act::Print,        Act::Save};
+    Act::UnloadByCode, Act::SessionEnds, Act::UnloadUnconditionally};
 
 inline const ExpectedCase &expectedCaseOf(Act act, Moment moment)
 {

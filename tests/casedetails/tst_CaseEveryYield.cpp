@@ -108,8 +108,6 @@ void tst_CaseEveryYield::init()
     FetchAtOnce(u"CaseSearchTabs"_s, {u"Names"_s, u"Docket"_s});
     FetchAtOnce(u"NonCivilCaseTabs"_s, {u"Names"_s, u"Violations"_s});
     FetchAtOnce(u"CivilCaseTabs"_s, {u"Names"_s, u"Judgments"_s});
-    // Which tabs go into a report is asked while the run waits beneath.
-    desk->Boxes.Whenever(u"dlgPrintMgr"_s, [](QDialog *dialog) { Click(dialog, "OKButton"); });
 }
 
 void tst_CaseEveryYield::cleanup()

@@ -279,7 +279,7 @@ void tst_OnDemandYield::everyYield_data()
     QTest::addColumn<CaseWindowKind>("caseKind");
     QTest::addColumn<Act>("happening");
     for (size_t i = 0; i < caseWindowNames.size(); ++i) {
-        for (size_t j = 0; j < endingActs; ++j)
+        for (size_t j = 0; j < actNames.size(); ++j)
             QTest::addRow("%s: %s", caseWindowNames.at(i), actNames.at(j))
                 << static_cast<CaseWindowKind>(i) << static_cast<Act>(j);
     }

@@ -20,11 +20,7 @@ enum class Act {
     CloseFrame,
     UnloadByCode,
     SessionEnds,
-    UnloadUnconditionally,
-    // What a window with a report does with it
-    Print,
-    Save,
-    Email
+    UnloadUnconditionally
 };
 
 /// Where the search is when it happens.
@@ -52,7 +48,7 @@ struct Expected
     bool endsProgram;
 };
 
-inline constexpr std::array<Expected, 39> allExpected{{
+inline constexpr std::array<Expected, 30> allExpected{{
     {Act::StopButton, Moment::Pending, End::StoppedPending, false, false, true, false, false},
     {Act::StopButton, Moment::Running, End::Stopped, false, false, true, false, false},
     {Act::StopButton, Moment::Over, End::Completed, false, false, true, false, false},
@@ -89,15 +85,6 @@ inline constexpr std::array<Expected, 39> allExpected{{
     {Act::UnloadUnconditionally, Moment::Pending, End::None, true, true, true, false, false},
     {Act::UnloadUnconditionally, Moment::Running, End::Stopped, true, false, true, false, false},
     {Act::UnloadUnconditionally, Moment::Over, End::Completed, true, false, true, false, false},
-    {Act::Print, Moment::Pending, End::Completed, false, false, true, false, false},
-    {Act::Print, Moment::Running, End::Completed, false, false, true, false, false},
-    {Act::Print, Moment::Over, End::Completed, false, false, true, false, false},
-    {Act::Save, Moment::Pending, End::Completed, false, false, true, false, false},
-    {Act::Save, Moment::Running, End::Completed, false, false, true, false, false},
-    {Act::Save, Moment::Over, End::Completed, false, false, true, false, false},
-    {Act::Email, Moment::Pending, End::Completed, false, false, true, false, false},
-    {Act::Email, Moment::Running, End::Completed, false, false, true, false, false},
-    {Act::Email, Moment::Over, End::Completed, false, false, true, false, false},
 }};
 
 inline const Expected &expectedOf(Act act, Moment moment)
@@ -167,7 +154,7 @@ inline constexpr std::array<EndTexts, 5> endTexts{{
      u"Search Stopped. Court Connection Lost. Please Close Form and Retry"},
 }};
 
-inline constexpr std::array<const char *, 13> actNames{"Stop",
+inline constexpr std::array<const char *, 10> actNames{"Stop",
                                                        "logout",
                                                        "Disconnect",
                                                        "Disconnect from a silent court",
@@ -176,12 +163,7 @@ inline constexpr std::array<const char *, 13> actNames{"Stop",
                                                        "the window is closed by its frame",
                                                        "the window is unloaded by code",
                                                        "the session of the desktop ends",
-                                                       "the window is unloaded unconditionally",
-                                                       "the report is looked at",
-                                                       "the report is saved",
-                                                       "the report is mailed"};
-/// The first so many of them stop the job, or the session.
-inline constexpr size_t endingActs = 10;
+                                                       "the window is unloaded unconditionally"};
 inline constexpr std::array<const char *, 3> momentNames{"pending", "running", "over"};
 inline constexpr std::array<const char *, 6> endNames{
     "none", "completed", "stopped", "stopped while pending", "all jobs stopped", "connection lost"};

@@ -8,7 +8,6 @@
 #include "link/ConnectState.h"
 #include "link/Router.h"
 #include "link/frmWinsock.h"
-#include "namesearch/NameResultsWindow.h"
 #include "namesearch/SearchDesk.h"
 #include "session/frmMain.h"
 
@@ -148,21 +147,7 @@ void YieldDesk::Perform(Act act)
     case Act::UnloadUnconditionally:
         window->Unload(UnloadMode::MdiParent);
         return;
-    case Act::Print:
-        window->PrintDirect();
-        return;
-    case Act::Save:
-        window->PrintToFile(ReportPath());
-        return;
-    case Act::Email:
-        qobject_cast<NameResultsWindow *>(window)->EmailResults();
-        return;
     }
-}
-
-QString YieldDesk::ReportPath() const
-{
-    return desk.Folder.Path(u"saved.txt"_s);
 }
 
 bool YieldDesk::WaitFor(const std::function<bool()> &condition)

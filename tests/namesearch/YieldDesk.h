@@ -48,8 +48,6 @@ public:
     void Do(Act act, Moment now);
     /// The same without the box.
     void Perform(Act act);
-    /// Where a report is saved.
-    QString ReportPath() const;
 
     /// From event to event, without naps in between: there are hundreds of runs.
     static bool WaitFor(const std::function<bool()> &condition);

@@ -9,10 +9,7 @@
 #include "session/frmMain.h"
 #include "support/FakeSocket.h"
 #include "support/HalvaneTest.h"
-#include "support/MailProgram.h"
 
-#include <QDir>
-#include <QFile>
 #include <QPointer>
 #include <QTest>
 
@@ -140,8 +137,6 @@ private:
     QString endOf() const;
     void checkTexts(End end) const;
     void checkControls(const Expected &expected) const;
-    /// What came of a report: the whole of it, whenever it was made.
-    void checkReport();
     void leaveAtLast();
     void searchAgain();
 
@@ -149,7 +144,6 @@ private:
     Kind kind = Kind::Superior;
     std::unique_ptr<SearchDesk> desk;
     std::unique_ptr<YieldDesk> yields;
-    std::unique_ptr<MailProgram> mail;
     QPointer<NameResultsWindow> window;
     int timesUnanswered = 0;
 };
@@ -158,15 +152,11 @@ void tst_EveryYield::init()
 {
     desk = std::make_unique<SearchDesk>();
     yields = std::make_unique<YieldDesk>(*desk);
-    mail = std::make_unique<MailProgram>(desk->Folder.Path());
-    QDir(desk->Folder.Path()).mkdir(u"Reports"_s);
-    Global.strReportFolder = desk->Folder.Path(u"Reports"_s);
 }
 
 void tst_EveryYield::cleanup()
 {
     yields.reset();
-    mail.reset();
     desk.reset();
 }
 
@@ -340,23 +330,6 @@ void tst_EveryYield::searchWith(int nth)
     }
 }
 
-void tst_EveryYield::checkReport()
-{
-    const auto *preview = window->property("preview").value<QObject *>();
-    QCOMPARE(preview != nullptr, what == Act::Print);
-    if (what != Act::Save && what != Act::Email)
-        return;
-    const QDir folder(Global.strReportFolder);
-    const QStringList mailed = folder.entryList({u"*.Txt"_s}, QDir::Files);
-    QFile report(what == Act::Save ? yields->ReportPath() : folder.filePath(mailed.value(0)));
-    QVERIFY(report.open(QIODevice::ReadOnly));
-    const QByteArray text = report.readAll();
-    QVERIFY(text.startsWith("Halvane Search "));
-    QVERIFY(text.endsWith("\r\n<------ End of Report ------>\r\n"));
-    QCOMPARE(text.contains("WARNING:  This Search is Incomplete!"), *yields->When != Moment::Over);
-    QVERIFY(report.remove());
-}
-
 /// Whoever was refused during the search leaves now. Leaving saves files, which takes longer than
 /// all else, and does not depend on the window that has searched: one kind of them is enough.
 void tst_EveryYield::leaveAtLast()
@@ -404,8 +377,6 @@ void tst_EveryYield::everyYield()
     timesUnanswered = 0;
     yields->WalkYields(walk, [this](int nth) {
         searchWith(nth);
-        if (!QTest::currentTestFailed() && window)
-            checkReport();
         if (!QTest::currentTestFailed())
             leaveAtLast();
         if (!QTest::currentTestFailed())

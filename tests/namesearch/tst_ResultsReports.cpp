@@ -278,8 +278,7 @@ void tst_ResultsReports::saving()
     Click(window, saveButton(which));
     QCOMPARE(suggested, reportPath(window));
     const QByteArray saved = desk->Folder.Read(u"mine.txt"_s);
-    const QByteArray head =
-        "Halvane Search Results for: " + window->lblNameVal().toUtf8() + "\r\n \r\n Date Printed: ";
+    const QByteArray head = "Halvane Search Results for: " + window->lblNameVal().toUtf8() + "\r\n \r\n Date Printed: ";
     QVERIFY(saved.startsWith(head));
     QVERIFY(saved.contains("\r\nSMITH, JOHN  "));
     QVERIFY(saved.endsWith("\r\n<------ End of Report ------>\r\n"));
