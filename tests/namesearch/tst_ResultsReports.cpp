@@ -78,6 +78,7 @@ private Q_SLOTS:
     void mailing();
     void mailingReplacesTheSavedReport();
     void nothingUnsavedIsMailed();
+    void aNameThatIsTooLongForADisk();
     void aMailThatFails_data();
     void aMailThatFails();
     void theWindowGoesUnderItsMail();
@@ -278,7 +279,8 @@ void tst_ResultsReports::saving()
     Click(window, saveButton(which));
     QCOMPARE(suggested, reportPath(window));
     const QByteArray saved = desk->Folder.Read(u"mine.txt"_s);
-    const QByteArray head = "Halvane Search Results for: " + window->lblNameVal().toUtf8() + "\r\n \r\n Date Printed: ";
+    const QByteArray head =
+        "Halvane Search Results for: " + window->lblNameVal().toUtf8() + "\r\n \r\n Date Printed: ";
     QVERIFY(saved.startsWith(head));
     QVERIFY(saved.contains("\r\nSMITH, JOHN  "));
     QVERIFY(saved.endsWith("\r\n<------ End of Report ------>\r\n"));
@@ -384,6 +386,19 @@ void tst_ResultsReports::nothingUnsavedIsMailed()
     Click(window, "cmdSearchResults_5");
     Ticks(20);
     QVERIFY(!mail.WasCalled());
+}
+
+void tst_ResultsReports::aNameThatIsTooLongForADisk()
+{
+    NameResultsWindow *window = searched(Which::Name);
+    window->Search().Record.Caption = QString(300, u'N');
+    const MailProgram mail(desk->Folder.Path());
+    desk->Boxes.Expect(saveFailed(Global.strReportFolder + u'/' + QString(300, u'N') + u".Txt"_s),
+                       u"Halvane - Save to File Error"_s, MsgIcon::Exclamation);
+    Click(window, "cmdSearchResults_5");
+    Ticks(20);
+    QVERIFY(!mail.WasCalled());
+    QVERIFY(QDir(Global.strReportFolder).isEmpty());
 }
 
 void tst_ResultsReports::aMailThatFails_data()

@@ -45,6 +45,8 @@ private Q_SLOTS:
     void pagesThatWereLaidOutBefore();
     void paperOfTheTerritory();
     void paperAsThePrinterHasIt();
+    void paperInNumbers_data();
+    void paperInNumbers();
 
 private:
     QString written(const Report &report, const Paper &paper = letter)
@@ -251,6 +253,27 @@ void tst_ReportPdf::paperAsThePrinterHasIt()
         QCOMPARE(PaperOf(PageLayoutOf(paper)), paper);
     QCOMPARE(PageLayoutOf(letterLying).pageSize().id(), QPageSize::Letter);
     QCOMPARE(PageLayoutOf(letterLying).orientation(), QPageLayout::Landscape);
+}
+
+void tst_ReportPdf::paperInNumbers_data()
+{
+    QTest::addColumn<int>("width");
+    QTest::addColumn<int>("height");
+    QTest::addColumn<int>("number");
+    QTest::addColumn<int>("orientation");
+    QTest::newRow("letter") << 12240 << 15840 << 1 << 1;
+    QTest::newRow("letter, lying") << 15840 << 12240 << 1 << 2;
+    QTest::newRow("A4") << 11900 << 16840 << 9 << 1;
+    QTest::newRow("A4, lying") << 16840 << 11900 << 9 << 2;
+    QTest::newRow("another") << 9000 << 9600 << 256 << 1;
+}
+
+void tst_ReportPdf::paperInNumbers()
+{
+    QFETCH(int, width);
+    QFETCH(int, height);
+    QTEST(PaperNumber({width, height}), "number");
+    QTEST(OrientationNumber({width, height}), "orientation");
 }
 
 HALVANE_TEST(tst_ReportPdf)
