@@ -69,6 +69,7 @@ private Q_SLOTS:
     void saving_data() { EachResultsWindow(); }
     void saving();
     void theQuestionWhereToSave();
+    void theAnswerIsWhereItIsSaved();
     void savingIsGivenUp();
     void savingToAFolderThatIsGone_data() { EachResultsWindow(); }
     void savingToAFolderThatIsGone();
@@ -297,7 +298,21 @@ void tst_ResultsReports::theQuestionWhereToSave()
     QCOMPARE(dialog->selectedNameFilter(), u"Text Files (*.txt)"_s);
     QCOMPARE(dialog->defaultSuffix(), u"txt"_s);
     QCOMPARE(dialog->directory().path(), Global.strReportFolder);
+    QCOMPARE(dialog->selectedFiles(), QStringList(reportPath(window)));
     dialog->reject();
+}
+
+/// A name without an ending gets one.
+void tst_ResultsReports::theAnswerIsWhereItIsSaved()
+{
+    NameResultsWindow *window = searched(Which::NonCivil);
+    Click(window, "cmdSaveResultToFile");
+    QDialog *dialog = window->findChild<QDialog *>(u"SaveDialog"_s);
+    QVERIFY(dialog);
+    TypeInto(dialog, "fileNameEdit", u"mine"_s);
+    dialog->accept();
+    QCOMPARE(QDir(Global.strReportFolder).entryList(QDir::Files), QStringList(u"mine.txt"_s));
+    QVERIFY(desk->Folder.Read(u"Reports/mine.txt"_s).contains("\r\nSMITH, JOHN  "));
 }
 
 void tst_ResultsReports::savingIsGivenUp()

@@ -11,6 +11,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFontDatabase>
 #include <QImage>
 #include <QPageLayout>
 #include <QPainter>
@@ -37,6 +38,8 @@ private Q_SLOTS:
     void nothingIsCutAtAnEdge();
     void noTextOverText();
     void textCanBeSearched();
+    void theWritingIsArialOrItsNearest();
+    void rulesAreThinLines();
     void measuresAreThoseOfTheWrittenText();
     void measuresDoNotDependOnTheScreen();
     void fullDiskKeepsTheOldFile();
@@ -162,6 +165,43 @@ void tst_ReportPdf::textCanBeSearched()
     report.Add(BlockKind::Text, {u"Peñalver & Søn, AVENUE \u2013 Tårnvej"_s});
     QVERIFY(
         PdfPages(written(report)).value(0).contains(u"Peñalver & Søn, AVENUE \u2013 Tårnvej"_s));
+}
+
+void tst_ReportPdf::theWritingIsArialOrItsNearest()
+{
+    const QStringList present = QFontDatabase::families();
+    for (const QString &family : {u"Arial"_s, u"Liberation Sans"_s, u"Arimo"_s}) {
+        if (!present.contains(family))
+            continue;
+        QCOMPARE(ReportFontFamily(), family);
+        return;
+    }
+    QVERIFY(present.contains(ReportFontFamily()));
+}
+
+void tst_ReportPdf::rulesAreThinLines()
+{
+    constexpr int side = 200; ///< pixels, of ten twips each
+    QImage sheet(side, side, QImage::Format_RGB32);
+    sheet.fill(Qt::white);
+    {
+        QPainter painter(&sheet);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.scale(0.1, 0.1);
+        ReportPage page;
+        page.Rules = {{500, 1000, 1500, 1000}};
+        ReportPainter().Draw(&painter, page);
+    }
+    const auto inkAt = [&sheet](int x) {
+        int ink = 0;
+        for (int y = 0; y < side; ++y)
+            ink += 255 - qGray(sheet.pixel(x, y));
+        return ink;
+    };
+    // Some black, and less than a whole pixel of it.
+    QVERIFY(inkAt(100) > 50 && inkAt(100) < 255);
+    QCOMPARE(inkAt(20), 0);
+    QCOMPARE(inkAt(180), 0);
 }
 
 void tst_ReportPdf::measuresAreThoseOfTheWrittenText()
