@@ -285,6 +285,8 @@ void tst_ReportPdf::paperOfTheTerritory()
     QCOMPARE(PaperOfTerritory(QLocale::UnitedStates), letter);
     QCOMPARE(PaperOfTerritory(QLocale::Canada), letter);
     QCOMPARE(PaperOfTerritory(QLocale::Germany), (Paper{11900, 16840}));
+    // Until somebody chooses other paper.
+    QCOMPARE(ReportPaper::Of().Current(), PaperOfTerritory(QLocale::system().territory()));
 }
 
 void tst_ReportPdf::paperAsThePrinterHasIt()
