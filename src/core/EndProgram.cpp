@@ -2,11 +2,14 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 #include <utility>
 #include <vector>
 
 namespace {
 std::function<void(int)> replacement;
+int holds = 0;
+std::optional<int> heldCode; ///< of the end that waits
 
 std::vector<std::function<void()>> &duties()
 {
@@ -17,6 +20,10 @@ std::vector<std::function<void()>> &duties()
 
 void EndProgram(int exitCode)
 {
+    if (holds > 0) {
+        heldCode = exitCode;
+        return;
+    }
     const std::vector<std::function<void()>> due = std::exchange(duties(), {});
     for (const std::function<void()> &duty : due)
         duty();
@@ -26,6 +33,18 @@ void EndProgram(int exitCode)
     }
     std::fflush(nullptr);
     std::_Exit(exitCode);
+}
+
+ProgramHold::ProgramHold()
+{
+    ++holds;
+}
+
+ProgramHold::~ProgramHold()
+{
+    if (--holds > 0 || !heldCode)
+        return;
+    EndProgram(*std::exchange(heldCode, std::nullopt));
 }
 
 void AtEndOfProgram(const std::function<void()> &duty)

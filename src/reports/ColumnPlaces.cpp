@@ -10,6 +10,19 @@ constexpr double floorOfYielding = 1400.0;
 /// those of others are seldom, and would look like one with what stands beside them.
 constexpr double airBehindText = 80.0;
 
+/// With the widths that shares come to on this paper.
+QList<ColumnFormat> onPaper(QList<ColumnFormat> formats, int printableWidth)
+{
+    int room = printableWidth;
+    for (const ColumnFormat &format : formats)
+        room -= format.Gap;
+    for (ColumnFormat &format : formats) {
+        if (format.Share > 0.0 && room > 0)
+            format.Width = static_cast<int>(format.Share * room + 0.5);
+    }
+    return formats;
+}
+
 /// The widths and gaps of columns without those that yield, and the last gap, behind which nothing
 /// stands.
 double widthOfOthers(const QList<ColumnFormat> &formats)
@@ -41,11 +54,12 @@ Fitted fit(const QList<ColumnFormat> &formats, double printable)
 }
 } // namespace
 
-QList<ColumnPlace> PlaceColumns(const QList<ColumnFormat> &formats, int printableWidth)
+QList<ColumnPlace> PlaceColumns(const QList<ColumnFormat> &written, int printableWidth)
 {
     QList<ColumnPlace> places;
-    if (formats.isEmpty())
+    if (written.isEmpty())
         return places;
+    const QList<ColumnFormat> formats = onPaper(written, printableWidth);
     const Fitted factors = fit(formats, printableWidth);
     double left = 0.0;
     for (const ColumnFormat &format : formats) {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -79,6 +80,23 @@ qsizetype leadingBlanks(const QString &text)
     const auto first = std::find_if(text.begin(), text.end(), [](QChar c) { return c != u' '; });
     return first - text.begin();
 }
+/// The tables with room for the heads of columns that yield. Such a column is as wide as its
+/// longest cell, and its head would be broken within a word above nothing but short ones.
+QList<QList<ColumnFormat>> withRoomForHeads(const Report &report, const FontRuler &ruler)
+{
+    const ReportFont font{report.BodyPoints, lookOf(BlockKind::ColumnHeads).Bold};
+    QList<QList<ColumnFormat>> tables = report.Tables;
+    for (const ReportBlock &block : report.Blocks) {
+        if (block.Kind != BlockKind::ColumnHeads || block.Table < 0)
+            continue;
+        QList<ColumnFormat> &formats = tables[block.Table];
+        for (qsizetype i = 0; i < std::min(formats.size(), block.Cells.size()); ++i) {
+            const double head = formats[i].Yields ? ruler.Width(block.Cells[i], font) : 0.0;
+            formats[i].Width = std::max(formats[i].Width, static_cast<int>(std::ceil(head)));
+        }
+    }
+    return tables;
+}
 } // namespace
 
 /// A line of a block, with what stands on it in twips from its own left and upper end.
@@ -149,7 +167,7 @@ private:
 
 PageLayout::PageLayout(Report content, const Paper &sheet, const FontRuler *fontRuler)
     : report(std::move(content)), paper(sheet), ruler(fontRuler),
-      columns(report.Tables, sheet.PrintableWidth()), widths(fontRuler)
+      columns(withRoomForHeads(report, *fontRuler), sheet.PrintableWidth()), widths(fontRuler)
 {
     for (qsizetype i = 0; i < report.Blocks.size(); ++i) {
         const ReportBlock &block = report.Blocks[i];

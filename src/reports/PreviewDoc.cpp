@@ -3,6 +3,7 @@
 #include "controls/MsgBox.h"
 #include "controls/SaveDialog.h"
 #include "controls/WindowPlace.h"
+#include "core/EndProgram.h"
 #include "core/EventLoop.h"
 #include "core/GlobalState.h"
 #include "core/RunTimeError.h"
@@ -274,6 +275,7 @@ void PreviewDoc::cmdPrint_Click()
     PreparePrinter(printer, pages->Sheet(), pages->Content().Title);
     if (!AskForPrinter(this, printer) || IsUnloaded() || work != Work::None)
         return;
+    const ProgramHold hold;
     if (print(printer, pages) == PrintEnd::Failed)
         MsgBox(this,
                u"The report could not be printed. Please look after the printer and try again, or "
@@ -313,6 +315,7 @@ void PreviewDoc::savePdf(const QString &path)
     if (!layout || work != Work::None || IsUnloaded())
         return;
     const RunScope run(this);
+    const ProgramHold hold;
     const std::shared_ptr<PageLayout> pages = layout;
     try {
         const WorkScope scope(this, Work::Saving);
@@ -333,6 +336,7 @@ void PreviewDoc::printWaiting()
     if (waiting.isEmpty() || work != Work::None)
         return;
     const RunScope scope(this);
+    const ProgramHold hold;
     const Report report = waiting.takeFirst();
     const bool printed = printByDefault(report);
     Q_EMIT PrintingOver(printed);

@@ -16,6 +16,8 @@ struct ColumnFormat
     bool Yields = false;
     /// Where its text is broken when that is before the end of the column; 0 for its whole width.
     int WrapAt = 0;
+    /// The part it has of what the gaps leave of the page, whatever paper that is; 0 for its Width.
+    double Share = 0.0;
 
     bool operator==(const ColumnFormat &) const = default;
 };

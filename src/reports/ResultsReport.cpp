@@ -1,5 +1,6 @@
 #include "reports/ResultsReport.h"
 
+#include "core/Windows1252.h"
 #include "reports/ResultsTables.h"
 
 #include <algorithm>
@@ -57,7 +58,7 @@ ResultsHead headOf(const ResultsRecord &record, const ReportedList &list,
     head.Title = (record.chkIndexSearch ? u"Halvane Search Index Results for: "_s
                                         : u"Halvane Search Results for: "_s)
                  + record.lblNameVal;
-    head.ClientMatter = TrimBlanks(record.ClientAcctgCode).toUpper();
+    head.ClientMatter = FoldToUpper(TrimBlanks(record.ClientAcctgCode));
     head.Incomplete = record.SearchIncomplete || situation.GoesOn;
     if (head.Incomplete)
         head.Warnings.append(incompleteWarning.toString());

@@ -18,12 +18,14 @@
 #include "support/HalvaneTest.h"
 #include "support/Ticks.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QDialog>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScopeGuard>
 #include <QTest>
 
 namespace {
@@ -68,6 +70,19 @@ public:
     bool queueLoaded = true;
 };
 } // namespace
+
+/// A child that has a report, and writes down what becomes of it.
+class ReportingChild : public FormWindow
+{
+public:
+    ReportingChild() { setWindowTitle(u"A/B in King County"_s); }
+    bool HasReport() const override { return true; }
+    void PrintDirect() override { ++Prints; }
+    void PrintToFile(const QString &path) override { SavedTo.append(path); }
+
+    int Prints = 0;
+    QStringList SavedTo;
+};
 
 /// Writes down which window is raised or gets the keyboard.
 class FrontWatcher : public QObject
@@ -118,6 +133,9 @@ private Q_SLOTS:
     void aboutOpens();
     void theSessionReportOpens();
     void thePaperIsAskedFor();
+    void theActiveChildIsPrintedAndSaved_data();
+    void theActiveChildIsPrintedAndSaved();
+    void theSearchFormHasNoReport();
     void theHelpOfAResultsWindowOpens();
     void theHelpOfAStepOfTheFormOpensOnItsTopic();
     void aCourtsEntryShowsTheForm_data();
@@ -491,6 +509,67 @@ void tst_Startup::thePaperIsAskedFor()
     });
     Choose(frmMain::Form(), "mnuFilePageSetup");
     QVERIFY(shown);
+}
+
+void tst_Startup::theActiveChildIsPrintedAndSaved_data()
+{
+    QTest::addColumn<QByteArray>("print");
+    QTest::addColumn<QByteArray>("save");
+    QTest::newRow("menu") << QByteArray("mnuFilePrint") << QByteArray("mnuFileSave");
+    QTest::newRow("tool bar") << QByteArray("tbToolBar_Print") << QByteArray("tbToolBar_Save");
+}
+
+void tst_Startup::theActiveChildIsPrintedAndSaved()
+{
+    QFETCH(QByteArray, print);
+    QFETCH(QByteArray, save);
+    offline();
+    Global.strReportFolder = desk->Folder.Path(u"Reports"_s);
+    auto *other = new ReportingChild;
+    auto *child = new ReportingChild;
+    frmMain::Form()->ShowChild(other);
+    frmMain::Form()->ShowChild(child);
+    QStringList suggested;
+    QString answer;
+    const auto standard = qScopeGuard([] { ReplaceSaveDialog({}); });
+    ReplaceSaveDialog([&](const QString &offered) {
+        suggested.append(offered);
+        return answer;
+    });
+    Choose(frmMain::Form(), print.constData());
+    QCOMPARE(child->Prints, 1);
+    Choose(frmMain::Form(), save.constData());
+    QCOMPARE(child->SavedTo, QStringList());
+    answer = desk->Folder.Path(u"mine.txt"_s);
+    Choose(frmMain::Form(), save.constData());
+    QCOMPARE(child->SavedTo, QStringList(answer));
+    QCOMPARE(suggested, QStringList(2, desk->Folder.Path(u"Reports/A-B in King County.Txt"_s)));
+    QCOMPARE(other->Prints, 0);
+    QCOMPARE(other->SavedTo, QStringList());
+}
+
+void tst_Startup::theSearchFormHasNoReport()
+{
+    offline();
+    frmSearchWA::ShowForm();
+    QCOMPARE(frmMain::Form()->ActiveChild(), &frmSearchWA::Form());
+    int asked = 0;
+    const auto standard = qScopeGuard([] { ReplaceSaveDialog({}); });
+    ReplaceSaveDialog([&asked](const QString &) {
+        ++asked;
+        return QString();
+    });
+    for (const char *entry : {"mnuFileSave", "mnuFilePrint", "tbToolBar_Save", "tbToolBar_Print"}) {
+        QVERIFY(!Child<QAction>(frmMain::Form(), entry)->isEnabled());
+        Choose(frmMain::Form(), entry);
+    }
+    QCOMPARE(asked, 0);
+    // They are there for a child that has one, and go with it.
+    auto *child = new ReportingChild;
+    frmMain::Form()->ShowChild(child);
+    QVERIFY(Child<QAction>(frmMain::Form(), "mnuFileSave")->isEnabled());
+    QVERIFY(child->Unload());
+    QVERIFY(!Child<QAction>(frmMain::Form(), "mnuFileSave")->isEnabled());
 }
 
 void tst_Startup::theHelpOfAResultsWindowOpens()

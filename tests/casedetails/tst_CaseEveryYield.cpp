@@ -13,6 +13,7 @@
 #include "session/frmMain.h"
 #include "support/HalvaneTest.h"
 
+#include <QDialog>
 #include <QPointer>
 #include <QPushButton>
 #include <QTest>
@@ -70,6 +71,8 @@ private Q_SLOTS:
     void everyYield();
     void aSecondCaseOpenedAtEveryYield_data();
     void aSecondCaseOpenedAtEveryYield();
+    void reportedAtEveryYield_data();
+    void reportedAtEveryYield();
 
 private:
     /// A new session in a program without windows.
@@ -90,6 +93,9 @@ private:
     void checkControls(const ExpectedCase &expected) const;
     void closeAtLast(CaseEnd end);
     void openAgain();
+    /// Shows and saves the report of the case.
+    void report();
+    void checkReport(const QByteArray &text) const;
     /// Does one case after the other, until it happens behind the end of one.
     void walkYields(const std::function<void(int)> &caseWithNth);
 
@@ -379,6 +385,50 @@ void tst_CaseEveryYield::aSecondCaseOpenedAtEveryYield()
         QCOMPARE(TextOf(second, "lblStatus"), u"Search Complete"_s);
         QCOMPARE(frmQueue::Form().FIFO.ListCount(), 0);
         delete second;
+    });
+}
+
+/// What has come by now, marked as not whole while more may come.
+void tst_CaseEveryYield::report()
+{
+    yields->Note(momentNow());
+    for (int i = 0; i < 2; ++i)
+        desk->Boxes.ExpectDialog(u"dlgPrintMgr"_s,
+                                 [](QDialog *dialog) { Click(dialog, "OKButton"); });
+    window->PrintDirect();
+    auto *preview = Shown(u"PreviewDoc"_s);
+    QVERIFY(preview);
+    preview->close();
+    window->PrintToFile(desk->Folder.Path(u"saved.txt"_s));
+    checkReport(desk->Folder.Read(u"saved.txt"_s));
+}
+
+void tst_CaseEveryYield::checkReport(const QByteArray &text) const
+{
+    QVERIFY(text.startsWith("Halvane Case Details for: "));
+    QVERIFY(text.endsWith("\r\n<------ End of Report ------>\r\n"));
+    QCOMPARE(text.contains("WARNING:  This Search was NOT completed. "),
+             yields->When != Moment::Over);
+    const QByteArray heading =
+        "\r\n" + CaseTabRowOf(lastTab(kind)).caption.toString().toLatin1() + "\r\n";
+    QCOMPARE(text.contains(heading), window->Tab(lastTab(kind)).TabDone);
+}
+
+void tst_CaseEveryYield::reportedAtEveryYield_data()
+{
+    aSecondCaseOpenedAtEveryYield_data();
+}
+
+void tst_CaseEveryYield::reportedAtEveryYield()
+{
+    QFETCH(Kind, ofKind);
+    kind = ofKind;
+    walkYields([this](int nth) {
+        runCase(nth, [this] { report(); });
+        QCOMPARE(endOf(), nameOf(CaseEnd::Completed, caseEndNames));
+        checkTexts(CaseEnd::Completed);
+        QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList());
+        QCOMPARE(desk->Boxes.Complaints(), QString());
     });
 }
 

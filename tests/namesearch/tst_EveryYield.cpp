@@ -4,13 +4,20 @@
 #include "core/GlobalState.h"
 #include "jobs/TurnTaking.h"
 #include "jobs/frmQueue.h"
+#include "namesearch/DiscisSearch.h"
 #include "namesearch/DupesSearch.h"
 #include "namesearch/YieldDesk.h"
 #include "session/frmMain.h"
 #include "support/FakeSocket.h"
 #include "support/HalvaneTest.h"
+#include "support/MailProgram.h"
 
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
 #include <QPointer>
+#include <QProcess>
+#include <QPushButton>
 #include <QTest>
 
 #include <algorithm>
@@ -120,6 +127,8 @@ private Q_SLOTS:
 
     void everyYield_data();
     void everyYield();
+    void reportedAtEveryYield_data();
+    void reportedAtEveryYield();
 
 private:
     /// A new session in a program without windows.
@@ -139,6 +148,10 @@ private:
     void checkControls(const Expected &expected) const;
     void leaveAtLast();
     void searchAgain();
+    /// One search whose report is made in its nth yield, or behind its end.
+    void searchReportedIn(int nth);
+    void report();
+    void checkReport(const QByteArray &text, int rows) const;
 
     Act what = Act::StopButton;
     Kind kind = Kind::Superior;
@@ -384,6 +397,71 @@ void tst_EveryYield::everyYield()
     });
     if (!QTest::currentTestFailed())
         QCOMPARE(timesUnanswered > 0, what == Act::DisconnectFromSilence);
+}
+
+/// Shown, saved and mailed: what has come by now, marked as not whole while more may come.
+void tst_EveryYield::report()
+{
+    yields->Note(momentNow());
+    // The list on the screen may have its last rows still to come.
+    const auto *search = dynamic_cast<const NonCivilSearch *>(&window->Search());
+    const int rows = search && search->ShowingDupes ? search->Names.Count() : window->RowCount();
+    window->PrintDirect();
+    auto *preview = Shown(u"PreviewDoc"_s);
+    QVERIFY(preview);
+    preview->close();
+    window->PrintToFile(desk->Folder.Path(u"saved.txt"_s));
+    checkReport(desk->Folder.Read(u"saved.txt"_s), rows);
+    QPushButton *email = ButtonOf(window, "cmdEmail");
+    (email ? email : ButtonOf(window, "cmdSearchResults_5"))->click();
+}
+
+void tst_EveryYield::checkReport(const QByteArray &text, int rows) const
+{
+    QVERIFY(text.startsWith("Halvane Search "));
+    const QByteArray total =
+        "\r\nThis search found " + QByteArray::number(rows) + " Matching Records\r\n";
+    QVERIFY(text.contains(total));
+    QVERIFY(text.endsWith("\r\n<------ End of Report ------>\r\n"));
+    QCOMPARE(text.contains("WARNING:  This Search is Incomplete! "), yields->When != Moment::Over);
+}
+
+void tst_EveryYield::searchReportedIn(int nth)
+{
+    connectAgain();
+    prepare();
+    desk->Folder.Remove(u"AppInfo.txt"_s);
+    QDir(desk->Folder.Path()).mkdir(QString::number(nth));
+    const MailProgram mail(desk->Folder.Path(QString::number(nth)));
+    yields->Begin(window->Timer1, nth, [this] { report(); });
+    QVERIFY(waitForTheEnd());
+    YieldDesk::StopWatching();
+    if (!yields->When)
+        report();
+    QTRY_VERIFY(mail.WasCalled() && !qApp->findChild<QProcess *>());
+    QFile attached(mail.Arguments().value(6));
+    QVERIFY(attached.open(QIODevice::ReadOnly));
+    QCOMPARE(attached.readAll(), desk->Folder.Read(u"saved.txt"_s));
+    QCOMPARE(endOf(), nameOf(End::Completed, endNames));
+    checkTexts(End::Completed);
+    QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList());
+    QCOMPARE(desk->Boxes.Complaints(), QString());
+    delete window;
+}
+
+void tst_EveryYield::reportedAtEveryYield_data()
+{
+    QTest::addColumn<Kind>("search");
+    for (size_t i = 0; i < kindNames.size(); ++i)
+        QTest::newRow(kindNames.at(i)) << static_cast<Kind>(i);
+}
+
+void tst_EveryYield::reportedAtEveryYield()
+{
+    QFETCH(Kind, search);
+    kind = search;
+    Global.strReportFolder = desk->Folder.Path();
+    yields->WalkYields(walk, [this](int nth) { searchReportedIn(nth); });
 }
 
 HALVANE_TEST(tst_EveryYield)

@@ -69,6 +69,7 @@ private Q_SLOTS:
     void saving_data() { EachResultsWindow(); }
     void saving();
     void theQuestionWhereToSave();
+    void theAnswerIsWhereItIsSaved();
     void savingIsGivenUp();
     void savingToAFolderThatIsGone_data() { EachResultsWindow(); }
     void savingToAFolderThatIsGone();
@@ -78,6 +79,7 @@ private Q_SLOTS:
     void mailing();
     void mailingReplacesTheSavedReport();
     void nothingUnsavedIsMailed();
+    void aNameThatIsTooLongForADisk();
     void aMailThatFails_data();
     void aMailThatFails();
     void theWindowGoesUnderItsMail();
@@ -278,7 +280,8 @@ void tst_ResultsReports::saving()
     Click(window, saveButton(which));
     QCOMPARE(suggested, reportPath(window));
     const QByteArray saved = desk->Folder.Read(u"mine.txt"_s);
-    const QByteArray head = "Halvane Search Results for: " + window->lblNameVal().toUtf8() + "\r\n \r\n Date Printed: ";
+    const QByteArray head =
+        "Halvane Search Results for: " + window->lblNameVal().toUtf8() + "\r\n \r\n Date Printed: ";
     QVERIFY(saved.startsWith(head));
     QVERIFY(saved.contains("\r\nSMITH, JOHN  "));
     QVERIFY(saved.endsWith("\r\n<------ End of Report ------>\r\n"));
@@ -295,7 +298,21 @@ void tst_ResultsReports::theQuestionWhereToSave()
     QCOMPARE(dialog->selectedNameFilter(), u"Text Files (*.txt)"_s);
     QCOMPARE(dialog->defaultSuffix(), u"txt"_s);
     QCOMPARE(dialog->directory().path(), Global.strReportFolder);
+    QCOMPARE(dialog->selectedFiles(), QStringList(reportPath(window)));
     dialog->reject();
+}
+
+/// A name without an ending gets one.
+void tst_ResultsReports::theAnswerIsWhereItIsSaved()
+{
+    NameResultsWindow *window = searched(Which::NonCivil);
+    Click(window, "cmdSaveResultToFile");
+    QDialog *dialog = window->findChild<QDialog *>(u"SaveDialog"_s);
+    QVERIFY(dialog);
+    TypeInto(dialog, "fileNameEdit", u"mine"_s);
+    dialog->accept();
+    QCOMPARE(QDir(Global.strReportFolder).entryList(QDir::Files), QStringList(u"mine.txt"_s));
+    QVERIFY(desk->Folder.Read(u"Reports/mine.txt"_s).contains("\r\nSMITH, JOHN  "));
 }
 
 void tst_ResultsReports::savingIsGivenUp()
@@ -384,6 +401,19 @@ void tst_ResultsReports::nothingUnsavedIsMailed()
     Click(window, "cmdSearchResults_5");
     Ticks(20);
     QVERIFY(!mail.WasCalled());
+}
+
+void tst_ResultsReports::aNameThatIsTooLongForADisk()
+{
+    NameResultsWindow *window = searched(Which::Name);
+    window->Search().Record.Caption = QString(300, u'N');
+    const MailProgram mail(desk->Folder.Path());
+    desk->Boxes.Expect(saveFailed(Global.strReportFolder + u'/' + QString(300, u'N') + u".Txt"_s),
+                       u"Halvane - Save to File Error"_s, MsgIcon::Exclamation);
+    Click(window, "cmdSearchResults_5");
+    Ticks(20);
+    QVERIFY(!mail.WasCalled());
+    QVERIFY(QDir(Global.strReportFolder).isEmpty());
 }
 
 void tst_ResultsReports::aMailThatFails_data()

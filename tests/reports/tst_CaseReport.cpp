@@ -7,6 +7,8 @@
 
 #include <QTest>
 
+#include <cmath>
+
 namespace {
 const QString stopped = u"WARNING:  This Search was Stopped by the User. Some results may not have "
                         "been retrieved."_s;
@@ -91,6 +93,7 @@ private Q_SLOTS:
     void columnsOfEveryWidthFitThePage_data();
     void columnsOfEveryWidthFitThePage();
     void columnsHaveTheSharesOfTheRecord();
+    void columnsHaveTheirSharesOfOtherPaper();
     void everyRowHasTheCellsOfItsTable();
     void aCellIsOneLine();
     void theEnd_data();
@@ -339,6 +342,23 @@ void tst_CaseReport::columnsHaveTheSharesOfTheRecord()
     QCOMPARE(widthsFor({100, 60, 40}), (QList<int>{4875, 2925, 1950}));
     // The one without a width is out of sight.
     QCOMPARE(widthsFor({50, 0, 50}), (QList<int>{5050, 5050}));
+}
+
+/// Paper can be chosen when the report is on the screen already.
+void tst_CaseReport::columnsHaveTheirSharesOfOtherPaper()
+{
+    constexpr int lying = 14400;
+    const Report upright = reportOf(SuperiorCase(), {CaseTab::Docket});
+    const Report other = ComposeCase(SuperiorCase(), {CaseTab::Docket}, AtNoon(), lying);
+    const QList<ColumnPlace> places = PlaceColumns(upright.Tables.value(1), lying);
+    const QList<ColumnPlace> expected = PlaceColumns(other.Tables.value(1), lying);
+    QCOMPARE(places.size(), 4);
+    for (qsizetype i = 0; i < places.size(); ++i) {
+        QVERIFY(std::abs(places[i].Left - expected[i].Left) <= 4);
+        QVERIFY(std::abs(places[i].Width - expected[i].Width) <= 4);
+    }
+    // The head and the legal text stand as they did.
+    QCOMPARE(PlaceColumns(upright.Tables.value(0), lying).value(0).Width, 2000.0);
 }
 
 void tst_CaseReport::everyRowHasTheCellsOfItsTable()

@@ -103,10 +103,7 @@ private Q_SLOTS:
     void cellsAreWrappedToTheirColumns();
     void nameIsWrappedBeforeItsColumnEnds();
     void lineEndsInACell();
-    void yieldingColumnTakesWhatIsLeft();
-    void yieldingColumnHasAFloor();
-    void columnsWithoutAYieldingOneShrink();
-    void columnsThatFitStayAsTheyAre();
+    void headOfAYieldingColumnIsNotBroken();
     void textIsWrappedAtThePrintableWidth();
     void lineOfARowKeepsItsIndent();
     void noTextReachesTheRightMargin();
@@ -228,47 +225,19 @@ void tst_PageLayout::lineEndsInACell()
              (QStringList{u"a|c d"_s, u"b| e"_s}));
 }
 
-void tst_PageLayout::yieldingColumnTakesWhatIsLeft()
+void tst_PageLayout::headOfAYieldingColumnIsNotBroken()
 {
-    const QList<ColumnPlace> places = PlaceColumns({{.Width = 4000, .Gap = 50},
-                                                    {.Width = 9000, .Gap = 50, .Yields = true},
-                                                    {.Width = 4000, .Gap = 50}},
-                                                   letter.PrintableWidth());
-    QCOMPARE(places[1].Left, 4050.0);
-    QCOMPARE(places[1].Width, 2700.0);
-    QCOMPARE(places[1].WrapAt, 2620.0);
-    QCOMPARE(places[2].WrapAt, 4000.0);
-    QCOMPARE(places[2].Left, 6800.0);
-    QCOMPARE(places[2].Right(), 10800.0);
-}
-
-void tst_PageLayout::yieldingColumnHasAFloor()
-{
-    const QList<ColumnPlace> places =
-        PlaceColumns({{.Width = 9400}, {.Width = 5000, .Yields = true}, {.Width = 9400}}, 10800);
-    QCOMPARE(places[0].Width, 4700.0);
-    QCOMPARE(places[1].Width, 1400.0);
-    QCOMPARE(places[2].Right(), 10800.0);
-    // What is less than that already stays as it is.
-    QCOMPARE(PlaceColumns({{.Width = 10400}, {.Width = 800, .Yields = true}}, 10800)[1].Width,
-             800.0);
-}
-
-void tst_PageLayout::columnsWithoutAYieldingOneShrink()
-{
-    const QList<ColumnPlace> places =
-        PlaceColumns({{.Width = 10000, .Gap = 1600}, {.Width = 10000, .Gap = 1600}}, 10800);
-    QCOMPARE(places[0].Width, 5000.0);
-    QCOMPARE(places[1].Left, 5800.0);
-    QCOMPARE(places[1].Right(), 10800.0);
-}
-
-void tst_PageLayout::columnsThatFitStayAsTheyAre()
-{
-    const QList<ColumnPlace> places = PlaceColumns(
-        {{.Width = 5000, .Gap = 800}, {.Width = 5000, .Gap = 800, .Yields = true}}, 10800);
-    QCOMPARE(places[0].Width, 5000.0);
-    QCOMPARE(places[1].Width, 5000.0);
+    Report report;
+    const int table = report.AddTable(
+        {{.Width = 1000, .Gap = 50}, {.Width = 300, .Gap = 50, .Yields = true}, {.Width = 1000}});
+    report.Add(BlockKind::ColumnHeads, {u"Name"_s, u"Description"_s, u"Role"_s}, table);
+    report.Add(BlockKind::Row, {u"A"_s, u"B"_s, u"C"_s}, table);
+    const ReportPage page = firstPage(report);
+    QCOMPARE(linesOf(page), (QStringList{u"Name|Description|Role"_s, u"A|B|C"_s}));
+    QCOMPARE(at(page, u"Role"_s), u"2200,0"_s);
+    // One that does not yield keeps the width that it was given.
+    report.Tables[table][1].Yields = false;
+    QCOMPARE(at(firstPage(report), u"Role"_s), u"1400,0"_s);
 }
 
 void tst_PageLayout::textIsWrappedAtThePrintableWidth()

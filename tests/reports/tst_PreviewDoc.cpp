@@ -41,6 +41,7 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
+    void itsTexts();
     void firstPageComesAtOnce();
     void pagesComeBehindIt();
     void cancelLeavesWhatIsThere();
@@ -98,6 +99,16 @@ bool tst_PreviewDoc::hasLetters(const QRect &place) const
             if (shown.rect().contains(x, y) && qGray(shown.pixel(x, y)) < 120)
                 return true;
     return false;
+}
+
+void tst_PreviewDoc::itsTexts()
+{
+    PreviewDoc *preview = user->Look(SampleResults(1));
+    QCOMPARE(preview->objectName(), u"PreviewDoc"_s);
+    QCOMPARE(TextOf(preview, "cmdPrint"), u"&Print.."_s);
+    QCOMPARE(TextOf(preview, "cmdSavePdf"), u"Save as &PDF.."_s);
+    QCOMPARE(TextOf(preview, "cmdClose"), u"&Close"_s);
+    QCOMPARE(user->Page(), u"Page 1 of 1"_s);
 }
 
 void tst_PreviewDoc::firstPageComesAtOnce()

@@ -1,4 +1,5 @@
 #include "controls/SaveDialog.h"
+#include "core/EndProgram.h"
 #include "core/EventLoop.h"
 #include "core/GlobalState.h"
 #include "core/TurnHold.h"
@@ -58,6 +59,8 @@ private Q_SLOTS:
     void cancelledWhileSaving();
     void ownerGoesWhileSaving();
     void ownerGoesUnderTheQuestion();
+    void programEndsMeanwhile_data();
+    void programEndsMeanwhile();
     void printsByItself();
     void severalPrintByThemselves();
     void noPrinter();
@@ -426,6 +429,48 @@ void tst_PreviewPrint::ownerGoesUnderTheQuestion()
     QVERIFY(!QFile::exists(path(u"saved.pdf"_s)));
     Ticks(2);
     QVERIFY(!preview);
+}
+
+void tst_PreviewPrint::programEndsMeanwhile_data()
+{
+    QTest::addColumn<QByteArray>("button");
+    QTest::newRow("printing") << QByteArray("cmdPrint");
+    QTest::newRow("saving") << QByteArray("cmdSavePdf");
+    QTest::newRow("by itself") << QByteArray();
+}
+
+void tst_PreviewPrint::programEndsMeanwhile()
+{
+    QFETCH(QByteArray, button);
+    user->Look(SampleResults(longReport));
+    printTo(u"out.pdf"_s);
+    ReplaceSaveDialog([this](const QString &) { return path(u"out.pdf"_s); });
+    ReplaceDefaultPrinter([this](QPrinter &printer) {
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(path(u"out.pdf"_s));
+        return true;
+    });
+    QList<int> codes;
+    QStringList pages;
+    ReplaceEndProgram([&](int code) {
+        codes.append(code);
+        pages = PdfPages(path(u"out.pdf"_s));
+    });
+    QList<int> codesAtOnce{0};
+    atFirstYield([&] {
+        EndProgram(3);
+        codesAtOnce = codes;
+    });
+    if (button.isEmpty())
+        user->Preview()->PrintAndClose(SampleResults(longReport));
+    else
+        Click(user->Preview(), button.constData());
+    QTRY_COMPARE(codes, QList<int>{3});
+    QCOMPARE(codesAtOnce, QList<int>());
+    QCOMPARE(pages, pagesOf(SampleResults(longReport)));
+    // The next end waits for nothing.
+    EndProgram(4);
+    QCOMPARE(codes, (QList<int>{3, 4}));
 }
 
 void tst_PreviewPrint::printsByItself()

@@ -40,6 +40,8 @@ private Q_SLOTS:
     void noFolder();
     void namesThatNoDiskTakes_data();
     void namesThatNoDiskTakes();
+    void namesOfEveryScript_data();
+    void namesOfEveryScript();
     void everyCallThatCanFail_data();
     void everyCallThatCanFail();
     void theName_data();
@@ -111,6 +113,26 @@ void tst_ReportFile::namesThatNoDiskTakes()
     const QStringList before = QDir(folder.Path()).entryList(QDir::AllEntries | QDir::Hidden);
     QVERIFY(errorOf(folder.Path() + u'/' + name, {u"a"_s}) != 0);
     QCOMPARE(QDir(folder.Path()).entryList(QDir::AllEntries | QDir::Hidden), before);
+}
+
+void tst_ReportFile::namesOfEveryScript_data()
+{
+    QTest::addColumn<QString>("caption");
+    QTest::newRow("the code page") << u"MÜLLER, JOSÉ in King"_s;
+    QTest::newRow("beyond the code page") << u"ŁÓDŹ, Янка in King"_s;
+    QTest::newRow("beyond the first plane") << u"\U0001F4DC in King"_s;
+    QTest::newRow("quotes and dollars") << u"O'BRIEN \"BOB\" $HOME `x` in King"_s;
+}
+
+void tst_ReportFile::namesOfEveryScript()
+{
+    QFETCH(QString, caption);
+    const TestFolder folder;
+    QDir(folder.Path()).mkdir(u"Reports"_s);
+    const QString name = caption + u".Txt"_s;
+    WriteReportFile(folder.Path(u"Reports/"_s) + ReportFileName(caption), QStringList(u"a"_s));
+    QCOMPARE(QDir(folder.Path(u"Reports"_s)).entryList(QDir::Files | QDir::Hidden),
+             QStringList(name));
 }
 
 void tst_ReportFile::everyCallThatCanFail_data()

@@ -2,6 +2,7 @@
 
 #include "core/EndProgram.h"
 #include "reports/ReportMail.h"
+#include "support/FaultyFile.h"
 #include "support/HalvaneTest.h"
 #include "support/MailProgram.h"
 #include "support/TestFolder.h"
@@ -44,6 +45,7 @@ private Q_SLOTS:
     void noMailProgram();
     void aMailProgramThatDies();
     void aReportThatIsGone();
+    void noRoomForTheCopy();
     void nobodyWaitsAnyMore();
     void names_data();
     void names();
@@ -185,6 +187,26 @@ void tst_ReportMail::aReportThatIsGone()
     QVERIFY(answer.Failure);
     QCOMPARE(answer.Failure->Number(), 53);
     QVERIFY(!mail.WasCalled());
+}
+
+void tst_ReportMail::noRoomForTheCopy()
+{
+    const TestFolder folder;
+    const MailProgram mail(folder.Path());
+    Answer answer;
+    folder.Write(u"r.Txt"_s, QByteArray(10'000, 'r'));
+    {
+        const FullDisk full(5'000);
+        SendReport(folder.Path(u"r.Txt"_s), u"r.Txt"_s, this,
+                   [&](const std::optional<RunTimeError> &failure) {
+                       answer = {true, failure};
+                   });
+    }
+    QVERIFY(answer.Came);
+    QVERIFY(answer.Failure);
+    QCOMPARE(answer.Failure->Number(), 61);
+    QVERIFY(!mail.WasCalled());
+    QCOMPARE(folder.Read(u"r.Txt"_s).size(), 10'000);
 }
 
 void tst_ReportMail::nobodyWaitsAnyMore()

@@ -11,6 +11,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFontDatabase>
 #include <QImage>
 #include <QPageLayout>
 #include <QPainter>
@@ -37,6 +38,8 @@ private Q_SLOTS:
     void nothingIsCutAtAnEdge();
     void noTextOverText();
     void textCanBeSearched();
+    void theWritingIsArialOrItsNearest();
+    void rulesAreThinLines();
     void measuresAreThoseOfTheWrittenText();
     void measuresDoNotDependOnTheScreen();
     void fullDiskKeepsTheOldFile();
@@ -45,6 +48,8 @@ private Q_SLOTS:
     void pagesThatWereLaidOutBefore();
     void paperOfTheTerritory();
     void paperAsThePrinterHasIt();
+    void paperInNumbers_data();
+    void paperInNumbers();
 
 private:
     QString written(const Report &report, const Paper &paper = letter)
@@ -162,6 +167,43 @@ void tst_ReportPdf::textCanBeSearched()
         PdfPages(written(report)).value(0).contains(u"Peñalver & Søn, AVENUE \u2013 Tårnvej"_s));
 }
 
+void tst_ReportPdf::theWritingIsArialOrItsNearest()
+{
+    const QStringList present = QFontDatabase::families();
+    for (const QString &family : {u"Arial"_s, u"Liberation Sans"_s, u"Arimo"_s}) {
+        if (!present.contains(family))
+            continue;
+        QCOMPARE(ReportFontFamily(), family);
+        return;
+    }
+    QVERIFY(present.contains(ReportFontFamily()));
+}
+
+void tst_ReportPdf::rulesAreThinLines()
+{
+    constexpr int side = 200; ///< pixels, of ten twips each
+    QImage sheet(side, side, QImage::Format_RGB32);
+    sheet.fill(Qt::white);
+    {
+        QPainter painter(&sheet);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.scale(0.1, 0.1);
+        ReportPage page;
+        page.Rules = {{500, 1000, 1500, 1000}};
+        ReportPainter().Draw(&painter, page);
+    }
+    const auto inkAt = [&sheet](int x) {
+        int ink = 0;
+        for (int y = 0; y < side; ++y)
+            ink += 255 - qGray(sheet.pixel(x, y));
+        return ink;
+    };
+    // Some black, and less than a whole pixel of it.
+    QVERIFY(inkAt(100) > 50 && inkAt(100) < 255);
+    QCOMPARE(inkAt(20), 0);
+    QCOMPARE(inkAt(180), 0);
+}
+
 void tst_ReportPdf::measuresAreThoseOfTheWrittenText()
 {
     const QString text = u"WESTHUIZEN,MAXIMILIAN-ALEXANDER"_s;
@@ -243,6 +285,8 @@ void tst_ReportPdf::paperOfTheTerritory()
     QCOMPARE(PaperOfTerritory(QLocale::UnitedStates), letter);
     QCOMPARE(PaperOfTerritory(QLocale::Canada), letter);
     QCOMPARE(PaperOfTerritory(QLocale::Germany), (Paper{11900, 16840}));
+    // Until somebody chooses other paper.
+    QCOMPARE(ReportPaper::Of().Current(), PaperOfTerritory(QLocale::system().territory()));
 }
 
 void tst_ReportPdf::paperAsThePrinterHasIt()
@@ -251,6 +295,27 @@ void tst_ReportPdf::paperAsThePrinterHasIt()
         QCOMPARE(PaperOf(PageLayoutOf(paper)), paper);
     QCOMPARE(PageLayoutOf(letterLying).pageSize().id(), QPageSize::Letter);
     QCOMPARE(PageLayoutOf(letterLying).orientation(), QPageLayout::Landscape);
+}
+
+void tst_ReportPdf::paperInNumbers_data()
+{
+    QTest::addColumn<int>("width");
+    QTest::addColumn<int>("height");
+    QTest::addColumn<int>("number");
+    QTest::addColumn<int>("orientation");
+    QTest::newRow("letter") << 12240 << 15840 << 1 << 1;
+    QTest::newRow("letter, lying") << 15840 << 12240 << 1 << 2;
+    QTest::newRow("A4") << 11900 << 16840 << 9 << 1;
+    QTest::newRow("A4, lying") << 16840 << 11900 << 9 << 2;
+    QTest::newRow("another") << 9000 << 9600 << 256 << 1;
+}
+
+void tst_ReportPdf::paperInNumbers()
+{
+    QFETCH(int, width);
+    QFETCH(int, height);
+    QTEST(PaperNumber({width, height}), "number");
+    QTEST(OrientationNumber({width, height}), "orientation");
 }
 
 HALVANE_TEST(tst_ReportPdf)

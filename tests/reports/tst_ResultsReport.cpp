@@ -172,6 +172,8 @@ void tst_ResultsReport::theClientMatter_data()
     QTest::newRow("none") << QString() << u"-"_s;
     QTest::newRow("blanks") << u"   "_s << u"-"_s;
     QTest::newRow("trimmed, in capitals") << u" smith-12 "_s << u"SMITH-12"_s;
+    // As the report of a case of this client has it.
+    QTest::newRow("a letter without a capital") << u"weiß-µ"_s << u"WEIß-µ"_s;
 }
 
 void tst_ResultsReport::theClientMatter()
