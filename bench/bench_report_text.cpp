@@ -56,10 +56,12 @@ double bareSeconds(const QByteArray &bytes, const QByteArray &path)
 {
     const QByteArray beside = path + ".new";
     const Clock::time_point start = Clock::now();
-    const int file = ::open(beside.constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, ownerOnly);
+    const int file =
+        ::open(beside.constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, ownerOnly);
     for (qsizetype at = 0; at < bytes.size();) {
-        const ssize_t written = ::write(file, bytes.constData() + at,
-                                        static_cast<size_t>(std::min(pieceBytes, bytes.size() - at)));
+        const ssize_t written =
+            ::write(file, bytes.constData() + at,
+                    static_cast<size_t>(std::min(pieceBytes, bytes.size() - at)));
         if (written <= 0)
             qFatal("cannot write");
         at += written;
