@@ -52,6 +52,7 @@ private Q_SLOTS:
     void arrangements();
     void pagesArePainted();
     void onlyPagesInSightArePainted();
+    void pagesGetSmallerWhenThereAreMore();
     void anotherReport();
     void ways_data();
     void ways();
@@ -284,6 +285,36 @@ void tst_PreviewDoc::onlyPagesInSightArePainted()
     const int painted = painter.Asked;
     pages.grab();
     QCOMPARE(painter.Asked, painted);
+}
+
+/// What was painted while few pages had been found does not stand over those that came later.
+void tst_PreviewDoc::pagesGetSmallerWhenThereAreMore()
+{
+    const ReportPainter painter;
+    const auto layout = std::make_shared<PageLayout>(SampleResults(400), letter, &painter);
+    layout->AddPage();
+    const auto show = [&](PageView &view) {
+        view.resize(700, 700);
+        view.Arrange(PageArrangement::AllAtOnce);
+        view.show();
+        view.Show(layout, &painter);
+    };
+    const auto painted = [&](PageView &view) {
+        // Each time one page at least.
+        for (int page = 0; page < layout->PageCount(); ++page)
+            view.viewport()->grab();
+        return view.viewport()->grab().toImage();
+    };
+    PageView before;
+    show(before);
+    painted(before);
+    while (layout->AddPage())
+        continue;
+    QVERIFY(layout->PageCount() > 4);
+    before.PagesAdded();
+    PageView after;
+    show(after);
+    QCOMPARE(painted(before), painted(after));
 }
 
 void tst_PreviewDoc::anotherReport()
