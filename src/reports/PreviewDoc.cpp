@@ -299,24 +299,26 @@ void PreviewDoc::cmdSavePdf_Click()
     const QString name =
         QString(caption.isEmpty() ? layout->Content().Title : caption).replace(u'/', u'-')
         + u".pdf"_s;
-    AskWhereToSave(this,
-                   {.Title = u"Save Halvane Report"_s,
-                    .Suggested = QDir(Global.strReportFolder).filePath(name),
-                    .Ending = u"pdf"_s,
-                    .Filters = {u"PDF Files (*.pdf)"_s, u"All Files (*.*)"_s}},
-                   this, [this](const QString &path) { savePdf(path); });
+    AskWhereToSave(
+        this,
+        {.Title = u"Save Halvane Report"_s,
+         .Suggested = QDir(Global.strReportFolder).filePath(name),
+         .Ending = u"pdf"_s,
+         .Filters = {u"PDF Files (*.pdf)"_s, u"All Files (*.*)"_s}},
+        this, [this, asked = layout->Content()](const QString &path) { savePdf(asked, path); });
 }
 
-void PreviewDoc::savePdf(const QString &path)
+/// The report that was asked for: the question let events through, and another one, or other
+/// paper, may have come in its place.
+void PreviewDoc::savePdf(const Report &report, const QString &path)
 {
-    // The question let events through: meanwhile it may have been put away, or print, or be gone.
-    if (!layout || work != Work::None || IsUnloaded())
+    if (work != Work::None || IsUnloaded())
         return;
     const RunScope run(this);
-    const std::shared_ptr<PageLayout> pages = layout;
+    PageLayout pages(report, ReportPaper::Of().Current(), &painter);
     try {
         const WorkScope scope(this, Work::Saving);
-        WritePdf(*pages, painter, path, [this](int page) { return goesOn(u"Saving"_s, page); });
+        WritePdf(pages, painter, path, [this](int page) { return goesOn(u"Saving"_s, page); });
     } catch (const RunTimeError &) {
         SayNotSaved(this, path);
     }

@@ -77,7 +77,7 @@ private:
     void cmdCancel_Click();
     void cmdPrint_Click();
     void cmdSavePdf_Click();
-    void savePdf(const QString &path);
+    void savePdf(const Report &report, const QString &path);
     PrintEnd print(QPrinter &printer, std::shared_ptr<PageLayout> pages);
     void printWaiting();
     bool printByDefault(const Report &report);

@@ -54,6 +54,7 @@ private Q_SLOTS:
     void printerThatFails();
     void savesAsPdf();
     void offersAFileInTheReportFolder();
+    void savesWhatWasAskedFor();
     void cannotBeSaved();
     void cancelledWhileSaving();
     void ownerGoesWhileSaving();
@@ -365,6 +366,18 @@ void tst_PreviewPrint::offersAFileInTheReportFolder()
     Click(user->Preview(), "cmdSavePdf");
     QCOMPARE(offered, path(u"Reports/ADAMS, JOHN in King-Pierce.pdf"_s));
     QVERIFY(!QFile::exists(offered));
+}
+
+/// The main window is not blocked by the question: another report can be shown under it.
+void tst_PreviewPrint::savesWhatWasAskedFor()
+{
+    user->Look(SampleResults(3));
+    ReplaceSaveDialog([this](const QString &) {
+        user->Look(SampleResults(4));
+        return path(u"saved.pdf"_s);
+    });
+    Click(user->Preview(), "cmdSavePdf");
+    QCOMPARE(PdfPages(path(u"saved.pdf"_s)), pagesOf(SampleResults(3)));
 }
 
 void tst_PreviewPrint::cannotBeSaved()
