@@ -41,6 +41,7 @@ private Q_SLOTS:
     void printsWhileItPrepares();
     void printsOnThePaperOfTheDialog();
     void printsTheRangeThatIsWanted();
+    void letsEventsThroughOnTheWayToARange();
     void notPrinted();
     void dialogByMnemonic();
     void realDialogHoldsTheTurn();
@@ -185,6 +186,27 @@ void tst_PreviewPrint::printsTheRangeThatIsWanted()
     });
     Click(user->Preview(), "cmdPrint");
     QCOMPARE(PdfPages(path(u"lying.pdf"_s)), PdfPages(path(u"expected.pdf"_s)).mid(2, 2));
+}
+
+/// The last page of a report that is long, and of which few pages have been found.
+void tst_PreviewPrint::letsEventsThroughOnTheWayToARange()
+{
+    constexpr int veryLong = 6000;
+    user->Preview()->ShowReport(SampleResults(veryLong));
+    ReplacePrintDialog([this](QPrinter &printer) {
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(path(u"out.pdf"_s));
+        printer.setPrintRange(QPrinter::PageRange);
+        printer.setFromTo(200, 200);
+        return true;
+    });
+    const unsigned long long before = YieldCount();
+    Click(user->Preview(), "cmdPrint");
+    // One would come behind the page.
+    QVERIFY(YieldCount() - before > 1);
+    const QStringList printed = PdfPages(path(u"out.pdf"_s));
+    QCOMPARE(printed.size(), 1);
+    QVERIFY(printed.first().contains(u"Page 200"));
 }
 
 void tst_PreviewPrint::notPrinted()
