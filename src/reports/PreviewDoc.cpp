@@ -12,6 +12,7 @@
 #include "reports/SaveReport.h"
 #include "ui_PreviewDoc.h"
 
+#include <QCloseEvent>
 #include <QDialog>
 #include <QDir>
 #include <QGuiApplication>
@@ -369,19 +370,19 @@ void PreviewDoc::putAway()
     showCommands();
 }
 
-bool PreviewDoc::QueryUnload(UnloadMode mode)
-{
-    if (mode != UnloadMode::ControlMenu)
-        return true;
-    putAway();
-    return false;
-}
-
 void PreviewDoc::Unloading()
 {
     tmrPrepare->stop();
     if (owner)
         owner->setProperty(previewProperty, QVariant());
+}
+
+/// Not refused, although the window stays to be used again: a desktop whose user logs out asks each
+/// window to close, and stays when one refuses.
+void PreviewDoc::closeEvent(QCloseEvent *event)
+{
+    putAway();
+    event->accept();
 }
 
 void PreviewDoc::keyPressEvent(QKeyEvent *event)

@@ -11,7 +11,6 @@
 
 #include <memory>
 
-class QAbstractButton;
 class QPrinter;
 
 namespace Ui {
@@ -53,8 +52,8 @@ Q_SIGNALS:
     void PrintingOver(bool printed);
 
 protected:
-    bool QueryUnload(UnloadMode mode) override;
     void Unloading() override;
+    void closeEvent(QCloseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
 
 private:

@@ -56,6 +56,7 @@ private Q_SLOTS:
     void anotherReport();
     void ways_data();
     void ways();
+    void standsInNobodysWay();
     void comesAgain();
     void otherPaperIsLaidOutAnew();
     void modalOnlyOverAModalDialog();
@@ -356,6 +357,16 @@ void tst_PreviewDoc::ways()
     QVERIFY(!preview->isVisible());
     QVERIFY(!preview->tmrPrepare->isActive());
     QVERIFY(user->owner->isVisible());
+}
+
+/// The desktop asks each window to close before its user is logged out, and stays when one refuses.
+void tst_PreviewDoc::standsInNobodysWay()
+{
+    PreviewDoc *preview = user->Look(SampleResults(1));
+    QVERIFY(preview->close());
+    QVERIFY(!preview->IsUnloaded());
+    QCOMPARE(user->Look(SampleResults(1)), preview);
+    QVERIFY(preview->isVisible());
 }
 
 void tst_PreviewDoc::comesAgain()
