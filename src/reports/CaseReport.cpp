@@ -197,7 +197,7 @@ QList<ColumnFormat> formatsOf(const QList<ColumnShare> &shares, int printableWid
     const QList<int> widths = ColumnPixels(parts, room, least);
     QList<ColumnFormat> formats;
     for (int column = 0; column < count; ++column)
-        formats.append({Qt::AlignLeft, widths[column], gap, false});
+        formats.append({.Width = widths[column], .Gap = gap, .PartsOf = printableWidth});
     return formats;
 }
 

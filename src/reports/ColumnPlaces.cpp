@@ -10,6 +10,19 @@ constexpr double floorOfYielding = 1400.0;
 /// those of others are seldom, and would look like one with what stands beside them.
 constexpr double airBehindText = 80.0;
 
+/// The columns with those that are parts of a page as wide as this page makes them.
+QList<ColumnFormat> onPaper(QList<ColumnFormat> formats, int printable)
+{
+    for (ColumnFormat &format : formats) {
+        if (format.PartsOf <= 0 || format.PartsOf == printable)
+            continue;
+        const double factor = static_cast<double>(printable) / format.PartsOf;
+        format.Width = static_cast<int>(format.Width * factor);
+        format.Gap = static_cast<int>(format.Gap * factor);
+    }
+    return formats;
+}
+
 /// The widths and gaps of columns without those that yield, and the last gap, behind which nothing
 /// stands.
 double widthOfOthers(const QList<ColumnFormat> &formats)
@@ -41,11 +54,12 @@ Fitted fit(const QList<ColumnFormat> &formats, double printable)
 }
 } // namespace
 
-QList<ColumnPlace> PlaceColumns(const QList<ColumnFormat> &formats, int printableWidth)
+QList<ColumnPlace> PlaceColumns(const QList<ColumnFormat> &columns, int printableWidth)
 {
     QList<ColumnPlace> places;
-    if (formats.isEmpty())
+    if (columns.isEmpty())
         return places;
+    const QList<ColumnFormat> formats = onPaper(columns, printableWidth);
     const Fitted factors = fit(formats, printableWidth);
     double left = 0.0;
     for (const ColumnFormat &format : formats) {

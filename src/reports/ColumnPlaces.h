@@ -16,7 +16,7 @@ struct ColumnPlace
 /// The columns of a table on paper of this printable width. Columns that are wider together lose
 /// what is too much: the one that yields first, down to a width that is still of use, then all
 /// others in proportion.
-QList<ColumnPlace> PlaceColumns(const QList<ColumnFormat> &formats, int printableWidth);
+QList<ColumnPlace> PlaceColumns(const QList<ColumnFormat> &columns, int printableWidth);
 
 /// The columns of all tables of a report.
 class ColumnPlaces

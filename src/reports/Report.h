@@ -16,6 +16,9 @@ struct ColumnFormat
     bool Yields = false;
     /// Where its text is broken when that is before the end of the column; 0 for its whole width.
     int WrapAt = 0;
+    /// The printable width that Width and Gap are parts of: on other paper they are the same parts
+    /// of that. 0 when they are what they are on any paper.
+    int PartsOf = 0;
 
     bool operator==(const ColumnFormat &) const = default;
 };

@@ -1,6 +1,7 @@
 // The report of a case, as blocks.
 
 #include "reports/CaseReport.h"
+#include "reports/ColumnPlaces.h"
 #include "reports/PageLayout.h"
 #include "reports/SampleCases.h"
 #include "support/HalvaneTest.h"
@@ -91,6 +92,7 @@ private Q_SLOTS:
     void columnsOfEveryWidthFitThePage_data();
     void columnsOfEveryWidthFitThePage();
     void columnsHaveTheSharesOfTheRecord();
+    void columnsHaveTheirSharesOnOtherPaper();
     void everyRowHasTheCellsOfItsTable();
     void aCellIsOneLine();
     void theEnd_data();
@@ -339,6 +341,22 @@ void tst_CaseReport::columnsHaveTheSharesOfTheRecord()
     QCOMPARE(widthsFor({100, 60, 40}), (QList<int>{4875, 2925, 1950}));
     // The one without a width is out of sight.
     QCOMPARE(widthsFor({50, 0, 50}), (QList<int>{5050, 5050}));
+}
+
+/// The paper may be changed while the report is looked at, or when it is printed.
+void tst_CaseReport::columnsHaveTheirSharesOnOtherPaper()
+{
+    const QList<ColumnFormat> columns = columnsFor({10, 15, 60, 15});
+    const int width = Paper().PrintableWidth();
+    const QList<ColumnPlace> places = PlaceColumns(columns, width);
+    for (const int other : {width * 4 / 3, width / 2}) {
+        const QList<ColumnPlace> onOther = PlaceColumns(columns, other);
+        for (qsizetype i = 0; i < places.size(); ++i) {
+            const double wanted = places[i].Right() * other / width;
+            QVERIFY2(std::abs(onOther[i].Right() - wanted) < 10,
+                     qPrintable(QString::number(onOther[i].Right())));
+        }
+    }
 }
 
 void tst_CaseReport::everyRowHasTheCellsOfItsTable()
