@@ -5,7 +5,6 @@
 
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QMessageBox>
 #include <QPointer>
 
 #include <memory>
@@ -56,8 +55,8 @@ private:
             reject();
             return;
         }
-        const QList<QMessageBox *> questions = findChildren<QMessageBox *>();
-        for (QMessageBox *question : questions)
+        const QList<QDialog *> questions = findChildren<QDialog *>();
+        for (QDialog *question : questions)
             question->reject();
     }
 
