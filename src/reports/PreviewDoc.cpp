@@ -8,6 +8,7 @@
 #include "core/RunTimeError.h"
 #include "core/TurnHold.h"
 #include "reports/PageView.h"
+#include "reports/ReportFile.h"
 #include "reports/ReportPaper.h"
 #include "reports/SaveReport.h"
 #include "ui_PreviewDoc.h"
@@ -298,8 +299,7 @@ void PreviewDoc::cmdSavePdf_Click()
     const RunScope scope(this);
     const QString caption = owner ? owner->windowTitle() : QString();
     const QString name =
-        QString(caption.isEmpty() ? layout->Content().Title : caption).replace(u'/', u'-')
-        + u".pdf"_s;
+        ReportFileName(caption.isEmpty() ? layout->Content().Title : caption, u".pdf"_s);
     AskWhereToSave(
         this,
         {.Title = u"Save Halvane Report"_s,
