@@ -328,6 +328,9 @@ void PreviewDoc::savePdf(const Report &report, const QString &path)
 void PreviewDoc::PrintAndClose(const Report &report)
 {
     waiting.append(report);
+    // From now on: whoever called has made sure that no job works, and the print begins later.
+    if (!turnHold)
+        turnHold = std::make_unique<TurnHold>();
     QTimer::singleShot(0, this, &PreviewDoc::printWaiting);
 }
 
@@ -338,6 +341,8 @@ void PreviewDoc::printWaiting()
     const RunScope scope(this);
     const Report report = waiting.takeFirst();
     const bool printed = printByDefault(report);
+    if (waiting.isEmpty())
+        turnHold.reset();
     Q_EMIT PrintingOver(printed);
 }
 

@@ -12,6 +12,7 @@
 #include <memory>
 
 class QPrinter;
+class TurnHold;
 
 namespace Ui {
 class PreviewDoc;
@@ -86,7 +87,8 @@ private:
     const QPointer<QWidget> owner;
     const ReportPainter painter;
     std::shared_ptr<PageLayout> layout;
-    QList<Report> waiting; ///< for the default printer
+    QList<Report> waiting;              ///< for the default printer
+    std::unique_ptr<TurnHold> turnHold; ///< while something waits or is printed without a question
     QElapsedTimer sinceYield;
     Work work = Work::None;
     bool cancelled = false; ///< the pages that were to be prepared

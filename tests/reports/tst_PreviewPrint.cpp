@@ -472,7 +472,10 @@ void tst_PreviewPrint::printsByItself()
     });
     QSignalSpy over(user->Preview(), &PreviewDoc::PrintingOver);
     user->Preview()->PrintAndClose(SampleResults(100));
+    // No job comes in between.
+    QVERIFY(TurnHold::IsHeld());
     QTRY_COMPARE(over.size(), 1);
+    QVERIFY(!TurnHold::IsHeld());
     QVERIFY(over.first().first().toBool());
     QVERIFY(!user->Preview()->isVisible());
     QCOMPARE(PdfPages(path(u"out.pdf"_s)), pagesOf(SampleResults(100)));
