@@ -5,7 +5,6 @@
 #include "controls/ModalDialog.h"
 #include "core/GlobalState.h"
 #include "reports/CaseReport.h"
-#include "reports/PageLayout.h"
 #include "reports/SaveReport.h"
 #include "session/frmMain.h"
 
@@ -33,8 +32,7 @@ ReportSituation CaseWindow::situation() const
 
 Report CaseWindow::composed(const QList<CaseTab> &tabs) const
 {
-    const int width = preview ? preview->PrintableWidth() : Paper().PrintableWidth();
-    Report report = ComposeCase(Record(), tabs, situation(), width);
+    Report report = ComposeCase(Record(), tabs, situation(), preview->PrintableWidth());
     report.GridLines = printGridLines;
     return report;
 }

@@ -101,9 +101,8 @@ public:
     // What the reports read
     bool &SearchStopped;
     ListBox &lboxResponses;
-    ListBox lboxReportsToPrint; ///< the titles of what waits for being printed by itself
-    std::unique_ptr<ReportViewer>
-        preview; ///< from loading to unloading; null without a printer's side
+    ListBox lboxReportsToPrint;            ///< the titles of what waits for being printed by itself
+    std::unique_ptr<ReportViewer> preview; ///< from loading to unloading
 
     bool &CloseRequested;
 
@@ -170,6 +169,7 @@ private:
     void cmdSearchNow_Click();
     std::optional<QList<CaseTab>> chooseTabs(dlgPrintMgr::Purpose purpose);
     ReportSituation situation() const;
+    /// Only while there is a preview.
     Report composed(const QList<CaseTab> &tabs) const;
     void closeUnasked();
     void TmrFlash_Tick();

@@ -12,6 +12,14 @@ QString targetOf(const QString &path)
     const QFileInfo info(path);
     return info.isSymLink() && info.exists() ? info.canonicalFilePath() : info.absoluteFilePath();
 }
+
+/// That nobody may write it: a renaming would not ask.
+bool isReadOnly(const QString &path)
+{
+    constexpr QFile::Permissions write = QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther;
+    const QFileInfo info(path);
+    return info.exists() && !(info.permissions() & write);
+}
 } // namespace
 
 // QTemporaryFile creates its file with mode 0600, in the target's own folder, so that the renaming
@@ -19,7 +27,7 @@ QString targetOf(const QString &path)
 FileReplacement::FileReplacement(const QString &path)
     : target(targetOf(path)), file(target + QStringLiteral(".XXXXXX"))
 {
-    if (QFileInfo(target).isDir() || !file.open())
+    if (QFileInfo(target).isDir() || isReadOnly(target) || !file.open())
         throw RunTimeError::PermissionDenied();
 }
 

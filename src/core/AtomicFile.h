@@ -9,8 +9,8 @@
 /// before finds the old one, or none. One that is never committed leaves nothing behind. A link
 /// stays a link: what it points at is what is replaced.
 ///
-/// Throws error 70 ("Permission denied") when the folder cannot be written or the file not be
-/// replaced, and 61 ("Disk full") when it cannot be written to its end.
+/// Throws error 70 ("Permission denied") when the folder cannot be written, or the file not be
+/// replaced or is there to be read only, and 61 ("Disk full") when it cannot be written to its end.
 class FileReplacement
 {
 public:

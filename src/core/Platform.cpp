@@ -166,12 +166,9 @@ void ComposeMail(const MailDraft &draft, QObject *context,
                  const std::function<void(const std::optional<RunTimeError> &)> &done)
 {
     const QString program = QStandardPaths::findExecutable(QStringLiteral("xdg-email"));
-    const auto answer = [context, done](const std::optional<RunTimeError> &failure) {
-        QMetaObject::invokeMethod(
-            context, [done, failure] { done(failure); }, Qt::QueuedConnection);
-    };
     if (program.isEmpty()) {
-        answer(RunTimeError::FileNotFound());
+        QMetaObject::invokeMethod(
+            context, [done] { done(RunTimeError::FileNotFound()); }, Qt::QueuedConnection);
         return;
     }
     // Of the process, not of the window: a mail program that is about to open outlives it.
@@ -184,12 +181,17 @@ void ComposeMail(const MailDraft &draft, QObject *context,
         mailer, &QProcess::finished, context, [done](int code, QProcess::ExitStatus status) {
             done(mailFailureOf(status == QProcess::NormalExit ? code : mailActionFailed));
         });
+    QObject::connect(
+        mailer, &QProcess::errorOccurred, context,
+        [done](QProcess::ProcessError error) {
+            if (error == QProcess::FailedToStart)
+                done(mailFailureOf(mailActionFailed));
+        },
+        Qt::QueuedConnection);
     QObject::connect(mailer, &QProcess::errorOccurred, mailer,
-                     [mailer, answer](QProcess::ProcessError error) {
-                         if (error != QProcess::FailedToStart)
-                             return;
-                         answer(mailFailureOf(mailActionFailed));
-                         mailer->deleteLater();
+                     [mailer](QProcess::ProcessError error) {
+                         if (error == QProcess::FailedToStart)
+                             mailer->deleteLater();
                      });
     mailer->start(program, {QStringLiteral("--utf8"), QStringLiteral("--subject"), draft.Subject,
                             QStringLiteral("--body"), draft.Body, QStringLiteral("--attach"),

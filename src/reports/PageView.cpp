@@ -49,11 +49,7 @@ void PageView::Show(std::shared_ptr<const PageLayout> shown, const ReportPainter
 
 void PageView::PagesAdded()
 {
-    const bool allAtOnce = arrangement == PageArrangement::AllAtOnce;
-    const double before = allAtOnce ? Scale() : 0.0;
     adjustBars();
-    if (allAtOnce && before != Scale())
-        store.clear();
     viewport()->update();
 }
 
@@ -177,6 +173,10 @@ void PageView::paintEvent(QPaintEvent *event)
         return;
     QPainter painter(viewport());
     const PageGrid places = grid();
+    // The more pages are to be seen at once, the smaller they are; and screens differ.
+    if (const QSize size = places.PlaceOf(0).size() * devicePixelRatioF();
+        std::exchange(storedSize, size) != size)
+        store.clear();
     const QRect sight = event->rect().translated(offset());
     const auto [first, end] = places.PagesBetween(sight.top(), sight.bottom());
     QElapsedTimer timer;

@@ -74,4 +74,5 @@ private:
     int current = 0;
     bool going = false; ///< the view scrolls by itself
     QCache<int, QPixmap> store;
+    QSize storedSize; ///< in pixels, of each of them
 };

@@ -9,10 +9,12 @@
 #include "core/RunTimeError.h"
 #include "core/TurnHold.h"
 #include "reports/PageView.h"
+#include "reports/ReportFile.h"
 #include "reports/ReportPaper.h"
 #include "reports/SaveReport.h"
 #include "ui_PreviewDoc.h"
 
+#include <QCloseEvent>
 #include <QDialog>
 #include <QDir>
 #include <QGuiApplication>
@@ -299,27 +301,28 @@ void PreviewDoc::cmdSavePdf_Click()
     const RunScope scope(this);
     const QString caption = owner ? owner->windowTitle() : QString();
     const QString name =
-        QString(caption.isEmpty() ? layout->Content().Title : caption).replace(u'/', u'-')
-        + u".pdf"_s;
-    AskWhereToSave(this,
-                   {.Title = u"Save Halvane Report"_s,
-                    .Suggested = QDir(Global.strReportFolder).filePath(name),
-                    .Ending = u"pdf"_s,
-                    .Filters = {u"PDF Files (*.pdf)"_s, u"All Files (*.*)"_s}},
-                   this, [this](const QString &path) { savePdf(path); });
+        ReportFileName(caption.isEmpty() ? layout->Content().Title : caption, u".pdf"_s);
+    AskWhereToSave(
+        this,
+        {.Title = u"Save Halvane Report"_s,
+         .Suggested = QDir(Global.strReportFolder).filePath(name),
+         .Ending = u"pdf"_s,
+         .Filters = {u"PDF Files (*.pdf)"_s, u"All Files (*.*)"_s}},
+        this, [this, asked = layout->Content()](const QString &path) { savePdf(asked, path); });
 }
 
-void PreviewDoc::savePdf(const QString &path)
+/// The report that was asked for: the question let events through, and another one, or other
+/// paper, may have come in its place.
+void PreviewDoc::savePdf(const Report &report, const QString &path)
 {
-    // The question let events through: meanwhile it may have been put away, or print, or be gone.
-    if (!layout || work != Work::None || IsUnloaded())
+    if (work != Work::None || IsUnloaded())
         return;
     const RunScope run(this);
     const ProgramHold hold;
-    const std::shared_ptr<PageLayout> pages = layout;
+    PageLayout pages(report, ReportPaper::Of().Current(), &painter);
     try {
         const WorkScope scope(this, Work::Saving);
-        WritePdf(*pages, painter, path, [this](int page) { return goesOn(u"Saving"_s, page); });
+        WritePdf(pages, painter, path, [this](int page) { return goesOn(u"Saving"_s, page); });
     } catch (const RunTimeError &) {
         SayNotSaved(this, path);
     }
@@ -328,6 +331,9 @@ void PreviewDoc::savePdf(const QString &path)
 void PreviewDoc::PrintAndClose(const Report &report)
 {
     waiting.append(report);
+    // From now on: whoever called has made sure that no job works, and the print begins later.
+    if (!turnHold)
+        turnHold = std::make_unique<TurnHold>();
     QTimer::singleShot(0, this, &PreviewDoc::printWaiting);
 }
 
@@ -339,6 +345,8 @@ void PreviewDoc::printWaiting()
     const ProgramHold hold;
     const Report report = waiting.takeFirst();
     const bool printed = printByDefault(report);
+    if (waiting.isEmpty())
+        turnHold.reset();
     Q_EMIT PrintingOver(printed);
 }
 
@@ -371,19 +379,19 @@ void PreviewDoc::putAway()
     showCommands();
 }
 
-bool PreviewDoc::QueryUnload(UnloadMode mode)
-{
-    if (mode != UnloadMode::ControlMenu)
-        return true;
-    putAway();
-    return false;
-}
-
 void PreviewDoc::Unloading()
 {
     tmrPrepare->stop();
     if (owner)
         owner->setProperty(previewProperty, QVariant());
+}
+
+/// Not refused, although the window stays to be used again: a desktop whose user logs out asks each
+/// window to close, and stays when one refuses.
+void PreviewDoc::closeEvent(QCloseEvent *event)
+{
+    putAway();
+    event->accept();
 }
 
 void PreviewDoc::keyPressEvent(QKeyEvent *event)

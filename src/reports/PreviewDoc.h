@@ -11,8 +11,8 @@
 
 #include <memory>
 
-class QAbstractButton;
 class QPrinter;
+class TurnHold;
 
 namespace Ui {
 class PreviewDoc;
@@ -53,8 +53,8 @@ Q_SIGNALS:
     void PrintingOver(bool printed);
 
 protected:
-    bool QueryUnload(UnloadMode mode) override;
     void Unloading() override;
+    void closeEvent(QCloseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
@@ -77,7 +77,7 @@ private:
     void cmdCancel_Click();
     void cmdPrint_Click();
     void cmdSavePdf_Click();
-    void savePdf(const QString &path);
+    void savePdf(const Report &report, const QString &path);
     PrintEnd print(QPrinter &printer, std::shared_ptr<PageLayout> pages);
     void printWaiting();
     bool printByDefault(const Report &report);
@@ -87,7 +87,8 @@ private:
     const QPointer<QWidget> owner;
     const ReportPainter painter;
     std::shared_ptr<PageLayout> layout;
-    QList<Report> waiting; ///< for the default printer
+    QList<Report> waiting;              ///< for the default printer
+    std::unique_ptr<TurnHold> turnHold; ///< while something waits or is printed without a question
     QElapsedTimer sinceYield;
     Work work = Work::None;
     bool cancelled = false; ///< the pages that were to be prepared

@@ -2,8 +2,6 @@
 
 #include "core/AtomicFile.h"
 
-using namespace Qt::StringLiterals;
-
 void WriteReportFile(const QString &path, const ReportText &text)
 {
     FileReplacement file(path);
@@ -11,7 +9,7 @@ void WriteReportFile(const QString &path, const ReportText &text)
     file.Commit();
 }
 
-QString ReportFileName(const QString &caption)
+QString ReportFileName(const QString &caption, const QString &ending)
 {
-    return QString(caption).replace(u'/', u'-') + u".Txt"_s;
+    return QString(caption).replace(u'/', u'-') + ending;
 }

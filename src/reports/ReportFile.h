@@ -9,5 +9,5 @@
 void WriteReportFile(const QString &path, const ReportText &text);
 
 /// The name under which the report of a window is saved: its caption with each "/" turned into "-",
-/// and ".Txt" behind it.
-QString ReportFileName(const QString &caption);
+/// and the ending, with its dot, behind it.
+QString ReportFileName(const QString &caption, const QString &ending = QStringLiteral(".Txt"));

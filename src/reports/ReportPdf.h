@@ -7,7 +7,8 @@
 class QPageLayout;
 class ReportPainter;
 
-/// Called behind each page, with how many are done. False stops.
+/// Called behind each page, with how many are done; and behind each that has to be found first,
+/// since others are wanted. False stops.
 using PageProgress = std::function<bool(int done)>;
 
 /// Writes a report as PDF to `path`: text that can be searched, with the report's title and the

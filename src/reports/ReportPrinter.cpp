@@ -46,11 +46,9 @@ PagesWanted pagesWanted(const QPrinter &printer)
     return {printer.fromPage() - 1, printer.toPage() - 1};
 }
 
-/// The page of this index, as far as the report has one.
+/// The page of this index, all those ahead of which have been found, as far as the report has one.
 bool takePage(PageLayout &layout, int index, ReportPage &page)
 {
-    while (layout.PageCount() < index && layout.AddPage())
-        continue;
     if (index < layout.PageCount()) {
         page = layout.Page(index);
         return true;
@@ -87,18 +85,27 @@ private:
     PrintEnd printCopy()
     {
         const PagesWanted wanted = pagesWanted(printer);
+        while (layout.PageCount() < wanted.First && layout.AddPage())
+            if (!goesOn(layout.PageCount()))
+                return PrintEnd::Stopped;
         ReportPage page;
         for (int i = wanted.First; i <= wanted.Last && takePage(layout, i, page); ++i) {
             if (printed > 0 && !printer.newPage())
                 return PrintEnd::Failed;
             pages.Draw(&painter, std::exchange(page, {}));
             ++printed;
-            if (progress && !progress(printed)) {
-                printer.abort();
+            if (!goesOn(printed))
                 return PrintEnd::Stopped;
-            }
         }
         return PrintEnd::Printed;
+    }
+
+    bool goesOn(int pagesDone)
+    {
+        if (!progress || progress(pagesDone))
+            return true;
+        printer.abort();
+        return false;
     }
 
     QPrinter &printer;

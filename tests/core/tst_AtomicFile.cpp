@@ -23,6 +23,7 @@ private Q_SLOTS:
     void oneThatIsGivenUpLeavesNothing();
     void aNewOneIsItsOwnersOnly();
     void aLinkStaysALink();
+    void oneThatIsReadOnlyStays();
     void aFolderInItsPlace();
     void aFolderThatIsNotThere();
     void aFullDisk();
@@ -84,6 +85,16 @@ void tst_AtomicFile::aLinkStaysALink()
     file.Commit();
     QVERIFY(QFileInfo(folder->Path(u"a"_s)).isSymLink());
     QCOMPARE(folder->Read(u"target"_s), QByteArray("new"));
+}
+
+void tst_AtomicFile::oneThatIsReadOnlyStays()
+{
+    folder->Write(u"a"_s, "kept");
+    QVERIFY(QFile::setPermissions(folder->Path(u"a"_s), QFile::ReadOwner));
+    QCOMPARE(errorOf([this] { FileReplacement(folder->Path(u"a"_s)); }), 70);
+    QVERIFY(!ReplaceFileContent(folder->Path(u"a"_s), "new"));
+    QCOMPARE(folder->Read(u"a"_s), QByteArray("kept"));
+    QCOMPARE(files(), QStringList{u"a"_s});
 }
 
 void tst_AtomicFile::aFolderInItsPlace()

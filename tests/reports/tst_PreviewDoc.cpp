@@ -53,9 +53,11 @@ private Q_SLOTS:
     void arrangements();
     void pagesArePainted();
     void onlyPagesInSightArePainted();
+    void pagesGetSmallerWhenThereAreMore();
     void anotherReport();
     void ways_data();
     void ways();
+    void standsInNobodysWay();
     void comesAgain();
     void otherPaperIsLaidOutAnew();
     void modalOnlyOverAModalDialog();
@@ -297,6 +299,36 @@ void tst_PreviewDoc::onlyPagesInSightArePainted()
     QCOMPARE(painter.Asked, painted);
 }
 
+/// What was painted while few pages had been found does not stand over those that came later.
+void tst_PreviewDoc::pagesGetSmallerWhenThereAreMore()
+{
+    const ReportPainter painter;
+    const auto layout = std::make_shared<PageLayout>(SampleResults(400), letter, &painter);
+    layout->AddPage();
+    const auto show = [&](PageView &view) {
+        view.resize(700, 700);
+        view.Arrange(PageArrangement::AllAtOnce);
+        view.show();
+        view.Show(layout, &painter);
+    };
+    const auto painted = [&](PageView &view) {
+        // Each time one page at least.
+        for (int page = 0; page < layout->PageCount(); ++page)
+            view.viewport()->grab();
+        return view.viewport()->grab().toImage();
+    };
+    PageView before;
+    show(before);
+    painted(before);
+    while (layout->AddPage())
+        continue;
+    QVERIFY(layout->PageCount() > 4);
+    before.PagesAdded();
+    PageView after;
+    show(after);
+    QCOMPARE(painted(before), painted(after));
+}
+
 void tst_PreviewDoc::anotherReport()
 {
     user->Look(SampleResults(60));
@@ -336,6 +368,16 @@ void tst_PreviewDoc::ways()
     QVERIFY(!preview->isVisible());
     QVERIFY(!preview->tmrPrepare->isActive());
     QVERIFY(user->owner->isVisible());
+}
+
+/// The desktop asks each window to close before its user is logged out, and stays when one refuses.
+void tst_PreviewDoc::standsInNobodysWay()
+{
+    PreviewDoc *preview = user->Look(SampleResults(1));
+    QVERIFY(preview->close());
+    QVERIFY(!preview->IsUnloaded());
+    QCOMPARE(user->Look(SampleResults(1)), preview);
+    QVERIFY(preview->isVisible());
 }
 
 void tst_PreviewDoc::comesAgain()

@@ -42,6 +42,7 @@ private Q_SLOTS:
     void printsWhileItPrepares();
     void printsOnThePaperOfTheDialog();
     void printsTheRangeThatIsWanted();
+    void letsEventsThroughOnTheWayToARange();
     void notPrinted();
     void dialogByMnemonic();
     void realDialogHoldsTheTurn();
@@ -55,6 +56,7 @@ private Q_SLOTS:
     void printerThatFails();
     void savesAsPdf();
     void offersAFileInTheReportFolder();
+    void savesWhatWasAskedFor();
     void cannotBeSaved();
     void cancelledWhileSaving();
     void ownerGoesWhileSaving();
@@ -187,6 +189,27 @@ void tst_PreviewPrint::printsTheRangeThatIsWanted()
     });
     Click(user->Preview(), "cmdPrint");
     QCOMPARE(PdfPages(path(u"lying.pdf"_s)), PdfPages(path(u"expected.pdf"_s)).mid(2, 2));
+}
+
+/// The last page of a report that is long, and of which few pages have been found.
+void tst_PreviewPrint::letsEventsThroughOnTheWayToARange()
+{
+    constexpr int veryLong = 6000;
+    user->Preview()->ShowReport(SampleResults(veryLong));
+    ReplacePrintDialog([this](QPrinter &printer) {
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(path(u"out.pdf"_s));
+        printer.setPrintRange(QPrinter::PageRange);
+        printer.setFromTo(200, 200);
+        return true;
+    });
+    const unsigned long long before = YieldCount();
+    Click(user->Preview(), "cmdPrint");
+    // One would come behind the page.
+    QVERIFY(YieldCount() - before > 1);
+    const QStringList printed = PdfPages(path(u"out.pdf"_s));
+    QCOMPARE(printed.size(), 1);
+    QVERIFY(printed.first().contains(u"Page 200"));
 }
 
 void tst_PreviewPrint::notPrinted()
@@ -370,6 +393,18 @@ void tst_PreviewPrint::offersAFileInTheReportFolder()
     QVERIFY(!QFile::exists(offered));
 }
 
+/// The main window is not blocked by the question: another report can be shown under it.
+void tst_PreviewPrint::savesWhatWasAskedFor()
+{
+    user->Look(SampleResults(3));
+    ReplaceSaveDialog([this](const QString &) {
+        user->Look(SampleResults(4));
+        return path(u"saved.pdf"_s);
+    });
+    Click(user->Preview(), "cmdSavePdf");
+    QCOMPARE(PdfPages(path(u"saved.pdf"_s)), pagesOf(SampleResults(3)));
+}
+
 void tst_PreviewPrint::cannotBeSaved()
 {
     user->Look(SampleResults(longReport));
@@ -482,7 +517,10 @@ void tst_PreviewPrint::printsByItself()
     });
     QSignalSpy over(user->Preview(), &PreviewDoc::PrintingOver);
     user->Preview()->PrintAndClose(SampleResults(100));
+    // No job comes in between.
+    QVERIFY(TurnHold::IsHeld());
     QTRY_COMPARE(over.size(), 1);
+    QVERIFY(!TurnHold::IsHeld());
     QVERIFY(over.first().first().toBool());
     QVERIFY(!user->Preview()->isVisible());
     QCOMPARE(PdfPages(path(u"out.pdf"_s)), pagesOf(SampleResults(100)));

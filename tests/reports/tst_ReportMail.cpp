@@ -10,7 +10,11 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QProcess>
 #include <QTest>
+
+#include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -30,6 +34,21 @@ void send(const TestFolder &folder, const QString &name, QObject *context, Answe
                    *answer = {true, failure};
                });
 }
+
+/// A mail program that is there and has nothing to run it.
+class BrokenMailProgram
+{
+public:
+    explicit BrokenMailProgram(const TestFolder &folder) : mail(folder.Path())
+    {
+        QFile script(folder.Path(u"bin/xdg-email"_s));
+        QVERIFY(script.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        script.write("#!/nowhere\n");
+    }
+
+private:
+    const MailProgram mail;
+};
 } // namespace
 
 class tst_ReportMail : public QObject
@@ -46,7 +65,9 @@ private Q_SLOTS:
     void aMailProgramThatDies();
     void aReportThatIsGone();
     void noRoomForTheCopy();
+    void aMailProgramThatCannotBeStarted();
     void nobodyWaitsAnyMore();
+    void nobodyWaitsForWhatCannotBeStarted();
     void names_data();
     void names();
 };
@@ -219,6 +240,32 @@ void tst_ReportMail::nobodyWaitsAnyMore()
         send(folder, u"r.Txt"_s, &window, &answer);
     }
     QTRY_VERIFY(mail.WasCalled());
+    QTest::qWait(0);
+    QVERIFY(!answer.Came);
+}
+
+void tst_ReportMail::aMailProgramThatCannotBeStarted()
+{
+    const TestFolder folder;
+    const BrokenMailProgram mail(folder);
+    Answer answer;
+    send(folder, u"r.Txt"_s, this, &answer);
+    QVERIFY(!answer.Came);
+    QTRY_VERIFY(answer.Came);
+    QVERIFY(answer.Failure);
+    QCOMPARE(answer.Failure->Number(), 4);
+}
+
+/// Somebody else who comes to stand in the same place is told nothing.
+void tst_ReportMail::nobodyWaitsForWhatCannotBeStarted()
+{
+    const TestFolder folder;
+    const BrokenMailProgram mail(folder);
+    Answer answer;
+    std::optional<QObject> window(std::in_place);
+    send(folder, u"r.Txt"_s, &*window, &answer);
+    window.emplace();
+    QTRY_VERIFY(!QCoreApplication::instance()->findChild<QProcess *>());
     QTest::qWait(0);
     QVERIFY(!answer.Came);
 }
