@@ -3,13 +3,13 @@
 
 #include "core/GlobalState.h"
 #include "documents/DocumentDesk.h"
-#include "support/FailingDisk.h"
 #include "documents/frmAllDocuments.h"
 #include "documents/frmDocTransfer.h"
 #include "jobs/ListBox.h"
 #include "jobs/frmQueue.h"
 #include "link/Router.h"
 #include "support/DiskWaits.h"
+#include "support/FailingDisk.h"
 #include "support/FakeSocket.h"
 #include "support/HalvaneTest.h"
 
