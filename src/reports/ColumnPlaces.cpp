@@ -1,6 +1,7 @@
 #include "reports/ColumnPlaces.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 /// The least that a column which yields keeps, if it had as much.
@@ -18,7 +19,7 @@ QList<ColumnFormat> onPaper(QList<ColumnFormat> formats, int printableWidth)
         room -= format.Gap;
     for (ColumnFormat &format : formats) {
         if (format.Share > 0.0 && room > 0)
-            format.Width = static_cast<int>(format.Share * room + 0.5);
+            format.Width = static_cast<int>(std::lround(format.Share * room));
     }
     return formats;
 }

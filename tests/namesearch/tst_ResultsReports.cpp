@@ -311,7 +311,7 @@ void tst_ResultsReports::theAnswerIsWhereItIsSaved()
     QVERIFY(dialog);
     TypeInto(dialog, "fileNameEdit", u"mine"_s);
     dialog->accept();
-    QCOMPARE(QDir(Global.strReportFolder).entryList(QDir::Files), QStringList(u"mine.txt"_s));
+    QTRY_COMPARE(QDir(Global.strReportFolder).entryList(QDir::Files), QStringList(u"mine.txt"_s));
     QVERIFY(desk->Folder.Read(u"Reports/mine.txt"_s).contains("\r\nSMITH, JOHN  "));
 }
 
