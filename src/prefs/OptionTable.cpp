@@ -116,6 +116,8 @@ constexpr std::array<OptionRow, optionCount> rows{{
           u"The provider sets it, and nothing but this window reads it."),
 }};
 
+static_assert(!rows.back().Control.empty());
+
 struct Spelling
 {
     QStringView Written;

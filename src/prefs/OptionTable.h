@@ -59,7 +59,7 @@ struct OptionRow
 };
 
 /// How many controls there are.
-constexpr int optionCount = 41;
+constexpr int optionCount = 40;
 
 /// The whole table.
 std::span<const OptionRow> OptionRows();

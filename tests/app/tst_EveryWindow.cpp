@@ -16,6 +16,7 @@
 #include "prefs/frmHelp.h"
 #include "prefs/frmInfo.h"
 #include "prefs/frmNameSearchResultsHelp.h"
+#include "prefs/frmOpts.h"
 #include "prefs/frmSearchHelp.h"
 #include "reports/PreviewDoc.h"
 #include "searchentry/frmAccounting.h"
@@ -85,7 +86,7 @@ struct WindowRow
     const char *name;
     QWidget *(*make)();
 };
-constexpr std::array<WindowRow, 23> windows{{
+constexpr std::array<WindowRow, 24> windows{{
     {"frmAbout", make<frmAbout>},
     {"frmAccounting", make<frmAccounting>},
     {"frmAllDocuments", make<frmAllDocuments>},
@@ -107,6 +108,7 @@ constexpr std::array<WindowRow, 23> windows{{
     {"frmNCCaseDetails", make<frmNCCaseDetails>},
     {"frmNameSearchResults", make<frmNameSearchResults>},
     {"frmNameSearchResultsHelp", make<frmNameSearchResultsHelp>},
+    {"frmOpts", make<frmOpts>},
     {"frmSearchHelp", make<frmSearchHelp>},
     {"PreviewDoc", make<PreviewDoc>},
 }};
