@@ -229,6 +229,11 @@ void SaveSetting(Setting setting, SettingWriter writer, const QString &value)
     write(row, value);
 }
 
+bool SaveSettings(const QList<IniEntry> &entries)
+{
+    return optionsFile().SaveSettings(entries);
+}
+
 void TakeSetting(Setting setting, const QString &stored)
 {
     const SettingRow &row = SettingRowOf(setting);

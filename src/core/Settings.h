@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/CSetting.h"
+
 #include <QString>
 
 #include <span>
@@ -101,6 +103,10 @@ QString SettingValue(Setting setting);
 
 /// Writes a setting. `writer` is who the table says.
 void SaveSetting(Setting setting, SettingWriter writer, const QString &value);
+
+/// Writes keys of options.ini, all at once; a line that reads as it is to be stays as it is. For
+/// the options window, whose table says what is written. False when the file could not be written.
+bool SaveSettings(const QList<IniEntry> &entries);
 
 /// Has the program use what the rule of a setting makes of this text, as a start that reads it
 /// would. A setting that is held for this run stays as it is held, and one that a start keeps

@@ -135,13 +135,6 @@ constexpr std::array<Spelling, 11> spellings{{{u"OR", u"OR"},
                                               {u"Fed", u"FED"},
                                               {u"fed", u"FED"}}};
 
-CSetting optionsIni()
-{
-    CSetting setting;
-    setting.Init(u"options.ini"_s, true);
-    return setting;
-}
-
 QString stateOf(const QString &written)
 {
     const auto *found = std::find_if(spellings.begin(), spellings.end(),
@@ -165,7 +158,7 @@ QString storedText(const OptionRow &row)
 {
     if (row.Known)
         return ReadSetting(*row.Known);
-    return optionsIni().GetSettingStr(row.Section.toString(), row.Key.toString(), off.toString());
+    return (TabIsFetchedAtOnce(row.Section.toString(), row.Key.toString()) ? on : off).toString();
 }
 
 QString shownText(const OptionRow &row, const OptionValues &values)
@@ -309,7 +302,7 @@ QList<IniEntry> OptionEntries(const OptionValues &loaded, const OptionValues &no
 
 bool SaveOpts(const OptionValues &loaded, const OptionValues &now)
 {
-    const bool saved = optionsIni().SaveSettings(OptionEntries(loaded, now));
+    const bool saved = SaveSettings(OptionEntries(loaded, now));
     for (const OptionRow &row : rows) {
         const QString text = settingText(row, now[row.Control]);
         if (row.Kind == OptionKind::Folder)

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "core/CSetting.h"
 #include "core/Settings.h"
 
 #include <QString>
