@@ -14,11 +14,13 @@
 #include "prefs/frmCaseDetailsHelp.h"
 #include "prefs/frmInfo.h"
 #include "prefs/frmNameSearchResultsHelp.h"
+#include "prefs/frmOpts.h"
 #include "prefs/frmSearchHelp.h"
 #include "reports/ReportPrinter.h"
 #include "reports/SaveReport.h"
 #include "reports/ShowSessionReport.h"
 #include "searchentry/RecentEntries.h"
+#include "searchentry/frmAccounting.h"
 #include "searchentry/frmSearchWA.h"
 #include "session/SessionEvents.h"
 #include "session/frmConnect.h"
@@ -93,6 +95,12 @@ void wireSession()
     });
     QObject::connect(session, &SessionEvents::AboutWanted, session,
                      [] { ModalDialog<frmAbout>(frmMain::Form()).Run(); });
+    QObject::connect(session, &SessionEvents::OptionsWanted, session,
+                     [] { frmOpts::ShowModal(frmMain::Form()); });
+    OptionsEvents *options = &OptionsEvents::Of();
+    QObject::connect(options, &OptionsEvents::Saved, options, [] {
+        Q_EMIT AccountingEvents::Of().OptionChanged(Global.bEnableAcctg || Global.bClientAcctgOpt);
+    });
 }
 } // namespace
 

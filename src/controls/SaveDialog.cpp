@@ -14,22 +14,24 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-std::function<QString(const QString &)> &replacement()
+using Replacement = std::function<QString(const QString &)>;
+
+Replacement &replacement()
 {
-    static std::function<QString(const QString &)> dialog;
+    static Replacement dialog;
     return dialog;
 }
 
 /// Qt's dialog asks by itself whether to replace a file, in a loop inside of accept(). The window
 /// that it is about may go under that question, and would take the dialog along.
-class SaveDialog : public QFileDialog
+class FileDialog : public QFileDialog
 {
 public:
-    SaveDialog(QWidget *parent, const QString &title) : QFileDialog(parent, title)
+    FileDialog(QWidget *parent, const QString &title) : QFileDialog(parent, title)
     {
         form = parent ? qobject_cast<FormWindow *>(FormWindow::Around(parent)) : nullptr;
         if (form)
-            connect(form, &FormWindow::Unloaded, this, &SaveDialog::giveUp);
+            connect(form, &FormWindow::Unloaded, this, &FileDialog::giveUp);
     }
 
     void accept() override
@@ -37,7 +39,7 @@ public:
         std::optional<FormWindow::RunScope> scope;
         if (form)
             scope.emplace(form);
-        const QPointer<SaveDialog> self(this);
+        const QPointer<FileDialog> self(this);
         answering = true;
         QFileDialog::accept();
         if (!self)
@@ -64,6 +66,39 @@ private:
     bool answering = false;
     bool givenUp = false;
 };
+
+Replacement &folderReplacement()
+{
+    static Replacement dialog;
+    return dialog;
+}
+
+/// It goes with its parent, which may be closed while it is up.
+FileDialog *newDialog(QWidget *parent, const QString &title, const QString &name)
+{
+    auto *dialog = new FileDialog(parent, title);
+    dialog->setObjectName(name);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    return dialog;
+}
+
+/// Opens the dialog, and has `answer` called with what was chosen, "" for nothing, once it has
+/// closed: it tells that while it is still up, and would stand over whatever the answer shows and
+/// lets through. A question like any other: no job begins under it or before its answer is heard.
+void open(FileDialog *dialog, QObject *context,
+          const std::function<void(const QString &chosen)> &answer)
+{
+    const auto hold = std::make_shared<TurnHold>();
+    QObject::connect(dialog, &QObject::destroyed, [hold] {});
+    QObject::connect(
+        dialog, &QDialog::finished, context, [dialog, context, hold, answer](int result) {
+            const QString chosen =
+                result == QDialog::Accepted ? dialog->selectedFiles().value(0) : QString();
+            QMetaObject::invokeMethod(
+                context, [hold, answer, chosen] { answer(chosen); }, Qt::QueuedConnection);
+        });
+    dialog->open();
+}
 } // namespace
 
 void AskWhereToSave(QWidget *parent, const SaveQuestion &question, QObject *context,
@@ -76,27 +111,41 @@ void AskWhereToSave(QWidget *parent, const SaveQuestion &question, QObject *cont
             save(path);
         return;
     }
-    // It goes with its parent, which may be closed while it is up.
-    auto *dialog = new SaveDialog(parent, question.Title);
-    dialog->setObjectName(u"SaveDialog"_s);
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    FileDialog *dialog = newDialog(parent, question.Title, u"SaveDialog"_s);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setNameFilters(question.Filters);
     dialog->setDefaultSuffix(question.Ending);
     dialog->setDirectory(QFileInfo(question.Suggested).absolutePath());
     dialog->selectFile(QFileInfo(question.Suggested).fileName());
-    // A question like any other: no job begins under it, and the answer need not wait for one.
-    const auto hold = std::make_shared<TurnHold>();
-    QObject::connect(dialog, &QObject::destroyed, [hold] {});
-    // Once the dialog has closed: it tells the name while it is still up, and would stand over
-    // whatever saving shows and lets through.
-    QObject::connect(
-        dialog, &QFileDialog::fileSelected, context,
-        [hold, save](const QString &path) { save(path); }, Qt::QueuedConnection);
-    dialog->open();
+    open(dialog, context, [save](const QString &path) {
+        if (!path.isEmpty())
+            save(path);
+    });
+}
+
+void AskForFolder(QWidget *parent, const QString &title, const QString &suggested, QObject *context,
+                  const std::function<void(const QString &folder)> &answer)
+{
+    if (folderReplacement()) {
+        const QPointer<QObject> waiting(context);
+        const QString folder = folderReplacement()(suggested);
+        if (waiting)
+            answer(folder);
+        return;
+    }
+    FileDialog *dialog = newDialog(parent, title, u"FolderDialog"_s);
+    dialog->setFileMode(QFileDialog::Directory);
+    dialog->setOption(QFileDialog::ShowDirsOnly);
+    dialog->setDirectory(suggested);
+    open(dialog, context, answer);
 }
 
 void ReplaceSaveDialog(std::function<QString(const QString &suggested)> dialog)
 {
     replacement() = std::move(dialog);
+}
+
+void ReplaceFolderDialog(std::function<QString(const QString &suggested)> dialog)
+{
+    folderReplacement() = std::move(dialog);
 }

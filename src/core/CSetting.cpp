@@ -56,6 +56,30 @@ qint16 leadingInteger(const QString &text)
     return static_cast<qint16>(negative ? -value : value);
 }
 
+/// What a reader gets of a value.
+QString readable(const QString &raw)
+{
+    const QString value = raw.left(longestValue).trimmed();
+    const qsizetype nul = value.indexOf(QChar::Null);
+    return nul < 0 ? value : value.left(nul);
+}
+
+/// A text that stands in quotes would be read without them: a second pair keeps the first.
+QString quotedForFile(const QString &text)
+{
+    const bool quoted = text.size() > 1 && (text.front() == u'"' || text.front() == u'\'')
+                        && text.back() == text.front();
+    return quoted ? u'"' + text + u'"' : text;
+}
+
+QByteArray textWith(const QByteArray &text, const IniEntry &entry)
+{
+    const auto now = IniValue(text, entry.Section, entry.Key);
+    if (now && readable(*now) == entry.Value)
+        return text;
+    return IniTextWithValue(text, entry.Section, entry.Key, quotedForFile(entry.Value));
+}
+
 void logTrap(const QString &text, const QString &section, const QString &key, const QString &source)
 {
     WriteAppInfo(text + section + u", "_s + key + u" - "_s + source);
@@ -105,9 +129,7 @@ QString CSetting::GetSettingStr(const QString &section, const QString &key, cons
     try {
         if (fileName.isEmpty())
             Init(u"Options"_s, true);
-        const QString value = readText(section, key, fallback).left(longestValue).trimmed();
-        const qsizetype nul = value.indexOf(QChar::Null);
-        return nul < 0 ? value : value.left(nul);
+        return readable(readText(section, key, fallback));
     } catch (const RunTimeError &) {
         logTrap(u"Error reading Setting "_s, section, key, u"CSetting.GetSettingStr"_s);
         return fallback;
@@ -145,6 +167,24 @@ void CSetting::SaveSettingInt(const QString &section, const QString &key, qint16
         writeText(section, key, QString::number(value));
     } catch (const RunTimeError &) {
         logTrap(u"Error writing Setting "_s, section, key, u"CSetting.SaveSettingInt"_s);
+    }
+}
+
+bool CSetting::SaveSettings(const QList<IniEntry> &entries)
+{
+    try {
+        changeFile(fullPath, [&](QByteArray text) {
+            for (const IniEntry &entry : entries) {
+                if (!heldValue(entry.Section, entry.Key))
+                    text = textWith(text, entry);
+            }
+            return text;
+        });
+        return true;
+    } catch (const RunTimeError &) {
+        const IniEntry first = entries.value(0);
+        logTrap(u"Error writing Setting "_s, first.Section, first.Key, u"CSetting.SaveSettings"_s);
+        return false;
     }
 }
 

@@ -1,8 +1,17 @@
 #pragma once
 
+#include <QList>
 #include <QString>
 
 #include <optional>
+
+/// A key of an ini file and what it is to be.
+struct IniEntry
+{
+    QString Section;
+    QString Key;
+    QString Value;
+};
 
 /// Through this class every ini file of the application folder is read and written. Each call goes
 /// to the file; nothing is kept, so a change made anywhere is seen everywhere at once.
@@ -27,6 +36,11 @@ public:
     /// Writes the key. A failure leaves the file as it was and is logged.
     void SaveSettingStr(const QString &section, const QString &key, const QString &value);
     void SaveSettingInt(const QString &section, const QString &key, qint16 value);
+
+    /// Writes keys of an ini file, all at once: a crash leaves all of them as they were or as they
+    /// are to be. The line of a key that reads as its value already stays as it is, with its quotes
+    /// and blanks. False, with a line in the log, when the file could not be written.
+    bool SaveSettings(const QList<IniEntry> &entries);
 
     void DeleteSection(const QString &section, const QString &file);
     void DeleteKey(const QString &section, const QString &key, const QString &file);

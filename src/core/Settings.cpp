@@ -29,7 +29,7 @@ bool isOn(const QString &value)
     return value == u"1";
 }
 
-constexpr std::array<SettingRow, 26> rows{{
+constexpr std::array<SettingRow, 28> rows{{
     {Setting::ShowAlerts, communications, u"ShowAlerts", u"A", u"0", OnlyOneIsOn, window,
      SettingWriter::Nobody, true, [](const QString &value) { Global.bShowAlerts = isOn(value); },
      u"", u""},
@@ -106,6 +106,10 @@ constexpr std::array<SettingRow, 26> rows{{
      false, nullptr, securitySaved, u""},
     {Setting::UserPwd, security, u"UserPwd", u"0", u"0", AsItIs, needed, SettingWriter::Login,
      false, nullptr, securitySaved, u""},
+    {Setting::DefaultIP, communications, u"DefaultIP", u"0", u"0", AsItIs, needed,
+     SettingWriter::ChoiceOfAddress, false, nullptr, u"", u""},
+    {Setting::ImageCounties, u"Images", u"Counties", u"0", u"0", AsItIs, needed,
+     SettingWriter::Nobody, false, nullptr, u"", u""},
 }};
 
 constexpr bool rowsStandInOrder()
@@ -223,6 +227,24 @@ void SaveSetting(Setting setting, SettingWriter writer, const QString &value)
     const SettingRow &row = SettingRowOf(setting);
     Q_ASSERT_X(row.Writer == writer, "SaveSetting", "this setting is not the writer's");
     write(row, value);
+}
+
+bool SaveSettings(const QList<IniEntry> &entries)
+{
+    return optionsFile().SaveSettings(entries);
+}
+
+void TakeSetting(Setting setting, const QString &stored)
+{
+    const SettingRow &row = SettingRowOf(setting);
+    if (row.Take && !IsHeld(setting))
+        row.Take(MendedSetting(setting, stored));
+}
+
+bool IsHeld(Setting setting)
+{
+    const SettingRow &row = SettingRowOf(setting);
+    return HeldForThisRun(row.Section.toString(), row.Key.toString()).has_value();
 }
 
 void HoldSetting(Setting setting, const QString &value)

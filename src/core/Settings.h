@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/CSetting.h"
+
 #include <QString>
 
 #include <span>
@@ -38,7 +40,9 @@ enum class Setting {
     ServerIP5,
     RememberPwd,
     UserName,
-    UserPwd
+    UserPwd,
+    DefaultIP,
+    ImageCounties
 };
 
 /// What becomes of the text in the file.
@@ -56,13 +60,15 @@ enum class SettingRule {
 /// When a setting is read.
 enum class SettingRead { WithMainWindow, AtStart, WhenNeeded };
 
-/// Who changes a setting, apart from the server and the person at the file.
+/// Who changes a setting, apart from the server, the person at the file, and the options window,
+/// which has a table of its own.
 enum class SettingWriter {
     Nobody,
     Connecting, ///< the port that answered
     Login,
     Accounting,
-    BatchEntry
+    BatchEntry,
+    ChoiceOfAddress ///< in the options window, at the choice
 };
 
 /// One setting.
@@ -97,6 +103,18 @@ QString SettingValue(Setting setting);
 
 /// Writes a setting. `writer` is who the table says.
 void SaveSetting(Setting setting, SettingWriter writer, const QString &value);
+
+/// Writes keys of options.ini, all at once; a line that reads as it is to be stays as it is. For
+/// the options window, whose table says what is written. False when the file could not be written.
+bool SaveSettings(const QList<IniEntry> &entries);
+
+/// Has the program use what the rule of a setting makes of this text, as a start that reads it
+/// would. A setting that is held for this run stays as it is held, and one that a start keeps
+/// nowhere has no effect.
+void TakeSetting(Setting setting, const QString &stored);
+
+/// Whether a setting is held for this run, so that the file's own value is not in force.
+bool IsHeld(Setting setting);
 
 /// Has a setting read as this value until the program ends; the file keeps its own.
 void HoldSetting(Setting setting, const QString &value);

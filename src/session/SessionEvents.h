@@ -26,6 +26,8 @@ Q_SIGNALS:
     /// Show the search form on these courts.
     void CourtWanted(CourtEntry court);
     void AboutWanted();
+    /// Show the options.
+    void OptionsWanted();
     /// Ask where to save the report of this window, and save it there.
     void SaveWanted(FormWindow *window);
     /// Ask for the paper of reports.

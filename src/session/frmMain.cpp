@@ -154,6 +154,8 @@ void frmMain::connectFileAndEdit()
     connect(ui->mnuFilePrint, &QAction::triggered, this, &frmMain::mnuFilePrint_Click);
     connect(ui->mnuFilePageSetup, &QAction::triggered, this,
             [] { Q_EMIT SessionEvents::Of().PageSetupWanted(); });
+    connect(ui->mnuViewOptions, &QAction::triggered, this,
+            [] { Q_EMIT SessionEvents::Of().OptionsWanted(); });
     connect(ui->mnuFileExit, &QAction::triggered, this, &frmMain::mnuFileExit_Click);
     connect(ui->mnuEditCut, &QAction::triggered, edit, &EditCommands::Cut);
     connect(ui->mnuEditCopy, &QAction::triggered, edit, &EditCommands::Copy);

@@ -16,6 +16,7 @@
 #include "prefs/frmHelp.h"
 #include "prefs/frmInfo.h"
 #include "prefs/frmNameSearchResultsHelp.h"
+#include "prefs/frmOpts.h"
 #include "prefs/frmSearchHelp.h"
 #include "reports/PreviewDoc.h"
 #include "reports/dlgPrintMgr.h"
@@ -86,7 +87,7 @@ struct WindowRow
     const char *name;
     QWidget *(*make)();
 };
-constexpr std::array<WindowRow, 24> windows{{
+constexpr std::array<WindowRow, 25> windows{{
     {"dlgPrintMgr", make<dlgPrintMgr>},
     {"frmAbout", make<frmAbout>},
     {"frmAccounting", make<frmAccounting>},
@@ -109,6 +110,7 @@ constexpr std::array<WindowRow, 24> windows{{
     {"frmNCCaseDetails", make<frmNCCaseDetails>},
     {"frmNameSearchResults", make<frmNameSearchResults>},
     {"frmNameSearchResultsHelp", make<frmNameSearchResultsHelp>},
+    {"frmOpts", make<frmOpts>},
     {"frmSearchHelp", make<frmSearchHelp>},
     {"PreviewDoc", make<PreviewDoc>},
 }};

@@ -20,6 +20,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
 #include <QDialog>
 #include <QLabel>
 #include <QListWidget>
@@ -136,6 +137,8 @@ private Q_SLOTS:
     void theActiveChildIsPrintedAndSaved_data();
     void theActiveChildIsPrintedAndSaved();
     void theSearchFormHasNoReport();
+    void theOptionsReachTheSearchForm();
+    void recentEntriesComeWithTheNextForm();
     void theHelpOfAResultsWindowOpens();
     void theHelpOfAStepOfTheFormOpensOnItsTopic();
     void aCourtsEntryShowsTheForm_data();
@@ -570,6 +573,53 @@ void tst_Startup::theSearchFormHasNoReport()
     QVERIFY(Child<QAction>(frmMain::Form(), "mnuFileSave")->isEnabled());
     QVERIFY(child->Unload());
     QVERIFY(!Child<QAction>(frmMain::Form(), "mnuFileSave")->isEnabled());
+}
+
+/// What the options change shows on the search form at once.
+void tst_Startup::theOptionsReachTheSearchForm()
+{
+    offline();
+    frmSearchWA::ShowForm();
+    const QPushButton *code = ButtonOf(&frmSearchWA::Form(), "cmdEditAcctID");
+    for (const bool wanted : {true, false}) {
+        desk->Boxes.ExpectDialog(u"frmOpts"_s, [wanted](QDialog *dialog) {
+            dialog->findChild<QCheckBox *>(u"chkEnableAcctg"_s)->setChecked(wanted);
+            Click(dialog, "cmdOK");
+        });
+        Choose(frmMain::Form(), "mnuViewOptions");
+        QCOMPARE(code->isEnabled(), wanted);
+    }
+    // An account that must give a code keeps the button.
+    Global.bClientAcctgOpt = true;
+    desk->Boxes.ExpectDialog(u"frmOpts"_s, [](QDialog *dialog) { Click(dialog, "cmdOK"); });
+    Choose(frmMain::Form(), "mnuViewOptions");
+    QVERIFY(code->isEnabled());
+}
+
+/// The form keeps what it offers until it is loaded anew.
+void tst_Startup::recentEntriesComeWithTheNextForm()
+{
+    offline();
+    SaveOptionStr(u"Searching"_s, u"EnableMRU"_s, u"0"_s);
+    LoadAppOptions();
+    frmSearchWA::Form().Unload();
+    frmSearchWA::ShowForm();
+    const auto offered = [] {
+        return Child<QLabel>(&frmSearchWA::Form(), "lblMruList")->isVisible();
+    };
+    QVERIFY(!offered());
+    desk->Boxes.ExpectDialog(u"frmOpts"_s, [](QDialog *dialog) {
+        dialog->findChild<QCheckBox *>(u"chkEnableMRU"_s)->setChecked(true);
+        Child<QRadioButton>(dialog, "optDefaultState_0")->click();
+        Click(dialog, "cmdOK");
+    });
+    Choose(frmMain::Form(), "mnuViewOptions");
+    QVERIFY(!offered());
+    QVERIFY(Child<QRadioButton>(&frmSearchWA::Form(), "optState_1")->isChecked());
+    frmSearchWA::Form().Unload();
+    frmSearchWA::ShowForm();
+    QVERIFY(offered());
+    QVERIFY(Child<QRadioButton>(&frmSearchWA::Form(), "optState_0")->isChecked());
 }
 
 void tst_Startup::theHelpOfAResultsWindowOpens()

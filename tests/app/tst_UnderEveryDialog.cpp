@@ -36,6 +36,8 @@ const QList<Road> &roads()
          [](frmNameSearchResults *) { ChooseEntry(u"mnuConnectionDisConnect"_s); }},
         {"a notice", u"MsgBox", [](frmNameSearchResults *) { ChooseEntry(u"mnuCheckMsgs"_s); }},
         {"About", u"frmAbout", [](frmNameSearchResults *) { ChooseEntry(u"mnuHelpAbout"_s); }},
+        {"the options", u"frmOpts",
+         [](frmNameSearchResults *) { ChooseEntry(u"mnuViewOptions"_s); }},
         {"the state of the connection", u"frmConnectionStatus",
          [](frmNameSearchResults *) { ChooseEntry(u"mnuConnectionStatus"_s); }},
         {"the question about stopping", u"MsgBox",
@@ -72,6 +74,11 @@ const QList<Road> &roads()
                              .Filters = {u"CSV Files (*.csv)"_s}},
                             waiting, [](const QString &) {});
              QTRY_VERIFY(!waiting->findChild<QDialog *>(u"SaveDialog"_s));
+         }},
+        {"the folder of reports", u"FolderDialog",
+         [](frmNameSearchResults *waiting) {
+             AskForFolder(waiting, u"Folder"_s, QDir::tempPath(), waiting, [](const QString &) {});
+             QTRY_VERIFY(!waiting->findChild<QDialog *>(u"FolderDialog"_s));
          }},
     };
     return all;

@@ -61,6 +61,9 @@ private Q_SLOTS:
     void aWriteThatChangesNothingLeavesTheFileAlone();
     void aLinkedFileStaysALink();
     void noTemporaryFileStaysBehind();
+    void severalAreWrittenAtOnce();
+    void whatIsHeldOrReadsTheSameIsNotWritten();
+    void severalThatCannotBeWrittenLeaveALogLine();
     void aKeyThatIsHeldGoesBeforeTheFile();
     void aKeyThatIsHeldIsNotWritten();
     void onlyOptionsAreHeld();
@@ -373,6 +376,32 @@ void tst_Settings::noTemporaryFileStaysBehind()
     for (int i = 0; i < 10; ++i)
         SaveOptionStr(u"S"_s, u"K"_s, QString::number(i));
     QCOMPARE(QDir(folder->Path()).entryList(QDir::Files | QDir::Hidden), before);
+}
+
+void tst_Settings::severalAreWrittenAtOnce()
+{
+    folder->Write(u"options.ini"_s, "; mine\r\n[S]\r\nA=1\r\n");
+    QVERIFY(optionsFile().SaveSettings(
+        {{u"S"_s, u"A"_s, u"2"_s}, {u"T"_s, u"B"_s, u"'quoted'"_s}, {u"S"_s, u"A"_s, u"3"_s}}));
+    QCOMPARE(folder->Read(u"options.ini"_s), "; mine\r\n[S]\r\nA=3\r\n[T]\r\nB=\"'quoted'\"\r\n");
+    QCOMPARE(optionsFile().GetSettingStr(u"T"_s, u"B"_s, {}), u"'quoted'"_s);
+}
+
+void tst_Settings::whatIsHeldOrReadsTheSameIsNotWritten()
+{
+    const QByteArray before = "[s]\r\n a = \"1\" \r\nB='x'\r\n";
+    folder->Write(u"options.ini"_s, before);
+    HoldForThisRun(u"S"_s, u"C"_s, u"held"_s);
+    QVERIFY(optionsFile().SaveSettings(
+        {{u"S"_s, u"A"_s, u"1"_s}, {u"S"_s, u"B"_s, u"x"_s}, {u"S"_s, u"C"_s, u"new"_s}}));
+    QCOMPARE(folder->Read(u"options.ini"_s), before);
+}
+
+void tst_Settings::severalThatCannotBeWrittenLeaveALogLine()
+{
+    MakeUnreadable(folder->Path(u"options.ini"_s));
+    QVERIFY(!optionsFile().SaveSettings({{u"S"_s, u"A"_s, u"1"_s}, {u"S"_s, u"B"_s, u"2"_s}}));
+    QCOMPARE(folder->Log(), QStringList{u"Error writing Setting S, A - CSetting.SaveSettings"_s});
 }
 
 void tst_Settings::aKeyThatIsHeldGoesBeforeTheFile()

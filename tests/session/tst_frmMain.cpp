@@ -55,7 +55,7 @@ const QList<Menu> &menus()
          u"&View"_s,
          {{"mnuViewToolbar", u"&Toolbar"_s, true},
           {"mnuViewStatusBar", u"Status &Bar"_s, true},
-          {"mnuViewOptions", u"&Options and Preferences .."_s, false}}},
+          {"mnuViewOptions", u"&Options and Preferences .."_s, true}}},
         {"mnuCourts", u"&Courts"_s, {}},
         {"mnuIdaho",
          u"&Idaho"_s,
