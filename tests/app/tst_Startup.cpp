@@ -1,32 +1,25 @@
 #include "app/Startup.h"
 #include "controls/LinkLabel.h"
-#include "controls/SaveDialog.h"
 #include "core/GlobalState.h"
 #include "core/HelpTopic.h"
-#include "core/Options.h"
 #include "jobs/frmQueue.h"
 #include "link/frmWinsock.h"
 #include "namesearch/SearchDesk.h"
-#include "reports/PreviewDoc.h"
 #include "searchentry/frmSearchWA.h"
 #include "session/SessionEvents.h"
 #include "session/SessionState.h"
-#include "session/frmElapsedTime.h"
 #include "session/frmLogin.h"
 #include "session/frmMain.h"
 #include "support/FakeSocket.h"
 #include "support/HalvaneTest.h"
 #include "support/Ticks.h"
 
-#include <QAction>
 #include <QApplication>
-#include <QCheckBox>
 #include <QDialog>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QScopeGuard>
 #include <QTest>
 
 namespace {
@@ -71,19 +64,6 @@ public:
     bool queueLoaded = true;
 };
 } // namespace
-
-/// A child that has a report, and writes down what becomes of it.
-class ReportingChild : public FormWindow
-{
-public:
-    ReportingChild() { setWindowTitle(u"A/B in King County"_s); }
-    bool HasReport() const override { return true; }
-    void PrintDirect() override { ++Prints; }
-    void PrintToFile(const QString &path) override { SavedTo.append(path); }
-
-    int Prints = 0;
-    QStringList SavedTo;
-};
 
 /// Writes down which window is raised or gets the keyboard.
 class FrontWatcher : public QObject
@@ -132,13 +112,6 @@ private Q_SLOTS:
     void aSearchInAStateShowsTheFormInIt_data();
     void aSearchInAStateShowsTheFormInIt();
     void aboutOpens();
-    void theSessionReportOpens();
-    void thePaperIsAskedFor();
-    void theActiveChildIsPrintedAndSaved_data();
-    void theActiveChildIsPrintedAndSaved();
-    void theSearchFormHasNoReport();
-    void theOptionsReachTheSearchForm();
-    void recentEntriesComeWithTheNextForm();
     void theHelpOfAResultsWindowOpens();
     void theHelpOfAStepOfTheFormOpensOnItsTopic();
     void aCourtsEntryShowsTheForm_data();
@@ -482,144 +455,6 @@ void tst_Startup::aboutOpens()
     Q_EMIT SessionEvents::Of().AboutWanted();
     QVERIFY(shown);
     QVERIFY(!shownWindow(u"frmAbout"_s));
-}
-
-void tst_Startup::theSessionReportOpens()
-{
-    offline();
-    Session.strUserName = u"paralegal"_s;
-    Session.strSessionTime = u"Lost Connection"_s;
-    frmElapsedTime window(frmMain::Form());
-    window.show();
-    Click(&window, "cmdPrint");
-    auto *preview = Shown<PreviewDoc>(u"PreviewDoc"_s);
-    QVERIFY(preview);
-    ReplaceSaveDialog([this](const QString &) { return desk->Folder.Path(u"session.pdf"_s); });
-    Click(preview, "cmdSavePdf");
-    ReplaceSaveDialog({});
-    QVERIFY(desk->Folder.Read(u"session.pdf"_s).startsWith("%PDF-"));
-    Click(&window, "Command1");
-    QVERIFY(!preview->isVisible());
-}
-
-void tst_Startup::thePaperIsAskedFor()
-{
-    offline();
-    bool shown = false;
-    desk->Boxes.ExpectDialog(u"PageSetup"_s, [&shown](QDialog *dialog) {
-        shown = dialog->windowTitle() == u"Page Setup";
-        dialog->reject();
-    });
-    Choose(frmMain::Form(), "mnuFilePageSetup");
-    QVERIFY(shown);
-}
-
-void tst_Startup::theActiveChildIsPrintedAndSaved_data()
-{
-    QTest::addColumn<QByteArray>("print");
-    QTest::addColumn<QByteArray>("save");
-    QTest::newRow("menu") << QByteArray("mnuFilePrint") << QByteArray("mnuFileSave");
-    QTest::newRow("tool bar") << QByteArray("tbToolBar_Print") << QByteArray("tbToolBar_Save");
-}
-
-void tst_Startup::theActiveChildIsPrintedAndSaved()
-{
-    QFETCH(QByteArray, print);
-    QFETCH(QByteArray, save);
-    offline();
-    Global.strReportFolder = desk->Folder.Path(u"Reports"_s);
-    auto *other = new ReportingChild;
-    auto *child = new ReportingChild;
-    frmMain::Form()->ShowChild(other);
-    frmMain::Form()->ShowChild(child);
-    QStringList suggested;
-    QString answer;
-    const auto standard = qScopeGuard([] { ReplaceSaveDialog({}); });
-    ReplaceSaveDialog([&](const QString &offered) {
-        suggested.append(offered);
-        return answer;
-    });
-    Choose(frmMain::Form(), print.constData());
-    QCOMPARE(child->Prints, 1);
-    Choose(frmMain::Form(), save.constData());
-    QCOMPARE(child->SavedTo, QStringList());
-    answer = desk->Folder.Path(u"mine.txt"_s);
-    Choose(frmMain::Form(), save.constData());
-    QCOMPARE(child->SavedTo, QStringList(answer));
-    QCOMPARE(suggested, QStringList(2, desk->Folder.Path(u"Reports/A-B in King County.Txt"_s)));
-    QCOMPARE(other->Prints, 0);
-    QCOMPARE(other->SavedTo, QStringList());
-}
-
-void tst_Startup::theSearchFormHasNoReport()
-{
-    offline();
-    frmSearchWA::ShowForm();
-    QCOMPARE(frmMain::Form()->ActiveChild(), &frmSearchWA::Form());
-    int asked = 0;
-    const auto standard = qScopeGuard([] { ReplaceSaveDialog({}); });
-    ReplaceSaveDialog([&asked](const QString &) {
-        ++asked;
-        return QString();
-    });
-    for (const char *entry : {"mnuFileSave", "mnuFilePrint", "tbToolBar_Save", "tbToolBar_Print"}) {
-        QVERIFY(!Child<QAction>(frmMain::Form(), entry)->isEnabled());
-        Choose(frmMain::Form(), entry);
-    }
-    QCOMPARE(asked, 0);
-    // They are there for a child that has one, and go with it.
-    auto *child = new ReportingChild;
-    frmMain::Form()->ShowChild(child);
-    QVERIFY(Child<QAction>(frmMain::Form(), "mnuFileSave")->isEnabled());
-    QVERIFY(child->Unload());
-    QVERIFY(!Child<QAction>(frmMain::Form(), "mnuFileSave")->isEnabled());
-}
-
-/// What the options change shows on the search form at once.
-void tst_Startup::theOptionsReachTheSearchForm()
-{
-    offline();
-    frmSearchWA::ShowForm();
-    const QPushButton *code = ButtonOf(&frmSearchWA::Form(), "cmdEditAcctID");
-    for (const bool wanted : {true, false}) {
-        desk->Boxes.ExpectDialog(u"frmOpts"_s, [wanted](QDialog *dialog) {
-            dialog->findChild<QCheckBox *>(u"chkEnableAcctg"_s)->setChecked(wanted);
-            Click(dialog, "cmdOK");
-        });
-        Choose(frmMain::Form(), "mnuViewOptions");
-        QCOMPARE(code->isEnabled(), wanted);
-    }
-    // An account that must give a code keeps the button.
-    Global.bClientAcctgOpt = true;
-    desk->Boxes.ExpectDialog(u"frmOpts"_s, [](QDialog *dialog) { Click(dialog, "cmdOK"); });
-    Choose(frmMain::Form(), "mnuViewOptions");
-    QVERIFY(code->isEnabled());
-}
-
-/// The form keeps what it offers until it is loaded anew.
-void tst_Startup::recentEntriesComeWithTheNextForm()
-{
-    offline();
-    SaveOptionStr(u"Searching"_s, u"EnableMRU"_s, u"0"_s);
-    LoadAppOptions();
-    frmSearchWA::Form().Unload();
-    frmSearchWA::ShowForm();
-    const auto offered = [] {
-        return Child<QLabel>(&frmSearchWA::Form(), "lblMruList")->isVisible();
-    };
-    QVERIFY(!offered());
-    desk->Boxes.ExpectDialog(u"frmOpts"_s, [](QDialog *dialog) {
-        dialog->findChild<QCheckBox *>(u"chkEnableMRU"_s)->setChecked(true);
-        Child<QRadioButton>(dialog, "optDefaultState_0")->click();
-        Click(dialog, "cmdOK");
-    });
-    Choose(frmMain::Form(), "mnuViewOptions");
-    QVERIFY(!offered());
-    QVERIFY(Child<QRadioButton>(&frmSearchWA::Form(), "optState_1")->isChecked());
-    frmSearchWA::Form().Unload();
-    frmSearchWA::ShowForm();
-    QVERIFY(offered());
-    QVERIFY(Child<QRadioButton>(&frmSearchWA::Form(), "optState_0")->isChecked());
 }
 
 void tst_Startup::theHelpOfAResultsWindowOpens()
