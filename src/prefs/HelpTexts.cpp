@@ -15,7 +15,7 @@ constexpr std::array<HelpText, helpTopicCount + topicsBesideTheSteps> searchHelp
 • U.S. Courts: Federal Bankruptcy Courts in Washington (Western and Eastern), Oregon and Idaho.
 
 = Tip
-The menu Courts takes you to the same courts. Choosing your own default court comes with a later version.)help"},
+The menu Courts takes you to the same courts. Your own default court is chosen in Options and Preferences.)help"},
     {u"Selecting a Search Type", uR"help(• By Person Name: last name, first name, middle initial.
 • By Business Name: one box for the whole name.
 • By Number: the case number. It opens the case at once, without a list of results.
@@ -130,7 +130,7 @@ Green: connected. Red: not connected; choose Connection, Connect. A lost connect
 
 • With codes switched on, the code is asked for before each search; the latest ones are in the list.
 • Enter/Change Client ID changes the code between searches.
-• "Don't Show This Again" switches the question off. Switching it on in Options and Preferences comes with a later version.
+• "Don't Show This Again" switches the question off. It is switched on again in Options and Preferences.
 • Your account may demand a code. Then the window cannot be left without one.
 
 Capital and small letters are the same.)help"},
@@ -146,7 +146,7 @@ A case opens on its Summary, and fetches its other tabs one after the other. Ctr
 An archived case ("*" before its number) has fewer tabs, and in most cases no Docket.
 
 = Retrieve on Demand
-A tab that your options do not fetch by themselves shows a panel instead. Check the details that you want and choose Search Now; they join the line of waiting searches. Which tabs are fetched at once is set for each court in options.ini: 1 behind the tab's name in CaseSearchTabs (Washington Superior), OrCaseSearchTabs, IdCaseSearchTabs, CivilCaseTabs or NonCivilCaseTabs. A window for these settings comes with a later version.
+A tab that your options do not fetch by themselves shows a panel instead. Check the details that you want and choose Search Now; they join the line of waiting searches. Which tabs are fetched at once is chosen for each court in Options and Preferences; for cases that are not civil it is set in options.ini, by 1 behind the tab's name in NonCivilCaseTabs.
 
 = Incomplete tabs
 "Information Incomplete! Click Tab to Review." means that the court's answer broke off. Click the tab: YES offers another try, NO shows what has arrived.
@@ -196,7 +196,7 @@ Dark blue: all is well. Red: the list is not complete; do not report "no record"
 "Multiple Names Match": people of the same name. Check the right ones and choose Retrieve Case(s). View Cases and View Duplicates switch between the two lists.
 
 = Print, save, email
-They come with a later version.)help";
+Print Results shows the list as it comes out on paper; from there it is printed, or saved as PDF. Save Results writes it as text. Email Results saves it, too, and opens your mail program with a copy: you enter who is to get it.)help";
 } // namespace
 
 std::span<const HelpText> SearchHelpTexts()

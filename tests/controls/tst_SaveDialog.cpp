@@ -4,6 +4,7 @@
 #include "support/HalvaneTest.h"
 #include "support/TestFolder.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QFileDialog>
 #include <QLineEdit>
