@@ -8,6 +8,7 @@
 #include "support/HalvaneTest.h"
 #include "support/MailProgram.h"
 #include "support/Ticks.h"
+#include "tables/ResultListView.h"
 
 #include <QDir>
 #include <QFileDialog>
@@ -307,7 +308,7 @@ void tst_ResultsReports::theAnswerIsWhereItIsSaved()
 {
     NameResultsWindow *window = searched(Which::NonCivil);
     Click(window, "cmdSaveResultToFile");
-    QDialog *dialog = window->findChild<QDialog *>(u"SaveDialog"_s);
+    auto *dialog = window->findChild<QDialog *>(u"SaveDialog"_s);
     QVERIFY(dialog);
     TypeInto(dialog, "fileNameEdit", u"mine"_s);
     dialog->accept();

@@ -141,7 +141,7 @@ private:
         return all;
     }
 
-    const EvenRuler ruler;
+    const EvenRuler ruler{};
 };
 
 void tst_PageLayout::looks_data()
