@@ -5,6 +5,7 @@
 
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLineEdit>
 #include <QPointer>
 
 #include <memory>
@@ -36,6 +37,11 @@ public:
 
     void accept() override
     {
+        // Whoever asked says what is wrong with a folder that is not there.
+        if (fileMode() == Directory && !QFileInfo(Chosen()).isDir()) {
+            QDialog::accept();
+            return;
+        }
         std::optional<FormWindow::RunScope> scope;
         if (form)
             scope.emplace(form);
@@ -47,6 +53,15 @@ public:
         answering = false;
         if (givenUp)
             reject();
+    }
+
+    /// What stands in the dialog: the name that was typed goes before what is selected.
+    QString Chosen() const
+    {
+        const auto *name = findChild<QLineEdit *>(u"fileNameEdit"_s);
+        if (fileMode() == Directory && name && !name->text().isEmpty())
+            return directory().absoluteFilePath(name->text());
+        return selectedFiles().value(0);
     }
 
 private:
@@ -92,8 +107,7 @@ void open(FileDialog *dialog, QObject *context,
     QObject::connect(dialog, &QObject::destroyed, [hold] {});
     QObject::connect(
         dialog, &QDialog::finished, context, [dialog, context, hold, answer](int result) {
-            const QString chosen =
-                result == QDialog::Accepted ? dialog->selectedFiles().value(0) : QString();
+            const QString chosen = result == QDialog::Accepted ? dialog->Chosen() : QString();
             QMetaObject::invokeMethod(
                 context, [hold, answer, chosen] { answer(chosen); }, Qt::QueuedConnection);
         });

@@ -302,9 +302,15 @@ QList<IniEntry> OptionEntries(const OptionValues &loaded, const OptionValues &no
 
 bool SaveOpts(const OptionValues &loaded, const OptionValues &now)
 {
-    const bool saved = SaveSettings(OptionEntries(loaded, now));
+    // What the user has left alone is as the file has it by now, whoever wrote it meanwhile.
+    const OptionValues present = LoadOpts();
+    OptionValues wanted = present;
+    for (const OptionRow &row : rows)
+        if (now[row.Control] != loaded[row.Control])
+            wanted[row.Control] = now[row.Control];
+    const bool saved = SaveSettings(OptionEntries(present, wanted));
     for (const OptionRow &row : rows) {
-        const QString text = settingText(row, now[row.Control]);
+        const QString text = settingText(row, wanted[row.Control]);
         if (row.Kind == OptionKind::Folder)
             QDir().mkpath(QDir::fromNativeSeparators(text));
         if (row.InForce)

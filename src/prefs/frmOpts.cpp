@@ -94,16 +94,15 @@ frmOpts::~frmOpts() = default;
 
 void frmOpts::ShowModal(QWidget *parent)
 {
-    const OptionValues values = LoadOpts();
     const QPointer<QWidget> watched(parent);
-    if (values.ServersMissing)
+    if (LoadOpts().ServersMissing)
         MsgBox(parent,
                u"An IP Address for the Halvane Server was not found in the Options.Ini "
                "configuration file. Please contact Halvane to Correct this."_s,
                u"Error Reading Configuration File .."_s, MsgButtons::Ok, MsgIcon::Exclamation);
-    // The program may have ended under the box.
+    // The program may have ended under the box, or the file been mended.
     if (!parent || watched)
-        ModalDialog<frmOpts>(parent, values).Run();
+        ModalDialog<frmOpts>(parent, LoadOpts()).Run();
 }
 
 /// The size at which no page has to scroll. What the layouts want by themselves leaves pages out of
@@ -223,8 +222,8 @@ void frmOpts::cmdOK_Click()
     const QPointer<frmOpts> self(this);
     if (!saved)
         MsgBox(this,
-               u"The options could not be written to options.ini. They hold until you leave "
-               "Halvane."_s,
+               u"The options could not be written to options.ini, and are not kept. Some of them "
+               "are in use until you leave Halvane."_s,
                u"Halvane Options/Preferences"_s, MsgButtons::Ok, MsgIcon::Exclamation);
     if (self)
         accept();
@@ -250,7 +249,8 @@ bool frmOpts::mayKeepPort()
 bool frmOpts::mayKeepPhrase()
 {
     const QString reason = WhyNotKept(ui->txtPrintName->text().trimmed());
-    if (reason.isEmpty())
+    // What came from the file reads as it did.
+    if (reason.isEmpty() || ui->txtPrintName->text() == loaded[u"txtPrintName"])
         return true;
     const QPointer<frmOpts> self(this);
     MsgBox(this, u"The name or phrase cannot be kept. "_s + reason + u" Please change it."_s,
@@ -301,6 +301,8 @@ void frmOpts::showIdleMinutes()
 
 void frmOpts::restoreDefaults(std::initializer_list<OptionGroup> groups)
 {
+    if (!ui->chkCaseDefault->isChecked())
+        chosenTabs = Values();
     for (const OptionRow &row : OptionRows()) {
         if (std::find(groups.begin(), groups.end(), row.Group) != groups.end())
             showRow(row, OptionDefault(row));

@@ -73,6 +73,7 @@ void frmInactivity::Tick()
     const int left = ToInteger(Timer1Tag) - 1;
     Timer1Tag = QString::number(left);
     ui->cmdLogOut->setText(u"Logout = "_s + Timer1Tag + u" Seconds"_s);
+    ui->cmdLogOut->repaint();
     if (left > 0) {
         Session.bAutoLogout = false;
         Timer1->start();

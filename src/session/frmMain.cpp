@@ -353,8 +353,13 @@ void frmMain::UpdateStatusBarText(int panel, const QString &text)
 {
     if (panel < 1 || panel > static_cast<int>(panels.size()))
         return;
-    panels[static_cast<size_t>(panel) - 1]->setText(text);
-    // What is said now may be followed by something that takes its time.
+    QLabel *shown = panels[static_cast<size_t>(panel) - 1];
+    if (shown->text() == text)
+        return;
+    shown->setText(text);
+    // What is said now may be followed by something that takes its time, and a tip would hide it.
+    if (panel == messagePanel)
+        ui->sbStatusBar->clearMessage();
     ui->sbStatusBar->repaint();
 }
 

@@ -2,6 +2,7 @@
 #include "controls/LinkLabel.h"
 #include "core/GlobalState.h"
 #include "core/HelpTopic.h"
+#include "core/Options.h"
 #include "jobs/frmQueue.h"
 #include "link/frmWinsock.h"
 #include "namesearch/SearchDesk.h"

@@ -80,6 +80,9 @@ private Q_SLOTS:
     void aBadPort_data();
     void aBadPort();
     void aPhraseThatCannotBeKept();
+    void aPhraseOfTheFileIsLeftAlone_data();
+    void aPhraseOfTheFileIsLeftAlone();
+    void whatTheFileSaysMeanwhileStays();
     void aFileThatCannotBeWritten();
     void theAddressIsKeptAtTheClick();
     void noAddress();
@@ -290,6 +293,37 @@ void tst_frmOpts::aPhraseThatCannotBeKept()
     QCOMPARE(file(), optionsFile());
 }
 
+void tst_frmOpts::aPhraseOfTheFileIsLeftAlone_data()
+{
+    QTest::addColumn<QByteArray>("phrase");
+    QTest::newRow("of 300 letters") << QByteArray(300, 'p');
+    QTest::newRow("with a tab in it") << QByteArray("Smith\tJones");
+}
+
+/// What the user has not touched is not looked at, nor cut.
+void tst_frmOpts::aPhraseOfTheFileIsLeftAlone()
+{
+    QFETCH(QByteArray, phrase);
+    const QByteArray line = "PrintHdrVal=" + phrase + "\r\n";
+    session->folder.Write(u"options.ini"_s, optionsFile() + "PrintHdr=1\r\n" + line);
+    use([](QDialog *) {}, "cmdOK");
+    QVERIFY(file().contains(line));
+}
+
+void tst_frmOpts::whatTheFileSaysMeanwhileStays()
+{
+    use(
+        [this](QDialog *window) {
+            Child<QComboBox>(window, "cboxSearchTimeout")->setCurrentText(u"5"_s);
+            session->folder.Write(u"options.ini"_s,
+                                  optionsFile().replace("[Searching]", "HVServerPort=85\r\n"
+                                                                       "[Searching]"));
+        },
+        "cmdOK");
+    QCOMPARE(kept(u"Communications"_s, u"HVServerPort"_s), u"85"_s);
+    QCOMPARE(kept(u"Searching"_s, u"SearchTimeout"_s), u"5"_s);
+}
+
 void tst_frmOpts::aFileThatCannotBeWritten()
 {
     const OptionValues values = LoadOpts();
@@ -298,9 +332,10 @@ void tst_frmOpts::aFileThatCannotBeWritten()
     frmOpts window(nullptr, values);
     window.setVisible(true);
     Child<QComboBox>(&window, "cboxSearchTimeout")->setCurrentText(u"5"_s);
-    session->boxes.Expect(u"The options could not be written to options.ini. They hold until you "
-                          "leave Halvane."_s,
-                          u"Halvane Options/Preferences"_s, MsgIcon::Exclamation);
+    session->boxes.Expect(
+        u"The options could not be written to options.ini, and are not kept. Some "
+        "of them are in use until you leave Halvane."_s,
+        u"Halvane Options/Preferences"_s, MsgIcon::Exclamation);
     Click(&window, "cmdOK");
     QVERIFY(!window.isVisible());
     QCOMPARE(Global.intSearchTimeout, 5);

@@ -47,6 +47,7 @@ private Q_SLOTS:
     void theFolder();
     void theFolderDialog_data();
     void theFolderDialog();
+    void theFolderDialogOnAFolderThatIsGone();
     void theStandardFolder();
     void thePhraseNeedsItsBox();
     void restoreButtons_data();
@@ -174,6 +175,21 @@ void tst_frmOptsControls::theFolderDialog()
     QCOMPARE(TextOf(&window, "Text1"),
              accepted ? QDir::toNativeSeparators(folder) : StandardReportFolder());
     QVERIFY(!TurnHold::IsHeld());
+}
+
+/// The options say so, and not the dialog in words of its own.
+void tst_frmOptsControls::theFolderDialogOnAFolderThatIsGone()
+{
+    frmOpts window;
+    window.setVisible(true);
+    session->boxes.Expect(u"Invalid Folder Selection. Restoring to default setting."_s,
+                          u"Halvane"_s, MsgIcon::Exclamation);
+    Click(&window, "cmdChangeRptFolder");
+    QDialog *dialog = Child<QFileDialog>(&window, "FolderDialog");
+    TypeInto(dialog, "fileNameEdit", session->folder.Path(u"gone"_s));
+    dialog->accept();
+    QVERIFY(WaitUntil([&] { return session->boxes.Answered() == 1; }));
+    QCOMPARE(TextOf(&window, "Text1"), StandardReportFolder());
 }
 
 void tst_frmOptsControls::theStandardFolder()
