@@ -32,7 +32,7 @@ PrinterQuestion &defaultReplacement()
     return taking;
 }
 
-/// The pages that a printer was told to print, counted from 0.
+/// The pages that a printer was asked to print, counted from 0.
 struct PagesWanted
 {
     int First = 0;

@@ -21,7 +21,7 @@ void AskForPaper(QWidget *window);
 
 enum class PrintEnd { Printed, Stopped, Failed };
 
-/// Prints the pages that the printer was told to, as many times as it was told to.
+/// Prints the pages that the printer was asked for, as many times as it was asked for.
 PrintEnd PrintPages(QPrinter &printer, PageLayout &layout, const ReportPainter &painter,
                     const PageProgress &progress);
 
