@@ -39,7 +39,7 @@ public:
     {
         // Whoever asked says what is wrong with a folder that is not there.
         if (fileMode() == Directory && !QFileInfo(Chosen()).isDir()) {
-            QDialog::accept();
+            done(QDialog::Accepted);
             return;
         }
         std::optional<FormWindow::RunScope> scope;
