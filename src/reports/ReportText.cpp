@@ -100,7 +100,7 @@ void ReportText::AddCells(std::span<const QByteArrayView> cells, std::span<const
         const QByteArrayView cell = withoutBlanks(cells[i]);
         if (i > 0)
             to += columnGap;
-        std::memcpy(to, cell.data(), static_cast<size_t>(cell.size()));
+        std::copy(cell.begin(), cell.end(), to);
         to += std::max<qsizetype>(widths[i], cell.size());
     }
     *to++ = '\r';
