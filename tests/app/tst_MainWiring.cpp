@@ -1,10 +1,18 @@
 // What the main window asks for, and where it arrives.
 
 #include "app/Startup.h"
+#include "casedetails/frmCaseDetails.h"
+#include "casedetails/frmCivilCaseDetails.h"
+#include "casedetails/frmNCCaseDetails.h"
 #include "controls/SaveDialog.h"
 #include "core/GlobalState.h"
 #include "core/Options.h"
+#include "documents/frmAllDocuments.h"
+#include "documents/frmDocTransfer.h"
 #include "namesearch/SearchDesk.h"
+#include "namesearch/frmDiscisNCNameResults.h"
+#include "namesearch/frmDiscisNameResults.h"
+#include "namesearch/frmNameSearchResults.h"
 #include "reports/PreviewDoc.h"
 #include "searchentry/frmSearchWA.h"
 #include "session/SessionEvents.h"
@@ -23,6 +31,9 @@
 #include <QScopeGuard>
 #include <QTest>
 
+#include <array>
+#include <type_traits>
+
 namespace {
 /// A child that has a report, and writes down what becomes of it.
 class ReportingChild : public FormWindow
@@ -36,6 +47,33 @@ public:
     int Prints = 0;
     QStringList SavedTo;
 };
+
+template<typename Window>
+FormWindow *make()
+{
+    if constexpr (std::is_same_v<Window, frmNameSearchResults>)
+        return new frmNameSearchResults(u"WA"_s);
+    else
+        return new Window;
+}
+
+/// The children of the main window that are not the search form.
+struct ChildRow
+{
+    const char *name;
+    FormWindow *(*make)();
+    bool hasReport;
+};
+constexpr std::array<ChildRow, 8> childRows{{
+    {"frmNameSearchResults", make<frmNameSearchResults>, true},
+    {"frmDiscisNameResults", make<frmDiscisNameResults>, true},
+    {"frmDiscisNCNameResults", make<frmDiscisNCNameResults>, true},
+    {"frmCaseDetails", make<frmCaseDetails>, true},
+    {"frmCivilCaseDetails", make<frmCivilCaseDetails>, true},
+    {"frmNCCaseDetails", make<frmNCCaseDetails>, true},
+    {"frmDocTransfer", make<frmDocTransfer>, false},
+    {"frmAllDocuments", make<frmAllDocuments>, false},
+}};
 } // namespace
 
 class tst_MainWiring : public QObject
@@ -51,6 +89,8 @@ private Q_SLOTS:
     void theActiveChildIsPrintedAndSaved_data();
     void theActiveChildIsPrintedAndSaved();
     void theSearchFormHasNoReport();
+    void eachChildHasItsCommands_data();
+    void eachChildHasItsCommands();
     void theOptionsReachTheSearchForm();
     void recentEntriesComeWithTheNextForm();
 
@@ -172,6 +212,46 @@ void tst_MainWiring::theSearchFormHasNoReport()
     QVERIFY(Child<QAction>(frmMain::Form(), "mnuFileSave")->isEnabled());
     QVERIFY(child->Unload());
     QVERIFY(!Child<QAction>(frmMain::Form(), "mnuFileSave")->isEnabled());
+}
+
+void tst_MainWiring::eachChildHasItsCommands_data()
+{
+    QTest::addColumn<int>("row");
+    QTest::addColumn<bool>("loggedIn");
+    QTest::addColumn<bool>("searching");
+    for (size_t i = 0; i < childRows.size(); ++i) {
+        const int row = static_cast<int>(i);
+        QTest::addRow("%s, not logged in", childRows.at(i).name) << row << false << false;
+        QTest::addRow("%s, logged in", childRows.at(i).name) << row << true << false;
+        QTest::addRow("%s, searching", childRows.at(i).name) << row << true << true;
+    }
+}
+
+void tst_MainWiring::eachChildHasItsCommands()
+{
+    QFETCH(int, row);
+    QFETCH(bool, loggedIn);
+    QFETCH(bool, searching);
+    offline();
+    frmMain *main = frmMain::Form();
+    Global.bShowAlerts = false;
+    Global.bLoggedIn = loggedIn;
+    Global.bSearchInProgress = searching;
+    main->ShowChildAgain(&frmSearchWA::Form());
+    const ChildRow &expected = childRows.at(static_cast<size_t>(row));
+    FormWindow *child = expected.make();
+    main->ShowChild(child);
+    QCOMPARE(main->ActiveChild(), child);
+    for (const char *name : {"mnuFileSave", "mnuFilePrint", "tbToolBar_Save", "tbToolBar_Print"})
+        QCOMPARE(Child<QAction>(main, name)->isEnabled(), expected.hasReport);
+    for (const char *name : {"tbToolBar_Back", "mnuWindowCascade", "mnuViewOptions"})
+        QVERIFY2(Child<QAction>(main, name)->isEnabled(), name);
+    Global.bSearchInProgress = false;
+    // The search form comes up again, and has no report.
+    QVERIFY(child->Unload());
+    QVERIFY(!Child<QAction>(main, "mnuFilePrint")->isEnabled());
+    QVERIFY(!Child<QAction>(main, "tbToolBar_Back")->isEnabled());
+    Global.bLoggedIn = false;
 }
 
 /// What the options change shows on the search form at once.

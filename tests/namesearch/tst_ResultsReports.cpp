@@ -455,7 +455,7 @@ void tst_ResultsReports::theWindowGoesUnderItsMail()
 {
     Global.bShowAlerts = false;
     NameResultsWindow *window = searched(Which::Name);
-    const MailProgram mail(desk->Folder.Path(), u"sleep 0.2; exit 4"_s);
+    const MailProgram mail(desk->Folder.Path(), 4);
     Click(window, "cmdSearchResults_5");
     window->Unload();
     // Who closed it still hears that no mail will come.

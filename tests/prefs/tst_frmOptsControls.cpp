@@ -244,8 +244,7 @@ void tst_frmOptsControls::restoreButtons()
         if (row.Group != OptionGroup::None)
             window.findChild<QCheckBox *>(row.Control.toString())->setChecked(true);
     }
-    QCOMPARE(ButtonOf(&window, button.toLatin1().constData())->text().remove(u'&'),
-             u"Restore Defaults"_s);
+    QCOMPARE(ButtonOf(&window, button.toLatin1().constData())->text(), u"Restore Defaults"_s);
     Click(&window, button.toLatin1().constData());
     const OptionValues values = window.Values();
     for (const OptionRow &row : OptionRows()) {
@@ -274,6 +273,12 @@ void tst_frmOptsControls::onlyTheSummary()
     QVERIFY(!names->isChecked());
     all->click();
     QVERIFY(!all->isChecked());
+    QVERIFY(names->isChecked());
+    QVERIFY(!docket->isChecked());
+    // What the other way to the defaults took is given back, too.
+    Click(&window, "cmdSetDefaultTabs");
+    QVERIFY(all->isChecked());
+    all->click();
     QVERIFY(names->isChecked());
     QVERIFY(!docket->isChecked());
     Click(&window, "cmdSetDefaultTabs");
