@@ -276,10 +276,13 @@ void tst_frmOptsControls::onlyTheSummary()
     QVERIFY(names->isChecked());
     QVERIFY(!docket->isChecked());
     // What the other way to the defaults took is given back, too.
+    auto *charges = Child<QCheckBox>(&window, "chkSearchCaseTabs_3");
+    charges->click();
     Click(&window, "cmdSetDefaultTabs");
     QVERIFY(all->isChecked());
     all->click();
     QVERIFY(names->isChecked());
+    QVERIFY(charges->isChecked());
     QVERIFY(!docket->isChecked());
     Click(&window, "cmdSetDefaultTabs");
     QVERIFY(all->isChecked());
