@@ -18,7 +18,30 @@ QList<Job *> &allJobs()
     static QList<Job *> jobs;
     return jobs;
 }
+/// The jobs that have their turn, the one that took it last at the end. A stop lets the next begin
+/// while the run that was stopped still reads.
+QList<Job *> &jobsWithTurn()
+{
+    static QList<Job *> jobs;
+    return jobs;
+}
 } // namespace
+
+JobEvents &JobEvents::Of()
+{
+    static JobEvents events;
+    return events;
+}
+
+Job *Job::WithTurn()
+{
+    return jobsWithTurn().isEmpty() ? nullptr : jobsWithTurn().last();
+}
+
+const QList<Job *> &Job::All()
+{
+    return allJobs();
+}
 
 Job::Job(JobKindName name) : Timer1(new QTimer(this)), kind(&JobKindOf(name))
 {
@@ -76,6 +99,8 @@ void Job::setState(JobState newState)
         return;
     jobState = newState;
     Q_EMIT StateChanged();
+    if (jobState == JobState::Over)
+        Q_EMIT JobEvents::Of().Over(this);
 }
 
 void Job::tick()
@@ -118,10 +143,13 @@ void Job::takeTurn(const TurnRequest &request)
 {
     TakeLink();
     hasTurn = true;
+    jobsWithTurn().append(this);
     const auto end = qScopeGuard([this] {
         FreeLink();
         hasTurn = false;
+        jobsWithTurn().removeOne(this);
     });
+    Q_EMIT JobEvents::Of().TurnTaken(this);
     linkWasTaken = false;
     setState(JobState::Taken);
     SetStatus(kind->Working.toString());
@@ -136,6 +164,7 @@ void Job::Restart(JobKindName name, QTimer *timer)
     linkWasTaken = false;
     setState(JobState::Pending);
     timer->start();
+    Q_EMIT JobEvents::Of().Restarted(this);
 }
 
 void Job::SetStatus(const QString &text, StatusStyle style)

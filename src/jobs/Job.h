@@ -3,11 +3,33 @@
 #include "jobs/JobKinds.h"
 #include "records/StatusLine.h"
 
+#include <QList>
 #include <QObject>
 #include <QString>
 #include <QTimer>
 
 #include <functional>
+
+class Job;
+
+/// What becomes of jobs, for whoever follows all of them. The object outlives every job, so that
+/// connecting to it once, at the start of the program, is enough.
+class JobEvents : public QObject
+{
+    Q_OBJECT
+public:
+    static JobEvents &Of();
+
+Q_SIGNALS:
+    /// A job that is complete, key and all, waits for its first turn.
+    void Launched(Job *job);
+    /// A job that was over waits for another turn.
+    void Restarted(Job *job);
+    /// A job has got its turn.
+    void TurnTaken(Job *job);
+    /// A job that waited or ran is over: its run came to its end, or it was stopped before.
+    void Over(Job *job);
+};
 
 /// How far a job is. It never goes back, but a job that is over can begin anew as Pending.
 enum class JobState {
@@ -34,6 +56,13 @@ public:
     /// No job has its run on the stack, and none is about to have its turn. One that waits behind a
     /// run which broke down and kept its place is not about to.
     static bool AllAtRest();
+    /// The job whose run took the link last, of those that are on the stack: a request that goes
+    /// out is its request. Null when no job runs.
+    static Job *WithTurn();
+    /// Every job that there is, in the order in which they were made.
+    static const QList<Job *> &All();
+    /// The job is complete and waits for its first turn; says so to whoever follows all jobs.
+    void AnnounceLaunch() { Q_EMIT JobEvents::Of().Launched(this); }
 
     JobState State() const { return jobState; }
     /// The run is on the stack, whatever the user was told meanwhile.

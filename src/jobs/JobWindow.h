@@ -23,6 +23,9 @@ class JobWindow : public FormWindow
 public:
     ~JobWindow() override;
 
+    /// The job of this window.
+    Job *ShownJob() const { return job; }
+
     /// Stops the job that is using the link: tells the server.
     bool StopActiveSearch() { return job->StopActiveSearch(); }
     /// Stops the job before it had its turn. False, and nothing has happened, when it is not

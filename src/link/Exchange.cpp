@@ -31,7 +31,10 @@ void closeDeadLink(ServerSocket *socket)
 SendStatus BeginExchange(const QString &request)
 {
     frmWinsock::DiscardArrivedData();
-    return SendReq(request);
+    const SendStatus status = SendReq(request);
+    if (status == SendStatus::Sent)
+        Q_EMIT LinkEvents::Of().RequestSent(request);
+    return status;
 }
 
 SendStatus InterruptExchange(const QString &request)

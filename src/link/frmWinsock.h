@@ -21,6 +21,8 @@ Q_SIGNALS:
     /// The link was closed from here because nothing good could come of it any more. Whoever shows
     /// whether there is a connection looks again now.
     void LinkDropped();
+    /// A request, without its bars, has begun an exchange. It was handed to the socket whole.
+    void RequestSent(const QString &request);
 };
 
 /// Keeps the one socket and the count of idle minutes. A service without a window.

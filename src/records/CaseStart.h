@@ -2,6 +2,7 @@
 
 #include "records/CaseTabs.h"
 
+#include <QByteArray>
 #include <QString>
 #include <QStringList>
 
@@ -41,5 +42,7 @@ struct CaseStart
     QString ClientAcctgCode;
     bool chkBK = false;
     bool chkAutoPrint = false; ///< print when everything has come
+    /// How the case was asked for on the search form; empty for one that was opened otherwise.
+    QByteArray Origin;
     QString Log; ///< what is logged when the case is opened from a row, "" for nothing
 };

@@ -3,6 +3,7 @@
 #include "records/RowTable.h"
 #include "records/StatusLine.h"
 
+#include <QByteArray>
 #include <QString>
 
 /// The kinds of result list, each with its own columns and row fields.
@@ -30,6 +31,10 @@ struct ResultsRecord
     QString lblCourtCounty;  ///< District and Municipal Courts
     QString ClientAcctgCode; ///< upper case; may be empty
     bool chkIndexSearch = false;
+
+    /// How the search was asked for, in a form that can ask for it again; nothing below the search
+    /// form reads it. Empty for a search that was not entered there.
+    QByteArray Origin;
 
     // What came
     ResultKind Kind = ResultKind::Superior; ///< of the columns

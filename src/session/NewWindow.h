@@ -49,6 +49,8 @@ public:
         else
             window->show();
         launched = true;
+        if (window)
+            window->ShownJob()->AnnounceLaunch();
     }
 
 private:

@@ -34,6 +34,12 @@ Q_SIGNALS:
     void PageSetupWanted();
     /// Show the report of the session, for this window.
     void SessionReportWanted(QWidget *window);
+    /// Show what runs, what waits and in which order.
+    void WaitingWanted();
+    /// Show what was asked for before.
+    void HistoryWanted();
+    /// Show what was asked for, by client code and month.
+    void UsageWanted();
     /// Help on a window of results.
     void ResultsHelpWanted();
     /// Help on a window of a case.

@@ -176,6 +176,10 @@ void frmMain::connectMenus()
             [this] { ModalDialog<frmConnectionStatus>(this).Run(); });
     connect(ui->mnuStartSearch, &QAction::triggered, this,
             [] { Q_EMIT SessionEvents::Of().SearchWithStateWanted(); });
+    SessionEvents *wanted = &SessionEvents::Of();
+    connect(ui->mnuSearchWaiting, &QAction::triggered, wanted, &SessionEvents::WaitingWanted);
+    connect(ui->mnuSearchHistory, &QAction::triggered, wanted, &SessionEvents::HistoryWanted);
+    connect(ui->mnuSearchUsage, &QAction::triggered, wanted, &SessionEvents::UsageWanted);
     connect(ui->mnuCheckMsgs, &QAction::triggered, this, &frmMain::mnuCheckMsgs_Click);
     connect(ui->mnuWindowCascade, &QAction::triggered, ui->mdiArea, &QMdiArea::cascadeSubWindows);
     connect(ui->mnuHelpOnline, &QAction::triggered, this, &openSupportPage);

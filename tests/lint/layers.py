@@ -25,7 +25,7 @@ RANKS = (
     ("documents",),
     ("casedetails",),
     ("namesearch",),
-    ("searchentry", "prefs"),
+    ("searchentry", "prefs", "history"),
     ("app",),
 )
 RANK = {folder: rank for rank, folders in enumerate(RANKS) for folder in folders}
