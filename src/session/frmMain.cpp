@@ -13,6 +13,7 @@
 #include "session/EditCommands.h"
 #include "session/SessionEvents.h"
 #include "session/SessionState.h"
+#include "session/WindowMenu.h"
 #include "session/frmConnect.h"
 #include "session/frmConnectionStatus.h"
 #include "session/frmInactivity.h"
@@ -194,7 +195,14 @@ void frmMain::connectMenus()
     connect(ui->mnuSearchHistory, &QAction::triggered, wanted, &SessionEvents::HistoryWanted);
     connect(ui->mnuSearchUsage, &QAction::triggered, wanted, &SessionEvents::UsageWanted);
     connect(ui->mnuCheckMsgs, &QAction::triggered, this, &frmMain::mnuCheckMsgs_Click);
-    connect(ui->mnuWindowCascade, &QAction::triggered, ui->mdiArea, &QMdiArea::cascadeSubWindows);
+    windows = new WindowMenu({.Menu = ui->mnuWindow,
+                              .Cascade = ui->mnuWindowCascade,
+                              .Tile = ui->mnuWindowTile,
+                              .Next = ui->mnuWindowNext,
+                              .Previous = ui->mnuWindowPrevious,
+                              .Close = ui->mnuWindowClose,
+                              .CloseAll = ui->mnuWindowCloseAll},
+                             ui->mdiArea);
     connect(ui->mnuHelpOnline, &QAction::triggered, this, &openSupportPage);
     connect(ui->mnuCourtDates, &QAction::triggered, this, &openSupportPage);
     connect(ui->mnuHelpAbout, &QAction::triggered, this,
@@ -266,6 +274,7 @@ void frmMain::ShowChild(FormWindow *child)
     // The child is deleted by its own rules, and may have to outlive its frame for a while.
     frame->setAttribute(Qt::WA_DeleteOnClose, false);
     frame->setWindowIcon(windowIcon());
+    WindowMenu::Adopt(frame);
     connect(child, &FormWindow::Unloaded, frame, [this, frame] {
         frame->setWidget(nullptr);
         ui->mdiArea->removeSubWindow(frame);
@@ -315,9 +324,8 @@ void frmMain::offerCommands()
     for (QAction *action :
          {ui->mnuFileSave, ui->tbToolBar_Save, ui->mnuFilePrint, ui->tbToolBar_Print})
         action->setEnabled(report);
-    const qsizetype children = childrenByActivation().size();
-    ui->mnuWindowCascade->setEnabled(children >= 1);
-    ui->tbToolBar_Back->setEnabled(children >= 2);
+    windows->OfferCommands();
+    ui->tbToolBar_Back->setEnabled(childrenByActivation().size() >= 2);
 }
 
 void frmMain::offerEditing()

@@ -15,6 +15,7 @@ class EditCommands;
 class QMdiSubWindow;
 class QToolButton;
 class WaitingList;
+class WindowMenu;
 
 namespace Ui {
 class frmMain;
@@ -108,6 +109,7 @@ private:
     const std::unique_ptr<Ui::frmMain> ui;
     EditCommands *const edit;
     WaitingList *const waiting;
+    WindowMenu *windows = nullptr;
     QToolButton *cmdWaiting = nullptr;
     std::array<QLabel *, 4> panels{};
     QLabel *lamp = nullptr;

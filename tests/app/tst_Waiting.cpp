@@ -282,12 +282,15 @@ void tst_Waiting::stopIsThatOfTheWindow()
     frmNameSearchResults *second = pending(u"B"_s);
     open();
     choose(0);
+    const FormWindow *front = nullptr;
     if (asks) {
+        desk->Boxes.Meanwhile([&] { front = main->ActiveChild(); });
         desk->Boxes.Expect(stopQuestion, stopTitle, yes ? MsgAnswer::Yes : MsgAnswer::No);
-        // The question does not say which search it is about; what stands in front does.
-        desk->Boxes.Meanwhile([&] { QCOMPARE(main->ActiveChild(), first); });
     }
     Click(window, "cmdStop");
+    // The question does not say which search it is about; what stands in front does.
+    if (asks)
+        QCOMPARE(front, first);
     QCOMPARE(TextOf(first, "lblStatus"), yes ? u"Search Stopped By User .. "_s : u"Pending .."_s);
     QCOMPARE(frmQueue::Form().FIFO.Lines(),
              yes ? QStringList{second->txtMasterKey}
