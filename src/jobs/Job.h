@@ -35,6 +35,10 @@ Q_SIGNALS:
     void GivenUp(Job *job);
     /// A key has come into the queue, or has gone from it.
     void QueueChanged();
+    /// Where a job found no link, the user wants to connect again.
+    void ConnectWanted();
+    /// A user is logged in: whatever said that there is no link has been settled.
+    void Connected();
 };
 
 /// What a job is for, in words that tell it from others of its kind.

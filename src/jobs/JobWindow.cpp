@@ -6,6 +6,7 @@
 #include "core/GlobalState.h"
 #include "core/TurnHold.h"
 #include "jobs/JobVoice.h"
+#include "jobs/LostLinkLine.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -70,6 +71,12 @@ void JobWindow::StartJob(const JobControls &controls)
     connect(job, &Job::StateChanged, this, [this] { ShowState(); });
     connect(job, &Job::Changed, this, [this] { ShowStatus(); });
     connect(job, &Job::Ended, voice, &JobVoice::Ended);
+    lostLink = new LostLinkLine(this);
+    connect(&JobEvents::Of(), &JobEvents::TurnOver, this, [this](const Job *over) {
+        if (over == job && !IsUnloaded())
+            lostLink->ShowIfLost();
+    });
+    connect(&JobEvents::Of(), &JobEvents::Connected, this, &JobWindow::settleLostLink);
     ShowStatus();
     Timer1->start();
     tmrBlink->start();
@@ -105,8 +112,14 @@ void JobWindow::ShowState()
     }
 }
 
+void JobWindow::settleLostLink()
+{
+    lostLink->Settle(HomeOfFocus());
+}
+
 void JobWindow::showBeginning()
 {
+    settleLostLink();
     stopButton->setEnabled(true);
     blinking = true;
     BlinkOn = false;

@@ -7,6 +7,7 @@
 #include <QTimer>
 
 class JobVoice;
+class LostLinkLine;
 class QLabel;
 class QPushButton;
 class QTableView;
@@ -94,11 +95,13 @@ private:
     void cmdStopSearching_Click();
     void showBeginning();
     void showEnd();
+    void settleLostLink();
 
     QLabel *statusLabel = nullptr;
     QPushButton *stopButton = nullptr;
     QWidget *homeOfFocus = nullptr;
     JobVoice *voice = nullptr;
+    LostLinkLine *lostLink = nullptr;
     JobState shownState = JobState::Pending;
     bool BlinkOn = false;
     bool blinking = true;

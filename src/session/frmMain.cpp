@@ -141,13 +141,12 @@ void frmMain::makeStatusBar()
         panels[i] = plainLabel(this, u"sbStatusBar_"_s + QString::number(i + 1));
     notice = plainLabel(this, u"lblNotice"_s);
     notice->hide();
-    cmdWaiting = new QToolButton(this);
-    cmdWaiting->setObjectName(u"cmdWaiting"_s);
-    cmdWaiting->setAutoRaise(true);
-    // By the keyboard, too, but a click does not take it from whoever types.
-    cmdWaiting->setFocusPolicy(Qt::TabFocus);
+    cmdWaiting = statusButton(u"cmdWaiting"_s);
     cmdWaiting->setToolTip(u"Show what runs, what waits for its turn, and what holds it up"_s);
-    cmdWaiting->hide();
+    cmdConnect = statusButton(u"cmdConnect"_s);
+    cmdConnect->setText(u"Connect .."_s);
+    cmdConnect->setToolTip(u"Connect to the Halvane Server and log in"_s);
+    connect(cmdConnect, &QToolButton::clicked, this, &frmMain::mnuConnnectionConnect_Click);
     connect(cmdWaiting, &QToolButton::clicked, ui->mnuSearchWaiting, &QAction::trigger);
     connect(waiting, &WaitingList::Changed, this, &frmMain::showWaiting);
     lamp = plainLabel(this, u"lamp"_s);
@@ -158,8 +157,21 @@ void frmMain::makeStatusBar()
     ui->sbStatusBar->addPermanentWidget(panels[2]);
     ui->sbStatusBar->addPermanentWidget(lamp);
     ui->sbStatusBar->addPermanentWidget(panels[3]);
+    ui->sbStatusBar->addPermanentWidget(cmdConnect);
     panels[0]->setContentsMargins(6, 0, 0, 0);
     panels[3]->setMinimumWidth(fontMetrics().horizontalAdvance(u"Not Connected"_s) + 8);
+}
+
+/// A button of the status bar, out of sight. The keyboard comes to it, but a click does not take
+/// the keyboard from whoever types.
+QToolButton *frmMain::statusButton(const QString &name)
+{
+    auto *button = new QToolButton(this);
+    button->setObjectName(name);
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::TabFocus);
+    button->hide();
+    return button;
 }
 
 void frmMain::connectFileAndEdit()
@@ -184,6 +196,11 @@ void frmMain::connectMenus()
     connectCourts();
     connect(ui->mnuConnnectionConnect, &QAction::triggered, this,
             &frmMain::mnuConnnectionConnect_Click);
+    connect(&JobEvents::Of(), &JobEvents::ConnectWanted, this, [this] {
+        // The timer may not have looked since the link was lost.
+        CheckConnection();
+        mnuConnnectionConnect_Click();
+    });
     connect(ui->mnuConnectionDisConnect, &QAction::triggered, this,
             &frmMain::mnuConnectionDisConnect_Click);
     connect(ui->mnuConnectionStatus, &QAction::triggered, this,
@@ -419,6 +436,9 @@ void frmMain::ShowConnection(bool connected)
     ui->mnuConnnectionConnect->setEnabled(!connected);
     ui->mnuConnectionDisConnect->setChecked(false);
     ui->mnuConnectionDisConnect->setEnabled(connected);
+    cmdConnect->setVisible(!connected);
+    if (connected)
+        Q_EMIT JobEvents::Of().Connected();
 }
 
 void frmMain::SetTxtConnectStatus(const QString &text)

@@ -78,6 +78,7 @@ protected:
 private:
     void Load();
     void makeStatusBar();
+    QToolButton *statusButton(const QString &name);
     void showWaiting();
     void connectFileAndEdit();
     void connectMenus();
@@ -111,6 +112,7 @@ private:
     WaitingList *const waiting;
     WindowMenu *windows = nullptr;
     QToolButton *cmdWaiting = nullptr;
+    QToolButton *cmdConnect = nullptr; ///< beside the lamp, while there is no connection
     std::array<QLabel *, 4> panels{};
     QLabel *lamp = nullptr;
     QLabel *notice = nullptr;

@@ -178,7 +178,7 @@ void tst_WindowMenu::onlyNineHaveADigit()
     QCOMPARE(texts[8], u"&9 W9"_s);
     QCOMPARE(texts[9], u"W10"_s);
     QCOMPARE(texts[10], u"[x] W11"_s);
-    // A long caption is cut, and told in full where there is room.
+    // A long caption is cut, and the status bar has room for all of it.
     const QString longCaption(500, u'x');
     show(longCaption);
     QVERIFY(listed().last().size() < 200);
