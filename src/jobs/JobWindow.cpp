@@ -6,13 +6,23 @@
 #include "core/GlobalState.h"
 #include "core/TurnHold.h"
 #include "jobs/JobVoice.h"
+#include "jobs/LostLinkLine.h"
 
 #include <QLabel>
 #include <QPushButton>
 
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+QList<JobWindow *> &allWindows()
+{
+    static QList<JobWindow *> windows;
+    return windows;
+}
+} // namespace
 
 JobWindow::JobWindow(Job *ownJob, QString *state, QString *code, QWidget *parent)
     : FormWindow(parent), job(ownJob), txtMasterKey(job->txtMasterKey),
@@ -22,12 +32,29 @@ JobWindow::JobWindow(Job *ownJob, QString *state, QString *code, QWidget *parent
     tmrBlink->setObjectName(u"tmrBlink"_s);
     tmrBlink->setInterval(job->Kind().Blink);
     connect(tmrBlink, &QTimer::timeout, this, &JobWindow::tmrBlink_Tick);
+    allWindows().append(this);
 }
 
 JobWindow::~JobWindow()
 {
+    allWindows().removeOne(this);
     job->disconnect(this);
     job->Release();
+}
+
+JobWindow *JobWindow::Of(const Job *shown)
+{
+    const QList<JobWindow *> &windows = allWindows();
+    const auto found = std::find_if(windows.begin(), windows.end(), [shown](const JobWindow *one) {
+        return one->job == shown && !one->IsUnloaded();
+    });
+    return found == windows.end() ? nullptr : *found;
+}
+
+void JobWindow::PressStop()
+{
+    if (job->CanBeStopped())
+        stopButton->click();
 }
 
 void JobWindow::StartJob(const JobControls &controls)
@@ -44,6 +71,12 @@ void JobWindow::StartJob(const JobControls &controls)
     connect(job, &Job::StateChanged, this, [this] { ShowState(); });
     connect(job, &Job::Changed, this, [this] { ShowStatus(); });
     connect(job, &Job::Ended, voice, &JobVoice::Ended);
+    lostLink = new LostLinkLine(this);
+    connect(&JobEvents::Of(), &JobEvents::TurnOver, this, [this](const Job *over) {
+        if (over == job && !IsUnloaded())
+            lostLink->ShowIfLost();
+    });
+    connect(&JobEvents::Of(), &JobEvents::Connected, this, &JobWindow::settleLostLink);
     ShowStatus();
     Timer1->start();
     tmrBlink->start();
@@ -79,8 +112,14 @@ void JobWindow::ShowState()
     }
 }
 
+void JobWindow::settleLostLink()
+{
+    lostLink->Settle(HomeOfFocus());
+}
+
 void JobWindow::showBeginning()
 {
+    settleLostLink();
     stopButton->setEnabled(true);
     blinking = true;
     BlinkOn = false;

@@ -7,6 +7,7 @@
 #include <QTimer>
 
 class JobVoice;
+class LostLinkLine;
 class QLabel;
 class QPushButton;
 class QTableView;
@@ -25,6 +26,12 @@ public:
 
     /// The job of this window.
     Job *ShownJob() const { return job; }
+    /// The window that shows this job; null when there is none, or it has gone for the user.
+    static JobWindow *Of(const Job *shown);
+
+    /// Presses Stop for the user, who is asked what the button asks. When there is nothing to be
+    /// stopped, it does nothing.
+    void PressStop();
 
     /// Stops the job that is using the link: tells the server.
     bool StopActiveSearch() { return job->StopActiveSearch(); }
@@ -88,11 +95,13 @@ private:
     void cmdStopSearching_Click();
     void showBeginning();
     void showEnd();
+    void settleLostLink();
 
     QLabel *statusLabel = nullptr;
     QPushButton *stopButton = nullptr;
     QWidget *homeOfFocus = nullptr;
     JobVoice *voice = nullptr;
+    LostLinkLine *lostLink = nullptr;
     JobState shownState = JobState::Pending;
     bool BlinkOn = false;
     bool blinking = true;

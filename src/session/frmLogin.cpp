@@ -47,7 +47,7 @@ struct Refusal
     SessionResult result;
     QStringView title;
     QStringView text;
-    QStringView status; ///< for lblStatus; empty leaves it
+    QStringView status; ///< for lblStatus: what has ended, and what to do
 };
 
 constexpr std::array<Refusal, 4> refusals{{
@@ -57,13 +57,14 @@ constexpr std::array<Refusal, 4> refusals{{
      u"Invalid Login - Try Again"},
     {SessionResult::NoReply, u"Login Error ..",
      u"A Login Error was Encountered! Error Response: Timed Out Waiting For Response from Server.",
-     u""},
+     u"No Reply - Select Login to Try Again"},
     {SessionResult::ConnectionLost, u"Login Error ..",
-     u"A Login Error was Encountered! Error Response: Halvane Server Connection was Dropped!", u""},
+     u"A Login Error was Encountered! Error Response: Halvane Server Connection was Dropped!",
+     u"Connection Lost - Select Connect Again"},
     {SessionResult::LoggedOut, u"Login Error ..",
      u"Invalid User Name or Password.\r\n\r\n"
      "Please Re-Enter Your User Name and Password and then select Login.",
-     u""},
+     u"Login Failed - Try Again"},
 }};
 
 const Refusal &refusalOf(SessionResult result)
@@ -96,6 +97,7 @@ frmLogin::frmLogin(QWidget *parent)
             tmrLbl->stop();
     });
     connect(ui->cmdLogin, &QPushButton::clicked, this, &frmLogin::cmdLogin_Click);
+    connect(ui->cmdConnectAgain, &QPushButton::clicked, this, &frmLogin::cmdConnectAgain_Click);
     connect(ui->cmdCancel, &QPushButton::clicked, this, &frmLogin::cmdCancel_Click);
     connect(ui->Label1, &QPushButton::clicked, this,
             [] { QDesktopServices::openUrl(QUrl(SupportPage())); });
@@ -257,6 +259,7 @@ bool frmLogin::ReachServer()
                    u"Contacting Halvane Server .."_s, MsgButtons::Ok, MsgIcon::Exclamation);
             ShowLoginStatus(u"Server Not Available .."_s);
             setHourglass(false);
+            ui->cmdConnectAgain->show();
             return false;
         }
     }
@@ -399,8 +402,22 @@ void frmLogin::LoginRefused(SessionResult result)
     show();
     activateWindow();
     ui->cmdLogin->setEnabled(true);
-    if (!refusal.status.isEmpty())
-        ShowLoginStatus(refusal.status.toString());
+    ShowLoginStatus(refusal.status.toString());
+    // Until then every further attempt would end in the same way.
+    ui->cmdConnectAgain->setVisible(result == SessionResult::ConnectionLost);
+}
+
+/// As Cancel and a new login, but what was entered stays.
+void frmLogin::cmdConnectAgain_Click()
+{
+    const RunScope scope(this);
+    if (Global.bLoginBusy || Global.bCheckingServer)
+        return;
+    ui->txtUsername->setFocus();
+    ui->cmdConnectAgain->hide();
+    ui->cmdLogin->setEnabled(false);
+    CloseServerLink();
+    ContactServer();
 }
 
 void frmLogin::cmdCancel_Click()

@@ -52,6 +52,7 @@ private:
     void FetchPrivateMessages();
     void FillRemembered();
     void cmdLogin_Click();
+    void cmdConnectAgain_Click();
     void cmdCancel_Click();
     void LoggedIn();
     void RememberCredentials();

@@ -8,10 +8,12 @@
 #include "core/Options.h"
 #include "core/UserStore.h"
 #include "core/Version.h"
+#include "jobs/WaitingList.h"
 #include "link/ConnectState.h"
 #include "session/EditCommands.h"
 #include "session/SessionEvents.h"
 #include "session/SessionState.h"
+#include "session/WindowMenu.h"
 #include "session/frmConnect.h"
 #include "session/frmConnectionStatus.h"
 #include "session/frmInactivity.h"
@@ -23,6 +25,7 @@
 #include <QDesktopServices>
 #include <QFontMetrics>
 #include <QMdiSubWindow>
+#include <QToolButton>
 #include <QUrl>
 
 #include <algorithm>
@@ -83,7 +86,8 @@ static void initResources()
 
 frmMain::frmMain()
     : tmrConnectStatus(new QTimer(this)), TimerExit(new QTimer(this)),
-      ui(std::make_unique<Ui::frmMain>()), edit(new EditCommands(this))
+      ui(std::make_unique<Ui::frmMain>()), edit(new EditCommands(this)),
+      waiting(new WaitingList(this))
 {
     initResources();
     ui->setupUi(this);
@@ -137,15 +141,37 @@ void frmMain::makeStatusBar()
         panels[i] = plainLabel(this, u"sbStatusBar_"_s + QString::number(i + 1));
     notice = plainLabel(this, u"lblNotice"_s);
     notice->hide();
+    cmdWaiting = statusButton(u"cmdWaiting"_s);
+    cmdWaiting->setToolTip(u"Show what runs, what waits for its turn, and what holds it up"_s);
+    cmdConnect = statusButton(u"cmdConnect"_s);
+    cmdConnect->setText(u"Connect .."_s);
+    cmdConnect->setToolTip(u"Connect to the Halvane Server and log in"_s);
+    connect(cmdConnect, &QToolButton::clicked, this, &frmMain::mnuConnnectionConnect_Click);
+    connect(cmdWaiting, &QToolButton::clicked, ui->mnuSearchWaiting, &QAction::trigger);
+    connect(waiting, &WaitingList::Changed, this, &frmMain::showWaiting);
     lamp = plainLabel(this, u"lamp"_s);
     ui->sbStatusBar->addWidget(panels[0], 1);
+    ui->sbStatusBar->addPermanentWidget(cmdWaiting);
     ui->sbStatusBar->addPermanentWidget(notice);
     ui->sbStatusBar->addPermanentWidget(panels[1]);
     ui->sbStatusBar->addPermanentWidget(panels[2]);
     ui->sbStatusBar->addPermanentWidget(lamp);
     ui->sbStatusBar->addPermanentWidget(panels[3]);
+    ui->sbStatusBar->addPermanentWidget(cmdConnect);
     panels[0]->setContentsMargins(6, 0, 0, 0);
     panels[3]->setMinimumWidth(fontMetrics().horizontalAdvance(u"Not Connected"_s) + 8);
+}
+
+/// A button of the status bar, out of sight. The keyboard comes to it, but a click does not take
+/// the keyboard from whoever types.
+QToolButton *frmMain::statusButton(const QString &name)
+{
+    auto *button = new QToolButton(this);
+    button->setObjectName(name);
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::TabFocus);
+    button->hide();
+    return button;
 }
 
 void frmMain::connectFileAndEdit()
@@ -170,6 +196,11 @@ void frmMain::connectMenus()
     connectCourts();
     connect(ui->mnuConnnectionConnect, &QAction::triggered, this,
             &frmMain::mnuConnnectionConnect_Click);
+    connect(&JobEvents::Of(), &JobEvents::ConnectWanted, this, [this] {
+        // The timer may not have looked since the link was lost.
+        CheckConnection();
+        mnuConnnectionConnect_Click();
+    });
     connect(ui->mnuConnectionDisConnect, &QAction::triggered, this,
             &frmMain::mnuConnectionDisConnect_Click);
     connect(ui->mnuConnectionStatus, &QAction::triggered, this,
@@ -181,7 +212,14 @@ void frmMain::connectMenus()
     connect(ui->mnuSearchHistory, &QAction::triggered, wanted, &SessionEvents::HistoryWanted);
     connect(ui->mnuSearchUsage, &QAction::triggered, wanted, &SessionEvents::UsageWanted);
     connect(ui->mnuCheckMsgs, &QAction::triggered, this, &frmMain::mnuCheckMsgs_Click);
-    connect(ui->mnuWindowCascade, &QAction::triggered, ui->mdiArea, &QMdiArea::cascadeSubWindows);
+    windows = new WindowMenu({.Menu = ui->mnuWindow,
+                              .Cascade = ui->mnuWindowCascade,
+                              .Tile = ui->mnuWindowTile,
+                              .Next = ui->mnuWindowNext,
+                              .Previous = ui->mnuWindowPrevious,
+                              .Close = ui->mnuWindowClose,
+                              .CloseAll = ui->mnuWindowCloseAll},
+                             ui->mdiArea);
     connect(ui->mnuHelpOnline, &QAction::triggered, this, &openSupportPage);
     connect(ui->mnuCourtDates, &QAction::triggered, this, &openSupportPage);
     connect(ui->mnuHelpAbout, &QAction::triggered, this,
@@ -253,6 +291,7 @@ void frmMain::ShowChild(FormWindow *child)
     // The child is deleted by its own rules, and may have to outlive its frame for a while.
     frame->setAttribute(Qt::WA_DeleteOnClose, false);
     frame->setWindowIcon(windowIcon());
+    WindowMenu::Adopt(frame);
     connect(child, &FormWindow::Unloaded, frame, [this, frame] {
         frame->setWidget(nullptr);
         ui->mdiArea->removeSubWindow(frame);
@@ -302,9 +341,8 @@ void frmMain::offerCommands()
     for (QAction *action :
          {ui->mnuFileSave, ui->tbToolBar_Save, ui->mnuFilePrint, ui->tbToolBar_Print})
         action->setEnabled(report);
-    const qsizetype children = childrenByActivation().size();
-    ui->mnuWindowCascade->setEnabled(children >= 1);
-    ui->tbToolBar_Back->setEnabled(children >= 2);
+    windows->OfferCommands();
+    ui->tbToolBar_Back->setEnabled(childrenByActivation().size() >= 2);
 }
 
 void frmMain::offerEditing()
@@ -373,6 +411,17 @@ void frmMain::SetNotice(const QString &text)
     notice->setVisible(!text.isEmpty());
 }
 
+void frmMain::showWaiting()
+{
+    const QString summary = waiting->Summary();
+    cmdWaiting->setText(summary);
+    cmdWaiting->setAccessibleName(u"Queue: "_s + summary);
+    QFont font = ui->sbStatusBar->font();
+    font.setBold(waiting->HeldUp());
+    cmdWaiting->setFont(font);
+    cmdWaiting->setVisible(!summary.isEmpty());
+}
+
 void frmMain::ShowConnection(bool connected)
 {
     const QString file = connected ? u"greenlt.bmp"_s : u"redlt.bmp"_s;
@@ -387,6 +436,9 @@ void frmMain::ShowConnection(bool connected)
     ui->mnuConnnectionConnect->setEnabled(!connected);
     ui->mnuConnectionDisConnect->setChecked(false);
     ui->mnuConnectionDisConnect->setEnabled(connected);
+    cmdConnect->setVisible(!connected);
+    if (connected)
+        Q_EMIT JobEvents::Of().Connected();
 }
 
 void frmMain::SetTxtConnectStatus(const QString &text)

@@ -13,6 +13,9 @@
 
 class EditCommands;
 class QMdiSubWindow;
+class QToolButton;
+class WaitingList;
+class WindowMenu;
 
 namespace Ui {
 class frmMain;
@@ -58,6 +61,9 @@ public:
     /// Takes the window away for good, asking first what `mode` has to ask. False when refused.
     bool Unload(UnloadMode mode);
 
+    /// What runs, what waits, and what holds the queue.
+    WaitingList *Waiting() const { return waiting; }
+
     /// A line in the status bar that stays, such as the one that marks practice records.
     void SetNotice(const QString &text);
 
@@ -72,6 +78,8 @@ protected:
 private:
     void Load();
     void makeStatusBar();
+    QToolButton *statusButton(const QString &name);
+    void showWaiting();
     void connectFileAndEdit();
     void connectMenus();
     void connectToolBar();
@@ -101,6 +109,10 @@ private:
 
     const std::unique_ptr<Ui::frmMain> ui;
     EditCommands *const edit;
+    WaitingList *const waiting;
+    WindowMenu *windows = nullptr;
+    QToolButton *cmdWaiting = nullptr;
+    QToolButton *cmdConnect = nullptr; ///< beside the lamp, while there is no connection
     std::array<QLabel *, 4> panels{};
     QLabel *lamp = nullptr;
     QLabel *notice = nullptr;

@@ -8,6 +8,7 @@
 #include "casedetails/frmOnDemand.h"
 #include "documents/frmAllDocuments.h"
 #include "documents/frmDocTransfer.h"
+#include "jobs/WaitingList.h"
 #include "namesearch/frmDiscisNCNameResults.h"
 #include "namesearch/frmDiscisNameResults.h"
 #include "namesearch/frmNameSearchResults.h"
@@ -27,6 +28,7 @@
 #include "session/frmInactivity.h"
 #include "session/frmLogin.h"
 #include "session/frmMsg.h"
+#include "session/frmWaiting.h"
 #include "support/HalvaneTest.h"
 #include "support/TestFolder.h"
 
@@ -69,6 +71,14 @@ QWidget *make<frmLogin>()
 }
 
 template<>
+QWidget *make<frmWaiting>()
+{
+    // It goes with the program.
+    static WaitingList list;
+    return new frmWaiting(&list);
+}
+
+template<>
 QWidget *make<PreviewDoc>()
 {
     auto *preview = new PreviewDoc(nullptr);
@@ -87,7 +97,7 @@ struct WindowRow
     const char *name;
     QWidget *(*make)();
 };
-constexpr std::array<WindowRow, 25> windows{{
+constexpr std::array<WindowRow, 26> windows{{
     {"dlgPrintMgr", make<dlgPrintMgr>},
     {"frmAbout", make<frmAbout>},
     {"frmAccounting", make<frmAccounting>},
@@ -112,6 +122,7 @@ constexpr std::array<WindowRow, 25> windows{{
     {"frmNameSearchResultsHelp", make<frmNameSearchResultsHelp>},
     {"frmOpts", make<frmOpts>},
     {"frmSearchHelp", make<frmSearchHelp>},
+    {"frmWaiting", make<frmWaiting>},
     {"PreviewDoc", make<PreviewDoc>},
 }};
 

@@ -9,8 +9,10 @@
 #include <QAction>
 #include <QDialog>
 #include <QLabel>
+#include <QPointer>
 #include <QPushButton>
 #include <QTest>
+#include <QToolButton>
 
 namespace {
 /// What a login asks, in this order.
@@ -31,6 +33,9 @@ class tst_LinkEnds : public ProgramTest
 private Q_SLOTS:
     void whatALinkLeaves_data();
     void whatALinkLeaves();
+    void whereItIsNoticedItCanBeConnectedAgain();
+    void theStatusBarOffersToConnect();
+    void aSearchBehindALostLinkOffersIt();
     void aLoginClosedInTheMiddleLetsNoJobIn_data();
     void aLoginClosedInTheMiddleLetsNoJobIn();
 
@@ -75,6 +80,72 @@ void tst_LinkEnds::whatALinkLeaves()
     QVERIFY(again);
     QVERIFY(desk->Finish(again));
     QCOMPARE(TextOf(again, "lblStatus"), u"Search Complete: 1 Cases Retrieved."_s);
+}
+
+void tst_LinkEnds::whereItIsNoticedItCanBeConnectedAgain()
+{
+    BeginSession();
+    Global.bShowAlerts = false;
+    FillForm();
+    court->Expect(SearchRequest()).Reply({ResultLine(u"A"_s)}).Drop();
+    const QPointer<frmNameSearchResults> lost(StartSearch());
+    QVERIFY(lost);
+    QVERIFY(!Child<QWidget>(lost, "lostLinkLine")->isVisible());
+    QVERIFY(desk->Finish(lost));
+    // What is said of the end stays as it is; this stands beside it.
+    QCOMPARE(TextOf(lost, "lblStatus"), u"Search Stopped - Court Connection Lost!"_s);
+    QVERIFY(Child<QWidget>(lost, "lostLinkLine")->isVisible());
+    // The timer has not looked yet.
+    QCOMPARE(TextOf(Main, "sbStatusBar_4"), u"Connected"_s);
+    Click(Child<QWidget>(lost, "lostLinkLine"), "cmdConnect");
+    beConnected(false);
+    QTRY_VERIFY(frmLogin::IsLoaded());
+    auto *login = Shown(u"frmLogin"_s);
+    QTRY_VERIFY(ButtonOf(login, "cmdLogin")->isEnabled());
+    desk->Boxes.Expect(u"A Login Error was Encountered! Error Response: Halvane Server "
+                       "Connection was Dropped!"_s,
+                       u"Login Error .."_s, MsgIcon::Exclamation);
+    TypeInto(login, "txtUsername", u"paralegal"_s);
+    Click(login, "cmdLogin");
+    QCOMPARE(TextOf(login, "lblStatus"), u"Connection Lost - Select Connect Again"_s);
+    Click(login, "cmdConnectAgain");
+    court->ExpectLogin(u"paralegal"_s, u"secret"_s);
+    LogIn();
+    beConnected(true);
+    QVERIFY(!Child<QWidget>(lost, "lostLinkLine")->isVisible());
+}
+
+void tst_LinkEnds::theStatusBarOffersToConnect()
+{
+    BeginSession();
+    Global.bShowAlerts = false;
+    const auto *button = Child<QToolButton>(Main, "cmdConnect");
+    QVERIFY(!button->isVisible());
+    ChooseEntry(u"mnuConnectionDisConnect"_s);
+    QVERIFY(button->isVisible());
+    QTest::mouseClick(Child<QToolButton>(Main, "cmdConnect"), Qt::LeftButton);
+    court->ExpectLogin(u"paralegal"_s, u"secret"_s);
+    LogIn();
+    QVERIFY(!button->isVisible());
+}
+
+/// It waited while the link was lost, and has its turn then. One that ends well offers nothing.
+void tst_LinkEnds::aSearchBehindALostLinkOffersIt()
+{
+    BeginSession();
+    Global.bShowAlerts = false;
+    FillForm();
+    court->Expect(SearchRequest()).Reply({ResultLine(u"A"_s), u"EOF~"_s});
+    frmNameSearchResults *well = StartSearch();
+    QVERIFY(desk->Finish(well));
+    frmNameSearchResults *waiting = StartSearch();
+    waiting->Timer1->stop();
+    court->DropClient();
+    QTRY_VERIFY(Global.bConnectionClosed);
+    waiting->Timer1->start(1);
+    QVERIFY(desk->Finish(waiting));
+    QVERIFY(Child<QWidget>(waiting, "lostLinkLine")->isVisible());
+    QVERIFY(!Child<QWidget>(well, "lostLinkLine")->isVisible());
 }
 
 /// A search that ends with its link.

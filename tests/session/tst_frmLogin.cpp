@@ -470,6 +470,7 @@ void tst_frmLogin::addressesAreTriedInOrderAndTheFailureIsReported()
                           u"Contacting Halvane Server .."_s, MsgIcon::Exclamation);
     const frmLogin *login = session->OpenLogin();
     QTRY_COMPARE(status(), u"Server Not Available .."_s);
+    QVERIFY(Child<QPushButton>(SessionFixture::LoginWindow(), "cmdConnectAgain")->isVisible());
     QStringList expected;
     const QStringList ports{u"80"_s, u"85"_s, u"85"_s, u"80"_s, u"80"_s,
                             u"85"_s, u"85"_s, u"80"_s, u"80"_s, u"85"_s};

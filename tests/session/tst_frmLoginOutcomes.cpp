@@ -49,6 +49,7 @@ private Q_SLOTS:
     void refusals_data();
     void refusals();
     void refusalAfterALostLinkAndTheWayBack();
+    void connectAgainKeepsWhatWasEntered();
     void clickWhileALoginIsBusyDoesNothing();
     void wrongPasswordThenTheRightOne();
 
@@ -247,9 +248,9 @@ void tst_frmLoginOutcomes::refusals_data()
     QTest::newRow("922") << QByteArray() << false << 922
                          << u"A Login Error was Encountered! Error Response: Timed Out Waiting For "
                             "Response from Server."_s
-                         << errorTitle << u"Logging On .."_s;
+                         << errorTitle << u"No Reply - Select Login to Try Again"_s;
     QTest::newRow("954") << QByteArray() << true << 954 << droppedText << errorTitle
-                         << u"Logging On .."_s;
+                         << u"Connection Lost - Select Connect Again"_s;
 }
 
 void tst_frmLoginOutcomes::refusals()
@@ -278,6 +279,7 @@ void tst_frmLoginOutcomes::refusals()
     QVERIFY(login->isVisible());
     QVERIFY(Child<QPushButton>(login, "cmdLogin")->isEnabled());
     QCOMPARE(Child<QLabel>(login, "lblStatus")->text(), status);
+    QCOMPARE(Child<QPushButton>(login, "cmdConnectAgain")->isVisible(), linkGone);
     QCOMPARE(Child<QLineEdit>(login, "txtUsername")->text(), u"User"_s);
     QCOMPARE(Global.bLoginBusy, false);
     QCOMPARE(Global.bLoggedIn, false);
@@ -302,6 +304,32 @@ void tst_frmLoginOutcomes::refusalAfterALostLinkAndTheWayBack()
     uneventfulReplies();
     Click(login, "cmdLogin");
     QCOMPARE(Global.bLoggedIn, true);
+}
+
+void tst_frmLoginOutcomes::connectAgainKeepsWhatWasEntered()
+{
+    const QPointer<frmLogin> login(ready());
+    const auto *again = Child<QPushButton>(login, "cmdConnectAgain");
+    QVERIFY(!again->isVisible());
+    static_cast<FakeSocket *>(Global.sckServer)->PeerCloses();
+    session->boxes.Expect(droppedText, errorTitle, MsgIcon::Exclamation);
+    Click(login, "cmdLogin");
+    QVERIFY(again->isVisible());
+    const qsizetype before = court().requests.size();
+    court().replies = {"|EOF~|"};
+    Click(login, "cmdConnectAgain");
+    QVERIFY(!again->isVisible());
+    QCOMPARE(TextOf(login, "lblStatus"), u"Enter User Name and Password to Continue .."_s);
+    QVERIFY(Child<QPushButton>(login, "cmdLogin")->isEnabled());
+    QCOMPARE(Child<QLineEdit>(login, "txtPassword")->text(), u"Pass"_s);
+    QVERIFY(!QApplication::overrideCursor());
+    uneventfulReplies();
+    Click(login, "cmdLogin");
+    QCOMPARE(Global.bLoggedIn, true);
+    QCOMPARE(court().requests.value(before), QByteArray("|GET_PRIV_MSG\xA6User\xA6Pass\xA6"
+                                                        "AppVer-9.00\xA6|"));
+    QCOMPARE(court().requests.value(before + 1), QByteArray("|LOGON\xA6User\xA6Pass\xA6"
+                                                            "AppVer-9.00\xA6|"));
 }
 
 void tst_frmLoginOutcomes::clickWhileALoginIsBusyDoesNothing()
