@@ -14,6 +14,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 constexpr qsizetype mostLines = 10'000;
+/// What ends a line; "\r\n" is one end.
+constexpr QStringView lineEnds = u"\n\r\v\f\u0085\u2028\u2029";
 constexpr qsizetype mostRows = 10'000;
 constexpr qsizetype longestLine = 2'000;
 constexpr qsizetype shownCharacters = 80;
@@ -246,21 +248,21 @@ void Reader::judge(ListedNumber row, const QString &number, const QString &doubt
 
 QList<ListedNumber> ReadNumberList(const QString &text, const NumberListCourt &court)
 {
-    static const QRegularExpression lineEnd(u"\r\n|[\n\r\v\f\u0085\u2028\u2029]"_s);
     Reader reader(court);
     int number = 0;
-    qsizetype from = 0;
-    while (from <= text.size()) {
+    for (qsizetype from = 0; from <= text.size();) {
         if (number == mostLines || reader.IsFull()) {
             reader.Add(number + 1, {},
                        u"The list is not read from this line on: it is too long."_s);
             break;
         }
-        const QRegularExpressionMatch end = lineEnd.match(text, from);
-        const qsizetype to = end.hasMatch() ? end.capturedStart() : text.size();
+        qsizetype to = from;
+        while (to < text.size() && !lineEnds.contains(text[to]))
+            ++to;
         // Longer than is read by one character, so that the reader sees that there is more.
         reader.Read(++number, text.mid(from, std::min(to - from, longestLine + 1)));
-        from = end.hasMatch() ? end.capturedEnd() : text.size() + 1;
+        const bool twoCharacters = QStringView(text).sliced(to).startsWith(u"\r\n");
+        from = to + (twoCharacters ? 2 : 1);
     }
     return reader.rows;
 }
