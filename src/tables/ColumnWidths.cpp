@@ -28,6 +28,8 @@ int LastColumnInSight(const QTableView *table)
 ColumnWidths::ColumnWidths(QTableView *table) : QObject(table), view(table)
 {
     view->horizontalHeader()->viewport()->installEventFilter(this);
+    connect(view->horizontalHeader(), &QHeaderView::sectionHandleDoubleClicked, this,
+            [this](int column) { fitted = column; });
 }
 
 void ColumnWidths::Begin(const QString &kind, const QList<int> &usual)
@@ -77,6 +79,8 @@ bool ColumnWidths::eventFilter(QObject *watched, QEvent *event)
     case QEvent::MouseButtonRelease:
         takeUserWidths();
         atPress.clear();
+        fitted = -1;
+        Q_EMIT Released();
         break;
     default:
         break;
@@ -89,7 +93,9 @@ void ColumnWidths::takeUserWidths()
     StoredWidths changed;
     for (int column = 0; column < atPress.size(); ++column) {
         const int width = view->columnWidth(column);
-        if (width != atPress[column] && !isStretched(column))
+        // Who fits a column wants it so, whether it was so already or not.
+        const bool wanted = width != atPress[column] || column == fitted;
+        if (wanted && !isStretched(column))
             changed.insert(nameOf(column), TwipsFromPixels(width));
     }
     if (changed.isEmpty())

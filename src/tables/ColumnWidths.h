@@ -38,6 +38,8 @@ public:
 Q_SIGNALS:
     /// The user has just given columns a width, or gone back to the usual ones (reset).
     void UserChanged(bool reset);
+    /// The user has let go of the header, whatever came of it.
+    void Released();
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -53,4 +55,5 @@ private:
     QList<int> usualTwips;
     StoredWidths users;
     QList<int> atPress; ///< in pixels, while a mouse button is down on the header
+    int fitted = -1;    ///< the column that a double click has just fitted to its texts
 };

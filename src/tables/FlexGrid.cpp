@@ -2,6 +2,7 @@
 
 #include "controls/Twips.h"
 #include "controls/WrappedText.h"
+#include "tables/ColumnRoom.h"
 #include "tables/ColumnWidths.h"
 #include "tables/GridHeader.h"
 #include "tables/RowFilter.h"
@@ -18,6 +19,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <numeric>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -102,6 +104,7 @@ void FlexGrid::Show(const GridTable &newTable)
     measured = 0;
     content.SetTable(newTable);
     header->setVisible(content.HasHeader());
+    needs.Begin(font(), content.Table());
     followsWindow = true;
     tools->Widths()->Begin(objectName(), QList<int>(content.columnCount(), 0));
     verticalScrollBar()->setValue(0);
@@ -214,9 +217,31 @@ void FlexGrid::shareColumns()
     // The last column takes what is left; it would not become narrower than it was set.
     if (fills)
         pixels[last] = least;
+    else
+        pixels = withRoom(pixels);
     for (int column = 0; column < pixels.size(); ++column)
         widths->SetUsual(column, TwipsFromPixels(pixels[column]));
     header->StretchLast();
+}
+
+/// Columns that leave a part of the grid free get what keeps their texts in one line, as far as
+/// there is room.
+QList<int> FlexGrid::withRoom(const QList<int> &pixels) const
+{
+    const int room = viewport()->width() - std::accumulate(pixels.begin(), pixels.end(), 0);
+    if (room <= 0)
+        return pixels;
+    QList<ColumnNeed> columns;
+    for (int column = 0; column < pixels.size(); ++column) {
+        const bool stays = isColumnHidden(column) || tools->Widths()->IsUsers(column);
+        columns.append({pixels[column], stays ? 0 : needs.Needed(content.Table(), column)});
+    }
+    return WithRoom(columns, room);
+}
+
+int FlexGrid::sizeHintForColumn(int column) const
+{
+    return std::min(needs.Needed(content.Table(), column), viewport()->width());
 }
 
 QList<int> FlexGrid::columnWidths() const
@@ -492,6 +517,7 @@ void FlexGrid::changeEvent(QEvent *event)
     case QEvent::StyleChange:
         // What was measured is wrong now, in sight or not.
         widthsMeasuredFor.clear();
+        needs.Begin(font(), content.Table());
         setLeastWidth();
         if (isVisible() && !layOutOnShow) {
             shareColumns();

@@ -2,6 +2,7 @@
 
 #include "tables/ColumnShares.h"
 #include "tables/GridModel.h"
+#include "tables/GridNeeds.h"
 
 #include <QTableView>
 #include <QTimer>
@@ -52,6 +53,8 @@ public:
 
     void scrollTo(const QModelIndex &index, ScrollHint hint = EnsureVisible) override;
     void keyboardSearch(const QString &search) override;
+    /// What a double click on the border of a column makes it: no wider than the grid.
+    int sizeHintForColumn(int column) const override;
 
 Q_SIGNALS:
     /// A row was double-clicked, or Enter pressed on it; rows are counted as in Cell.
@@ -82,6 +85,7 @@ private:
     void hideColumns();
     void shareColumns();
     QList<int> columnWidths() const;
+    QList<int> withRoom(const QList<int> &pixels) const;
     void userChangedColumns(bool reset);
 
     void setLeastWidth();
@@ -109,6 +113,7 @@ private:
     int measured = 0;
     int nextRow = 0; ///< no row before it is left to measure
     QList<int> widthsMeasuredFor;
+    mutable GridNeeds needs;
     QTimer idleTimer;
     QTimer settleTimer; ///< runs while the widths change
 };

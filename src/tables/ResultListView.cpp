@@ -2,7 +2,7 @@
 
 #include "controls/Twips.h"
 #include "controls/WrappedText.h"
-#include "tables/ColumnWidths.h"
+#include "tables/ListRoom.h"
 #include "tables/RowFilter.h"
 #include "tables/TableLook.h"
 #include "tables/TableTools.h"
@@ -59,6 +59,7 @@ ResultListView::ResultListView(QWidget *parent) : QTableView(parent), list(this)
     horizontalHeader()->setStretchLastSection(true);
     horizontalHeader()->setMinimumSectionSize(PixelsFromTwips(30));
     tools = new TableTools(this);
+    room = new ListRoom(this, tools->Widths());
     connectHeader();
     connect(selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &ResultListView::SelectedRowChanged);
@@ -90,10 +91,7 @@ void ResultListView::SetColumns(const ListLayout &layout)
     list.SetColumns(columns);
     orderColumns();
     fitTitles(columns);
-    QList<int> usual;
-    for (const ListColumn &column : columns)
-        usual.append(column.Width);
-    tools->Widths()->Begin(layout.Kind, usual);
+    room->Begin(layout.Kind, columns);
 }
 
 /// The last column takes the room that is left. One too narrow to be seen is meant to stay so: it
@@ -139,7 +137,12 @@ void ResultListView::WidenForCell(int row, int column)
 
 void ResultListView::SetColumnTwips(int column, int twips)
 {
-    tools->Widths()->SetUsual(column, twips);
+    room->SetUsual(column, twips);
+}
+
+int ResultListView::sizeHintForColumn(int column) const
+{
+    return std::min(room->Needed(column), viewport()->width());
 }
 
 void ResultListView::UseSmallText()
@@ -155,6 +158,20 @@ void ResultListView::followFont()
     largeFont = smallText ? SmallerFont(font(), 1.0 / smallFontScale) : font();
     verticalHeader()->setDefaultSectionSize(QFontMetrics(largeFont).height() + rowPaddingPixels);
     fitTitles(list.Columns());
+    if (room)
+        room->MeasureAgain();
+}
+
+void ResultListView::resizeEvent(QResizeEvent *event)
+{
+    QTableView::resizeEvent(event);
+    room->Share();
+}
+
+void ResultListView::showEvent(QShowEvent *event)
+{
+    QTableView::showEvent(event);
+    room->Share();
 }
 
 void ResultListView::changeEvent(QEvent *event)

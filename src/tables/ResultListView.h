@@ -4,6 +4,7 @@
 
 #include <QTableView>
 
+class ListRoom;
 class TableTools;
 
 /// The columns of a list, and the kind of list they are of: columns of one kind keep the widths
@@ -15,7 +16,8 @@ struct ListLayout
 };
 
 /// The list of a results window: whole rows are selected, columns have the widths of their table
-/// (in twips), rows have one fixed height, so that a hundred thousand of them cost what ten do.
+/// (in twips) and what is cut in them gets the room that is left, rows have one fixed height, so
+/// that a hundred thousand of them cost what ten do.
 class ResultListView : public QTableView
 {
     Q_OBJECT
@@ -55,6 +57,8 @@ public:
     int SelectedRow() const;
 
     void keyboardSearch(const QString &search) override;
+    /// What a double click on the border of a column makes it: no wider than the list.
+    int sizeHintForColumn(int column) const override;
 
 Q_SIGNALS:
     void HeaderClicked(int column);
@@ -69,6 +73,8 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void changeEvent(QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void showEvent(QShowEvent *event) override;
 
 private:
     void connectHeader();
@@ -85,4 +91,5 @@ private:
     int arrowColumn = -1;
     Qt::SortOrder arrowOrder = Qt::AscendingOrder;
     TableTools *tools = nullptr;
+    ListRoom *room = nullptr;
 };
