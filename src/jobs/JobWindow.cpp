@@ -82,9 +82,10 @@ void JobWindow::ShowState()
 void JobWindow::showBeginning()
 {
     stopButton->setEnabled(true);
-    blinking = true;
+    blinking = !job->Kind().KeepsStatus;
     BlinkOn = false;
-    tmrBlink->start();
+    if (blinking)
+        tmrBlink->start();
     voice->Started();
 }
 

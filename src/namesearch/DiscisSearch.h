@@ -53,6 +53,7 @@ public:
     /// Whether a run has ended and the list that is behind has something to show.
     bool CanToggle() const { return canToggle; }
     ResultKind KindOfNames() const;
+    int RowsThere() const override { return DiscisSearch::RowsThere() + Names.Count(); }
 
     const QString lblDNDorSNCI; ///< "SNCI", or "DND" for defendants with addresses
     RowTable Names;             ///< the people of one name
@@ -69,10 +70,14 @@ protected:
     void ShowStopped(StopCase stopCase) override;
     void ShowCompletion() override;
     void EndSearch(SearchOutcome outcome) override;
+    bool NamesPerson(const QString &row) const override;
+    void BeginRetry() override { allowRetrieval(false); }
+    void EndRetry(SearchOutcome outcome) override;
 
 private:
-    void showCaseColumnsAgain();
+    void allowLists();
     void allowRetrieval(bool allowed);
+    void bringToFront(bool names);
 
     bool namesRetrievable = false;
     bool canToggle = false;
