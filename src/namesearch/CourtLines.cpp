@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 void CourtLines::List(const QStringList &requests,
                       const std::function<QString(const QString &request)> &courtOf)
 {
@@ -28,20 +30,33 @@ void CourtLines::forgetRepeated(const QStringList &requests)
         parts.remove(request);
 }
 
-QList<qsizetype> CourtLines::Missing() const
+QList<qsizetype> CourtLines::missing() const
 {
-    QList<qsizetype> missing;
+    QList<qsizetype> found;
     for (qsizetype i = 0; i < lines.size(); ++i) {
         if (IsMissing(lines[i].State))
-            missing.append(i);
+            found.append(i);
     }
-    return missing;
+    return found;
 }
 
-void CourtLines::WaitAgain(const QList<qsizetype> &again)
+const QList<qsizetype> &CourtLines::BeginRetry()
 {
-    for (const qsizetype line : again)
+    toRetry = missing();
+    added = 0;
+    for (const qsizetype line : std::as_const(toRetry))
         lines[line].State = AnswerState::Waiting;
+    return toRetry;
+}
+
+QString CourtLines::RetryResult(bool stopped) const
+{
+    const auto answered = std::count_if(toRetry.begin(), toRetry.end(), [this](qsizetype line) {
+        return !IsMissing(lines.at(line).State);
+    });
+    return (stopped ? u"Retry stopped: "_s : u"Retry ended: "_s) + QString::number(answered)
+           + u" of "_s + QString::number(toRetry.size()) + u" answered, "_s + QString::number(added)
+           + (added == 1 ? u" row added."_s : u" rows added."_s);
 }
 
 void CourtLines::Ask(qsizetype line)
@@ -65,8 +80,10 @@ bool CourtLines::TakeRow(const QString &row, bool isName)
     ++came[row];
     ++(isName ? lines[asked].Names : lines[asked].Cases);
     const auto known = expected.find(row);
-    if (known == expected.end() || known.value() == 0)
+    if (known == expected.end() || known.value() == 0) {
+        ++added;
         return true;
+    }
     --known.value();
     return false;
 }

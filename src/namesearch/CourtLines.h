@@ -26,10 +26,12 @@ public:
     /// The line of a request of the run, by its number in it.
     qsizetype OfRun(int number) const { return firstOfRun + number; }
 
-    /// The lines of which something is missing.
-    QList<qsizetype> Missing() const;
-    /// They will be asked for again.
-    void WaitAgain(const QList<qsizetype> &again);
+    /// Whether a line has something missing.
+    bool AnyMissing() const { return !missing().isEmpty(); }
+    /// Those lines wait again. Gives their numbers, in order.
+    const QList<qsizetype> &BeginRetry();
+    /// What has come of them, in a sentence.
+    QString RetryResult(bool stopped) const;
 
     /// This line is asked now.
     void Ask(qsizetype line);
@@ -49,12 +51,15 @@ public:
     void EndRun();
 
 private:
+    QList<qsizetype> missing() const;
     void end(AnswerState state);
     void forgetRepeated(const QStringList &requests);
 
     QList<CourtAnswer> &lines;
     qsizetype firstOfRun = 0;
     qsizetype asked = -1; ///< the line that is being asked
+    QList<qsizetype> toRetry;
+    int added = 0; ///< rows that the retry has brought
     float startedAt = 0;
     QHash<QString, int> came; ///< the rows of this answer, and how often each has come
 

@@ -85,7 +85,7 @@ NameSearch::ReplyEffect CourtSearch::takeIndexReply(const QString &reply)
     case IndexReplyKind::Error:
         ServerErrorSeen = true;
         ServerErrorText = TrimBlanks(reply);
-        TakeCourtError(ServerErrorText.section(u'~', 1));
+        courts.TakeError(ServerErrorText.section(u'~', 1));
         break;
     case IndexReplyKind::Warning:
         ServerWarningSeen = true;

@@ -53,7 +53,6 @@ public:
     /// Whether a run has ended and the list that is behind has something to show.
     bool CanToggle() const { return canToggle; }
     ResultKind KindOfNames() const;
-    int RowsThere() const override { return DiscisSearch::RowsThere() + Names.Count(); }
 
     const QString lblDNDorSNCI; ///< "SNCI", or "DND" for defendants with addresses
     RowTable Names;             ///< the people of one name

@@ -201,7 +201,7 @@ NameSearch::ReplyEffect NameSearch::TakeReply(const QString &reply)
         break;
     case ReplyKind::Error:
         Record.SearchIncomplete = true;
-        TakeCourtError(reply.sliced(errorWordLength));
+        courts.TakeError(reply.sliced(errorWordLength));
         WriteAppInfo(u"Error Response Received in Task Processor.."_s);
         break;
     case ReplyKind::Progress:

@@ -75,8 +75,6 @@ public:
     /// SortColumnName as it is at first.
     QString FirstSortColumn() const { return differences.sortColumn.toString(); }
     int RowCount() const { return Record.Rows.Count(); }
-    /// The number of rows that the court has sent and that are there, in all lists of the search.
-    virtual int RowsThere() const { return Record.TooManyToList ? 0 : RowCount(); }
 
 Q_SIGNALS:
     /// The columns are others now: one that says that there is too much, or those of the kind.
@@ -109,8 +107,6 @@ protected:
     virtual bool NamesPerson(const QString & /*row*/) const { return false; }
     /// What the server says is wrong when a message of its own ends the search; "" when nothing is.
     virtual QString ServerTrouble() const { return {}; }
-    /// The court says that something is wrong with the request that is asked.
-    void TakeCourtError(const QString &reply) { courts.TakeError(reply); }
     virtual void BeginRetry() {}
     /// The last steps of a retry: nothing that the search says of its end changes.
     virtual void EndRetry(SearchOutcome outcome);
@@ -141,6 +137,8 @@ protected:
     void StopDone() override;
     void GivenUp() override;
 
+    CourtLines courts{Record.Courts}; ///< writes them
+
 private:
     std::optional<SearchOutcome> readReplies();
     SearchOutcome runRequests();
@@ -152,8 +150,6 @@ private:
     void noteOutcome(SearchOutcome outcome);
     void leaveRequests();
     void endRetryState(bool stopped);
-    void sayRetry(const QString &text);
-    QString retryResult(bool stopped) const;
     void showStoppedTexts(StopCase stopCase);
     void takeRow(const QString &reply);
     void addMaxResultsRows();
@@ -168,7 +164,6 @@ private:
     bool CriteriaShown = false;
     bool stoppedByUser = false; ///< this time; StopRequested is for all pages of an index
 
-    CourtLines courts{Record.Courts};
     QString lostBecause; ///< why a request ended as lost
     bool retrying = false;
     QList<qsizetype> toRetry; ///< the lines of Record.Courts that the retry asks
@@ -177,6 +172,5 @@ private:
     {
         bool Stopped = false;
         bool Incomplete = false;
-        int Rows = 0;
     } before;
 };

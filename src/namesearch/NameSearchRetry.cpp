@@ -7,8 +7,6 @@
 #include "namesearch/CourtNames.h"
 #include "namesearch/NameSearch.h"
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
 void NameSearch::listCourts()
@@ -51,7 +49,7 @@ void NameSearch::leaveRequests()
 bool NameSearch::CanRetry() const
 {
     return State() == JobState::Over && !HasTurn() && !retrying && !IsGivenUp()
-           && !courts.Missing().isEmpty();
+           && courts.AnyMissing();
 }
 
 void NameSearch::RetryFailed()
@@ -60,18 +58,18 @@ void NameSearch::RetryFailed()
         return;
     Global.bStopRequested = false;
     Global.bUserStoppedSearch = false;
-    toRetry = courts.Missing();
-    courts.WaitAgain(toRetry);
-    before = {.Stopped = StopRequested, .Incomplete = Record.SearchIncomplete, .Rows = RowsThere()};
+    toRetry = courts.BeginRetry();
+    before = {.Stopped = StopRequested, .Incomplete = Record.SearchIncomplete};
     StopRequested = false;
     stoppedByUser = false;
     retrying = true;
     BeginRetry();
     Withdraw();
     txtMasterKey = MakeMasterKey();
-    sayRetry(u"Retry: waiting .."_s);
+    Record.RetryText = u"Retry: waiting .."_s;
     Restart(JobKindName::SearchRetry, Timer1);
     Q_EMIT Changed();
+    Q_EMIT CourtsChanged();
 }
 
 /// In the order of the first asking, line by line as the search itself: the same answers end it.
@@ -107,28 +105,11 @@ void NameSearch::EndRetry(SearchOutcome outcome)
 /// The search is again what it was, but for its rows.
 void NameSearch::endRetryState(bool stopped)
 {
-    Record.RetryText = retryResult(stopped);
+    Record.RetryText = courts.RetryResult(stopped);
     WriteAppInfo(Record.RetryText);
     StopRequested = before.Stopped;
     Record.SearchIncomplete = before.Incomplete;
     retrying = false;
-}
-
-QString NameSearch::retryResult(bool stopped) const
-{
-    const auto answered = std::count_if(toRetry.begin(), toRetry.end(), [this](qsizetype line) {
-        return !IsMissing(Record.Courts.at(line).State);
-    });
-    const int added = RowsThere() - before.Rows;
-    return (stopped ? u"Retry stopped: "_s : u"Retry ended: "_s) + QString::number(answered)
-           + u" of "_s + QString::number(toRetry.size()) + u" answered, "_s + QString::number(added)
-           + (added == 1 ? u" row added."_s : u" rows added."_s);
-}
-
-void NameSearch::sayRetry(const QString &text)
-{
-    Record.RetryText = text;
-    Q_EMIT CourtsChanged();
 }
 
 void NameSearch::GivenUp()
