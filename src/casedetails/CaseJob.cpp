@@ -126,9 +126,14 @@ void CaseJob::BuildTabRequests()
     }
 }
 
-void CaseJob::BeginTick()
+void CaseJob::ShowCriteria()
 {
     Sheet.SetHeader(&CaseRecord::Caption, u"Case Details ("_s + Record.txtCaseNumber + u')');
+}
+
+void CaseJob::BeginTick()
+{
+    ShowCriteria();
     if (Record.IsBankruptcy()) {
         RequestsBuilt = true;
         Record.chkBK = true;

@@ -33,6 +33,7 @@ public:
     void ActivateTab(const QString &caption);
     /// Starts a later run, which fetches what is chosen when its box is reached.
     void SearchNow();
+    void ShowCriteria() override;
     /// Makes the table of a tab from its reply, which is in lboxResponses. Not for the Summary.
     /// Throws what goes wrong.
     virtual void ShowTab(CaseTab tab, bool incomplete, const QString &request);

@@ -127,7 +127,7 @@ void Job::AskTurn(const TurnRequest &request)
     case Turn::Taken:
         linkWasTaken = true;
         if (!kind->LinkTaken.isEmpty())
-            SetStatus(kind->LinkTaken.toString());
+            sayOfKind(kind->LinkTaken);
         request.Timer->start();
         Q_EMIT StateChanged();
         return;
@@ -154,7 +154,7 @@ void Job::takeTurn(const TurnRequest &request)
     Q_EMIT JobEvents::Of().TurnTaken(this);
     linkWasTaken = false;
     setState(JobState::Taken);
-    SetStatus(kind->Working.toString());
+    sayOfKind(kind->Working);
     setState(JobState::Running);
     request.Run();
 }
@@ -173,6 +173,13 @@ void Job::SetStatus(const QString &text, StatusStyle style)
 {
     Status.Set(text, style);
     Q_EMIT Changed();
+}
+
+/// What a kind of job says by itself.
+void Job::sayOfKind(QStringView text, StatusStyle style)
+{
+    if (!kind->KeepsStatus)
+        SetStatus(text.toString(), style);
 }
 
 void Job::SetOver()
@@ -248,7 +255,7 @@ void Job::ShowStoppedStatus()
 {
     Timer1->stop();
     setState(HasTurn() ? JobState::Stopping : JobState::Over);
-    SetStatus(kind->Stopped.toString(), StatusStyle::TroubleBold);
+    sayOfKind(kind->Stopped, StatusStyle::TroubleBold);
 }
 
 void Job::StopCurrentSearch()

@@ -100,6 +100,10 @@ public:
     /// Takes the key out of the queue, wherever it stands.
     void Withdraw();
 
+    /// Shows what the job is about, before its window comes on the screen. It needs no turn for
+    /// that.
+    virtual void ShowCriteria() {}
+
     /// Stops the job on the user's word: withdraws it while it waits, and tells the court while it
     /// runs.
     void Stop();
@@ -190,6 +194,7 @@ private:
     void tick();
     void takeTurn(const TurnRequest &request);
     void setState(JobState newState);
+    void sayOfKind(QStringView text, StatusStyle style = StatusStyle::Unchanged);
     void endScope();
 
     const JobKind *kind;

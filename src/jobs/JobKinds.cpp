@@ -33,6 +33,13 @@ constexpr JobKind withWorking(JobKind kind, QStringView working)
     return kind;
 }
 
+constexpr JobKind retryOf(JobKind kind)
+{
+    kind.StoppedByAll = u"INCOMPLETE EXIT - from Timer1 - Retry of Failed Requests.";
+    kind.KeepsStatus = true;
+    return kind;
+}
+
 constexpr JobKind caseRun(int turn, int workingBlink, QStringView stoppedByAll)
 {
     JobKind kind = nameSearch;
@@ -63,9 +70,10 @@ constexpr JobKind documents(QStringView stoppedByAll, QStringView name)
 }
 
 /// In the order of JobKindName.
-constexpr std::array<JobKind, 6> kinds{
+constexpr std::array<JobKind, 7> kinds{
     nameSearch,
     withWorking(nameSearch, u"S e a r c h i n g .."),
+    retryOf(nameSearch),
     caseRun(2000, 700, u"INCOMPLETE EXIT - from Timer1 - Case Details."),
     caseRun(900, 500, u"INCOMPLETE EXIT - from OnDemandTimer1 - Case Details."),
     // A document is stopped in the words of its case.

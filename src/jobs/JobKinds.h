@@ -25,12 +25,15 @@ struct JobKind
     QStringView StopNotSent; ///< with the description of the error behind it
 
     QStringView Name; ///< in a list of all jobs
+    /// The line of status stays as the run before it has left it, and does not blink.
+    bool KeepsStatus = false;
 };
 
 /// The kinds there are.
 enum class JobKindName {
     NameSearch,
     CivilNameSearch, ///< says that it searches in words of its own
+    SearchRetry,     ///< asks again for what failed in a search
     Case,            ///< the first run of a case
     CaseOnDemand,    ///< its later runs
     Document,        ///< one document of a case

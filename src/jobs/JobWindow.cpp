@@ -121,9 +121,10 @@ void JobWindow::showBeginning()
 {
     settleLostLink();
     stopButton->setEnabled(true);
-    blinking = true;
+    blinking = !job->Kind().KeepsStatus;
     BlinkOn = false;
-    tmrBlink->start();
+    if (blinking)
+        tmrBlink->start();
     voice->Started();
 }
 

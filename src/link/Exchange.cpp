@@ -42,6 +42,11 @@ SendStatus InterruptExchange(const QString &request)
     return SendReq(request);
 }
 
+bool IsLinkUp()
+{
+    return Global.sckServer && Global.sckServer->State() == SocketState::Connected;
+}
+
 ReadStatus ReadReply(const std::function<bool(const Response &response)> &take, EachRound round)
 {
     for (;;) {

@@ -20,6 +20,9 @@ SendStatus BeginExchange(const QString &request);
 /// stays: it belongs to whoever reads the exchange. Gives what SendReq gives.
 SendStatus InterruptExchange(const QString &request);
 
+/// Whether there is a connection that something can be asked over.
+bool IsLinkUp();
+
 /// Whether the event loop has a turn of its own after each token, beyond those of the waiting.
 enum class EachRound { Yields, GoesOn };
 

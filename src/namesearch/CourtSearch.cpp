@@ -85,6 +85,7 @@ NameSearch::ReplyEffect CourtSearch::takeIndexReply(const QString &reply)
     case IndexReplyKind::Error:
         ServerErrorSeen = true;
         ServerErrorText = TrimBlanks(reply);
+        courts.TakeError(ServerErrorText.section(u'~', 1));
         break;
     case IndexReplyKind::Warning:
         ServerWarningSeen = true;
@@ -92,7 +93,7 @@ NameSearch::ReplyEffect CourtSearch::takeIndexReply(const QString &reply)
         WriteAppInfo(u"Error or Warning Message Received During Index Search: "_s + reply);
         return {.EndsSearch = SearchOutcome::ServerMessage};
     case IndexReplyKind::Row:
-        AddRow(TrimBlanks(reply));
+        AddRowOnce(TrimBlanks(reply));
         break;
     }
     return {};
@@ -127,7 +128,12 @@ void CourtSearch::showServerMessage()
 
 void CourtSearch::offerNextPage()
 {
-    const NextPage page = NextPageOf(ServerWarningText, Global.intMaxIndexResults);
+    offerPage(NextPageOf(ServerWarningText, Global.intMaxIndexResults));
+    ShowCount(RowCount());
+}
+
+void CourtSearch::offerPage(const NextPage &page)
+{
     const QString request = PageRequest(lboxQueue.List(0), page);
     NextLowerLimit = page.Lower;
     NextUpperLimit = page.Upper;
@@ -136,7 +142,37 @@ void CourtSearch::offerNextPage()
     lboxQueue.AddItem(request);
     pageOffered = true;
     pageTaken = false;
-    ShowCount(RowCount());
+}
+
+QString CourtSearch::ServerTrouble() const
+{
+    const QString error = ServerErrorSeen ? ServerErrorText : QString();
+    if (ServerMessageRowOf(error, ServerWarningText).pageLimit)
+        return {};
+    return (error.isEmpty() ? ServerWarningText : error).section(u'~', 1);
+}
+
+/// A page that came only now has brought the offer of the next with it, or is the last one.
+void CourtSearch::EndRetry(SearchOutcome outcome)
+{
+    if (outcome == SearchOutcome::ServerMessage && ServerTrouble().isEmpty())
+        offerPageOfRetry();
+    else if (outcome == SearchOutcome::Completed && Record.chkIndexSearch && pageTaken)
+        pageOffered = false;
+    clearServerTexts();
+    NameSearch::EndRetry(outcome);
+}
+
+/// Not a page that was offered before: it may have been asked for since.
+void CourtSearch::offerPageOfRetry()
+{
+    try {
+        const NextPage page = NextPageOf(ServerWarningText, Global.intMaxIndexResults);
+        if (!pageOffered || page.Lower > NextLowerLimit)
+            offerPage(page);
+    } catch (const RunTimeError &error) {
+        WriteAppInfo(u"Cannot read the page limit: "_s + error.Description());
+    }
 }
 
 void CourtSearch::clearServerTexts()

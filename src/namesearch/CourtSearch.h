@@ -1,6 +1,7 @@
 #pragma once
 
 #include "namesearch/NameSearch.h"
+#include "namesearch/ServerMessages.h"
 
 /// A Superior, Oregon, Idaho, Bankruptcy or Index name search.
 ///
@@ -21,6 +22,8 @@ public:
     void GetNextPage();
     bool PageOffered() const { return pageOffered; }
     bool PageTaken() const { return pageTaken; }
+    /// Whether that page can be asked for now: not while failed requests are retried.
+    bool CanTakePage() const { return pageOffered && !pageTaken && !IsRetrying(); }
     /// How many rows that page has, as the server wrote it.
     QString PageCount() const { return pageCount; }
 
@@ -35,6 +38,8 @@ protected:
     ReplyEffect TakeReply(const QString &reply) override;
     void EndSearch(SearchOutcome outcome) override;
     void WithdrawOffer() override;
+    QString ServerTrouble() const override;
+    void EndRetry(SearchOutcome outcome) override;
 
 private:
     /// By what the search is now: its starter may have taken the index mark back after the load.
@@ -42,6 +47,8 @@ private:
     ReplyEffect takeIndexReply(const QString &reply);
     void showServerMessage();
     void offerNextPage();
+    void offerPage(const NextPage &page);
+    void offerPageOfRetry();
     void clearServerTexts();
 
     bool pageOffered = false;

@@ -78,9 +78,25 @@ void NonCivilSearch::AddRow(const QString &row)
     } else {
         DiscisSearch::AddRow(row);
     }
-    // What comes goes in front.
     if (isName != ShowingDupes)
+        bringToFront(isName);
+}
+
+/// What comes goes in front. A retry leaves in front what the user looks at, and its words, as long
+/// as there is something to look at.
+void NonCivilSearch::bringToFront(bool names)
+{
+    if (!IsRetrying()) {
         ToggleDupesView();
+    } else if ((names ? RowCount() : Names.Count()) == 0) {
+        ShowingDupes = names;
+        Q_EMIT Toggled();
+    }
+}
+
+bool NonCivilSearch::NamesPerson(const QString &row) const
+{
+    return IsDuplicateName(row);
 }
 
 void NonCivilSearch::AddDupeRow(const QString &row)
@@ -116,7 +132,7 @@ void NonCivilSearch::RetrieveCheckedNames()
         lboxQueue.AddItem(CasesOfNameRequest(lblDNDorSNCI, searchedFor, cells, Names.Key(row)));
         Names.SetCell(row, 0, MarkedAsRetrieved(cells[0]));
     }
-    showCaseColumnsAgain();
+    ShowCaseColumnsAgain();
     allowRetrieval(false);
     Record.SortColumnName = FirstSortColumn();
     Q_EMIT SortForgotten();
@@ -127,16 +143,6 @@ void NonCivilSearch::RetrieveCheckedNames()
     SetStatus(Kind().Pending.toString(), StatusStyle::NormalBold);
     ShowInProgress();
     SearchAgain();
-}
-
-/// A search that found too many and listed none has put a notice in the place of the cases.
-void NonCivilSearch::showCaseColumnsAgain()
-{
-    if (!Record.TooManyToList)
-        return;
-    Record.Rows.Clear();
-    Record.TooManyToList = false;
-    Q_EMIT ColumnsChanged();
 }
 
 /// A run walks the request lines and must not have them replaced under it.
@@ -173,7 +179,18 @@ void NonCivilSearch::ShowCompletion()
 void NonCivilSearch::EndSearch(SearchOutcome outcome)
 {
     DiscisSearch::EndSearch(outcome);
-    // However it ended: what came is there to be looked at.
+    allowLists();
+}
+
+void NonCivilSearch::EndRetry(SearchOutcome outcome)
+{
+    DiscisSearch::EndRetry(outcome);
+    allowLists();
+}
+
+/// However a run ended: what came is there to be looked at.
+void NonCivilSearch::allowLists()
+{
     canToggle = (ShowingDupes ? RowCount() : Names.Count()) > 0;
     allowRetrieval(true);
 }

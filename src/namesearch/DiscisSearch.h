@@ -69,10 +69,14 @@ protected:
     void ShowStopped(StopCase stopCase) override;
     void ShowCompletion() override;
     void EndSearch(SearchOutcome outcome) override;
+    bool NamesPerson(const QString &row) const override;
+    void BeginRetry() override { allowRetrieval(false); }
+    void EndRetry(SearchOutcome outcome) override;
 
 private:
-    void showCaseColumnsAgain();
+    void allowLists();
     void allowRetrieval(bool allowed);
+    void bringToFront(bool names);
 
     bool namesRetrievable = false;
     bool canToggle = false;

@@ -4,6 +4,7 @@
 #include "controls/StatusColour.h"
 #include "controls/Twips.h"
 #include "core/Log.h"
+#include "namesearch/CourtStrip.h"
 #include "namesearch/ResultColumns.h"
 #include "tables/ResultListView.h"
 
@@ -53,6 +54,27 @@ void NameResultsWindow::load(QLabel *lblStatus, QPushButton *cmdStopSearching)
     // The button is enabled when a search ends.
     connect(printButton, &QPushButton::clicked, this, &NameResultsWindow::PrintDirect);
     StartJob({lblStatus, cmdStopSearching, listview1, listview1});
+}
+
+void NameResultsWindow::connectStrip(CourtStrip *strip)
+{
+    courtStrip = strip;
+    courtStrip->Follow(search);
+    courtStrip->FollowInTabOrder(LastList());
+    connect(courtStrip, &CourtStrip::RetryWanted, this, &NameResultsWindow::retryFailed);
+    connect(search, &NameSearch::RetryEnded, this, [this] {
+        FlushRows();
+        courtStrip->Speak();
+    });
+}
+
+void NameResultsWindow::retryFailed()
+{
+    // Without a link it would fail again, and a moment later.
+    if (!MaySearch() || !search->CanRetry())
+        return;
+    TurnOff(courtStrip->RetryButton());
+    search->RetryFailed();
 }
 
 void NameResultsWindow::ShowHeaderIcon(int column, Qt::SortOrder order, bool show)

@@ -9,6 +9,7 @@
 
 #include <memory>
 
+class CourtStrip;
 class QLineEdit;
 class ResultListView;
 struct ListLayout;
@@ -82,6 +83,7 @@ protected:
         countyList = ui.txtCountyList;
         listview1 = ui.listview1;
         printButton = ui.cmdSearchResults_2;
+        connectStrip(ui.courtStrip);
         connectList(ui.cmdSearchResults_0);
         load(ui.lblStatus, ui.cmdStopSearching);
     }
@@ -95,6 +97,8 @@ protected:
     /// Shows every row that has come.
     virtual void FlushRows();
     static ListLayout ListColumnsOf(ResultKind kind);
+    /// The list above the strip of the courts: the Tab key goes on from it.
+    virtual ResultListView *LastList() const { return listview1; }
     /// The list that a report is about: the one in front.
     virtual ReportedList Reported() const { return CasesOf(search->Record); }
     void ConnectReportButtons(QPushButton *save, QPushButton *email);
@@ -118,6 +122,8 @@ private:
 
     void load(QLabel *lblStatus, QPushButton *cmdStopSearching);
     void connectList(QPushButton *retrieve);
+    void connectStrip(CourtStrip *strip);
+    void retryFailed();
     void chooseRow(int row);
     void showCount();
     void showColumns();
@@ -133,6 +139,7 @@ private:
     QLineEdit *countyList = nullptr;
     ResultListView *listview1 = nullptr;
     QPushButton *printButton = nullptr;
+    CourtStrip *courtStrip = nullptr;
     QPushButton *retrieveButton = nullptr;
     QString shownCaption;
     QString shownCounties;

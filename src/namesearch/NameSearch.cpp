@@ -18,6 +18,10 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+constexpr qsizetype errorWordLength = 5;
+} // namespace
+
 NameSearch::NameSearch(JobKindName name, ResultsWindow window)
     : Job(name), jobKind(name), differences(ResultsWindowRowOf(window))
 {
@@ -52,10 +56,17 @@ void NameSearch::BeginSearching()
 void NameSearch::SearchAgain()
 {
     stoppedByUser = false;
+    courts.NewRun();
+    listCourts();
     Restart(jobKind, Timer1);
 }
 
 void NameSearch::BeginTick()
+{
+    ShowCriteria();
+}
+
+void NameSearch::ShowCriteria()
 {
     if (CriteriaShown)
         return;
@@ -65,21 +76,34 @@ void NameSearch::BeginTick()
     } catch (const RunTimeError &error) {
         WriteAppInfo(u"Cannot show the search criteria: "_s + error.Description());
     }
+    listCourts();
 }
 
 void NameSearch::ProcessSearchRequests()
 {
+    if (retrying) {
+        EndRetry(runSafely(&NameSearch::runRetry));
+        return;
+    }
     if (lboxQueue.ListCount() == 0) {
         reportEmptyQueue();
         return;
     }
+    listCourts();
+    EndSearch(runSafely(&NameSearch::runRequests));
+}
+
+SearchOutcome NameSearch::runSafely(SearchOutcome (NameSearch::*run)())
+{
     SearchOutcome outcome = SearchOutcome::ConnectionLost;
     try {
-        outcome = runRequests();
-    } catch (const RunTimeError &) {
+        outcome = (this->*run)();
+    } catch (const RunTimeError &error) {
         // Whatever went wrong inside a run, its results cannot be trusted to be all.
+        lostBecause = u"the answer cannot be read ("_s + error.Description() + u')';
     }
-    EndSearch(outcome);
+    noteOutcome(outcome);
+    return outcome;
 }
 
 void NameSearch::reportEmptyQueue()
@@ -101,24 +125,11 @@ SearchOutcome NameSearch::runRequests()
     rowsOfRequest = 0;
     for (int i = 0; i < lboxQueue.ListCount(); ++i) {
         runningTotal += std::exchange(rowsOfRequest, 0);
+        courts.Ask(courts.OfRun(i));
         if (i >= 1)
             ShowSearchCriteria(i);
-        if (!sendLine(i))
-            return SearchOutcome::ConnectionLost;
-        const QString line = lboxQueue.List(i);
-        // A line without a county leaves that of the line before.
-        countyOfRequest = CountyOfRequest(line).value_or(countyOfRequest);
-        tooManyHits = false;
-        if (const std::optional<SearchOutcome> early = readReplies())
-            return *early;
-        // Behind a window that has gone nobody sees what the rest would bring, and be billed for.
-        if (StopRequested || IsGivenUp()) {
-            WriteAppInfo(u"Searching Stopped by User. Request Was: "_s + line);
-            return SearchOutcome::Stopped;
-        }
-        WriteAppInfo(u"All Responses Received For Request: "_s + line);
-        if (tooManyHits)
-            return SearchOutcome::MaxNames;
+        if (const std::optional<SearchOutcome> end = askLine(lboxQueue.List(i)))
+            return *end;
         if (i + 1 < lboxQueue.ListCount()) {
             WriteAppInfo(u"Starting Next Request: "_s + lboxQueue.List(i + 1));
             // What the requests before this one gave; the next row shows all rows again.
@@ -128,12 +139,40 @@ SearchOutcome NameSearch::runRequests()
     return Record.SearchIncomplete ? SearchOutcome::Incomplete : SearchOutcome::Completed;
 }
 
-bool NameSearch::sendLine(int index)
+/// Asks one request. How it ends the whole search, or nothing when the next one can be asked.
+std::optional<SearchOutcome> NameSearch::askLine(const QString &line)
 {
-    QString line = TrimBlanks(lboxQueue.List(index));
+    Q_EMIT CourtsChanged();
+    if (!sendLine(line))
+        return SearchOutcome::ConnectionLost;
+    // A line without a county leaves that of the line before.
+    countyOfRequest = CountyOfRequest(line).value_or(countyOfRequest);
+    tooManyHits = false;
+    if (const std::optional<SearchOutcome> early = readReplies())
+        return early;
+    // Behind a window that has gone nobody sees what the rest would bring, and be billed for.
+    if (StopRequested || IsGivenUp()) {
+        WriteAppInfo(u"Searching Stopped by User. Request Was: "_s + line);
+        return SearchOutcome::Stopped;
+    }
+    WriteAppInfo(u"All Responses Received For Request: "_s + line);
+    if (tooManyHits)
+        return SearchOutcome::MaxNames;
+    courts.Answered();
+    return std::nullopt;
+}
+
+bool NameSearch::sendLine(const QString &request)
+{
+    QString line = TrimBlanks(request);
     if (!Record.ClientAcctgCode.isEmpty())
         line = EmbedClientCode(line, Record.ClientAcctgCode);
-    return BeginExchange(line) == SendStatus::Sent;
+    const SendStatus status = BeginExchange(line);
+    if (status == SendStatus::NotConnected)
+        lostBecause = u"there is no connection to the court server"_s;
+    else if (status != SendStatus::Sent)
+        lostBecause = u"the request could not be sent"_s;
+    return status == SendStatus::Sent;
 }
 
 /// Reads the replies of one request. Nothing when its end mark came; otherwise the outcome of the
@@ -148,6 +187,7 @@ std::optional<SearchOutcome> NameSearch::readReplies()
     });
     if (status == ReadStatus::Token)
         return effect.EndsSearch;
+    lostBecause = IsLinkUp() ? u"no answer came in time"_s : u"the connection was lost"_s;
     WriteAppInfo(u"Search Error! Reason: "_s
                  + (status == ReadStatus::TimedOutOrLost
                         ? u"Timed Out Waiting For Response from Server."_s
@@ -171,10 +211,12 @@ NameSearch::ReplyEffect NameSearch::TakeReply(const QString &reply)
         break;
     case ReplyKind::Error:
         Record.SearchIncomplete = true;
+        courts.TakeError(reply.sliced(errorWordLength));
         WriteAppInfo(u"Error Response Received in Task Processor.."_s);
         break;
     case ReplyKind::Progress:
-        if (const QString text = ProgressText(reply, differences.progressAsItIs); !text.isEmpty())
+        if (const QString text = ProgressText(reply, differences.progressAsItIs);
+            !text.isEmpty() && !retrying)
             SetSearchStatus(text, StatusStyle::Unchanged);
         break;
     case ReplyKind::Row:
@@ -186,13 +228,20 @@ NameSearch::ReplyEffect NameSearch::TakeReply(const QString &reply)
 
 void NameSearch::takeRow(const QString &reply)
 {
-    AddRow(reply);
+    AddRowOnce(reply);
     ++rowsOfRequest;
     WriteAppInfo(u"Sent response to caller: "_s + reply);
 }
 
+void NameSearch::AddRowOnce(const QString &row)
+{
+    if (courts.TakeRow(row, NamesPerson(row)))
+        AddRow(row);
+}
+
 void NameSearch::AddParsedRow(const QString &row, ResultKind rowKind)
 {
+    ShowCaseColumnsAgain();
     const ResultRow parsed = ParseResultRow(row, rowKind);
     if (!parsed.Cells.isEmpty())
         Record.Rows.AddRow(parsed.Cells);
@@ -233,6 +282,15 @@ void NameSearch::FinishRun()
     Q_EMIT Changed();
     ReleaseTurnOf(txtMasterKey);
     Q_EMIT Ended(stoppedByUser);
+}
+
+void NameSearch::ShowCaseColumnsAgain()
+{
+    if (!Record.TooManyToList)
+        return;
+    Record.Rows.Clear();
+    Record.TooManyToList = false;
+    Q_EMIT ColumnsChanged();
 }
 
 void NameSearch::addMaxResultsRows()
@@ -277,6 +335,15 @@ void NameSearch::ShowStopped(StopCase stopCase)
     if (stopCase == StopCase::AllJobs)
         LogStoppedByAll();
     ShowStoppedStatus();
+    if (!retrying)
+        showStoppedTexts(stopCase);
+    // A run that is using the link still reads; otherwise nothing more comes.
+    if (!HasTurn())
+        leaveRequests();
+}
+
+void NameSearch::showStoppedTexts(StopCase stopCase)
+{
     QString text;
     switch (stopCase) {
     case StopCase::AllJobs:
@@ -313,6 +380,9 @@ void NameSearch::ShowCount(int rows)
 
 void NameSearch::CountLater(int rows)
 {
+    // The count stays that of the search.
+    if (retrying)
+        return;
     Record.Label3 = differences.countLabel.toString() + QString::number(rows);
 }
 

@@ -3,6 +3,7 @@
 #include "jobs/Job.h"
 #include "jobs/ListBox.h"
 #include "namesearch/CaseFromRow.h"
+#include "namesearch/CourtLines.h"
 #include "namesearch/ResultsWindows.h"
 #include "namesearch/SearchOutcomes.h"
 #include "records/ResultsRecord.h"
@@ -44,6 +45,17 @@ public:
 
     /// Its name is that of the first line as long as the criteria are not shown.
     JobMatter Matter() const override;
+    void ShowCriteria() override;
+    /// Asks again for what failed, was stopped or was not asked, in the same words and under a new
+    /// key. What comes is added to the rows; what the search has said of its end stays as it is,
+    /// and Record.RetryText tells of the retry.
+    void RetryFailed();
+    /// No run waits or goes on, and something is missing.
+    bool CanRetry() const;
+    /// A retry waits or goes on.
+    bool IsRetrying() const { return retrying; }
+    /// Whether the user stopped the search; a retry changes nothing about that.
+    bool WasStopped() const { return retrying ? before.Stopped : StopRequested; }
 
     /// Puts the criteria of a line of lboxQueue into the record. Throws error 9 when it has too few
     /// fields.
@@ -69,6 +81,10 @@ public:
 Q_SIGNALS:
     /// The columns are others now: one that says that there is too much, or those of the kind.
     void ColumnsChanged();
+    /// Record.Courts or Record.RetryText reads otherwise.
+    void CourtsChanged();
+    /// A retry has come to its end, of its own or stopped by the user.
+    void RetryEnded(bool stoppedByUser);
 
 protected:
     /// `name` is the kind of the job, `window` that of the window which shows the search.
@@ -86,6 +102,18 @@ protected:
     virtual void ShowCompletion() {}
     /// What a paged search has offered is not to be had any more.
     virtual void WithdrawOffer() {}
+
+    /// Adds a row, unless the list has it from an earlier answer to the same request.
+    void AddRowOnce(const QString &row);
+    /// Whether a row names a person in place of a case.
+    virtual bool NamesPerson(const QString & /*row*/) const { return false; }
+    /// What the server says is wrong when a message of its own ends the search; "" when nothing is.
+    virtual QString ServerTrouble() const { return {}; }
+    virtual void BeginRetry() {}
+    /// The last steps of a retry: nothing that the search says of its end changes.
+    virtual void EndRetry(SearchOutcome outcome);
+    /// A search that found too many and listed none has put a notice in the place of the cases.
+    void ShowCaseColumnsAgain();
 
     /// Adds the cells of a row in the order of the columns. Throws error 9 when some are missing.
     void AddParsedRow(const QString &row, ResultKind rowKind);
@@ -109,12 +137,22 @@ protected:
     void ShowStopped(StopCase stopCase) override;
     QString StopRequest() const override;
     void StopDone() override;
-    void GivenUp() override { talk = nullptr; }
+    void GivenUp() override;
+
+    CourtLines courts{Record.Courts}; ///< writes them
 
 private:
     std::optional<SearchOutcome> readReplies();
     SearchOutcome runRequests();
-    bool sendLine(int index);
+    SearchOutcome runRetry();
+    SearchOutcome runSafely(SearchOutcome (NameSearch::*run)());
+    std::optional<SearchOutcome> askLine(const QString &line);
+    bool sendLine(const QString &request);
+    void listCourts();
+    void noteOutcome(SearchOutcome outcome);
+    void leaveRequests();
+    void endRetryState(bool stopped);
+    void showStoppedTexts(StopCase stopCase);
     void takeRow(const QString &reply);
     void addMaxResultsRows();
     void reportEmptyQueue();
@@ -127,4 +165,14 @@ private:
     bool tooManyHits = false;
     bool CriteriaShown = false;
     bool stoppedByUser = false; ///< this time; StopRequested is for all pages of an index
+
+    QString lostBecause; ///< why a request ended as lost
+    bool retrying = false;
+    QList<qsizetype> toRetry; ///< the lines of Record.Courts that the retry asks
+    /// What the search said of its end before the retry.
+    struct
+    {
+        bool Stopped = false;
+        bool Incomplete = false;
+    } before;
 };

@@ -20,7 +20,7 @@ void NameResultsWindow::ConnectReportButtons(QPushButton *save, QPushButton *ema
 /// While a run goes on the report says of itself that it is not whole.
 ReportSituation NameResultsWindow::situation() const
 {
-    return SituationNow(search->StopRequested, search->State() != JobState::Over);
+    return SituationNow(search->WasStopped(), search->State() != JobState::Over);
 }
 
 void NameResultsWindow::PrintDirect()

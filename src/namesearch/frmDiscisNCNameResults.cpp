@@ -163,6 +163,11 @@ void frmDiscisNCNameResults::UpdateRetrieveButton()
         TurnOff(ui->cmdSearchResults_0);
 }
 
+ResultListView *frmDiscisNCNameResults::LastList() const
+{
+    return ui->lvDupe;
+}
+
 ReportedList frmDiscisNCNameResults::Reported() const
 {
     if (ShowingDupes)

@@ -47,6 +47,7 @@ protected:
     void RetrieveDetails() override;
     void UpdateRetrieveButton() override;
     void FlushRows() override;
+    ResultListView *LastList() const override;
     ReportedList Reported() const override;
     void ShowStatus() override;
     QWidget *HomeOfFocus() const override;

@@ -66,15 +66,17 @@ void frmNameSearchResults::ShowStatus()
     ui->Label2->setText(search->Label2);
     if (search->PageOffered())
         cmdSearchResults[GetNext]->setText(u"Get Next "_s + search->PageCount() + u" Cases"_s);
-    if (search->PageOffered() && !search->PageTaken())
+    if (search->CanTakePage())
         cmdSearchResults[GetNext]->setEnabled(true);
+    else if (search->IsRetrying())
+        TurnOff(cmdSearchResults[GetNext]);
     showPageButton(search->PageOffered());
 }
 
 void frmNameSearchResults::cmdGetNext_Click()
 {
     // Without a link the page would end as lost, and could not be asked for again.
-    if (!MaySearch())
+    if (!MaySearch() || !search->CanTakePage())
         return;
     TurnOff(cmdSearchResults[GetNext]);
     search->GetNextPage();

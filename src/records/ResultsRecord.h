@@ -1,5 +1,6 @@
 #pragma once
 
+#include "records/CourtAnswer.h"
 #include "records/RowTable.h"
 #include "records/StatusLine.h"
 
@@ -49,4 +50,6 @@ struct ResultsRecord
     bool SearchIncomplete = false; ///< a request failed in a way that loses results
     bool StopWarningFlag = false;  ///< nothing sets it: a stop shows in a report's closing line
     bool Printable = false;        ///< a run has come to its end
+    QList<CourtAnswer> Courts;     ///< each request of its runs, in the order of asking
+    QString RetryText;             ///< how the retry of failed requests goes, "" before the first
 };

@@ -43,6 +43,8 @@ public:
     void Launch()
     {
         Global.bStopRequested = false;
+        // Windows that wait are told apart by what they say of themselves.
+        window->ShownJob()->ShowCriteria();
         window->Timer1->start();
         if (frmMain *main = frmMain::Form())
             main->ShowChild(window);
