@@ -29,9 +29,15 @@ bool makeForOwnerOnly(const QString &path)
     return !(file.permissions() & others) || file.setPermissions(ownerOnly);
 }
 
-constexpr std::array<QStringView, 4> manners{{
-    // Works on a file without tables only: later, what is deleted gives its room back.
-    u"PRAGMA auto_vacuum = INCREMENTAL",
+/// A new file can give back the room of what is deleted later.
+HistoryTrouble layOut(HistoryDatabase &database)
+{
+    if (database.Value(u"PRAGMA page_count"_s).toInt() == 0)
+        database.Run(u"PRAGMA auto_vacuum = INCREMENTAL"_s);
+    return database.Trouble();
+}
+
+constexpr std::array<QStringView, 3> manners{{
     // Whoever reads does not hold up whoever writes.
     u"PRAGMA journal_mode = WAL",
     u"PRAGMA synchronous = NORMAL",
@@ -57,8 +63,8 @@ HistoryTrouble markLeftBehind(HistoryDatabase &database)
 HistoryTrouble prepare(HistoryDatabase &database)
 {
     using Step = HistoryTrouble (*)(HistoryDatabase &);
-    constexpr std::array<Step, 5> order{&RefuseNewer, &setManners, &CheckIntegrity, &BringToVersion,
-                                        &markLeftBehind};
+    constexpr std::array<Step, 6> order{&RefuseStrangers, &CheckIntegrity, &layOut,
+                                        &setManners,      &BringToVersion, &markLeftBehind};
     for (const Step step : order) {
         const HistoryTrouble trouble = step(database);
         if (trouble != HistoryTrouble::None)

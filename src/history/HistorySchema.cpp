@@ -66,10 +66,16 @@ int HistoryVersion()
     return steps.back().Version;
 }
 
-HistoryTrouble RefuseNewer(HistoryDatabase &database)
+HistoryTrouble RefuseStrangers(HistoryDatabase &database)
 {
-    const bool newer = versionOf(database) > HistoryVersion();
-    return newer ? HistoryTrouble::Newer : database.Trouble();
+    const int version = versionOf(database);
+    if (database.Trouble() != HistoryTrouble::None)
+        return database.Trouble();
+    if (version > HistoryVersion())
+        return HistoryTrouble::Newer;
+    const int tables = database.Value(u"SELECT count(*) FROM sqlite_master"_s).toInt();
+    const bool foreign = version == 0 && tables > 0;
+    return foreign ? HistoryTrouble::Damaged : database.Trouble();
 }
 
 HistoryTrouble BringToVersion(HistoryDatabase &database)
@@ -77,12 +83,6 @@ HistoryTrouble BringToVersion(HistoryDatabase &database)
     const int version = versionOf(database);
     if (database.Trouble() != HistoryTrouble::None || version == HistoryVersion())
         return database.Trouble();
-    const int tables = database.Value(u"SELECT count(*) FROM sqlite_master"_s).toInt();
-    if (database.Trouble() != HistoryTrouble::None)
-        return database.Trouble();
-    // Someone else's database under our name.
-    if (version == 0 && tables > 0)
-        return HistoryTrouble::Damaged;
     return migrate(database, version);
 }
 

@@ -37,8 +37,9 @@ QString ProblemText(HistoryTrouble trouble, const QString &file, const QString &
 {
     for (const TroubleText &row : texts) {
         if (row.Trouble == trouble)
-            return row.Text.toString().arg(QDir::toNativeSeparators(file),
-                                           QDir::toNativeSeparators(aside));
+            return row.Text.toString()
+                .replace(u"%1"_s, QDir::toNativeSeparators(file))
+                .replace(u"%2"_s, QDir::toNativeSeparators(aside));
     }
     return {};
 }

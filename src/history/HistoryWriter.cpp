@@ -77,14 +77,12 @@ void HistoryWriter::run()
 
 void HistoryWriter::setState(FileState newState)
 {
-    {
-        const QMutexLocker locker(&mutex);
-        state = newState;
-        lost = lost || (newState == FileState::GivenUp && !queue.empty());
-        somethingChanged.wakeAll();
-    }
+    // Whoever waits for the state finds the signal on its way.
     if (newState == FileState::GivenUp)
         Q_EMIT GivenUp();
+    const QMutexLocker locker(&mutex);
+    state = newState;
+    somethingChanged.wakeAll();
 }
 
 bool HistoryWriter::openFile()

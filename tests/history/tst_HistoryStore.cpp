@@ -66,6 +66,7 @@ private Q_SLOTS:
     void aRunIsRememberedForItsSearch();
     void theAccountCountsWhatWasSent();
     void whatIsOldIsForgottenWithItsAccount();
+    void whatIsForgottenGivesItsRoomBack();
     void whatIsClearedIsNotInTheFileAnyMore();
     void aClosedStoreIsHarmless();
     void changesAreAnnouncedFourTimesASecondAtMost();
@@ -296,6 +297,22 @@ void tst_HistoryStore::whatIsOldIsForgottenWithItsAccount()
     QVERIFY(open.Store.LastOpened(u"new"_s));
     QVERIFY(!open.Store.LastRun(u"old"_s));
     QVERIFY(open.Store.LastRun(u"new"_s));
+}
+
+void tst_HistoryStore::whatIsForgottenGivesItsRoomBack()
+{
+    OpenStore open;
+    constexpr int items = 5'000;
+    for (int i = 0; i < items; ++i)
+        open.Store.Begin(search(QString(u'x').repeated(100), {}, {}));
+    open.Written();
+    open.Store.Close();
+    const qint64 full = QFileInfo(open.Path()).size();
+    open.Reopen();
+    open.Store.ForgetBefore(at(12, 1));
+    open.Written();
+    open.Store.Close();
+    QVERIFY(QFileInfo(open.Path()).size() < full / 10);
 }
 
 void tst_HistoryStore::whatIsClearedIsNotInTheFileAnyMore()
