@@ -65,10 +65,15 @@ HistoryTrouble prepare(HistoryDatabase &database)
     return HistoryTrouble::None;
 }
 
+/// What the names of damaged files begin with.
+QString damagedStem(const QString &path)
+{
+    return QFileInfo(path).completeBaseName() + u"-damaged-"_s;
+}
+
 QString freeName(const QString &path)
 {
-    const QFileInfo file(path);
-    const QString stem = file.path() + u'/' + file.completeBaseName() + u"-damaged-"_s
+    const QString stem = QFileInfo(path).path() + u'/' + damagedStem(path)
                          + QDate::currentDate().toString(Qt::ISODate);
     QString name = stem + u".db"_s;
     for (int i = 2; QFileInfo::exists(name); ++i)
@@ -116,4 +121,14 @@ void TidyHistoryFile(HistoryDatabase &database)
     if (database.Value(u"PRAGMA freelist_count"_s).toInt() * large > pages)
         database.Run(u"VACUUM"_s);
     database.Run(u"PRAGMA wal_checkpoint(TRUNCATE)"_s);
+}
+
+bool RemoveDamagedHistories(const QString &path)
+{
+    QDir folder(QFileInfo(path).path());
+    bool gone = true;
+    const QStringList names = folder.entryList({damagedStem(path) + u'*'}, QDir::Files);
+    for (const QString &name : names)
+        gone = folder.remove(name) && gone;
+    return gone;
 }

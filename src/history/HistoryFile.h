@@ -19,3 +19,6 @@ void TidyHistoryFile(HistoryDatabase &database);
 
 /// Takes the file away, with what SQLite keeps beside it. False when something is left.
 bool RemoveHistoryFile(const QString &path);
+
+/// Takes away what PutAside has made of damaged files of this name. False when something is left.
+bool RemoveDamagedHistories(const QString &path);
