@@ -8,7 +8,9 @@
 #include "core/Settings.h"
 #include "history/HistoryFile.h"
 #include "history/HistoryStore.h"
+#include "history/frmUsage.h"
 #include "prefs/frmOpts.h"
+#include "session/SessionEvents.h"
 #include "session/frmMain.h"
 
 #include <QStatusBar>
@@ -91,6 +93,8 @@ void WireHistory()
 {
     HistoryStore *store = &HistoryStore::Of();
     QObject::connect(store, &HistoryStore::Problem, store, &showProblem);
+    SessionEvents *session = &SessionEvents::Of();
+    QObject::connect(session, &SessionEvents::UsageWanted, session, &frmUsage::ShowForm);
     OptionsEvents *options = &OptionsEvents::Of();
     QObject::connect(options, &OptionsEvents::Saved, store, &takeHistoryOptions);
     QObject::connect(options, &OptionsEvents::ClearHistoryWanted, store, &clearHistory);

@@ -1,7 +1,7 @@
 #pragma once
 
-/// Connects the options to the history, and what is wrong with its file to the status bar of the
-/// main window. Once, with the rest of the wiring.
+/// Connects the options to the history, the menu to the account, and what is wrong with the file to
+/// the status bar of the main window. Once, with the rest of the wiring.
 void WireHistory();
 
 /// Opens the history as the options say, and forgets what is too old; a practice session has one of
