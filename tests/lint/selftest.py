@@ -71,6 +71,7 @@ CLEAN_TREE = {
     "src/link/Exchange.cpp": "void f() { SendReq(a); ReadResponse(); } // dialog.exec()\n",
     "src/controls/ModalDialog.cpp": "int f() { return dialog->exec(); }\n",
     "src/controls/SaveDialog.cpp": "#include <QFileDialog>\n",
+    "src/history/HistoryDatabase.cpp": "bool f() { return query.exec(); }\n",
     "src/session/frmLogin.cpp": "QEventLoop loop; loop.exec(); BeginExchange(a);\n",
     "src/jobs/CMakeLists.txt": "halvane_library(jobs logic SOURCES Turn.cpp Turn.h LIBS core)\n"
                                "halvane_library(jobs forms SOURCES frmQueue.cpp)\n",

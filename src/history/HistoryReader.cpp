@@ -1,0 +1,144 @@
+#include "history/HistoryReader.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr QStringView itemColumns =
+    u"Asked.Id, Kind, State, Time, What, Place, Code, Outcome, Count, Origin";
+
+AskedItem itemOf(const QSqlQuery &row)
+{
+    AskedItem item;
+    item.Id = row.value(0).toLongLong();
+    item.Kind = static_cast<AskedKind>(row.value(1).toInt());
+    item.State = static_cast<AskedState>(row.value(2).toInt());
+    item.When = QDateTime::fromMSecsSinceEpoch(row.value(3).toLongLong());
+    item.What = row.value(4).toString();
+    item.Where = row.value(5).toString();
+    item.ClientCode = row.value(6).toString();
+    item.Outcome = row.value(7).toString();
+    item.Count = row.value(8).toInt();
+    item.Origin = row.value(9).toByteArray();
+    return item;
+}
+
+QList<AskedItem> itemsOf(QSqlQuery rows)
+{
+    QList<AskedItem> items;
+    while (rows.next())
+        items.append(itemOf(rows));
+    return items;
+}
+
+/// What a filter asks of the table of words: a condition, and a pattern for each of its words.
+struct WordFilter
+{
+    QString Condition; ///< begins with " WHERE", or is ""
+    QVariantList Patterns;
+};
+
+QString patternOf(QString word)
+{
+    for (const QChar special : {u'!', u'%', u'_'})
+        word.replace(special, QString(u'!') + special);
+    return u'%' + word + u'%';
+}
+
+WordFilter filterOf(const QString &text)
+{
+    WordFilter filter;
+    const QStringList words = text.toCaseFolded().split(u' ', Qt::SkipEmptyParts);
+    for (const QString &word : words) {
+        filter.Condition += filter.Condition.isEmpty() ? u" WHERE "_s : u" AND "_s;
+        filter.Condition += u"Words.Text LIKE ? ESCAPE '!'"_s;
+        filter.Patterns.append(patternOf(word));
+    }
+    return filter;
+}
+
+std::optional<SeenRows> seenRowsOf(QSqlQuery rows)
+{
+    if (!rows.next())
+        return std::nullopt;
+    return SeenRows{QDateTime::fromMSecsSinceEpoch(rows.value(0).toLongLong()),
+                    UnpackedRows(rows.value(1).toByteArray())};
+}
+} // namespace
+
+QList<AskedItem> ReadItems(HistoryDatabase &database, const QString &filter, int offset, int count)
+{
+    const WordFilter words = filterOf(filter);
+    // The short rows are looked through, and only what is shown is fetched from the long ones.
+    const QString sql = u"SELECT "_s + itemColumns + u" FROM (SELECT Id FROM Words"_s
+                        + words.Condition
+                        + u" ORDER BY Id DESC LIMIT ? OFFSET ?) AS Found JOIN Asked ON Asked.Id = "
+                          "Found.Id ORDER BY Asked.Id DESC"_s;
+    return itemsOf(database.Ask(sql, words.Patterns + QVariantList{count, offset}));
+}
+
+int ReadCount(HistoryDatabase &database, const QString &filter)
+{
+    const WordFilter words = filterOf(filter);
+    return database.Value(u"SELECT count(*) FROM Words"_s + words.Condition, words.Patterns)
+        .toInt();
+}
+
+QList<AskedItem> ReadUnfinished(HistoryDatabase &database)
+{
+    return itemsOf(database.Ask(u"SELECT "_s + itemColumns
+                                + u" FROM Asked WHERE State < 2 AND LeftBehind = 1 ORDER BY Id"_s));
+}
+
+std::optional<SeenRows> ReadLook(HistoryDatabase &database, const QString &caseKey,
+                                 const QString &tab)
+{
+    return seenRowsOf(database.Ask(
+        u"SELECT LookedAt, Hashes FROM Looks WHERE CaseKey = ? AND Tab = ?"_s, {caseKey, tab}));
+}
+
+std::optional<SeenRows> ReadRun(HistoryDatabase &database, const QString &searchKey)
+{
+    return seenRowsOf(
+        database.Ask(u"SELECT Time, Hashes FROM Runs WHERE SearchKey = ?"_s, {searchKey}));
+}
+
+std::optional<QDateTime> ReadLastOpened(HistoryDatabase &database, const QString &caseKey)
+{
+    const QVariant time =
+        database.Value(u"SELECT max(SeenAt) FROM Looks WHERE CaseKey = ?"_s, {caseKey});
+    if (time.isNull())
+        return std::nullopt;
+    return QDateTime::fromMSecsSinceEpoch(time.toLongLong());
+}
+
+QList<HistoryUsage> ReadUsage(HistoryDatabase &database)
+{
+    QList<HistoryUsage> lines;
+    // There is one row for an item, a kind and a month: so the rows count searches and cases once,
+    // however many requests they took.
+    QSqlQuery rows = database.Ask(
+        u"SELECT Code, Month, sum(Kind = 0), sum(Count), sum(Kind = 1), sum((Kind = 2) * Count), "
+        "sum((Kind = 3) * Count) FROM Sent GROUP BY Month, Code ORDER BY Month DESC, Code"_s);
+    while (rows.next())
+        lines.append({rows.value(0).toString(), rows.value(1).toString(), rows.value(2).toInt(),
+                      rows.value(3).toInt(), rows.value(4).toInt(), rows.value(5).toInt(),
+                      rows.value(6).toInt()});
+    return lines;
+}
+
+QList<AskedItem> ReadUsageItems(HistoryDatabase &database, const QString &code,
+                                const QString &month)
+{
+    QList<AskedItem> items;
+    QSqlQuery rows = database.Ask(
+        u"SELECT "_s + itemColumns
+            + u", Requests FROM (SELECT Item, sum(Count) AS Requests FROM Sent WHERE Month = ? AND "
+              "Code = ? GROUP BY Item) AS Behind JOIN Asked ON Asked.Id = Behind.Item ORDER BY "
+              "Asked.Id DESC"_s,
+        {month, code});
+    while (rows.next()) {
+        items.append(itemOf(rows));
+        items.last().Requests = rows.value(10).toInt();
+    }
+    return items;
+}
