@@ -1,5 +1,6 @@
 #include "app/Startup.h"
 
+#include "app/NewEntries.h"
 #include "controls/ModalDialog.h"
 #include "controls/MsgBox.h"
 #include "controls/WindowPlace.h"
@@ -107,6 +108,7 @@ void wireSession()
 void WireWindows()
 {
     wireSession();
+    WireNewEntries();
     LinkEvents *link = &LinkEvents::Of();
     QObject::connect(link, &LinkEvents::IdleLimitReached, link, [] {
         if (frmMain *main = frmMain::Form())
