@@ -24,7 +24,18 @@ namespace {
 constexpr double headerScale = 1.2;
 /// Rows that come one by one are shown together: each showing costs more than the row.
 constexpr int growMilliseconds = 40;
+
+QList<CaseWindow *> &allCaseWindows()
+{
+    static QList<CaseWindow *> windows;
+    return windows;
+}
 } // namespace
+
+const QList<CaseWindow *> &CaseWindow::All()
+{
+    return allCaseWindows();
+}
 
 CaseWindow::CaseWindow(CaseJob *ownJob, QWidget *parent)
     : JobWindow(ownJob, &ownJob->Record.lblState, &ownJob->Record.ClientAcctgCode, parent),
@@ -38,6 +49,7 @@ CaseWindow::CaseWindow(CaseJob *ownJob, QWidget *parent)
       CloseRequested(ownJob->CloseRequested), TmrSearchOnDemand(ownJob->TmrSearchOnDemand),
       TmrFlash(new QTimer(this))
 {
+    allCaseWindows().append(this);
     caseJob->UseTalk(this);
     TmrFlash->setObjectName(u"TmrFlash"_s);
     connect(TmrFlash, &QTimer::timeout, this, &CaseWindow::TmrFlash_Tick);
@@ -45,6 +57,7 @@ CaseWindow::CaseWindow(CaseJob *ownJob, QWidget *parent)
 
 CaseWindow::~CaseWindow()
 {
+    allCaseWindows().removeOne(this);
     caseJob->UseTalk(nullptr);
 }
 
@@ -113,6 +126,7 @@ void CaseWindow::connectJob()
     connect(sheet, &CaseSheet::TabsChanged, this, &CaseWindow::showTabs);
     connect(sheet, &CaseSheet::SightChanged, this, &CaseWindow::showSight);
     connect(sheet, &CaseSheet::TabChanged, this, [this](CaseTab tab) { ShowTab(tab); });
+    connect(sheet, &CaseSheet::MarksChanged, this, &CaseWindow::showMarks);
     growTimer.setSingleShot(true);
     growTimer.setInterval(growMilliseconds);
     connect(&growTimer, &QTimer::timeout, this, &CaseWindow::showRows);
@@ -154,6 +168,12 @@ void CaseWindow::ShowTab(CaseTab tab)
     FlexGrid *grid = placeOf(tab).Grid;
     grid->SetColumnAlignment(0, Record().Tab(tab).FirstColumn);
     grid->Show(Record().Tab(tab).Table);
+    showMarks(tab);
+}
+
+void CaseWindow::showMarks(CaseTab tab)
+{
+    placeOf(tab).Grid->MarkRows(Record().Tab(tab).New);
 }
 
 /// Of the documents: no other table grows under the user's eyes.

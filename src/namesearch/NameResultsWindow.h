@@ -125,6 +125,8 @@ private:
     void connectStrip(CourtStrip *strip);
     void retryFailed();
     void chooseRow(int row);
+    bool mayOpenRow(int row);
+    QString noteOfRow(int row) const;
     void showCount();
     void showColumns();
     ReportSituation situation() const;

@@ -82,7 +82,9 @@ void NameSearch::ShowCriteria()
 void NameSearch::ProcessSearchRequests()
 {
     if (retrying) {
-        EndRetry(runSafely(&NameSearch::runRetry));
+        const SearchOutcome outcome = runSafely(&NameSearch::runRetry);
+        EndRetry(outcome);
+        Q_EMIT RunEnded(outcome == SearchOutcome::Completed && !CanRetry());
         return;
     }
     if (lboxQueue.ListCount() == 0) {
@@ -90,7 +92,10 @@ void NameSearch::ProcessSearchRequests()
         return;
     }
     listCourts();
-    EndSearch(runSafely(&NameSearch::runRequests));
+    const SearchOutcome outcome = runSafely(&NameSearch::runRequests);
+    EndSearch(outcome);
+    // A stop, and an error among the pages of an index, may end as if all had come.
+    Q_EMIT RunEnded(outcome == SearchOutcome::Completed && !StopRequested && !errorSeen);
 }
 
 SearchOutcome NameSearch::runSafely(SearchOutcome (NameSearch::*run)())
