@@ -10,7 +10,7 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr int longestCaption = 60; ///< average characters
+constexpr int longestCaption = 80; ///< average characters
 constexpr int withDigit = 9;
 
 /// A caption in a line of a menu: neither a mnemonic nor a shortcut comes of what stands in it.

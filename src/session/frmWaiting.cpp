@@ -17,6 +17,8 @@ using namespace Qt::StringLiterals;
 namespace {
 QPointer<frmWaiting> theWindow;
 
+constexpr int rowMargins = 8;
+
 QString summaryOf(const WaitingList &list)
 {
     if (list.Rows().isEmpty())
@@ -48,6 +50,8 @@ frmWaiting::frmWaiting(WaitingList *waiting, QWidget *parent)
     ui->setupUi(this);
     ui->tblWaiting->setModel(model);
     ui->tblWaiting->verticalHeader()->hide();
+    ui->tblWaiting->verticalHeader()->setDefaultSectionSize(ui->tblWaiting->fontMetrics().height()
+                                                            + rowMargins);
     ui->tblWaiting->horizontalHeader()->setHighlightSections(false);
     connect(list, &WaitingList::Changed, this, &frmWaiting::showRows);
     connect(ui->tblWaiting->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
