@@ -121,8 +121,10 @@ void CaseJob::BuildTabRequests()
         ofTab.TabRequest = CaseTabRequest(fields, tab);
         const QString key = CaseTabRowOf(tab).caption.toString();
         ofTab.TabNotRetrieved = !TabIsFetchedAtOnce(section, key);
-        if (!ofTab.TabNotRetrieved)
-            lboxTabReqQueue.AddItem(ofTab.TabRequest);
+        if (ofTab.TabNotRetrieved)
+            continue;
+        lboxTabReqQueue.AddItem(ofTab.TabRequest);
+        Sheet.SetAnswer(tab, AnswerState::Waiting);
     }
 }
 
@@ -193,7 +195,17 @@ void CaseJob::ShowStopped(StopCase stopCase)
     if (!RequestsBuilt)
         BeginTick();
     leaveUnretrieved();
+    Sheet.EndAnswers();
+    Sheet.SetBreakdown(Record.Breakdown, false);
     offerNextRun();
+}
+
+/// A run that broke down gave its turn back or not, and says nothing more.
+void CaseJob::noteBreakdown()
+{
+    Sheet.EndAnswers();
+    if (!fatalText.isEmpty())
+        Sheet.SetBreakdown(fatalText, State() != JobState::Over);
 }
 
 void CaseJob::GivenUp()

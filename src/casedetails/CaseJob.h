@@ -114,6 +114,8 @@ private:
     void retrieveTab(CaseTab tab, const QString &request);
     void doTabSearch(CaseTab tab, const QString &request);
     void tabFailed(CaseTab tab, const RunTimeError &error);
+    void noteFailed(CaseTab tab, const QString &reason);
+    void noteBreakdown();
 
     // The exchange of the Summary
     void DoSummarySearch(const QString &request);
@@ -141,6 +143,7 @@ private:
     CaseTalk *talk = nullptr;
     bool CaseInvalid = false;  ///< the court says that it has no such case
     int FatalError = 0;        ///< brokenDown once a tab's exchange broke down
+    QString fatalText;         ///< the error with which a run broke down, "" when it did not
     bool UserQuestion = false; ///< the court asked whether arbitration is meant, and was answered
     ArbitrationMode arbitration = ArbitrationMode::NotAsked;
     bool RequestsBuilt = false;

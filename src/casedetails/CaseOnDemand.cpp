@@ -48,6 +48,8 @@ void CaseJob::SearchNow()
     // A run that broke down has kept its place in the queue: nobody else could remove it any more.
     Withdraw();
     FatalError = 0;
+    fatalText.clear();
+    Sheet.SetBreakdown({}, false);
     Sheet.AllowSearchNow(false);
     txtMasterKey = MakeMasterKey();
     onDemand = true;
@@ -97,7 +99,9 @@ void CaseJob::ProcessOnDemandSearchRequests()
     } catch (const RunTimeError &error) {
         WriteAppInfo(u"ERROR EXIT - from ProcessOnDemandSearchReqeusts. Error: "_s
                      + error.Description());
+        fatalText = error.Description();
     }
+    noteBreakdown();
     // A run that broke down says nothing more, but it is over.
     Sheet.ChoiceStands = false;
     Sheet.AllowSearchNow(true);

@@ -37,7 +37,9 @@ void CaseJob::ProcessSearchRequests()
     } catch (const RunTimeError &error) {
         WriteAppInfo(u"Exiting ProcessSearchRequests via PROCERR in Case Details. Error: "_s
                      + error.Description());
+        fatalText = error.Description();
     }
+    noteBreakdown();
     offerNextRun();
 }
 

@@ -121,6 +121,31 @@ void CaseSheet::BringIntoSight(CaseTab tab)
     Q_EMIT SightChanged();
 }
 
+void CaseSheet::SetAnswer(CaseTab tab, AnswerState state, const QString &reason)
+{
+    Record.Tab(tab).Answer = state;
+    Record.Tab(tab).Reason = reason;
+    Q_EMIT AnswersChanged();
+}
+
+void CaseSheet::EndAnswers()
+{
+    for (CaseTabRecord &tab : Record.Tabs) {
+        if (tab.Answer == AnswerState::Waiting)
+            tab.Answer = AnswerState::NotAsked;
+        if (tab.Answer == AnswerState::Asking)
+            tab.Answer = AnswerState::Stopped;
+    }
+    Q_EMIT AnswersChanged();
+}
+
+void CaseSheet::SetBreakdown(const QString &error, bool holdsQueue)
+{
+    Record.Breakdown = error;
+    Record.HoldsQueue = holdsQueue && !error.isEmpty();
+    Q_EMIT AnswersChanged();
+}
+
 void CaseSheet::OfferMissing(bool keepTicks)
 {
     for (int i = 0; i < caseTabCount; ++i) {

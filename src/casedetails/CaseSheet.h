@@ -37,6 +37,13 @@ public:
     /// Brings the tab below the strip, or the on-demand panel in its place.
     void BringIntoSight(CaseTab tab);
 
+    /// What has become of a tab; `reason` says why it failed.
+    void SetAnswer(CaseTab tab, AnswerState state, const QString &reason = {});
+    /// Nothing more is asked for: what waits is not asked, and what was asked has been stopped.
+    void EndAnswers();
+    /// A run broke down, and keeps its place in the queue or not; "" when that is over.
+    void SetBreakdown(const QString &error, bool holdsQueue);
+
     /// The user selected this tab in the strip.
     void Select(const QString &caption) { Record.SelectedTab = caption; }
     /// The user ticked a box of the on-demand panel, or took its tick away.
@@ -64,5 +71,6 @@ Q_SIGNALS:
     void RowsAdded();               ///< the list of documents has more rows
     void RowsComplete();            ///< and has all of them now
     void TabToBegin(CaseTab tab);
-    void OfferChanged(); ///< what the panel offers, or whether something can be printed
+    void AnswersChanged(); ///< what has become of a tab, or of a run that broke down
+    void OfferChanged();   ///< what the panel offers, or whether something can be printed
 };

@@ -66,6 +66,7 @@ void CaseJob::DoSummarySearch(const QString &request)
         setStatusText(texts.Retrieving);
         summary.TabDone = false;
         lboxResponses.Clear();
+        Sheet.SetAnswer(CaseTab::Summary, AnswerState::Asking);
         SendTabRequest(request, Record.ClientAcctgCode);
         SummaryRead read;
         const auto take = [&](const QString &line) { return takeSummaryLine(line, request, read); };
@@ -194,6 +195,7 @@ void CaseJob::summaryComplete(const QString &request)
     WriteAppInfo(texts.NormalExit);
     Record.Tab(CaseTab::Summary).TabDone = true;
     Record.Tab(CaseTab::Summary).TabIncomplete = false;
+    Sheet.SetAnswer(CaseTab::Summary, isToEnd() ? AnswerState::Stopped : AnswerState::Found);
 }
 
 /// The reason stands where the Summary would, alone.
@@ -218,6 +220,7 @@ void CaseJob::summaryInvalid(const QString &request, const QString &reason)
     summary.TabNotRetrieved = false;
     summary.TabIncomplete = false;
     summary.TabDone = false;
+    noteFailed(CaseTab::Summary, reason);
 }
 
 void CaseJob::summaryIncomplete(const QString &request, const QString &reason)
@@ -229,4 +232,5 @@ void CaseJob::summaryIncomplete(const QString &request, const QString &reason)
     summary.TabIncomplete = true;
     summary.TabNotRetrieved = false;
     summary.TabDone = false;
+    noteFailed(CaseTab::Summary, reason);
 }

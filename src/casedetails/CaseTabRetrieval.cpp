@@ -69,6 +69,8 @@ void CaseJob::tabFailed(CaseTab tab, const RunTimeError &error)
 {
     WriteAppInfo(TextsOf(tab).ProcError + error.Description());
     FatalError = brokenDown;
+    fatalText = error.Description();
+    Sheet.SetAnswer(tab, AnswerState::Failed, fatalText);
 }
 
 void CaseJob::doTabSearch(CaseTab tab, const QString &request)
@@ -79,6 +81,7 @@ void CaseJob::doTabSearch(CaseTab tab, const QString &request)
     ofTab.TabDone = false;
     lboxResponses.Clear();
     setStatusText(texts.Retrieving);
+    Sheet.SetAnswer(tab, AnswerState::Asking);
     // The names are what a client is billed for, as the Summary is.
     SendTabRequest(request, tab == CaseTab::Names ? Record.ClientAcctgCode : QString());
     const TabResult result = readTab(tab, lboxResponses, [this, tab] {
@@ -95,6 +98,8 @@ void CaseJob::doTabSearch(CaseTab tab, const QString &request)
         ofTab.TabIncomplete = false;
         // A court that was told to stop ends its reply as it does a whole one.
         Q_EMIT TabCame(tab, !isToEnd());
+        // A reply that ended with a stop looks whole, even when nothing had come.
+        Sheet.SetAnswer(tab, isToEnd() ? AnswerState::Stopped : AnswerState::Found);
         return;
     }
     WriteAppInfo(texts.SearchIncomplete + request);
@@ -106,4 +111,14 @@ void CaseJob::doTabSearch(CaseTab tab, const QString &request)
     ofTab.TabNotRetrieved = true;
     ofTab.TabIncomplete = true;
     Q_EMIT TabCame(tab, false);
+    noteFailed(tab, result.Reason);
+}
+
+/// A reply that did not end, or ended in an error, after a stop was stopped.
+void CaseJob::noteFailed(CaseTab tab, const QString &reason)
+{
+    if (isToEnd())
+        Sheet.SetAnswer(tab, AnswerState::Stopped);
+    else
+        Sheet.SetAnswer(tab, AnswerState::Failed, CourtWords(reason));
 }

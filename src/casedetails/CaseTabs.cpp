@@ -181,3 +181,25 @@ QList<CaseTab> RequestOrder(const QString &state)
         return {commonOrder.begin(), commonOrder.end()};
     return {};
 }
+
+QString NoticeOfTab(const CaseRecord &record)
+{
+    if (record.PanelInSight || record.Tab(record.InSight).Answer != AnswerState::Stopped)
+        return {};
+    return u"The retrieval of this tab was stopped: entries may be missing. Open the case again to "
+           "retrieve all of them."_s;
+}
+
+QString NoticeOfBreakdown(const CaseRecord &record)
+{
+    if (record.Breakdown.isEmpty())
+        return {};
+    const QString happened =
+        u"The retrieval of this case broke down (%1): what is shown may not be all."_s.arg(
+            record.Breakdown);
+    return happened
+           + (record.HoldsQueue
+                  ? u" Every search behind it waits until you select Stop Search, retrieve what is "
+                    "missing with SEARCH NOW, or close this window."_s
+                  : u" Retrieve what is missing with SEARCH NOW, or open the case again."_s);
+}

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "records/CaseRecord.h"
 #include "records/CaseTabs.h"
 
 #include <QList>
@@ -41,3 +42,9 @@ QStringList DiscisTabs(CaseKind kind);
 /// The order in which the tabs of a state's courts get their request lines; "WA", "OR" or "ID".
 /// Summary is not in it: its line is always the first. Nothing for other courts.
 QList<CaseTab> RequestOrder(const QString &state);
+
+/// What is said of the tab in sight when its table may not be all: "" when nothing is.
+QString NoticeOfTab(const CaseRecord &record);
+
+/// What is said of a case whose run broke down, and what to do; "" when none did.
+QString NoticeOfBreakdown(const CaseRecord &record);

@@ -96,6 +96,9 @@ void CaseWindow::load(QPushButton *cmdStopSearching, QPushButton *cmdCloseDetail
     showTabs();
     showSight();
     showOffer();
+    SetStatusStyle(tabNotice, StatusColour::Trouble);
+    SetStatusStyle(breakdown, StatusColour::Trouble);
+    showAnswers();
     panel->FollowInTabOrder(tabStrip);
     StartJob({.lblStatus = lblStatus,
               .cmdStopSearching = cmdStopSearching,
@@ -137,6 +140,9 @@ void CaseWindow::connectJob()
     connect(sheet, &CaseSheet::RowsComplete, this, &CaseWindow::showRows);
     connect(sheet, &CaseSheet::TabToBegin, this, &CaseWindow::toBegin);
     connect(sheet, &CaseSheet::OfferChanged, this, &CaseWindow::showOffer);
+    connect(sheet, &CaseSheet::OfferChanged, this, &CaseWindow::showAnswers);
+    connect(sheet, &CaseSheet::AnswersChanged, this, &CaseWindow::showAnswers);
+    connect(sheet, &CaseSheet::SightChanged, this, &CaseWindow::showAnswers);
     connect(caseJob, &CaseJob::StatusToBeSeen, lblStatus, &QWidget::show);
     connect(caseJob, &CaseJob::FlashWanted, this, [this] {
         constexpr int flashInterval = 500;
@@ -223,6 +229,26 @@ void CaseWindow::showOffer()
         printButton->setEnabled(true);
     else
         TurnOff(printButton);
+}
+
+/// What has become of a tab is said where the user looks for it: beside its box on the panel, and
+/// above its table when that may not be all.
+void CaseWindow::showAnswers()
+{
+    for (int i = 0; i < caseTabCount; ++i) {
+        const auto tab = static_cast<CaseTab>(i);
+        const CaseTabRecord &ofTab = Record().Tab(tab);
+        const bool missing = Record().TabExists(tab) && !ofTab.TabDone;
+        if (ofTab.Exists)
+            panel->Say(CaseTabRowOf(tab).check,
+                       missing ? AnswerWords(ofTab.Answer, ofTab.Reason) : QString());
+    }
+    const auto show = [](QLabel *label, const QString &text) {
+        label->setText(text);
+        label->setVisible(!text.isEmpty());
+    };
+    show(tabNotice, NoticeOfTab(Record()));
+    show(breakdown, NoticeOfBreakdown(Record()));
 }
 
 void CaseWindow::tabClicked(const QString &caption)

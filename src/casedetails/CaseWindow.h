@@ -129,6 +129,8 @@ protected:
         tabStrip = ui.TabStrip1;
         frameTabs = ui.frameTabs;
         panel = ui.frameTabs_8;
+        tabNotice = ui.lblTabNotice;
+        breakdown = ui.lblBreakdown;
         printButton = ui.cmdPrintDetails;
         gridLinesBox = ui.chkPrintGridLines;
         load(ui.cmdStopSearching, ui.cmdCloseDetails, ui.lblHelp);
@@ -165,6 +167,7 @@ private:
     void showTabs();
     void showSight();
     void showOffer();
+    void showAnswers();
     void toBegin(CaseTab tab);
     void showRows();
     void showMarks(CaseTab tab);
@@ -199,6 +202,8 @@ private:
     TabStrip *tabStrip = nullptr;
     QStackedWidget *frameTabs = nullptr;
     OnDemandPanel *panel = nullptr;
+    QLabel *tabNotice = nullptr;
+    QLabel *breakdown = nullptr;
     QPushButton *printButton = nullptr;
     QCheckBox *gridLinesBox = nullptr;
 };

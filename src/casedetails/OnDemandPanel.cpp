@@ -8,6 +8,8 @@ OnDemandPanel::OnDemandPanel(QWidget *parent)
     ui->setupUi(this);
     chkTab = {ui->chkTab_0, ui->chkTab_1, ui->chkTab_2, ui->chkTab_3, ui->chkTab_4,
               ui->chkTab_5, ui->chkTab_6, ui->chkTab_7, ui->chkTab_8, ui->chkTab_9};
+    lblTab = {ui->lblTab_0, ui->lblTab_1, ui->lblTab_2, ui->lblTab_3, ui->lblTab_4,
+              ui->lblTab_5, ui->lblTab_6, ui->lblTab_7, ui->lblTab_8, ui->lblTab_9};
     const auto tickAll = [this](bool on) {
         for (QCheckBox *box : chkTab) {
             if (box->isEnabled())
@@ -44,6 +46,12 @@ void OnDemandPanel::Offer(int index, bool offered, bool chosen)
     QCheckBox *box = chkTab.at(static_cast<size_t>(index));
     box->setEnabled(offered);
     box->setChecked(chosen);
+}
+
+void OnDemandPanel::Say(int index, const QString &words)
+{
+    lblTab.at(static_cast<size_t>(index))->setText(words);
+    chkTab.at(static_cast<size_t>(index))->setAccessibleDescription(words);
 }
 
 void OnDemandPanel::FollowInTabOrder(QWidget *widget)

@@ -6,6 +6,7 @@
 #include <memory>
 
 class QCheckBox;
+class QLabel;
 
 namespace Ui {
 class OnDemandPanel;
@@ -29,6 +30,9 @@ public:
     /// Shows whether a box can be ticked, and is.
     void Offer(int index, bool offered, bool chosen);
 
+    /// Says beside a box what has become of its tab.
+    void Say(int index, const QString &words);
+
     /// The Tab key comes to the panel from this widget.
     void FollowInTabOrder(QWidget *widget);
 
@@ -43,4 +47,5 @@ Q_SIGNALS:
 private:
     const std::unique_ptr<Ui::OnDemandPanel> ui;
     std::array<QCheckBox *, BoxCount> chkTab;
+    std::array<QLabel *, BoxCount> lblTab;
 };

@@ -110,7 +110,7 @@ void CourtStrip::openAtFailure()
     const auto failed = std::find_if(lines.begin(), lines.end(), [](const CourtAnswer &line) {
         return line.State == AnswerState::Failed;
     });
-    if (failed == lines.end() || ui->cmdCourts->isChecked())
+    if (failed == lines.end() || isOpen)
         return;
     setOpen(true);
     const auto row = static_cast<int>(failed - lines.begin());
@@ -153,6 +153,7 @@ void CourtStrip::fitHeight()
 
 void CourtStrip::setOpen(bool open)
 {
+    isOpen = open;
     ui->cmdCourts->setChecked(open);
     ui->cmdCourts->setArrowType(open ? Qt::DownArrow : Qt::RightArrow);
     // Who has the keyboard in the table that goes has it on the button that brings it back.

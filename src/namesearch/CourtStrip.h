@@ -44,5 +44,6 @@ private:
     const std::unique_ptr<Ui::CourtStrip> ui;
     NameSearch *search = nullptr;
     QTimer showTimer;
+    bool isOpen = false;
     bool usersChoice = false; ///< the user has opened or closed the table
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "records/CaseStart.h"
+#include "records/CourtAnswer.h"
 #include "records/GridTable.h"
 #include "records/RowMarks.h"
 #include "records/StatusLine.h"
@@ -18,6 +19,11 @@ struct CaseTabRecord
     bool TabNotRetrieved = false; ///< no data was asked for: the tab shows the on-demand panel
     bool TabIncomplete = false;   ///< its exchange ended in a time-out, an error reply or a failure
     bool TabDone = false;         ///< its exchange ended as it should
+
+    /// How far the court is with it. A reply that ended with a stop is whole as far as anyone knows
+    /// (TabDone), and Stopped here.
+    AnswerState Answer = AnswerState::NotAsked;
+    QString Reason; ///< why it failed
 
     GridTable Table;
     RowMarks New; ///< rows of it that were not there at an earlier look
@@ -72,4 +78,6 @@ struct CaseRecord : CaseStart
     bool CanSearchNow = false;  ///< no run waits or goes on: the panel can start one
     bool SearchStopped = false; ///< the case was not asked for to its end
     bool NotLocated = false;    ///< the court has no such case
+    QString Breakdown;          ///< the error that broke a run down, "" when none has
+    bool HoldsQueue = false;    ///< that run has kept its place: what waits behind it is held up
 };
