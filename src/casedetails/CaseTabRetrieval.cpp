@@ -96,10 +96,10 @@ void CaseJob::doTabSearch(CaseTab tab, const QString &request)
         WriteAppInfo(texts.NormalExit);
         ofTab.TabDone = true;
         ofTab.TabIncomplete = false;
-        // A court that was told to stop ends its reply as it does a whole one.
-        Q_EMIT TabCame(tab, !isToEnd());
         // A reply that ended with a stop looks whole, even when nothing had come.
-        Sheet.SetAnswer(tab, isToEnd() ? AnswerState::Stopped : AnswerState::Found);
+        const bool whole = !isToEnd();
+        Sheet.SetAnswer(tab, whole ? AnswerState::Found : AnswerState::Stopped);
+        Q_EMIT TabCame(tab, whole);
         return;
     }
     WriteAppInfo(texts.SearchIncomplete + request);
@@ -110,8 +110,8 @@ void CaseJob::doTabSearch(CaseTab tab, const QString &request)
     ofTab.TabDone = false;
     ofTab.TabNotRetrieved = true;
     ofTab.TabIncomplete = true;
-    Q_EMIT TabCame(tab, false);
     noteFailed(tab, result.Reason);
+    Q_EMIT TabCame(tab, false);
 }
 
 /// A reply that did not end, or ended in an error, after a stop was stopped.
