@@ -1,5 +1,6 @@
 #include "app/Startup.h"
 
+#include "app/HistoryStart.h"
 #include "controls/ModalDialog.h"
 #include "controls/MsgBox.h"
 #include "controls/WindowPlace.h"
@@ -107,6 +108,7 @@ void wireSession()
 void WireWindows()
 {
     wireSession();
+    WireHistory();
     LinkEvents *link = &LinkEvents::Of();
     QObject::connect(link, &LinkEvents::IdleLimitReached, link, [] {
         if (frmMain *main = frmMain::Form())
@@ -143,6 +145,7 @@ void Main(bool practice)
     if (practice)
         main->SetNotice(u"Practice court: made-up records. Any user name and password will do."_s);
     main->show();
+    StartHistory(practice);
     showSplash();
     frmQueue::Form().FIFO.Clear();
     Global.ClientAcctgCode.clear();

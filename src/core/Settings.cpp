@@ -29,7 +29,7 @@ bool isOn(const QString &value)
     return value == u"1";
 }
 
-constexpr std::array<SettingRow, 28> rows{{
+constexpr std::array<SettingRow, 30> rows{{
     {Setting::ShowAlerts, communications, u"ShowAlerts", u"A", u"0", OnlyOneIsOn, window,
      SettingWriter::Nobody, true, [](const QString &value) { Global.bShowAlerts = isOn(value); },
      u"", u""},
@@ -109,6 +109,10 @@ constexpr std::array<SettingRow, 28> rows{{
     {Setting::DefaultIP, communications, u"DefaultIP", u"0", u"0", AsItIs, needed,
      SettingWriter::ChoiceOfAddress, false, nullptr, u"", u""},
     {Setting::ImageCounties, u"Images", u"Counties", u"0", u"0", AsItIs, needed,
+     SettingWriter::Nobody, false, nullptr, u"", u""},
+    {Setting::KeepHistory, u"History", u"KeepHistory", u"A", u"1", OnlyZeroIsOff, needed,
+     SettingWriter::Nobody, false, nullptr, u"", u""},
+    {Setting::HistoryDays, u"History", u"HistoryDays", u"0", u"400", PositiveNumber, needed,
      SettingWriter::Nobody, false, nullptr, u"", u""},
 }};
 
@@ -208,7 +212,9 @@ QString MendedSetting(Setting setting, const QString &stored)
     case OnlyOneIsOn:
         return stored == u"1" ? u"1"_s : u"0"_s;
     case OnlyZeroIsOff:
-        return isAbsent(row, stored) || stored == u"0" ? u"0"_s : u"1"_s;
+        if (isAbsent(row, stored))
+            return standard;
+        return stored == u"0" ? u"0"_s : u"1"_s;
     case UpToThirty:
         return stored < u"0"_s || stored > u"30"_s ? standard : stored;
     case Folder:

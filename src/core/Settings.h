@@ -42,7 +42,9 @@ enum class Setting {
     UserName,
     UserPwd,
     DefaultIP,
-    ImageCounties
+    ImageCounties,
+    KeepHistory,
+    HistoryDays
 };
 
 /// What becomes of the text in the file.
@@ -52,7 +54,7 @@ enum class SettingRule {
     EmptyIsDefault,  ///< absent, or nothing behind the "="
     PositiveNumber,  ///< a whole number of 16 bits from 1 on; anything else is the default
     OnlyOneIsOn,     ///< "1" for "1" and "0" for anything else
-    OnlyZeroIsOff,   ///< "0" for "0" and for an absent one, and "1" for anything else
+    OnlyZeroIsOff,   ///< absent is the default; "0" for "0", and "1" for anything else
     UpToThirty,      ///< compared as text: below "0" or above "30" is the default
     Folder           ///< a folder that is there, or the default one beside the program
 };

@@ -73,15 +73,6 @@ bool writeLook(HistoryDatabase &database, const QVariantList &key, const QDateTi
                         key + QVariantList{lookedAt, when.toMSecsSinceEpoch(), PackedRows(counts)});
 }
 
-/// SQLite gives back a page for each row that is read of this.
-bool giveRoomBack(HistoryDatabase &database)
-{
-    QSqlQuery pages = database.Ask(u"PRAGMA incremental_vacuum"_s);
-    while (pages.next()) {
-    }
-    return database.Trouble() == HistoryTrouble::None;
-}
-
 int weightOf(const QList<quint64> &rows)
 {
     return 1 + static_cast<int>(rows.size());
@@ -171,14 +162,13 @@ HistoryCommand WriteForgotten(const QDateTime &before)
 {
     const qint64 time = before.toMSecsSinceEpoch();
     const QString old = u"(SELECT Id FROM Asked WHERE Time < ?)"_s;
-    const QList<Statement> statements{
-        {u"DELETE FROM Sent WHERE Item IN "_s + old, {time}},
-        {u"DELETE FROM Sent WHERE Month < ?"_s, {before.toLocalTime().toString(u"yyyy-MM"_s)}},
-        {u"DELETE FROM Words WHERE Id IN "_s + old, {time}},
-        {u"DELETE FROM Asked WHERE Time < ?"_s, {time}},
-        {u"DELETE FROM Looks WHERE SeenAt < ?"_s, {time}},
-        {u"DELETE FROM Runs WHERE Time < ?"_s, {time}}};
-    return {[statements](HistoryDatabase &database) {
-        return runAll(database, statements) && giveRoomBack(database);
-    }};
+    HistoryCommand command = commandOf(
+        {{u"DELETE FROM Sent WHERE Item IN "_s + old, {time}},
+         {u"DELETE FROM Sent WHERE Month < ?"_s, {before.toLocalTime().toString(u"yyyy-MM"_s)}},
+         {u"DELETE FROM Words WHERE Id IN "_s + old, {time}},
+         {u"DELETE FROM Asked WHERE Time < ?"_s, {time}},
+         {u"DELETE FROM Looks WHERE SeenAt < ?"_s, {time}},
+         {u"DELETE FROM Runs WHERE Time < ?"_s, {time}}});
+    command.ThenTidy = true;
+    return command;
 }

@@ -29,14 +29,6 @@ bool makeForOwnerOnly(const QString &path)
     return !(file.permissions() & others) || file.setPermissions(ownerOnly);
 }
 
-/// A new file can give back the room of what is deleted later.
-HistoryTrouble layOut(HistoryDatabase &database)
-{
-    if (database.Value(u"PRAGMA page_count"_s).toInt() == 0)
-        database.Run(u"PRAGMA auto_vacuum = INCREMENTAL"_s);
-    return database.Trouble();
-}
-
 constexpr std::array<QStringView, 3> manners{{
     // Whoever reads does not hold up whoever writes.
     u"PRAGMA journal_mode = WAL",
@@ -63,8 +55,8 @@ HistoryTrouble markLeftBehind(HistoryDatabase &database)
 HistoryTrouble prepare(HistoryDatabase &database)
 {
     using Step = HistoryTrouble (*)(HistoryDatabase &);
-    constexpr std::array<Step, 6> order{&RefuseStrangers, &CheckIntegrity, &layOut,
-                                        &setManners,      &BringToVersion, &markLeftBehind};
+    constexpr std::array<Step, 5> order{&RefuseStrangers, &CheckIntegrity, &setManners,
+                                        &BringToVersion, &markLeftBehind};
     for (const Step step : order) {
         const HistoryTrouble trouble = step(database);
         if (trouble != HistoryTrouble::None)
@@ -73,10 +65,15 @@ HistoryTrouble prepare(HistoryDatabase &database)
     return HistoryTrouble::None;
 }
 
+/// What the names of damaged files begin with.
+QString damagedStem(const QString &path)
+{
+    return QFileInfo(path).completeBaseName() + u"-damaged-"_s;
+}
+
 QString freeName(const QString &path)
 {
-    const QFileInfo file(path);
-    const QString stem = file.path() + u'/' + file.completeBaseName() + u"-damaged-"_s
+    const QString stem = QFileInfo(path).path() + u'/' + damagedStem(path)
                          + QDate::currentDate().toString(Qt::ISODate);
     QString name = stem + u".db"_s;
     for (int i = 2; QFileInfo::exists(name); ++i)
@@ -114,5 +111,24 @@ bool RemoveHistoryFile(const QString &path)
     const QStringList names{path, path + u"-wal"_s, path + u"-shm"_s};
     for (const QString &name : names)
         gone = (!QFileInfo::exists(name) || QFile::remove(name)) && gone;
+    return gone;
+}
+
+void TidyHistoryFile(HistoryDatabase &database)
+{
+    constexpr int large = 4;
+    const int pages = database.Value(u"PRAGMA page_count"_s).toInt();
+    if (database.Value(u"PRAGMA freelist_count"_s).toInt() * large > pages)
+        database.Run(u"VACUUM"_s);
+    database.Run(u"PRAGMA wal_checkpoint(TRUNCATE)"_s);
+}
+
+bool RemoveDamagedHistories(const QString &path)
+{
+    QDir folder(QFileInfo(path).path());
+    bool gone = true;
+    const QStringList names = folder.entryList({damagedStem(path) + u'*'}, QDir::Files);
+    for (const QString &name : names)
+        gone = folder.remove(name) && gone;
     return gone;
 }

@@ -13,5 +13,12 @@ HistoryTrouble OpenHistoryFile(HistoryDatabase &database, const QString &path,
 /// name; "" when it cannot be renamed.
 QString PutAside(const QString &path);
 
+/// Gives the room of what was deleted back when that is a large part of the file, and leaves
+/// nothing of it in the journal. Outside of any transaction; that it fails harms nothing.
+void TidyHistoryFile(HistoryDatabase &database);
+
 /// Takes the file away, with what SQLite keeps beside it. False when something is left.
 bool RemoveHistoryFile(const QString &path);
+
+/// Takes away what PutAside has made of damaged files of this name. False when something is left.
+bool RemoveDamagedHistories(const QString &path);

@@ -114,12 +114,11 @@ std::optional<QDateTime> ReadLastOpened(HistoryDatabase &database, const QString
 QList<HistoryUsage> ReadUsage(HistoryDatabase &database)
 {
     QList<HistoryUsage> lines;
-    // A search that is a page of an index, or a case that is asked for again, is counted once.
+    // There is one row for an item, a kind and a month: so the rows count searches and cases once,
+    // however many requests they took.
     QSqlQuery rows = database.Ask(
-        u"SELECT Code, Month, count(DISTINCT CASE Kind WHEN 0 THEN Item END), sum(Count), "
-        "count(DISTINCT CASE Kind WHEN 1 THEN Item END), sum(CASE Kind WHEN 2 THEN Count ELSE 0 "
-        "END), sum(CASE Kind WHEN 3 THEN Count ELSE 0 END) FROM Sent GROUP BY Month, Code ORDER BY "
-        "Month DESC, Code"_s);
+        u"SELECT Code, Month, sum(Kind = 0), sum(Count), sum(Kind = 1), sum((Kind = 2) * Count), "
+        "sum((Kind = 3) * Count) FROM Sent GROUP BY Month, Code ORDER BY Month DESC, Code"_s);
     while (rows.next())
         lines.append({rows.value(0).toString(), rows.value(1).toString(), rows.value(2).toInt(),
                       rows.value(3).toInt(), rows.value(4).toInt(), rows.value(5).toInt(),

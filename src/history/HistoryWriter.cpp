@@ -218,8 +218,7 @@ void HistoryWriter::batchIsWritten(const Batch &batch)
 {
     for (const HistoryCommand &command : batch) {
         if (command.ThenTidy) {
-            database.Run(u"VACUUM"_s);
-            database.Run(u"PRAGMA wal_checkpoint(TRUNCATE)"_s);
+            TidyHistoryFile(database);
             break;
         }
     }

@@ -112,6 +112,8 @@ constexpr std::array<OptionRow, optionCount> rows{{
     inForce(u"chkDefaultToIndex", OptionKind::Check, Setting::DefaultToWaIndex, AsAtStart),
     inForce(u"chkPrintoutName", OptionKind::Check, Setting::PrintHdr, AsAtStart),
     inForce(u"txtPrintName", OptionKind::Text, Setting::PrintHdrVal, AsAtStart),
+    inForce(u"chkKeepHistory", OptionKind::Check, Setting::KeepHistory, AsAtStart),
+    inForce(u"cboxHistoryDays", OptionKind::List, Setting::HistoryDays, AsAtStart),
     later(u"lblImageCounties", OptionKind::Label, Setting::ImageCounties, AsItIs, OptionSave::Never,
           u"The provider sets it, and nothing but this window reads it."),
 }};

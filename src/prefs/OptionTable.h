@@ -58,7 +58,7 @@ struct OptionRow
 };
 
 /// How many controls there are.
-constexpr int optionCount = 40;
+constexpr int optionCount = 42;
 
 /// The whole table.
 std::span<const OptionRow> OptionRows();

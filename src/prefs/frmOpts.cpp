@@ -132,6 +132,7 @@ void frmOpts::connectControls()
     connect(ui->cboxHvServerIPs, &QComboBox::textActivated, this, &frmOpts::cboxHvServerIPs_Click);
     connect(ui->cmdChangeRptFolder, &QPushButton::clicked, this,
             &frmOpts::cmdChangeRptFolder_Click);
+    connect(ui->cmdClearHistory, &QPushButton::clicked, this, &frmOpts::cmdClearHistory_Click);
     connect(ui->Command1, &QPushButton::clicked, this,
             [this] { ui->Text1->setText(StandardReportFolder()); });
     connect(ui->cmdSetDefaultTabs, &QPushButton::clicked, this,
@@ -290,6 +291,18 @@ void frmOpts::takeFolder(const QString &folder)
                noFolderTitle.toString(), MsgButtons::Ok, MsgIcon::Exclamation);
     else
         ui->Text1->setText(written);
+}
+
+/// Whatever button the options are left with: what is forgotten does not come back.
+void frmOpts::cmdClearHistory_Click()
+{
+    const MsgAnswer answer =
+        MsgBox(this,
+               u"Forget all searches, cases and documents of the history, and the usage by client "
+               "code? This cannot be undone."_s,
+               u"Clear the History"_s, MsgButtons::YesNo, MsgIcon::Question);
+    if (answer == MsgAnswer::Yes)
+        Q_EMIT OptionsEvents::Of().ClearHistoryWanted();
 }
 
 void frmOpts::showIdleMinutes()

@@ -22,6 +22,8 @@ public:
 Q_SIGNALS:
     /// The options were saved, and those that are in force at once are in force.
     void Saved();
+    /// The user wants the whole history forgotten, and has been asked.
+    void ClearHistoryWanted();
 };
 
 /// The one window for the settings of options.ini. It shows them as OptionTable reads them, and
@@ -54,6 +56,7 @@ private:
     void cboxHvServerIPs_Click(const QString &address);
     void cmdChangeRptFolder_Click();
     void takeFolder(const QString &folder);
+    void cmdClearHistory_Click();
     void showIdleMinutes();
     void restoreDefaults(std::initializer_list<OptionGroup> groups);
     void chkCaseDefault_Click(bool wanted);

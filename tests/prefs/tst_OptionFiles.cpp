@@ -42,7 +42,8 @@ QString anotherValue(const OptionRow &row, const QString &value)
     default:
         break;
     }
-    if (row.Control == u"cboxMaxSearchingMsgs" || row.Control == u"txtPort")
+    if (row.Control == u"cboxMaxSearchingMsgs" || row.Control == u"txtPort"
+        || row.Control == u"cboxHistoryDays")
         return value == u"85" ? u"25"_s : u"85"_s;
     if (row.Kind == OptionKind::Check)
         return value == u"1" ? u"0"_s : u"1"_s;

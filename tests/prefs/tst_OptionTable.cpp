@@ -110,6 +110,8 @@ void tst_OptionTable::rows_data()
     row(u"chkDefaultToIndex"_s, u"Searching/DefaultToWaIndex"_s);
     row(u"chkPrintoutName"_s, u"Searching/PrintHdr"_s);
     row(u"txtPrintName"_s, u"Searching/PrintHdrVal"_s);
+    row(u"chkKeepHistory"_s, u"History/KeepHistory"_s);
+    row(u"cboxHistoryDays"_s, u"History/HistoryDays"_s);
     row(u"lblImageCounties"_s, u"Images/Counties"_s, u"never"_s);
 }
 
@@ -141,7 +143,7 @@ void tst_OptionTable::order()
         others.join(u' '),
         u"EnableMRU EnableAcctg DefaultIP ShowAlerts BatchSearch InactivityTimeOut SearchTimeout "
         "SearchingMsgs DefaultView ReportFolder HVServerPort DefaultToWaIndex PrintHdr "
-        "PrintHdrVal Counties"_s);
+        "PrintHdrVal KeepHistory HistoryDays Counties"_s);
 }
 
 void tst_OptionTable::everyRowThatIsUnlikeTheOthersSaysWhy()
@@ -231,6 +233,16 @@ void tst_OptionTable::readings_data()
         {"txtPrintName", u"x"_s, phrase},
         {"txtPrintName", u""_s, phrase},
         {"txtPrintName", u"Smith & Jones"_s, u"Smith & Jones"_s},
+        {"chkKeepHistory", no, u"1"_s},
+        {"chkKeepHistory", u"0"_s, u"0"_s},
+        {"chkKeepHistory", u"1"_s, u"1"_s},
+        {"chkKeepHistory", u"no"_s, u"1"_s},
+        {"cboxHistoryDays", no, u"400"_s},
+        {"cboxHistoryDays", u"0"_s, u"400"_s},
+        {"cboxHistoryDays", u"-5"_s, u"400"_s},
+        {"cboxHistoryDays", u"30"_s, u"30"_s},
+        {"cboxHistoryDays", u"77"_s, u"77"_s},
+        {"cboxHistoryDays", u"for ever"_s, u"400"_s},
         {"lblImageCounties", no, u"0"_s, u"(missing)"_s},
         {"lblImageCounties", u"King,Pierce"_s, u"King,Pierce"_s},
     };

@@ -59,6 +59,8 @@ private Q_SLOTS:
     void theIdleMinutesAreShown();
     void imageCounties();
     void aPracticeSessionHasItsServer();
+    void theHistoryIsClearedAfterAQuestion_data();
+    void theHistoryIsClearedAfterAQuestion();
     void mnemonicsDoNotClash();
     void everyControlSaysWhatItDoes();
     void noPageIsCut();
@@ -356,6 +358,30 @@ void tst_frmOptsControls::aPracticeSessionHasItsServer()
     QVERIFY(!Child<QGroupBox>(&window, "frameServer")->isEnabled());
     QCOMPARE(TextOf(&window, "txtPort"), u"4711"_s);
     QCOMPARE(Child<QComboBox>(&window, "cboxHvServerIPs")->itemText(0), u"127.0.0.1"_s);
+}
+
+void tst_frmOptsControls::theHistoryIsClearedAfterAQuestion_data()
+{
+    QTest::addColumn<MsgAnswer>("answer");
+    QTest::addColumn<int>("wanted");
+    QTest::newRow("yes") << MsgAnswer::Yes << 1;
+    QTest::newRow("no") << MsgAnswer::No << 0;
+}
+
+void tst_frmOptsControls::theHistoryIsClearedAfterAQuestion()
+{
+    QFETCH(const MsgAnswer, answer);
+    QFETCH(const int, wanted);
+    const QSignalSpy clear(&OptionsEvents::Of(), &OptionsEvents::ClearHistoryWanted);
+    frmOpts window;
+    window.setVisible(true);
+    session->boxes.Expect(u"Forget all searches, cases and documents of the history, and the usage "
+                          "by client code? This cannot be undone."_s,
+                          u"Clear the History"_s, MsgIcon::Question, answer);
+    Click(&window, "cmdClearHistory");
+    QCOMPARE(session->boxes.Answered(), 1);
+    QCOMPARE(clear.count(), wanted);
+    QVERIFY(window.isVisible());
 }
 
 /// The letters of the captions, of a page and of what always stands beside it.

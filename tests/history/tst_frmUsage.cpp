@@ -1,0 +1,207 @@
+#include "SessionFixture.h"
+
+#include "controls/SaveDialog.h"
+#include "core/Clock.h"
+#include "core/GeneralDate.h"
+#include "history/HistoryStore.h"
+#include "history/frmUsage.h"
+#include "reports/NotingViewer.h"
+#include "reports/ReportViewer.h"
+#include "support/HalvaneTest.h"
+#include "tables/ResultListView.h"
+#include "tables/TableTools.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr int longEnough = 30'000; ///< milliseconds; a write takes a few
+
+QDateTime at(int month, int day)
+{
+    return QDateTime(QDate(2026, month, day), QTime(10, 30));
+}
+
+HistoryStore &store()
+{
+    return HistoryStore::Of();
+}
+
+/// Something that was asked for, and so many requests that went out for it.
+void ask(AskedKind kind, const QString &what, const QString &code, SentKind sent, int requests,
+         const QDateTime &when)
+{
+    AskedItem item;
+    item.Kind = kind;
+    item.What = what;
+    item.Where = u"King"_s;
+    item.ClientCode = code;
+    item.When = when;
+    const qint64 id = store().Begin(item);
+    for (int i = 0; i < requests; ++i)
+        store().Sent(id, sent, code, when);
+    store().End(id, u"Search Complete"_s, 1);
+}
+
+QList<QStringList> rowsOf(const QWidget *window, const char *name)
+{
+    const ResultListModel *list = Child<ResultListView>(window, name)->List();
+    QList<QStringList> rows;
+    for (int row = 0; row < list->Count(); ++row)
+        rows.append(list->Cells(row));
+    return rows;
+}
+} // namespace
+
+class tst_frmUsage : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void aLineForEachCodeAndMonthAndATotal();
+    void theLinesBehindTheSelectedOne();
+    void itFollowsTheHistoryAndKeepsTheSelection();
+    void itSaysWhyItIsEmpty_data();
+    void itSaysWhyItIsEmpty();
+    void itIsPrintedAndSaved();
+    void theTableIsExported();
+    void thereIsOne();
+
+private:
+    void fill();
+
+    std::unique_ptr<SessionFixture> session;
+    ReportsSeen seen;
+};
+
+void tst_frmUsage::init()
+{
+    session = std::make_unique<SessionFixture>();
+    seen = {};
+    NoteReports(&seen);
+    store().Open(session->folder.Path(u"history.db"_s));
+    QVERIFY(store().WaitUntilWritten(longEnough));
+}
+
+void tst_frmUsage::cleanup()
+{
+    store().Close();
+    ReplaceReportViewer({});
+    ReplaceSaveDialog({});
+    const QString complaints = session->boxes.Complaints();
+    session.reset();
+    QCOMPARE(complaints, QString());
+}
+
+void tst_frmUsage::fill()
+{
+    ask(AskedKind::Search, u"DOE, JOHN"_s, u"A"_s, SentKind::Search, 3, at(10, 2));
+    ask(AskedKind::Search, u"ROE, JANE"_s, u"A"_s, SentKind::Search, 1, at(11, 2));
+    ask(AskedKind::Case, u"02-2-00001-1"_s, u"A"_s, SentKind::CaseSummary, 1, at(11, 3));
+    ask(AskedKind::Document, u"COMPLAINT"_s, {}, SentKind::Document, 2, at(11, 4));
+    QVERIFY(store().WaitUntilWritten(longEnough));
+}
+
+void tst_frmUsage::aLineForEachCodeAndMonthAndATotal()
+{
+    fill();
+    frmUsage window;
+    QCOMPARE(
+        rowsOf(&window, "listUsage"),
+        QList<QStringList>({{u"2026-11"_s, u"(none)"_s, u"0"_s, u"2"_s, u"0"_s, u"0"_s, u"2"_s},
+                            {u"2026-11"_s, u"A"_s, u"1"_s, u"2"_s, u"1"_s, u"0"_s, u"0"_s},
+                            {u"2026-10"_s, u"A"_s, u"1"_s, u"3"_s, u"0"_s, u"0"_s, u"0"_s},
+                            {u"Total"_s, u"all codes"_s, u"2"_s, u"7"_s, u"1"_s, u"0"_s, u"2"_s}}));
+}
+
+void tst_frmUsage::theLinesBehindTheSelectedOne()
+{
+    fill();
+    frmUsage window;
+    // The first line is selected to begin with.
+    QCOMPARE(rowsOf(&window, "listBehind").size(), 1);
+    auto *list = Child<ResultListView>(&window, "listUsage");
+    list->selectRow(1);
+    const auto date = [](int day) { return GeneralDate(at(11, day), ClockTime::ToTheMinute); };
+    QCOMPARE(
+        rowsOf(&window, "listBehind"),
+        QList<QStringList>(
+            {{date(3), u"Case"_s, u"02-2-00001-1"_s, u"King"_s, u"Search Complete"_s, u"1"_s},
+             {date(2), u"Search"_s, u"ROE, JANE"_s, u"King"_s, u"Search Complete"_s, u"1"_s}}));
+    list->selectRow(3);
+    QCOMPARE(rowsOf(&window, "listBehind"), QList<QStringList>());
+}
+
+void tst_frmUsage::itFollowsTheHistoryAndKeepsTheSelection()
+{
+    fill();
+    frmUsage window;
+    window.tmrRefresh->setInterval(0);
+    auto *list = Child<ResultListView>(&window, "listUsage");
+    list->selectRow(2);
+    ask(AskedKind::Search, u"NEW"_s, u"B"_s, SentKind::Search, 1, at(11, 5));
+    QVERIFY(store().WaitUntilWritten(longEnough));
+    QTRY_COMPARE(rowsOf(&window, "listUsage").size(), 5);
+    QCOMPARE(list->SelectedRow(), 3);
+    QCOMPARE(rowsOf(&window, "listBehind").value(0).value(2), u"DOE, JOHN"_s);
+}
+
+void tst_frmUsage::itSaysWhyItIsEmpty_data()
+{
+    QTest::addColumn<bool>("open");
+    QTest::addColumn<QString>("note");
+    QTest::newRow("nothing was sent") << true << u"Nothing was sent"_s;
+    QTest::newRow("the history is off") << false << u"The history is off"_s;
+}
+
+void tst_frmUsage::itSaysWhyItIsEmpty()
+{
+    QFETCH(const bool, open);
+    QFETCH(const QString, note);
+    if (!open)
+        store().Close();
+    const frmUsage window;
+    QVERIFY(TextOf(&window, "lblNote").startsWith(note));
+    QCOMPARE(rowsOf(&window, "listUsage"), QList<QStringList>());
+}
+
+void tst_frmUsage::itIsPrintedAndSaved()
+{
+    fill();
+    frmUsage window;
+    Click(&window, "cmdPrint");
+    QCOMPARE(seen.Shown.size(), 1);
+    QCOMPARE(seen.Shown.first().Title, u"Halvane - Usage by Client Code"_s);
+    ReplaceSaveDialog([this](const QString &) { return session->folder.Path(u"usage.txt"_s); });
+    Click(&window, "cmdSave");
+    QVERIFY(session->folder.Read(u"usage.txt"_s).contains("all codes"));
+}
+
+void tst_frmUsage::theTableIsExported()
+{
+    fill();
+    frmUsage window;
+    ReplaceSaveDialog([this](const QString &) { return session->folder.Path(u"usage.csv"_s); });
+    Child<ResultListView>(&window, "listUsage")->Tools()->ExportCsv();
+    const QByteArray file = session->folder.Read(u"usage.csv"_s);
+    QVERIFY(file.contains("Month,Client Code,Searches,Requests,Cases,Tabs,Documents"));
+    QVERIFY2(file.contains("Total,all codes,2,7,1,0,2"), file.constData());
+}
+
+void tst_frmUsage::thereIsOne()
+{
+    session->ShowMain();
+    frmUsage::ShowForm();
+    auto *window = Shown<frmUsage>(u"frmUsage"_s);
+    QVERIFY(window);
+    frmUsage::ShowForm();
+    QCOMPARE(Shown<frmUsage>(u"frmUsage"_s), window);
+    Click(window, "cmdClose");
+    QVERIFY(!Shown<frmUsage>(u"frmUsage"_s));
+    frmUsage::ShowForm();
+    QVERIFY(Shown<frmUsage>(u"frmUsage"_s));
+}
+
+HALVANE_TEST(tst_frmUsage)
+#include "tst_frmUsage.moc"
