@@ -27,6 +27,7 @@
 #include "session/frmConnect.h"
 #include "session/frmLogin.h"
 #include "session/frmMain.h"
+#include "session/frmWaiting.h"
 
 #include <QGuiApplication>
 #include <QSessionManager>
@@ -83,6 +84,7 @@ void wireSession()
         frmSearchWA::ShowForm();
         frmSearchWA::Form().SelectCourt(courtsOfEntries.at(static_cast<size_t>(court)));
     });
+    QObject::connect(session, &SessionEvents::WaitingWanted, session, &frmWaiting::ShowForm);
     QObject::connect(session, &SessionEvents::PageSetupWanted, session,
                      [] { AskForPaper(frmMain::Form()); });
     QObject::connect(session, &SessionEvents::SessionReportWanted, session, &ShowSessionReport);

@@ -8,6 +8,7 @@
 #include "core/GlobalState.h"
 #include "core/Log.h"
 #include "core/Settings.h"
+#include "courts/CaseMarks.h"
 #include "courts/CourtTable.h"
 
 using namespace Qt::StringLiterals;
@@ -53,6 +54,12 @@ void CaseJob::Take(const CaseStart &start)
     for (const QString &line : start.TabRequests)
         lboxTabReqQueue.AddItem(line);
     Sheet.Take(start);
+}
+
+JobMatter CaseJob::Matter() const
+{
+    const QString &court = Record.lblCourtName;
+    return {CaseNumberOf(Record.txtCaseNumber), court.isEmpty() ? Record.txtCountyName : court};
 }
 
 void CaseJob::setStatusText(const QString &text, StatusStyle style)

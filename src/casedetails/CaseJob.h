@@ -27,6 +27,7 @@ public:
 
     /// Takes what the starter hands over.
     void Take(const CaseStart &start);
+    JobMatter Matter() const override;
     /// Brings a tab into sight, or the on-demand panel in its place. An incomplete tab asks first
     /// whether it shall be retrieved again. A caption that is no tab's does nothing.
     void ActivateTab(const QString &caption);

@@ -15,6 +15,8 @@ public:
     /// Takes what the starter hands over: the documents of one case, retrievable and not.
     void Take(const QList<DocumentStart> &starts);
 
+    JobMatter Matter() const override { return {CaseNumber, County}; }
+
     /// Takes other documents of the same case once it is through, and retrieves these.
     void RetrieveOthers(const QList<DocumentStart> &starts);
     /// Tries again what could not be had.

@@ -74,6 +74,13 @@ QList<DocumentItem> ItemsOf(const QList<DocumentStart> &starts)
     return items;
 }
 
+QString WhereOf(const DocumentStart &start)
+{
+    QStringList parts{start.CaseNumber, start.County};
+    parts.removeAll(QString());
+    return parts.join(u", "_s);
+}
+
 QString CaseFolder(const QString &county, const QString &caseNumber)
 {
     constexpr qsizetype longestName = 100;

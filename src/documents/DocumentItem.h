@@ -42,5 +42,8 @@ QString ReasonOf(TransferEnd end);
 /// asks for the same document, which is retrieved once.
 QList<DocumentItem> ItemsOf(const QList<DocumentStart> &starts);
 
+/// The case that a document is of, in words: its number and its county.
+QString WhereOf(const DocumentStart &start);
+
 /// The folder of a case beneath ReportsFolder().
 QString CaseFolder(const QString &county, const QString &caseNumber);

@@ -19,6 +19,7 @@ void DocumentJob::Take(const DocumentStart &start)
     txtDocRetrievalString = start.Command;
     txtPageQty = start.PageCount;
     sClientMatterText = start.ClientMatterText;
+    matter = {start.Description, WhereOf(start)};
 }
 
 void DocumentJob::ProcessSearchRequests()

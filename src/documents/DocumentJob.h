@@ -17,6 +17,7 @@ public:
     void UseTalk(DocumentTalk *window) { talk = window; }
     /// Takes what the starter hands over.
     void Take(const DocumentStart &start);
+    JobMatter Matter() const override { return matter; }
 
     QString txtDocRetrievalString; ///< the line of the list
     QString txtPageQty;
@@ -38,4 +39,5 @@ private:
     void tellFailure(const TransferResult &result);
 
     DocumentTalk *talk = nullptr;
+    JobMatter matter;
 };

@@ -77,6 +77,7 @@ void Job::GiveUp()
     Timer1->stop();
     givenUp = true;
     GivenUp();
+    Q_EMIT JobEvents::Of().GivenUp(this);
 }
 
 void Job::Release()
@@ -148,6 +149,7 @@ void Job::takeTurn(const TurnRequest &request)
         FreeLink();
         hasTurn = false;
         jobsWithTurn().removeOne(this);
+        Q_EMIT JobEvents::Of().TurnOver(this);
     });
     Q_EMIT JobEvents::Of().TurnTaken(this);
     linkWasTaken = false;
@@ -220,6 +222,25 @@ bool Job::StopActiveSearch()
     ShowStopped(StopCase::Active);
     StopCurrentSearch();
     return true;
+}
+
+bool Job::KeepsPlace() const
+{
+    return !hasTurn && jobState != JobState::Pending
+           && frmQueue::Form().FIFO.Lines().contains(txtMasterKey);
+}
+
+void Job::Skip()
+{
+    const RunScope scope(this);
+    if (!KeepsPlace())
+        return;
+    if (jobState != JobState::Over) {
+        StopRequested = true;
+        ShowStopped(StopCase::Pending);
+        StopDone();
+    }
+    Withdraw();
 }
 
 /// From here on there is nothing more to be stopped; a run that is on the stack reads on.

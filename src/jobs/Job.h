@@ -29,6 +29,19 @@ Q_SIGNALS:
     void TurnTaken(Job *job);
     /// A job that waited or ran is over: its run came to its end, or it was stopped before.
     void Over(Job *job);
+    /// The run of a job is off the stack, however it ended; one that broke down has kept its place.
+    void TurnOver(Job *job);
+    /// Nobody looks at a job any more. What it was for can still be read from it.
+    void GivenUp(Job *job);
+    /// A key has come into the queue, or has gone from it.
+    void QueueChanged();
+};
+
+/// What a job is for, in words that tell it from others of its kind.
+struct JobMatter
+{
+    QString What;  ///< the name that is searched for, the number of the case, the document
+    QString Where; ///< the courts or counties, the case of the document
 };
 
 /// How far a job is. It never goes back, but a job that is over can begin anew as Pending.
@@ -75,6 +88,10 @@ public:
     /// Another job was seen using the link when this one asked for its turn.
     bool LinkWasTaken() const { return linkWasTaken; }
     const JobKind &Kind() const { return *kind; }
+    /// What the job is for; both texts may be empty while that is not known.
+    virtual JobMatter Matter() const { return {}; }
+    /// The run is over and has not given its turn back: it broke down, and nobody comes back to it.
+    bool KeepsPlace() const;
 
     /// Takes the key out of the queue, wherever it stands.
     void Withdraw();
@@ -85,6 +102,9 @@ public:
     bool StopPendingSearch();
     bool StopActiveSearch();
     void StopCurrentSearch();
+    /// Takes a job whose run broke down out of the queue, as one that was stopped before its turn:
+    /// the court is told nothing, since another may be using the link by then.
+    void Skip();
 
     /// Nobody looks at the job any more.
     void GiveUp();

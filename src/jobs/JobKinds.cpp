@@ -24,6 +24,7 @@ constexpr JobKind nameSearch{
     .CannotStopPending = cannotStopPending,
     .CannotStopActive = cannotStopActive,
     .StopNotSent = stopNotSent,
+    .Name = u"Search",
 };
 
 constexpr JobKind withWorking(JobKind kind, QStringView working)
@@ -38,10 +39,11 @@ constexpr JobKind caseRun(int turn, int workingBlink, QStringView stoppedByAll)
     kind.Turn = turn;
     kind.WorkingBlink = workingBlink;
     kind.StoppedByAll = stoppedByAll;
+    kind.Name = u"Case";
     return kind;
 }
 
-constexpr JobKind documents(QStringView stoppedByAll)
+constexpr JobKind documents(QStringView stoppedByAll, QStringView name)
 {
     return {
         .Turn = 1500,
@@ -56,6 +58,7 @@ constexpr JobKind documents(QStringView stoppedByAll)
         .CannotStopPending = u"Cannot Stop Pending Search. In frmDocTransfer:Stop_Click()",
         .CannotStopActive = u"Cannot Stop Active Search. In frmDocTransfer:Stop_Click()",
         .StopNotSent = u"Exiting Doc Retrieval. In frmDocTransfer:StopCurrentSearch(). Error: ",
+        .Name = name,
     };
 }
 
@@ -66,8 +69,8 @@ constexpr std::array<JobKind, 6> kinds{
     caseRun(2000, 700, u"INCOMPLETE EXIT - from Timer1 - Case Details."),
     caseRun(900, 500, u"INCOMPLETE EXIT - from OnDemandTimer1 - Case Details."),
     // A document is stopped in the words of its case.
-    documents(u"INCOMPLETE EXIT - from Timer1 - Case Details."),
-    documents(u"INCOMPLETE EXIT - from Timer1 - All Documents."),
+    documents(u"INCOMPLETE EXIT - from Timer1 - Case Details.", u"Document"),
+    documents(u"INCOMPLETE EXIT - from Timer1 - All Documents.", u"All documents"),
 };
 } // namespace
 

@@ -23,6 +23,8 @@ struct JobKind
     QStringView CannotStopPending;
     QStringView CannotStopActive;
     QStringView StopNotSent; ///< with the description of the error behind it
+
+    QStringView Name; ///< in a list of all jobs
 };
 
 /// The kinds there are.

@@ -10,9 +10,18 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+QList<JobWindow *> &allWindows()
+{
+    static QList<JobWindow *> windows;
+    return windows;
+}
+} // namespace
 
 JobWindow::JobWindow(Job *ownJob, QString *state, QString *code, QWidget *parent)
     : FormWindow(parent), job(ownJob), txtMasterKey(job->txtMasterKey),
@@ -22,12 +31,29 @@ JobWindow::JobWindow(Job *ownJob, QString *state, QString *code, QWidget *parent
     tmrBlink->setObjectName(u"tmrBlink"_s);
     tmrBlink->setInterval(job->Kind().Blink);
     connect(tmrBlink, &QTimer::timeout, this, &JobWindow::tmrBlink_Tick);
+    allWindows().append(this);
 }
 
 JobWindow::~JobWindow()
 {
+    allWindows().removeOne(this);
     job->disconnect(this);
     job->Release();
+}
+
+JobWindow *JobWindow::Of(const Job *shown)
+{
+    const QList<JobWindow *> &windows = allWindows();
+    const auto found = std::find_if(windows.begin(), windows.end(), [shown](const JobWindow *one) {
+        return one->job == shown && !one->IsUnloaded();
+    });
+    return found == windows.end() ? nullptr : *found;
+}
+
+void JobWindow::PressStop()
+{
+    if (job->CanBeStopped())
+        stopButton->click();
 }
 
 void JobWindow::StartJob(const JobControls &controls)

@@ -25,6 +25,12 @@ public:
 
     /// The job of this window.
     Job *ShownJob() const { return job; }
+    /// The window that shows this job; null when there is none, or it has gone for the user.
+    static JobWindow *Of(const Job *shown);
+
+    /// Presses Stop for the user, who is asked what the button asks. When there is nothing to be
+    /// stopped, it does nothing.
+    void PressStop();
 
     /// Stops the job that is using the link: tells the server.
     bool StopActiveSearch() { return job->StopActiveSearch(); }

@@ -1,5 +1,7 @@
 #include "jobs/frmQueue.h"
 
+#include "jobs/Job.h"
+
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -11,6 +13,7 @@ std::unique_ptr<frmQueue> loaded;
 frmQueue::frmQueue()
 {
     setObjectName(u"frmQueue"_s);
+    FIFO.WhenChanged([] { Q_EMIT JobEvents::Of().QueueChanged(); });
     FIFO.Clear();
 }
 

@@ -27,6 +27,16 @@ NameSearch::NameSearch(JobKindName name, ResultsWindow window)
     ShowInProgress();
 }
 
+JobMatter NameSearch::Matter() const
+{
+    const QString &name = Record.lblNameVal;
+    QString places = Record.txtCountyList.isEmpty() ? Record.lblCourtCounty : Record.txtCountyList;
+    while (places.endsWith(u','))
+        places.chop(1);
+    return {name.isEmpty() ? NameOfRequest(lboxQueue.List(0), Record.chkIndexSearch) : name,
+            places};
+}
+
 void NameSearch::ShowInProgress()
 {
     SetSearchStatus(u" Search In Progress. Select Stop Search Button to Cancel Current Search .."_s,

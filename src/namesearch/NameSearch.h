@@ -42,6 +42,9 @@ public:
     /// Queues the search again, with the key it has, for further requests.
     void BeginSearching();
 
+    /// Its name is that of the first line as long as the criteria are not shown.
+    JobMatter Matter() const override;
+
     /// Puts the criteria of a line of lboxQueue into the record. Throws error 9 when it has too few
     /// fields.
     virtual void ShowSearchCriteria(int lineIndex) = 0;

@@ -51,6 +51,12 @@ QString nameOf(const QStringList &fields)
     return name;
 }
 
+QStringList fieldsOf(const QString &requestLine, bool indexSearch)
+{
+    const CourtSystem system = indexSearch ? CourtSystem::Index : CourtSystem::Superior;
+    return TrimBlanks(requestLine).split(QChar(CourtOf(system).SearchDelimiter));
+}
+
 QString caseTypesOf(const QString &field)
 {
     QString types = field.chopped(qMin<qsizetype>(1, field.size())).split(u',').join(u", "_s);
@@ -87,10 +93,7 @@ QString idahoPlace(const QString &county, const QString &countyList)
 
 SearchCriteria CriteriaOf(const QString &requestLine, const CriteriaSource &source)
 {
-    const QStringList fields =
-        TrimBlanks(requestLine)
-            .split(QChar(CourtOf(source.IndexSearch ? CourtSystem::Index : CourtSystem::Superior)
-                             .SearchDelimiter));
+    const QStringList fields = fieldsOf(requestLine, source.IndexSearch);
     SearchCriteria criteria;
     criteria.Name = nameOf(fields);
     criteria.CaseTypes = caseTypesOf(FieldAt(fields, caseTypeField));
@@ -105,6 +108,12 @@ SearchCriteria CriteriaOf(const QString &requestLine, const CriteriaSource &sour
     else if (source.State == u"ID")
         criteria.Caption = head + idahoPlace(county, source.CountyList);
     return criteria;
+}
+
+QString NameOfRequest(const QString &requestLine, bool indexSearch)
+{
+    const QStringList fields = fieldsOf(requestLine, indexSearch);
+    return fields.size() > middleNameField ? nameOf(fields) : QString();
 }
 
 bool KeepsGivenCriteria(const QString &state)

@@ -24,6 +24,10 @@ struct CriteriaSource
 /// other state. Throws error 9 when the line has too few fields.
 SearchCriteria CriteriaOf(const QString &requestLine, const CriteriaSource &source);
 
+/// The name that a request line asks for, "SMITH, JOHN, Q"; "" when it has too few fields. The
+/// fields of an index search are closed by "~".
+QString NameOfRequest(const QString &requestLine, bool indexSearch);
+
 /// True for the courts whose window shows what its starter wrote into it, since their request lines
 /// do not have it.
 bool KeepsGivenCriteria(const QString &state);

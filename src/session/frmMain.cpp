@@ -8,6 +8,7 @@
 #include "core/Options.h"
 #include "core/UserStore.h"
 #include "core/Version.h"
+#include "jobs/WaitingList.h"
 #include "link/ConnectState.h"
 #include "session/EditCommands.h"
 #include "session/SessionEvents.h"
@@ -23,6 +24,7 @@
 #include <QDesktopServices>
 #include <QFontMetrics>
 #include <QMdiSubWindow>
+#include <QToolButton>
 #include <QUrl>
 
 #include <algorithm>
@@ -83,7 +85,8 @@ static void initResources()
 
 frmMain::frmMain()
     : tmrConnectStatus(new QTimer(this)), TimerExit(new QTimer(this)),
-      ui(std::make_unique<Ui::frmMain>()), edit(new EditCommands(this))
+      ui(std::make_unique<Ui::frmMain>()), edit(new EditCommands(this)),
+      waiting(new WaitingList(this))
 {
     initResources();
     ui->setupUi(this);
@@ -137,8 +140,18 @@ void frmMain::makeStatusBar()
         panels[i] = plainLabel(this, u"sbStatusBar_"_s + QString::number(i + 1));
     notice = plainLabel(this, u"lblNotice"_s);
     notice->hide();
+    cmdWaiting = new QToolButton(this);
+    cmdWaiting->setObjectName(u"cmdWaiting"_s);
+    cmdWaiting->setAutoRaise(true);
+    // By the keyboard, too, but a click does not take it from whoever types.
+    cmdWaiting->setFocusPolicy(Qt::TabFocus);
+    cmdWaiting->setToolTip(u"Show what runs, what waits for its turn, and what holds it up"_s);
+    cmdWaiting->hide();
+    connect(cmdWaiting, &QToolButton::clicked, ui->mnuSearchWaiting, &QAction::trigger);
+    connect(waiting, &WaitingList::Changed, this, &frmMain::showWaiting);
     lamp = plainLabel(this, u"lamp"_s);
     ui->sbStatusBar->addWidget(panels[0], 1);
+    ui->sbStatusBar->addPermanentWidget(cmdWaiting);
     ui->sbStatusBar->addPermanentWidget(notice);
     ui->sbStatusBar->addPermanentWidget(panels[1]);
     ui->sbStatusBar->addPermanentWidget(panels[2]);
@@ -371,6 +384,17 @@ void frmMain::SetNotice(const QString &text)
 {
     notice->setText(text);
     notice->setVisible(!text.isEmpty());
+}
+
+void frmMain::showWaiting()
+{
+    const QString summary = waiting->Summary();
+    cmdWaiting->setText(summary);
+    cmdWaiting->setAccessibleName(u"Queue: "_s + summary);
+    QFont font = ui->sbStatusBar->font();
+    font.setBold(waiting->HeldUp());
+    cmdWaiting->setFont(font);
+    cmdWaiting->setVisible(!summary.isEmpty());
 }
 
 void frmMain::ShowConnection(bool connected)

@@ -13,6 +13,8 @@
 
 class EditCommands;
 class QMdiSubWindow;
+class QToolButton;
+class WaitingList;
 
 namespace Ui {
 class frmMain;
@@ -58,6 +60,9 @@ public:
     /// Takes the window away for good, asking first what `mode` has to ask. False when refused.
     bool Unload(UnloadMode mode);
 
+    /// What runs, what waits, and what holds the queue.
+    WaitingList *Waiting() const { return waiting; }
+
     /// A line in the status bar that stays, such as the one that marks practice records.
     void SetNotice(const QString &text);
 
@@ -72,6 +77,7 @@ protected:
 private:
     void Load();
     void makeStatusBar();
+    void showWaiting();
     void connectFileAndEdit();
     void connectMenus();
     void connectToolBar();
@@ -101,6 +107,8 @@ private:
 
     const std::unique_ptr<Ui::frmMain> ui;
     EditCommands *const edit;
+    WaitingList *const waiting;
+    QToolButton *cmdWaiting = nullptr;
     std::array<QLabel *, 4> panels{};
     QLabel *lamp = nullptr;
     QLabel *notice = nullptr;
