@@ -1,6 +1,9 @@
 #include "app/Startup.h"
 
+#include "app/AskAgain.h"
 #include "app/HistoryStart.h"
+#include "app/HistoryWiring.h"
+#include "app/PutBackOffer.h"
 #include "controls/ModalDialog.h"
 #include "controls/MsgBox.h"
 #include "controls/WindowPlace.h"
@@ -9,6 +12,8 @@
 #include "core/Log.h"
 #include "core/Options.h"
 #include "core/TextUtilities.h"
+#include "history/HistoryEvents.h"
+#include "history/frmHistory.h"
 #include "jobs/frmQueue.h"
 #include "link/frmWinsock.h"
 #include "prefs/frmAbout.h"
@@ -100,6 +105,10 @@ void wireSession()
                      [] { ModalDialog<frmAbout>(frmMain::Form()).Run(); });
     QObject::connect(session, &SessionEvents::OptionsWanted, session,
                      [] { frmOpts::ShowModal(frmMain::Form()); });
+    QObject::connect(session, &SessionEvents::HistoryWanted, session, &frmHistory::ShowForm);
+    HistoryEvents *history = &HistoryEvents::Of();
+    QObject::connect(history, &HistoryEvents::FillWanted, history, &FillSearchForm);
+    QObject::connect(history, &HistoryEvents::AgainWanted, history, &AskAgain);
     OptionsEvents *options = &OptionsEvents::Of();
     QObject::connect(options, &OptionsEvents::Saved, options, [] {
         Q_EMIT AccountingEvents::Of().OptionChanged(Global.bEnableAcctg || Global.bClientAcctgOpt);
@@ -110,6 +119,8 @@ void wireSession()
 void WireWindows()
 {
     wireSession();
+    FollowJobs();
+    WirePutBackOffer();
     WireHistory();
     LinkEvents *link = &LinkEvents::Of();
     QObject::connect(link, &LinkEvents::IdleLimitReached, link, [] {
