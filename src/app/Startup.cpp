@@ -1,7 +1,10 @@
 #include "app/Startup.h"
 
+#include "app/AskAgain.h"
 #include "app/HistoryStart.h"
+#include "app/HistoryWiring.h"
 #include "app/NewEntries.h"
+#include "app/PutBackOffer.h"
 #include "controls/ModalDialog.h"
 #include "controls/MsgBox.h"
 #include "controls/WindowPlace.h"
@@ -10,6 +13,8 @@
 #include "core/Log.h"
 #include "core/Options.h"
 #include "core/TextUtilities.h"
+#include "history/HistoryEvents.h"
+#include "history/frmHistory.h"
 #include "jobs/frmQueue.h"
 #include "link/frmWinsock.h"
 #include "prefs/frmAbout.h"
@@ -101,6 +106,10 @@ void wireSession()
                      [] { ModalDialog<frmAbout>(frmMain::Form()).Run(); });
     QObject::connect(session, &SessionEvents::OptionsWanted, session,
                      [] { frmOpts::ShowModal(frmMain::Form()); });
+    QObject::connect(session, &SessionEvents::HistoryWanted, session, &frmHistory::ShowForm);
+    HistoryEvents *history = &HistoryEvents::Of();
+    QObject::connect(history, &HistoryEvents::FillWanted, history, &FillSearchForm);
+    QObject::connect(history, &HistoryEvents::AgainWanted, history, &AskAgain);
     OptionsEvents *options = &OptionsEvents::Of();
     QObject::connect(options, &OptionsEvents::Saved, options, [] {
         Q_EMIT AccountingEvents::Of().OptionChanged(Global.bEnableAcctg || Global.bClientAcctgOpt);
@@ -111,6 +120,8 @@ void wireSession()
 void WireWindows()
 {
     wireSession();
+    FollowJobs();
+    WirePutBackOffer();
     WireHistory();
     WireNewEntries();
     LinkEvents *link = &LinkEvents::Of();

@@ -2,6 +2,7 @@
 
 #include "core/Log.h"
 #include "core/Platform.h"
+#include "documents/DocumentItem.h"
 #include "documents/DocumentName.h"
 #include "documents/DocumentTalk.h"
 #include "jobs/TurnTaking.h"
@@ -16,6 +17,7 @@ DocumentJob::DocumentJob() : TransferJob(JobKindName::Document) {}
 
 void DocumentJob::Take(const DocumentStart &start)
 {
+    Start = start;
     txtDocRetrievalString = start.Command;
     txtPageQty = start.PageCount;
     sClientMatterText = start.ClientMatterText;
@@ -35,6 +37,8 @@ void DocumentJob::ProcessSearchRequests()
                                                         .Folder = ReportsFolder(),
                                                         .Name = {},
                                                         .WantsSha256 = false});
+    Retrieved = result.End == TransferEnd::Saved;
+    Outcome = Retrieved ? u"Document Retrieved."_s : ReasonOf(result);
     bool closes = true;
     if (result.End == TransferEnd::Saved)
         closes = open(result);

@@ -45,4 +45,6 @@ struct CaseStart
     /// How the case was asked for on the search form; empty for one that was opened otherwise.
     QByteArray Origin;
     QString Log; ///< what is logged when the case is opened from a row, "" for nothing
+
+    bool operator==(const CaseStart &) const = default;
 };

@@ -13,4 +13,6 @@ struct DocumentStart
     QString PageCount;   ///< the cell that counts the pages, as it stands
     QString Date;        ///< the cell that dates it, as it stands
     QString ClientMatterText;
+
+    bool operator==(const DocumentStart &) const = default;
 };

@@ -50,12 +50,17 @@ bool DisplayCourtDisclaimer(QWidget *parent, QStringView searchState)
 
 bool CourtDisclaimerAccepted(QWidget *parent, bool batch)
 {
+    return CourtDisclaimerAccepted(parent, batch, Global.strSearchState);
+}
+
+bool CourtDisclaimerAccepted(QWidget *parent, bool batch, QStringView searchState)
+{
     for (const DisclaimerRow &row : disclaimers) {
         if (row.batchOnly && !batch)
             continue;
         if (!Global.bShowAlerts)
             Global.*row.accepted = true;
-        else if (row.state == Global.strSearchState && !(Global.*row.accepted))
+        else if (row.state == searchState && !(Global.*row.accepted))
             return display(parent, row);
     }
     return true;

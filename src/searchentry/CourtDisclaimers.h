@@ -13,3 +13,5 @@ bool DisplayCourtDisclaimer(QWidget *parent, QStringView searchState);
 /// Whether a search, or a batch, in the state of strSearchState may go on: the notice was accepted,
 /// is accepted now, or there is none. When no notices are wanted, all count as accepted.
 bool CourtDisclaimerAccepted(QWidget *parent, bool batch);
+/// The same for a search that is not the one on the form.
+bool CourtDisclaimerAccepted(QWidget *parent, bool batch, QStringView searchState);

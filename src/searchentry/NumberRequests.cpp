@@ -4,6 +4,7 @@
 #include "core/TextUtilities.h"
 #include "core/Windows1252.h"
 #include "searchentry/BankruptcyRequests.h"
+#include "searchentry/EntryText.h"
 #include "searchentry/RequestGrammar.h"
 
 using namespace Qt::StringLiterals;
@@ -84,10 +85,12 @@ QList<CaseStart> BatchFields(const SearchEntry &entry)
     const StateRow *row = stateRow(entry);
     if (!row)
         return all;
-    for (const BatchRow &typed : entry.Batch) {
+    for (size_t i = 0; i < entry.Batch.size(); ++i) {
+        const BatchRow &typed = entry.Batch.at(i);
         if (TrimBlanks(typed.Number).isEmpty())
             continue;
         CaseStart fields = fieldsOf(entry, typed.Number, typed.County);
+        fields.Origin = TextOfEntry(AsAskedInRow(entry, i));
         if (!row->lineInBatch)
             fields.tboxCaseNumberQueue.clear();
         all.append(fields);

@@ -17,6 +17,7 @@
 #include "namesearch/frmNameSearchResults.h"
 #include "searchentry/BankruptcyRequests.h"
 #include "searchentry/DiscisRequests.h"
+#include "searchentry/EntryText.h"
 #include "searchentry/NameRequests.h"
 #include "searchentry/NumberRequests.h"
 #include "searchentry/RecentEntries.h"
@@ -65,6 +66,7 @@ DispatchResult nameSearch(const SearchEntry &entry, const Handing &handing)
     const NameResultsFields fields = NameResultsFieldsOf(entry);
     NewWindow form(new frmNameSearchResults(fields.lblState, fields.chkIndexSearch));
     form->ClientAcctgCode = handing.code;
+    form->Search().Record.Origin = TextOfEntry(AsAsked(entry));
     if (!LoadNameSearchRequests(*form, entry, context)) {
         form->lbl911 = u"T"_s;
         return DispatchResult::NoRequests;
@@ -81,6 +83,7 @@ DispatchResult discisNameSearch(DiscisResultsWindow *window, const SearchEntry &
 {
     NewWindow form(window);
     form->ClientAcctgCode = handing.code;
+    form->Search().Record.Origin = TextOfEntry(AsAsked(entry));
     if (!LoadDiscisNameRequests(*form, entry))
         return DispatchResult::Failed;
     form.GiveKey();
@@ -119,6 +122,7 @@ DispatchResult bankruptcyResults(const SearchEntry &entry, int court, const Hand
     form->SetCaseTypeVals(fields.lblCaseTypeVals);
     form->SetNameVal(fields.lblNameVal);
     form->ClientAcctgCode = handing.code;
+    form->Search().Record.Origin = TextOfEntry(AsAskedOf(entry, court));
     if (!LoadBkSearchParams(form->lboxQueue, entry, court)) {
         form->lbl911 = u"T"_s;
         return DispatchResult::NoRequests;
@@ -134,6 +138,7 @@ DispatchResult bankruptcyCase(const SearchEntry &entry, int court, const Handing
     NewWindow form(MakeCaseWindow(CaseKind::State));
     CaseStart start = BkNumberFields(entry, court);
     start.ClientAcctgCode = handing.code;
+    start.Origin = TextOfEntry(AsAskedOf(entry, court));
     form->Take(start);
     if (!LoadBkSearchParams(form->lboxTabReqQueue, entry, court))
         return DispatchResult::NoRequests;
@@ -226,6 +231,7 @@ bool LoadDiscisCaseNumberFields(CaseWindow &form, const SearchEntry &entry, cons
     if (!start)
         return false;
     start->ClientAcctgCode = code;
+    start->Origin = TextOfEntry(AsAsked(entry));
     form.Take(*start);
     return true;
 }
@@ -245,6 +251,7 @@ bool DoCaseNumberSearch(CaseWindow &form, const SearchEntry &entry, const QStrin
     try {
         CaseStart start = NumberFields(entry);
         start.ClientAcctgCode = code;
+        start.Origin = TextOfEntry(AsAsked(entry));
         form.Take(start);
         return true;
     } catch (const RunTimeError &error) {

@@ -27,6 +27,8 @@ struct BatchRow
 {
     QString Number;
     QString County; ///< the text of its county box, "---- NO SELECTION ----" included
+
+    bool operator==(const BatchRow &) const = default;
 };
 
 /// What an unset county box of the batch reads.
@@ -61,5 +63,8 @@ struct SearchEntry
     QString FromYear;       ///< the texts of that frame's boxes; read only with YearRange
     QString ToYear;
 
+    bool InBatch = false; ///< chkBulkSearch: the rows of the batch are what is entered
     std::array<BatchRow, 10> Batch;
+
+    bool operator==(const SearchEntry &) const = default;
 };

@@ -17,6 +17,7 @@ SearchEntry frmSearchWA::Entry() const
     entry.Kind = state.Kind;
     entry.CourtName = courtDisplayName;
     entry.Where = static_cast<SearchScope>(intSearchWhere);
+    entry.InBatch = state.Batch;
     return entry;
 }
 

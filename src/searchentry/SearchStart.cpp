@@ -39,17 +39,17 @@ MsgIcon iconOf(MessageIcon icon)
     }
     return MsgIcon::Information;
 }
+} // namespace
 
-bool accountingEnabled()
+bool SearchStart::accountingEnabled()
 {
     return ReadSetting(Setting::EnableAcctg) == u"1";
 }
 
-QString currentCode()
+QString SearchStart::currentCode()
 {
     return FoldToUpper(TrimBlanks(Global.ClientAcctgCode));
 }
-} // namespace
 
 // ---- the entries ----
 
@@ -200,8 +200,10 @@ void SearchStart::Begin()
     dispatch(entry, code);
 }
 
-void SearchStart::dispatch(const SearchEntry &entry, const QString &code)
+bool SearchStart::dispatch(const SearchEntry &entry, const QString &code)
 {
+    if (entry.InBatch)
+        return launchBatch(entry, code, false);
     try {
         ShownRecents shown = recents.Shown();
         switch (DispatchSearch(entry, code, shown)) {
@@ -216,13 +218,14 @@ void SearchStart::dispatch(const SearchEntry &entry, const QString &code)
             if (shown.Type == recents.Shown().Type)
                 recents.Fill(shown);
             recents.Show();
-            break;
+            return true;
         case DispatchResult::Nothing:
             break;
         }
     } catch (const RunTimeError &error) {
         reportRequestError(error.Description());
     }
+    return false;
 }
 
 void SearchStart::reportNoRequests()
@@ -270,10 +273,18 @@ void SearchStart::RunBatchSearch(const SearchEntry &entry, bool autoPrint)
     // The session may have ended under one of the boxes, or the form have gone.
     if (form.IsUnloaded() || !loggedIn() || form.IsUnloaded())
         return;
+    launchBatch(entry, code, autoPrint);
+}
+
+bool SearchStart::launchBatch(const SearchEntry &entry, const QString &code, bool autoPrint)
+{
     try {
-        for (const CaseStart &start : BatchFields(entry))
+        const QList<CaseStart> cases = BatchFields(entry);
+        for (const CaseStart &start : cases)
             LaunchBatchCase(start, code, autoPrint);
+        return !cases.isEmpty();
     } catch (const RunTimeError &error) {
         reportRequestError(error.Description());
     }
+    return false;
 }

@@ -5,6 +5,7 @@
 
 #include <QList>
 
+#include <optional>
 #include <utility>
 
 class QLineEdit;
@@ -33,6 +34,16 @@ public:
     /// search is being built already. The caller has a RunScope of the form.
     void BeginBatch(bool autoPrint);
 
+    /// Starts a search, or a batch, that was started before: the checks, the disclaimer and the
+    /// login question come as they do for the form, which stays as it stands. The client code is
+    /// the one given; without one it is asked for as always. True when its windows wait.
+    bool BeginAgain(SearchEntry entry, const QString &code);
+    /// The same for a search that had waited already when its program ended: it has been checked,
+    /// and its code entered.
+    bool PutBack(const SearchEntry &entry, const QString &code);
+    /// Whether the notice of the courts of this search is accepted; asks when it is not yet.
+    bool DisclaimerAccepted(const SearchEntry &entry);
+
     /// The checks of what was entered, with the answer of the function of the same name. Numbers
     /// are rewritten in the court's own form, in `entry` and in their boxes.
     bool ValidateAllFormFields(SearchEntry &entry);
@@ -51,7 +62,14 @@ private:
     bool maySendNames(const SearchEntry &entry);
     bool maySendBatch(const SearchEntry &entry);
     bool loggedIn();
-    void dispatch(const SearchEntry &entry, const QString &code);
+    /// True when windows wait for their turns.
+    bool dispatch(const SearchEntry &entry, const QString &code);
+    bool launchBatch(const SearchEntry &entry, const QString &code, bool autoPrint);
+    /// The code in force after the user was asked; nothing when the session, or the form, is gone.
+    std::optional<QString> codeAsked(bool wanted);
+    bool checkedAgain(SearchEntry &entry);
+    static bool accountingEnabled();
+    static QString currentCode();
     void RunBatchSearch(const SearchEntry &entry, bool autoPrint);
     void reportNoRequests();
     void reportRequestError(const QString &description);

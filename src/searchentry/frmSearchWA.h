@@ -75,6 +75,13 @@ public:
 
     /// What stands on the form now.
     SearchEntry Entry() const;
+    /// Puts a search on the form as if the user had just entered it; nothing that stood there is
+    /// left. False when something of it is not offered any more, such as a county: the form has the
+    /// rest then.
+    bool Fill(const SearchEntry &entry);
+
+    /// What starts searches, also those that were started before.
+    SearchStart &Start() { return *start; }
 
     /// One row of the session's search log, "Pending ..": no search writes it by itself.
     void AddRecordToSearchList();

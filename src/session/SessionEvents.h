@@ -17,6 +17,8 @@ public:
     static SessionEvents &Of();
 
 Q_SIGNALS:
+    /// A login has come to its end, with all that belongs to it; its window is gone.
+    void LoggedIn();
     /// Show the search form and put the focus on the first name box.
     void SearchFormWanted();
     /// The same, and select the state of the last search.

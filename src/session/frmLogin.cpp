@@ -361,6 +361,8 @@ void frmLogin::LoggedIn()
         GetClientAcctgOption();
     Global.bLoginBusy = false;
     Unload();
+    if (Global.bLoggedIn)
+        Q_EMIT SessionEvents::Of().LoggedIn();
 }
 
 void frmLogin::RememberCredentials()

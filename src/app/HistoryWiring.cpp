@@ -1,0 +1,164 @@
+#include "app/HistoryWiring.h"
+
+#include "app/AskedJobs.h"
+#include "core/Clock.h"
+#include "core/EndProgram.h"
+#include "core/GlobalState.h"
+#include "history/HistoryStore.h"
+#include "jobs/Job.h"
+#include "link/frmWinsock.h"
+
+#include <QHash>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+/// A job that is followed.
+struct Followed
+{
+    qint64 Id = 0;      ///< in the history
+    bool Ran = false;   ///< it has had its turn
+    bool Ended = false; ///< what came of it is written
+    /// It is over: what would be written if it went at this moment.
+    QString Outcome = u"Closed before it had its turn."_s;
+    int Count = -1;
+};
+
+/// Follows every job from its launch to its end.
+///
+/// How a job ended is read on the turn after it was over: its last words come behind its state. One
+/// that goes before that turn leaves what it said at the moment in which it was over.
+class JobFollower : public QObject
+{
+public:
+    JobFollower();
+    /// The program ends: what it has stopped, and the user has not, waits still.
+    void EndSession();
+
+private:
+    void launched(Job *job);
+    void restarted(Job *job);
+    void turnTaken(Job *job);
+    void turnOver(Job *job);
+    void over(Job *job);
+    void note(Job *job);
+    void write(Job *job);
+    void gone(Job *job);
+    void sent(const QString &request) const;
+
+    QHash<const Job *, Followed> jobs;
+    QList<qint64> stoppedUnrun; ///< by whoever asked all jobs to stop, before their turns
+};
+
+JobFollower::JobFollower()
+{
+    const JobEvents *events = &JobEvents::Of();
+    connect(events, &JobEvents::Launched, this, &JobFollower::launched);
+    connect(events, &JobEvents::Restarted, this, &JobFollower::restarted);
+    connect(events, &JobEvents::TurnTaken, this, &JobFollower::turnTaken);
+    connect(events, &JobEvents::TurnOver, this, &JobFollower::turnOver);
+    connect(events, &JobEvents::Over, this, &JobFollower::over);
+    connect(&LinkEvents::Of(), &LinkEvents::RequestSent, this, &JobFollower::sent);
+}
+
+void JobFollower::launched(Job *job)
+{
+    // Whatever all jobs were asked to stop for is over.
+    stoppedUnrun.clear();
+    const std::optional<AskedItem> item = AskedItemOf(*job);
+    const qint64 id = item ? HistoryStore::Of().Begin(*item) : 0;
+    if (id == 0)
+        return;
+    jobs.insert(job, {.Id = id});
+    connect(job, &QObject::destroyed, this, [this, job] { gone(job); });
+}
+
+void JobFollower::restarted(Job *job)
+{
+    stoppedUnrun.clear();
+    const auto found = jobs.find(job);
+    if (found == jobs.end())
+        return;
+    found->Ended = false;
+    found->Outcome = u"Closed before it had its next turn."_s;
+    HistoryStore::Of().Again(found->Id);
+}
+
+void JobFollower::turnTaken(Job *job)
+{
+    const auto found = jobs.find(job);
+    if (found == jobs.end())
+        return;
+    found->Ran = true;
+    found->Outcome = u"Closed before it was over."_s;
+    HistoryStore::Of().Runs(found->Id);
+}
+
+/// Nobody comes back to a run that broke down: it is never over.
+void JobFollower::turnOver(Job *job)
+{
+    if (job->KeepsPlace())
+        over(job);
+}
+
+void JobFollower::over(Job *job)
+{
+    const auto found = jobs.find(job);
+    if (found == jobs.end())
+        return;
+    if (!found->Ran && Global.bStopRequested && !job->StopRequested)
+        stoppedUnrun.append(found->Id);
+    note(job);
+    QMetaObject::invokeMethod(
+        job, [this, job] { write(job); }, Qt::QueuedConnection);
+}
+
+void JobFollower::note(Job *job)
+{
+    Followed &followed = jobs[job];
+    followed.Outcome = job->KeepsPlace() ? u"Broke down: "_s + OutcomeOf(*job) : OutcomeOf(*job);
+    followed.Count = CountOf(*job);
+}
+
+void JobFollower::write(Job *job)
+{
+    const bool isOver = job->State() == JobState::Over || job->KeepsPlace();
+    const auto found = jobs.find(job);
+    // It may wait again by now.
+    if (found == jobs.end() || found->Ended || !isOver)
+        return;
+    note(job);
+    found->Ended = true;
+    HistoryStore::Of().End(found->Id, found->Outcome, found->Count);
+}
+
+void JobFollower::gone(Job *job)
+{
+    const Followed followed = jobs.take(job);
+    if (!followed.Ended)
+        HistoryStore::Of().End(followed.Id, followed.Outcome, followed.Count);
+}
+
+void JobFollower::sent(const QString &request) const
+{
+    const Job *job = Job::WithTurn();
+    const auto found = jobs.constFind(job);
+    if (found == jobs.cend())
+        return;
+    HistoryStore::Of().Sent(found->Id, SentKindOf(*job, request), ClientCodeOf(*job),
+                            Clock::Current().Now());
+}
+
+void JobFollower::EndSession()
+{
+    for (const qint64 id : std::as_const(stoppedUnrun))
+        HistoryStore::Of().Again(id);
+    stoppedUnrun.clear();
+}
+} // namespace
+
+void FollowJobs()
+{
+    static JobFollower follower;
+    AtEndOfProgram([] { follower.EndSession(); });
+}

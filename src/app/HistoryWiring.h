@@ -1,0 +1,8 @@
+#pragma once
+
+// The history learns of jobs and requests here, and nowhere else: nothing below knows of it.
+
+/// Writes down, from now on, whatever is launched, sent and over, as far as the history is open;
+/// called once, at the start of the program. What was stopped because the program ends counts as
+/// not run.
+void FollowJobs();
