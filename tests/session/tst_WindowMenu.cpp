@@ -339,9 +339,10 @@ void tst_WindowMenu::closeAllStopsAtTheFirstRefusal()
     show(u"A"_s);
     SomeChild *asking = show(u"B"_s);
     asking->closing = SomeChild::Closing::Asks;
-    show(u"C"_s);
+    SomeChild *last = show(u"C"_s);
     // One that is minimised comes up to ask.
     asking->parentWidget()->showMinimized();
+    main->ShowChildAgain(last);
     QString front;
     bool minimised = true;
     session->boxes.Meanwhile([&] {
