@@ -53,6 +53,7 @@ private Q_SLOTS:
     void thereIsOneSuchWindow();
     void whatItShows();
     void itFollowsWhatHappens();
+    void itSeesARunBreakDown();
     void goToBringsItsWindowToTheFront_data();
     void goToBringsItsWindowToTheFront();
     void stopIsThatOfTheWindow_data();
@@ -233,6 +234,14 @@ void tst_Waiting::itFollowsWhatHappens()
     QCOMPARE(changes.size(), 0);
 }
 
+void tst_Waiting::itSeesARunBreakDown()
+{
+    open();
+    brokenDown();
+    QTRY_COMPARE(cells(0), QStringList{u"Holds the queue: its run broke down"_s});
+    QCOMPARE(commands(), u"GoTo Skip"_s);
+}
+
 void tst_Waiting::goToBringsItsWindowToTheFront_data()
 {
     QTest::addColumn<QString>("how");
@@ -396,16 +405,20 @@ void tst_Waiting::noJobBeginsUnderTheQuestion()
 
 void tst_Waiting::theChosenRowStaysChosen()
 {
-    pending(u"A"_s);
+    frmNameSearchResults *first = pending(u"A"_s);
     frmNameSearchResults *second = pending(u"B"_s);
     pending(u"C"_s);
     open();
-    choose(2);
+    choose(1);
     const auto *table = Child<QTableView>(window, "tblWaiting");
+    first->ShownJob()->Stop();
+    QTRY_COMPARE(cells(2), (QStringList{u"B, JOHN, Q"_s, u"C, JOHN, Q"_s}));
+    QCOMPARE(table->currentIndex().row(), 0);
+    QVERIFY(table->selectionModel()->isRowSelected(0));
+    // When it goes itself, the one that comes into its place is.
     second->ShownJob()->Stop();
-    QTRY_COMPARE(cells(2), (QStringList{u"A, JOHN, Q"_s, u"C, JOHN, Q"_s}));
-    QCOMPARE(table->currentIndex().row(), 1);
-    QVERIFY(table->selectionModel()->isRowSelected(1));
+    QTRY_COMPARE(cells(2), QStringList{u"C, JOHN, Q"_s});
+    QCOMPARE(commands(), u"GoTo Stop"_s);
 }
 
 void tst_Waiting::theRowOfAWindowGoesWithIt()

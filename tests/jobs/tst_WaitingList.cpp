@@ -370,7 +370,7 @@ void tst_WaitingList::aJobThatWaitsAgain()
 void tst_WaitingList::theWordsOfAWaitingJobFollowIt()
 {
     SomeJob job(u"A"_s);
-    list->Refresh();
+    QCoreApplication::processEvents();
     job.Rename(u"SMITH, JOHN"_s);
     QTRY_COMPARE(textsOf(*list), QStringList{u"Search: SMITH, JOHN (King) - Waits: next"_s});
 }

@@ -339,13 +339,21 @@ void tst_WindowMenu::closeAllStopsAtTheFirstRefusal()
     show(u"A"_s);
     SomeChild *asking = show(u"B"_s);
     asking->closing = SomeChild::Closing::Asks;
-    show(u"C"_s);
+    SomeChild *last = show(u"C"_s);
+    // One that is minimised comes up to ask.
+    asking->parentWidget()->showMinimized();
+    main->ShowChildAgain(last);
     QString front;
-    session->boxes.Meanwhile([&] { front = inFront(); });
+    bool minimised = true;
+    session->boxes.Meanwhile([&] {
+        front = inFront();
+        minimised = asking->parentWidget()->isMinimized();
+    });
     session->boxes.Expect(u"Close B?"_s, u"Halvane"_s, MsgAnswer::No);
     Choose(main, "mnuWindowCloseAll");
     QCOMPARE(captions(), u"A B"_s);
     QCOMPARE(front, u"B"_s);
+    QVERIFY(!minimised);
     asking->closing = SomeChild::Closing::Refuses;
     Choose(main, "mnuWindowCloseAll");
     QCOMPARE(captions(), u"A B"_s);
