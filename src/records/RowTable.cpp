@@ -94,7 +94,7 @@ QString cellIn(const QByteArray &block, int column)
 
 void RowTable::AddRow(const QStringList &cells, const QString &key)
 {
-    rows.push_back({packed(cells), key});
+    rows.push_back({.cells = packed(cells), .key = key});
     for (int column = 0; column < cells.size(); ++column)
         note(column, cells.at(column));
     Q_EMIT RowAdded();
@@ -104,6 +104,7 @@ void RowTable::Clear()
 {
     rows.clear();
     longest.clear();
+    newCount = 0;
     Q_EMIT Cleared();
 }
 
@@ -183,6 +184,17 @@ QList<int> RowTable::CheckedRows() const
             checked.append(row);
     }
     return checked;
+}
+
+void RowTable::SetMarks(const RowMarks &marks)
+{
+    newCount = 0;
+    newSince = marks.Since;
+    for (int row = 0; row < Count(); ++row) {
+        at(row).isNew = marks.Rows.contains(row);
+        newCount += at(row).isNew ? 1 : 0;
+    }
+    Q_EMIT MarksChanged();
 }
 
 void RowTable::Rearrange(const std::vector<int> &order)

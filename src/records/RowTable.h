@@ -1,5 +1,7 @@
 #pragma once
 
+#include "records/RowMarks.h"
+
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QObject>
@@ -50,6 +52,14 @@ public:
     /// The rows that are checked, in the order of the list.
     QList<int> CheckedRows() const;
 
+    /// Marks these rows as new, and no others. A mark goes with its row; rows that are added have
+    /// none.
+    void SetMarks(const RowMarks &marks);
+    bool IsNew(int row) const { return at(row).isNew; }
+    /// How many rows are marked, and the day since which they are new.
+    int NewCount() const { return newCount; }
+    QDate NewSince() const { return newSince; }
+
     /// Puts the rows into this order: row n is what row order[n] has been. This raises no
     /// signal: who shows the rows has to know of it before and after, and is the one who sorts
     /// them.
@@ -59,6 +69,7 @@ Q_SIGNALS:
     void RowAdded();
     void CellChanged(int row, int column);
     void CheckChanged(int row);
+    void MarksChanged();
     void Cleared();
 
 private:
@@ -68,6 +79,7 @@ private:
         QByteArray cells; ///< in one block, see packed()
         QString key;
         bool checked = false;
+        bool isNew = false;
     };
 
     const Row &at(int row) const { return rows.at(static_cast<size_t>(row)); }
@@ -76,5 +88,7 @@ private:
     void note(int column, const QString &cell);
 
     std::vector<Row> rows;
+    int newCount = 0;
+    QDate newSince;
     std::vector<qsizetype> longest; ///< of each column, in characters
 };

@@ -1,5 +1,6 @@
 #include "tables/FindBar.h"
 
+#include "tables/BesideTable.h"
 #include "tables/RowFilter.h"
 
 #include <QBoxLayout>
@@ -13,22 +14,6 @@
 #include <utility>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-/// The layout of the table's parent, at any depth, in which the table itself stands.
-QLayout *layoutOf(const QWidget *widget)
-{
-    const QWidget *parent = widget->parentWidget();
-    if (!parent)
-        return nullptr;
-    const QList<QLayout *> layouts = parent->findChildren<QLayout *>();
-    for (QLayout *layout : layouts) {
-        if (layout->indexOf(widget) >= 0)
-            return layout;
-    }
-    return nullptr;
-}
-} // namespace
 
 FindBar::FindBar(QTableView *table, RowFilter *rowFilter)
     : QWidget(table), view(table), filter(rowFilter), txtFind(new QLineEdit(this)),
@@ -66,8 +51,10 @@ FindBar::FindBar(QTableView *table, RowFilter *rowFilter)
 
 void FindBar::Open()
 {
-    if (parentWidget() == view)
-        placeBelowTable();
+    if (parentWidget() == view) {
+        PlaceBesideTable(view, this, TableEdge::Below);
+        setTabOrder(view, txtFind);
+    }
     show();
     showCount();
     txtFind->setFocus(Qt::ShortcutFocusReason);
@@ -92,36 +79,6 @@ void FindBar::GoWithTable(bool tableShown)
         show();
         showCount();
     }
-}
-
-/// Not before it is wanted: only then the window's layouts are surely in place.
-void FindBar::placeBelowTable()
-{
-    QLayout *layout = layoutOf(view);
-    auto *box = qobject_cast<QBoxLayout *>(layout);
-    if (box && box->direction() == QBoxLayout::TopToBottom) {
-        box->insertWidget(box->indexOf(view) + 1, this);
-    } else if (layout) {
-        // The table makes room for a column of the table and the bar.
-        auto *both = new QWidget(view->parentWidget());
-        const QWidget *focus = view->window()->focusWidget();
-        // The item that held the table alone comes back to us.
-        delete layout->replaceWidget(view, both);
-        auto *column = new QVBoxLayout(both);
-        column->setContentsMargins(0, 0, 0, 0);
-        column->addWidget(view);
-        column->addWidget(this);
-        both->show();
-        view->show();
-        if (focus == view)
-            view->setFocus();
-    } else {
-        // The table is in no layout: the bar covers its lower edge.
-        const int height = sizeHint().height();
-        setGeometry(0, view->height() - height, view->width(), height);
-        raise();
-    }
-    setTabOrder(view, txtFind);
 }
 
 void FindBar::goToTable()

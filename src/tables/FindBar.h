@@ -25,7 +25,6 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
-    void placeBelowTable();
     void goToTable();
     void showCount();
 

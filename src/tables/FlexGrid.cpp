@@ -4,8 +4,11 @@
 #include "controls/WrappedText.h"
 #include "tables/ColumnWidths.h"
 #include "tables/GridHeader.h"
+#include "tables/MarkColumn.h"
+#include "tables/NewRowData.h"
 #include "tables/RowFilter.h"
 #include "tables/TableLook.h"
+#include "tables/TableMarks.h"
 #include "tables/TableTools.h"
 
 #include <QElapsedTimer>
@@ -58,7 +61,9 @@ public:
     /// gives the column.
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
     {
-        const QSize lines = option.fontMetrics.size(0, index.data().toString());
+        QStyleOptionViewItem cell = option;
+        initStyleOption(&cell, index);
+        const QSize lines = cell.fontMetrics.size(0, cell.text);
         return lines + QSize(2 * wrappedTextSide + 1, 2 * wrappedTextEdge);
     }
 };
@@ -69,6 +74,7 @@ FlexGrid::FlexGrid(QWidget *parent)
       settleTimer(this)
 {
     setHorizontalHeader(header);
+    setVerticalHeader(new MarkColumn(this));
     setModel(&content);
     // Behind the header, which has to know the columns, and ahead of whoever asks which are shown.
     connect(&content, &QAbstractItemModel::modelReset, this, &FlexGrid::hideColumns);
@@ -83,6 +89,7 @@ FlexGrid::FlexGrid(QWidget *parent)
     settleTimer.setSingleShot(true);
     connect(&idleTimer, &QTimer::timeout, this, &FlexGrid::measureOnIdle);
     connect(&settleTimer, &QTimer::timeout, this, &FlexGrid::measureAgain);
+    connect(verticalHeader(), &QHeaderView::sectionDoubleClicked, this, &FlexGrid::activate);
     connect(tools->Widths(), &ColumnWidths::UserChanged, this, &FlexGrid::userChangedColumns);
     connect(tools->Filter(), &RowFilter::Changed, this, &FlexGrid::measureSight);
     connect(verticalScrollBar(), &QAbstractSlider::sliderReleased, this, [this] {
@@ -102,6 +109,7 @@ void FlexGrid::Show(const GridTable &newTable)
     measured = 0;
     content.SetTable(newTable);
     header->setVisible(content.HasHeader());
+    showMarks();
     followsWindow = true;
     tools->Widths()->Begin(objectName(), QList<int>(content.columnCount(), 0));
     verticalScrollBar()->setValue(0);
@@ -125,6 +133,32 @@ void FlexGrid::Grow(const GridTable &grown)
     // The scroll bar may have come with the rows.
     widthsMayHaveChanged();
     goOnMeasuring();
+}
+
+void FlexGrid::MarkRows(const RowMarks &marks)
+{
+    if (content.Marks() == marks)
+        return;
+    content.SetMarks(marks);
+    showMarks();
+    // Bold text may take more lines.
+    widthsMeasuredFor.clear();
+    if (isVisible() && !layOutOnShow) {
+        fitScrollBars();
+        measureAgain();
+    }
+}
+
+/// "4 entries since 11/02/2026"
+void FlexGrid::showMarks()
+{
+    const RowMarks &marks = content.Marks();
+    QString line;
+    if (!marks.IsEmpty())
+        line = QString::number(marks.Rows.size())
+               + (marks.Rows.size() == 1 ? u" entry since "_s : u" entries since "_s)
+               + DayInWords(marks.Since);
+    tools->Marks()->Show(line);
 }
 
 int FlexGrid::Rows() const
@@ -326,12 +360,14 @@ int FlexGrid::measuredHeight(int row)
         return height;
     const QStringList &cells = content.Table().Rows[row];
     const qsizetype columns = std::min(cells.size(), widthsMeasuredFor.size());
+    QFont letters = font();
+    letters.setBold(letters.bold() || content.Marks().Rows.contains(row));
     int text = fontMetrics().height();
     for (qsizetype column = 0; column < columns; ++column) {
         const int width = widthsMeasuredFor[column];
         if (width > 0) // What is out of sight makes no row higher.
             text = std::max(text,
-                            WrappedTextHeight(cells[column], font(), width - 2 * wrappedTextSide));
+                            WrappedTextHeight(cells[column], letters, width - 2 * wrappedTextSide));
     }
     // All rows together have to stay a number.
     const int most =

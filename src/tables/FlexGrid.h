@@ -31,6 +31,9 @@ public:
     /// continuation. What the user has selected, and where the rows stand, stays as it is.
     void Grow(const GridTable &grown);
     const GridTable &Table() const { return content.Table(); }
+    /// Marks rows of the table that is shown as new, and no others: a dot before each, their text
+    /// in bold, and a line above the grid that counts them.
+    void MarkRows(const RowMarks &marks);
 
     /// The number of rows, the headers included when there are any.
     int Rows() const;
@@ -77,6 +80,7 @@ private:
 
     void activate(int row);
     void sayRows();
+    void showMarks();
     void layOut();
     QList<ColumnShare> shares() const;
     void hideColumns();

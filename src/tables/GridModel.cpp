@@ -1,11 +1,16 @@
 #include "tables/GridModel.h"
 
+#include "tables/NewRowData.h"
+
+#include <algorithm>
+
 GridModel::GridModel(QObject *parent) : QAbstractTableModel(parent) {}
 
 void GridModel::SetTable(const GridTable &newTable)
 {
     beginResetModel();
     table = newTable;
+    marks = {};
     endResetModel();
 }
 
@@ -16,6 +21,23 @@ void GridModel::Grow(const GridTable &grown)
     beginInsertRows({}, rowCount(), static_cast<int>(grown.Rows.size()) - 1);
     table = grown;
     endInsertRows();
+}
+
+void GridModel::SetMarks(const RowMarks &newMarks)
+{
+    if (marks == newMarks || rowCount() == 0 || columnCount() == 0)
+        return;
+    marks = newMarks;
+    Q_EMIT headerDataChanged(Qt::Vertical, 0, rowCount() - 1);
+    Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1), NewCellRoles());
+}
+
+/// The first column that the user sees.
+int GridModel::firstShown() const
+{
+    const auto first = std::find_if(table.Columns.begin(), table.Columns.end(),
+                                    [](const GridColumn &column) { return column.Percent != 0; });
+    return first == table.Columns.end() ? 0 : static_cast<int>(first - table.Columns.begin());
 }
 
 QString GridModel::Cell(int row, int column) const
@@ -57,12 +79,17 @@ QVariant GridModel::data(const QModelIndex &index, int role) const
         return Cell(index.row(), index.column());
     if (role == Qt::TextAlignmentRole)
         return QVariant::fromValue(Alignment(index.column()));
-    return {};
+    if (!marks.Rows.contains(index.row()))
+        return {};
+    const bool first = index.column() == firstShown();
+    return NewCellData(role, first ? Cell(index.row(), index.column()) : QString());
 }
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal || section < 0 || section >= table.Columns.size())
+    if (orientation == Qt::Vertical)
+        return marks.Rows.contains(section) ? NewHeaderData(role, marks.Since) : QVariant();
+    if (section < 0 || section >= table.Columns.size())
         return {};
     if (role == Qt::DisplayRole)
         return HasHeader() ? table.Columns[section].Header : QString();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "records/GridTable.h"
+#include "records/RowMarks.h"
 
 #include <QAbstractTableModel>
 #include <QMap>
@@ -25,6 +26,10 @@ public:
     /// The text of a cell, row 0 being the first row below the headers. Empty outside.
     QString Cell(int row, int column) const;
 
+    /// Marks rows as new; none without one. Another table has no marks.
+    void SetMarks(const RowMarks &newMarks);
+    const RowMarks &Marks() const { return marks; }
+
     /// The alignment stays with the place of the column, whatever table comes. A message in the
     /// place of a table stands left meanwhile.
     void SetAlignment(int column, Qt::Alignment alignment);
@@ -37,6 +42,9 @@ public:
                         int role = Qt::DisplayRole) const override;
 
 private:
+    int firstShown() const;
+
     GridTable table;
+    RowMarks marks;
     QMap<int, Qt::Alignment> alignments;
 };

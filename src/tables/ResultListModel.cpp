@@ -1,5 +1,7 @@
 #include "tables/ResultListModel.h"
 
+#include "tables/NewRowData.h"
+
 #include <algorithm>
 #include <numeric>
 
@@ -51,6 +53,7 @@ void ResultListModel::UseRows(RowTable *table)
         if (row < shownRows)
             Q_EMIT dataChanged(index(row, 0), index(row, 0), {Qt::CheckStateRole});
     });
+    connect(rows, &RowTable::MarksChanged, this, &ResultListModel::showMarks);
     connect(rows, &RowTable::Cleared, this, &ResultListModel::forgetRows);
     // Whoever fills them may be gone first; the list shows none then.
     connect(rows, &QObject::destroyed, this, [this, table] {
@@ -59,6 +62,16 @@ void ResultListModel::UseRows(RowTable *table)
     });
     if (Count() > 0)
         flushSoon();
+    Q_EMIT MarksChanged();
+}
+
+void ResultListModel::showMarks()
+{
+    if (shownRows > 0 && !columns.isEmpty()) {
+        Q_EMIT headerDataChanged(Qt::Vertical, 0, shownRows - 1);
+        Q_EMIT dataChanged(index(0, 0), index(shownRows - 1, columnCount() - 1), NewCellRoles());
+    }
+    Q_EMIT MarksChanged();
 }
 
 void ResultListModel::flushSoon()
@@ -73,6 +86,7 @@ void ResultListModel::forgetRows()
     beginResetModel();
     shownRows = 0;
     endResetModel();
+    Q_EMIT MarksChanged();
 }
 
 void ResultListModel::SetColumns(const QList<ListColumn> &newColumns)
@@ -149,8 +163,11 @@ QVariant ResultListModel::data(const QModelIndex &index, int role) const
             return {};
         return IsChecked(index.row()) ? Qt::Checked : Qt::Unchecked;
     default:
-        return {};
+        break;
     }
+    if (!rows->IsNew(index.row()))
+        return {};
+    return NewCellData(role, index.column() == 0 ? Cell(index.row(), 0) : QString());
 }
 
 bool ResultListModel::setData(const QModelIndex &index, const QVariant &value, int role)
@@ -170,7 +187,11 @@ Qt::ItemFlags ResultListModel::flags(const QModelIndex &index) const
 
 QVariant ResultListModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal || section < 0 || section >= columns.size())
+    if (orientation == Qt::Vertical) {
+        const bool isNew = section >= 0 && section < shownRows && rows->IsNew(section);
+        return isNew ? NewHeaderData(role, rows->NewSince()) : QVariant();
+    }
+    if (section < 0 || section >= columns.size())
         return {};
     if (role == Qt::DisplayRole)
         return columns[section].Header;

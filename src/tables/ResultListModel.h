@@ -63,10 +63,13 @@ public:
 Q_SIGNALS:
     /// The view has just learned of new rows: labels that count them may follow now.
     void Flushed();
+    /// Other rows are marked as new now, or none is.
+    void MarksChanged();
 
 private:
     void movePersistentIndexes(const std::vector<int> &newPlaces);
 
+    void showMarks();
     void flushSoon();
     void forgetRows();
 

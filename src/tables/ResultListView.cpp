@@ -3,8 +3,11 @@
 #include "controls/Twips.h"
 #include "controls/WrappedText.h"
 #include "tables/ColumnWidths.h"
+#include "tables/MarkColumn.h"
+#include "tables/NewRowData.h"
 #include "tables/RowFilter.h"
 #include "tables/TableLook.h"
+#include "tables/TableMarks.h"
 #include "tables/TableTools.h"
 
 #include <QHeaderView>
@@ -52,6 +55,7 @@ ResultListView::ResultListView(QWidget *parent) : QTableView(parent), list(this)
 {
     setModel(&list);
     setItemDelegate(new PlainCellDelegate(this));
+    setVerticalHeader(new MarkColumn(this));
     SetTableLook(this);
     setWordWrap(false);
     setTextElideMode(Qt::ElideRight);
@@ -66,6 +70,18 @@ ResultListView::ResultListView(QWidget *parent) : QTableView(parent), list(this)
             &ResultListView::SelectedRowChanged);
     // A list that is made anew drops its selection without a signal.
     connect(&list, &QAbstractItemModel::modelReset, this, &ResultListView::SelectedRowChanged);
+    connect(&list, &ResultListModel::MarksChanged, this, &ResultListView::showMarks);
+}
+
+/// "3 cases are new since your last such search on 11/02/2026"
+void ResultListView::showMarks()
+{
+    const int count = list.Rows()->NewCount();
+    QString line;
+    if (count > 0)
+        line = QString::number(count) + (count == 1 ? u" row is"_s : u" rows are"_s)
+               + u" new since your last such search on "_s + DayInWords(list.Rows()->NewSince());
+    tools->Marks()->Show(line);
 }
 
 void ResultListView::connectHeader()
@@ -76,6 +92,10 @@ void ResultListView::connectHeader()
         // The header has turned its arrow on its own; others decide where it stands.
         showArrow();
         Q_EMIT HeaderClicked(column);
+    });
+    connect(verticalHeader(), &QHeaderView::sectionDoubleClicked, this, [this](int row) {
+        if (SelectedRow() == row)
+            Q_EMIT RowChosen(row);
     });
 }
 

@@ -72,6 +72,7 @@ protected:
 
 private:
     void connectHeader();
+    void showMarks();
     void followFont();
     void orderColumns();
     void fitTitles(const QList<ListColumn> &columns);

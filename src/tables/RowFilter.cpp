@@ -1,6 +1,7 @@
 #include "tables/RowFilter.h"
 
 #include "controls/Twips.h"
+#include "tables/NewRowData.h"
 #include "tables/ShownRowSelection.h"
 #include "tables/TableLook.h"
 
@@ -48,6 +49,13 @@ RowFilter::RowFilter(QTableView *table)
                 apply(from.row(), to.row());
                 Q_EMIT Changed();
             });
+    connect(model, &QAbstractItemModel::headerDataChanged, this,
+            [this](Qt::Orientation orientation, int first, int last) {
+                if (!onlyNew || orientation != Qt::Vertical)
+                    return;
+                apply(first, last);
+                Q_EMIT Changed();
+            });
     connect(model, &QAbstractItemModel::rowsRemoved, this, [this] {
         if (rows)
             Q_EMIT Changed();
@@ -63,6 +71,18 @@ void RowFilter::SetText(const QString &text)
     const QStringList parts = text.simplified().split(u' ', Qt::SkipEmptyParts);
     for (const QString &part : parts)
         words.append(QStringMatcher(part, Qt::CaseInsensitive));
+    applyChange(wasActive);
+}
+
+void RowFilter::ShowOnlyNew(bool only)
+{
+    const bool wasActive = IsActive();
+    onlyNew = only;
+    applyChange(wasActive);
+}
+
+void RowFilter::applyChange(bool wasActive)
+{
     if (!wasActive && !IsActive())
         return;
     apply(0, Loaded() - 1);
@@ -112,8 +132,10 @@ void RowFilter::apply(int first, int last)
 bool RowFilter::matches(int row, const QList<int> &columns) const
 {
     const QAbstractItemModel *model = view->model();
+    if (onlyNew && !model->headerData(row, Qt::Vertical, newRowRole).toBool())
+        return false;
     QStringList cells;
-    if (IsActive()) {
+    if (!words.isEmpty()) {
         for (const int column : columns)
             cells.append(model->index(row, column).data().toString());
     }

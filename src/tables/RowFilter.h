@@ -15,7 +15,8 @@ QList<int> ShownColumns(const QTableView *table);
 
 /// Shows only those rows of a table in which every given word occurs, capital or small, in a column
 /// that can be seen. The other rows are hidden in the view; the model and its row numbers stay as
-/// they are, so whoever fills, sorts or opens by row number need not know of it.
+/// they are, so whoever fills, sorts or opens by row number need not know of it. Where rows are
+/// marked as new it can show those alone, of which the words are looked for.
 ///
 /// Hidden rows are never selected (ShownRowSelection). Whoever acts on selected, current or all
 /// rows for the user asks here which they are.
@@ -29,7 +30,10 @@ public:
     /// longer selected.
     void SetText(const QString &text);
 
-    bool IsActive() const { return !words.isEmpty(); }
+    /// Whether only rows that are new are shown.
+    void ShowOnlyNew(bool only);
+
+    bool IsActive() const { return onlyNew || !words.isEmpty(); }
     int Loaded() const;
     int Shown() const;
     bool Shows(int row) const;
@@ -49,6 +53,7 @@ Q_SIGNALS:
     void Changed();
 
 private:
+    void applyChange(bool wasActive);
     void apply(int first, int last);
     void applyToAll();
     bool matches(int row, const QList<int> &columns) const;
@@ -59,4 +64,5 @@ private:
     /// afterwards.
     QPointer<QHeaderView> rows;
     QList<QStringMatcher> words;
+    bool onlyNew = false;
 };

@@ -8,6 +8,7 @@
 #include "tables/ColumnWidths.h"
 #include "tables/FindBar.h"
 #include "tables/RowFilter.h"
+#include "tables/TableMarks.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -25,7 +26,8 @@ constexpr QStringView exportTitle = u"Export to CSV ..";
 
 TableTools::TableTools(QTableView *table)
     : QObject(table), view(table), widths(new ColumnWidths(table)), filter(new RowFilter(table)),
-      findBar(new FindBar(table, filter)), menu(new QMenu(table))
+      findBar(new FindBar(table, filter)), menu(new QMenu(table)),
+      marks(new TableMarks(table, filter, menu))
 {
     makeMenu();
     view->installEventFilter(this);
@@ -83,12 +85,18 @@ bool TableTools::eventFilter(QObject *watched, QEvent *event)
     case QEvent::ShowToParent:
     case QEvent::HideToParent:
         if (watched == view)
-            findBar->GoWithTable(event->type() == QEvent::ShowToParent);
+            goWithTable(event->type() == QEvent::ShowToParent);
         break;
     default:
         break;
     }
     return QObject::eventFilter(watched, event);
+}
+
+void TableTools::goWithTable(bool tableShown)
+{
+    findBar->GoWithTable(tableShown);
+    marks->GoWithTable(tableShown);
 }
 
 /// Copying is seen before the menu Edit sees its own Ctrl+C, which knows entry fields only.

@@ -13,6 +13,7 @@ class QPoint;
 class QShortcut;
 class QTableView;
 class RowFilter;
+class TableMarks;
 
 /// What every table of the program offers beyond showing its rows: a context menu, copying, export
 /// to a CSV file, find, and columns that keep the width the user gave them. Made for a view that
@@ -25,6 +26,8 @@ public:
 
     ColumnWidths *Widths() const { return widths; }
     RowFilter *Filter() const { return filter; }
+    /// What there is while rows are marked as new.
+    TableMarks *Marks() const { return marks; }
     /// The context menu. Whoever has commands of their own for the rows puts them ahead of the
     /// others, and says before it is shown which of them can act.
     QMenu *Menu() const { return menu; }
@@ -42,6 +45,7 @@ protected:
 
 private:
     void makeMenu();
+    void goWithTable(bool tableShown);
     void showMenu(const QPoint &where);
     void writeCsv(const QString &path);
     void listenForFind();
@@ -56,6 +60,7 @@ private:
     RowFilter *filter;
     FindBar *findBar;
     QMenu *menu;
+    TableMarks *marks;
     QAction *copyRows;
     QAction *copyWithHeaders;
     QAction *exportRows;
