@@ -48,6 +48,9 @@ public:
 Q_SIGNALS:
     /// Something has come: the line of status is to be seen, even in a moment in which it blinks.
     void StatusToBeSeen();
+    /// The exchange of a tab has ended, and its table is on the sheet: whole, or what came before
+    /// it failed or was stopped. Not of the Summary.
+    void TabCame(CaseTab tab, bool whole);
     void FlashWanted(); ///< a run is over
     void CloseWanted(); ///< the window is to go, and nobody is to be asked
 

@@ -64,7 +64,14 @@ void CaseSheet::ShowTable(CaseTab tab, const GridTable &table)
     if (!Record.Tab(tab).Exists)
         return;
     Record.Tab(tab).Table = table;
+    Record.Tab(tab).New = {};
     Q_EMIT TabChanged(tab);
+}
+
+void CaseSheet::MarkNew(CaseTab tab, const RowMarks &marks)
+{
+    Record.Tab(tab).New = marks;
+    Q_EMIT MarksChanged(tab);
 }
 
 void CaseSheet::AddDocumentLine(const QStringList &lines)

@@ -25,6 +25,8 @@ public:
     /// Only the Summary is left.
     void RemoveAllTabsButFirst();
     void ShowTable(CaseTab tab, const GridTable &table);
+    /// Marks rows of the tab's table as new, until it has another one.
+    void MarkNew(CaseTab tab, const RowMarks &marks);
     /// A line of the list of documents has come, the last of these. The table begins with the
     /// lines that define it; whatever was in it stays until then.
     void AddDocumentLine(const QStringList &lines);
@@ -57,9 +59,10 @@ Q_SIGNALS:
     void TabsChanged(); ///< the strip has other captions
     /// What is below the strip, or selected in it, is another, or is to be shown afresh.
     void SightChanged();
-    void TabChanged(CaseTab tab); ///< it has another table
-    void RowsAdded();             ///< the list of documents has more rows
-    void RowsComplete();          ///< and has all of them now
+    void TabChanged(CaseTab tab);   ///< it has another table
+    void MarksChanged(CaseTab tab); ///< other rows of its table are new
+    void RowsAdded();               ///< the list of documents has more rows
+    void RowsComplete();            ///< and has all of them now
     void TabToBegin(CaseTab tab);
     void OfferChanged(); ///< what the panel offers, or whether something can be printed
 };

@@ -93,6 +93,8 @@ void CaseJob::doTabSearch(CaseTab tab, const QString &request)
         WriteAppInfo(texts.NormalExit);
         ofTab.TabDone = true;
         ofTab.TabIncomplete = false;
+        // A court that was told to stop ends its reply as it does a whole one.
+        Q_EMIT TabCame(tab, !isToEnd());
         return;
     }
     WriteAppInfo(texts.SearchIncomplete + request);
@@ -103,4 +105,5 @@ void CaseJob::doTabSearch(CaseTab tab, const QString &request)
     ofTab.TabDone = false;
     ofTab.TabNotRetrieved = true;
     ofTab.TabIncomplete = true;
+    Q_EMIT TabCame(tab, false);
 }

@@ -113,6 +113,7 @@ void CaseWindow::connectJob()
     connect(sheet, &CaseSheet::TabsChanged, this, &CaseWindow::showTabs);
     connect(sheet, &CaseSheet::SightChanged, this, &CaseWindow::showSight);
     connect(sheet, &CaseSheet::TabChanged, this, [this](CaseTab tab) { ShowTab(tab); });
+    connect(sheet, &CaseSheet::MarksChanged, this, &CaseWindow::showMarks);
     growTimer.setSingleShot(true);
     growTimer.setInterval(growMilliseconds);
     connect(&growTimer, &QTimer::timeout, this, &CaseWindow::showRows);
@@ -154,6 +155,12 @@ void CaseWindow::ShowTab(CaseTab tab)
     FlexGrid *grid = placeOf(tab).Grid;
     grid->SetColumnAlignment(0, Record().Tab(tab).FirstColumn);
     grid->Show(Record().Tab(tab).Table);
+    showMarks(tab);
+}
+
+void CaseWindow::showMarks(CaseTab tab)
+{
+    placeOf(tab).Grid->MarkRows(Record().Tab(tab).New);
 }
 
 /// Of the documents: no other table grows under the user's eyes.

@@ -164,6 +164,7 @@ private:
     void showOffer();
     void toBegin(CaseTab tab);
     void showRows();
+    void showMarks(CaseTab tab);
     void tabClicked(const QString &caption);
     void boxToggled(int box, bool on);
     void cmdSearchNow_Click();

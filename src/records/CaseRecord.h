@@ -2,6 +2,7 @@
 
 #include "records/CaseStart.h"
 #include "records/GridTable.h"
+#include "records/RowMarks.h"
 #include "records/StatusLine.h"
 
 #include <QStringList>
@@ -19,6 +20,7 @@ struct CaseTabRecord
     bool TabDone = false;         ///< its exchange ended as it should
 
     GridTable Table;
+    RowMarks New; ///< rows of it that were not there at an earlier look
     Qt::Alignment FirstColumn = Qt::AlignLeft | Qt::AlignTop; ///< how its cells stand
     QStringList Notes; ///< what the court put ahead of the table, at most two
 
