@@ -125,6 +125,9 @@ void CaseJob::BeginTick()
     if (Record.IsBankruptcy()) {
         RequestsBuilt = true;
         Record.chkBK = true;
+        // Before the Summary brings those of the other tabs: the first tells the case from others.
+        if (Record.TabRequests.isEmpty())
+            Record.TabRequests = lboxTabReqQueue.Lines();
         Sheet.RemoveAllTabsButFirst();
         return;
     }

@@ -24,7 +24,18 @@ namespace {
 constexpr double headerScale = 1.2;
 /// Rows that come one by one are shown together: each showing costs more than the row.
 constexpr int growMilliseconds = 40;
+
+QList<CaseWindow *> &allCaseWindows()
+{
+    static QList<CaseWindow *> windows;
+    return windows;
+}
 } // namespace
+
+const QList<CaseWindow *> &CaseWindow::All()
+{
+    return allCaseWindows();
+}
 
 CaseWindow::CaseWindow(CaseJob *ownJob, QWidget *parent)
     : JobWindow(ownJob, &ownJob->Record.lblState, &ownJob->Record.ClientAcctgCode, parent),
@@ -38,6 +49,7 @@ CaseWindow::CaseWindow(CaseJob *ownJob, QWidget *parent)
       CloseRequested(ownJob->CloseRequested), TmrSearchOnDemand(ownJob->TmrSearchOnDemand),
       TmrFlash(new QTimer(this))
 {
+    allCaseWindows().append(this);
     caseJob->UseTalk(this);
     TmrFlash->setObjectName(u"TmrFlash"_s);
     connect(TmrFlash, &QTimer::timeout, this, &CaseWindow::TmrFlash_Tick);
@@ -45,6 +57,7 @@ CaseWindow::CaseWindow(CaseJob *ownJob, QWidget *parent)
 
 CaseWindow::~CaseWindow()
 {
+    allCaseWindows().removeOne(this);
     caseJob->UseTalk(nullptr);
 }
 

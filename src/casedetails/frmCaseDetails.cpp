@@ -2,6 +2,7 @@
 
 #include "casedetails/CaseLinks.h"
 #include "casedetails/DocumentList.h"
+#include "casedetails/OpenCases.h"
 #include "casedetails/StateCaseJob.h"
 #include "core/GlobalState.h"
 #include "core/Log.h"
@@ -52,8 +53,10 @@ void billToCodeInForce(QList<DocumentStart> &documents)
 }
 
 /// Opens a case that another one names.
-void openLinked(CaseStart start)
+void openLinked(QWidget *window, CaseStart start)
 {
+    if (!MayOpenCase(window, start))
+        return;
     start.ClientAcctgCode = codeInForce(start.ClientAcctgCode);
     NewWindow form(new frmCaseDetails);
     form->Take(start);
@@ -105,7 +108,7 @@ void frmCaseDetails::GridSummary_DblClick(int row)
     if ((!listed && associated.isEmpty()) || !mayBegin(this))
         return;
     if (listed)
-        openLinked(*listed);
+        openLinked(this, *listed);
     else
         DoCaseNumberSearchAss(associated);
 }
@@ -131,7 +134,7 @@ bool frmCaseDetails::DoCaseNumberSearchJudgment(const QString &number)
 bool frmCaseDetails::openCaseOfCounty(const QString &number, const QString &procedure)
 {
     try {
-        openLinked(CaseOfCounty(Record(), number));
+        openLinked(this, CaseOfCounty(Record(), number));
         return true;
     } catch (const RunTimeError &error) {
         WriteAppInfo(u"Error Executing Case Number Search: frmCaseDetails::"_s + procedure

@@ -131,6 +131,23 @@ bool MsgBoxOffering(QWidget *parent, const QString &text, const QString &title, 
     return !box.IsGone() && box->clickedButton() == offered;
 }
 
+int MsgBoxChoice(QWidget *parent, const QString &text, const QString &title, MsgIcon icon,
+                 const QStringList &answers)
+{
+    if (isGone(parent))
+        return -1;
+    ModalDialog<QMessageBox> box(parentFor(parent));
+    fill(&*box, text, title, icon);
+    QList<QAbstractButton *> buttons;
+    for (const QString &answer : answers)
+        buttons.append(box->addButton(answer, QMessageBox::ActionRole));
+    box->setStandardButtons(QMessageBox::Cancel);
+    box->setEscapeButton(QMessageBox::Cancel);
+    box->setDefaultButton(qobject_cast<QPushButton *>(buttons.value(0)));
+    box.Run();
+    return box.IsGone() ? -1 : static_cast<int>(buttons.indexOf(box->clickedButton()));
+}
+
 void SettleQuestions(const QObject *matter)
 {
     openQuestions().removeIf([](const OpenQuestion &one) { return one.box.isNull(); });

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 class QObject;
 class QWidget;
@@ -24,6 +25,12 @@ MsgAnswer MsgBox(QWidget *parent, const QString &text, const QString &title = {}
 /// Shows a message that has, besides OK, a button with this caption. True when that was pressed.
 bool MsgBoxOffering(QWidget *parent, const QString &text, const QString &title, MsgIcon icon,
                     const QString &offer);
+
+/// Asks a question whose answers have captions of their own; the first is what Enter gives. Beside
+/// them there is Cancel. Gives the number of the answer, from 0 on, and -1 for Cancel, for closing
+/// the box, and for a question about a window that is unloaded.
+int MsgBoxChoice(QWidget *parent, const QString &text, const QString &title, MsgIcon icon,
+                 const QStringList &answers);
 
 /// Takes away the questions about this matter, which has been settled without them: they answer as
 /// if they had been closed.

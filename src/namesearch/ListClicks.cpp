@@ -1,10 +1,14 @@
 // What clicks on a list of results do: a header sorts, a row opens its case.
 
+#include "casedetails/CaseIdentity.h"
 #include "casedetails/CaseWindow.h"
 #include "casedetails/CaseWindows.h"
+#include "casedetails/OpenCases.h"
+#include "core/GeneralDate.h"
 #include "core/GlobalState.h"
 #include "core/Log.h"
 #include "namesearch/CaseFromRow.h"
+#include "namesearch/CaseMemory.h"
 #include "namesearch/NameResultsWindow.h"
 #include "namesearch/SortKeys.h"
 #include "session/LoginOffer.h"
@@ -37,6 +41,7 @@ Qt::SortOrder other(Qt::SortOrder order)
 void NameResultsWindow::connectList(QPushButton *retrieve)
 {
     retrieveButton = retrieve;
+    listview1->SetRowNote([this](int row) { return noteOfRow(row); });
     connect(listview1, &ResultListView::HeaderClicked, this,
             [this](int column) { SortList(listview1, column); });
     connect(listview1, &ResultListView::RowChosen, this, &NameResultsWindow::chooseRow);
@@ -82,8 +87,31 @@ void NameResultsWindow::chooseRow(int row)
     if (row < 0)
         return;
     const RunScope scope(this);
-    if (MaySearch())
+    if (MaySearch() && mayOpenRow(row))
         OpenCaseFromRow(row);
+}
+
+/// A case that has a window already is offered first. During the question the rows may become
+/// others.
+bool NameResultsWindow::mayOpenRow(int row)
+{
+    const QStringList cells = search->Record.Rows.Cells(row);
+    if (!IsCaseRow(cells))
+        return true;
+    return MayOpenCase(this, search->CaseOf(cells)) && !IsUnloaded() && row < RowCount()
+           && search->Record.Rows.Cells(row) == cells;
+}
+
+/// "Opened before, last on 11/2/2026 3:15 PM", or nothing. A row that comes is not looked up, only
+/// one that the user asks about.
+QString NameResultsWindow::noteOfRow(int row) const
+{
+    const QStringList cells = search->Record.Rows.Cells(row);
+    if (!IsCaseRow(cells))
+        return {};
+    const std::optional<QDateTime> last = LastOpened(CaseIdentity(search->CaseOf(cells)));
+    return last ? u"Opened before, last on "_s + GeneralDate(*last, ClockTime::ToTheMinute)
+                : QString();
 }
 
 bool NameResultsWindow::MaySearch()

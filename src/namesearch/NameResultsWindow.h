@@ -119,6 +119,8 @@ private:
     void load(QLabel *lblStatus, QPushButton *cmdStopSearching);
     void connectList(QPushButton *retrieve);
     void chooseRow(int row);
+    bool mayOpenRow(int row);
+    QString noteOfRow(int row) const;
     void showCount();
     void showColumns();
     ReportSituation situation() const;

@@ -43,9 +43,15 @@ public:
     bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
                    const QModelIndex &index) override
     {
+        const auto *list = qobject_cast<const ResultListView *>(view);
         const bool cut = sizeHint(option, index).width() > view->visualRect(index).width();
-        QToolTip::showText(event->globalPos(),
-                           cut ? ToolTipText(index.data().toString()) : QString(), view);
+        QStringList lines;
+        if (cut)
+            lines.append(ToolTipText(index.data().toString()));
+        if (const QString note = index.isValid() ? list->NoteOf(index.row()) : QString();
+            !note.isEmpty())
+            lines.append(ToolTipText(note));
+        QToolTip::showText(event->globalPos(), lines.join(u"<br>"_s), view);
         return true;
     }
 };

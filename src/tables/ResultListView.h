@@ -4,6 +4,9 @@
 
 #include <QTableView>
 
+#include <functional>
+#include <utility>
+
 class TableTools;
 
 /// The columns of a list, and the kind of list they are of: columns of one kind keep the widths
@@ -38,6 +41,12 @@ public:
 
     /// Widens a column until this cell is not cut, unless the user has set its width.
     void WidenForCell(int row, int column);
+
+    /// What a row's tool tip says besides the text of a cell that is cut; "" for nothing. It is
+    /// asked when the tip is wanted.
+    using RowNote = std::function<QString(int row)>;
+    void SetRowNote(RowNote note) { rowNote = std::move(note); }
+    QString NoteOf(int row) const { return rowNote ? rowNote(row) : QString(); }
 
     /// Writes the cells as small as the headers, for columns that are narrow for what they hold.
     void UseSmallText();
@@ -80,6 +89,7 @@ private:
     void turnCheckBoxes();
 
     ResultListModel list;
+    RowNote rowNote;
     QFont largeFont; ///< what the cells would have if they were not written small
     bool smallText = false;
     Qt::SortOrder sortOrder = Qt::AscendingOrder;

@@ -5,6 +5,7 @@
 #include "jobs/frmQueue.h"
 #include "namesearch/DistrictSearch.h"
 #include "namesearch/Handed.h"
+#include "namesearch/OpeningUser.h"
 #include "session/frmLogin.h"
 #include "support/HalvaneTest.h"
 #include "tables/ResultListView.h"
@@ -23,42 +24,7 @@ const QString loginQuestion =
     "Halvane Server.\r\n\r\nDo you want to Login Now?"_s;
 const QString loginTitle = u"Cannot Perform Search! Not Logged In to Halvane"_s;
 
-/// The case windows on the screen, the oldest first.
-QList<CaseWindow *> caseWindows()
-{
-    QList<CaseWindow *> windows;
-    for (const QString &key : frmQueue::Form().FIFO.Lines()) {
-        for (QWidget *widget : QApplication::topLevelWidgets()) {
-            auto *window = qobject_cast<CaseWindow *>(widget);
-            if (window && window->isVisible() && window->txtMasterKey == key)
-                windows.append(window);
-        }
-    }
-    return windows;
-}
-
-enum class Way { DoubleClick, Enter, Button };
-
-void choose(const QWidget *window, int row, Way way = Way::DoubleClick)
-{
-    ResultListView *list = ListOf(window);
-    const QPoint where = list->visualRect(list->List()->index(row, 1)).center();
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, where);
-    switch (way) {
-    case Way::DoubleClick:
-        QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, where);
-        break;
-    case Way::Enter:
-        QTest::keyClick(list, Qt::Key_Return);
-        break;
-    case Way::Button:
-        QTest::mouseClick(ButtonOf(window, "cmdSearchResults_0"), Qt::LeftButton);
-        break;
-    }
-}
 } // namespace
-
-Q_DECLARE_METATYPE(Way)
 
 class tst_OpenCase : public DistrictSearchTest
 {
@@ -133,8 +99,8 @@ void tst_OpenCase::eachWayOpensTheCase()
     QFETCH(Way, way);
     const NameResultsWindow *window =
         finishedDistrict(which, LineOf(which), {RowOf(which), RowOf(which)});
-    choose(window, 1, way);
-    QCOMPARE(caseWindows().size(), 1);
+    ChooseRow(window, 1, way);
+    QCOMPARE(CaseWindowsInQueue().size(), 1);
     QVERIFY(ListOf(window)->List()->Cell(1, 1).startsWith(u">>"));
     QVERIFY(!ListOf(window)->List()->Cell(0, 1).startsWith(u">>"));
 }
@@ -195,10 +161,10 @@ void tst_OpenCase::eachCourt()
     QFETCH(QString, row);
     QFETCH(QString, log);
     const frmNameSearchResults *window = finished({row}, state);
-    choose(window, 0);
-    QCOMPARE(caseWindows().size(), 1);
-    QTEST(Handed(caseWindows().constFirst()), "handed");
-    QCOMPARE(TextOf(caseWindows().constFirst(), "lblStatus"), u"Pending .."_s);
+    ChooseRow(window, 0);
+    QCOMPARE(CaseWindowsInQueue().size(), 1);
+    QTEST(Handed(CaseWindowsInQueue().constFirst()), "handed");
+    QCOMPARE(TextOf(CaseWindowsInQueue().constFirst(), "lblStatus"), u"Pending .."_s);
     QVERIFY(desk->Folder.Logged(log));
 }
 
@@ -222,9 +188,9 @@ void tst_OpenCase::eachBankruptcyCourt()
     const frmNameSearchResults *window = finished(
         {u"SMITH~*05-1~RETRIEVECOMMAND=BKRPT-SUMMARY-05~01/02/2002~Chapter 7~Seattle~Debtor~X~"_s},
         state);
-    choose(window, 0);
-    QCOMPARE(caseWindows().size(), 1);
-    QCOMPARE(Handed(caseWindows().constFirst()),
+    ChooseRow(window, 0);
+    QCOMPARE(CaseWindowsInQueue().size(), 1);
+    QCOMPARE(Handed(CaseWindowsInQueue().constFirst()),
              (QStringList{u"frmCaseDetails"_s, u"caption Case Details (05-1)"_s,
                           u"lblState "_s + state, u"lblCaseDetailsHdr Case Details (*05-1)"_s,
                           u"lblCourtName "_s + courtName, u"txtCaseNumber *05-1"_s,
@@ -240,9 +206,10 @@ void tst_OpenCase::anIndexSearch()
         {u"SMITH~02-2~01/02/2002~Civil~WA Superior Ct King County~Role~A title~01/03/2002~"_s,
          u"EOF~"_s});
     auto *window = Search(new frmNameSearchResults(u"WA"_s, true), {line});
-    choose(window, 0);
-    QCOMPARE(caseWindows().size(), 1);
-    QCOMPARE(caseWindows().constFirst()->tboxCaseNumberQueue, u"WASUP¦SUMMARY¦02-2¦King¦¦"_s);
+    ChooseRow(window, 0);
+    QCOMPARE(CaseWindowsInQueue().size(), 1);
+    QCOMPARE(CaseWindowsInQueue().constFirst()->tboxCaseNumberQueue,
+             u"WASUP¦SUMMARY¦02-2¦King¦¦"_s);
 }
 
 void tst_OpenCase::eachDistrictCase_data()
@@ -263,13 +230,13 @@ void tst_OpenCase::eachDistrictCase()
     const NameResultsWindow *window =
         finishedDistrict(which, DistrictLine(u"BED"_s, requestType),
                          {u"SMITH~*C0012345~BED~Benton District~IT~OPN~DEF~01/02/2002~"_s});
-    choose(window, 0);
-    QCOMPARE(caseWindows().size(), 1);
+    ChooseRow(window, 0);
+    QCOMPARE(CaseWindowsInQueue().size(), 1);
     const QString line =
         u"WADISCIS¦¦¦¦C0012345¦IT¦BED¦"_s + (civil ? u"CV¦CIVI¦¦"_s : u"IN¦NCC¦¦"_s);
     // A person has a name there, a case a title.
     const QStringList title = civil ? QStringList{u"lblCaseTitle Pending .. "_s} : QStringList();
-    QCOMPARE(Handed(caseWindows().constFirst()),
+    QCOMPARE(Handed(CaseWindowsInQueue().constFirst()),
              (QStringList{civil ? u"frmCivilCaseDetails"_s : u"frmNCCaseDetails"_s,
                           u"caption C0012345 - Benton District Cty. / Benton"_s, u"lblState WA"_s,
                           u"lblCaseDetailsHdr Case Details"_s, u"txtCountyName Benton"_s,
@@ -297,10 +264,10 @@ void tst_OpenCase::aSuperiorCaseAmongTheNonCivil()
     const NameResultsWindow *window =
         finishedDistrict(Which::NonCivil, DistrictLine(u"*SW"_s, requestType),
                          {u"SMITH~02-1-00017-3~S17~King~FEL~OPN~DEF~01/02/2002~"_s});
-    choose(window, 0);
-    QCOMPARE(caseWindows().size(), 1);
+    ChooseRow(window, 0);
+    QCOMPARE(CaseWindowsInQueue().size(), 1);
     const QString line = u"WASUP¦SUMMARY¦02-1-00017-3¦King¦¦"_s;
-    QCOMPARE(Handed(caseWindows().constFirst()),
+    QCOMPARE(Handed(CaseWindowsInQueue().constFirst()),
              (QStringList{
                  u"frmCaseDetails"_s, u"caption 02-1-00017-3 - King County Superior Courts"_s,
                  u"lblState WA"_s, u"lblCaseDetailsHdr Case Details (02-1-00017-3)"_s,
@@ -313,13 +280,16 @@ void tst_OpenCase::aSuperiorCaseAmongTheNonCivil()
 void tst_OpenCase::theRowIsMarkedOnce()
 {
     const frmNameSearchResults *window = finished({ResultLine(u"SMITH"_s)});
-    choose(window, 0);
+    ChooseRow(window, 0);
     QCOMPARE(RowsOf(window)[0][1], u">>02-2-02029-9"_s);
-    choose(window, 0);
-    choose(window, 0);
+    for (int again = 0; again < 2; ++again) {
+        desk->Boxes.ExpectChoice(IsOpenQuestion(u"02-2-02029-9 - King County Superior Courts"_s),
+                                 isOpenTitle, u"Open Again"_s);
+        ChooseRow(window, 0);
+    }
     QCOMPARE(RowsOf(window)[0][1], u">>02-2-02029-9"_s);
-    QCOMPARE(caseWindows().size(), 3);
-    for (const CaseWindow *opened : caseWindows()) {
+    QCOMPARE(CaseWindowsInQueue().size(), 3);
+    for (const CaseWindow *opened : CaseWindowsInQueue()) {
         QCOMPARE(opened->windowTitle(), u"02-2-02029-9 - King County Superior Courts"_s);
         QCOMPARE(opened->tboxCaseNumberQueue, u"WASUP¦SUMMARY¦02-2-02029-9¦King¦¦"_s);
     }
@@ -328,10 +298,10 @@ void tst_OpenCase::theRowIsMarkedOnce()
 void tst_OpenCase::anArchivedCaseKeepsItsMark()
 {
     const frmNameSearchResults *window = finished({ResultLine(u"SMITH"_s, u"*02-2-02029-9"_s)});
-    choose(window, 0);
+    ChooseRow(window, 0);
     QCOMPARE(RowsOf(window)[0][1], u">>*02-2-02029-9"_s);
-    QCOMPARE(caseWindows().size(), 1);
-    const CaseWindow *opened = caseWindows().constFirst();
+    QCOMPARE(CaseWindowsInQueue().size(), 1);
+    const CaseWindow *opened = CaseWindowsInQueue().constFirst();
     QCOMPARE(opened->txtCaseNumber, u"*02-2-02029-9"_s);
     QCOMPARE(opened->lblCaseDetailsHdr(), u"Case Details (*02-2-02029-9)"_s);
 }
@@ -342,7 +312,7 @@ void tst_OpenCase::theMarkDoesNotCutTheNumber()
         finishedDistrict(Which::NonCivil, DistrictLine(u"BED"_s, u"IN"_s), {CaseRow(u"SMITH"_s)});
     const ResultListView *list = ListOf(window);
     const int before = list->columnWidth(1);
-    choose(window, 0);
+    ChooseRow(window, 0);
     QVERIFY(list->columnWidth(1) > before);
     QVERIFY(list->columnWidth(1) >= list->sizeHintForIndex(list->List()->index(0, 1)).width());
 }
@@ -368,10 +338,10 @@ void tst_OpenCase::notLoggedIn()
     Global.bLoggedIn = false;
     desk->Boxes.Expect(loginQuestion, loginTitle, MsgIcon::Exclamation,
                        login ? MsgAnswer::Yes : MsgAnswer::No);
-    choose(window, 0, way);
+    ChooseRow(window, 0, way);
     QCOMPARE(desk->Boxes.Answered(), 1);
     QCOMPARE(frmLogin::IsLoaded(), login);
-    QCOMPARE(caseWindows().size(), 0);
+    QCOMPARE(CaseWindowsInQueue().size(), 0);
     QVERIFY(!RowsOf(window)[0][1].startsWith(u">>"));
 }
 
@@ -385,7 +355,7 @@ void tst_OpenCase::nothingSelected()
     QTest::keyClick(list, Qt::Key_Return);
     ButtonOf(window, "cmdSearchResults_0")->setEnabled(true);
     ButtonOf(window, "cmdSearchResults_0")->click();
-    QCOMPARE(caseWindows().size(), 0);
+    QCOMPARE(CaseWindowsInQueue().size(), 0);
     QCOMPARE(RowsOf(window)[0][1], u"02-2-02029-9"_s);
 }
 
@@ -425,18 +395,18 @@ void tst_OpenCase::theMouseDownAloneSelects()
         QTest::mouseRelease(list->viewport(), Qt::LeftButton, {},
                             list->visualRect(list->List()->index(pressed, 0)).center());
     }
-    QCOMPARE(caseWindows().size(), 0);
+    QCOMPARE(CaseWindowsInQueue().size(), 0);
 }
 
 void tst_OpenCase::theNewWindowWaitsItsTurn()
 {
-    const frmNameSearchResults *window = finished({ResultLine(u"A"_s), ResultLine(u"B"_s)});
-    const QString line = u"WASUP¦SUMMARY¦02-2-02029-9¦King¦¦"_s;
-    court->Expect(line).Reply({u"EOF~"_s});
-    court->Expect(line).Reply({u"EOF~"_s});
-    choose(window, 0);
-    choose(window, 1);
-    const QList<CaseWindow *> opened = caseWindows();
+    const frmNameSearchResults *window =
+        finished({ResultLine(u"A"_s), ResultLine(u"B"_s, u"02-2-02030-2"_s)});
+    court->Expect(u"WASUP¦SUMMARY¦02-2-02029-9¦King¦¦"_s).Reply({u"EOF~"_s});
+    court->Expect(u"WASUP¦SUMMARY¦02-2-02030-2¦King¦¦"_s).Reply({u"EOF~"_s});
+    ChooseRow(window, 0);
+    ChooseRow(window, 1);
+    const QList<CaseWindow *> opened = CaseWindowsInQueue();
     QCOMPARE(opened.size(), 2);
     QCOMPARE(frmQueue::Form().FIFO.ListCount(), 2);
     QVERIFY(opened[0]->txtMasterKey != opened[1]->txtMasterKey);
@@ -456,9 +426,9 @@ void tst_OpenCase::aStopForAllJobsIsOver()
 {
     const frmNameSearchResults *window = finished({ResultLine(u"SMITH"_s)});
     Global.bStopRequested = true;
-    choose(window, 0);
+    ChooseRow(window, 0);
     QVERIFY(!Global.bStopRequested);
-    QCOMPARE(caseWindows().size(), 1);
+    QCOMPARE(CaseWindowsInQueue().size(), 1);
 }
 
 void tst_OpenCase::whileTheSearchStillRuns()
@@ -468,22 +438,22 @@ void tst_OpenCase::whileTheSearchStillRuns()
     frmNameSearchResults *window = desk->Start({RequestLine()});
     desk->When([&] { return RowsOf(window).size() == 1; },
                [&] {
-                   choose(window, 0);
+                   ChooseRow(window, 0);
                    court->SendTokens({ResultLine(u"B"_s), u"EOF~"_s});
                });
     QVERIFY(desk->Finish(window));
     QCOMPARE(window->RowCount(), 2);
-    QCOMPARE(caseWindows().size(), 1);
-    QCOMPARE(frmQueue::Form().FIFO.List(0), caseWindows().constFirst()->txtMasterKey);
+    QCOMPARE(CaseWindowsInQueue().size(), 1);
+    QCOMPARE(frmQueue::Form().FIFO.List(0), CaseWindowsInQueue().constFirst()->txtMasterKey);
 }
 
 void tst_OpenCase::theClientCodeGoesAlong()
 {
     frmNameSearchResults *window = finished({ResultLine(u"SMITH"_s)});
     window->ClientAcctgCode = u"ABC"_s;
-    choose(window, 0);
-    QCOMPARE(caseWindows().size(), 1);
-    QCOMPARE(caseWindows().constFirst()->ClientAcctgCode, u"ABC"_s);
+    ChooseRow(window, 0);
+    QCOMPARE(CaseWindowsInQueue().size(), 1);
+    QCOMPARE(CaseWindowsInQueue().constFirst()->ClientAcctgCode, u"ABC"_s);
 }
 
 void tst_OpenCase::theOneOfSeveralSelectedRowsThatIsCurrent()
@@ -495,7 +465,7 @@ void tst_OpenCase::theOneOfSeveralSelectedRowsThatIsCurrent()
     list->selectionModel()->setCurrentIndex(list->List()->index(1, 0),
                                             QItemSelectionModel::NoUpdate);
     QTest::mouseClick(ButtonOf(window, "cmdSearchResults_0"), Qt::LeftButton);
-    QCOMPARE(caseWindows().size(), 1);
+    QCOMPARE(CaseWindowsInQueue().size(), 1);
     QCOMPARE(RowsOf(window)[1][1], u">>02-2-02029-9"_s);
 }
 
@@ -503,11 +473,11 @@ void tst_OpenCase::warningsAndTipsOpenNothing()
 {
     const frmNameSearchResults *window =
         finished({ResultLine(u"A"_s), u"This search resulted in more than 200 results."_s});
-    choose(window, 1);
-    QCOMPARE(caseWindows().size(), 0);
+    ChooseRow(window, 1);
+    QCOMPARE(CaseWindowsInQueue().size(), 0);
     QCOMPARE(RowsOf(window)[1][1], u"**Warning**"_s);
-    choose(window, 0);
-    QCOMPARE(caseWindows().size(), 1);
+    ChooseRow(window, 0);
+    QCOMPARE(CaseWindowsInQueue().size(), 1);
 }
 
 void tst_OpenCase::aRowThatWasCutShortDoesNotCrash_data()
@@ -533,9 +503,9 @@ void tst_OpenCase::aRowThatWasCutShortDoesNotCrash()
     const NameResultsWindow *window = finishedDistrict(which, request, {row});
     QCOMPARE(TextOf(window, "lblStatus"), u"Search Stopped - Court Connection Lost!"_s);
     QCOMPARE(window->RowCount(), 1);
-    choose(window, 0);
-    QCOMPARE(caseWindows().size(), 1);
-    QCOMPARE(caseWindows().constFirst()->tboxCaseNumberQueue, line);
+    ChooseRow(window, 0);
+    QCOMPARE(CaseWindowsInQueue().size(), 1);
+    QCOMPARE(CaseWindowsInQueue().constFirst()->tboxCaseNumberQueue, line);
 }
 
 void tst_OpenCase::aSortedRowOpensItsOwnCase()
@@ -544,9 +514,9 @@ void tst_OpenCase::aSortedRowOpensItsOwnCase()
         finished({ResultLine(u"A"_s, u"02-2-00001-1"_s), ResultLine(u"B"_s, u"02-2-00002-1"_s)});
     ResultListView *list = ListOf(window);
     list->SortRows({u"2"_s, u"1"_s}, Qt::AscendingOrder);
-    choose(window, 0);
-    QCOMPARE(caseWindows().size(), 1);
-    QCOMPARE(caseWindows().constFirst()->txtCaseNumber, u"02-2-00002-1"_s);
+    ChooseRow(window, 0);
+    QCOMPARE(CaseWindowsInQueue().size(), 1);
+    QCOMPARE(CaseWindowsInQueue().constFirst()->txtCaseNumber, u"02-2-00002-1"_s);
     QCOMPARE(RowsOf(window)[0][1], u">>02-2-00002-1"_s);
 }
 

@@ -62,6 +62,17 @@ QMessageBox::Icon shownIcon(MsgIcon icon)
     return QMessageBox::NoIcon;
 }
 
+/// The button of a box with this caption, null when it has none.
+QAbstractButton *buttonWith(const QMessageBox *box, const QString &caption)
+{
+    const QList<QAbstractButton *> buttons = box->buttons();
+    for (QAbstractButton *button : buttons) {
+        if (button->text().remove(u'&') == caption)
+            return button;
+    }
+    return nullptr;
+}
+
 QMessageBox::StandardButtons shownButtons(MsgButtons buttons)
 {
     switch (buttons) {
@@ -108,6 +119,12 @@ void BoxAnswers::Expect(const QString &text, const QString &title, MsgIcon icon,
     one.buttons = buttons;
     one.meanwhile = std::exchange(pendingMeanwhile, {});
     announced.append(one);
+}
+
+void BoxAnswers::ExpectChoice(const QString &text, const QString &title, const QString &caption)
+{
+    Expect(text, title, MsgIcon::Question, MsgAnswer::Cancel);
+    announced.last().caption = caption;
 }
 
 void BoxAnswers::ExpectDialog(const QString &objectName, std::function<void(QDialog *)> act)
@@ -172,7 +189,9 @@ void BoxAnswers::answerBox(QDialog *dialog)
         one.meanwhile();
     if (!stillOpen)
         return;
-    if (QAbstractButton *button = box->button(buttonOf(one.answer))) {
+    QAbstractButton *button =
+        one.caption.isEmpty() ? box->button(buttonOf(one.answer)) : buttonWith(box, one.caption);
+    if (button) {
         button->click();
     } else {
         complaints.append(u"no such button in: "_s + text);
@@ -189,5 +208,9 @@ void BoxAnswers::compare(const QMessageBox *box, const Announced &one)
     };
     same(u"title"_s, box->windowTitle(), one.title);
     same(u"icon"_s, box->icon(), shownIcon(one.icon));
-    same(u"buttons"_s, box->standardButtons(), shownButtons(one.buttons));
+    if (one.caption.isEmpty())
+        same(u"buttons"_s, box->standardButtons(), shownButtons(one.buttons));
+    else
+        same(u"buttons"_s, box->standardButtons(),
+             QMessageBox::StandardButtons(QMessageBox::Cancel));
 }

@@ -35,6 +35,10 @@ public:
     void Expect(const QString &text, const QString &title, MsgIcon icon, MsgAnswer answer,
                 MsgButtons buttons);
 
+    /// The next box is a question with this text and title whose answers have captions of their
+    /// own, beside Cancel; press the one with this caption, "&" left out.
+    void ExpectChoice(const QString &text, const QString &title, const QString &caption);
+
     /// The next modal dialog has this object name ("MsgBox" for a box, whatever it reads); do this
     /// with it (it must be closed by it).
     void ExpectDialog(const QString &objectName, std::function<void(QDialog *)> act);
@@ -59,6 +63,7 @@ private:
         MsgAnswer answer = MsgAnswer::Ok;
         MsgIcon icon = MsgIcon::Information;
         MsgButtons buttons = MsgButtons::Ok;
+        QString caption; ///< of the button to be pressed, where the answer does not tell it
         std::function<void(QDialog *)> act;
         std::function<void()> meanwhile;
     };
