@@ -1,6 +1,7 @@
 #include "app/Startup.h"
 
 #include "app/HistoryStart.h"
+#include "app/NewEntries.h"
 #include "controls/ModalDialog.h"
 #include "controls/MsgBox.h"
 #include "controls/WindowPlace.h"
@@ -109,6 +110,7 @@ void WireWindows()
 {
     wireSession();
     WireHistory();
+    WireNewEntries();
     LinkEvents *link = &LinkEvents::Of();
     QObject::connect(link, &LinkEvents::IdleLimitReached, link, [] {
         if (frmMain *main = frmMain::Form())

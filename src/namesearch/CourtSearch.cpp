@@ -84,6 +84,7 @@ NameSearch::ReplyEffect CourtSearch::takeIndexReply(const QString &reply)
         return {.EndsSearch = SearchOutcome::Completed};
     case IndexReplyKind::Error:
         ServerErrorSeen = true;
+        NoteError();
         ServerErrorText = TrimBlanks(reply);
         break;
     case IndexReplyKind::Warning:

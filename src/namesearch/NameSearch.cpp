@@ -70,6 +70,8 @@ void NameSearch::ProcessSearchRequests()
         // Whatever went wrong inside a run, its results cannot be trusted to be all.
     }
     EndSearch(outcome);
+    // A stop, and an error among the pages of an index, may end as if all had come.
+    Q_EMIT RunEnded(outcome == SearchOutcome::Completed && !StopRequested && !errorSeen);
 }
 
 void NameSearch::reportEmptyQueue()

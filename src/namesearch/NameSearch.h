@@ -64,6 +64,9 @@ public:
     int RowCount() const { return Record.Rows.Count(); }
 
 Q_SIGNALS:
+    /// A run is over, and the lines of status say how. `whole` when every row that there is has
+    /// come, of all pages.
+    void RunEnded(bool whole);
     /// The columns are others now: one that says that there is too much, or those of the kind.
     void ColumnsChanged();
 
@@ -84,6 +87,8 @@ protected:
     /// What a paged search has offered is not to be had any more.
     virtual void WithdrawOffer() {}
 
+    /// The court has reported an error: rows may be missing, whatever the outcome.
+    void NoteError() { errorSeen = true; }
     /// Adds the cells of a row in the order of the columns. Throws error 9 when some are missing.
     void AddParsedRow(const QString &row, ResultKind rowKind);
 
@@ -122,6 +127,7 @@ private:
     QString countyOfRequest;
     int rowsOfRequest = 0;
     bool tooManyHits = false;
+    bool errorSeen = false; ///< of any run
     bool CriteriaShown = false;
     bool stoppedByUser = false; ///< this time; StopRequested is for all pages of an index
 };

@@ -1,0 +1,456 @@
+#include "app/NewEntries.h"
+#include "casedetails/CaseDesk.h"
+#include "casedetails/frmCaseDetails.h"
+#include "core/GlobalState.h"
+#include "history/HistoryStore.h"
+#include "link/RequestLine.h"
+#include "namesearch/CaseMemory.h"
+#include "namesearch/frmDiscisNCNameResults.h"
+#include "namesearch/frmNameSearchResults.h"
+#include "support/HalvaneTest.h"
+#include "support/ScriptedCourt.h"
+#include "tables/FlexGrid.h"
+#include "tables/ResultListView.h"
+
+#include <QHelpEvent>
+#include <QLabel>
+#include <QTemporaryDir>
+#include <QToolTip>
+
+// What was not there at the last look is marked, in cases and in lists of results.
+
+namespace {
+constexpr int longEnough = 30'000;
+const QString first = u"01/02/2003~COMPLAINT~"_s;
+const QString second = u"01/03/2003~SUMMONS~"_s;
+const QString third = u"01/04/2003~ANSWER~"_s;
+const QStringList endMark{u"EOF~"_s};
+} // namespace
+
+class tst_NewEntries : public CaseTest
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void initTestCase() { WireNewEntries(); }
+    void init() override;
+    void cleanup();
+
+    void aCaseThatWasNeverLookedAtMarksNothing();
+    void entriesSinceTheLastLook();
+    void nothingNewShowsNothing();
+    void theSameLineTwiceCountsTwice();
+    void eachLookIsTheNextOnesPast();
+    void inOneWindowThePastStays();
+    void aTabThatFailedOnlyAdds();
+    void aTabThatWasStoppedOnlyAdds();
+    void aFirstLookThatFailedIsNone();
+    void aMessageIsNoRow();
+    void theStateOfThingsIsNotMarked();
+    void documentsAndChargesAndJudgments_data();
+    void documentsAndChargesAndJudgments();
+    void withoutAHistoryNothingIsMarked();
+
+    void rowsSinceTheLastSearch();
+    void anotherClientCodeIsTheSameSearch();
+    void anotherSearchMarksNothing();
+    void aSearchThatWasStoppedIsNotRemembered();
+    void anOpenedRowIsTheSame();
+    void aStatusThatChangesIsNotNew();
+    void theToolTipSaysWhenACaseWasOpened();
+    void rowsThatComeAreNotLookedUp();
+
+private:
+    static HistoryStore &store() { return HistoryStore::Of(); }
+    void written() { QVERIFY(store().WaitUntilWritten(longEnough)); }
+    void connectOnce()
+    {
+        if (!connected)
+            desk->ConnectTo(*court);
+        connected = true;
+    }
+    /// The case is opened, its Summary and this tab come, and its window stands at the end.
+    frmCaseDetails *look(const QStringList &rows, const QString &tab = u"Docket"_s,
+                         const QString &word = u"DOCKET"_s);
+    void run(CaseWindow *window);
+    void closeAfter(int days, FormWindow *window);
+    static QString lineOf(const CaseWindow *window, CaseTab tab = CaseTab::Docket)
+    {
+        const QWidget *frame = window->Tab(tab).Frame;
+        const auto *line = frame->findChild<QLabel *>(u"lblNew"_s);
+        return line->isHidden() ? QString() : line->text();
+    }
+    /// The second cells of the rows that are marked.
+    static QStringList markedIn(const CaseWindow *window, CaseTab tab = CaseTab::Docket);
+
+    frmNameSearchResults *search(const QStringList &rows, const QString &code = {},
+                                 const QString &line = RequestLine());
+    static QStringList markedRows(const NameResultsWindow *window);
+
+    QTemporaryDir folder;
+    int histories = 0;
+    bool connected = false;
+};
+
+void tst_NewEntries::init()
+{
+    CaseTest::init();
+    connected = false;
+    store().Open(folder.filePath(u"history%1.db"_s.arg(++histories)));
+    written();
+}
+
+void tst_NewEntries::cleanup()
+{
+    store().Close();
+    CaseTest::cleanup();
+}
+
+void tst_NewEntries::run(CaseWindow *window)
+{
+    window->ShownJob()->AnnounceLaunch();
+    connectOnce();
+    desk->Time.Run(0.02);
+    Begin(window);
+    QVERIFY(Finished(window));
+    desk->Time.Stop();
+    written();
+}
+
+frmCaseDetails *tst_NewEntries::look(const QStringList &rows, const QString &tab,
+                                     const QString &word)
+{
+    FetchAtOnce(u"CaseSearchTabs"_s, {tab});
+    court->Expect(SuperiorLine(u"SUMMARY"_s)).Reply(SuperiorSummary() + endMark);
+    court->Expect(SuperiorLine(word)).Reply(GridDef(rows));
+    frmCaseDetails *window = Superior();
+    run(window);
+    return window;
+}
+
+void tst_NewEntries::closeAfter(int days, FormWindow *window)
+{
+    window->Unload(UnloadMode::MdiParent);
+    desk->Time.Set(desk->Time.Now().addDays(days));
+}
+
+QStringList tst_NewEntries::markedIn(const CaseWindow *window, CaseTab tab)
+{
+    const CaseTabRecord &record = window->Record().Tab(tab);
+    QStringList marked;
+    for (int row = 0; row < record.Table.Rows.size(); ++row) {
+        if (record.New.Rows.contains(row))
+            marked.append(record.Table.Rows[row].value(1));
+    }
+    return marked;
+}
+
+void tst_NewEntries::aCaseThatWasNeverLookedAtMarksNothing()
+{
+    const frmCaseDetails *window = look({first, second});
+    QCOMPARE(markedIn(window), QStringList());
+    QCOMPARE(lineOf(window), QString());
+}
+
+void tst_NewEntries::entriesSinceTheLastLook()
+{
+    closeAfter(3, look({first}));
+    const frmCaseDetails *window = look({first, second, third});
+    QCOMPARE(markedIn(window), QStringList({u"ANSWER"_s, u"SUMMONS"_s}));
+    QCOMPARE(lineOf(window), u"2 entries since 03/10/2026"_s);
+    const FlexGrid *grid = window->Tab(CaseTab::Docket).Grid;
+    QVERIFY(grid->model()->index(0, 0).data(Qt::FontRole).value<QFont>().bold());
+    QVERIFY(!grid->model()->index(2, 0).data(Qt::FontRole).value<QFont>().bold());
+}
+
+void tst_NewEntries::nothingNewShowsNothing()
+{
+    closeAfter(1, look({first, second}));
+    const frmCaseDetails *window = look({second, first});
+    QCOMPARE(markedIn(window), QStringList());
+    QCOMPARE(lineOf(window), QString());
+}
+
+void tst_NewEntries::theSameLineTwiceCountsTwice()
+{
+    closeAfter(1, look({first, second}));
+    const frmCaseDetails *window = look({first, second, second});
+    QCOMPARE(markedIn(window), QStringList(u"SUMMONS"_s));
+    QCOMPARE(lineOf(window), u"1 entry since 03/10/2026"_s);
+}
+
+void tst_NewEntries::eachLookIsTheNextOnesPast()
+{
+    closeAfter(1, look({first}));
+    closeAfter(1, look({first, second}));
+    const frmCaseDetails *window = look({first, second, third});
+    QCOMPARE(markedIn(window), QStringList(u"ANSWER"_s));
+    QCOMPARE(lineOf(window), u"1 entry since 03/11/2026"_s);
+}
+
+void tst_NewEntries::inOneWindowThePastStays()
+{
+    closeAfter(1, look({first}));
+    frmCaseDetails *window = look({first, second});
+    auto *job = qobject_cast<CaseJob *>(window->ShownJob());
+    Q_EMIT job->TabCame(CaseTab::Docket, true);
+    written();
+    Q_EMIT job->TabCame(CaseTab::Docket, true);
+    QCOMPARE(markedIn(window), QStringList(u"SUMMONS"_s));
+}
+
+void tst_NewEntries::aTabThatFailedOnlyAdds()
+{
+    closeAfter(1, look({first, second}));
+    FetchAtOnce(u"CaseSearchTabs"_s, {u"Docket"_s});
+    court->Expect(SuperiorLine(u"SUMMARY"_s)).Reply(SuperiorSummary() + endMark);
+    court->Expect(SuperiorLine(u"DOCKET"_s))
+        .Reply({u"GRIDDEF~Date~Entry~20~80~"_s, first, u"ERRORThe court is down"_s, u"EOF~"_s});
+    frmCaseDetails *failed = Superior();
+    run(failed);
+    QVERIFY(failed->Tab(CaseTab::Docket).TabIncomplete);
+    closeAfter(1, failed);
+    const frmCaseDetails *window = look({first, second, third});
+    QCOMPARE(markedIn(window), QStringList(u"ANSWER"_s));
+    QCOMPARE(lineOf(window), u"1 entry since 03/10/2026"_s);
+}
+
+void tst_NewEntries::aTabThatWasStoppedOnlyAdds()
+{
+    closeAfter(1, look({first, second}));
+    FetchAtOnce(u"CaseSearchTabs"_s, {u"Docket"_s});
+    court->Expect(SuperiorLine(u"SUMMARY"_s)).Reply(SuperiorSummary() + endMark);
+    court->Expect(SuperiorLine(u"DOCKET"_s)).Reply({});
+    frmCaseDetails *stopped = Superior();
+    const qsizetype before = court->Requests().size();
+    desk->When([this, before] { return court->Requests().size() == before + 2; },
+               [this, stopped] {
+                   stopped->StopRequested = true;
+                   court->SendTokens(GridDef({first}));
+               });
+    run(stopped);
+    QCOMPARE(stopped->Record().Tab(CaseTab::Docket).Table.Rows.size(), 1);
+    closeAfter(1, stopped);
+    const frmCaseDetails *window = look({first, second, third});
+    QCOMPARE(markedIn(window), QStringList(u"ANSWER"_s));
+}
+
+void tst_NewEntries::aFirstLookThatFailedIsNone()
+{
+    FetchAtOnce(u"CaseSearchTabs"_s, {u"Docket"_s});
+    court->Expect(SuperiorLine(u"SUMMARY"_s)).Reply(SuperiorSummary() + endMark);
+    court->Expect(SuperiorLine(u"DOCKET"_s)).Reply({u"ERRORThe court is down"_s, u"EOF~"_s});
+    frmCaseDetails *failed = Superior();
+    run(failed);
+    closeAfter(1, failed);
+    QCOMPARE(markedIn(look({first, second})), QStringList());
+}
+
+void tst_NewEntries::aMessageIsNoRow()
+{
+    FetchAtOnce(u"CaseSearchTabs"_s, {u"Docket"_s});
+    court->Expect(SuperiorLine(u"SUMMARY"_s)).Reply(SuperiorSummary() + endMark);
+    court->Expect(SuperiorLine(u"DOCKET"_s)).Reply(endMark);
+    frmCaseDetails *empty = Superior();
+    run(empty);
+    QVERIFY(empty->Record().Tab(CaseTab::Docket).Table.IsMessage());
+    closeAfter(1, empty);
+    frmCaseDetails *window = look({first});
+    QCOMPARE(markedIn(window), QStringList(u"COMPLAINT"_s));
+    closeAfter(1, window);
+    court->Expect(SuperiorLine(u"SUMMARY"_s)).Reply(SuperiorSummary() + endMark);
+    court->Expect(SuperiorLine(u"DOCKET"_s)).Reply(endMark);
+    frmCaseDetails *emptyAgain = Superior();
+    run(emptyAgain);
+    QVERIFY(emptyAgain->Record().Tab(CaseTab::Docket).New.IsEmpty());
+}
+
+void tst_NewEntries::theStateOfThingsIsNotMarked()
+{
+    closeAfter(1, look({first}, u"Accounting"_s, u"ACCOUNTING"_s));
+    const frmCaseDetails *window = look({first, second}, u"Accounting"_s, u"ACCOUNTING"_s);
+    QVERIFY(window->Record().Tab(CaseTab::Accounting).New.IsEmpty());
+}
+
+void tst_NewEntries::documentsAndChargesAndJudgments_data()
+{
+    QTest::addColumn<int>("tab");
+    QTest::addColumn<QString>("line");
+    QTest::addColumn<bool>("tableForm");
+    QTest::newRow("charges") << int(CaseTab::Charges) << SuperiorLine(u"CHARGES"_s) << false;
+    QTest::newRow("judgments") << int(CaseTab::Judgments) << SuperiorLine(u"JUDGMENTS"_s) << false;
+    QTest::newRow("documents") << int(CaseTab::Documents)
+                               << u"WASUPDOC¦GETDOCTAB¦King¦02-1-00123-4¦"_s << true;
+}
+
+void tst_NewEntries::documentsAndChargesAndJudgments()
+{
+    QFETCH(const int, tab);
+    QFETCH(const QString, line);
+    QFETCH(const bool, tableForm);
+    const auto ofTab = static_cast<CaseTab>(tab);
+    const auto lookAt = [&](const QStringList &rows) {
+        FetchAtOnce(u"CaseSearchTabs"_s, {CaseTabRowOf(ofTab).caption.toString()});
+        court->Expect(SuperiorLine(u"SUMMARY"_s)).Reply(SuperiorSummary() + endMark);
+        court->Expect(line).Reply(tableForm ? TableForm(rows) : GridDef(rows));
+        frmCaseDetails *window = Superior();
+        run(window);
+        return window;
+    };
+    closeAfter(1, lookAt({first}));
+    const frmCaseDetails *window = lookAt({first, second});
+    QCOMPARE(markedIn(window, ofTab), QStringList(u"SUMMONS"_s));
+    QCOMPARE(lineOf(window, ofTab), u"1 entry since 03/10/2026"_s);
+}
+
+void tst_NewEntries::withoutAHistoryNothingIsMarked()
+{
+    closeAfter(1, look({first}));
+    store().Close();
+    FetchAtOnce(u"CaseSearchTabs"_s, {u"Docket"_s});
+    court->Expect(SuperiorLine(u"SUMMARY"_s)).Reply(SuperiorSummary() + endMark);
+    court->Expect(SuperiorLine(u"DOCKET"_s)).Reply(GridDef({first, second}));
+    frmCaseDetails *window = Superior();
+    window->ShownJob()->AnnounceLaunch();
+    desk->Time.Run(0.02);
+    Begin(window);
+    QVERIFY(Finished(window));
+    desk->Time.Stop();
+    QCOMPARE(markedIn(window), QStringList());
+}
+
+frmNameSearchResults *tst_NewEntries::search(const QStringList &rows, const QString &code,
+                                             const QString &line)
+{
+    court->Expect(code.isEmpty() ? line : EmbedClientCode(line, code)).Reply(rows + endMark);
+    auto *window = new frmNameSearchResults(u"WA"_s);
+    window->ClientAcctgCode = code;
+    connectOnce();
+    desk->Enqueue(window, {line});
+    window->ShownJob()->AnnounceLaunch();
+    window->Timer1->start(1);
+    if (!desk->Finish(window))
+        qFatal("the search does not end");
+    written();
+    return window;
+}
+
+QStringList tst_NewEntries::markedRows(const NameResultsWindow *window)
+{
+    const RowTable &rows = window->Search().Record.Rows;
+    QStringList marked;
+    for (int row = 0; row < rows.Count(); ++row) {
+        if (rows.IsNew(row))
+            marked.append(rows.Cell(row, 0));
+    }
+    return marked;
+}
+
+void tst_NewEntries::rowsSinceTheLastSearch()
+{
+    closeAfter(2, search({ResultLine(u"SMITH"_s)}));
+    const frmNameSearchResults *window =
+        search({ResultLine(u"SMITH"_s), ResultLine(u"SMITHSON"_s, u"02-2-02030-2"_s)});
+    QCOMPARE(markedRows(window), QStringList(u"SMITHSON"_s));
+    QCOMPARE(window->findChild<QLabel *>(u"lblNew"_s)->text(),
+             u"1 row is new since your last such search on 03/10/2026"_s);
+}
+
+void tst_NewEntries::anotherClientCodeIsTheSameSearch()
+{
+    closeAfter(2, search({ResultLine(u"SMITH"_s)}, u"ACME"_s));
+    const frmNameSearchResults *window =
+        search({ResultLine(u"SMITH"_s), ResultLine(u"SMITHSON"_s, u"02-2-02030-2"_s)}, u"OTHER"_s);
+    QCOMPARE(markedRows(window), QStringList(u"SMITHSON"_s));
+}
+
+void tst_NewEntries::anotherSearchMarksNothing()
+{
+    closeAfter(2, search({ResultLine(u"SMITH"_s)}));
+    const frmNameSearchResults *window =
+        search({ResultLine(u"JONES"_s)}, {}, RequestLine(u"Jones"_s));
+    QCOMPARE(markedRows(window), QStringList());
+}
+
+void tst_NewEntries::aSearchThatWasStoppedIsNotRemembered()
+{
+    court->Expect(RequestLine()).Reply({});
+    auto *stopped = new frmNameSearchResults(u"WA"_s);
+    desk->When([this] { return court->Requests().size() == 1; },
+               [this, stopped] {
+                   stopped->StopRequested = true;
+                   court->SendTokens({ResultLine(u"SMITH"_s), u"EOF~"_s});
+               });
+    connectOnce();
+    desk->Enqueue(stopped, {RequestLine()});
+    stopped->ShownJob()->AnnounceLaunch();
+    stopped->Timer1->start(1);
+    QVERIFY(desk->Finish(stopped));
+    closeAfter(1, stopped);
+    const frmNameSearchResults *window =
+        search({ResultLine(u"SMITH"_s), ResultLine(u"SMITHSON"_s, u"02-2-02030-2"_s)});
+    QCOMPARE(markedRows(window), QStringList());
+}
+
+void tst_NewEntries::anOpenedRowIsTheSame()
+{
+    closeAfter(1, search({ResultLine(u"SMITH"_s)}));
+    QCOMPARE(markedRows(search({ResultLine(u"SMITH"_s, u"*02-2-02029-9"_s)})), QStringList());
+}
+
+void tst_NewEntries::aStatusThatChangesIsNotNew()
+{
+    const QString line = u"DISCIS¦a line¦"_s;
+    const auto lookAt = [&](const QString &status, const QString &number) {
+        court->Expect(line).Reply(
+            {u"DOE, J~"_s + number + u"~SPD~SEA~IN~"_s + status + u"~DEF~01/02/2003~"_s,
+             u"EOF~"_s});
+        auto *window = new frmDiscisNCNameResults(DiscisDndSearch::No);
+        connectOnce();
+        desk->Enqueue(window, {line});
+        window->ShownJob()->AnnounceLaunch();
+        window->Timer1->start(1);
+        if (!desk->Finish(window))
+            qFatal("the search does not end");
+        written();
+        return window;
+    };
+    closeAfter(1, lookAt(u"ACT"_s, u"CR0012345"_s));
+    frmDiscisNCNameResults *closed = lookAt(u"CLD"_s, u"CR0012345"_s);
+    QCOMPARE(closed->RowCount(), 1);
+    QCOMPARE(markedRows(closed), QStringList());
+    closeAfter(1, closed);
+    QCOMPARE(markedRows(lookAt(u"CLD"_s, u"CR0099999"_s)), QStringList(u"DOE, J"_s));
+}
+
+void tst_NewEntries::theToolTipSaysWhenACaseWasOpened()
+{
+    closeAfter(1, look({first}));
+    const QString number = u"02-1-00123-4"_s;
+    const frmNameSearchResults *window =
+        search({ResultLine(u"SMITH"_s, number), ResultLine(u"JONES"_s)});
+    const ResultListView *list = ListOf(window);
+    const QPoint place = list->visualRect(list->model()->index(0, 2)).center();
+    QHelpEvent event(QEvent::ToolTip, place, list->viewport()->mapToGlobal(place));
+    QCoreApplication::sendEvent(list->viewport(), &event);
+    QVERIFY2(QToolTip::text().contains(u"Opened before, last on "_s), qPrintable(QToolTip::text()));
+    QVERIFY2(QToolTip::text().contains(u"2026"_s), qPrintable(QToolTip::text()));
+    QCOMPARE(ListOf(window)->NoteOf(1), QString());
+}
+
+void tst_NewEntries::rowsThatComeAreNotLookedUp()
+{
+    closeAfter(1, look({first}));
+    int asked = 0;
+    UseCaseMemory([&asked](const QString &) -> std::optional<QDateTime> {
+        ++asked;
+        return std::nullopt;
+    });
+    const frmNameSearchResults *window = search({ResultLine(u"SMITH"_s), ResultLine(u"JONES"_s)});
+    QCOMPARE(asked, 0);
+    QVERIFY(ListOf(window)->NoteOf(0).isEmpty());
+    QCOMPARE(asked, 1);
+    UseCaseMemory({});
+}
+
+HALVANE_TEST(tst_NewEntries)
+#include "tst_NewEntries.moc"
