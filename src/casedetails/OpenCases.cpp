@@ -23,6 +23,12 @@ CaseWindow *windowOf(const QString &identity)
     return identity.isEmpty() || found == all.rend() ? nullptr : *found;
 }
 
+/// What its window is called: not before its first tick has every case a caption of its own.
+QString nameOf(const CaseRecord &record)
+{
+    return record.Caption == CaseStart().Caption ? record.lblCaseDetailsHdr : record.Caption;
+}
+
 void goTo(CaseWindow *window)
 {
     if (frmMain *main = frmMain::Form())
@@ -37,7 +43,7 @@ bool MayOpenCase(QWidget *asking, const CaseStart &start)
     const QPointer<CaseWindow> open = windowOf(CaseIdentity(start));
     if (!open)
         return true;
-    const QString text = u"This case is open already, in the window\n\n"_s + open->Record().Caption
+    const QString text = u"This case is open already, in the window\n\n"_s + nameOf(open->Record())
                          + u"\n\nOpening it again asks the court for all of it once more."_s;
     const int answer = MsgBoxChoice(asking, text, u"Halvane - Case Is Open"_s, MsgIcon::Question,
                                     {u"&Go To It"_s, u"&Open Again"_s});

@@ -67,6 +67,7 @@ private Q_SLOTS:
     void theCodeInForceGoesWithIt_data();
     void theCodeInForceGoesWithIt();
     void theEnterKeyOpensItToo();
+    void aCaseThatIsOpenIsOffered();
     void whatOpensNothing_data();
     void whatOpensNothing();
     void notLoggedInIsAskedFirst_data();
@@ -274,6 +275,27 @@ void tst_CaseLinks::theEnterKeyOpensItToo()
     grid->setCurrentIndex(grid->model()->index(1, 0));
     QTest::keyClick(grid, Qt::Key_Return);
     QVERIFY(otherThan(window));
+}
+
+void tst_CaseLinks::aCaseThatIsOpenIsOffered()
+{
+    const QString question = u"This case is open already, in the window\n\nCase Details "
+                             "(02-2-00456-7)\n\nOpening it again asks the court for all of it "
+                             "once more."_s;
+    const frmCaseDetails *window =
+        summarised(u"WA"_s, superiorWith(u"Associated Case:~02-2-00456-7~"_s));
+    doubleClick(window, CaseTab::Summary, 2, 1);
+    frmCaseDetails *opened = otherThan(window);
+    QVERIFY(opened);
+    opened->Timer1->stop();
+    const int waiting = frmQueue::Form().FIFO.ListCount();
+    desk->Boxes.ExpectChoice(question, u"Halvane - Case Is Open"_s, u"Go To It"_s);
+    doubleClick(window, CaseTab::Summary, 2, 1);
+    QCOMPARE(frmQueue::Form().FIFO.ListCount(), waiting);
+    QVERIFY(QTest::qWaitForWindowActive(opened));
+    desk->Boxes.ExpectChoice(question, u"Halvane - Case Is Open"_s, u"Open Again"_s);
+    doubleClick(window, CaseTab::Summary, 2, 1);
+    QCOMPARE(frmQueue::Form().FIFO.ListCount(), waiting + 1);
 }
 
 void tst_CaseLinks::whatOpensNothing_data()

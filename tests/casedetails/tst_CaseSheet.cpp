@@ -23,6 +23,7 @@ private Q_SLOTS:
     void onlyTabsOfTheStripCanBeIncomplete();
     void missingTabsAreOffered();
     void aTableThatNoWindowHas();
+    void marksGoWithTheirTable();
     void rowsOfTheSummary();
     void rowsOfAList();
     void rowsOfTheJudgments_data();
@@ -155,6 +156,21 @@ void tst_CaseSheet::aTableThatNoWindowHas()
     QVERIFY(sheet.Record.Tab(CaseTab::Charges).Table.Rows.isEmpty());
     sheet.ShowTable(CaseTab::Docket, {{{u"A"_s, 100}}, {{u"a"_s}}, true});
     QCOMPARE(announced.size(), 1);
+}
+
+void tst_CaseSheet::marksGoWithTheirTable()
+{
+    CaseSheet sheet(CaseKind::State);
+    const GridTable docket{{{u"Date"_s, 20}, {u"Entry"_s, 80}}, {{u"a"_s}, {u"b"_s}}, true};
+    const RowMarks marks{{1}, QDate(2026, 11, 2)};
+    QSignalSpy changed(&sheet, &CaseSheet::MarksChanged);
+    sheet.ShowTable(CaseTab::Docket, docket);
+    sheet.MarkNew(CaseTab::Docket, marks);
+    QCOMPARE(changed.size(), 1);
+    QCOMPARE(sheet.Record.Tab(CaseTab::Docket).New, marks);
+    QCOMPARE(sheet.Record.Tab(CaseTab::Docket).Table, docket);
+    sheet.ShowTable(CaseTab::Docket, docket);
+    QVERIFY(sheet.Record.Tab(CaseTab::Docket).New.IsEmpty());
 }
 
 void tst_CaseSheet::rowsOfTheSummary()

@@ -38,6 +38,10 @@ private Q_SLOTS:
     void eventsRunMeanwhile();
     void boxIsGoneAfterwards();
     void boxOverABox();
+    void answersWithCaptionsOfTheirOwn_data();
+    void answersWithCaptionsOfTheirOwn();
+    void enterGivesTheFirstAnswer();
+    void escapingFromAnswersOfTheirOwn();
 
 private:
     /// Does this with the box as soon as it is up.
@@ -263,6 +267,42 @@ void tst_MsgBox::boxOverABox()
     });
     QCOMPARE(MsgBox(nullptr, u"outer"_s, {}, MsgButtons::YesNo), MsgAnswer::No);
     QCOMPARE(inner, MsgAnswer::Yes);
+}
+
+void tst_MsgBox::answersWithCaptionsOfTheirOwn_data()
+{
+    QTest::addColumn<QString>("caption");
+    QTest::addColumn<int>("answer");
+    QTest::newRow("first") << u"Go To It"_s << 0;
+    QTest::newRow("second") << u"Open Again"_s << 1;
+    QTest::newRow("cancel") << u"Cancel"_s << -1;
+}
+
+void tst_MsgBox::answersWithCaptionsOfTheirOwn()
+{
+    QFETCH(const QString, caption);
+    BoxAnswers boxes;
+    boxes.ExpectChoice(u"<b>What?</b>"_s, u"Title"_s, caption);
+    QTEST(MsgBoxChoice(nullptr, u"<b>What?</b>"_s, u"Title"_s, MsgIcon::Question,
+                       {u"&Go To It"_s, u"&Open Again"_s}),
+          "answer");
+    QCOMPARE(boxes.Complaints(), QString());
+}
+
+void tst_MsgBox::enterGivesTheFirstAnswer()
+{
+    whenUp(this, [](QMessageBox *box) { QTest::keyClick(box, Qt::Key_Return); });
+    QCOMPARE(MsgBoxChoice(nullptr, u"What?"_s, u"Title"_s, MsgIcon::Question, {u"A"_s, u"B"_s}), 0);
+}
+
+void tst_MsgBox::escapingFromAnswersOfTheirOwn()
+{
+    whenUp(this, [](QMessageBox *box) { QTest::keyClick(box, Qt::Key_Escape); });
+    QCOMPARE(MsgBoxChoice(nullptr, u"What?"_s, u"Title"_s, MsgIcon::Question, {u"A"_s, u"B"_s}),
+             -1);
+    auto parent = std::make_unique<QWidget>();
+    whenUp(this, [&parent](QMessageBox *) { parent.reset(); });
+    QCOMPARE(MsgBoxChoice(parent.get(), u"What?"_s, u"Title"_s, MsgIcon::Question, {u"A"_s}), -1);
 }
 
 HALVANE_TEST(tst_MsgBox)

@@ -1,0 +1,73 @@
+#include "history/NewRows.h"
+#include "support/HalvaneTest.h"
+
+#include <QTest>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+// Which rows were not there before.
+
+namespace {
+/// A row for each letter.
+QList<quint64> rowsOf(const QString &letters)
+{
+    QList<QStringList> rows;
+    for (const QChar letter : letters)
+        rows.append({u"01/02/2003"_s, QString(letter)});
+    return HashesOf(rows);
+}
+
+QString placesOf(const QSet<int> &places)
+{
+    QList<int> sorted(places.begin(), places.end());
+    std::sort(sorted.begin(), sorted.end());
+    QStringList text;
+    for (const int place : sorted)
+        text.append(QString::number(place));
+    return text.join(u' ');
+}
+} // namespace
+
+class tst_NewRowsOfTables : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void rowsCountAsOftenAsTheyAreThere_data();
+    void rowsCountAsOftenAsTheyAreThere();
+    void inAListARowIsThereOrNot();
+};
+
+void tst_NewRowsOfTables::rowsCountAsOftenAsTheyAreThere_data()
+{
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<QString>("now");
+    QTest::addColumn<QString>("added");
+    QTest::newRow("nothing before") << u""_s << u"AB"_s << u"0 1"_s;
+    QTest::newRow("the same") << u"AB"_s << u"AB"_s << u""_s;
+    QTest::newRow("another order") << u"AB"_s << u"BA"_s << u""_s;
+    QTest::newRow("one more") << u"AB"_s << u"ACB"_s << u"1"_s;
+    QTest::newRow("one less") << u"ABC"_s << u"AC"_s << u""_s;
+    QTest::newRow("twice what was once") << u"AB"_s << u"AAB"_s << u"0"_s;
+    QTest::newRow("once what was twice") << u"AAB"_s << u"AB"_s << u""_s;
+    QTest::newRow("three times what was twice") << u"AAB"_s << u"ABAA"_s << u"0"_s;
+    QTest::newRow("nothing now") << u"AB"_s << u""_s << u""_s;
+}
+
+void tst_NewRowsOfTables::rowsCountAsOftenAsTheyAreThere()
+{
+    QFETCH(const QString, before);
+    QFETCH(const QString, now);
+    QTEST(placesOf(RowsNotIn(rowsOf(now), CountsOf(rowsOf(before)))), "added");
+}
+
+void tst_NewRowsOfTables::inAListARowIsThereOrNot()
+{
+    const QList<quint64> before = rowsOf(u"AB"_s);
+    QCOMPARE(placesOf(RowsNotIn(rowsOf(u"AACB"_s), QSet<quint64>(before.begin(), before.end()))),
+             u"2"_s);
+}
+
+HALVANE_TEST(tst_NewRowsOfTables)
+#include "tst_NewRowsOfTables.moc"
