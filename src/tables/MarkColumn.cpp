@@ -29,6 +29,14 @@ QSize MarkColumn::sizeHint() const
     return {marginsInDots * dotSize() - dotSize() / 2, 0};
 }
 
+/// Below the last row stands what stands beside it: nothing.
+void MarkColumn::paintEvent(QPaintEvent *event)
+{
+    QHeaderView::paintEvent(event);
+    QPainter painter(viewport());
+    painter.fillRect(viewport()->rect().adjusted(0, length() - offset(), 0, 0), palette().base());
+}
+
 /// On the ground of the cells, beside the first line of the row's text: the row is one with its
 /// dot.
 void MarkColumn::paintSection(QPainter *painter, const QRect &place, int row) const

@@ -14,6 +14,7 @@ public:
     QSize sizeHint() const override;
 
 protected:
+    void paintEvent(QPaintEvent *event) override;
     void paintSection(QPainter *painter, const QRect &place, int row) const override;
 
 private:

@@ -30,6 +30,11 @@ TableMarks::TableMarks(QTableView *table, RowFilter *rowFilter, QMenu *tableMenu
     connect(onlyNew, &QAction::toggled, this, &TableMarks::showOnlyNew);
 }
 
+void TableMarks::OfferBefore(QAction *action)
+{
+    placeInMenu = action;
+}
+
 void TableMarks::Show(const QString &line)
 {
     text = line;
@@ -44,7 +49,7 @@ void TableMarks::offerOnlyNew(bool offered)
         onlyNew->setChecked(false);
         menu->removeAction(onlyNew);
     } else if (!menu->actions().contains(onlyNew)) {
-        menu->addAction(onlyNew);
+        menu->insertAction(placeInMenu, onlyNew);
     }
 }
 

@@ -18,6 +18,8 @@ class TableMarks : public QObject
 public:
     TableMarks(QTableView *table, RowFilter *rowFilter, QMenu *tableMenu);
 
+    /// The command's place in the menu is before this one; at its end without one.
+    void OfferBefore(QAction *action);
     /// Rows are marked now, and this line says how many and since when; "" when none is.
     void Show(const QString &line);
     /// The line is in sight as long as its table is: another one may take its place.
@@ -32,6 +34,7 @@ private:
     RowFilter *filter;
     QMenu *menu;
     QAction *onlyNew;
+    QAction *placeInMenu = nullptr;
     WrappedLabel *lblNew;
     QString text;
     bool tableInSight = true;

@@ -51,6 +51,7 @@ void TableTools::makeMenu()
     menu->addSeparator();
     const QAction *find = add(u"mnuListFind"_s, u"&Find .."_s, QKeySequence::Find);
     resetWidths = add(u"mnuListResetWidths"_s, u"&Reset Column Widths"_s, {});
+    marks->OfferBefore(resetWidths);
     connect(copyRows, &QAction::triggered, this, [this] { Copy(false); });
     connect(copyWithHeaders, &QAction::triggered, this, [this] { Copy(true); });
     connect(exportRows, &QAction::triggered, this, &TableTools::ExportCsv);

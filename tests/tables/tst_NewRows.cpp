@@ -329,6 +329,8 @@ void tst_NewRows::onlyNewRows()
 {
     fillList({1, 3});
     showOnlyNew();
+    const qsizetype find = list->Menu()->actions().indexOf(list->Item(u"mnuListFind"_s));
+    QCOMPARE(list->Menu()->actions().value(find + 1), list->Item(u"mnuListOnlyNew"_s));
     QCOMPARE(list->InSight(), QStringList({u"BAKER"_s, u"DAVIS"_s}));
     QVERIFY(list->Item(u"mnuListOnlyNew"_s)->isChecked());
     QVERIFY(lineOf(*list)->text().contains(u"the other rows are not shown"));
