@@ -428,10 +428,12 @@ void tst_NewEntries::finish(const NameResultsWindow *window)
 
 void tst_NewEntries::thePagesOfAnIndexAreOneSearch()
 {
-    Global.intMaxIndexResults = 1;
+    // The request of the last page is another when there is more to come.
+    Global.intMaxIndexResults = 5;
     const auto lookAt = [this](const QStringList &lastPage) {
-        court->Expect(IndexLine(1, 1)).Reply({IndexRow(u"A"_s), LimitRow(1, 1)});
-        court->Expect(IndexLine(2, 2)).Reply(lastPage + endMark);
+        const auto left = static_cast<int>(lastPage.size());
+        court->Expect(IndexLine(1, 1)).Reply({IndexRow(u"A"_s), LimitRow(1, left)});
+        court->Expect(IndexLine(2, 1 + left)).Reply(lastPage + endMark);
         frmNameSearchResults *window = startIndex();
         finish(window);
         window->Search().Timer1->setInterval(1);
