@@ -12,8 +12,10 @@
 #include "support/Places.h"
 #include "tables/ResultListView.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
 
@@ -65,6 +67,21 @@ CaseWindow *PracticeUser::OpenRow(NameResultsWindow *results, int row)
         QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, where);
     });
     return windows.size() == 1 ? qobject_cast<CaseWindow *>(windows.first()) : nullptr;
+}
+
+CaseWindow *PracticeUser::OpenRowAgain(NameResultsWindow *results, int row)
+{
+    Desk.Boxes.ExpectDialog(u"MsgBox"_s, [](QDialog *box) {
+        const QList<QAbstractButton *> buttons = qobject_cast<QMessageBox *>(box)->buttons();
+        for (QAbstractButton *button : buttons) {
+            if (button->text() == u"&Open Again") {
+                button->click();
+                return;
+            }
+        }
+        box->reject();
+    });
+    return OpenRow(results, row);
 }
 
 bool PracticeUser::Run(CaseWindow *window)

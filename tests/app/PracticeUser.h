@@ -24,6 +24,9 @@ public:
     /// Double-clicks this row of the list; the window of its case, in the queue.
     CaseWindow *OpenRow(NameResultsWindow *results, int row);
 
+    /// The same for a case that has a window already: says in the question that it is meant so.
+    CaseWindow *OpenRowAgain(NameResultsWindow *results, int row);
+
     /// Lets the window take its turn and waits for the end of the run.
     bool Run(CaseWindow *window);
     /// Asks for all tabs that the panel offers, and waits for the end of the run. False when there

@@ -376,6 +376,11 @@ void WholeDay::answer(QDialog *dialog)
 {
     note(dialog->objectName());
     if (auto *box = qobject_cast<QMessageBox *>(dialog)) {
+        // Of a case that is open already: any answer.
+        if (box->standardButtons() == QMessageBox::Cancel) {
+            box->buttons().at(below(static_cast<int>(box->buttons().size())))->click();
+            return;
+        }
         QAbstractButton *no = box->button(QMessageBox::No);
         (no ? no : box->button(QMessageBox::Ok))->click();
         return;

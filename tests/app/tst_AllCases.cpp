@@ -248,7 +248,7 @@ void tst_AllCases::aCaseOfAList()
     FetchAtOnce({});
     NameResultsWindow *again = user->Search({});
     QVERIFY(again && again != results);
-    CaseWindow *second = user->OpenRow(again, index);
+    CaseWindow *second = user->OpenRowAgain(again, index);
     QVERIFY(second && second != window);
     QVERIFY(user->Run(second));
     QCOMPARE(TextOf(second, "lblStatus"), u"Search Complete"_s);
@@ -276,7 +276,7 @@ void tst_AllCases::aCaseThatWasOpenedBeforeCountsAsArchived()
     QVERIFY(results);
     QVERIFY(user->Run(user->OpenRow(results, 0)));
     QCOMPARE(RowsOf(results).at(0).at(1), u">>94-1-00042-1"_s);
-    CaseWindow *second = user->OpenRow(results, 0);
+    CaseWindow *second = user->OpenRowAgain(results, 0);
     QVERIFY(second);
     QVERIFY(user->Run(second));
     CheckCase(second,
@@ -293,7 +293,7 @@ void tst_AllCases::threeCasesAtRestUseNoProcessorTime()
     QVERIFY(results);
     QList<CaseWindow *> windows;
     for (int i = 0; i < 3; ++i) {
-        windows.append(user->OpenRow(results, 0));
+        windows.append(i == 0 ? user->OpenRow(results, 0) : user->OpenRowAgain(results, 0));
         QVERIFY(windows.last());
         QVERIFY(user->Run(windows.last()));
     }

@@ -1,10 +1,12 @@
 #include "app/NewEntries.h"
 #include "casedetails/CaseDesk.h"
+#include "casedetails/CaseIdentity.h"
 #include "casedetails/frmCaseDetails.h"
 #include "core/GlobalState.h"
 #include "history/HistoryStore.h"
 #include "link/RequestLine.h"
 #include "namesearch/CaseMemory.h"
+#include "namesearch/IndexLines.h"
 #include "namesearch/frmDiscisNCNameResults.h"
 #include "namesearch/frmNameSearchResults.h"
 #include "support/HalvaneTest.h"
@@ -14,6 +16,7 @@
 
 #include <QHelpEvent>
 #include <QLabel>
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <QToolTip>
 
@@ -48,12 +51,15 @@ private Q_SLOTS:
     void theStateOfThingsIsNotMarked();
     void documentsAndChargesAndJudgments_data();
     void documentsAndChargesAndJudgments();
+    void aBankruptcyCaseIsKnownByItsRequest();
     void withoutAHistoryNothingIsMarked();
 
     void rowsSinceTheLastSearch();
     void anotherClientCodeIsTheSameSearch();
     void anotherSearchMarksNothing();
     void aSearchThatWasStoppedIsNotRemembered();
+    void thePagesOfAnIndexAreOneSearch();
+    void anIndexThatLostRowsIsNotRemembered();
     void anOpenedRowIsTheSame();
     void aStatusThatChangesIsNotNew();
     void theToolTipSaysWhenACaseWasOpened();
@@ -84,6 +90,9 @@ private:
 
     frmNameSearchResults *search(const QStringList &rows, const QString &code = {},
                                  const QString &line = RequestLine());
+    /// A window of an index search, before its turn; each run of it is to be ended by finish.
+    frmNameSearchResults *startIndex();
+    void finish(const NameResultsWindow *window);
     static QStringList markedRows(const NameResultsWindow *window);
 
     QTemporaryDir folder;
@@ -302,6 +311,16 @@ void tst_NewEntries::documentsAndChargesAndJudgments()
     QCOMPARE(lineOf(window, ofTab), u"1 entry since 03/10/2026"_s);
 }
 
+/// One that was typed, and has its line from elsewhere than a row.
+void tst_NewEntries::aBankruptcyCaseIsKnownByItsRequest()
+{
+    court->Expect(u"BKRPT~CASE~1~"_s).Reply(endMark);
+    frmCaseDetails *window = Bankruptcy(u"BKRPT~CASE~1~"_s);
+    run(window);
+    QCOMPARE(CaseIdentity(window->Record()), u"WAWBK|BKRPT~CASE~1~"_s);
+    QVERIFY(store().LastOpened(CaseIdentity(window->Record())));
+}
+
 void tst_NewEntries::withoutAHistoryNothingIsMarked()
 {
     closeAfter(1, look({first}));
@@ -388,6 +407,58 @@ void tst_NewEntries::aSearchThatWasStoppedIsNotRemembered()
     closeAfter(1, stopped);
     const frmNameSearchResults *window =
         search({ResultLine(u"SMITH"_s), ResultLine(u"SMITHSON"_s, u"02-2-02030-2"_s)});
+    QCOMPARE(markedRows(window), QStringList());
+}
+
+frmNameSearchResults *tst_NewEntries::startIndex()
+{
+    auto *window = new frmNameSearchResults(u"WA"_s, true);
+    connectOnce();
+    desk->Enqueue(window, {IndexLine(1, 1)});
+    window->ShownJob()->AnnounceLaunch();
+    window->Timer1->start(1);
+    return window;
+}
+
+void tst_NewEntries::finish(const NameResultsWindow *window)
+{
+    QVERIFY(desk->Finish(window));
+    written();
+}
+
+void tst_NewEntries::thePagesOfAnIndexAreOneSearch()
+{
+    // The request of the last page is another when there is more to come.
+    Global.intMaxIndexResults = 5;
+    const auto lookAt = [this](const QStringList &lastPage) {
+        const auto left = static_cast<int>(lastPage.size());
+        court->Expect(IndexLine(1, 1)).Reply({IndexRow(u"A"_s), LimitRow(1, left)});
+        court->Expect(IndexLine(2, 1 + left)).Reply(lastPage + endMark);
+        frmNameSearchResults *window = startIndex();
+        finish(window);
+        window->Search().Timer1->setInterval(1);
+        ButtonOf(window, "cmdSearchResults_4")->click();
+        finish(window);
+        return window;
+    };
+    frmNameSearchResults *first = lookAt({IndexRow(u"B"_s)});
+    QCOMPARE(first->RowCount(), 2);
+    closeAfter(1, first);
+    const frmNameSearchResults *window = lookAt({IndexRow(u"B"_s), IndexRow(u"C"_s)});
+    QCOMPARE(markedRows(window), QStringList(u"C"_s));
+}
+
+void tst_NewEntries::anIndexThatLostRowsIsNotRemembered()
+{
+    court->Expect(IndexLine(1, 1))
+        .Reply({IndexRow(u"A"_s), u"ERROR~A county is down~"_s, u"EOF~"_s});
+    frmNameSearchResults *broken = startIndex();
+    finish(broken);
+    closeAfter(1, broken);
+    court->Expect(IndexLine(1, 1)).Reply({IndexRow(u"A"_s), IndexRow(u"B"_s), u"EOF~"_s});
+    const frmNameSearchResults *window = startIndex();
+    finish(window);
+    QCOMPARE(window->RowCount(), 2);
     QCOMPARE(markedRows(window), QStringList());
 }
 
