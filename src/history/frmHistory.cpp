@@ -73,6 +73,7 @@ frmHistory::frmHistory(QWidget *parent)
     ui->txtFilter->installEventFilter(this);
     connect(ui->txtFilter, &QLineEdit::textChanged, this, &frmHistory::filterChanged);
     connect(&HistoryStore::Of(), &HistoryStore::Changed, this, &frmHistory::refresh);
+    connect(model, &HistoryModel::Counted, this, &frmHistory::showCount);
     connect(ui->tblHistory->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             &frmHistory::offerCommands);
     connect(ui->tblHistory, &QTableView::doubleClicked, this, &frmHistory::rowActivated);
@@ -173,6 +174,8 @@ void frmHistory::showCount()
 {
     const int rows = model->rowCount();
     QString text = QLocale::system().toString(rows) + (rows == 1 ? u" entry"_s : u" entries"_s);
+    if (!model->IsCounted())
+        text = u"More than "_s + text;
     if (!HistoryStore::Of().IsOpen())
         text = u"The history is off."_s;
     else if (rows == 0)

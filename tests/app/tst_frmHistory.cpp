@@ -235,6 +235,14 @@ void tst_frmHistory::rowsComePageByPage()
     for (const int row : {0, 99, 100, 1'234, many - 1, 50, 2'499, 0})
         QCOMPARE(cell(row, HistoryModel::What), u"N"_s + QString::number(many - 1 - row));
     QCOMPARE(column(HistoryModel::What).last(), u"N0"_s);
+    // Of what is found the first page is there at once, and the rest when it is counted.
+    Child<QLineEdit>(window, "txtFilter")->setText(u"n1"_s);
+    QCOMPARE(table()->model()->rowCount(), 100);
+    QCOMPARE(TextOf(window, "lblCount"), u"More than 100 entries"_s);
+    constexpr int found = 1'111;
+    QTRY_COMPARE(table()->model()->rowCount(), found);
+    QCOMPARE(TextOf(window, "lblCount"), QLocale::system().toString(found) + u" entries"_s);
+    QCOMPARE(cell(found - 1, HistoryModel::What), u"N1"_s);
 }
 
 void tst_frmHistory::aDoubleClickPutsASearchOnTheForm()
