@@ -73,6 +73,29 @@ bool writeLook(HistoryDatabase &database, const QVariantList &key, const QDateTi
                         key + QVariantList{lookedAt, when.toMSecsSinceEpoch(), PackedRows(counts)});
 }
 
+/// A search or case counts once a month, however many requests it takes.
+bool writeSent(HistoryDatabase &database, qint64 id, SentKind kind, const QString &code,
+               const QString &month)
+{
+    const int times =
+        database
+            .Value(u"INSERT INTO Sent (Month, Code, Item, Kind, Count) VALUES (?, ?, ?, ?, 1) ON "
+                   "CONFLICT DO UPDATE SET Count = Count + 1 RETURNING Count"_s,
+                   {month, code, id, static_cast<int>(kind)})
+            .toInt();
+    if (database.Trouble() != HistoryTrouble::None)
+        return false;
+    const auto once = [&](SentKind counted) { return kind == counted && times == 1 ? 1 : 0; };
+    const auto each = [&](SentKind counted) { return kind == counted ? 1 : 0; };
+    return database.Run(
+        u"INSERT INTO Account (Month, Code, Searches, Requests, Cases, Tabs, Documents) VALUES (?, "
+        "?, ?, 1, ?, ?, ?) ON CONFLICT DO UPDATE SET Searches = Searches + excluded.Searches, "
+        "Requests = Requests + 1, Cases = Cases + excluded.Cases, Tabs = Tabs + excluded.Tabs, "
+        "Documents = Documents + excluded.Documents"_s,
+        {month, code, once(SentKind::Search), once(SentKind::CaseSummary), each(SentKind::Tab),
+         each(SentKind::Document)});
+}
+
 int weightOf(const QList<quint64> &rows)
 {
     return 1 + static_cast<int>(rows.size());
@@ -123,10 +146,10 @@ HistoryCommand WriteSettled(const QList<qint64> &ids, const QString &outcome)
 
 HistoryCommand WriteSent(qint64 id, SentKind kind, const QString &code, const QDateTime &when)
 {
-    return commandOf(
-        {{u"INSERT INTO Sent (Month, Code, Item, Kind, Count) VALUES (?, ?, ?, ?, 1) "
-          "ON CONFLICT DO UPDATE SET Count = Count + 1"_s,
-          {when.toLocalTime().toString(u"yyyy-MM"_s), text(code), id, static_cast<int>(kind)}}});
+    return {[id, kind, code,
+             month = when.toLocalTime().toString(u"yyyy-MM"_s)](HistoryDatabase &database) {
+        return writeSent(database, id, kind, text(code), month);
+    }};
 }
 
 HistoryCommand WriteLook(const QString &caseKey, const QString &tab, const QDateTime &when,
@@ -152,6 +175,7 @@ HistoryCommand WriteNothingAnyMore()
     HistoryCommand command = commandOf({{u"DELETE FROM Asked"_s, {}},
                                         {u"DELETE FROM Words"_s, {}},
                                         {u"DELETE FROM Sent"_s, {}},
+                                        {u"DELETE FROM Account"_s, {}},
                                         {u"DELETE FROM Looks"_s, {}},
                                         {u"DELETE FROM Runs"_s, {}}});
     command.ThenTidy = true;
@@ -165,6 +189,10 @@ HistoryCommand WriteForgotten(const QDateTime &before)
     HistoryCommand command = commandOf(
         {{u"DELETE FROM Sent WHERE Item IN "_s + old, {time}},
          {u"DELETE FROM Sent WHERE Month < ?"_s, {before.toLocalTime().toString(u"yyyy-MM"_s)}},
+         {u"DELETE FROM Account"_s, {}},
+         {u"INSERT INTO Account SELECT Month, Code, sum(Kind = 0), sum(Count), sum(Kind = 1), "
+          "sum((Kind = 2) * Count), sum((Kind = 3) * Count) FROM Sent GROUP BY Month, Code"_s,
+          {}},
          {u"DELETE FROM Words WHERE Id IN "_s + old, {time}},
          {u"DELETE FROM Asked WHERE Time < ?"_s, {time}},
          {u"DELETE FROM Looks WHERE SeenAt < ?"_s, {time}},

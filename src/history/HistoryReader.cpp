@@ -114,11 +114,8 @@ std::optional<QDateTime> ReadLastOpened(HistoryDatabase &database, const QString
 QList<HistoryUsage> ReadUsage(HistoryDatabase &database)
 {
     QList<HistoryUsage> lines;
-    // There is one row for an item, a kind and a month: so the rows count searches and cases once,
-    // however many requests they took.
-    QSqlQuery rows = database.Ask(
-        u"SELECT Code, Month, sum(Kind = 0), sum(Count), sum(Kind = 1), sum((Kind = 2) * Count), "
-        "sum((Kind = 3) * Count) FROM Sent GROUP BY Month, Code ORDER BY Month DESC, Code"_s);
+    QSqlQuery rows = database.Ask(u"SELECT Code, Month, Searches, Requests, Cases, Tabs, Documents "
+                                  "FROM Account ORDER BY Month DESC, Code"_s);
     while (rows.next())
         lines.append({rows.value(0).toString(), rows.value(1).toString(), rows.value(2).toInt(),
                       rows.value(3).toInt(), rows.value(4).toInt(), rows.value(5).toInt(),

@@ -14,7 +14,7 @@ struct SchemaStep
     QStringView Statement;
 };
 
-constexpr std::array<SchemaStep, 8> steps{{
+constexpr std::array<SchemaStep, 9> steps{{
     // Times are milliseconds since 1970. LeftBehind: it had not ended when a session did.
     {1, u"CREATE TABLE Asked (Id INTEGER PRIMARY KEY, Kind INTEGER NOT NULL, State INTEGER NOT "
         "NULL, Time INTEGER NOT NULL, What TEXT NOT NULL, Place TEXT NOT NULL, Code TEXT NOT NULL, "
@@ -28,6 +28,11 @@ constexpr std::array<SchemaStep, 8> steps{{
         "INTEGER NOT NULL, Count INTEGER NOT NULL, PRIMARY KEY (Month, Code, Item, Kind)) WITHOUT "
         "ROWID"},
     {1, u"CREATE INDEX SentItem ON Sent (Item)"},
+    // The same added up, since a large account is looked at while it grows.
+    {1,
+     u"CREATE TABLE Account (Month TEXT NOT NULL, Code TEXT NOT NULL, Searches INTEGER NOT NULL, "
+     "Requests INTEGER NOT NULL, Cases INTEGER NOT NULL, Tabs INTEGER NOT NULL, Documents "
+     "INTEGER NOT NULL, PRIMARY KEY (Month, Code)) WITHOUT ROWID"},
     // Hashed rows stand behind the short columns, so that asking for a time does not read them.
     {1, u"CREATE TABLE Looks (CaseKey TEXT NOT NULL, Tab TEXT NOT NULL, LookedAt INTEGER NOT NULL, "
         "SeenAt INTEGER NOT NULL, Hashes BLOB NOT NULL, PRIMARY KEY (CaseKey, Tab))"},

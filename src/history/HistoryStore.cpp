@@ -68,6 +68,7 @@ void HistoryStore::Close()
 {
     reader.Close();
     readerFile = 0;
+    knownCount = {};
     // What the thread has still to say is of a file that is closed now.
     if (const std::unique_ptr<HistoryWriter> closing = std::move(writer))
         disconnect(closing.get(), nullptr, this, nullptr);
@@ -162,13 +163,24 @@ void HistoryStore::SaveRun(const QString &searchKey, const QDateTime &when,
 QList<AskedItem> HistoryStore::Items(const QString &filter, int offset, int count) const
 {
     HistoryDatabase *database = reading();
-    return database ? ReadItems(*database, filter, offset, count) : QList<AskedItem>();
+    if (!database)
+        return {};
+    const int version = writer->Version();
+    const QList<AskedItem> items = ReadItems(*database, filter, offset, count);
+    if (offset == 0 && items.size() < count)
+        knownCount = {filter, version, static_cast<int>(items.size())};
+    return items;
 }
 
 int HistoryStore::CountOf(const QString &filter) const
 {
     HistoryDatabase *database = reading();
-    return database ? ReadCount(*database, filter) : 0;
+    if (!database)
+        return 0;
+    const int version = writer->Version();
+    if (knownCount.Version != version || knownCount.Filter != filter)
+        knownCount = {filter, version, ReadCount(*database, filter)};
+    return knownCount.Count;
 }
 
 QList<AskedItem> HistoryStore::Unfinished() const

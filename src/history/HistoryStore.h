@@ -120,6 +120,15 @@ private:
     QString path;
     std::unique_ptr<HistoryWriter> writer;
     mutable HistoryDatabase reader;
+    /// How many a filter finds, as long as nothing is written: where it finds few, reading them has
+    /// counted them, and looking through all of them once more would take as long again.
+    struct KnownCount
+    {
+        QString Filter;
+        int Version = -1; ///< of what is written
+        int Count = 0;
+    };
+    mutable KnownCount knownCount;
     mutable int readerFile = 0; ///< which of the writer's files the reader has open
     QSet<HistoryTrouble> said;
     QTimer pause; ///< between two announcements of a change

@@ -19,18 +19,18 @@ namespace {
 /// Reading a large account takes some milliseconds, and every request changes it.
 constexpr int refreshMilliseconds = 1000;
 
-constexpr std::array<int, 7> usageTwips{1000, 3000, 1100, 1100, 1100, 1100, 1200};
+constexpr std::array<int, 7> usageTwips{1000, 5200, 1100, 1100, 1100, 1100, 1400};
 constexpr int firstNumber = 2;
 
 const std::array<ListColumn, 6> &behindColumns()
 {
     static const std::array<ListColumn, 6> columns{{
-        {u"Asked For"_s, 1900},
-        {u"Kind"_s, 1100},
-        {u"What"_s, 3000},
-        {u"Where"_s, 2200},
-        {u"Outcome"_s, 2000},
-        {u"Requests"_s, 1100, Qt::AlignRight},
+        {u"Asked For"_s, 2100},
+        {u"Kind"_s, 1150},
+        {u"What"_s, 3400},
+        {u"Where"_s, 2300},
+        {u"Outcome"_s, 2050},
+        {u"Requests"_s, 1200, Qt::AlignRight},
     }};
     return columns;
 }

@@ -67,6 +67,7 @@ private Q_SLOTS:
     void clearNowTakesAwayOneThatIsOff();
     void theEndOfTheProgramWritesWhatIsQueued();
     void troubleIsSaidInTheStatusBarAndHoldsNothingUp();
+    void theMenuOpensTheAccount();
     void aFileThatWasRefusedIsNotAskedAgainByOtherOptions();
 
 private:
@@ -201,6 +202,15 @@ void tst_HistoryStart::troubleIsSaidInTheStatusBarAndHoldsNothingUp()
     QTest::mouseClick(button, Qt::LeftButton);
     QCOMPARE(session->boxes.Answered(), 1);
     QVERIFY(!button->isVisible());
+}
+
+void tst_HistoryStart::theMenuOpensTheAccount()
+{
+    frmMain *main = session->ShowMain();
+    Choose(main, "mnuSearchUsage");
+    auto *window = Shown(u"frmUsage"_s);
+    QVERIFY(window);
+    QVERIFY(TextOf(window, "lblNote").startsWith(u"The history is off"));
 }
 
 void tst_HistoryStart::aFileThatWasRefusedIsNotAskedAgainByOtherOptions()

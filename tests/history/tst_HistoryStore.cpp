@@ -123,6 +123,13 @@ void tst_HistoryStore::theNewestStandsFirstAndPagesFollow()
     QCOMPARE(open.Store.CountOf({}), 5);
     QCOMPARE(namesOf(open.Store.Items({}, 0, 2)), QStringList({u"N4"_s, u"N3"_s}));
     QCOMPARE(namesOf(open.Store.Items({}, 4, 2)), QStringList({u"N0"_s}));
+    // What was counted before is counted again when there is more.
+    QCOMPARE(open.Store.Items(u"n"_s, 0, 10).size(), 5);
+    QCOMPARE(open.Store.CountOf(u"n"_s), 5);
+    open.Store.Begin(search(u"N5"_s, {}, {}));
+    open.Written();
+    QCOMPARE(open.Store.CountOf(u"n"_s), 6);
+    QCOMPARE(open.Store.CountOf(u"n5"_s), 1);
 }
 
 void tst_HistoryStore::aFilterFindsEveryWordAnywhere_data()
