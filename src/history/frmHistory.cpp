@@ -149,6 +149,8 @@ void frmHistory::fitColumns()
         header->resizeSection(column, metrics.horizontalAdvance(text) + margins);
     }
     header->setSectionResizeMode(HistoryModel::Where, QHeaderView::Stretch);
+    constexpr int padding = 8;
+    ui->tblHistory->verticalHeader()->setDefaultSectionSize(metrics.height() + padding);
 }
 
 void frmHistory::filterChanged()
