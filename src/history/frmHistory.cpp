@@ -183,8 +183,7 @@ void frmHistory::showCount()
     else if (rows == 0)
         text = ui->txtFilter->text().isEmpty() ? u"Nothing was asked for yet."_s
                                                : u"Nothing is found."_s;
-    if (text != ui->lblCount->text())
-        ui->lblCount->setText(text);
+    ui->lblCount->setText(text);
 }
 
 void frmHistory::offerCommands()
