@@ -19,7 +19,7 @@ public:
     void Take(const DocumentStart &start);
     JobMatter Matter() const override { return matter; }
 
-    DocumentStart Start;           ///< what the starter has handed over
+    DocumentStart Start; ///< what the starter has handed over
     /// How the last run came out: "Document Retrieved.", or why it is not here; "" before.
     QString Outcome;
     bool Retrieved = false; ///< the document is in the folder of reports

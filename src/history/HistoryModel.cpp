@@ -10,6 +10,8 @@ using namespace Qt::StringLiterals;
 namespace {
 constexpr int rowsOfPage = 100;
 constexpr int mostPages = 20;
+/// Longer than from one key to the next.
+constexpr int countMilliseconds = 250;
 
 constexpr std::array<QStringView, HistoryModel::Columns> headers{
     u"When", u"Kind", u"What", u"Where", u"Client Code", u"Outcome", u"Count"};
@@ -53,6 +55,13 @@ int placeOf(qint64 id, const QList<AskedItem> &items)
 }
 } // namespace
 
+HistoryModel::HistoryModel(QObject *parent) : QAbstractTableModel(parent)
+{
+    countTimer.setSingleShot(true);
+    countTimer.setInterval(countMilliseconds);
+    connect(&countTimer, &QTimer::timeout, this, &HistoryModel::countRest);
+}
+
 /// How many there are. What comes to its end within a page is counted without another look.
 int HistoryModel::count(const QList<AskedItem> &firstPage) const
 {
@@ -66,12 +75,32 @@ void HistoryModel::SetFilter(const QString &words)
     filter = words;
     pages.clear();
     pageOrder.clear();
-    rows = count(page(0));
+    const QList<AskedItem> &first = page(0);
+    const bool countsLater = !filter.isEmpty() && first.size() == rowsOfPage;
+    rows = countsLater ? rowsOfPage : count(first);
     endResetModel();
+    countTimer.stop();
+    if (countsLater)
+        countTimer.start();
+}
+
+void HistoryModel::countRest()
+{
+    const int all = HistoryStore::Of().CountOf(filter);
+    if (all > rows) {
+        beginInsertRows({}, rows, all - 1);
+        rows = all;
+        endInsertRows();
+    }
+    Q_EMIT Counted();
 }
 
 void HistoryModel::Refresh()
 {
+    if (!IsCounted()) {
+        SetFilter(filter);
+        return;
+    }
     const qint64 newest = rows > 0 ? ItemAt(0).Id : 0;
     const QList<AskedItem> first = HistoryStore::Of().Items(filter, 0, rowsOfPage);
     const int now = count(first);
@@ -136,8 +165,11 @@ QVariant HistoryModel::data(const QModelIndex &index, int role) const
 
 QVariant HistoryModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section < 0
-        || section >= Columns)
+    if (orientation != Qt::Horizontal || section < 0 || section >= Columns)
+        return {};
+    if (role == Qt::TextAlignmentRole && section == Count)
+        return QVariant::fromValue(Qt::AlignRight | Qt::AlignVCenter);
+    if (role != Qt::DisplayRole)
         return {};
     return headers.at(static_cast<size_t>(section)).toString();
 }

@@ -5,6 +5,7 @@
 #include <QAbstractTableModel>
 #include <QHash>
 #include <QList>
+#include <QTimer>
 
 /// What was asked for as a table shows it, newest first. It fetches a page when one of its rows is
 /// wanted, and keeps the last few, so that a hundred thousand rows cost no more than those in
@@ -15,10 +16,13 @@ class HistoryModel : public QAbstractTableModel
 public:
     enum Column { When, Kind, What, Where, ClientCode, Outcome, Count, Columns };
 
-    using QAbstractTableModel::QAbstractTableModel;
+    explicit HistoryModel(QObject *parent = nullptr);
 
     /// Shows what holds every word of this filter; all when it is empty.
     void SetFilter(const QString &words);
+    /// All rows are there. Those beyond the first page of what a filter finds come a moment later:
+    /// counting them takes as long as finding them, and nobody wants it while typing.
+    bool IsCounted() const { return !countTimer.isActive(); }
     /// Something was written: shows what has come and what has changed. Rows that stay are the same
     /// to the view.
     void Refresh();
@@ -30,11 +34,17 @@ public:
     QVariant data(const QModelIndex &index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
+Q_SIGNALS:
+    /// All rows are there now.
+    void Counted();
+
 private:
     const QList<AskedItem> &page(int number) const;
     int count(const QList<AskedItem> &firstPage) const;
+    void countRest();
 
     QString filter;
+    QTimer countTimer;
     int rows = 0;
     mutable QHash<int, QList<AskedItem>> pages;
     mutable QList<int> pageOrder; ///< of `pages`, the one that was fetched last at the end

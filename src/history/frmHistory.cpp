@@ -73,6 +73,7 @@ frmHistory::frmHistory(QWidget *parent)
     ui->txtFilter->installEventFilter(this);
     connect(ui->txtFilter, &QLineEdit::textChanged, this, &frmHistory::filterChanged);
     connect(&HistoryStore::Of(), &HistoryStore::Changed, this, &frmHistory::refresh);
+    connect(model, &HistoryModel::Counted, this, &frmHistory::showCount);
     connect(ui->tblHistory->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             &frmHistory::offerCommands);
     connect(ui->tblHistory, &QTableView::doubleClicked, this, &frmHistory::rowActivated);
@@ -148,6 +149,8 @@ void frmHistory::fitColumns()
         header->resizeSection(column, metrics.horizontalAdvance(text) + margins);
     }
     header->setSectionResizeMode(HistoryModel::Where, QHeaderView::Stretch);
+    constexpr int padding = 8;
+    ui->tblHistory->verticalHeader()->setDefaultSectionSize(metrics.height() + padding);
 }
 
 void frmHistory::filterChanged()
@@ -173,13 +176,14 @@ void frmHistory::showCount()
 {
     const int rows = model->rowCount();
     QString text = QLocale::system().toString(rows) + (rows == 1 ? u" entry"_s : u" entries"_s);
+    if (!model->IsCounted())
+        text = u"More than "_s + text;
     if (!HistoryStore::Of().IsOpen())
         text = u"The history is off."_s;
     else if (rows == 0)
         text = ui->txtFilter->text().isEmpty() ? u"Nothing was asked for yet."_s
                                                : u"Nothing is found."_s;
-    if (text != ui->lblCount->text())
-        ui->lblCount->setText(text);
+    ui->lblCount->setText(text);
 }
 
 void frmHistory::offerCommands()

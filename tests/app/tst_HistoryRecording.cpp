@@ -363,8 +363,9 @@ void tst_HistoryRecording::whatTheSessionStoppedIsOfferedAgain()
     frmNameSearchResults *first = pending(u"SMITH"_s);
     frmNameSearchResults *second = pending(u"JONES"_s);
     frmNameSearchResults *third = pending(u"DOE"_s);
-    third->ShownJob()->Stop();
     Global.bStopRequested = true;
+    // What the user has stopped is not to run, whatever else is going on.
+    third->ShownJob()->Stop();
     first->Timer1->start(1);
     second->Timer1->start(1);
     QVERIFY(desk->Finish(first) && desk->Finish(second));

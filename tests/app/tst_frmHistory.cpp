@@ -1,0 +1,464 @@
+// The window of the history: what it shows and finds, and what is asked for again from it.
+
+#include "casedetails/CaseWindow.h"
+#include "core/GlobalState.h"
+#include "history/HistoryModel.h"
+#include "history/HistoryStore.h"
+#include "history/frmHistory.h"
+#include "jobs/frmQueue.h"
+#include "namesearch/NameResultsWindow.h"
+#include "records/StartText.h"
+#include "searchentry/EntryDesk.h"
+#include "searchentry/EntryText.h"
+#include "session/SessionEvents.h"
+#include "support/HalvaneTest.h"
+#include "support/Ticks.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QTableView>
+#include <QTest>
+
+namespace {
+constexpr int longEnough = 30'000; ///< milliseconds; a write takes a few
+
+HistoryStore &store()
+{
+    return HistoryStore::Of();
+}
+
+SearchEntry smithInKing(const QString &name)
+{
+    SearchEntry entry;
+    entry.Names[LastName] = name;
+    entry.Counties = {u"King"_s};
+    entry.CaseTypes = {u"Civil"_s};
+    return AsAsked(entry);
+}
+
+qint64 askFor(const QString &name)
+{
+    AskedItem item;
+    item.When = QDateTime(QDate(2026, 11, 2), QTime(9, 5));
+    item.What = name;
+    item.Where = u"King County - Washington Superior Courts"_s;
+    item.ClientCode = u"CODE"_s;
+    item.Origin = TextOfEntry(smithInKing(name));
+    return store().Begin(item);
+}
+
+qint64 askForCase(const QString &number, const QByteArray &origin = {})
+{
+    CaseStart start;
+    start.lblState = u"WA"_s;
+    start.txtCountyName = u"King"_s;
+    start.txtCaseNumber = number;
+    start.chkAutoPrint = true;
+    start.Origin = origin;
+    AskedItem item;
+    item.Kind = AskedKind::Case;
+    item.What = number;
+    item.ClientCode = u"CODE"_s;
+    item.Origin = TextOfCaseStart(start);
+    return store().Begin(item);
+}
+} // namespace
+
+class tst_frmHistory : public EntryTest
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init() override;
+    void cleanup();
+
+    void whatWasAskedForStandsNewestFirst();
+    void theListFollowsWhatHappens();
+    void theChosenRowStaysChosen();
+    void itFindsAsOneTypes();
+    void rowsComePageByPage();
+    void aDoubleClickPutsASearchOnTheForm();
+    void aDoubleClickOnACaseAsksNothing();
+    void aNumberGoesBackOnTheForm();
+    void searchAgainAsksAtOnce_data();
+    void searchAgainAsksAtOnce();
+    void aCaseThatIsOpenedAgainDoesNotPrint();
+    void whoIsNotLoggedInIsAsked_data();
+    void whoIsNotLoggedInIsAsked();
+    void whatIsNotOfferedAnyMoreIsSaid();
+    void whatNobodyKnowsCannotBeAsked();
+    void withTheKeyboardAlone();
+    void aRowGoesToTheClipboard();
+    void aScreenReaderHearsTheCells();
+    void anEmptyHistorySaysSo();
+    void thereIsOneSuchWindow();
+
+private:
+    void open();
+    void written();
+    QTableView *table() const { return Child<QTableView>(window, "tblHistory"); }
+    QString cell(int row, int column) const
+    {
+        return table()->model()->index(row, column).data().toString();
+    }
+    QStringList column(int number) const;
+    void doubleClick(int row) const;
+    static QAction *action(const QWidget *of, const char *name) { return Child<QAction>(of, name); }
+
+    QPointer<frmHistory> window;
+};
+
+void tst_frmHistory::init()
+{
+    EntryTest::init();
+    store().Open(desk->Desk.Folder.Path(u"history.db"_s));
+    QVERIFY(store().WaitUntilWritten(longEnough));
+}
+
+void tst_frmHistory::cleanup()
+{
+    delete window;
+    store().Close();
+    EntryTest::cleanup();
+}
+
+void tst_frmHistory::written()
+{
+    QVERIFY(store().WaitUntilWritten(longEnough));
+}
+
+void tst_frmHistory::open()
+{
+    written();
+    Q_EMIT SessionEvents::Of().HistoryWanted();
+    const QWidgetList all = QApplication::topLevelWidgets();
+    for (QWidget *one : all) {
+        if (auto *history = qobject_cast<frmHistory *>(one))
+            window = history;
+    }
+    QVERIFY(window && window->isVisible());
+    QVERIFY(QTest::qWaitForWindowActive(window));
+}
+
+QStringList tst_frmHistory::column(int number) const
+{
+    QStringList cells;
+    for (int row = 0; row < table()->model()->rowCount(); ++row)
+        cells.append(cell(row, number));
+    return cells;
+}
+
+void tst_frmHistory::doubleClick(int row) const
+{
+    const QModelIndex index = table()->model()->index(row, HistoryModel::What);
+    const QPoint middle = table()->visualRect(index).center();
+    QTest::mouseClick(table()->viewport(), Qt::LeftButton, {}, middle);
+    QTest::mouseDClick(table()->viewport(), Qt::LeftButton, {}, middle);
+}
+
+void tst_frmHistory::whatWasAskedForStandsNewestFirst()
+{
+    store().End(askFor(u"SMITH"_s), u"Search Complete: 2 Cases Retrieved."_s, 2);
+    store().Runs(askFor(u"JONES"_s));
+    askForCase(u"02-1-00123-4"_s);
+    open();
+    QCOMPARE(column(HistoryModel::What), (QStringList{u"02-1-00123-4"_s, u"JONES"_s, u"SMITH"_s}));
+    QCOMPARE(column(HistoryModel::Kind), (QStringList{u"Case"_s, u"Search"_s, u"Search"_s}));
+    QCOMPARE(
+        column(HistoryModel::Outcome),
+        (QStringList{u"Waiting .."_s, u"Running .."_s, u"Search Complete: 2 Cases Retrieved."_s}));
+    QCOMPARE(column(HistoryModel::Count), (QStringList{QString(), QString(), u"2"_s}));
+    QCOMPARE(cell(2, HistoryModel::When), u"11/02/2026 09:05"_s);
+    QCOMPARE(cell(2, HistoryModel::Where), u"King County - Washington Superior Courts"_s);
+    QCOMPARE(cell(2, HistoryModel::ClientCode), u"CODE"_s);
+    QCOMPARE(TextOf(window, "lblCount"), u"3 entries"_s);
+}
+
+void tst_frmHistory::theListFollowsWhatHappens()
+{
+    const qint64 smith = askFor(u"SMITH"_s);
+    open();
+    store().End(smith, u"Search Complete"_s, 7);
+    askFor(u"JONES"_s);
+    QTRY_COMPARE(column(HistoryModel::What), (QStringList{u"JONES"_s, u"SMITH"_s}));
+    QTRY_COMPARE(cell(1, HistoryModel::Count), u"7"_s);
+    store().ClearAll();
+    QTRY_COMPARE(TextOf(window, "lblCount"), u"Nothing was asked for yet."_s);
+    QVERIFY(!ButtonOf(window, "cmdAgain")->isEnabled());
+}
+
+void tst_frmHistory::theChosenRowStaysChosen()
+{
+    askFor(u"SMITH"_s);
+    askFor(u"JONES"_s);
+    open();
+    table()->selectRow(1);
+    askFor(u"DOE"_s);
+    QTRY_COMPARE(table()->model()->rowCount(), 3);
+    QCOMPARE(table()->currentIndex().row(), 2);
+    QCOMPARE(cell(2, HistoryModel::What), u"SMITH"_s);
+}
+
+void tst_frmHistory::itFindsAsOneTypes()
+{
+    askFor(u"SMITH"_s);
+    askFor(u"SMYTHE"_s);
+    askFor(u"JONES"_s);
+    open();
+    auto *words = Child<QLineEdit>(window, "txtFilter");
+    QVERIFY(words->hasFocus());
+    QTest::keyClicks(words, u"sm"_s);
+    QCOMPARE(column(HistoryModel::What), (QStringList{u"SMYTHE"_s, u"SMITH"_s}));
+    QTest::keyClicks(words, u"i king"_s);
+    QCOMPARE(column(HistoryModel::What), QStringList{u"SMITH"_s});
+    QCOMPARE(TextOf(window, "lblCount"), u"1 entry"_s);
+    QCOMPARE(table()->currentIndex().row(), 0);
+    QTest::keyClicks(words, u" pierce"_s);
+    QCOMPARE(column(HistoryModel::What), QStringList());
+    QCOMPARE(TextOf(window, "lblCount"), u"Nothing is found."_s);
+    words->clear();
+    QCOMPARE(table()->model()->rowCount(), 3);
+}
+
+/// Far more than are ever kept in memory, and in each the right one.
+void tst_frmHistory::rowsComePageByPage()
+{
+    constexpr int many = 2'550;
+    for (int i = 0; i < many; ++i)
+        askFor(u"N"_s + QString::number(i));
+    open();
+    QCOMPARE(table()->model()->rowCount(), many);
+    for (const int row : {0, 99, 100, 1'234, many - 1, 50, 2'499, 0})
+        QCOMPARE(cell(row, HistoryModel::What), u"N"_s + QString::number(many - 1 - row));
+    QCOMPARE(column(HistoryModel::What).last(), u"N0"_s);
+    // Of what is found the first page is there at once, and the rest when it is counted.
+    Child<QLineEdit>(window, "txtFilter")->setText(u"n1"_s);
+    QCOMPARE(table()->model()->rowCount(), 100);
+    QCOMPARE(TextOf(window, "lblCount"), u"More than 100 entries"_s);
+    constexpr int found = 1'111;
+    QTRY_COMPARE(table()->model()->rowCount(), found);
+    QCOMPARE(TextOf(window, "lblCount"), QLocale::system().toString(found) + u" entries"_s);
+    QCOMPARE(cell(found - 1, HistoryModel::What), u"N1"_s);
+}
+
+void tst_frmHistory::aDoubleClickPutsASearchOnTheForm()
+{
+    askFor(u"SMITH"_s);
+    open();
+    desk->Do({u"click optState_3"_s, u"type txtSearchName_0 Other"_s});
+    window->activateWindow();
+    QCOMPARE(desk->NewWindows([this] { doubleClick(0); }).size(), 0);
+    QVERIFY(AsAsked(desk->Form()->Entry()) == smithInKing(u"SMITH"_s));
+    QVERIFY(desk->Form()->isVisible());
+    QCOMPARE(Keys(), QStringList());
+    // From there the user starts it.
+    QVERIFY(desk->StartOne<NameResultsWindow>());
+}
+
+/// It costs a request: only the button does that, and has the keyboard now.
+void tst_frmHistory::aDoubleClickOnACaseAsksNothing()
+{
+    askForCase(u"02-1-00123-4"_s);
+    open();
+    const SearchEntry before = desk->Form()->Entry();
+    QCOMPARE(desk->NewWindows([this] { doubleClick(0); }).size(), 0);
+    QVERIFY(desk->Form()->Entry() == before);
+    QVERIFY(ButtonOf(window, "cmdAgain")->hasFocus());
+    QVERIFY(!ButtonOf(window, "cmdFill")->isEnabled());
+    QCOMPARE(TextOf(window, "lblHint"),
+             u"Search Again opens this case again, and asks the court for it."_s);
+}
+
+void tst_frmHistory::aNumberGoesBackOnTheForm()
+{
+    SearchEntry entry;
+    entry.Kind = SearchKind::Number;
+    entry.Names[LastName] = u"05-2-02029-1"_s;
+    entry.NumberCounty = u"King"_s;
+    askForCase(u"05-2-02029-1"_s, TextOfEntry(AsAsked(entry)));
+    open();
+    Click(window, "cmdFill");
+    QVERIFY(AsAsked(desk->Form()->Entry()) == AsAsked(entry));
+}
+
+void tst_frmHistory::searchAgainAsksAtOnce_data()
+{
+    QTest::addColumn<bool>("isCase");
+    QTest::addColumn<bool>("byMenu");
+    QTest::newRow("a search") << false << false;
+    QTest::newRow("a search, by the menu") << false << true;
+    QTest::newRow("a case") << true << false;
+    QTest::newRow("a case, by the menu") << true << true;
+}
+
+void tst_frmHistory::searchAgainAsksAtOnce()
+{
+    QFETCH(bool, isCase);
+    QFETCH(bool, byMenu);
+    if (isCase)
+        askForCase(u"02-1-00123-4"_s);
+    else
+        askFor(u"SMITH"_s);
+    open();
+    const SearchEntry before = desk->Form()->Entry();
+    const QList<JobWindow *> made = desk->NewWindows([this, byMenu] {
+        if (byMenu)
+            action(window, "mnuSearchAgain")->trigger();
+        else
+            Click(window, "cmdAgain");
+    });
+    QCOMPARE(made.size(), 1);
+    QCOMPARE(made[0]->ClientAcctgCode, u"CODE"_s);
+    QCOMPARE(Keys(), QStringList{made[0]->txtMasterKey});
+    QCOMPARE(qobject_cast<CaseWindow *>(made[0]) != nullptr, isCase);
+    QVERIFY(desk->Form()->Entry() == before);
+    // It has a line of its own.
+    QTRY_COMPARE(table()->model()->rowCount(), 2);
+}
+
+void tst_frmHistory::aCaseThatIsOpenedAgainDoesNotPrint()
+{
+    askForCase(u"02-1-00123-4"_s);
+    open();
+    const QList<JobWindow *> made = desk->NewWindows([this] { Click(window, "cmdAgain"); });
+    QVERIFY(!qobject_cast<CaseWindow *>(made.value(0))->chkAutoPrint);
+}
+
+void tst_frmHistory::whoIsNotLoggedInIsAsked_data()
+{
+    QTest::addColumn<bool>("isCase");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("a search") << false << notLoggedIn;
+    QTest::newRow("a case") << true
+                            << u"This Search Cannot be Started!\r\nThis is because you are not "
+                               "currently Logged-In to the Halvane Server.\r\n\r\nDo you want to "
+                               "Login Now?"_s;
+}
+
+void tst_frmHistory::whoIsNotLoggedInIsAsked()
+{
+    QFETCH(bool, isCase);
+    QFETCH(QString, text);
+    if (isCase)
+        askForCase(u"02-1-00123-4"_s);
+    else
+        askFor(u"SMITH"_s);
+    open();
+    Global.bLoggedIn = false;
+    desk->Desk.Boxes.Expect(text, notLoggedInTitle, MsgIcon::Exclamation, MsgAnswer::No,
+                            MsgButtons::YesNo);
+    Click(window, "cmdAgain");
+    QCOMPARE(Keys(), QStringList());
+}
+
+void tst_frmHistory::whatIsNotOfferedAnyMoreIsSaid()
+{
+    AskedItem item;
+    SearchEntry entry = smithInKing(u"SMITH"_s);
+    entry.Counties = {u"King"_s, u"Atlantis"_s};
+    item.Origin = TextOfEntry(entry);
+    store().Begin(item);
+    open();
+    desk->Desk.Boxes.Expect(
+        u"Not all of this search can be put on the form: something that was chosen is not offered "
+        "any more. Please look it through before you start it."_s,
+        u"History"_s, MsgIcon::Exclamation);
+    Click(window, "cmdFill");
+    QCOMPARE(desk->Form()->Entry().Counties, QStringList{u"King"_s});
+}
+
+void tst_frmHistory::whatNobodyKnowsCannotBeAsked()
+{
+    AskedItem item;
+    item.What = u"from a later version"_s;
+    item.Origin = R"({"Search":99})";
+    store().Begin(item);
+    item.What = u"from nowhere"_s;
+    item.Origin.clear();
+    store().Begin(item);
+    open();
+    QVERIFY(!ButtonOf(window, "cmdAgain")->isEnabled());
+    QVERIFY(!action(window, "mnuSearchAgain")->isEnabled());
+    QCOMPARE(TextOf(window, "lblHint"), u"It is not known how this was asked for."_s);
+    table()->selectRow(1);
+    for (const char *button : {"cmdAgain", "cmdFill"}) {
+        desk->Desk.Boxes.Expect(
+            u"This cannot be asked for again, because it is not known any more how it was asked "
+            "for. Please enter it on the search form."_s,
+            u"History"_s, MsgIcon::Exclamation);
+        Click(window, button);
+    }
+}
+
+void tst_frmHistory::withTheKeyboardAlone()
+{
+    askFor(u"SMITH"_s);
+    askFor(u"JONES"_s);
+    open();
+    auto *words = Child<QLineEdit>(window, "txtFilter");
+    QTest::keyClick(words, Qt::Key_Down);
+    QVERIFY(table()->hasFocus());
+    QTest::keyClick(table(), Qt::Key_Down);
+    QTest::keyClick(table(), Qt::Key_Return);
+    QCOMPARE(desk->Form()->Entry().Names[LastName], u"SMITH"_s);
+    window->activateWindow();
+    // From the list Tab goes to the buttons, not along the cells.
+    table()->setFocus();
+    QTest::keyClick(table(), Qt::Key_Tab);
+    QVERIFY(ButtonOf(window, "cmdFill")->hasFocus());
+    QTest::keyClick(window, Qt::Key_Escape);
+    QVERIFY(window->IsUnloaded());
+}
+
+void tst_frmHistory::aRowGoesToTheClipboard()
+{
+    store().End(askFor(u"SMITH"_s), u"Search Complete"_s, 2);
+    open();
+    table()->setFocus();
+    QTest::keySequence(table(), QKeySequence::Copy);
+    QCOMPARE(QGuiApplication::clipboard()->text(),
+             u"11/02/2026 09:05\tSearch\tSMITH\tKing County - Washington Superior "
+             "Courts\tCODE\tSearch Complete\t2"_s);
+}
+
+void tst_frmHistory::aScreenReaderHearsTheCells()
+{
+    askFor(u"SMITH"_s);
+    open();
+    const QAbstractItemModel *model = table()->model();
+    QCOMPARE(model->index(0, HistoryModel::What).data(Qt::AccessibleTextRole).toString(),
+             u"What: SMITH"_s);
+    QCOMPARE(model->index(0, HistoryModel::Count).data(Qt::AccessibleTextRole).toString(),
+             u"Count: none"_s);
+    QCOMPARE(table()->accessibleName(), u"What was asked for, newest first"_s);
+    QCOMPARE(Child<QLineEdit>(window, "txtFilter")->accessibleName(),
+             u"Words to find in the history"_s);
+}
+
+void tst_frmHistory::anEmptyHistorySaysSo()
+{
+    open();
+    QCOMPARE(TextOf(window, "lblCount"), u"Nothing was asked for yet."_s);
+    QVERIFY(!ButtonOf(window, "cmdAgain")->isEnabled());
+    window->Unload();
+    Ticks(1);
+    store().Close();
+    Q_EMIT SessionEvents::Of().HistoryWanted();
+    QCOMPARE(TextOf(Shown(u"frmHistory"_s), "lblCount"), u"The history is off."_s);
+    delete Shown(u"frmHistory"_s);
+}
+
+void tst_frmHistory::thereIsOneSuchWindow()
+{
+    open();
+    const frmHistory *first = window;
+    open();
+    QCOMPARE(window, first);
+}
+
+HALVANE_TEST(tst_frmHistory)
+#include "tst_frmHistory.moc"
