@@ -185,17 +185,8 @@ void CaseJob::ShowStopped(StopCase stopCase)
     if (!RequestsBuilt)
         BeginTick();
     leaveUnretrieved();
-    Sheet.EndAnswers();
-    Sheet.SetBreakdown(Record.Breakdown, false);
+    Sheet.EndAnswers(Record.Breakdown, false);
     offerNextRun();
-}
-
-/// A run that broke down gave its turn back or not, and says nothing more.
-void CaseJob::noteBreakdown()
-{
-    Sheet.EndAnswers();
-    if (!fatalText.isEmpty())
-        Sheet.SetBreakdown(fatalText, State() != JobState::Over);
 }
 
 void CaseJob::GivenUp()

@@ -108,14 +108,5 @@ void CaseJob::doTabSearch(CaseTab tab, const QString &request)
     ofTab.TabDone = false;
     ofTab.TabNotRetrieved = true;
     ofTab.TabIncomplete = true;
-    noteFailed(tab, result.Reason);
-}
-
-/// A reply that did not end, or ended in an error, after a stop was stopped.
-void CaseJob::noteFailed(CaseTab tab, const QString &reason)
-{
-    if (isToEnd())
-        Sheet.SetAnswer(tab, AnswerState::Stopped);
-    else
-        Sheet.SetAnswer(tab, AnswerState::Failed, CourtWords(reason));
+    Sheet.EndFailed(tab, result.Reason, isToEnd());
 }
