@@ -13,6 +13,11 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+QString captionOf(const CaseRecord &record)
+{
+    return u"Case Details ("_s + record.txtCaseNumber + u')';
+}
+
 CaseOfRequest requestFields(const CaseRecord &record)
 {
     return {.Kind = record.Kind,
@@ -121,14 +126,16 @@ void CaseJob::BuildTabRequests()
     }
 }
 
+/// A case that was opened from a row has a caption of its own until its first tick.
 void CaseJob::ShowCriteria()
 {
-    Sheet.SetHeader(&CaseRecord::Caption, u"Case Details ("_s + Record.txtCaseNumber + u')');
+    if (Record.Caption == CaseStart().Caption)
+        Sheet.SetHeader(&CaseRecord::Caption, captionOf(Record));
 }
 
 void CaseJob::BeginTick()
 {
-    ShowCriteria();
+    Sheet.SetHeader(&CaseRecord::Caption, captionOf(Record));
     if (Record.IsBankruptcy()) {
         RequestsBuilt = true;
         Record.chkBK = true;
