@@ -89,7 +89,7 @@ private Q_SLOTS:
     void aTemplateIsSearchedByItsCounties();
     void keysStandInTheOrderOfTheClicks();
     void oregonTakesTheIndexMarkAway();
-    void windowsThatWaitAreToldApart();
+    void windowsThatWaitHaveNamesOfTheirOwn();
 };
 
 void tst_DispatchNames::init()
@@ -433,7 +433,7 @@ void tst_DispatchNames::oregonTakesTheIndexMarkAway()
 }
 
 /// What a window asks for can be read before it has had a turn, or even asked for one.
-void tst_DispatchNames::windowsThatWaitAreToldApart()
+void tst_DispatchNames::windowsThatWaitHaveNamesOfTheirOwn()
 {
     desk->Do(smithJohnQ + counties({u"King"_s}) + types({u"Civil"_s}));
     const auto *king = desk->StartOne<frmNameSearchResults>();
