@@ -14,6 +14,11 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+QString captionOf(const CaseRecord &record)
+{
+    return u"Case Details ("_s + record.txtCaseNumber + u')';
+}
+
 CaseOfRequest requestFields(const CaseRecord &record)
 {
     return {.Kind = record.Kind,
@@ -128,14 +133,16 @@ void CaseJob::BuildTabRequests()
     }
 }
 
+/// A case that was opened from a row has a caption of its own until its first tick.
 void CaseJob::ShowCriteria()
 {
-    Sheet.SetHeader(&CaseRecord::Caption, u"Case Details ("_s + Record.txtCaseNumber + u')');
+    if (Record.Caption == CaseStart().Caption)
+        Sheet.SetHeader(&CaseRecord::Caption, captionOf(Record));
 }
 
 void CaseJob::BeginTick()
 {
-    ShowCriteria();
+    Sheet.SetHeader(&CaseRecord::Caption, captionOf(Record));
     if (Record.IsBankruptcy()) {
         RequestsBuilt = true;
         Record.chkBK = true;
@@ -195,17 +202,8 @@ void CaseJob::ShowStopped(StopCase stopCase)
     if (!RequestsBuilt)
         BeginTick();
     leaveUnretrieved();
-    Sheet.EndAnswers();
-    Sheet.SetBreakdown(Record.Breakdown, false);
+    Sheet.EndAnswers(Record.Breakdown, false);
     offerNextRun();
-}
-
-/// A run that broke down gave its turn back or not, and says nothing more.
-void CaseJob::noteBreakdown()
-{
-    Sheet.EndAnswers();
-    if (!fatalText.isEmpty())
-        Sheet.SetBreakdown(fatalText, State() != JobState::Over);
 }
 
 void CaseJob::GivenUp()

@@ -114,8 +114,6 @@ private:
     void retrieveTab(CaseTab tab, const QString &request);
     void doTabSearch(CaseTab tab, const QString &request);
     void tabFailed(CaseTab tab, const RunTimeError &error);
-    void noteFailed(CaseTab tab, const QString &reason);
-    void noteBreakdown();
 
     // The exchange of the Summary
     void DoSummarySearch(const QString &request);

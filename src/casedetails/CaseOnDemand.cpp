@@ -101,7 +101,7 @@ void CaseJob::ProcessOnDemandSearchRequests()
                      + error.Description());
         fatalText = error.Description();
     }
-    noteBreakdown();
+    Sheet.EndAnswers(fatalText, State() != JobState::Over);
     // A run that broke down says nothing more, but it is over.
     Sheet.ChoiceStands = false;
     Sheet.AllowSearchNow(true);

@@ -39,7 +39,7 @@ void CaseJob::ProcessSearchRequests()
                      + error.Description());
         fatalText = error.Description();
     }
-    noteBreakdown();
+    Sheet.EndAnswers(fatalText, State() != JobState::Over);
     offerNextRun();
 }
 

@@ -128,7 +128,15 @@ void CaseSheet::SetAnswer(CaseTab tab, AnswerState state, const QString &reason)
     Q_EMIT AnswersChanged();
 }
 
-void CaseSheet::EndAnswers()
+void CaseSheet::EndFailed(CaseTab tab, const QString &reason, bool stopped)
+{
+    if (stopped)
+        SetAnswer(tab, AnswerState::Stopped);
+    else
+        SetAnswer(tab, AnswerState::Failed, CourtWords(reason));
+}
+
+void CaseSheet::EndAnswers(const QString &error, bool holdsQueue)
 {
     for (CaseTabRecord &tab : Record.Tabs) {
         if (tab.Answer == AnswerState::Waiting)
@@ -136,7 +144,7 @@ void CaseSheet::EndAnswers()
         if (tab.Answer == AnswerState::Asking)
             tab.Answer = AnswerState::Stopped;
     }
-    Q_EMIT AnswersChanged();
+    SetBreakdown(error, holdsQueue);
 }
 
 void CaseSheet::SetBreakdown(const QString &error, bool holdsQueue)

@@ -39,8 +39,11 @@ public:
 
     /// What has become of a tab; `reason` says why it failed.
     void SetAnswer(CaseTab tab, AnswerState state, const QString &reason = {});
-    /// Nothing more is asked for: what waits is not asked, and what was asked has been stopped.
-    void EndAnswers();
+    /// A reply that did not end, or ended in an error: behind a stop that is the stop's doing.
+    void EndFailed(CaseTab tab, const QString &reason, bool stopped);
+    /// Nothing more is asked for: what waits is not asked, and what was asked has been stopped. The
+    /// error is that with which the run broke down, or "".
+    void EndAnswers(const QString &error, bool holdsQueue);
     /// A run broke down, and keeps its place in the queue or not; "" when that is over.
     void SetBreakdown(const QString &error, bool holdsQueue);
 

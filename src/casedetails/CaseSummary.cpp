@@ -220,7 +220,7 @@ void CaseJob::summaryInvalid(const QString &request, const QString &reason)
     summary.TabNotRetrieved = false;
     summary.TabIncomplete = false;
     summary.TabDone = false;
-    noteFailed(CaseTab::Summary, reason);
+    Sheet.EndFailed(CaseTab::Summary, reason, isToEnd());
 }
 
 void CaseJob::summaryIncomplete(const QString &request, const QString &reason)
@@ -232,5 +232,5 @@ void CaseJob::summaryIncomplete(const QString &request, const QString &reason)
     summary.TabIncomplete = true;
     summary.TabNotRetrieved = false;
     summary.TabDone = false;
-    noteFailed(CaseTab::Summary, reason);
+    Sheet.EndFailed(CaseTab::Summary, reason, isToEnd());
 }

@@ -110,15 +110,6 @@ void CaseJob::doTabSearch(CaseTab tab, const QString &request)
     ofTab.TabDone = false;
     ofTab.TabNotRetrieved = true;
     ofTab.TabIncomplete = true;
-    noteFailed(tab, result.Reason);
+    Sheet.EndFailed(tab, result.Reason, isToEnd());
     Q_EMIT TabCame(tab, false);
-}
-
-/// A reply that did not end, or ended in an error, after a stop was stopped.
-void CaseJob::noteFailed(CaseTab tab, const QString &reason)
-{
-    if (isToEnd())
-        Sheet.SetAnswer(tab, AnswerState::Stopped);
-    else
-        Sheet.SetAnswer(tab, AnswerState::Failed, CourtWords(reason));
 }

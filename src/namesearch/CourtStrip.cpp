@@ -7,6 +7,7 @@
 #include "ui_CourtStrip.h"
 
 #include <QHeaderView>
+#include <QLayout>
 
 #include <algorithm>
 
@@ -20,8 +21,8 @@ constexpr int mostRows = 6;
 ListLayout courtColumns()
 {
     return {u"Courts"_s,
-            {{u"Court"_s, 3000, Qt::AlignLeft},
-             {u"State"_s, 6000, Qt::AlignLeft},
+            {{u"Court"_s, 2700, Qt::AlignLeft},
+             {u"State"_s, 7500, Qt::AlignLeft},
              {u"Time"_s, 900, Qt::AlignLeft}}};
 }
 
@@ -98,6 +99,7 @@ void CourtStrip::showNow()
     QStringList parts{AnswersInShort(record.Courts), record.RetryText};
     parts.removeAll(QString());
     ui->lblCourtsInShort->setText(parts.join(u" - "_s));
+    fitHeight();
     showButtons();
     if (!usersChoice)
         openAtFailure();
@@ -130,7 +132,6 @@ void CourtStrip::showLines()
             rows->AddRow(cellsOf(lines[row]));
     }
     ui->lvCourts->List()->Flush();
-    fitHeight();
 }
 
 /// A run that is over may still be on its way out: it cannot be followed by another before that.
@@ -149,6 +150,17 @@ void CourtStrip::fitHeight()
     const int around = list->horizontalHeader()->sizeHint().height() + 2 * list->frameWidth();
     list->setMinimumHeight(around + fewestRows * row);
     list->setMaximumHeight(around + rows * row);
+    const QLabel *text = ui->lblCourtsInShort;
+    const int line =
+        std::max({ui->cmdCourts->sizeHint().height(), ui->cmdRetryFailed->sizeHint().height(),
+                  text->heightForWidth(text->width())});
+    setMaximumHeight(isOpen ? line + layout()->spacing() + list->maximumHeight() : QWIDGETSIZE_MAX);
+}
+
+void CourtStrip::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    fitHeight();
 }
 
 void CourtStrip::setOpen(bool open)
@@ -162,4 +174,5 @@ void CourtStrip::setOpen(bool open)
     ui->lvCourts->setVisible(open);
     // Closed it is a line; open it takes its share of the window's height.
     setSizePolicy(QSizePolicy::Preferred, open ? QSizePolicy::Preferred : QSizePolicy::Fixed);
+    fitHeight();
 }

@@ -32,6 +32,9 @@ public:
 Q_SIGNALS:
     void RetryWanted();
 
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
 private:
     void showSoon();
     void showNow();

@@ -61,12 +61,16 @@ void NameSearch::SearchAgain()
     Restart(jobKind, Timer1);
 }
 
-void NameSearch::BeginTick()
+/// A search whose starter has named it in its caption keeps that until its first tick.
+void NameSearch::ShowCriteria()
 {
-    ShowCriteria();
+    if (Record.Caption.isEmpty())
+        BeginTick();
+    else
+        listCourts();
 }
 
-void NameSearch::ShowCriteria()
+void NameSearch::BeginTick()
 {
     if (CriteriaShown)
         return;

@@ -67,6 +67,7 @@ private Q_SLOTS:
     void itOpensByItselfWhenSomethingFails();
     void whatTheUserClosedStaysClosed();
     void aSearchOfAllCountiesShowsEach();
+    void aFewCourtsTakeNoMoreRoomThanTheyNeed();
     void aTextOfTheCourtIsPlain();
     void itsRowsFollowAtMostEvery40Milliseconds();
     void theKeyboardStaysInTheWindow();
@@ -156,6 +157,22 @@ void tst_CourtStrip::aSearchOfAllCountiesShowsEach()
     QVERIFY(ListOf(window, "lvCourts")->viewport()->rect().contains(failed.center()));
     // The list of results is what the window is for.
     QVERIFY(ListOf(window)->height() >= ListOf(window, "lvCourts")->height());
+}
+
+void tst_CourtStrip::aFewCourtsTakeNoMoreRoomThanTheyNeed()
+{
+    court->Expect(adams).Reply(down);
+    court->Expect(king).Reply(down);
+    NameResultsWindow *window = Search(MakeWindow(Which::Name), {adams, king});
+    window->resize(820, 900);
+    QVERIFY(desk->WaitUntil([window] { return isOpen(window); }));
+    const ResultListView *courts = ListOf(window, "lvCourts");
+    const auto *strip = window->findChild<CourtStrip *>();
+    QVERIFY(desk->WaitUntil([=] {
+        return courts->height() == courts->maximumHeight()
+               && courts->geometry().bottom() == strip->rect().bottom();
+    }));
+    QVERIFY(courts->viewport()->height() >= 2 * courts->rowHeight(0));
 }
 
 void tst_CourtStrip::aTextOfTheCourtIsPlain()

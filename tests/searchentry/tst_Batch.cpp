@@ -29,7 +29,7 @@ QStringList details(const QString &state, const QString &number, const QString &
                     const QString &courts, const QStringList &further)
 {
     return QStringList{
-               u"frmCaseDetails"_s,          u"caption Case Details"_s,
+               u"frmCaseDetails"_s,          u"caption Case Details ("_s + number + u')',
                u"lblState "_s + state,       u"lblCaseDetailsHdr Case Details ("_s + number + u')',
                u"txtCountyName "_s + county, u"lblCourtName "_s + county + u" County, "_s + courts}
            + further;

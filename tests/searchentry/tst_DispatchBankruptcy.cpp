@@ -48,7 +48,7 @@ QStringList type(int button, const QString &text)
 QStringList results(const Court &court, const QString &name, const QString &label, QString line)
 {
     return {u"frmNameSearchResults"_s,
-            u"caption Name Search Results"_s,
+            u"caption "_s + name + u" in "_s + court.county,
             u"lblState "_s + court.state,
             u"lblNameVal "_s + name,
             u"lblCaseTypeVals Bankruptcy"_s,

@@ -1,6 +1,7 @@
 #include "core/GlobalState.h"
 #include "core/Options.h"
 #include "courts/Counties.h"
+#include "namesearch/SearchCriteria.h"
 #include "namesearch/frmNameSearchResults.h"
 #include "searchentry/EntryDesk.h"
 #include "searchentry/frmSearchWA.h"
@@ -38,12 +39,20 @@ QStringList types(const QStringList &words)
     return ticks(u"lboxCaseTypes"_s, words);
 }
 
-/// What a results window is handed: its state, its title, its flags and its lines.
+/// What a results window is handed: its state, its title, its flags and its lines. It shows at once
+/// what they ask for.
 QStringList results(const QString &state, const QString &title, const QStringList &flags,
                     const QStringList &lines)
 {
-    QStringList handed{u"frmNameSearchResults"_s, u"caption Name Search Results"_s,
-                       u"lblState "_s + state, u"txtCountyList "_s + title, u"lblName Name:"_s};
+    const bool index = flags.contains(u"chkIndexSearch"_s);
+    const SearchCriteria shown = CriteriaOf(lines.first(), {state, index, title});
+    QStringList handed{u"frmNameSearchResults"_s,
+                       u"caption "_s + shown.Caption,
+                       u"lblState "_s + state,
+                       u"lblNameVal "_s + shown.Name,
+                       u"lblCaseTypeVals "_s + shown.CaseTypes,
+                       u"txtCountyList "_s + title,
+                       u"lblName Name:"_s};
     handed += flags;
     for (const QString &line : lines)
         handed.append(u"line "_s + line);
@@ -80,6 +89,7 @@ private Q_SLOTS:
     void aTemplateIsSearchedByItsCounties();
     void keysStandInTheOrderOfTheClicks();
     void oregonTakesTheIndexMarkAway();
+    void windowsThatWaitHaveNamesOfTheirOwn();
 };
 
 void tst_DispatchNames::init()
@@ -420,6 +430,22 @@ void tst_DispatchNames::oregonTakesTheIndexMarkAway()
     QVERIFY(window);
     QVERIFY(!window->chkIndexSearch);
     QCOMPARE(window->lboxQueue.List(0), u"OREGON¦SEARCH¦SMITH¦JOHN¦Q¦¦LAN C¦CV,¦¦¦"_s);
+}
+
+/// What a window asks for can be read before it has had a turn, or even asked for one.
+void tst_DispatchNames::windowsThatWaitHaveNamesOfTheirOwn()
+{
+    desk->Do(smithJohnQ + counties({u"King"_s}) + types({u"Civil"_s}));
+    const auto *king = desk->StartOne<frmNameSearchResults>();
+    desk->Do(oregon + acme + counties({u"Lane"_s}) + types({u"Civil"_s}));
+    const auto *lane = desk->StartOne<frmNameSearchResults>();
+    QVERIFY(king && lane);
+    QCOMPARE(king->windowTitle(), u"SMITH, JOHN, Q in King County, Washington Superior Courts"_s);
+    QCOMPARE(lane->windowTitle(), u"ACME INC in Lane County, Oregon Circuit/District Courts"_s);
+    QCOMPARE(TextOf(lane, "lblNameVal"), u"ACME INC"_s);
+    QCOMPARE(TextOf(lane, "lblCaseTypeVals"), u"Civil"_s);
+    QCOMPARE(TextOf(lane, "lblStatus"), u"Pending .."_s);
+    QCOMPARE(AnswersInShort(lane->Search().Record.Courts), u"Lane - Circuit Court: Waiting"_s);
 }
 
 HALVANE_TEST(tst_DispatchNames)

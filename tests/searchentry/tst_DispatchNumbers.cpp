@@ -33,8 +33,8 @@ QStringList entered(const QString &county, const QString &text)
 /// knows by its state what it has to send.
 QStringList details(const QString &state, const QString &text, const QStringList &places)
 {
-    return QStringList{u"frmCaseDetails"_s, u"caption Case Details"_s, u"lblState "_s + state,
-                       u"lblCaseDetailsHdr Case Details ("_s + text + u')'}
+    return QStringList{u"frmCaseDetails"_s, u"caption Case Details ("_s + text + u')',
+                       u"lblState "_s + state, u"lblCaseDetailsHdr Case Details ("_s + text + u')'}
            + places
            + QStringList{u"txtCaseNumber "_s + text,
                          u"tboxCaseNumberQueue WASUP¦SUMMARY¦"_s + text + u'¦'};
