@@ -70,4 +70,5 @@ struct CaseRecord : CaseStart
     bool CanSearchNow = false;  ///< no run waits or goes on: the panel can start one
     bool SearchStopped = false; ///< the case was not asked for to its end
     bool NotLocated = false;    ///< the court has no such case
+    bool NoSuchCase = false;    ///< so it has, or it says so in one of its other ways
 };

@@ -1,5 +1,6 @@
 #include "searchentry/SearchStart.h"
 
+#include "controls/ModalDialog.h"
 #include "controls/MsgBox.h"
 #include "core/GlobalState.h"
 #include "core/Log.h"
@@ -8,17 +9,24 @@
 #include "core/TextUtilities.h"
 #include "core/TurnHold.h"
 #include "core/Windows1252.h"
+#include "searchentry/BatchEntries.h"
+#include "searchentry/CountyChoice.h"
 #include "searchentry/CourtDisclaimers.h"
 #include "searchentry/FieldRules.h"
+#include "searchentry/NumberListRun.h"
 #include "searchentry/NumberRequests.h"
 #include "searchentry/RecentsOnForm.h"
 #include "searchentry/SearchControls.h"
 #include "searchentry/SearchDispatch.h"
 #include "searchentry/frmAccounting.h"
+#include "searchentry/frmNumberList.h"
+#include "searchentry/frmPasteList.h"
 #include "searchentry/frmSearchWA.h"
 #include "session/frmLogin.h"
 #include "session/frmMain.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QScopedValueRollback>
 
 using namespace Qt::StringLiterals;
@@ -256,11 +264,11 @@ void SearchStart::BeginBatch(bool autoPrint)
         RunBatchSearch(entry, autoPrint);
 }
 
-void SearchStart::RunBatchSearch(const SearchEntry &entry, bool autoPrint)
+std::optional<QString> SearchStart::codeOfBatch()
 {
     if (form.IsUnloaded() || !loggedIn() || form.IsUnloaded()
         || !CourtDisclaimerAccepted(&form, true) || form.IsUnloaded())
-        return;
+        return {};
     Global.ClientAcctgCode.clear();
     QString code;
     if (accountingEnabled()) {
@@ -269,11 +277,50 @@ void SearchStart::RunBatchSearch(const SearchEntry &entry, bool autoPrint)
     }
     // The session may have ended under one of the boxes, or the form have gone.
     if (form.IsUnloaded() || !loggedIn() || form.IsUnloaded())
+        return {};
+    return code;
+}
+
+void SearchStart::RunBatchSearch(const SearchEntry &entry, bool autoPrint)
+{
+    const std::optional<QString> code = codeOfBatch();
+    if (!code)
         return;
     try {
         for (const CaseStart &start : BatchFields(entry))
-            LaunchBatchCase(start, code, autoPrint);
+            LaunchBatchCase(start, *code, autoPrint);
     } catch (const RunTimeError &error) {
         reportRequestError(error.Description());
     }
+}
+
+// ---- a list of numbers ----
+
+void SearchStart::BeginList()
+{
+    if (building)
+        return;
+    const QScopedValueRollback<bool> guard(building, true);
+    const TurnHold hold;
+    const SearchEntry entry = form.Entry();
+    const NumberListCourt court{entry.Court, entry.DistrictCourt, CountiesOf(entry.Court),
+                                DefaultCountyOf(entry.Court)};
+    // A list that did not come to be started is offered again, before what was copied since.
+    const QString text =
+        pastedList.isEmpty() ? ReadablePart(QApplication::clipboard()->text()) : pastedList;
+    ModalDialog<frmPasteList> dialog(court, text, &form);
+    const bool wanted = dialog.Run() == QDialog::Accepted && !dialog.IsGone();
+    if (dialog.IsGone() || form.IsUnloaded())
+        return;
+    pastedList = dialog->Text() == text ? QString() : dialog->Text();
+    const QList<ListedNumber> ticked = dialog->Ticked();
+    if (!wanted || ticked.isEmpty())
+        return;
+    pastedList = dialog->Text();
+    const bool prints = dialog->Prints();
+    const std::optional<QString> code = codeOfBatch();
+    if (!code)
+        return;
+    pastedList.clear();
+    frmNumberList::Follow(NumberListRun::Start(ticked, court, *code, prints));
 }

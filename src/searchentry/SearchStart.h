@@ -5,6 +5,7 @@
 
 #include <QList>
 
+#include <optional>
 #include <utility>
 
 class QLineEdit;
@@ -33,6 +34,10 @@ public:
     /// search is being built already. The caller has a RunScope of the form.
     void BeginBatch(bool autoPrint);
 
+    /// Asks for a list of numbers, and starts those that are ticked as a batch. Nothing when a
+    /// search is being built already. The caller has a RunScope of the form.
+    void BeginList();
+
     /// The checks of what was entered, with the answer of the function of the same name. Numbers
     /// are rewritten in the court's own form, in `entry` and in their boxes.
     bool ValidateAllFormFields(SearchEntry &entry);
@@ -52,6 +57,9 @@ private:
     bool maySendBatch(const SearchEntry &entry);
     bool loggedIn();
     void dispatch(const SearchEntry &entry, const QString &code);
+    /// The login, the disclaimer and the client code of a batch: the code, or nothing when the
+    /// batch is not to begin.
+    std::optional<QString> codeOfBatch();
     void RunBatchSearch(const SearchEntry &entry, bool autoPrint);
     void reportNoRequests();
     void reportRequestError(const QString &description);
@@ -65,5 +73,6 @@ private:
     frmSearchWA &form;
     SearchControls &ui;
     RecentsOnForm &recents;
+    QString pastedList;    ///< a list that was put in and not started, for the next time
     bool building = false; ///< from the click on Start Search until its windows wait
 };

@@ -237,6 +237,10 @@ void frmSearchWA::Connect()
     for (size_t i = 0; i < ui->cmdBatchSearch.size(); ++i)
         connect(ui->cmdBatchSearch[i], &QAbstractButton::clicked, this,
                 [this, i] { cmdBatchSearch_Click(static_cast<int>(i)); });
+    connect(ui->cmdPasteList, &QAbstractButton::clicked, this, [this] {
+        const RunScope scope(this);
+        start->BeginList();
+    });
     for (int topic = 0;; ++topic) {
         auto *link = findChild<LinkLabel *>(u"lblHelp_"_s + QString::number(topic));
         if (!link)
