@@ -162,6 +162,7 @@ void tst_PasteList::cleanup()
     for (frmNumberList *each : lists())
         each->Unload();
     qDeleteAll(qApp->findChildren<NumberListRun *>());
+    JobEvents::Of().disconnect(this);
     EntryTest::cleanup();
 }
 
@@ -359,6 +360,8 @@ void tst_PasteList::whatHasComeOfEach()
         court.Expect(requestOf(n)).Reply(summaryOf(n));
     desk->Desk.ConnectTo(court);
     hurry();
+    // The run pauses before each tab.
+    desk->Desk.Time.Run(0.2);
     QCOMPARE(paste(kingNumbers(12), retrieve).size(), 10);
     QTRY_COMPARE_WITH_TIMEOUT(outcomes(),
                               (QStringList{u"Found"_s, u"Not found"_s, u"Not found"_s, u"Failed"_s,
