@@ -27,6 +27,8 @@ struct BatchRow
 {
     QString Number;
     QString County; ///< the text of its county box, "---- NO SELECTION ----" included
+
+    bool operator==(const BatchRow &) const = default;
 };
 
 /// What an unset county box of the batch reads.
@@ -62,4 +64,6 @@ struct SearchEntry
     QString ToYear;
 
     std::array<BatchRow, 10> Batch;
+
+    bool operator==(const SearchEntry &) const = default;
 };

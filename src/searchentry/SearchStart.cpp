@@ -18,6 +18,7 @@
 #include "searchentry/RecentsOnForm.h"
 #include "searchentry/SearchControls.h"
 #include "searchentry/SearchDispatch.h"
+#include "searchentry/SlipNote.h"
 #include "searchentry/frmAccounting.h"
 #include "searchentry/frmNumberList.h"
 #include "searchentry/frmPasteList.h"
@@ -224,6 +225,7 @@ void SearchStart::dispatch(const SearchEntry &entry, const QString &code)
             if (shown.Type == recents.Shown().Type)
                 recents.Fill(shown);
             recents.Show();
+            slips.Started(entry);
             break;
         case DispatchResult::Nothing:
             break;
@@ -289,6 +291,7 @@ void SearchStart::RunBatchSearch(const SearchEntry &entry, bool autoPrint)
     try {
         for (const CaseStart &start : BatchFields(entry))
             LaunchBatchCase(start, *code, autoPrint);
+        slips.Started(entry);
     } catch (const RunTimeError &error) {
         reportRequestError(error.Description());
     }

@@ -10,6 +10,7 @@
 
 class QLineEdit;
 class RecentsOnForm;
+class SlipNote;
 class frmSearchWA;
 struct SearchControls;
 
@@ -23,8 +24,9 @@ class SearchStart : private FormTalk
 {
 public:
     /// Starts the searches of this form. What was searched for goes to the recent entries.
-    SearchStart(frmSearchWA &window, SearchControls &controls, RecentsOnForm &recentEntries)
-        : form(window), ui(controls), recents(recentEntries)
+    SearchStart(frmSearchWA &window, SearchControls &controls, RecentsOnForm &recentEntries,
+                SlipNote &note)
+        : form(window), ui(controls), recents(recentEntries), slips(note)
     {
     }
 
@@ -73,6 +75,7 @@ private:
     frmSearchWA &form;
     SearchControls &ui;
     RecentsOnForm &recents;
+    SlipNote &slips;
     QString pastedList;    ///< a list that was put in and not started, for the next time
     bool building = false; ///< from the click on Start Search until its windows wait
 };
