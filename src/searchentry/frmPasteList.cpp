@@ -17,10 +17,10 @@ constexpr int typingMilliseconds = 250;
 const ListLayout &layoutOfPasted()
 {
     static const ListLayout layout{u"PastedNumbers"_s,
-                                   {{u"Case Number"_s, 2100},
-                                    {u"Court"_s, 3600},
-                                    {u"Line"_s, 700, Qt::AlignRight},
-                                    {u"What Is Made of It"_s, 2400}}};
+                                   {{u"Case Number"_s, 1900},
+                                    {u"County"_s, 1200},
+                                    {u"Line"_s, 700, Qt::AlignHCenter},
+                                    {u"What Is Made of It"_s, 4800}}};
     return layout;
 }
 } // namespace
@@ -29,6 +29,7 @@ frmPasteList::frmPasteList(const NumberListCourt &place, const QString &text, QW
     : QDialog(parent), ui(std::make_unique<Ui::frmPasteList>()), court(place), readTimer(this)
 {
     ui->setupUi(this);
+    setWindowTitle(windowTitle() + u" - "_s + CourtOf(court.Court).Display);
     ui->lvNumbers->SetColumns(layoutOfPasted());
     ui->lvNumbers->List()->SetCheckBoxes(true);
     listCounties();
@@ -87,11 +88,8 @@ void frmPasteList::showNumbers()
         RowTable *rows = ui->lvNumbers->List()->Rows();
         rows->Clear();
         for (const ListedNumber &listed : std::as_const(numbers)) {
-            const QString place =
-                listed.County.isEmpty()
-                    ? QString()
-                    : CourtsOfCounty(listed.County, court.Court, court.DistrictCourt);
-            rows->AddRow({listed.Number, place, QString::number(listed.Line), VerdictText(listed)});
+            rows->AddRow(
+                {listed.Number, listed.County, QString::number(listed.Line), VerdictText(listed)});
             if (listed.CanStart())
                 rows->SetChecked(
                     rows->Count() - 1,
