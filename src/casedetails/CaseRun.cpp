@@ -223,6 +223,7 @@ void CaseJob::endInvalid()
 {
     ReleaseTurnOf(txtMasterKey);
     SetOver();
+    Record.NoSuchCase = true;
     setStatusText(u"Search Complete - Case Number Invalid"_s);
     Sheet.SetWarning({});
     Sheet.AllowPrint(true);
@@ -264,6 +265,7 @@ void CaseJob::endInError()
 void CaseJob::EndNotLocated(const QString &status, const QString &captionSuffix)
 {
     Record.NotLocated = true;
+    Record.NoSuchCase = true;
     ReleaseTurnOf(txtMasterKey);
     SetOver();
     setStatusText(status);

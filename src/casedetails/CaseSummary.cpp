@@ -58,6 +58,7 @@ void CaseJob::DoSummarySearch(const QString &request)
     try {
         summary.TabIncomplete = false;
         Record.NotLocated = false;
+        Record.NoSuchCase = false;
         UserQuestion = false;
         InvalidNumber = false;
         if (summary.TabNotRetrieved)
@@ -124,6 +125,7 @@ void CaseJob::takeSummaryError(const QString &line, SummaryRead &read)
 {
     const SummaryError error = ReadSummaryError(line);
     read.ErrorText = error.Text;
+    Record.NoSuchCase |= IsNotOnFile(line);
     if (!error.LogLine.isEmpty())
         WriteAppInfo(error.LogLine);
     lboxResponses.AddItem(error.Response);

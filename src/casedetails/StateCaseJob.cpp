@@ -76,6 +76,7 @@ void StateCaseJob::applySummary(const SummaryView &view)
 {
     showHeader(view);
     InvalidNumber = view.InvalidNumber;
+    Record.NoSuchCase |= view.NoSuchCase;
     if (view.NotLocated)
         EndNotLocated(u"Search Stopped. Case Not Located."_s,
                       view.CaptionSuffix.value_or(QString()));

@@ -23,6 +23,7 @@ constexpr QStringView incompleteSummary =
 
 /// Below this a reply is no case.
 constexpr qsizetype fewestLines = 4;
+constexpr QStringView noSuchCase = u"case is not on file";
 
 constexpr std::array<QStringView, 2> noSuchBankruptcyCase{u"illegal case number", u"not found"};
 constexpr std::array<QStringView, 2> noSuchStateCase{u"error~requested case is not on file~",
@@ -52,7 +53,7 @@ constexpr std::array errorPhrases{
     ErrorPhrase{u"no servers available", ErrorKind::Incomplete, incompleteSummary},
     ErrorPhrase{u"scomis failed", ErrorKind::Incomplete, incompleteSummary},
     ErrorPhrase{invalidNumber, ErrorKind::ShownAsIs, {}},
-    ErrorPhrase{u"case is not on file", ErrorKind::ShownAsIs, {}},
+    ErrorPhrase{noSuchCase, ErrorKind::ShownAsIs, {}},
     ErrorPhrase{u"oregon courts are currently unavailable, please try later",
                 ErrorKind::Unavailable,
                 u"Search Incomplete. Oregon Courts Are Currently Unavailable."},
@@ -308,6 +309,11 @@ bool IsInvalidNumber(const QString &text)
     return holds(text, invalidNumber);
 }
 
+bool IsNotOnFile(const QString &text)
+{
+    return holds(text, noSuchCase);
+}
+
 SummaryError ReadSummaryError(const QString &line)
 {
     constexpr qsizetype errorWord = 5;
@@ -346,6 +352,7 @@ SummaryView ReadSummary(const SummaryContext &context, const QStringList &lines)
     if ((oregon || idaho) && first == notFound) {
         SummaryView view = closedView(context, notLocated);
         view.CourtName = CourtsOfCounty(context.CountyName, FamilyOfState(context.State));
+        view.NoSuchCase = true;
         return view;
     }
     if (idaho && first.toLower() == u"idaho courts are currently unavailable")

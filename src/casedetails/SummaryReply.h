@@ -25,6 +25,8 @@ SummaryLine ClassifySummaryLine(const QString &state, const QString &line);
 
 /// Whether a text of the court says that a number is none of a case.
 bool IsInvalidNumber(const QString &text);
+/// Whether an error line says that the court has no such case.
+bool IsNotOnFile(const QString &text);
 
 /// What an error line does.
 struct SummaryError
@@ -54,6 +56,7 @@ struct SummaryView
     bool ActivateSummary = false;
     bool Multiple = false;      ///< several bankruptcy cases are on the screen
     bool InvalidNumber = false; ///< the court says that the number is none of a case
+    bool NoSuchCase = false;    ///< the court says so
     bool NotLocated = false;    ///< the search is over: nothing came at all
 };
 

@@ -78,6 +78,7 @@ struct CaseRecord : CaseStart
     bool CanSearchNow = false;  ///< no run waits or goes on: the panel can start one
     bool SearchStopped = false; ///< the case was not asked for to its end
     bool NotLocated = false;    ///< the court has no such case
+    bool NoSuchCase = false;    ///< so it has, or it says so in one of its other ways
     QString Breakdown;          ///< the error that broke a run down, "" when none has
     bool HoldsQueue = false;    ///< that run has kept its place: what waits behind it is held up
 };

@@ -33,6 +33,12 @@ const DefaultCountyRow *rowOf(CourtFamily court)
 }
 } // namespace
 
+QString DefaultCountyOf(CourtFamily court)
+{
+    const DefaultCountyRow *row = rowOf(court);
+    return row ? Global.*row->county : QString();
+}
+
 void BatchEntries::LoadCounties(CourtFamily court)
 {
     const DefaultCountyRow *row = rowOf(court);

@@ -5,6 +5,9 @@
 class QWidget;
 struct SearchControls;
 
+/// The county that the user has made the usual one of this court's batches; "" without one.
+QString DefaultCountyOf(CourtFamily court);
+
 /// The ten rows of a batch, each with a number and a county.
 class BatchEntries
 {

@@ -81,6 +81,29 @@ QString withoutBranch(const QString &word)
     return isNumeric(bare) ? bare : word;
 }
 
+/// Gives the lines of a text one after the other, each as far as it is read and, when it is longer,
+/// by one character more.
+class LineCutter
+{
+public:
+    explicit LineCutter(QStringView all) : text(all) {}
+
+    bool AtEnd() const { return from > text.size(); }
+    QStringView Next()
+    {
+        qsizetype to = from;
+        while (to < text.size() && !lineEnds.contains(text[to]))
+            ++to;
+        const QStringView line = text.sliced(from, std::min(to - from, longestLine + 1));
+        from = to + (text.sliced(to).startsWith(u"\r\n") ? 2 : 1);
+        return line;
+    }
+
+private:
+    QStringView text;
+    qsizetype from = 0;
+};
+
 /// Reads the lines one after the other.
 class Reader
 {
@@ -250,21 +273,27 @@ QList<ListedNumber> ReadNumberList(const QString &text, const NumberListCourt &c
 {
     Reader reader(court);
     int number = 0;
-    for (qsizetype from = 0; from <= text.size();) {
+    for (LineCutter lines(text); !lines.AtEnd();) {
         if (number == mostLines || reader.IsFull()) {
             reader.Add(number + 1, {},
                        u"The list is not read from this line on: it is too long."_s);
             break;
         }
-        qsizetype to = from;
-        while (to < text.size() && !lineEnds.contains(text[to]))
-            ++to;
-        // Longer than is read by one character, so that the reader sees that there is more.
-        reader.Read(++number, text.mid(from, std::min(to - from, longestLine + 1)));
-        const bool twoCharacters = QStringView(text).sliced(to).startsWith(u"\r\n");
-        from = to + (twoCharacters ? 2 : 1);
+        reader.Read(++number, lines.Next().toString());
     }
     return reader.rows;
+}
+
+QString ReadablePart(const QString &text)
+{
+    QString part;
+    int number = 0;
+    for (LineCutter lines(text); !lines.AtEnd() && number <= mostLines; ++number) {
+        if (number > 0)
+            part += u'\n';
+        part += lines.Next();
+    }
+    return part;
 }
 
 QString VerdictText(const ListedNumber &listed)

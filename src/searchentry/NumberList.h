@@ -43,6 +43,9 @@ struct ListedNumber
 /// Of a text or a line without end the first part is read, and what was left is said in a row.
 QList<ListedNumber> ReadNumberList(const QString &text, const NumberListCourt &court);
 
+/// The part of a text that is read of it, and no more than it takes to see that there is more.
+QString ReadablePart(const QString &text);
+
 /// "Valid", or what is wrong with it.
 QString VerdictText(const ListedNumber &listed);
 

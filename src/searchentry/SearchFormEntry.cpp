@@ -4,6 +4,7 @@
 #include "searchentry/CourtDisclaimers.h"
 #include "searchentry/SearchControls.h"
 #include "searchentry/SearchStart.h"
+#include "searchentry/Slips.h"
 #include "searchentry/frmSearchWA.h"
 
 namespace {
@@ -19,6 +20,11 @@ SearchEntry frmSearchWA::Entry() const
     entry.Where = static_cast<SearchScope>(intSearchWhere);
     entry.InBatch = state.Batch;
     return entry;
+}
+
+QString frmSearchWA::SlipOnForm() const
+{
+    return SlipIn(Entry(), Shows(FormPart::Years) || Shows(FormPart::BankruptcyYears));
 }
 
 void frmSearchWA::AddRecordToSearchList()

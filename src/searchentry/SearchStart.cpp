@@ -1,5 +1,6 @@
 #include "searchentry/SearchStart.h"
 
+#include "controls/ModalDialog.h"
 #include "controls/MsgBox.h"
 #include "core/GlobalState.h"
 #include "core/Log.h"
@@ -8,17 +9,25 @@
 #include "core/TextUtilities.h"
 #include "core/TurnHold.h"
 #include "core/Windows1252.h"
+#include "searchentry/BatchEntries.h"
+#include "searchentry/CountyChoice.h"
 #include "searchentry/CourtDisclaimers.h"
 #include "searchentry/FieldRules.h"
+#include "searchentry/NumberListRun.h"
 #include "searchentry/NumberRequests.h"
 #include "searchentry/RecentsOnForm.h"
 #include "searchentry/SearchControls.h"
 #include "searchentry/SearchDispatch.h"
+#include "searchentry/SlipNote.h"
 #include "searchentry/frmAccounting.h"
+#include "searchentry/frmNumberList.h"
+#include "searchentry/frmPasteList.h"
 #include "searchentry/frmSearchWA.h"
 #include "session/frmLogin.h"
 #include "session/frmMain.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QScopedValueRollback>
 
 using namespace Qt::StringLiterals;
@@ -218,6 +227,7 @@ bool SearchStart::dispatch(const SearchEntry &entry, const QString &code)
             if (shown.Type == recents.Shown().Type)
                 recents.Fill(shown);
             recents.Show();
+            slips.Started(entry);
             return true;
         case DispatchResult::Nothing:
             break;
@@ -259,11 +269,11 @@ void SearchStart::BeginBatch(bool autoPrint)
         RunBatchSearch(entry, autoPrint);
 }
 
-void SearchStart::RunBatchSearch(const SearchEntry &entry, bool autoPrint)
+std::optional<QString> SearchStart::codeOfBatch()
 {
     if (form.IsUnloaded() || !loggedIn() || form.IsUnloaded()
         || !CourtDisclaimerAccepted(&form, true) || form.IsUnloaded())
-        return;
+        return {};
     Global.ClientAcctgCode.clear();
     QString code;
     if (accountingEnabled()) {
@@ -272,8 +282,16 @@ void SearchStart::RunBatchSearch(const SearchEntry &entry, bool autoPrint)
     }
     // The session may have ended under one of the boxes, or the form have gone.
     if (form.IsUnloaded() || !loggedIn() || form.IsUnloaded())
+        return {};
+    return code;
+}
+
+void SearchStart::RunBatchSearch(const SearchEntry &entry, bool autoPrint)
+{
+    const std::optional<QString> code = codeOfBatch();
+    if (!code)
         return;
-    launchBatch(entry, code, autoPrint);
+    launchBatch(entry, *code, autoPrint);
 }
 
 bool SearchStart::launchBatch(const SearchEntry &entry, const QString &code, bool autoPrint)
@@ -282,9 +300,41 @@ bool SearchStart::launchBatch(const SearchEntry &entry, const QString &code, boo
         const QList<CaseStart> cases = BatchFields(entry);
         for (const CaseStart &start : cases)
             LaunchBatchCase(start, code, autoPrint);
+        slips.Started(entry);
         return !cases.isEmpty();
     } catch (const RunTimeError &error) {
         reportRequestError(error.Description());
     }
     return false;
+}
+
+// ---- a list of numbers ----
+
+void SearchStart::BeginList()
+{
+    if (building)
+        return;
+    const QScopedValueRollback<bool> guard(building, true);
+    const TurnHold hold;
+    const SearchEntry entry = form.Entry();
+    const NumberListCourt court{entry.Court, entry.DistrictCourt, CountiesOf(entry.Court),
+                                DefaultCountyOf(entry.Court)};
+    // A list that did not come to be started is offered again, before what was copied since.
+    const QString text =
+        pastedList.isEmpty() ? ReadablePart(QApplication::clipboard()->text()) : pastedList;
+    ModalDialog<frmPasteList> dialog(court, text, &form);
+    const bool wanted = dialog.Run() == QDialog::Accepted && !dialog.IsGone();
+    if (dialog.IsGone() || form.IsUnloaded())
+        return;
+    pastedList = dialog->Text() == text ? QString() : dialog->Text();
+    const QList<ListedNumber> ticked = dialog->Ticked();
+    if (!wanted || ticked.isEmpty())
+        return;
+    pastedList = dialog->Text();
+    const bool prints = dialog->Prints();
+    const std::optional<QString> code = codeOfBatch();
+    if (!code)
+        return;
+    pastedList.clear();
+    frmNumberList::Follow(NumberListRun::Start(ticked, court, *code, prints));
 }

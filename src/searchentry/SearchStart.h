@@ -10,6 +10,7 @@
 
 class QLineEdit;
 class RecentsOnForm;
+class SlipNote;
 class frmSearchWA;
 struct SearchControls;
 
@@ -23,8 +24,9 @@ class SearchStart : private FormTalk
 {
 public:
     /// Starts the searches of this form. What was searched for goes to the recent entries.
-    SearchStart(frmSearchWA &window, SearchControls &controls, RecentsOnForm &recentEntries)
-        : form(window), ui(controls), recents(recentEntries)
+    SearchStart(frmSearchWA &window, SearchControls &controls, RecentsOnForm &recentEntries,
+                SlipNote &note)
+        : form(window), ui(controls), recents(recentEntries), slips(note)
     {
     }
 
@@ -43,6 +45,9 @@ public:
     bool PutBack(const SearchEntry &entry, const QString &code);
     /// Whether the notice of the courts of this search is accepted; asks when it is not yet.
     bool DisclaimerAccepted(const SearchEntry &entry);
+    /// Asks for a list of numbers, and starts those that are ticked as a batch. Nothing when a
+    /// search is being built already. The caller has a RunScope of the form.
+    void BeginList();
 
     /// The checks of what was entered, with the answer of the function of the same name. Numbers
     /// are rewritten in the court's own form, in `entry` and in their boxes.
@@ -70,6 +75,9 @@ private:
     bool checkedAgain(SearchEntry &entry);
     static bool accountingEnabled();
     static QString currentCode();
+    /// The login, the disclaimer and the client code of a batch: the code, or nothing when the
+    /// batch is not to begin.
+    std::optional<QString> codeOfBatch();
     void RunBatchSearch(const SearchEntry &entry, bool autoPrint);
     void reportNoRequests();
     void reportRequestError(const QString &description);
@@ -83,5 +91,7 @@ private:
     frmSearchWA &form;
     SearchControls &ui;
     RecentsOnForm &recents;
+    SlipNote &slips;
+    QString pastedList;    ///< a list that was put in and not started, for the next time
     bool building = false; ///< from the click on Start Search until its windows wait
 };

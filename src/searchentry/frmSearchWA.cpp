@@ -11,6 +11,7 @@
 #include "searchentry/SearchControls.h"
 #include "searchentry/SearchStart.h"
 #include "searchentry/SearchYears.h"
+#include "searchentry/SlipNote.h"
 #include "searchentry/frmAccounting.h"
 #include "session/frmMain.h"
 
@@ -113,7 +114,8 @@ frmSearchWA::frmSearchWA()
       discisCourts(std::make_unique<DiscisCourtChoice>(*ui, state)),
       recents(std::make_unique<RecentsOnForm>(*ui, state)),
       batch(std::make_unique<BatchEntries>(*ui)),
-      start(std::make_unique<SearchStart>(*this, *ui, *recents))
+      slips(std::make_unique<SlipNote>(*ui, [this] { return SlipOnForm(); })),
+      start(std::make_unique<SearchStart>(*this, *ui, *recents, *slips))
 {
     InitCountyRadioBtns();
     LoadJurisdictionList();
@@ -237,6 +239,10 @@ void frmSearchWA::Connect()
     for (size_t i = 0; i < ui->cmdBatchSearch.size(); ++i)
         connect(ui->cmdBatchSearch[i], &QAbstractButton::clicked, this,
                 [this, i] { cmdBatchSearch_Click(static_cast<int>(i)); });
+    connect(ui->cmdPasteList, &QAbstractButton::clicked, this, [this] {
+        const RunScope scope(this);
+        start->BeginList();
+    });
     for (int topic = 0;; ++topic) {
         auto *link = findChild<LinkLabel *>(u"lblHelp_"_s + QString::number(topic));
         if (!link)
@@ -324,6 +330,7 @@ void frmSearchWA::GoTo(FormState next)
     if (before.Kind != state.Kind || before.Batch != state.Batch)
         ShowMRU();
     reserveCharacters(*ui, state);
+    slips->LookAgain();
     // Whoever was in a box that has gone goes on in the first one that is there.
     if (focused && !focused->isVisibleTo(this))
         FocusFirstName();

@@ -14,6 +14,7 @@ class DiscisCourtChoice;
 class RecentsOnForm;
 class SearchStart;
 class SearchYears;
+class SlipNote;
 struct SearchControls;
 
 /// The one screen on which every search is entered. It never talks to the server: it makes the
@@ -122,6 +123,7 @@ private:
     void ShowParts();
     void FocusFirstName();
     bool Shows(FormPart part) const { return parts.testFlag(part); }
+    QString SlipOnForm() const;
 
     FormState state;
     FormParts parts;
@@ -135,5 +137,6 @@ private:
     const std::unique_ptr<DiscisCourtChoice> discisCourts;
     const std::unique_ptr<RecentsOnForm> recents;
     const std::unique_ptr<BatchEntries> batch;
+    const std::unique_ptr<SlipNote> slips;
     const std::unique_ptr<SearchStart> start;
 };

@@ -42,6 +42,8 @@ Q_SIGNALS:
     void HistoryWanted();
     /// Show what was asked for, by client code and month.
     void UsageWanted();
+    /// One session has ended, or another begun.
+    void SessionChanged();
     /// Help on a window of results.
     void ResultsHelpWanted();
     /// Help on a window of a case.

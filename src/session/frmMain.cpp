@@ -468,6 +468,7 @@ void frmMain::SessionChanged()
     ++sessionChanges;
     frmInactivity::CloseWarning();
     SettleQuestions(ui->mnuConnectionDisConnect);
+    Q_EMIT SessionEvents::Of().SessionChanged();
 }
 
 void frmMain::mnuConnnectionConnect_Click()

@@ -21,7 +21,10 @@
 #include "prefs/frmSearchHelp.h"
 #include "reports/PreviewDoc.h"
 #include "reports/dlgPrintMgr.h"
+#include "searchentry/NumberListRun.h"
 #include "searchentry/frmAccounting.h"
+#include "searchentry/frmNumberList.h"
+#include "searchentry/frmPasteList.h"
 #include "session/frmConnect.h"
 #include "session/frmConnectionStatus.h"
 #include "session/frmElapsedTime.h"
@@ -92,12 +95,31 @@ QWidget *make<PreviewDoc>()
     return preview;
 }
 
+template<>
+QWidget *make<frmPasteList>()
+{
+    return new frmPasteList({CourtFamily::Superior, false, {u"King"_s}, u"King"_s},
+                            u"05-2-02029-1\nno number"_s);
+}
+
+template<>
+QWidget *make<frmNumberList>()
+{
+    frmNumberList::Follow(NumberListRun::Start({}, {}, {}, false));
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget *window : windows) {
+        if (qobject_cast<frmNumberList *>(window))
+            return window;
+    }
+    return nullptr;
+}
+
 struct WindowRow
 {
     const char *name;
     QWidget *(*make)();
 };
-constexpr std::array<WindowRow, 26> windows{{
+constexpr std::array<WindowRow, 28> windows{{
     {"dlgPrintMgr", make<dlgPrintMgr>},
     {"frmAbout", make<frmAbout>},
     {"frmAccounting", make<frmAccounting>},
@@ -120,7 +142,9 @@ constexpr std::array<WindowRow, 26> windows{{
     {"frmNCCaseDetails", make<frmNCCaseDetails>},
     {"frmNameSearchResults", make<frmNameSearchResults>},
     {"frmNameSearchResultsHelp", make<frmNameSearchResultsHelp>},
+    {"frmNumberList", make<frmNumberList>},
     {"frmOpts", make<frmOpts>},
+    {"frmPasteList", make<frmPasteList>},
     {"frmSearchHelp", make<frmSearchHelp>},
     {"frmWaiting", make<frmWaiting>},
     {"PreviewDoc", make<PreviewDoc>},

@@ -1,0 +1,78 @@
+#include "searchentry/frmNumberList.h"
+
+#include "searchentry/NumberListRun.h"
+#include "session/frmMain.h"
+#include "tables/ResultListView.h"
+#include "tables/TableTools.h"
+#include "ui_frmNumberList.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+const ListLayout &layoutOfOutcomes()
+{
+    static const ListLayout layout{
+        u"NumbersAskedFor"_s, {{u"Case Number"_s, 2100}, {u"Court"_s, 3900}, {u"Outcome"_s, 2400}}};
+    return layout;
+}
+} // namespace
+
+frmNumberList::frmNumberList(NumberListRun *shown)
+    : ui(std::make_unique<Ui::frmNumberList>()), run(shown)
+{
+    ui->setupUi(this);
+    ui->lvNumbers->SetColumns(layoutOfOutcomes());
+    ui->lvNumbers->List()->UseRows(&run->Rows);
+    connect(run, &NumberListRun::Changed, this, &frmNumberList::showStatus);
+    connect(run, &NumberListRun::Ended, this, &frmNumberList::showStatus);
+    connect(ui->cmdStartNoMore, &QPushButton::clicked, run,
+            [this] { run->GiveUpRest(u"no more were wanted"_s); });
+    connect(ui->cmdCopyList, &QPushButton::clicked, this, &frmNumberList::copy);
+    connect(ui->cmdExportList, &QPushButton::clicked, ui->lvNumbers->Tools(),
+            &TableTools::ExportCsv);
+    connect(ui->cmdCloseList, &QPushButton::clicked, this, [this] { Unload(); });
+    showStatus();
+}
+
+frmNumberList::~frmNumberList() = default;
+
+void frmNumberList::Follow(NumberListRun *run)
+{
+    const auto window = std::make_shared<QPointer<frmNumberList>>(show(run));
+    connect(run, &NumberListRun::Ended, run, [run, window] {
+        if (!*window || (*window)->IsUnloaded())
+            *window = show(run);
+    });
+}
+
+frmNumberList *frmNumberList::show(NumberListRun *run)
+{
+    auto *window = new frmNumberList(run);
+    if (frmMain *main = frmMain::Form())
+        main->ShowChild(window);
+    else
+        static_cast<QWidget *>(window)->show();
+    return window;
+}
+
+void frmNumberList::Unloading()
+{
+    if (run && run->IsOver())
+        run->deleteLater();
+}
+
+void frmNumberList::showStatus()
+{
+    setWindowTitle(
+        (run->IsOver() ? u"List of Numbers - Done"_s : u"List of Numbers - Under Way"_s));
+    ui->lblListStatus->setText(run->Summary());
+    ui->cmdStartNoMore->setEnabled(run->HasRest());
+}
+
+/// All rows, with their headers: what a mail or a spreadsheet wants.
+void frmNumberList::copy()
+{
+    ui->lvNumbers->List()->Flush();
+    ui->lvNumbers->selectAll();
+    ui->lvNumbers->Tools()->Copy(true);
+}
