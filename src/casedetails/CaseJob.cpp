@@ -67,11 +67,6 @@ JobMatter CaseJob::Matter() const
     return {CaseNumberOf(Record.txtCaseNumber), court.isEmpty() ? Record.txtCountyName : court};
 }
 
-void CaseJob::setStatusText(const QString &text, StatusStyle style)
-{
-    SetStatus(text, style);
-}
-
 void CaseJob::ShowTab(CaseTab tab, bool incomplete, const QString &request)
 {
     const QStringList &lines = lboxResponses.Lines();

@@ -84,7 +84,6 @@ private:
 
     static constexpr int brokenDown = 911; ///< a value of FatalError
 
-    void setStatusText(const QString &text, StatusStyle style = StatusStyle::NormalBold);
     void BuildTabRequests();
     bool askOnDemand(CaseTabRecord &ofTab);
     /// Whether the list of documents counts.
@@ -136,7 +135,6 @@ private:
     RunEnd runOnDemandTab(CaseTab tab);
     void prepareOnDemand(CaseTab tab);
     void endOnDemand(RunEnd end);
-    void restoreOnDemandButtons();
 
     CaseTalk *talk = nullptr;
     bool CaseInvalid = false;  ///< the court says that it has no such case

@@ -33,7 +33,7 @@ void CaseJob::offerNextRun()
     if (IsGivenUp())
         return;
     if (onDemand) {
-        restoreOnDemandButtons();
+        Sheet.OfferOnDemand();
         return;
     }
     // The panel may be in sight, with tabs on it that have come since.
@@ -54,7 +54,7 @@ void CaseJob::SearchNow()
     txtMasterKey = MakeMasterKey();
     onDemand = true;
     Sheet.ChoiceStands = true;
-    setStatusText(JobKindOf(JobKindName::CaseOnDemand).Pending.toString());
+    SetStatus(JobKindOf(JobKindName::CaseOnDemand).Pending.toString(), StatusStyle::NormalBold);
     Q_EMIT StatusToBeSeen();
     Sheet.AllowPrint(false);
     StopRequested = false;
@@ -193,13 +193,6 @@ void CaseJob::endOnDemand(RunEnd end)
             showEndStatus();
         break;
     }
-    restoreOnDemandButtons();
+    Sheet.OfferOnDemand();
     Q_EMIT Ended(StopRequested);
-}
-
-void CaseJob::restoreOnDemandButtons()
-{
-    Sheet.SetOnDemandPanel();
-    Sheet.AllowSearchNow(true);
-    Sheet.AllowPrint(true);
 }

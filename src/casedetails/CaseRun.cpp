@@ -202,9 +202,9 @@ void CaseJob::endRun(RunEnd end)
 void CaseJob::showEndStatus()
 {
     if (Record.AnyTabIncomplete()) {
-        setStatusText(u"Search Incomplete!"_s, StatusStyle::TroubleBold);
+        SetStatus(u"Search Incomplete!"_s, StatusStyle::TroubleBold);
     } else {
-        setStatusText(u"Search Complete"_s);
+        SetStatus(u"Search Complete"_s, StatusStyle::NormalBold);
         Sheet.SetWarning({});
     }
 }
@@ -224,7 +224,7 @@ void CaseJob::endInvalid()
     ReleaseTurnOf(txtMasterKey);
     SetOver();
     Record.NoSuchCase = true;
-    setStatusText(u"Search Complete - Case Number Invalid"_s);
+    SetStatus(u"Search Complete - Case Number Invalid"_s, StatusStyle::NormalBold);
     Sheet.SetWarning({});
     Sheet.AllowPrint(true);
     Sheet.ToBegin(CaseTab::Summary);
@@ -235,7 +235,7 @@ void CaseJob::endStopped()
 {
     Withdraw();
     SetOver();
-    setStatusText(u"Search Stopped by User .."_s, StatusStyle::TroubleBold);
+    SetStatus(u"Search Stopped by User .."_s, StatusStyle::TroubleBold);
     Sheet.SetWarning(u"Warning: Some results may NOT have been retrieved .."_s);
     Sheet.AllowPrint(true);
     Record.SearchStopped = true;
@@ -245,7 +245,7 @@ void CaseJob::endStopped()
 
 void CaseJob::endClosed()
 {
-    setStatusText(u"Search Stopped - Form Closing .."_s, StatusStyle::TroubleBold);
+    SetStatus(u"Search Stopped - Form Closing .."_s, StatusStyle::TroubleBold);
     SetOver();
     Sheet.SetWarning(u"Closing Form .."_s);
     ReleaseTurnOf(txtMasterKey);
@@ -268,7 +268,7 @@ void CaseJob::EndNotLocated(const QString &status, const QString &captionSuffix)
     Record.NoSuchCase = true;
     ReleaseTurnOf(txtMasterKey);
     SetOver();
-    setStatusText(status);
+    SetStatus(status, StatusStyle::NormalBold);
     Q_EMIT FlashWanted();
     Sheet.SetHeader(&CaseRecord::Caption, Record.Caption + captionSuffix);
 }

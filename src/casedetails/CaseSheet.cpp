@@ -174,6 +174,13 @@ void CaseSheet::AllowSearchNow(bool allowed)
     Q_EMIT OfferChanged();
 }
 
+void CaseSheet::OfferOnDemand()
+{
+    SetOnDemandPanel();
+    AllowSearchNow(true);
+    AllowPrint(true);
+}
+
 void CaseSheet::AllowPrint(bool allowed)
 {
     Record.CanPrint = allowed;

@@ -59,6 +59,8 @@ public:
     void SetOnDemandPanel() { OfferMissing(ChoiceStands); }
     void AllowSearchNow(bool allowed);
     void AllowPrint(bool allowed);
+    /// A later run is over: what is still missing can be asked for again.
+    void OfferOnDemand();
 
     CaseRecord Record;
     bool ChoiceStands = false; ///< a later run waits or goes on: its ticks are the user's

@@ -64,7 +64,7 @@ void CaseJob::DoSummarySearch(const QString &request)
         if (summary.TabNotRetrieved)
             Sheet.SetWarning({});
         WriteAppInfo(texts.Retrieving);
-        setStatusText(texts.Retrieving);
+        SetStatus(texts.Retrieving, StatusStyle::NormalBold);
         summary.TabDone = false;
         lboxResponses.Clear();
         Sheet.SetAnswer(CaseTab::Summary, AnswerState::Asking);
@@ -79,7 +79,7 @@ void CaseJob::DoSummarySearch(const QString &request)
             lboxResponses.Clear();
             lboxResponses.AddItem(caseNotFound.toString());
             ShowSummaryResponse();
-            setStatusText(texts.Complete);
+            SetStatus(texts.Complete, StatusStyle::NormalBold);
             summaryComplete(request);
         } else {
             evaluateSummary(request, read);
@@ -100,7 +100,7 @@ bool CaseJob::takeSummaryLine(const QString &line, const QString &request, Summa
         lboxResponses.AddItem(caseNotFound.toString());
         Sheet.SetTitle(notAvailable.toString());
         Sheet.SetHeader(&CaseRecord::lblDateFiled, notAvailable.toString());
-        setStatusText(TextsOf(CaseTab::Summary).Complete);
+        SetStatus(TextsOf(CaseTab::Summary).Complete, StatusStyle::NormalBold);
         WriteAppInfo(TextsOf(CaseTab::Summary).AllReceived + request);
         break;
     case SummaryLine::NotOnFile:
@@ -164,7 +164,7 @@ void CaseJob::evaluateSummary(const QString &request, const SummaryRead &read)
         lboxResponses.Clear();
         lboxResponses.AddItem(idahoIsDown.toString());
     } else if (read.Warnings) {
-        setStatusText(warningsStatus.toString());
+        SetStatus(warningsStatus.toString(), StatusStyle::NormalBold);
         summaryIncomplete(request, read.ErrorText);
         return;
     } else if (stopHasCutSummaryShort()) {
@@ -177,7 +177,7 @@ void CaseJob::evaluateSummary(const QString &request, const SummaryRead &read)
     ShowSummaryResponse();
     // A reply that ended the search has said so itself.
     if (!Record.NotLocated)
-        setStatusText(TextsOf(CaseTab::Summary).Complete);
+        SetStatus(TextsOf(CaseTab::Summary).Complete, StatusStyle::NormalBold);
     summaryComplete(request);
 }
 
@@ -203,7 +203,7 @@ void CaseJob::summaryComplete(const QString &request)
 /// The reason stands where the Summary would, alone.
 void CaseJob::showFailedSummary(const QString &reason)
 {
-    setStatusText(warningsStatus.toString(), StatusStyle::TroubleBold);
+    SetStatus(warningsStatus.toString(), StatusStyle::TroubleBold);
     ShowSummaryFailure(reason);
     const QString shown = lboxResponses.List(0);
     InvalidNumber = IsInvalidNumber(shown);

@@ -80,7 +80,7 @@ void CaseJob::doTabSearch(CaseTab tab, const QString &request)
     WriteAppInfo(texts.Retrieving);
     ofTab.TabDone = false;
     lboxResponses.Clear();
-    setStatusText(texts.Retrieving);
+    SetStatus(texts.Retrieving, StatusStyle::NormalBold);
     Sheet.SetAnswer(tab, AnswerState::Asking);
     // The names are what a client is billed for, as the Summary is.
     SendTabRequest(request, tab == CaseTab::Names ? Record.ClientAcctgCode : QString());
@@ -92,7 +92,7 @@ void CaseJob::doTabSearch(CaseTab tab, const QString &request)
         WriteAppInfo(texts.AllReceived + request);
         Q_EMIT StatusToBeSeen();
         ShowTab(tab, false, request);
-        setStatusText(texts.Complete);
+        SetStatus(texts.Complete, StatusStyle::NormalBold);
         WriteAppInfo(texts.NormalExit);
         ofTab.TabDone = true;
         ofTab.TabIncomplete = false;
@@ -105,7 +105,7 @@ void CaseJob::doTabSearch(CaseTab tab, const QString &request)
     WriteAppInfo(texts.SearchIncomplete + request);
     WriteAppInfo(texts.SearchResult + result.Reason);
     ShowTab(tab, true, request);
-    setStatusText(texts.Incomplete);
+    SetStatus(texts.Incomplete, StatusStyle::NormalBold);
     Sheet.SetWarning(texts.Warning);
     ofTab.TabDone = false;
     ofTab.TabNotRetrieved = true;

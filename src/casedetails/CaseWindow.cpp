@@ -1,6 +1,7 @@
 #include "casedetails/CaseWindow.h"
 
 #include "casedetails/CaseAnswers.h"
+#include "casedetails/CaseWindows.h"
 #include "casedetails/OnDemandPanel.h"
 #include "casedetails/frmArbPrompt.h"
 #include "casedetails/frmOnDemand.h"
@@ -32,7 +33,7 @@ QList<CaseWindow *> &allCaseWindows()
 }
 } // namespace
 
-const QList<CaseWindow *> &CaseWindow::All()
+const QList<CaseWindow *> &AllCaseWindows()
 {
     return allCaseWindows();
 }

@@ -39,9 +39,6 @@ protected:
 public:
     ~CaseWindow() override;
 
-    /// Every case window that there is, in the order in which they were made.
-    static const QList<CaseWindow *> &All();
-
     /// Takes what the starter hands over.
     void Take(const CaseStart &start) { caseJob->Take(start); }
     /// The case and what has come of it.

@@ -2,6 +2,7 @@
 
 #include "casedetails/CaseIdentity.h"
 #include "casedetails/CaseWindow.h"
+#include "casedetails/CaseWindows.h"
 #include "controls/MsgBox.h"
 #include "controls/WindowPlace.h"
 #include "session/frmMain.h"
@@ -16,7 +17,7 @@ namespace {
 /// The newest window of this case, null when it has none.
 CaseWindow *windowOf(const QString &identity)
 {
-    const QList<CaseWindow *> &all = CaseWindow::All();
+    const QList<CaseWindow *> &all = AllCaseWindows();
     const auto found = std::find_if(all.rbegin(), all.rend(), [&](const CaseWindow *window) {
         return !window->IsUnloaded() && CaseIdentity(window->Record()) == identity;
     });

@@ -29,7 +29,7 @@ ResultKind CourtSearch::kindOfRows() const
 void CourtSearch::ShowSearchCriteria(int lineIndex)
 {
     if (KeepsGivenCriteria(Record.lblState)) {
-        SetCaption(Record.lblNameVal + u" in "_s + Record.txtCountyList);
+        SetText(&ResultsRecord::Caption, Record.lblNameVal + u" in "_s + Record.txtCountyList);
         return;
     }
     if (Record.chkIndexSearch)
@@ -37,9 +37,9 @@ void CourtSearch::ShowSearchCriteria(int lineIndex)
     const SearchCriteria criteria = CriteriaOf(
         lboxQueue.List(lineIndex), {Record.lblState, Record.chkIndexSearch, Record.txtCountyList});
     SetNameVal(criteria.Name);
-    SetCaseTypeVals(criteria.CaseTypes);
+    SetText(&ResultsRecord::lblCaseTypeVals, criteria.CaseTypes);
     if (!criteria.Caption.isEmpty())
-        SetCaption(criteria.Caption);
+        SetText(&ResultsRecord::Caption, criteria.Caption);
 }
 
 void CourtSearch::AddRow(const QString &row)

@@ -11,7 +11,10 @@ class DiscisResultsWindow : public NameResultsWindow
 {
     Q_OBJECT
 public:
-    void SetCourtCounty(const QString &text) { Search().SetCourtCounty(text); }
+    void SetCourtCounty(const QString &text)
+    {
+        Search().SetText(&ResultsRecord::lblCourtCounty, text);
+    }
     QString lblCourtCounty() const { return Search().Record.lblCourtCounty; }
 
 protected:

@@ -22,7 +22,7 @@ void DiscisSearch::ShowSearchCriteria(int lineIndex)
     const SearchCriteria criteria =
         DiscisCriteria(lboxQueue.List(lineIndex), Record.lblCourtCounty);
     SetNameVal(criteria.Name);
-    SetCaption(criteria.Caption);
+    SetText(&ResultsRecord::Caption, criteria.Caption);
 }
 
 void DiscisSearch::AddRow(const QString &row)
@@ -38,7 +38,7 @@ CaseStart DiscisSearch::CaseOf(const QStringList &cells) const
 void DiscisSearch::SetNameVal(const QString &text)
 {
     NameSearch::SetNameVal(text);
-    SetCaption(u"Name Search Results - "_s + text);
+    SetText(&ResultsRecord::Caption, u"Name Search Results - "_s + text);
 }
 
 CivilSearch::CivilSearch() : DiscisSearch(JobKindName::CivilNameSearch, ResultsWindow::DiscisCivil)
@@ -50,7 +50,7 @@ CivilSearch::CivilSearch() : DiscisSearch(JobKindName::CivilNameSearch, ResultsW
 void CivilSearch::ShowSearchCriteria(int lineIndex)
 {
     DiscisSearch::ShowSearchCriteria(lineIndex);
-    SetCaseTypeVals(u"CIVIL  CV"_s);
+    SetText(&ResultsRecord::lblCaseTypeVals, u"CIVIL  CV"_s);
 }
 
 NonCivilSearch::NonCivilSearch(DiscisDndSearch defendants)

@@ -44,9 +44,15 @@ public:
 
     void SetNameVal(const QString &text) { search->SetNameVal(text); }
     QString lblNameVal() const { return search->Record.lblNameVal; }
-    void SetCaption(const QString &text) { search->SetCaption(text); }
-    void SetCaseTypeVals(const QString &text) { search->SetCaseTypeVals(text); }
-    void SetTxtCountyList(const QString &text) { search->SetTxtCountyList(text); }
+    void SetCaption(const QString &text) { search->SetText(&ResultsRecord::Caption, text); }
+    void SetCaseTypeVals(const QString &text)
+    {
+        search->SetText(&ResultsRecord::lblCaseTypeVals, text);
+    }
+    void SetTxtCountyList(const QString &text)
+    {
+        search->SetText(&ResultsRecord::txtCountyList, text);
+    }
     QString txtCountyList() const { return search->Record.txtCountyList; }
 
     int RowCount() const { return search->RowCount(); }

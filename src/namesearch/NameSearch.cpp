@@ -397,30 +397,11 @@ void NameSearch::CountLater(int rows)
 
 void NameSearch::SetNameVal(const QString &text)
 {
-    Record.lblNameVal = text;
-    Q_EMIT Changed();
+    SetText(&ResultsRecord::lblNameVal, text);
 }
 
-void NameSearch::SetCaption(const QString &text)
+void NameSearch::SetText(QString ResultsRecord::*field, const QString &text)
 {
-    Record.Caption = text;
-    Q_EMIT Changed();
-}
-
-void NameSearch::SetCaseTypeVals(const QString &text)
-{
-    Record.lblCaseTypeVals = text;
-    Q_EMIT Changed();
-}
-
-void NameSearch::SetTxtCountyList(const QString &text)
-{
-    Record.txtCountyList = text;
-    Q_EMIT Changed();
-}
-
-void NameSearch::SetCourtCounty(const QString &text)
-{
-    Record.lblCourtCounty = text;
+    Record.*field = text;
     Q_EMIT Changed();
 }

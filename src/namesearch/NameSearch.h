@@ -69,10 +69,7 @@ public:
 
     /// Puts texts where the search and its starter want them, and tells whoever shows them.
     virtual void SetNameVal(const QString &text);
-    void SetCaption(const QString &text);
-    void SetCaseTypeVals(const QString &text);
-    void SetTxtCountyList(const QString &text);
-    void SetCourtCounty(const QString &text);
+    void SetText(QString ResultsRecord::*field, const QString &text);
 
     /// SortColumnName as it is at first.
     QString FirstSortColumn() const { return differences.sortColumn.toString(); }

@@ -190,7 +190,8 @@ CourtSearch *tst_CourtRecord::startIndex(const QStringList &replies)
     court->Expect(indexLine(1)).Reply(replies);
     desk->ConnectTo(*court);
     auto *search = new CourtSearch(u"WA"_s, true);
-    search->SetTxtCountyList(u"Adams, King County - Washington Superior Courts"_s);
+    search->SetText(&ResultsRecord::txtCountyList,
+                    u"Adams, King County - Washington Superior Courts"_s);
     return Start(search, {indexLine(1)});
 }
 
@@ -235,7 +236,7 @@ void tst_CourtRecord::aPersonHasALineOfTheirOwn()
     court->Expect(second).Reply({u"ERROR~Court is down~"_s, u"EOF~"_s});
     desk->ConnectTo(*court);
     auto *search = new NonCivilSearch(DiscisDndSearch::No);
-    search->SetCourtCounty(u"Statewide - All Counties"_s);
+    search->SetText(&ResultsRecord::lblCourtCounty, u"Statewide - All Counties"_s);
     Start(search, {line});
     QVERIFY(Finish(search));
     search->Names.SetChecked(0, true);
