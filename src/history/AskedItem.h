@@ -28,3 +28,8 @@ struct AskedItem
     QByteArray Origin;  ///< JSON that can ask for it again
     int Requests = -1;  ///< how many were sent for it, where the account is asked; -1 otherwise
 };
+
+/// The word of a kind, as the windows of the history write it.
+QString TextOfKind(AskedKind kind);
+/// A moment as they write it, to the minute: texts of one width, which sort as they read.
+QString TextOfMoment(const QDateTime &when);

@@ -15,7 +15,6 @@ constexpr int countMilliseconds = 250;
 
 constexpr std::array<QStringView, HistoryModel::Columns> headers{
     u"When", u"Kind", u"What", u"Where", u"Client Code", u"Outcome", u"Count"};
-constexpr std::array<QStringView, 3> kinds{u"Search", u"Case", u"Document"};
 
 QString outcomeOf(const AskedItem &item)
 {
@@ -28,9 +27,9 @@ QString cellOf(const AskedItem &item, int column)
 {
     switch (column) {
     case HistoryModel::When:
-        return item.When.toString(u"MM/dd/yyyy HH:mm"_s);
+        return TextOfMoment(item.When);
     case HistoryModel::Kind:
-        return kinds.at(static_cast<size_t>(item.Kind)).toString();
+        return TextOfKind(item.Kind);
     case HistoryModel::What:
         return item.What;
     case HistoryModel::Where:

@@ -1,6 +1,5 @@
 #include "history/frmUsage.h"
 
-#include "core/GeneralDate.h"
 #include "history/HistoryStore.h"
 #include "history/UsageReport.h"
 #include "reports/ReportViewer.h"
@@ -35,20 +34,11 @@ const std::array<ListColumn, 6> &behindColumns()
     return columns;
 }
 
-QString kindText(AskedKind kind)
-{
-    constexpr std::array<QStringView, 3> texts{u"Search", u"Case", u"Document"};
-    return texts.at(static_cast<size_t>(kind)).toString();
-}
-
 QStringList behindCells(const AskedItem &item)
 {
-    return {GeneralDate(item.When, ClockTime::ToTheMinute),
-            kindText(item.Kind),
-            item.What,
-            item.Where,
-            item.Outcome,
-            QString::number(item.Requests)};
+    return {
+        TextOfMoment(item.When),       TextOfKind(item.Kind), item.What, item.Where, item.Outcome,
+        QString::number(item.Requests)};
 }
 
 QString noteOf(bool open, bool empty)

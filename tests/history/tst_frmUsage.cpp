@@ -2,7 +2,6 @@
 
 #include "controls/SaveDialog.h"
 #include "core/Clock.h"
-#include "core/GeneralDate.h"
 #include "history/HistoryStore.h"
 #include "history/frmUsage.h"
 #include "reports/NotingViewer.h"
@@ -123,7 +122,7 @@ void tst_frmUsage::theLinesBehindTheSelectedOne()
     QCOMPARE(rowsOf(&window, "listBehind").size(), 1);
     auto *list = Child<ResultListView>(&window, "listUsage");
     list->selectRow(1);
-    const auto date = [](int day) { return GeneralDate(at(11, day), ClockTime::ToTheMinute); };
+    const auto date = [](int day) { return u"11/0%1/2026 10:30"_s.arg(day); };
     QCOMPARE(
         rowsOf(&window, "listBehind"),
         QList<QStringList>(
