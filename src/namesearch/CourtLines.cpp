@@ -40,6 +40,13 @@ QList<qsizetype> CourtLines::missing() const
     return found;
 }
 
+bool CourtLines::IsWhole() const
+{
+    return std::all_of(lines.begin(), lines.end(), [](const CourtAnswer &line) {
+        return line.State == AnswerState::Found || line.State == AnswerState::None;
+    });
+}
+
 const QList<qsizetype> &CourtLines::BeginRetry()
 {
     toRetry = missing();

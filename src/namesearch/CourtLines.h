@@ -28,7 +28,9 @@ public:
 
     /// Whether a line has something missing.
     bool AnyMissing() const { return !missing().isEmpty(); }
-    /// Those lines wait again. Gives their numbers, in order.
+    /// Whether every line has its answer, and none more than it lists.
+    bool IsWhole() const;
+    /// The lines with something missing wait again. Gives their numbers, in order.
     const QList<qsizetype> &BeginRetry();
     /// What has come of them, in a sentence.
     QString RetryResult(bool stopped) const;
