@@ -117,6 +117,9 @@ bool PutBack(const AskedItem &item)
     const std::optional<SearchEntry> entered = entryOf(item);
     if (entered && !frmSearchWA::Form().Start().DisclaimerAccepted(*entered))
         return false;
+    // The session may have ended under the court's notice.
+    if (!Global.bLoggedIn)
+        return false;
     return launchCase(item, true) || launchDocuments(item);
 }
 
