@@ -2,6 +2,7 @@
 
 #include "casedetails/CaseWindow.h"
 #include "casedetails/CaseWindows.h"
+#include "casedetails/OpenCases.h"
 #include "controls/MsgBox.h"
 #include "core/GlobalState.h"
 #include "core/Log.h"
@@ -76,6 +77,14 @@ bool mayBegin()
     return false;
 }
 
+/// A case that has a window already is offered first, as by a list.
+bool mayOpen(const AskedItem &item)
+{
+    const std::optional<CaseStart> start = CaseStartOf(item.Origin);
+    // The session may have ended under that question.
+    return !start || (MayOpenCase(frmMain::Form(), *start) && mayBegin());
+}
+
 void tellUnknown()
 {
     MsgBox(frmMain::Form(),
@@ -106,7 +115,7 @@ void AskAgain(const AskedItem &item)
         tellUnknown();
     else if (const std::optional<SearchEntry> entry = entryOf(item))
         frmSearchWA::Form().Start().BeginAgain(*entry, item.ClientCode);
-    else if (mayBegin() && !launchCase(item, false))
+    else if (mayBegin() && mayOpen(item) && !launchCase(item, false))
         launchDocuments(item);
 }
 
@@ -116,6 +125,9 @@ bool PutBack(const AskedItem &item)
         return frmSearchWA::Form().Start().PutBack(*entry, item.ClientCode);
     const std::optional<SearchEntry> entered = entryOf(item);
     if (entered && !frmSearchWA::Form().Start().DisclaimerAccepted(*entered))
+        return false;
+    // The session may have ended under the court's notice.
+    if (!Global.bLoggedIn)
         return false;
     return launchCase(item, true) || launchDocuments(item);
 }

@@ -16,6 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 constexpr int lookMilliseconds = 100;
+constexpr QStringView notRun = u"Had not run when the program ended.";
 
 /// Waits for a moment in which nothing else is asked, and asks then.
 class PutBackOffer : public QObject
@@ -76,14 +77,19 @@ void PutBackOffer::offer()
                         && MsgBox(frmMain::Form(), questionOf(items.size()), u"History"_s,
                                   MsgButtons::YesNo, MsgIcon::Question)
                                == MsgAnswer::Yes;
-    // The session may have ended under the question: then it comes again with the next one.
-    if (wanted && !Global.bLoggedIn)
+    if (!wanted) {
+        store.Settle(idsOf(left), notRun.toString());
         return;
-    store.Settle(idsOf(left), u"Had not run when the program ended."_s);
+    }
     const TurnHold hold;
-    for (const AskedItem &item : std::as_const(items)) {
-        if (wanted && PutBack(item))
-            store.Settle({item.Id}, u"Had not run when the program ended. Put back."_s);
+    for (const AskedItem &item : left) {
+        // The session may have ended under this question, or under that of one before: then what is
+        // left is asked about again in the next one.
+        if (!Global.bLoggedIn)
+            return;
+        const bool isBack = CanBeAsked(item) && PutBack(item);
+        if (isBack || Global.bLoggedIn)
+            store.Settle({item.Id}, notRun.toString() + (isBack ? u" Put back."_s : QString()));
     }
 }
 } // namespace

@@ -55,7 +55,8 @@ void billToCodeInForce(QList<DocumentStart> &documents)
 /// Opens a case that another one names.
 void openLinked(QWidget *window, CaseStart start)
 {
-    if (!MayOpenCase(window, start))
+    // The session may have ended under the question about a case that is open already.
+    if (!MayOpenCase(window, start) || !mayBegin(window))
         return;
     start.ClientAcctgCode = codeInForce(start.ClientAcctgCode);
     NewWindow form(new frmCaseDetails);

@@ -7,6 +7,15 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+/// What a row is known by. Two rows of one answer have the same one time in billions.
+quint64 hashOf(const QString &row)
+{
+    static_assert(sizeof(size_t) == sizeof(quint64));
+    return qHash(row);
+}
+} // namespace
+
 void CourtLines::List(const QStringList &requests,
                       const std::function<QString(const QString &request)> &courtOf)
 {
@@ -38,6 +47,13 @@ QList<qsizetype> CourtLines::missing() const
             found.append(i);
     }
     return found;
+}
+
+bool CourtLines::IsWhole() const
+{
+    return std::all_of(lines.begin(), lines.end(), [](const CourtAnswer &line) {
+        return line.State == AnswerState::Found || line.State == AnswerState::None;
+    });
 }
 
 const QList<qsizetype> &CourtLines::BeginRetry()
@@ -77,9 +93,10 @@ bool CourtLines::TakeRow(const QString &row, bool isName)
 {
     if (asked < 0)
         return true;
-    ++came[row];
+    const quint64 hash = hashOf(row);
+    came.append(hash);
     ++(isName ? lines[asked].Names : lines[asked].Cases);
-    const auto known = expected.find(row);
+    const auto known = expected.find(hash);
     if (known == expected.end() || known.value() == 0) {
         ++added;
         return true;
@@ -122,11 +139,14 @@ void CourtLines::end(AnswerState state)
         parts.remove(answer.Request);
     } else {
         // What came before is in the list still, whether or not it came again this time.
-        QHash<QString, int> &inList = parts[answer.Request];
-        for (auto row = came.cbegin(); row != came.cend(); ++row)
+        RowCounts now;
+        for (const quint64 row : std::as_const(came))
+            ++now[row];
+        RowCounts &inList = parts[answer.Request];
+        for (auto row = now.cbegin(); row != now.cend(); ++row)
             inList[row.key()] = std::max(inList.value(row.key()), row.value());
     }
-    came.clear();
+    came = {};
     expected.clear();
 }
 

@@ -28,7 +28,9 @@ public:
 
     /// Whether a line has something missing.
     bool AnyMissing() const { return !missing().isEmpty(); }
-    /// Those lines wait again. Gives their numbers, in order.
+    /// Whether every line has its answer, and none more than it lists.
+    bool IsWhole() const;
+    /// The lines with something missing wait again. Gives their numbers, in order.
     const QList<qsizetype> &BeginRetry();
     /// What has come of them, in a sentence.
     QString RetryResult(bool stopped) const;
@@ -61,9 +63,13 @@ private:
     QList<qsizetype> toRetry;
     int added = 0; ///< rows that the retry has brought
     float startedAt = 0;
-    QHash<QString, int> came; ///< the rows of this answer, and how often each has come
+    /// The rows of this answer, by their hashes: any answer can still end in the middle, but nearly
+    /// all come whole, and those of a hundred thousand rows must cost nearly nothing.
+    QList<quint64> came;
 
-    /// The rows of a request that came in part, and those of them that are yet to come again.
-    QHash<QString, QHash<QString, int>> parts;
-    QHash<QString, int> expected;
+    /// How often each row of a request that came in part is in the list, and which of them are yet
+    /// to come again.
+    using RowCounts = QHash<quint64, int>;
+    QHash<QString, RowCounts> parts; ///< by request
+    RowCounts expected;
 };

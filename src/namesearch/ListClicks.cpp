@@ -87,7 +87,8 @@ void NameResultsWindow::chooseRow(int row)
     if (row < 0)
         return;
     const RunScope scope(this);
-    if (MaySearch() && mayOpenRow(row))
+    // The session may have ended under the question about a case that is open already.
+    if (MaySearch() && mayOpenRow(row) && MaySearch())
         OpenCaseFromRow(row);
 }
 

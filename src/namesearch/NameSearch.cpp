@@ -88,7 +88,7 @@ void NameSearch::ProcessSearchRequests()
     if (retrying) {
         const SearchOutcome outcome = runSafely(&NameSearch::runRetry);
         EndRetry(outcome);
-        Q_EMIT RunEnded(outcome == SearchOutcome::Completed && !CanRetry());
+        Q_EMIT RunEnded(outcome == SearchOutcome::Completed && courts.IsWhole());
         return;
     }
     if (lboxQueue.ListCount() == 0) {

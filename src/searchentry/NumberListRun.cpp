@@ -47,7 +47,7 @@ QList<NumberListRun *> &runs()
     return all;
 }
 
-/// What has come of a case that is over.
+/// What has come of a case that is over, or broke down.
 Outcome outcomeOf(const CaseJob &job)
 {
     const CaseRecord &record = job.Record;
@@ -58,7 +58,8 @@ Outcome outcomeOf(const CaseJob &job)
         return Outcome::NotFound;
     if (!summary.TabDone || summary.Table.IsMessage())
         return Outcome::Failed;
-    return record.AnyTabIncomplete() ? Outcome::Incomplete : Outcome::Found;
+    const bool isWhole = !record.AnyTabIncomplete() && !job.KeepsPlace();
+    return isWhole ? Outcome::Found : Outcome::Incomplete;
 }
 
 bool sessionEnds()
@@ -67,10 +68,16 @@ bool sessionEnds()
 }
 
 /// A window that comes up by itself does not take the keyboard from the one that the user is in.
+/// Nobody is in one that is out of sight, and it stays there.
 class KeepsFront
 {
 public:
-    KeepsFront() : main(frmMain::Form()), front(main ? main->ActiveChild() : nullptr) {}
+    KeepsFront() : main(frmMain::Form()), front(main ? main->ActiveChild() : nullptr)
+    {
+        const QWidget *frame = front ? front->parentWidget() : nullptr;
+        if (frame && (frame->isHidden() || frame->isMinimized()))
+            front = nullptr;
+    }
     ~KeepsFront()
     {
         if (main && front && !front->IsUnloaded())
@@ -98,6 +105,11 @@ NumberListRun::NumberListRun(const QList<ListedNumber> &numbers, const NumberLis
         }
     }
     connect(&JobEvents::Of(), &JobEvents::Over, this, &NumberListRun::jobOver);
+    // Nobody comes back to a run that broke down: it is never over.
+    connect(&JobEvents::Of(), &JobEvents::TurnOver, this, [this](Job *job) {
+        if (job->KeepsPlace())
+            jobOver(job);
+    });
     connect(&SessionEvents::Of(), &SessionEvents::SessionChanged, this,
             [this] { GiveUpRest(u"the session ended"_s); });
     runs().append(this);

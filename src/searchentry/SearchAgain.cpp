@@ -64,5 +64,7 @@ bool SearchStart::PutBack(const SearchEntry &entry, const QString &code)
     const FormWindow::RunScope scope(&form);
     const QScopedValueRollback<bool> guard(building, true);
     const TurnHold hold;
-    return DisclaimerAccepted(entry) && !form.IsUnloaded() && dispatch(entry, code);
+    // The session may have ended under the court's notice.
+    return DisclaimerAccepted(entry) && !form.IsUnloaded() && Global.bLoggedIn
+           && dispatch(entry, code);
 }

@@ -1,5 +1,6 @@
 #include "searchentry/frmNumberList.h"
 
+#include "controls/MsgBox.h"
 #include "searchentry/NumberListRun.h"
 #include "session/frmMain.h"
 #include "tables/ResultListView.h"
@@ -9,6 +10,8 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+constexpr QStringView noMoreWanted = u"no more were wanted";
+
 const ListLayout &layoutOfOutcomes()
 {
     static const ListLayout layout{
@@ -26,11 +29,12 @@ frmNumberList::frmNumberList(NumberListRun *shown)
     connect(run, &NumberListRun::Changed, this, &frmNumberList::showStatus);
     connect(run, &NumberListRun::Ended, this, &frmNumberList::showStatus);
     connect(ui->cmdStartNoMore, &QPushButton::clicked, run,
-            [this] { run->GiveUpRest(u"no more were wanted"_s); });
+            [this] { run->GiveUpRest(noMoreWanted.toString()); });
     connect(ui->cmdCopyList, &QPushButton::clicked, this, &frmNumberList::copy);
     connect(ui->cmdExportList, &QPushButton::clicked, ui->lvNumbers->Tools(),
             &TableTools::ExportCsv);
-    connect(ui->cmdCloseList, &QPushButton::clicked, this, [this] { Unload(); });
+    connect(ui->cmdCloseList, &QPushButton::clicked, this,
+            [this] { Unload(UnloadMode::ControlMenu); });
     showStatus();
 }
 
@@ -53,6 +57,24 @@ frmNumberList *frmNumberList::show(NumberListRun *run)
     else
         static_cast<QWidget *>(window)->show();
     return window;
+}
+
+/// Without this window nobody can stop what has not begun.
+bool frmNumberList::QueryUnload(UnloadMode mode)
+{
+    if (mode != UnloadMode::ControlMenu || !run->HasRest())
+        return true;
+    const RunScope scope(this);
+    const int answer =
+        MsgBoxChoice(this,
+                     u"Not all numbers of this list have been asked for. The others "
+                     "are asked for behind the closed window, which comes up again "
+                     "at the end."_s,
+                     u"List of Numbers"_s, MsgIcon::Question, {u"&Go On"_s, u"Start &No More"_s});
+    constexpr int startNoMore = 1;
+    if (answer == startNoMore && run)
+        run->GiveUpRest(noMoreWanted.toString());
+    return answer >= 0;
 }
 
 void frmNumberList::Unloading()

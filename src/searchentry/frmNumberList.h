@@ -23,6 +23,7 @@ public:
     ~frmNumberList() override;
 
 protected:
+    bool QueryUnload(UnloadMode mode) override;
     void Unloading() override;
 
 private:

@@ -114,6 +114,7 @@ private Q_SLOTS:
     void notWhileAnotherQuestionStands();
     void notWhenTheSessionIsGone();
     void aSessionThatEndsUnderTheQuestionLeavesThem();
+    void aSessionThatEndsUnderANoticeLeavesTheRest();
     void aDeclinedNoticeLeavesItOut();
     void nothingRunsUnderTheQuestion();
 
@@ -289,6 +290,24 @@ void tst_PutBack::aSessionThatEndsUnderTheQuestionLeavesThem()
     settle();
     QCOMPARE(waiting(), QStringList());
     QCOMPARE(store().Unfinished().size(), 1);
+}
+
+void tst_PutBack::aSessionThatEndsUnderANoticeLeavesTheRest()
+{
+    leave({document(), searchFor(u"SMITH"_s), caseOf(u"02-1-00123-4"_s)});
+    beginSession([this] {
+        desk->Boxes.Meanwhile([] { Global.bShowAlerts = true; });
+        desk->Boxes.Expect(u"3 searches had not run. Put them back?"_s, title, MsgAnswer::Yes);
+        desk->Boxes.Meanwhile([] { Global.bLoggedIn = false; });
+        desk->Boxes.Expect(washingtonNotice, u"Washington State Courts"_s, MsgIcon::Exclamation,
+                           MsgAnswer::Yes, MsgButtons::YesNo);
+    });
+    untilAsked(3);
+    settle();
+    QCOMPARE(waiting(), QStringList{u"document for CODE document"_s});
+    // What was put back is not offered once more.
+    QCOMPARE(store().WaitUntilWritten(longEnough), true);
+    QCOMPARE(store().Unfinished().size(), 2);
 }
 
 void tst_PutBack::aDeclinedNoticeLeavesItOut()

@@ -7,6 +7,7 @@
 #include "history/frmHistory.h"
 #include "jobs/frmQueue.h"
 #include "namesearch/NameResultsWindow.h"
+#include "namesearch/OpeningUser.h"
 #include "records/StartText.h"
 #include "searchentry/EntryDesk.h"
 #include "searchentry/EntryText.h"
@@ -87,6 +88,8 @@ private Q_SLOTS:
     void searchAgainAsksAtOnce_data();
     void searchAgainAsksAtOnce();
     void aCaseThatIsOpenedAgainDoesNotPrint();
+    void aCaseThatIsOpenIsOffered_data();
+    void aCaseThatIsOpenIsOffered();
     void whoIsNotLoggedInIsAsked_data();
     void whoIsNotLoggedInIsAsked();
     void whatIsNotOfferedAnyMoreIsSaid();
@@ -326,6 +329,28 @@ void tst_frmHistory::aCaseThatIsOpenedAgainDoesNotPrint()
     open();
     const QList<JobWindow *> made = desk->NewWindows([this] { Click(window, "cmdAgain"); });
     QVERIFY(!qobject_cast<CaseWindow *>(made.value(0))->chkAutoPrint);
+}
+
+void tst_frmHistory::aCaseThatIsOpenIsOffered_data()
+{
+    QTest::addColumn<QString>("answer");
+    QTest::addColumn<int>("windows");
+    QTest::newRow("go to it") << u"Go To It"_s << 0;
+    QTest::newRow("open again") << u"Open Again"_s << 1;
+    QTest::newRow("cancel") << u"Cancel"_s << 0;
+}
+
+void tst_frmHistory::aCaseThatIsOpenIsOffered()
+{
+    QFETCH(QString, answer);
+    QFETCH(int, windows);
+    askForCase(u"02-1-00123-4"_s);
+    open();
+    const QList<JobWindow *> made = desk->NewWindows([this] { Click(window, "cmdAgain"); });
+    const auto *first = qobject_cast<CaseWindow *>(made.value(0));
+    QVERIFY(first);
+    desk->Desk.Boxes.ExpectChoice(IsOpenQuestion(first->windowTitle()), isOpenTitle, answer);
+    QCOMPARE(desk->NewWindows([this] { Click(window, "cmdAgain"); }).size(), windows);
 }
 
 void tst_frmHistory::whoIsNotLoggedInIsAsked_data()

@@ -23,6 +23,7 @@ private Q_SLOTS:
     void theListClosedUnderTheQuestion();
     void theCaseClosedUnderTheQuestion();
     void rowsThatBecameOthersUnderTheQuestion();
+    void theSessionEndedUnderTheQuestion();
     void districtCasesAreKnownByTheirCourt();
 
 private:
@@ -30,6 +31,14 @@ private:
     {
         court->Expect(RequestLine()).Reply(rows + QStringList{u"EOF~"_s});
         return Search(new frmNameSearchResults(u"WA"_s), {RequestLine()});
+    }
+    void expectLoginOffer()
+    {
+        desk->Boxes.Expect(
+            u"This Search Cannot be Started!\r\nThis is because you are not currently "
+            "Logged-In to the Halvane Server.\r\n\r\nDo you want to Login Now?"_s,
+            u"Cannot Perform Search! Not Logged In to Halvane"_s, MsgIcon::Exclamation,
+            MsgAnswer::No);
     }
     void expectQuestion(const QString &answer)
     {
@@ -129,10 +138,7 @@ void tst_CaseIsOpen::theLoginComesFirst()
     const frmNameSearchResults *window = finished({ResultLine(u"SMITH"_s)});
     ChooseRow(window, 0);
     Global.bLoggedIn = false;
-    desk->Boxes.Expect(u"This Search Cannot be Started!\r\nThis is because you are not currently "
-                       "Logged-In to the Halvane Server.\r\n\r\nDo you want to Login Now?"_s,
-                       u"Cannot Perform Search! Not Logged In to Halvane"_s, MsgIcon::Exclamation,
-                       MsgAnswer::No);
+    expectLoginOffer();
     ChooseRow(window, 0);
     QCOMPARE(CaseWindowsInQueue().size(), 1);
 }
@@ -168,6 +174,19 @@ void tst_CaseIsOpen::rowsThatBecameOthersUnderTheQuestion()
     expectQuestion(u"Open Again"_s);
     ChooseRow(window, 0);
     QCOMPARE(CaseWindowsInQueue().size(), 1);
+}
+
+/// A case without a session would break down, and hold up the queue.
+void tst_CaseIsOpen::theSessionEndedUnderTheQuestion()
+{
+    const frmNameSearchResults *window = finished({ResultLine(u"SMITH"_s)});
+    ChooseRow(window, 0);
+    desk->Boxes.Meanwhile([] { Global.bLoggedIn = false; });
+    expectQuestion(u"Open Again"_s);
+    expectLoginOffer();
+    ChooseRow(window, 0);
+    QCOMPARE(CaseWindowsInQueue().size(), 1);
+    QCOMPARE(frmQueue::Form().FIFO.ListCount(), 1);
 }
 
 void tst_CaseIsOpen::districtCasesAreKnownByTheirCourt()

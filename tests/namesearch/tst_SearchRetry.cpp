@@ -67,6 +67,8 @@ private Q_SLOTS:
     void aRowThatTheCourtSendsTwiceStaysTwo();
     void whatIsBehindTooManyCanBeAsked();
     void anEndlessListGivesWayToTheFirstRow();
+    void theRunIsWholeWhenNothingIsMissing_data();
+    void theRunIsWholeWhenNothingIsMissing();
     void aStopBeforeItsTurnLeavesItToBeTriedAgain();
     void aStopInTheMiddleLeavesTheRest();
     void aWishToLeaveBeforeItsTurnLeavesIt();
@@ -221,6 +223,35 @@ void tst_SearchRetry::anEndlessListGivesWayToTheFirstRow()
     QCOMPARE(columns.count(), 1);
     QCOMPARE(search->Record.RetryText, u"Retry ended: 1 of 1 answered, 1 row added."_s);
     QCOMPARE(search->Status.Text, u"Search Stopped - Max Results Reached: 0 Cases Retrieved."_s);
+}
+
+void tst_SearchRetry::theRunIsWholeWhenNothingIsMissing_data()
+{
+    QTest::addColumn<QStringList>("first");
+    QTest::addColumn<QStringList>("again");
+    QTest::addColumn<bool>("whole");
+    const QStringList some{ResultLine(u"A"_s), u"EOF~"_s};
+    const QStringList endless{u"This search resulted in more than 200 results.~"_s};
+    QTest::newRow("all has come") << some << some << true;
+    QTest::newRow("it fails again") << some << down << false;
+    QTest::newRow("another has too many to list") << endless << some << false;
+}
+
+void tst_SearchRetry::theRunIsWholeWhenNothingIsMissing()
+{
+    QFETCH(QStringList, first);
+    QFETCH(QStringList, again);
+    QFETCH(bool, whole);
+    court->Expect(adams).Reply(first);
+    // Too many end the search before the next court is asked.
+    if (first.contains(u"EOF~"_s))
+        court->Expect(king).Reply(down);
+    court->Expect(king).Reply(again);
+    CourtSearch *search = searched({adams, king});
+    const QSignalSpy ends(search, &NameSearch::RunEnded);
+    retry(search);
+    QCOMPARE(ends.count(), 1);
+    QCOMPARE(ends.first().first().toBool(), whole);
 }
 
 void tst_SearchRetry::aStopBeforeItsTurnLeavesItToBeTriedAgain()

@@ -82,13 +82,17 @@ private Q_SLOTS:
     void theCodeIsAskedForOnce();
     void theListOutlivesTheForm();
     void whatHasComeOfEach();
+    void aCaseThatBreaksDownIsNotWaitedFor();
     void theEndIsShownAgain();
     void aLogoutGivesUpTheRest_data();
     void aLogoutGivesUpTheRest();
     void noMoreAreStarted();
+    void closingTheListAsksAboutTheRest_data();
+    void closingTheListAsksAboutTheRest();
     void theOutcomesAreCopied();
     void casesOfTwoListsShareThePlaces();
     void theKeyboardStaysWhereItIs();
+    void whatIsMinimisedStaysSo();
     void printsWhenAsked();
 
 private:
@@ -137,6 +141,22 @@ private:
         return words;
     }
     static QString sum() { return TextOf(list(), "lblListStatus"); }
+    /// Eleven numbers, one of which waits, in a main window with the search form in front.
+    void withElevenInMain(const std::function<void(frmMain &, frmSearchWA &)> &act)
+    {
+        frmMain main;
+        main.show();
+        desk->Form()->Unload();
+        frmSearchWA::ShowForm();
+        frmSearchWA &form = frmSearchWA::Form();
+        const NumberListCourt king{CourtFamily::Superior, false, {u"King"_s}, u"King"_s};
+        const std::unique_ptr<NumberListRun> run(
+            NumberListRun::Start(ReadNumberList(kingNumbers(11), king), king, {}, false));
+        main.ShowChildAgain(&form);
+        QCOMPARE(main.ActiveChild(), &form);
+        act(main, form);
+        form.Unload();
+    }
     /// Jobs ask for their turn every millisecond from now on.
     void hurry()
     {
@@ -371,6 +391,24 @@ void tst_PasteList::whatHasComeOfEach()
     QCOMPARE(court.Complaints(), QString());
 }
 
+/// It keeps its place in the queue, but nothing more comes of it.
+void tst_PasteList::aCaseThatBreaksDownIsNotWaitedFor()
+{
+    CaseLines::FetchAtOnce(u"CaseSearchTabs"_s, {u"Docket"_s});
+    ScriptedCourt court;
+    court.Expect(requestOf(1)).Reply(summaryOf(1));
+    court.Expect(requestOf(1).replace(u"SUMMARY"_s, u"DOCKET"_s))
+        .Reply({u"GRIDDEF~Date~Entry~wide~80~"_s, u"01/02/2003~A~"_s, u"EOF~"_s});
+    desk->Desk.ConnectTo(court);
+    hurry();
+    desk->Desk.Time.Run(0.02);
+    const QList<JobWindow *> windows = paste(kingNumbers(1), retrieve);
+    QTRY_VERIFY(windows.first()->ShownJob()->KeepsPlace());
+    QTRY_COMPARE(outcomes(), QStringList{u"Found, but not complete"_s});
+    QCOMPARE(sum(), u"1 of 1 done: 1 found, but not complete."_s);
+    QCOMPARE(court.Complaints(), QString());
+}
+
 void tst_PasteList::theEndIsShownAgain()
 {
     const QList<JobWindow *> windows = paste(kingNumbers(2), retrieve);
@@ -427,6 +465,33 @@ void tst_PasteList::noMoreAreStarted()
     QCOMPARE(list()->windowTitle(), u"List of Numbers - Done"_s);
 }
 
+void tst_PasteList::closingTheListAsksAboutTheRest_data()
+{
+    QTest::addColumn<QString>("answer");
+    QTest::addColumn<bool>("closed");
+    QTest::addColumn<bool>("goesOn");
+    QTest::newRow("go on") << u"Go On"_s << true << true;
+    QTest::newRow("start no more") << u"Start No More"_s << true << false;
+    QTest::newRow("cancel") << u"Cancel"_s << false << true;
+}
+
+void tst_PasteList::closingTheListAsksAboutTheRest()
+{
+    QFETCH(QString, answer);
+    QFETCH(bool, closed);
+    QFETCH(bool, goesOn);
+    const QList<JobWindow *> windows = paste(kingNumbers(11), retrieve);
+    desk->Desk.Boxes.ExpectChoice(
+        u"Not all numbers of this list have been asked for. The others are asked for behind the "
+        "closed window, which comes up again at the end."_s,
+        u"List of Numbers"_s, answer);
+    QTest::mouseClick(ButtonOf(list(), "cmdCloseList"), Qt::LeftButton);
+    QCOMPARE(list() == nullptr, closed);
+    stop(windows.first());
+    Ticks(3);
+    QCOMPARE(OpenJobs().size(), goesOn ? 11 : 10);
+}
+
 void tst_PasteList::theOutcomesAreCopied()
 {
     paste(kingNumbers(1), retrieve);
@@ -453,21 +518,23 @@ void tst_PasteList::casesOfTwoListsShareThePlaces()
 
 void tst_PasteList::theKeyboardStaysWhereItIs()
 {
-    frmMain main;
-    main.show();
-    desk->Form()->Unload();
-    frmSearchWA::ShowForm();
-    frmSearchWA &form = frmSearchWA::Form();
-    NumberListRun *run = NumberListRun::Start(
-        ReadNumberList(kingNumbers(11), {CourtFamily::Superior, false, {u"King"_s}, u"King"_s}),
-        {CourtFamily::Superior, false, {u"King"_s}, u"King"_s}, {}, false);
-    main.ShowChildAgain(&form);
-    QCOMPARE(main.ActiveChild(), &form);
-    stop(OpenJobs().first());
-    QTRY_COMPARE(OpenJobs().size(), 11);
-    QCOMPARE(main.ActiveChild(), &form);
-    delete run;
-    form.Unload();
+    withElevenInMain([](frmMain &main, frmSearchWA &form) {
+        stop(OpenJobs().first());
+        QTRY_COMPARE(OpenJobs().size(), 11);
+        QCOMPARE(main.ActiveChild(), &form);
+    });
+}
+
+void tst_PasteList::whatIsMinimisedStaysSo()
+{
+    withElevenInMain([](const frmMain &main, const frmSearchWA &form) {
+        form.parentWidget()->showMinimized();
+        QCOMPARE(main.ActiveChild(), &form);
+        stop(OpenJobs().first());
+        QTRY_COMPARE(OpenJobs().size(), 11);
+        Ticks(3);
+        QVERIFY(form.parentWidget()->isMinimized());
+    });
 }
 
 void tst_PasteList::printsWhenAsked()
