@@ -2,16 +2,19 @@
 
 #include "history/HistoryStore.h"
 
+#include <QDeadlineTimer>
+
 #include <algorithm>
 #include <array>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 constexpr int rowsOfPage = 100;
 constexpr int mostPages = 20;
-/// Longer than from one key to the next.
-constexpr int countMilliseconds = 250;
+/// What a key waits for at most, and a stretch of the history more.
+constexpr int keyMilliseconds = 20;
 
 constexpr std::array<QStringView, HistoryModel::Columns> headers{
     u"When", u"Kind", u"What", u"Where", u"Client Code", u"Outcome", u"Count"};
@@ -56,63 +59,134 @@ int placeOf(qint64 id, const QList<AskedItem> &items)
 
 HistoryModel::HistoryModel(QObject *parent) : QAbstractTableModel(parent)
 {
-    countTimer.setSingleShot(true);
-    countTimer.setInterval(countMilliseconds);
-    connect(&countTimer, &QTimer::timeout, this, &HistoryModel::countRest);
+    timer.setInterval(0);
+    connect(&timer, &QTimer::timeout, this, &HistoryModel::goOn);
 }
 
-/// How many there are. What comes to its end within a page is counted without another look.
-int HistoryModel::count(const QList<AskedItem> &firstPage) const
+void HistoryModel::forgetPages()
 {
-    const auto size = static_cast<int>(firstPage.size());
-    return size < rowsOfPage ? size : HistoryStore::Of().CountOf(filter);
+    pages.clear();
+    pageOrder.clear();
 }
 
 void HistoryModel::SetFilter(const QString &words)
 {
     beginResetModel();
-    filter = words;
-    pages.clear();
-    pageOrder.clear();
-    const QList<AskedItem> &first = page(0);
-    const bool countsLater = !filter.isEmpty() && first.size() == rowsOfPage;
-    rows = countsLater ? rowsOfPage : count(first);
+    filter = words.simplified();
+    forgetPages();
+    timer.stop();
+    beginLook(false);
+    found.clear();
+    if (filter.isEmpty()) {
+        rows = HistoryStore::Of().CountOf({});
+        endResetModel();
+        return;
+    }
+    const QDeadlineTimer deadline(keyMilliseconds);
+    bool more = lookOn();
+    while (more && looked.size() < rowsOfPage && !deadline.hasExpired())
+        more = lookOn();
+    found = looked;
+    rows = static_cast<int>(found.size());
     endResetModel();
-    countTimer.stop();
-    if (countsLater)
-        countTimer.start();
+    if (more)
+        timer.start();
 }
 
-void HistoryModel::countRest()
+void HistoryModel::beginLook(bool again)
 {
-    const int all = HistoryStore::Of().CountOf(filter);
-    if (all > rows) {
-        beginInsertRows({}, rows, all - 1);
-        rows = all;
-        endInsertRows();
+    looked.clear();
+    below = std::numeric_limits<qint64>::max();
+    looksAgain = again;
+    changed = false;
+}
+
+/// False at the end.
+bool HistoryModel::lookOn()
+{
+    const FoundIds more = HistoryStore::Of().Found(filter, below);
+    looked += more.Ids;
+    below = more.Below;
+    return !more.AtEnd;
+}
+
+void HistoryModel::goOn()
+{
+    const bool more = lookOn();
+    if (!looksAgain)
+        showMore();
+    else if (!more)
+        showAgain();
+    if (!more) {
+        timer.stop();
+        looksAgain = false;
+        if (changed)
+            Refresh();
     }
-    Q_EMIT Counted();
+    Q_EMIT RowsCame();
+}
+
+/// What was found goes behind what is shown.
+void HistoryModel::showMore()
+{
+    if (looked.size() == found.size())
+        return;
+    const int last = rows / rowsOfPage;
+    beginInsertRows({}, rows, static_cast<int>(looked.size()) - 1);
+    // It was not full.
+    pages.remove(last);
+    pageOrder.removeOne(last);
+    found = looked;
+    rows = static_cast<int>(found.size());
+    endInsertRows();
+}
+
+/// What was found takes the place of what is shown.
+void HistoryModel::showAgain()
+{
+    const qsizetype come = found.isEmpty() ? -1 : looked.indexOf(found.first());
+    const bool onlyCame = come >= 0 && looked.sliced(come) == found;
+    if (!onlyCame)
+        beginResetModel();
+    else if (come > 0)
+        beginInsertRows({}, 0, static_cast<int>(come) - 1);
+    forgetPages();
+    found = looked;
+    rows = static_cast<int>(found.size());
+    if (!onlyCame)
+        endResetModel();
+    else if (come > 0)
+        endInsertRows();
+    if (rows > 0)
+        Q_EMIT dataChanged(index(0, 0), index(rows - 1, Columns - 1));
 }
 
 void HistoryModel::Refresh()
 {
-    if (!IsCounted()) {
-        SetFilter(filter);
-        return;
+    if (filter.isEmpty()) {
+        refreshAll();
+    } else if (timer.isActive()) {
+        changed = true;
+    } else {
+        beginLook(true);
+        timer.start();
     }
+}
+
+void HistoryModel::refreshAll()
+{
     const qint64 newest = rows > 0 ? ItemAt(0).Id : 0;
-    const QList<AskedItem> first = HistoryStore::Of().Items(filter, 0, rowsOfPage);
-    const int now = count(first);
+    const QList<AskedItem> first = HistoryStore::Of().Items({}, 0, rowsOfPage);
+    const int now = HistoryStore::Of().CountOf({});
     const int come = newest > 0 ? placeOf(newest, first) : -1;
     // Nothing but what stands above has changed the number of rows.
     if (come < 0 || now != rows + come) {
-        SetFilter(filter);
+        SetFilter({});
         return;
     }
     if (come > 0)
         beginInsertRows({}, 0, come - 1);
-    pages.clear();
-    pageOrder.clear();
+    forgetPages();
     rows = now;
     if (come > 0)
         endInsertRows();
@@ -121,13 +195,16 @@ void HistoryModel::Refresh()
 
 const QList<AskedItem> &HistoryModel::page(int number) const
 {
-    const auto found = pages.constFind(number);
-    if (found != pages.cend())
-        return *found;
+    const auto known = pages.constFind(number);
+    if (known != pages.cend())
+        return *known;
     if (pageOrder.size() == mostPages)
         pages.remove(pageOrder.takeFirst());
     pageOrder.append(number);
-    return *pages.insert(number, HistoryStore::Of().Items(filter, number * rowsOfPage, rowsOfPage));
+    const HistoryStore &store = HistoryStore::Of();
+    const int first = number * rowsOfPage;
+    return *pages.insert(number, filter.isEmpty() ? store.Items({}, first, rowsOfPage)
+                                                  : store.ItemsOf(found.mid(first, rowsOfPage)));
 }
 
 AskedItem HistoryModel::ItemAt(int row) const

@@ -18,13 +18,14 @@ public:
 
     explicit HistoryModel(QObject *parent = nullptr);
 
-    /// Shows what holds every word of this filter; all when it is empty.
+    /// Shows what holds every word of this filter; all when it is empty. What is not found within
+    /// some milliseconds comes as it is found: a key waits no longer than that, however large the
+    /// history is and however many words there are.
     void SetFilter(const QString &words);
-    /// All rows are there. Those beyond the first page of what a filter finds come a moment later:
-    /// counting them takes as long as finding them, and nobody wants it while typing.
-    bool IsCounted() const { return !countTimer.isActive(); }
-    /// Something was written: shows what has come and what has changed. Rows that stay are the same
-    /// to the view.
+    /// All rows are there.
+    bool IsCounted() const { return !timer.isActive() || looksAgain; }
+    /// Something was written: shows what has come and what has changed, with a filter as soon as it
+    /// is found. Rows that stay are the same to the view.
     void Refresh();
     /// The item of a row; one without an id when it is not there.
     AskedItem ItemAt(int row) const;
@@ -35,17 +36,27 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
 Q_SIGNALS:
-    /// All rows are there now.
-    void Counted();
+    /// Rows have come since the filter was set, or all are there now.
+    void RowsCame();
 
 private:
     const QList<AskedItem> &page(int number) const;
-    int count(const QList<AskedItem> &firstPage) const;
-    void countRest();
+    void forgetPages();
+    void beginLook(bool again);
+    bool lookOn();
+    void goOn();
+    void showMore();
+    void showAgain();
+    void refreshAll();
 
     QString filter;
-    QTimer countTimer;
     int rows = 0;
+    QList<qint64> found;     ///< with a filter: what is shown
+    QTimer timer;            ///< while a look goes on
+    QList<qint64> looked;    ///< what it has found
+    qint64 below = 0;        ///< where it goes on
+    bool looksAgain = false; ///< for the same filter: what is shown stays until it is through
+    bool changed = false;    ///< something was written meanwhile
     mutable QHash<int, QList<AskedItem>> pages;
     mutable QList<int> pageOrder; ///< of `pages`, the one that was fetched last at the end
 };

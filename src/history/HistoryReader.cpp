@@ -47,7 +47,7 @@ QString patternOf(QString word)
 WordFilter filterOf(const QString &text)
 {
     WordFilter filter;
-    const QStringList words = text.toCaseFolded().split(u' ', Qt::SkipEmptyParts);
+    const QStringList words = text.toCaseFolded().simplified().split(u' ', Qt::SkipEmptyParts);
     for (const QString &word : words) {
         filter.Condition += filter.Condition.isEmpty() ? u" WHERE "_s : u" AND "_s;
         filter.Condition += u"Words.Text LIKE ? ESCAPE '!'"_s;
@@ -81,6 +81,43 @@ int ReadCount(HistoryDatabase &database, const QString &filter)
     const WordFilter words = filterOf(filter);
     return database.Value(u"SELECT count(*) FROM Words"_s + words.Condition, words.Patterns)
         .toInt();
+}
+
+FoundIds ReadFound(HistoryDatabase &database, const QString &filter, qint64 below, int rows)
+{
+    const WordFilter words = filterOf(filter);
+    const QString stretch =
+        u" FROM (SELECT Id, Text FROM Words WHERE Id < ? ORDER BY Id DESC LIMIT "
+        "?) AS Words"_s;
+    FoundIds found;
+    const QVariant last = database.Value(u"SELECT min(Id)"_s + stretch, {below, rows});
+    found.AtEnd = last.isNull();
+    if (found.AtEnd)
+        return found;
+    found.Below = last.toLongLong();
+    QSqlQuery ids =
+        database.Ask(u"SELECT Id"_s + stretch + words.Condition + u" ORDER BY Id DESC"_s,
+                     QVariantList{below, rows} + words.Patterns);
+    while (ids.next())
+        found.Ids.append(ids.value(0).toLongLong());
+    return found;
+}
+
+QList<AskedItem> ReadItemsOf(HistoryDatabase &database, const QList<qint64> &ids)
+{
+    QVariantList values;
+    for (const qint64 id : ids)
+        values.append(id);
+    const QString marks = QStringList(ids.size(), u"?"_s).join(u',');
+    QHash<qint64, AskedItem> read;
+    const QList<AskedItem> rows = itemsOf(database.Ask(
+        u"SELECT "_s + itemColumns + u" FROM Asked WHERE Id IN ("_s + marks + u')', values));
+    for (const AskedItem &item : rows)
+        read.insert(item.Id, item);
+    QList<AskedItem> items;
+    for (const qint64 id : ids)
+        items.append(read.value(id));
+    return items;
 }
 
 QList<AskedItem> ReadUnfinished(HistoryDatabase &database)

@@ -28,6 +28,18 @@ struct HistoryUsage
 /// `offset` on, `count` at most.
 QList<AskedItem> ReadItems(HistoryDatabase &database, const QString &filter, int offset, int count);
 int ReadCount(HistoryDatabase &database, const QString &filter);
+
+/// What a filter finds in one stretch of the history.
+struct FoundIds
+{
+    QList<qint64> Ids; ///< newest first
+    qint64 Below = 0;  ///< where the next stretch begins
+    bool AtEnd = true; ///< there is no next one
+};
+/// Looks through the `rows` items that come next below this id, newest first.
+FoundIds ReadFound(HistoryDatabase &database, const QString &filter, qint64 below, int rows);
+/// These items, in their order; one without an id for what is not there any more.
+QList<AskedItem> ReadItemsOf(HistoryDatabase &database, const QList<qint64> &ids);
 /// What had not ended when a session did and was not settled since.
 QList<AskedItem> ReadUnfinished(HistoryDatabase &database);
 

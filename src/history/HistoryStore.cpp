@@ -13,6 +13,9 @@ namespace {
 /// How long a reader waits: for the file to be open, and for a program that holds it.
 constexpr int readMilliseconds = 50;
 constexpr int changeMilliseconds = 250;
+/// How many items are looked through at once: with five words, each of which stands in all of them,
+/// that takes some five milliseconds.
+constexpr int rowsOfStretch = 8'000;
 
 /// An id is the moment of asking, in microseconds: known at once, without a look into the file, and
 /// greater than every one before.
@@ -181,6 +184,18 @@ int HistoryStore::CountOf(const QString &filter) const
     if (knownCount.Version != version || knownCount.Filter != filter)
         knownCount = {filter, version, ReadCount(*database, filter)};
     return knownCount.Count;
+}
+
+FoundIds HistoryStore::Found(const QString &filter, qint64 below) const
+{
+    HistoryDatabase *database = reading();
+    return database ? ReadFound(*database, filter, below, rowsOfStretch) : FoundIds();
+}
+
+QList<AskedItem> HistoryStore::ItemsOf(const QList<qint64> &ids) const
+{
+    HistoryDatabase *database = reading();
+    return database ? ReadItemsOf(*database, ids) : QList<AskedItem>(ids.size());
 }
 
 QList<AskedItem> HistoryStore::Unfinished() const

@@ -86,6 +86,12 @@ public:
     /// in whatever case.
     QList<AskedItem> Items(const QString &filter, int offset, int count) const;
     int CountOf(const QString &filter) const;
+    /// The same a stretch at a time, for whoever must not wait for all of it: what the filter finds
+    /// among the items that come next below this id, so many of them that reading takes a few
+    /// milliseconds, whatever the filter.
+    FoundIds Found(const QString &filter, qint64 below) const;
+    /// These items, in their order; one without an id for what is not there any more.
+    QList<AskedItem> ItemsOf(const QList<qint64> &ids) const;
     /// What was waiting or running when an earlier session ended, oldest first.
     QList<AskedItem> Unfinished() const;
     /// These have ended so, and are no longer unfinished.

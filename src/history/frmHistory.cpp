@@ -73,7 +73,7 @@ frmHistory::frmHistory(QWidget *parent)
     ui->txtFilter->installEventFilter(this);
     connect(ui->txtFilter, &QLineEdit::textChanged, this, &frmHistory::filterChanged);
     connect(&HistoryStore::Of(), &HistoryStore::Changed, this, &frmHistory::refresh);
-    connect(model, &HistoryModel::Counted, this, &frmHistory::showCount);
+    connect(model, &HistoryModel::RowsCame, this, &frmHistory::rowsCame);
     connect(ui->tblHistory->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             &frmHistory::offerCommands);
     connect(ui->tblHistory, &QTableView::doubleClicked, this, &frmHistory::rowActivated);
@@ -172,15 +172,24 @@ void frmHistory::refresh()
     offerCommands();
 }
 
+/// The first row that is found is chosen.
+void frmHistory::rowsCame()
+{
+    if (!ui->tblHistory->currentIndex().isValid())
+        ui->tblHistory->selectRow(0);
+    showCount();
+    offerCommands();
+}
+
 void frmHistory::showCount()
 {
     const int rows = model->rowCount();
     QString text = QLocale::system().toString(rows) + (rows == 1 ? u" entry"_s : u" entries"_s);
     if (!model->IsCounted())
-        text = u"More than "_s + text;
+        text = rows == 0 ? u"Looking .."_s : u"More than "_s + text;
     if (!HistoryStore::Of().IsOpen())
         text = u"The history is off."_s;
-    else if (rows == 0)
+    else if (rows == 0 && model->IsCounted())
         text = ui->txtFilter->text().isEmpty() ? u"Nothing was asked for yet."_s
                                                : u"Nothing is found."_s;
     ui->lblCount->setText(text);

@@ -40,6 +40,7 @@ private:
     void fitColumns();
     void filterChanged();
     void refresh();
+    void rowsCame();
     void showCount();
     void offerCommands();
     AskedItem chosen() const;

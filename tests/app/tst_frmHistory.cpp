@@ -82,6 +82,8 @@ private Q_SLOTS:
     void theChosenRowStaysChosen();
     void itFindsAsOneTypes();
     void rowsComePageByPage();
+    void aLargeHistoryIsLookedThroughBitByBit();
+    void whatIsFoundFollowsWhatHappens();
     void aDoubleClickPutsASearchOnTheForm();
     void aDoubleClickOnACaseAsksNothing();
     void aNumberGoesBackOnTheForm();
@@ -238,14 +240,61 @@ void tst_frmHistory::rowsComePageByPage()
     for (const int row : {0, 99, 100, 1'234, many - 1, 50, 2'499, 0})
         QCOMPARE(cell(row, HistoryModel::What), u"N"_s + QString::number(many - 1 - row));
     QCOMPARE(column(HistoryModel::What).last(), u"N0"_s);
-    // Of what is found the first page is there at once, and the rest when it is counted.
     Child<QLineEdit>(window, "txtFilter")->setText(u"n1"_s);
-    QCOMPARE(table()->model()->rowCount(), 100);
-    QCOMPARE(TextOf(window, "lblCount"), u"More than 100 entries"_s);
     constexpr int found = 1'111;
-    QTRY_COMPARE(table()->model()->rowCount(), found);
-    QCOMPARE(TextOf(window, "lblCount"), QLocale::system().toString(found) + u" entries"_s);
+    QTRY_COMPARE(TextOf(window, "lblCount"), QLocale::system().toString(found) + u" entries"_s);
+    QCOMPARE(table()->model()->rowCount(), found);
+    QCOMPARE(cell(0, HistoryModel::What), u"N1999"_s);
     QCOMPARE(cell(found - 1, HistoryModel::What), u"N1"_s);
+}
+
+/// What is not found within a key's time comes as it is found, and nothing of it twice.
+void tst_frmHistory::aLargeHistoryIsLookedThroughBitByBit()
+{
+    constexpr int many = 20'000;
+    askFor(u"RARE"_s);
+    for (int i = 0; i < many; ++i)
+        askFor(u"ENTRY "_s + QString::number(i));
+    askFor(u"OTHER"_s);
+    written();
+    const FoundIds stretch = store().Found(u"entry"_s, std::numeric_limits<qint64>::max());
+    QVERIFY(!stretch.AtEnd);
+    QVERIFY(stretch.Ids.size() < many / 2);
+    open();
+    auto *words = Child<QLineEdit>(window, "txtFilter");
+    words->setText(u"entry"_s);
+    // The last page is not full before the next rows come.
+    const int here = table()->model()->rowCount();
+    QCOMPARE(cell(here - 1, HistoryModel::What), u"ENTRY "_s + QString::number(many - here));
+    QTRY_COMPARE(TextOf(window, "lblCount"), QLocale::system().toString(many) + u" entries"_s);
+    QCOMPARE(table()->model()->rowCount(), many);
+    for (const int row : {0, 99, here - 1, here, here + 1, 16'050, many - 1})
+        QCOMPARE(cell(row, HistoryModel::What), u"ENTRY "_s + QString::number(many - 1 - row));
+    words->setText(u"rare"_s);
+    QTRY_COMPARE(column(HistoryModel::What), QStringList{u"RARE"_s});
+    QTRY_COMPARE(TextOf(window, "lblCount"), u"1 entry"_s);
+    QCOMPARE(table()->currentIndex().row(), 0);
+}
+
+/// What is written while words stand in the field is found, or is found no more.
+void tst_frmHistory::whatIsFoundFollowsWhatHappens()
+{
+    askFor(u"SMITH"_s);
+    const qint64 waits = askFor(u"JONES"_s);
+    open();
+    Child<QLineEdit>(window, "txtFilter")->setText(u"complete"_s);
+    QCOMPARE(column(HistoryModel::What), QStringList());
+    store().End(waits, u"Search Complete"_s, 2);
+    QTRY_COMPARE(column(HistoryModel::What), QStringList{u"JONES"_s});
+    QCOMPARE(table()->currentIndex().row(), 0);
+    QCOMPARE(TextOf(window, "lblCount"), u"1 entry"_s);
+    store().End(askFor(u"DOE"_s), u"Search Complete"_s, 1);
+    QTRY_COMPARE(column(HistoryModel::What), (QStringList{u"DOE"_s, u"JONES"_s}));
+    // The one that was chosen stays it.
+    QCOMPARE(table()->currentIndex().row(), 1);
+    store().End(waits, u"Search Stopped"_s, 2);
+    QTRY_COMPARE(column(HistoryModel::What), QStringList{u"DOE"_s});
+    QCOMPARE(table()->currentIndex().row(), 0);
 }
 
 void tst_frmHistory::aDoubleClickPutsASearchOnTheForm()

@@ -138,6 +138,7 @@ void tst_HistoryStore::aFilterFindsEveryWordAnywhere_data()
     QTest::addColumn<int>("found");
     QTest::newRow("no filter") << u""_s << 2;
     QTest::newRow("blanks only") << u"  "_s << 2;
+    QTest::newRow("a blank of another kind") << u"jörg\tpierce"_s << 1;
     QTest::newRow("within a word, other case") << u"ngstr"_s << 1;
     QTest::newRow("letters beyond ASCII, other case") << u"jörg"_s << 1;
     QTest::newRow("words of several places") << u"pierce JÖRG 4711"_s << 1;
@@ -161,6 +162,10 @@ void tst_HistoryStore::aFilterFindsEveryWordAnywhere()
     open.Written();
     QCOMPARE(open.Store.CountOf(filter), found);
     QCOMPARE(open.Store.Items(filter, 0, 10).size(), found);
+    const FoundIds all = open.Store.Found(filter, std::numeric_limits<qint64>::max());
+    QCOMPARE(all.Ids.size(), found);
+    QCOMPARE(open.Store.ItemsOf(all.Ids).size(), found);
+    QVERIFY(open.Store.Found(filter, all.Below).AtEnd);
 }
 
 void tst_HistoryStore::whatASessionLeftIsUnfinishedUntilItIsSettled()
