@@ -90,26 +90,48 @@ bool isState(QStringView header)
     return header == u"Status" || header == u"Eff. Dt.";
 }
 
-QList<int> comparedColumns(ResultKind kind)
+/// The columns that make a row what it is.
+QList<bool> comparedColumns(ResultKind kind)
 {
-    QList<int> compared;
-    int place = 0;
-    for (const ResultColumn &column : ResultColumnsOf(kind)) {
-        if (!isState(column.header))
-            compared.append(place);
-        ++place;
-    }
+    QList<bool> compared;
+    for (const ResultColumn &column : ResultColumnsOf(kind))
+        compared.append(!isState(column.header));
     return compared;
 }
 
-/// A row without what its list and the user have made of it.
-QStringList comparedCells(const QStringList &cells, const QList<int> &columns)
+/// The rows of a list that are cases, without what the list and the user have made of them.
+struct CaseRows
 {
-    constexpr int number = 1;
-    QStringList compared;
-    for (const int column : columns)
-        compared.append(column == number ? CaseNumberOf(cells.value(column)) : cells.value(column));
-    return compared;
+    QList<quint64> Hashes;
+    QList<int> Places; ///< of each of them in the list
+};
+
+/// A hundred thousand rows are compared between two events: no texts are made of their cells but of
+/// the numbers.
+CaseRows caseRowsOf(const RowTable &table, ResultKind kind)
+{
+    constexpr qsizetype number = 1;
+    const QList<bool> compared = comparedColumns(kind);
+    std::vector<QByteArrayView> cells(static_cast<size_t>(compared.size()));
+    CaseRows rows;
+    rows.Hashes.reserve(table.Count());
+    rows.Places.reserve(table.Count());
+    for (int place = 0; place < table.Count(); ++place) {
+        table.ViewCells(place, cells);
+        const QString numberCell = QString::fromUtf8(cells[number]);
+        if (!NamesCase(numberCell))
+            continue;
+        RowHash row;
+        for (qsizetype column = 0; column < compared.size(); ++column) {
+            if (column == number)
+                row.Add(QStringView(CaseNumberOf(numberCell)));
+            else if (compared[column])
+                row.Add(cells[static_cast<size_t>(column)]);
+        }
+        rows.Hashes.append(row.Value());
+        rows.Places.append(place);
+    }
+    return rows;
 }
 
 /// One search, for as long as its job lives.
@@ -150,29 +172,19 @@ private:
     void runEnded(bool whole)
     {
         const QString ownKey = key();
-        RowTable &table = job->Record.Rows;
-        QList<quint64> rows;
-        QList<int> places;
-        const QList<int> columns = comparedColumns(job->Record.Kind);
-        for (int row = 0; row < table.Count(); ++row) {
-            const QStringList cells = table.Cells(row);
-            if (!IsCaseRow(cells))
-                continue;
-            rows.append(HashOfCells(comparedCells(cells, columns)));
-            places.append(row);
-        }
+        const CaseRows rows = caseRowsOf(job->Record.Rows, job->Record.Kind);
         if (const Run &run = runBefore(ownKey))
-            mark(rows, places, *run);
+            mark(rows, *run);
         if (whole && !sentPeopleAlone())
-            HistoryStore::Of().SaveRun(ownKey, Clock::Current().Now(), rows);
+            HistoryStore::Of().SaveRun(ownKey, Clock::Current().Now(), rows.Hashes);
     }
 
-    void mark(const QList<quint64> &rows, const QList<int> &places, const HistoryStore::Run &run)
+    void mark(const CaseRows &rows, const HistoryStore::Run &run)
     {
         RowMarks marks{.Rows = {}, .Since = run.When.date()};
-        const QSet<int> added = RowsNotIn(rows, run.Rows);
+        const QSet<int> added = RowsNotIn(rows.Hashes, run.Rows);
         for (const int row : added)
-            marks.Rows.insert(places[row]);
+            marks.Rows.insert(rows.Places[row]);
         job->Record.Rows.SetMarks(marks);
     }
 

@@ -1,5 +1,6 @@
 #include "history/HistoryModel.h"
 
+#include "controls/WrappedText.h"
 #include "history/HistoryStore.h"
 
 #include <QDeadlineTimer>
@@ -232,8 +233,10 @@ QVariant HistoryModel::data(const QModelIndex &index, int role) const
     if (role != Qt::DisplayRole && role != Qt::ToolTipRole && role != Qt::AccessibleTextRole)
         return {};
     const QString cell = cellOf(ItemAt(index.row()), index.column());
-    if (role != Qt::AccessibleTextRole)
+    if (role == Qt::DisplayRole)
         return cell;
+    if (role == Qt::ToolTipRole)
+        return cell.isEmpty() ? QString() : ToolTipText(cell);
     // A reader that goes along the cells says which of them it is in.
     return QString(headers.at(static_cast<size_t>(index.column())).toString() + u": "_s
                    + (cell.isEmpty() ? u"none"_s : cell));

@@ -1,6 +1,9 @@
 #include "history/RowHashes.h"
 
+#include <QVarLengthArray>
 #include <QtEndian>
+
+#include <algorithm>
 
 namespace {
 constexpr quint64 mixer = 0x9E3779B97F4A7C15ULL;
@@ -12,29 +15,48 @@ quint64 stirred(quint64 hash, quint64 word)
     hash = (hash ^ word) * mixer;
     return hash ^ (hash >> 29);
 }
+} // namespace
+
+RowHash::RowHash() : hash(mixer) {}
 
 /// Four characters at a time: a case has twenty thousand rows.
-quint64 hashOfText(quint64 hash, QStringView text)
+void RowHash::Add(QStringView cell)
 {
     constexpr qsizetype step = 4;
-    const char16_t *at = text.utf16();
-    qsizetype left = text.size();
+    const char16_t *at = cell.utf16();
+    qsizetype left = cell.size();
     for (; left >= step; left -= step, at += step)
         hash = stirred(hash, quint64{at[0]} | quint64{at[1]} << 16 | quint64{at[2]} << 32
                                  | quint64{at[3]} << 48);
     for (; left > 0; --left, ++at)
         hash = stirred(hash, *at);
     // Where a cell ends belongs to the row.
-    return stirred(hash, mixer + static_cast<quint64>(text.size()));
+    hash = stirred(hash, mixer + static_cast<quint64>(cell.size()));
 }
-} // namespace
+
+void RowHash::Add(QByteArrayView utf8)
+{
+    constexpr qsizetype usualCell = 256;
+    constexpr unsigned char firstOfOthers = 0x80;
+    QVarLengthArray<char16_t, usualCell> plain(utf8.size());
+    unsigned char all = 0;
+    std::transform(utf8.begin(), utf8.end(), plain.begin(), [&all](char byte) {
+        const auto code = static_cast<unsigned char>(byte);
+        all |= code;
+        return static_cast<char16_t>(code);
+    });
+    if (all < firstOfOthers)
+        Add(QStringView(plain.constData(), plain.size()));
+    else
+        Add(QStringView(QString::fromUtf8(utf8)));
+}
 
 quint64 HashOfCells(const QStringList &cells)
 {
-    quint64 hash = mixer;
+    RowHash row;
     for (const QString &cell : cells)
-        hash = hashOfText(hash, cell);
-    return hash;
+        row.Add(QStringView(cell));
+    return row.Value();
 }
 
 RowCounts CountsOf(const QList<quint64> &rows)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QHash>
 #include <QList>
 #include <QStringList>
@@ -11,7 +12,21 @@
 /// How often each row was there, by its hash.
 using RowCounts = QHash<quint64, int>;
 
-/// The number of a row: the same for the same cells in every run and version of the program.
+/// The number of a row, cell by cell: the same for the same cells in every run and version of the
+/// program, and whether they come as texts or in UTF-8.
+class RowHash
+{
+public:
+    RowHash();
+    void Add(QStringView cell);
+    /// No text is made of it, as far as its characters are those of English.
+    void Add(QByteArrayView utf8);
+    quint64 Value() const { return hash; }
+
+private:
+    quint64 hash;
+};
+
 quint64 HashOfCells(const QStringList &cells);
 
 RowCounts CountsOf(const QList<quint64> &rows);

@@ -223,7 +223,11 @@ QString MarkedAsOpened(const QString &cell)
 
 bool IsCaseRow(const QStringList &cells)
 {
-    const QString cell = cells.value(numberCell);
+    return NamesCase(cells.value(numberCell));
+}
+
+bool NamesCase(const QString &cell)
+{
     return cell != warningCell && !CaseNumberOf(cell).isEmpty();
 }
 

@@ -15,6 +15,8 @@ QString MarkedAsOpened(const QString &cell);
 
 /// True for a row of a case; false for a warning or a tip among the rows.
 bool IsCaseRow(const QStringList &cells);
+/// The same, by the cell with the row's number.
+bool NamesCase(const QString &cell);
 
 /// A case of frmNameSearchResults; `state` is a value of lblState. Cells that are missing count as
 /// empty.

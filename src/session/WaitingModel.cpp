@@ -1,5 +1,7 @@
 #include "session/WaitingModel.h"
 
+#include "controls/WrappedText.h"
+
 #include <QFont>
 
 #include <algorithm>
@@ -77,8 +79,11 @@ QVariant WaitingModel::data(const QModelIndex &index, int role) const
         return {};
     switch (role) {
     case Qt::DisplayRole:
-    case Qt::ToolTipRole:
         return cellOf(*row, index.column());
+    case Qt::ToolTipRole: {
+        const QString cell = cellOf(*row, index.column());
+        return cell.isEmpty() ? QString() : ToolTipText(cell);
+    }
     case Qt::AccessibleTextRole:
         // A reader that goes along the cells says which of them it is in.
         return QString(headers.at(static_cast<size_t>(index.column())).toString() + u": "_s

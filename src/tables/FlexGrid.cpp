@@ -111,7 +111,7 @@ void FlexGrid::Show(const GridTable &newTable)
     measured = 0;
     content.SetTable(newTable);
     header->setVisible(content.HasHeader());
-    needs.Begin(font(), content.Table());
+    needs.Begin(font(), content.Table(), content.Marks().Rows);
     showMarks();
     followsWindow = true;
     tools->Widths()->Begin(objectName(), QList<int>(content.columnCount(), 0));
@@ -144,7 +144,8 @@ void FlexGrid::MarkRows(const RowMarks &marks)
         return;
     content.SetMarks(marks);
     showMarks();
-    // Bold text may take more lines.
+    // Bold text is wider, and may take more lines.
+    needs.Begin(font(), content.Table(), marks.Rows);
     widthsMeasuredFor.clear();
     if (isVisible() && !layOutOnShow) {
         fitScrollBars();
@@ -553,7 +554,7 @@ void FlexGrid::changeEvent(QEvent *event)
     case QEvent::StyleChange:
         // What was measured is wrong now, in sight or not.
         widthsMeasuredFor.clear();
-        needs.Begin(font(), content.Table());
+        needs.Begin(font(), content.Table(), content.Marks().Rows);
         setLeastWidth();
         if (isVisible() && !layOutOnShow) {
             shareColumns();

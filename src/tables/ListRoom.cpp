@@ -17,8 +17,8 @@ constexpr int rowsAtOnce = 10'000;
 } // namespace
 
 ListRoom::ListRoom(ResultListView *list, ColumnWidths *columnWidths)
-    : QObject(list), view(list), widths(columnWidths), widest(list->font(), 0), shareTimer(this),
-      lookTimer(this)
+    : QObject(list), view(list), widths(columnWidths), widest(list->font(), 0),
+      widestBold(list->font(), 0), shareTimer(this), lookTimer(this)
 {
     for (QTimer *timer : {&shareTimer, &lookTimer}) {
         timer->setSingleShot(true);
@@ -64,7 +64,10 @@ void ListRoom::SetUsual(int column, int twips)
 
 void ListRoom::MeasureAgain()
 {
+    QFont bold = view->font();
+    bold.setBold(true);
     widest = WidestTexts(view->font(), view->List()->Columns().size());
+    widestBold = WidestTexts(bold, widest.Columns());
     needed = QList<int>(widest.Columns(), 0);
     looked = 0;
     lookAtRows();
@@ -72,9 +75,14 @@ void ListRoom::MeasureAgain()
 
 void ListRoom::lookAgain()
 {
-    if (looked == view->List()->rowCount())
-        return;
-    looked = 0;
+    if (looked < view->List()->rowCount())
+        lookFrom(0);
+}
+
+/// By slices, as if the rows from this one on had just come.
+void ListRoom::lookFrom(int row)
+{
+    looked = std::min(looked, row);
     lookTimer.start();
 }
 
@@ -94,14 +102,16 @@ void ListRoom::lookAtRows()
 bool ListRoom::lookAtRow(int row)
 {
     std::vector<QByteArrayView> cells(static_cast<size_t>(widest.Columns()));
-    view->List()->Rows()->ViewCells(row, cells);
+    const RowTable *rows = view->List()->Rows();
+    rows->ViewCells(row, cells);
+    WidestTexts &texts = rows->IsNew(row) ? widestBold : widest;
     bool wider = false;
     for (int column = 0; column < widest.Columns(); ++column) {
-        if (!widest.Note(column, cells[static_cast<size_t>(column)]))
+        if (!texts.Note(column, cells[static_cast<size_t>(column)]))
             continue;
         // A text without end would be shaped for its exact width, which no column has room for.
         constexpr int wideEnough = 4000;
-        int width = widest.Width(column);
+        int width = texts.Width(column);
         if (width < wideEnough)
             width =
                 std::max(width, view->sizeHintForIndex(view->List()->index(row, column)).width());
@@ -113,6 +123,10 @@ bool ListRoom::lookAtRow(int row)
 
 void ListRoom::cellsChanged(int firstRow, int lastRow)
 {
+    if (lastRow - firstRow >= rowsAtOnce) {
+        lookFrom(firstRow);
+        return;
+    }
     bool wider = false;
     for (int row = firstRow; row <= std::min(lastRow, looked - 1); ++row)
         wider |= lookAtRow(row);

@@ -39,6 +39,7 @@ private:
     void lookAtRows();
     bool lookAtRow(int row);
     void lookAgain();
+    void lookFrom(int row);
     void cellsChanged(int firstRow, int lastRow);
     void shareSoon();
     bool isSeen(int column) const;
@@ -47,8 +48,9 @@ private:
     ColumnWidths *widths;
     QList<int> usualTwips;
     WidestTexts widest;
-    QList<int> needed; ///< of each column, in pixels
-    int looked = 0;    ///< so many rows, from the first on
+    WidestTexts widestBold; ///< of the rows that are marked as new
+    QList<int> needed;      ///< of each column, in pixels
+    int looked = 0;         ///< so many rows, from the first on
     bool arranged = false;
     QTimer shareTimer;
     QTimer lookTimer;

@@ -8,6 +8,8 @@
 #include "casedetails/frmOnDemand.h"
 #include "documents/frmAllDocuments.h"
 #include "documents/frmDocTransfer.h"
+#include "history/frmHistory.h"
+#include "history/frmUsage.h"
 #include "jobs/WaitingList.h"
 #include "namesearch/frmDiscisNCNameResults.h"
 #include "namesearch/frmDiscisNameResults.h"
@@ -119,7 +121,7 @@ struct WindowRow
     const char *name;
     QWidget *(*make)();
 };
-constexpr std::array<WindowRow, 28> windows{{
+constexpr std::array<WindowRow, 30> windows{{
     {"dlgPrintMgr", make<dlgPrintMgr>},
     {"frmAbout", make<frmAbout>},
     {"frmAccounting", make<frmAccounting>},
@@ -135,6 +137,7 @@ constexpr std::array<WindowRow, 28> windows{{
     {"frmDocTransfer", make<frmDocTransfer>},
     {"frmElapsedTime", make<frmElapsedTime>},
     {"frmHelp", make<frmHelp>},
+    {"frmHistory", make<frmHistory>},
     {"frmInactivity", make<frmInactivity>},
     {"frmInfo", make<frmInfo>},
     {"frmLogin", make<frmLogin>},
@@ -146,6 +149,7 @@ constexpr std::array<WindowRow, 28> windows{{
     {"frmOpts", make<frmOpts>},
     {"frmPasteList", make<frmPasteList>},
     {"frmSearchHelp", make<frmSearchHelp>},
+    {"frmUsage", make<frmUsage>},
     {"frmWaiting", make<frmWaiting>},
     {"PreviewDoc", make<PreviewDoc>},
 }};
@@ -248,9 +252,13 @@ void tst_EveryWindow::theTabKeyComesToEveryControl()
 /// Save and Print of the main window are there for these, and for no other.
 void tst_EveryWindow::whoHasAReport()
 {
-    const QStringList reporting{u"frmNameSearchResults"_s,   u"frmDiscisNameResults"_s,
-                                u"frmDiscisNCNameResults"_s, u"frmCaseDetails"_s,
-                                u"frmCivilCaseDetails"_s,    u"frmNCCaseDetails"_s};
+    const QStringList reporting{u"frmNameSearchResults"_s,
+                                u"frmDiscisNameResults"_s,
+                                u"frmDiscisNCNameResults"_s,
+                                u"frmCaseDetails"_s,
+                                u"frmCivilCaseDetails"_s,
+                                u"frmNCCaseDetails"_s,
+                                u"frmUsage"_s};
     const auto *form = qobject_cast<const FormWindow *>(window.get());
     QCOMPARE(form && form->HasReport(), reporting.contains(window->objectName()));
 }

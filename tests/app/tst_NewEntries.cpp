@@ -14,11 +14,15 @@
 #include "tables/FlexGrid.h"
 #include "tables/ResultListView.h"
 
+#include <QElapsedTimer>
 #include <QHelpEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QToolTip>
+
+#include <functional>
+#include <limits>
 
 // What was not there at the last look is marked, in cases and in lists of results.
 
@@ -64,6 +68,7 @@ private Q_SLOTS:
     void aStatusThatChangesIsNotNew();
     void theToolTipSaysWhenACaseWasOpened();
     void rowsThatComeAreNotLookedUp();
+    void manyRowsAreComparedWithoutTheirTexts();
 
 private:
     static HistoryStore &store() { return HistoryStore::Of(); }
@@ -521,6 +526,35 @@ void tst_NewEntries::rowsThatComeAreNotLookedUp()
     QVERIFY(ListOf(window)->NoteOf(0).isEmpty());
     QCOMPARE(asked, 1);
     UseCaseMemory({});
+}
+
+/// It happens between two events: the texts of a hundred thousand rows are not made for it.
+void tst_NewEntries::manyRowsAreComparedWithoutTheirTexts()
+{
+    const frmNameSearchResults *window = search({ResultLine(u"SMITH"_s)});
+    RowTable &rows = window->Search().Record.Rows;
+    constexpr int many = 20'000;
+    for (int row = 0; row < many; ++row)
+        rows.AddRow({u"SMITH, JOHN QUINCY"_s, u"02-2-%1-1"_s.arg(row), u"01/02/2003"_s,
+                     u"TORT - MOTOR VEHICLE"_s, u"WA Superior Ct King County"_s, u"Defendant"_s});
+    const auto best = [](const std::function<void()> &work) {
+        constexpr int rounds = 5;
+        qint64 least = std::numeric_limits<qint64>::max();
+        for (int round = 0; round < rounds; ++round) {
+            QElapsedTimer clock;
+            clock.start();
+            work();
+            least = std::min(least, clock.nsecsElapsed());
+        }
+        return least;
+    };
+    QStringList cells;
+    const qint64 texts = best([&] {
+        for (int row = 0; row < rows.Count(); ++row)
+            cells = rows.Cells(row);
+    });
+    const qint64 compared = best([&] { Q_EMIT window->Search().RunEnded(true); });
+    QVERIFY2(compared < texts, qPrintable(u"%1 ns, texts %2 ns"_s.arg(compared).arg(texts)));
 }
 
 HALVANE_TEST(tst_NewEntries)

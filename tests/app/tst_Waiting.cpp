@@ -52,6 +52,7 @@ private Q_SLOTS:
     void opensFromTheStatusBar();
     void thereIsOneSuchWindow();
     void whatItShows();
+    void aTipIsNoMarkup();
     void itFollowsWhatHappens();
     void itSeesARunBreakDown();
     void goToBringsItsWindowToTheFront_data();
@@ -214,6 +215,16 @@ void tst_Waiting::whatItShows()
     QCOMPARE(TextOf(window, "lblSummary"), u"One runs at a time, in this order. 2 waiting."_s);
     choose(0);
     QCOMPARE(commands(), u"GoTo Stop"_s);
+}
+
+void tst_Waiting::aTipIsNoMarkup()
+{
+    open();
+    pending(u"<b>SMITH</b>"_s);
+    QTRY_COMPARE(cells(2), QStringList{u"<b>SMITH</b>, JOHN, Q"_s});
+    const auto *list = window->findChild<QTableView *>();
+    QCOMPARE(list->model()->index(0, 2).data(Qt::ToolTipRole).toString(),
+             u"<qt>&lt;b&gt;SMITH&lt;/b&gt;, JOHN, Q"_s);
 }
 
 void tst_Waiting::itFollowsWhatHappens()

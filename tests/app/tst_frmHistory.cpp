@@ -99,6 +99,7 @@ private Q_SLOTS:
     void withTheKeyboardAlone();
     void aRowGoesToTheClipboard();
     void aScreenReaderHearsTheCells();
+    void aTipIsNoMarkup();
     void anEmptyHistorySaysSo();
     void thereIsOneSuchWindow();
 
@@ -511,6 +512,17 @@ void tst_frmHistory::aScreenReaderHearsTheCells()
     QCOMPARE(table()->accessibleName(), u"What was asked for, newest first"_s);
     QCOMPARE(Child<QLineEdit>(window, "txtFilter")->accessibleName(),
              u"Words to find in the history"_s);
+}
+
+/// What a court has sent is in it.
+void tst_frmHistory::aTipIsNoMarkup()
+{
+    askFor(u"<b>SMITH</b>"_s);
+    open();
+    const QAbstractItemModel *model = table()->model();
+    QCOMPARE(model->index(0, HistoryModel::What).data(Qt::ToolTipRole).toString(),
+             u"<qt>&lt;b&gt;SMITH&lt;/b&gt;"_s);
+    QCOMPARE(model->index(0, HistoryModel::Count).data(Qt::ToolTipRole).toString(), QString());
 }
 
 void tst_frmHistory::anEmptyHistorySaysSo()

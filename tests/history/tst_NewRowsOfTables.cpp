@@ -37,6 +37,8 @@ private Q_SLOTS:
     void rowsCountAsOftenAsTheyAreThere_data();
     void rowsCountAsOftenAsTheyAreThere();
     void inAListARowIsThereOrNot();
+    void textsAndTheirBytesAreTheSameRow_data();
+    void textsAndTheirBytesAreTheSameRow();
 };
 
 void tst_NewRowsOfTables::rowsCountAsOftenAsTheyAreThere_data()
@@ -67,6 +69,25 @@ void tst_NewRowsOfTables::inAListARowIsThereOrNot()
     const QList<quint64> before = rowsOf(u"AB"_s);
     QCOMPARE(placesOf(RowsNotIn(rowsOf(u"AACB"_s), QSet<quint64>(before.begin(), before.end()))),
              u"2"_s);
+}
+
+void tst_NewRowsOfTables::textsAndTheirBytesAreTheSameRow_data()
+{
+    QTest::addColumn<QStringList>("cells");
+    QTest::newRow("none") << QStringList();
+    QTest::newRow("empty ones") << QStringList{u""_s, u""_s};
+    QTest::newRow("plain") << QStringList{u"SMITH, JOHN Q"_s, u"02-2-02029-1"_s, u"A"_s};
+    QTest::newRow("long") << QStringList{QString(10'001, u'x'), u"y"_s};
+    QTest::newRow("others") << QStringList{u"PE\u00D1A, JOS\u00C9"_s, u"\u2019 \u20AC"_s};
+}
+
+void tst_NewRowsOfTables::textsAndTheirBytesAreTheSameRow()
+{
+    QFETCH(const QStringList, cells);
+    RowHash row;
+    for (const QString &cell : cells)
+        row.Add(QByteArrayView(cell.toUtf8()));
+    QCOMPARE(row.Value(), HashOfCells(cells));
 }
 
 HALVANE_TEST(tst_NewRowsOfTables)

@@ -45,6 +45,8 @@ private Q_SLOTS:
     void aNewUsualWidthKeepsTheRoom();
     void theWindowGetsWiderAndNarrower();
     void anotherFont();
+    void aRowThatIsMarkedIsGivenRoomForItsBoldText();
+    void aMarkedRowIsWiderThanALongerOne();
     void aListThatIsShownWithItsRows();
     void theRowsOfAnotherTable();
     void aDragEndsIt();
@@ -60,6 +62,7 @@ private Q_SLOTS:
     void aGridWithRoomKeepsItsTextsInOneLine();
     void aGridThatIsFilledStaysAsItsTableSays();
     void aGridThatGrowsIsGivenRoom();
+    void aGridWithMarkedRowsIsGivenRoomForTheirBoldText();
     void aGridFollowsItsWindowAndItsFont();
     void aGridWithAWidthOfTheUsers();
     void aDoubleClickInAGridIsNoWiderThanTheGrid();
@@ -273,6 +276,25 @@ void tst_ColumnRoom::anotherFont()
     QVERIFY(!isCut(0, 1) && !isCut(0, 2));
 }
 
+void tst_ColumnRoom::aRowThatIsMarkedIsGivenRoomForItsBoldText()
+{
+    show(1000, {{u"A"_s, longText, longPlace, QString(), u"D"_s}});
+    const int before = needed(0, 2);
+    user->List->List()->Rows()->SetMarks({{0}, QDate(2026, 11, 2)});
+    QVERIFY(needed(0, 2) > before);
+    QTRY_VERIFY(!isCut(0, 1) && !isCut(0, 2));
+}
+
+/// It has fewer letters, which are wider.
+void tst_ColumnRoom::aMarkedRowIsWiderThanALongerOne()
+{
+    add({{u"A"_s, u"B"_s, longPlace}, {u"A"_s, u"B"_s, longPlace + u'.'}});
+    user->List->List()->Rows()->SetMarks({{0}, QDate(2026, 11, 2)});
+    show(1000, {});
+    QVERIFY(needed(0, 2) > needed(1, 2));
+    QTRY_VERIFY(!isCut(0, 2));
+}
+
 void tst_ColumnRoom::aListThatIsShownWithItsRows()
 {
     add({{u"A"_s, longText, longPlace, QString(), u"D"_s}});
@@ -421,6 +443,18 @@ void tst_ColumnRoom::aGridThatIsFilledStaysAsItsTableSays()
     grid.Show();
     grid.Grid->Show(TableOf({{u"Entry"_s, 20}, {u"By"_s, 80}}, {{longPlace + longText, u"K"_s}}));
     QCOMPARE(grid.Widths(), QList<int>({120, 480}));
+}
+
+void tst_ColumnRoom::aGridWithMarkedRowsIsGivenRoomForTheirBoldText()
+{
+    GridUser grid;
+    grid.Show();
+    grid.Grid->Show(TableOf({{u"Date"_s, 20}, {u"Entry"_s, 20}, {u"By"_s, 10}},
+                            {{u"01/02/2003"_s, longPlace + u" - "_s + longText, u"K"_s}}));
+    const int before = grid.Widths().at(1);
+    grid.Grid->MarkRows({{0}, QDate(2026, 11, 2)});
+    QTRY_VERIFY(grid.Widths().at(1) > before);
+    QTRY_VERIFY(grid.Grid->rowHeight(0) < 2 * grid.Grid->fontMetrics().height());
 }
 
 void tst_ColumnRoom::aGridThatGrowsIsGivenRoom()
