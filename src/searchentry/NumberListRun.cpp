@@ -144,6 +144,8 @@ void NumberListRun::startMore()
             // A case that is launched would take back the wish that everything stops.
             if (sessionEnds())
                 run->GiveUpRest(u"the session ended"_s);
+            else if (Global.bConnectionClosed)
+                run->GiveUpRest(u"the connection was lost"_s);
             else
                 run->launch(row);
         }

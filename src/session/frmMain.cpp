@@ -437,7 +437,8 @@ void frmMain::ShowConnection(bool connected)
     ui->mnuConnectionDisConnect->setChecked(false);
     ui->mnuConnectionDisConnect->setEnabled(connected);
     cmdConnect->setVisible(!connected);
-    if (connected)
+    // The timer may not have looked since the link was lost.
+    if (connected && !Global.bConnectionClosed)
         Q_EMIT JobEvents::Of().Connected();
 }
 

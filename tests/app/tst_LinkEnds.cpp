@@ -97,6 +97,10 @@ void tst_LinkEnds::whereItIsNoticedItCanBeConnectedAgain()
     QVERIFY(Child<QWidget>(lost, "lostLinkLine")->isVisible());
     // The timer has not looked yet.
     QCOMPARE(TextOf(Main, "sbStatusBar_4"), u"Connected"_s);
+    // Nor has anybody logged in: the window comes back from behind another program.
+    QEvent activation(QEvent::WindowActivate);
+    QCoreApplication::sendEvent(Main, &activation);
+    QVERIFY(Child<QWidget>(lost, "lostLinkLine")->isVisible());
     Click(Child<QWidget>(lost, "lostLinkLine"), "cmdConnect");
     beConnected(false);
     QTRY_VERIFY(frmLogin::IsLoaded());

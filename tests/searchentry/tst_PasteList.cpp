@@ -86,6 +86,7 @@ private Q_SLOTS:
     void theEndIsShownAgain();
     void aLogoutGivesUpTheRest_data();
     void aLogoutGivesUpTheRest();
+    void aLostLinkGivesUpTheRest();
     void noMoreAreStarted();
     void closingTheListAsksAboutTheRest_data();
     void closingTheListAsksAboutTheRest();
@@ -450,6 +451,16 @@ void tst_PasteList::aLogoutGivesUpTheRest()
     Ticks(3);
     QCOMPARE(OpenJobs().size(), 10);
     QCOMPARE(outcomes().mid(10), QStringList(2, u"Not started: the session ended"_s));
+}
+
+/// It may take a while until the session is known to have ended with it.
+void tst_PasteList::aLostLinkGivesUpTheRest()
+{
+    const QList<JobWindow *> windows = paste(kingNumbers(12), retrieve);
+    Global.bConnectionClosed = true;
+    stop(windows.first());
+    QTRY_COMPARE(outcomes().mid(10), QStringList(2, u"Not started: the connection was lost"_s));
+    QCOMPARE(OpenJobs().size(), 10);
 }
 
 void tst_PasteList::noMoreAreStarted()
