@@ -69,7 +69,7 @@ QList<qint64> idsOf(const QList<AskedItem> &items)
 void PutBackOffer::offer()
 {
     HistoryStore &store = HistoryStore::Of();
-    const QList<AskedItem> left = store.Unfinished();
+    QList<AskedItem> left = store.Unfinished();
     QList<AskedItem> items = left;
     items.removeIf([](const AskedItem &item) { return !CanBeAsked(item); });
     const bool wanted = !items.isEmpty()
@@ -79,11 +79,20 @@ void PutBackOffer::offer()
     // The session may have ended under the question: then it comes again with the next one.
     if (wanted && !Global.bLoggedIn)
         return;
-    store.Settle(idsOf(left), u"Had not run when the program ended."_s);
+    const QString hadNotRun = u"Had not run when the program ended."_s;
+    if (!wanted) {
+        store.Settle(idsOf(left), hadNotRun);
+        return;
+    }
+    left.removeIf([](const AskedItem &item) { return CanBeAsked(item); });
+    store.Settle(idsOf(left), hadNotRun);
     const TurnHold hold;
     for (const AskedItem &item : std::as_const(items)) {
-        if (wanted && PutBack(item))
-            store.Settle({item.Id}, u"Had not run when the program ended. Put back."_s);
+        const bool isBack = PutBack(item);
+        // So may the session, or the program, under the notice of a court.
+        if (!isBack && !Global.bLoggedIn)
+            return;
+        store.Settle({item.Id}, isBack ? hadNotRun + u" Put back."_s : hadNotRun);
     }
 }
 } // namespace

@@ -114,6 +114,7 @@ private Q_SLOTS:
     void notWhileAnotherQuestionStands();
     void notWhenTheSessionIsGone();
     void aSessionThatEndsUnderTheQuestionLeavesThem();
+    void aSessionThatEndsUnderANoticeLeavesTheRest();
     void aDeclinedNoticeLeavesItOut();
     void nothingRunsUnderTheQuestion();
 
@@ -289,6 +290,31 @@ void tst_PutBack::aSessionThatEndsUnderTheQuestionLeavesThem()
     settle();
     QCOMPARE(waiting(), QStringList());
     QCOMPARE(store().Unfinished().size(), 1);
+}
+
+/// What was not yet put back when the session, or the program, ends under the notice of a court is
+/// offered again.
+void tst_PutBack::aSessionThatEndsUnderANoticeLeavesTheRest()
+{
+    leave({caseOf(u"02-1-00123-4"_s), searchFor(u"SMITH"_s), searchFor(u"JONES"_s)});
+    qsizetype underTheNotice = 0;
+    beginSession([this, &underTheNotice] {
+        desk->Boxes.Meanwhile([] { Global.bShowAlerts = true; });
+        desk->Boxes.Expect(u"3 searches had not run. Put them back?"_s, title, MsgAnswer::Yes);
+        desk->Boxes.Meanwhile([&underTheNotice] {
+            QVERIFY(store().WaitUntilWritten(longEnough));
+            underTheNotice = store().Unfinished().size();
+            Global.bLoggedIn = false;
+        });
+        desk->Boxes.Expect(washingtonNotice, u"Washington State Courts"_s, MsgIcon::Exclamation,
+                           MsgAnswer::No, MsgButtons::YesNo);
+    });
+    untilAsked(3);
+    settle();
+    QCOMPARE(underTheNotice, 2);
+    QVERIFY(store().WaitUntilWritten(longEnough));
+    QCOMPARE(store().Unfinished().size(), 2);
+    QCOMPARE(kept().value(0), u"02-1-00123-4: Had not run when the program ended. Put back."_s);
 }
 
 void tst_PutBack::aDeclinedNoticeLeavesItOut()
