@@ -103,18 +103,17 @@ int ReadCount(HistoryDatabase &database, const QString &filter)
 FoundIds ReadFound(HistoryDatabase &database, const QString &filter, qint64 below, int rows)
 {
     const WordFilter words = filterOf(filter);
-    const QString stretch =
-        u" FROM (SELECT Id, Text FROM Words WHERE Id < ? ORDER BY Id DESC LIMIT "
-        "?) AS Words"_s;
+    const QString stretch = u" FROM Words WHERE Id < ? ORDER BY Id DESC LIMIT ?"_s;
     FoundIds found;
-    const QVariant last = database.Value(u"SELECT min(Id)"_s + stretch, {below, rows});
+    const QVariant last =
+        database.Value(u"SELECT min(Id) FROM (SELECT Id"_s + stretch + u')', {below, rows});
     found.AtEnd = last.isNull();
     if (found.AtEnd)
         return found;
     found.Below = last.toLongLong();
-    QSqlQuery ids =
-        database.Ask(u"SELECT Id"_s + stretch + words.Condition + u" ORDER BY Id DESC"_s,
-                     QVariantList{below, rows} + words.Patterns);
+    QSqlQuery ids = database.Ask(u"SELECT Id FROM (SELECT Id, Text"_s + stretch + u") AS Words"_s
+                                     + words.Condition + u" ORDER BY Id DESC"_s,
+                                 QVariantList{below, rows} + words.Patterns);
     while (ids.next())
         found.Ids.append(ids.value(0).toLongLong());
     return found;
