@@ -70,7 +70,7 @@ QList<qint64> idsOf(const QList<AskedItem> &items)
 void PutBackOffer::offer()
 {
     HistoryStore &store = HistoryStore::Of();
-    const QList<AskedItem> left = store.Unfinished();
+    QList<AskedItem> left = store.Unfinished();
     QList<AskedItem> items = left;
     items.removeIf([](const AskedItem &item) { return !CanBeAsked(item); });
     const bool wanted = !items.isEmpty()

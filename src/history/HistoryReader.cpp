@@ -22,6 +22,23 @@ AskedItem itemOf(const QSqlQuery &row)
     return item;
 }
 
+/// What was cleared from the history while it went on: of what was sent for it afterwards there is
+/// no more than that. Its id is the moment of asking.
+AskedItem forgotten(qint64 id, SentKind sentFor, const QString &code)
+{
+    constexpr qint64 microseconds = 1000;
+    AskedItem item;
+    item.Id = id;
+    item.Kind = sentFor == SentKind::Search     ? AskedKind::Search
+                : sentFor == SentKind::Document ? AskedKind::Document
+                                                : AskedKind::Case;
+    item.State = AskedState::Ended;
+    item.When = QDateTime::fromMSecsSinceEpoch(id / microseconds);
+    item.What = u"(cleared from the history)"_s;
+    item.ClientCode = code;
+    return item;
+}
+
 QList<AskedItem> itemsOf(QSqlQuery rows)
 {
     QList<AskedItem> items;
@@ -86,18 +103,17 @@ int ReadCount(HistoryDatabase &database, const QString &filter)
 FoundIds ReadFound(HistoryDatabase &database, const QString &filter, qint64 below, int rows)
 {
     const WordFilter words = filterOf(filter);
-    const QString stretch =
-        u" FROM (SELECT Id, Text FROM Words WHERE Id < ? ORDER BY Id DESC LIMIT "
-        "?) AS Words"_s;
+    const QString stretch = u" FROM Words WHERE Id < ? ORDER BY Id DESC LIMIT ?"_s;
     FoundIds found;
-    const QVariant last = database.Value(u"SELECT min(Id)"_s + stretch, {below, rows});
+    const QVariant last =
+        database.Value(u"SELECT min(Id) FROM (SELECT Id"_s + stretch + u')', {below, rows});
     found.AtEnd = last.isNull();
     if (found.AtEnd)
         return found;
     found.Below = last.toLongLong();
-    QSqlQuery ids =
-        database.Ask(u"SELECT Id"_s + stretch + words.Condition + u" ORDER BY Id DESC"_s,
-                     QVariantList{below, rows} + words.Patterns);
+    QSqlQuery ids = database.Ask(u"SELECT Id FROM (SELECT Id, Text"_s + stretch + u") AS Words"_s
+                                     + words.Condition + u" ORDER BY Id DESC"_s,
+                                 QVariantList{below, rows} + words.Patterns);
     while (ids.next())
         found.Ids.append(ids.value(0).toLongLong());
     return found;
@@ -166,12 +182,14 @@ QList<AskedItem> ReadUsageItems(HistoryDatabase &database, const QString &code,
     QList<AskedItem> items;
     QSqlQuery rows = database.Ask(
         u"SELECT "_s + itemColumns
-            + u", Requests FROM (SELECT Item, sum(Count) AS Requests FROM Sent WHERE Month = ? AND "
-              "Code = ? GROUP BY Item) AS Behind JOIN Asked ON Asked.Id = Behind.Item ORDER BY "
-              "Asked.Id DESC"_s,
+            + u", Requests, Item, SentFor FROM (SELECT Item, sum(Count) AS Requests, min(Kind) AS "
+              "SentFor FROM Sent WHERE Month = ? AND Code = ? GROUP BY Item) AS Behind LEFT JOIN "
+              "Asked ON Asked.Id = Behind.Item ORDER BY Item DESC"_s,
         {month, code});
     while (rows.next()) {
-        items.append(itemOf(rows));
+        const auto sentFor = static_cast<SentKind>(rows.value(12).toInt());
+        items.append(rows.value(0).isNull() ? forgotten(rows.value(11).toLongLong(), sentFor, code)
+                                            : itemOf(rows));
         items.last().Requests = rows.value(10).toInt();
     }
     return items;

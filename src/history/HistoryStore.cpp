@@ -14,8 +14,8 @@ namespace {
 constexpr int readMilliseconds = 50;
 constexpr int changeMilliseconds = 250;
 /// How many items are looked through at once: with five words, each of which stands in all of them,
-/// that takes some five milliseconds.
-constexpr int rowsOfStretch = 8'000;
+/// that takes some four milliseconds.
+constexpr int rowsOfStretch = 4'000;
 
 /// An id is the moment of asking, in microseconds: known at once, without a look into the file, and
 /// greater than every one before.

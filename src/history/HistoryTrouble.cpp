@@ -13,7 +13,7 @@ struct TroubleText
     QStringView Text; ///< %1 is the file, %2 where a damaged one was put
 };
 
-constexpr std::array<TroubleText, 6> texts{{
+constexpr std::array<TroubleText, 7> texts{{
     {HistoryTrouble::Busy,
      u"The history (%1) is in use by another program. Searches go on. What you ask for is written "
      "to the history when the other program is done with it."},
@@ -24,6 +24,9 @@ constexpr std::array<TroubleText, 6> texts{{
      "what you ask for now is missing from the history."},
     {HistoryTrouble::Damaged, u"The history was damaged and could not be read. It was put aside as "
                               "%2, and a new one was begun. Searches are not affected."},
+    {HistoryTrouble::Deleted,
+     u"The history (%1) was deleted while this program ran, and a new one was begun. What stood in "
+     "it is lost. Searches are not affected."},
     {HistoryTrouble::Newer, u"The history (%1) was made by a later version of this program and is "
                             "left as it is. Nothing is kept of this session. Searches are not "
                             "affected."},

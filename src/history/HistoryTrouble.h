@@ -9,6 +9,7 @@ enum class HistoryTrouble {
     Full,       ///< the disk has no room
     DiskFails,  ///< reading or writing fails for another reason
     Damaged,    ///< it is no database, or not a whole one
+    Deleted,    ///< it has gone while it was open
     Newer,      ///< a later version of this program has made it
     CannotWrite ///< it cannot be made or written here
 };

@@ -3,6 +3,7 @@
 #include "history/HistoryFile.h"
 
 #include <QDeadlineTimer>
+#include <QFileInfo>
 
 #include <utility>
 
@@ -128,6 +129,23 @@ bool HistoryWriter::renewFile()
     return OpenHistoryFile(database, path, busyMilliseconds) == HistoryTrouble::None;
 }
 
+/// A file that was deleted while it is open takes what is written and keeps none of it: a new one
+/// is begun. False when that cannot be done.
+bool HistoryWriter::fileIsThere()
+{
+    if (QFileInfo::exists(path))
+        return true;
+    database.Close();
+    const HistoryTrouble trouble = OpenHistoryFile(database, path, busyMilliseconds);
+    const bool opened = trouble == HistoryTrouble::None;
+    Q_EMIT InTrouble(opened ? HistoryTrouble::Deleted : trouble, {});
+    if (opened)
+        ++files;
+    else
+        setState(FileState::GivenUp);
+    return opened;
+}
+
 /// Waits a moment for another program. False when there is no time for that any more.
 bool HistoryWriter::pauseForOthers()
 {
@@ -156,6 +174,8 @@ HistoryWriter::Batch HistoryWriter::takeBatch()
 
 void HistoryWriter::writeBatch(const Batch &batch)
 {
+    if (!fileIsThere())
+        return;
     HistoryTrouble trouble = tryToWrite(batch);
     while (trouble == HistoryTrouble::Busy) {
         Q_EMIT InTrouble(trouble, {});

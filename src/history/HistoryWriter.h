@@ -64,6 +64,7 @@ private:
 
     bool openFile();
     bool renewFile();
+    bool fileIsThere();
     HistoryTrouble tryToOpen();
     Batch takeBatch();
     void writeBatch(const Batch &batch);

@@ -68,6 +68,7 @@ private Q_SLOTS:
     void whatIsOldIsForgottenWithItsAccount();
     void whatIsForgottenGivesItsRoomBack();
     void whatIsClearedIsNotInTheFileAnyMore();
+    void whatIsSentAfterItWasClearedStillCounts();
     void aClosedStoreIsHarmless();
     void changesAreAnnouncedFourTimesASecondAtMost();
 };
@@ -343,6 +344,35 @@ void tst_HistoryStore::whatIsClearedIsNotInTheFileAnyMore()
         QVERIFY(file.open(QIODevice::ReadOnly));
         QVERIFY(!file.readAll().contains("CONFIDENTIAL"));
     }
+}
+
+/// It is paid for, whatever the user wants to see of it: a line of the account has something behind
+/// it, and no more of it than the number of requests.
+void tst_HistoryStore::whatIsSentAfterItWasClearedStillCounts()
+{
+    OpenStore open;
+    const qint64 id = open.Store.Begin(search(u"SMITH"_s, u"King"_s, u"A"_s));
+    open.Store.Runs(id);
+    open.Store.Sent(id, SentKind::CaseSummary, u"A"_s, at(11, 2));
+    open.Store.ClearAll();
+    open.Store.Sent(id, SentKind::Tab, u"A"_s, at(11, 2));
+    open.Store.Sent(id, SentKind::Tab, u"A"_s, at(11, 2));
+    open.Store.Again(id);
+    open.Store.End(id, u"Search Complete"_s, 2);
+    open.Written();
+    QCOMPARE(open.Store.CountOf({}), 0);
+    QVERIFY(open.Store.Unfinished().isEmpty());
+    QCOMPARE(open.Store.Usage().value(0).Requests, 2);
+    const QList<AskedItem> behind = open.Store.UsageItems(u"A"_s, u"2026-11"_s);
+    QCOMPARE(behind.size(), 1);
+    QCOMPARE(behind.first().Requests, 2);
+    QCOMPARE(behind.first().Id, id);
+    QCOMPARE(behind.first().Kind, AskedKind::Case);
+    QCOMPARE(behind.first().What, u"(cleared from the history)"_s);
+    QVERIFY(qAbs(behind.first().When.secsTo(QDateTime::currentDateTime())) < 3'600);
+    open.Store.ForgetBefore(at(12, 1));
+    open.Written();
+    QVERIFY(open.Store.Usage().isEmpty());
 }
 
 void tst_HistoryStore::aClosedStoreIsHarmless()

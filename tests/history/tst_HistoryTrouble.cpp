@@ -154,6 +154,9 @@ private Q_SLOTS:
     void aFileThatCannotBeReadGivesItsPlaceToANewOne();
     void asideTwiceADayAreTwoFiles();
     void aFileThatIsDamagedMeanwhileGivesItsPlace();
+    void aFileThatIsDeletedMeanwhileIsBegunAnew();
+    void aFolderThatIsTakenAwayCostsTheHistory();
+    void anyPathIsAPath();
     void aFileOfALaterVersionIsLeftAlone();
     void aFileThatIsHeldIsTriedAgain();
     void aFileThatIsHeldAtTheStartIsTriedAgain();
@@ -266,6 +269,61 @@ void tst_HistoryTrouble::aFileThatIsDamagedMeanwhileGivesItsPlace()
     QCOMPARE(memory.Aside().size(), 1);
     // Readers go over to the new file.
     QCOMPARE(memory.Store.CountOf({}), 1);
+}
+
+/// What is written into a file without a name is lost with the program.
+void tst_HistoryTrouble::aFileThatIsDeletedMeanwhileIsBegunAnew()
+{
+    Memory memory;
+    memory.Fill(3);
+    memory.Store.Open(memory.Path());
+    QVERIFY(memory.Written());
+    QCOMPARE(memory.Store.CountOf({}), 3);
+    for (const QString &end : {u""_s, u"-wal"_s, u"-shm"_s})
+        QFile::remove(memory.Path() + end);
+
+    memory.Store.Begin(itemOf(u"NEW"_s));
+    QVERIFY(memory.Written());
+    QCOMPARE(memory.Problems.size(), 1);
+    QVERIFY(memory.Problems.first().contains(u"was deleted while this program ran"));
+    QCOMPARE(memory.Store.CountOf({}), 1);
+    QCOMPARE(QFile::permissions(memory.Path()), ownerOnly);
+    memory.Store.Begin(itemOf(u"NEWER"_s));
+    QVERIFY(memory.Written());
+    memory.Store.Close();
+    memory.Store.Open(memory.Path());
+    QVERIFY(memory.Written());
+    QCOMPARE(memory.Store.CountOf({}), 2);
+    QCOMPARE(memory.Problems.size(), 1);
+}
+
+void tst_HistoryTrouble::aFolderThatIsTakenAwayCostsTheHistory()
+{
+    Memory memory;
+    memory.Store.Open(memory.Path());
+    QVERIFY(memory.Written());
+    QVERIFY(QDir(memory.Folder.path()).removeRecursively());
+    memory.Store.Begin(itemOf(u"LOST"_s));
+    QVERIFY(!memory.Written());
+    QCOMPARE(memory.Problems.size(), 1);
+    QVERIFY(memory.Problems.first().contains(u"cannot be written in this folder"));
+    QVERIFY(!memory.Store.IsOpen());
+}
+
+/// Signs that have a meaning in the address of a database, and letters beyond ASCII.
+void tst_HistoryTrouble::anyPathIsAPath()
+{
+    const Memory memory;
+    const QString folder =
+        memory.Folder.filePath(u"file:O'Neill \"100%20\" #1?mode=ro;Jörg Åß 法"_s);
+    QVERIFY(QDir().mkpath(folder));
+    const QString path = folder + u"/history.db"_s;
+    HistoryStore store;
+    store.Open(path);
+    store.Begin(itemOf(u"DOE"_s));
+    QVERIFY(store.WaitUntilWritten(longEnough));
+    QCOMPARE(store.CountOf({}), 1);
+    QCOMPARE(QDir(folder).entryList({u"history*"_s}).first(), u"history.db"_s);
 }
 
 void tst_HistoryTrouble::aFileOfALaterVersionIsLeftAlone()
