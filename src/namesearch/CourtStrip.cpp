@@ -21,7 +21,7 @@ constexpr int mostRows = 6;
 ListLayout courtColumns()
 {
     return {u"Courts"_s,
-            {{u"Court"_s, 2700, Qt::AlignLeft},
+            {{u"Court"_s, 1500, Qt::AlignLeft},
              {u"State"_s, 7500, Qt::AlignLeft},
              {u"Time"_s, 900, Qt::AlignLeft}}};
 }
