@@ -6,6 +6,7 @@
 #include "core/GlobalState.h"
 #include "history/HistoryStore.h"
 #include "jobs/Job.h"
+#include "link/Exchange.h"
 #include "link/frmWinsock.h"
 
 #include <QHash>
@@ -18,6 +19,7 @@ struct Followed
 {
     qint64 Id = 0;      ///< in the history
     bool Ran = false;   ///< it has had its turn
+    bool Later = false; ///< it has ended before, and asks for what was left out, or for more
     bool Ended = false; ///< what came of it is written
     /// It is over: what would be written if it went at this moment.
     QString Outcome = u"Closed before it had its turn."_s;
@@ -47,7 +49,7 @@ private:
     void sent(const QString &request) const;
 
     QHash<const Job *, Followed> jobs;
-    QList<qint64> stoppedUnrun; ///< by whoever asked all jobs to stop, before their turns
+    QList<qint64> stoppedBySession; ///< by whoever asked all jobs to stop, before their end
 };
 
 JobFollower::JobFollower()
@@ -64,7 +66,7 @@ JobFollower::JobFollower()
 void JobFollower::launched(Job *job)
 {
     // Whatever all jobs were asked to stop for is over.
-    stoppedUnrun.clear();
+    stoppedBySession.clear();
     const std::optional<AskedItem> item = AskedItemOf(*job);
     const qint64 id = item ? HistoryStore::Of().Begin(*item) : 0;
     if (id == 0)
@@ -75,13 +77,14 @@ void JobFollower::launched(Job *job)
 
 void JobFollower::restarted(Job *job)
 {
-    stoppedUnrun.clear();
+    stoppedBySession.clear();
     const auto found = jobs.find(job);
     if (found == jobs.end())
         return;
+    // What its first run has brought is kept until there is more: a program that ends meanwhile has
+    // not left it undone.
+    found->Later = true;
     found->Ended = false;
-    found->Outcome = u"Closed before it had its next turn."_s;
-    HistoryStore::Of().Again(found->Id);
 }
 
 void JobFollower::turnTaken(Job *job)
@@ -90,6 +93,8 @@ void JobFollower::turnTaken(Job *job)
     if (found == jobs.end())
         return;
     found->Ran = true;
+    if (found->Later)
+        return;
     found->Outcome = u"Closed before it was over."_s;
     HistoryStore::Of().Runs(found->Id);
 }
@@ -106,8 +111,10 @@ void JobFollower::over(Job *job)
     const auto found = jobs.find(job);
     if (found == jobs.end())
         return;
-    if (!found->Ran && Global.bStopRequested && !job->StopRequested)
-        stoppedUnrun.append(found->Id);
+    // The end of a session stops what waits, and takes the link from what runs.
+    const bool cutOff = !found->Ran || !IsLinkUp();
+    if (cutOff && !found->Later && Global.bStopRequested && !job->StopRequested)
+        stoppedBySession.append(found->Id);
     note(job);
     QMetaObject::invokeMethod(
         job, [this, job] { write(job); }, Qt::QueuedConnection);
@@ -151,9 +158,9 @@ void JobFollower::sent(const QString &request) const
 
 void JobFollower::EndSession()
 {
-    for (const qint64 id : std::as_const(stoppedUnrun))
+    for (const qint64 id : std::as_const(stoppedBySession))
         HistoryStore::Of().Again(id);
-    stoppedUnrun.clear();
+    stoppedBySession.clear();
 }
 } // namespace
 

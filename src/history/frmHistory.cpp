@@ -4,6 +4,7 @@
 #include "history/HistoryModel.h"
 #include "history/HistoryStore.h"
 #include "session/frmMain.h"
+#include "tables/ColumnRoom.h"
 #include "tables/TableLook.h"
 #include "ui_frmHistory.h"
 
@@ -17,7 +18,10 @@
 #include <QLocale>
 #include <QMenu>
 #include <QPointer>
+#include <QScopedValueRollback>
+#include <QScrollBar>
 
+#include <algorithm>
 #include <array>
 
 using namespace Qt::StringLiterals;
@@ -25,7 +29,7 @@ using namespace Qt::StringLiterals;
 namespace {
 QPointer<frmHistory> theWindow;
 
-/// The widest text that a column is made for; the last one has the rest.
+/// The text that a column is made for; what is longer has the room that is left.
 constexpr std::array<QStringView, HistoryModel::Columns> widest{
     u"00/00/0000 00:00",
     u"Document",
@@ -69,7 +73,7 @@ frmHistory::frmHistory(QWidget *parent)
     ui->tblHistory->setSelectionMode(QAbstractItemView::SingleSelection);
     makeMenu();
     model->SetFilter({});
-    fitColumns();
+    makeColumns();
     ui->txtFilter->installEventFilter(this);
     connect(ui->txtFilter, &QLineEdit::textChanged, this, &frmHistory::filterChanged);
     connect(&HistoryStore::Of(), &HistoryStore::Changed, this, &frmHistory::refresh);
@@ -139,24 +143,55 @@ void frmHistory::makeMenu()
             });
 }
 
-void frmHistory::fitColumns()
+void frmHistory::makeColumns()
 {
-    constexpr int margins = 24;
-    const QFontMetrics metrics = ui->tblHistory->fontMetrics();
     QHeaderView *header = ui->tblHistory->horizontalHeader();
-    for (int column = 0; column < HistoryModel::Columns; ++column) {
-        const QString text = widest.at(static_cast<size_t>(column)).toString();
-        header->resizeSection(column, metrics.horizontalAdvance(text) + margins);
-    }
     header->setSectionResizeMode(HistoryModel::Where, QHeaderView::Stretch);
     constexpr int padding = 8;
-    ui->tblHistory->verticalHeader()->setDefaultSectionSize(metrics.height() + padding);
+    ui->tblHistory->verticalHeader()->setDefaultSectionSize(ui->tblHistory->fontMetrics().height()
+                                                            + padding);
+    connect(header, &QHeaderView::sectionResized, this, [this](int column) {
+        // The column that stretches follows the window and the others.
+        arranged |= !sharing && column != HistoryModel::Where;
+    });
+    connect(ui->tblHistory->verticalScrollBar(), &QScrollBar::valueChanged, this,
+            &frmHistory::fitColumns);
+    connect(model, &QAbstractItemModel::dataChanged, this, &frmHistory::fitColumns);
+    fitColumns();
+}
+
+/// A column whose text is cut gets what it lacks of the room that the others leave, until the user
+/// arranges them.
+void frmHistory::fitColumns()
+{
+    if (arranged)
+        return;
+    constexpr int margins = 24;
+    const QAbstractItemView *view = ui->tblHistory;
+    const QFontMetrics metrics = view->fontMetrics();
+    QList<ColumnNeed> columns;
+    int room = view->viewport()->width();
+    for (int column = 0; column < HistoryModel::Columns; ++column) {
+        const QString text = widest.at(static_cast<size_t>(column)).toString();
+        int &need = needed.at(static_cast<size_t>(column));
+        // Of the rows in sight; one that has been seen counts on.
+        need = std::max(need, view->sizeHintForColumn(column));
+        columns.append({metrics.horizontalAdvance(text) + margins, need});
+        room -= columns.last().Width;
+    }
+    const QList<int> widths = WithRoom(columns, room);
+    const QScopedValueRollback rollback(sharing, true);
+    for (int column = 0; column < HistoryModel::Columns; ++column) {
+        if (column != HistoryModel::Where)
+            ui->tblHistory->horizontalHeader()->resizeSection(column, widths[column]);
+    }
 }
 
 void frmHistory::filterChanged()
 {
     model->SetFilter(ui->txtFilter->text());
     ui->tblHistory->selectRow(0);
+    fitColumns();
     showCount();
     offerCommands();
 }
@@ -168,6 +203,7 @@ void frmHistory::refresh()
     // Where everything is new, the first row is chosen again.
     if (chosen().Id != id || id == 0)
         ui->tblHistory->selectRow(0);
+    fitColumns();
     showCount();
     offerCommands();
 }
@@ -261,6 +297,9 @@ bool frmHistory::eventFilter(QObject *watched, QEvent *event)
         ui->tblHistory->setFocus(Qt::TabFocusReason);
         return true;
     }
+    // What passes here is every event of the program, before the table is there, too.
+    if (event->type() == QEvent::Resize && ui->tblHistory && watched == ui->tblHistory->viewport())
+        fitColumns();
     return FormWindow::eventFilter(watched, event);
 }
 

@@ -2,6 +2,7 @@
 
 #include "controls/FormWindow.h"
 
+#include <array>
 #include <memory>
 
 class HistoryModel;
@@ -37,6 +38,7 @@ protected:
 
 private:
     void makeMenu();
+    void makeColumns();
     void fitColumns();
     void filterChanged();
     void refresh();
@@ -51,6 +53,9 @@ private:
 
     const std::unique_ptr<Ui::frmHistory> ui;
     HistoryModel *const model;
+    std::array<int, 7> needed{}; ///< of each column, in pixels, for its texts not to be cut
+    bool arranged = false;       ///< by the user, who keeps the widths
+    bool sharing = false;
     QMenu *menu = nullptr;
     QAction *fillForm = nullptr;
     QAction *askAgain = nullptr;

@@ -21,15 +21,16 @@ constexpr int refreshMilliseconds = 1000;
 constexpr std::array<int, 7> usageTwips{1000, 5200, 1100, 1100, 1100, 1100, 1400};
 constexpr int firstNumber = 2;
 
+/// No wider than most texts are: the room beside them goes to those that are longer.
 const std::array<ListColumn, 6> &behindColumns()
 {
     static const std::array<ListColumn, 6> columns{{
-        {u"Asked For"_s, 2100},
-        {u"Kind"_s, 1150},
-        {u"What"_s, 3400},
-        {u"Where"_s, 2300},
-        {u"Outcome"_s, 2050},
-        {u"Requests"_s, 1200, Qt::AlignRight},
+        {u"Asked For"_s, 1950},
+        {u"Kind"_s, 950},
+        {u"What"_s, 2400},
+        {u"Where"_s, 1500},
+        {u"Outcome"_s, 1800},
+        {u"Requests"_s, 1000, Qt::AlignRight},
     }};
     return columns;
 }

@@ -21,7 +21,7 @@ constexpr int mostRows = 6;
 ListLayout courtColumns()
 {
     return {u"Courts"_s,
-            {{u"Court"_s, 2700, Qt::AlignLeft},
+            {{u"Court"_s, 1500, Qt::AlignLeft},
              {u"State"_s, 7500, Qt::AlignLeft},
              {u"Time"_s, 900, Qt::AlignLeft}}};
 }
@@ -63,7 +63,9 @@ void CourtStrip::Follow(NameSearch *newSearch)
 {
     search = newSearch;
     connect(search, &NameSearch::CourtsChanged, this, &CourtStrip::showSoon);
-    connect(search, &Job::StateChanged, this, &CourtStrip::showSoon);
+    // What the lines of status say of the end, the strip says with them.
+    connect(search, &Job::StateChanged, this,
+            [this] { search->State() == JobState::Over ? showNow() : showSoon(); });
     showNow();
 }
 

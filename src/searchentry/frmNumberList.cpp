@@ -12,10 +12,11 @@ using namespace Qt::StringLiterals;
 namespace {
 constexpr QStringView noMoreWanted = u"no more were wanted";
 
+/// No wider than they have to be: the room beside them goes to the longest texts.
 const ListLayout &layoutOfOutcomes()
 {
     static const ListLayout layout{
-        u"NumbersAskedFor"_s, {{u"Case Number"_s, 2100}, {u"Court"_s, 3900}, {u"Outcome"_s, 2400}}};
+        u"NumbersAskedFor"_s, {{u"Case Number"_s, 1500}, {u"Court"_s, 3000}, {u"Outcome"_s, 1900}}};
     return layout;
 }
 } // namespace

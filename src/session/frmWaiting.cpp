@@ -136,6 +136,7 @@ void frmWaiting::fitColumns()
     header->resizeSection(WaitingModel::Kind, widthOf(u"All documents"_s));
     header->resizeSection(WaitingModel::What, widthOf(u"MONTGOMERY, ALEXANDER, J"_s));
     header->setStretchLastSection(true);
+    header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
 }
 
 void frmWaiting::offerCommands()

@@ -57,6 +57,7 @@ private Q_SLOTS:
     void aCaseThatBreaksDown();
     void theCodeOfTheRequestIsBilled();
     void whatTheSessionStoppedIsOfferedAgain();
+    void whatWasCutOffIsOfferedAgain();
     void whatStoodWaitingIsOfferedAgain();
     void afterALogoutTheProgramGoesOn();
     void withTheHistoryOffNothingIsKept();
@@ -179,7 +180,8 @@ void tst_HistoryRecording::aCaseWithItsTabs()
     QCOMPARE(used.Searches, 0);
 }
 
-/// The same case, once more: one line, which waits and runs again.
+/// The same case, once more: one line, which keeps what it says until there is more. A program that
+/// ends meanwhile has not left the case undone.
 void tst_HistoryRecording::aLaterRunOfACase()
 {
     constexpr int docketBox = 2;
@@ -193,7 +195,7 @@ void tst_HistoryRecording::aLaterRunOfACase()
     ButtonOf(window, "cmdClearAll")->click();
     window->findChild<QCheckBox *>(u"chkTab_%1"_s.arg(docketBox))->click();
     ButtonOf(window, "cmdSearchNow")->click();
-    QCOMPARE(kept(), QStringList{u"waits|02-1-00123-4|Search Complete|1"_s});
+    QCOMPARE(kept(), QStringList{u"ended|02-1-00123-4|Search Complete|1"_s});
     court->Expect(SuperiorLine(u"DOCKET"_s)).Reply(GridDef({u"01/02/2003~A~"_s}));
     window->TmrSearchOnDemand->start(1);
     QVERIFY(Finished(window));
@@ -380,6 +382,33 @@ void tst_HistoryRecording::whatTheSessionStoppedIsOfferedAgain()
     for (const AskedItem &item : store().Unfinished())
         names.append(item.What);
     QCOMPARE(names, (QStringList{u"SMITH, JOHN, Q"_s, u"JONES, JOHN, Q"_s}));
+}
+
+/// The end of the session takes the link from the search that runs; one that had come to its end by
+/// then is done.
+void tst_HistoryRecording::whatWasCutOffIsOfferedAgain()
+{
+    court->Expect(lineFor(u"SMITH"_s)).Reply(twoRows());
+    court->Expect(lineFor(u"JONES"_s)).Reply({ResultLine(u"JONES, JOHN"_s)}).Drop().Late();
+    desk->ConnectTo(*court);
+    frmNameSearchResults *done = pending(u"SMITH"_s);
+    done->Timer1->start(1);
+    QVERIFY(desk->Finish(done));
+    frmNameSearchResults *cut = pending(u"JONES"_s);
+    desk->When([this] { return court->OwesAnswer(); },
+               [this] {
+                   Global.bStopRequested = true;
+                   court->AnswerNow();
+               });
+    cut->Timer1->start(1);
+    QVERIFY(desk->Finish(cut));
+    kept();
+    ReplaceEndProgram([](int) {});
+    EndProgram();
+    ReplaceEndProgram({});
+    reopen();
+    QCOMPARE(store().Unfinished().size(), 1);
+    QCOMPARE(store().Unfinished().first().What, u"JONES, JOHN, Q"_s);
 }
 
 void tst_HistoryRecording::whatStoodWaitingIsOfferedAgain()

@@ -22,6 +22,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTableView>
 #include <QTest>
 
@@ -100,6 +101,8 @@ private Q_SLOTS:
     void aRowGoesToTheClipboard();
     void aScreenReaderHearsTheCells();
     void aTipIsNoMarkup();
+    void nothingIsCutWhileThereIsRoom();
+    void aColumnOfTheUsersStays();
     void anEmptyHistorySaysSo();
     void thereIsOneSuchWindow();
 
@@ -523,6 +526,35 @@ void tst_frmHistory::aTipIsNoMarkup()
     QCOMPARE(model->index(0, HistoryModel::What).data(Qt::ToolTipRole).toString(),
              u"<qt>&lt;b&gt;SMITH&lt;/b&gt;"_s);
     QCOMPARE(model->index(0, HistoryModel::Count).data(Qt::ToolTipRole).toString(), QString());
+}
+
+void tst_frmHistory::nothingIsCutWhileThereIsRoom()
+{
+    askFor(u"MONTGOMERY, ALEXANDER CONSTANTINE, JUNIOR"_s);
+    open();
+    window->resize(1600, 400);
+    const auto needed = [this] {
+        return table()->sizeHintForIndex(table()->model()->index(0, HistoryModel::What)).width();
+    };
+    QTRY_VERIFY(table()->columnWidth(HistoryModel::What) >= needed());
+    // What comes while it is open, too.
+    const int before = needed();
+    askFor(u"MONTGOMERY, ALEXANDER CONSTANTINE MAXIMILIAN, JUNIOR"_s);
+    written();
+    QTRY_VERIFY(needed() > before);
+    QTRY_VERIFY(table()->columnWidth(HistoryModel::What) >= needed());
+    QVERIFY(!table()->horizontalScrollBar()->isVisible());
+}
+
+void tst_frmHistory::aColumnOfTheUsersStays()
+{
+    askFor(u"MONTGOMERY, ALEXANDER CONSTANTINE, JUNIOR"_s);
+    open();
+    table()->setColumnWidth(HistoryModel::What, 90);
+    window->resize(1600, 400);
+    QTRY_COMPARE(window->width(), 1600);
+    QCoreApplication::processEvents();
+    QCOMPARE(table()->columnWidth(HistoryModel::What), 90);
 }
 
 void tst_frmHistory::anEmptyHistorySaysSo()

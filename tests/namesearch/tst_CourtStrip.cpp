@@ -68,6 +68,7 @@ private Q_SLOTS:
     void whatTheUserClosedStaysClosed();
     void aSearchOfAllCountiesShowsEach();
     void aFewCourtsTakeNoMoreRoomThanTheyNeed();
+    void aReasonIsNotCutBesideAShortName();
     void aTextOfTheCourtIsPlain();
     void itsRowsFollowAtMostEvery40Milliseconds();
     void theKeyboardStaysInTheWindow();
@@ -173,6 +174,21 @@ void tst_CourtStrip::aFewCourtsTakeNoMoreRoomThanTheyNeed()
                && courts->geometry().bottom() == strip->rect().bottom();
     }));
     QVERIFY(courts->viewport()->height() >= 2 * courts->rowHeight(0));
+}
+
+void tst_CourtStrip::aReasonIsNotCutBesideAShortName()
+{
+    court->Expect(king).Reply({u"ERROR~The host of this county cannot be reached at this time; "
+                               "please try the search again later~"_s,
+                               u"EOF~"_s});
+    NameResultsWindow *window = Search(MakeWindow(Which::Name), {king});
+    window->resize(820, 560);
+    QVERIFY(desk->WaitUntil([window] { return isOpen(window); }));
+    const ResultListView *courts = ListOf(window, "lvCourts");
+    QVERIFY(desk->WaitUntil([=] {
+        const int needed = courts->sizeHintForIndex(courts->model()->index(0, 1)).width();
+        return courts->columnWidth(1) >= needed;
+    }));
 }
 
 void tst_CourtStrip::aTextOfTheCourtIsPlain()

@@ -68,6 +68,7 @@ private Q_SLOTS:
     void init() override;
     void cleanup();
 
+    void theOutcomesAreNotCut();
     void theListIsTakenFromTheClipboard();
     void aNumberThatIsRefusedCannotBeTicked();
     void theCountyOfLinesThatNameNone();
@@ -185,6 +186,21 @@ void tst_PasteList::cleanup()
     qDeleteAll(qApp->findChildren<NumberListRun *>());
     JobEvents::Of().disconnect(this);
     EntryTest::cleanup();
+}
+
+/// In the window as it comes up.
+void tst_PasteList::theOutcomesAreNotCut()
+{
+    NumberListRun *run = NumberListRun::Start({}, {}, {}, false);
+    frmNumberList::Follow(run);
+    run->Rows.AddRow({u"05-2-00001-1"_s, u"Pend Oreille County, Washington Superior Courts"_s,
+                      u"Not started: no more were wanted"_s});
+    const auto *view = Child<ResultListView>(list(), "lvNumbers");
+    QTRY_COMPARE(view->model()->rowCount(), 1);
+    for (int column = 0; column < view->model()->columnCount(); ++column) {
+        const int needed = view->sizeHintForIndex(view->model()->index(0, column)).width();
+        QTRY_VERIFY(view->columnWidth(column) >= needed);
+    }
 }
 
 void tst_PasteList::theListIsTakenFromTheClipboard()
