@@ -111,6 +111,20 @@ QString OutcomeOf(const Job &job)
     return TrimBlanks(status.startsWith(heading) ? status.sliced(heading.size()) : status);
 }
 
+bool WasCutOff(const Job &job)
+{
+    if (const auto *search = qobject_cast<const NameSearch *>(&job)) {
+        const QList<CourtAnswer> &courts = search->Record.Courts;
+        return std::any_of(courts.begin(), courts.end(), [](const CourtAnswer &court) {
+            return court.State == AnswerState::Stopped;
+        });
+    }
+    if (const auto *ofCase = qobject_cast<const CaseJob *>(&job))
+        return ofCase->Record.SearchStopped || job.KeepsPlace();
+    const auto *document = qobject_cast<const DocumentJob *>(&job);
+    return document && !document->Retrieved;
+}
+
 int CountOf(const Job &job)
 {
     if (const auto *search = qobject_cast<const NameSearch *>(&job))

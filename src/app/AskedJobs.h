@@ -15,6 +15,10 @@ std::optional<AskedItem> AskedItemOf(const Job &job);
 /// How a job that is over has ended, in the words of its window.
 QString OutcomeOf(const Job &job);
 
+/// Whether a run that is over, and that the user has not stopped, did not come to its end: the
+/// session had to, or the link went.
+bool WasCutOff(const Job &job);
+
 /// How many rows, tabs, pages or documents have come; -1 when that is not known.
 int CountOf(const Job &job);
 

@@ -6,7 +6,6 @@
 #include "core/GlobalState.h"
 #include "history/HistoryStore.h"
 #include "jobs/Job.h"
-#include "link/Exchange.h"
 #include "link/frmWinsock.h"
 
 #include <QHash>
@@ -17,10 +16,11 @@ namespace {
 /// A job that is followed.
 struct Followed
 {
-    qint64 Id = 0;      ///< in the history
-    bool Ran = false;   ///< it has had its turn
-    bool Later = false; ///< it has ended before, and asks for what was left out, or for more
-    bool Ended = false; ///< what came of it is written
+    qint64 Id = 0;            ///< in the history
+    bool Ran = false;         ///< it has had its turn
+    bool Later = false;       ///< it has ended before, and asks for what was left out, or for more
+    bool SessionEnds = false; ///< when it was over, all jobs were asked to stop
+    bool Ended = false;       ///< what came of it is written
     /// It is over: what would be written if it went at this moment.
     QString Outcome = u"Closed before it had its turn."_s;
     int Count = -1;
@@ -111,9 +111,8 @@ void JobFollower::over(Job *job)
     const auto found = jobs.find(job);
     if (found == jobs.end())
         return;
-    // The end of a session stops what waits, and takes the link from what runs.
-    const bool cutOff = !found->Ran || !IsLinkUp();
-    if (cutOff && !found->Later && Global.bStopRequested && !job->StopRequested)
+    found->SessionEnds = Global.bStopRequested && !job->StopRequested;
+    if (!found->Ran && found->SessionEnds)
         stoppedBySession.append(found->Id);
     note(job);
     QMetaObject::invokeMethod(
@@ -135,6 +134,8 @@ void JobFollower::write(Job *job)
     if (found == jobs.end() || found->Ended || !isOver)
         return;
     note(job);
+    if (found->Ran && found->SessionEnds && !found->Later && WasCutOff(*job))
+        stoppedBySession.append(found->Id);
     found->Ended = true;
     HistoryStore::Of().End(found->Id, found->Outcome, found->Count);
 }

@@ -1,5 +1,6 @@
 // What the history keeps of searches, cases and documents, from their launch to their end.
 
+#include "app/HistoryWiring.h"
 #include "app/Startup.h"
 #include "casedetails/DocumentsDesk.h"
 #include "casedetails/frmCaseDetails.h"
@@ -84,6 +85,8 @@ private:
 void tst_HistoryRecording::init()
 {
     DocumentsTest::init();
+    // What is to be done at the end of the program is done once.
+    FollowJobs();
     reopen();
 }
 
