@@ -53,7 +53,7 @@ inline bool FromJson(const QJsonValue &json, QStringList &list)
         return false;
     QStringList texts;
     const QJsonArray array = json.toArray();
-    for (const QJsonValue &one : array) {
+    for (const auto &one : array) {
         if (!one.isString())
             return false;
         texts.append(one.toString());

@@ -120,7 +120,7 @@ std::optional<QList<DocumentStart>> DocumentsOf(const QByteArray &text)
     if (list.isEmpty() || !object->isEmpty())
         return std::nullopt;
     QList<DocumentStart> starts;
-    for (const QJsonValue &one : list) {
+    for (const auto &one : list) {
         QJsonObject document = one.toObject();
         DocumentStart start;
         if (!one.isObject() || !TakeFields(document, start, documentFields) || !document.isEmpty())

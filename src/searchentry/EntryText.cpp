@@ -105,7 +105,7 @@ size_t indexOf(const QJsonValue &value, size_t count)
 bool takeCourts(const QJsonValue &value, std::array<bool, 4> &courts)
 {
     const QJsonArray array = value.toArray();
-    for (const QJsonValue &one : array) {
+    for (const auto &one : array) {
         const size_t index = indexOf(one, courts.size());
         if (index == courts.size())
             return false;
@@ -125,7 +125,7 @@ bool takeRow(const QJsonArray &row, std::array<BatchRow, 10> &batch)
 bool takeBatch(const QJsonValue &value, std::array<BatchRow, 10> &batch)
 {
     const QJsonArray array = value.toArray();
-    for (const QJsonValue &one : array) {
+    for (const auto &one : array) {
         if (!takeRow(one.toArray(), batch))
             return false;
     }

@@ -120,9 +120,9 @@ public:
     QList<ListedNumber> rows;
 
 private:
-    void readSuperior(ListedNumber row, const QString &plain, const QStringList &words);
-    void readOther(ListedNumber row, const QString &plain, const QStringList &words);
-    void notUnderstood(ListedNumber row, const QString &plain, const QString &reason);
+    void readSuperior(const ListedNumber &row, const QString &plain, const QStringList &words);
+    void readOther(const ListedNumber &row, const QString &plain, const QStringList &words);
+    void notUnderstood(const ListedNumber &row, const QString &plain, const QString &reason);
     void judge(ListedNumber row, const QString &number, const QString &doubt);
     QString countyOf(const QString &number) const;
     bool fits(const QString &number, const QString &county) const;
@@ -150,7 +150,7 @@ void Reader::Read(int number, const QString &line)
         Add(number, {}, u"The rest of this line is not read: it has more than 2,000 characters."_s);
 }
 
-void Reader::readSuperior(ListedNumber row, const QString &plain, const QStringList &words)
+void Reader::readSuperior(const ListedNumber &row, const QString &plain, const QStringList &words)
 {
     static const QRegularExpression socialSecurity(u"^[0-9]{3}-[0-9]{2}-[0-9]{4}$"_s);
     QStringList numbers;
@@ -184,7 +184,7 @@ void Reader::readSuperior(ListedNumber row, const QString &plain, const QStringL
 }
 
 /// The other courts write numbers in forms of their own, with letters as a rule.
-void Reader::readOther(ListedNumber row, const QString &plain, const QStringList &words)
+void Reader::readOther(const ListedNumber &row, const QString &plain, const QStringList &words)
 {
     QStringList withLetters;
     QStringList digitsOnly;
@@ -206,7 +206,7 @@ void Reader::readOther(ListedNumber row, const QString &plain, const QStringList
                       "case number."_s);
 }
 
-void Reader::notUnderstood(ListedNumber row, const QString &plain, const QString &reason)
+void Reader::notUnderstood(const ListedNumber &row, const QString &plain, const QString &reason)
 {
     Add(row.Line, plain.left(shownCharacters), reason);
 }
