@@ -95,6 +95,8 @@ void WireHistory()
     QObject::connect(store, &HistoryStore::Problem, store, &showProblem);
     SessionEvents *session = &SessionEvents::Of();
     QObject::connect(session, &SessionEvents::UsageWanted, session, &frmUsage::ShowForm);
+    // A program that is never left forgets, too.
+    QObject::connect(session, &SessionEvents::LoggedIn, store, &forgetWhatIsOld);
     OptionsEvents *options = &OptionsEvents::Of();
     QObject::connect(options, &OptionsEvents::Saved, store, &takeHistoryOptions);
     QObject::connect(options, &OptionsEvents::ClearHistoryWanted, store, &clearHistory);

@@ -7,6 +7,7 @@
 #include "core/Options.h"
 #include "history/HistoryStore.h"
 #include "prefs/frmOpts.h"
+#include "session/SessionEvents.h"
 #include "session/frmMain.h"
 #include "support/HalvaneTest.h"
 
@@ -63,6 +64,7 @@ private Q_SLOTS:
     void withoutAHistoryNothingIsKept();
     void theOptionsOpenAndCloseIt();
     void whatIsTooOldIsForgottenAtTheStart();
+    void whatHasBecomeTooOldIsForgottenAtTheNextLogin();
     void clearNowEmptiesAHistoryThatIsOpen();
     void clearNowTakesAwayOneThatIsOff();
     void theEndOfTheProgramWritesWhatIsQueued();
@@ -139,6 +141,20 @@ void tst_HistoryStart::whatIsTooOldIsForgottenAtTheStart()
     QCOMPARE(store().CountOf({}), 2);
     store().Close();
     StartHistory(false);
+    QVERIFY(written());
+    QCOMPARE(store().CountOf({}), 1);
+    QCOMPARE(store().CountOf(u"new"_s), 1);
+}
+
+void tst_HistoryStart::whatHasBecomeTooOldIsForgottenAtTheNextLogin()
+{
+    setOption(u"HistoryDays"_s, u"10"_s);
+    StartHistory(false);
+    ask(u"OLD"_s, 11);
+    ask(u"NEW"_s, 9);
+    QVERIFY(written());
+    QCOMPARE(store().CountOf({}), 2);
+    Q_EMIT SessionEvents::Of().LoggedIn();
     QVERIFY(written());
     QCOMPARE(store().CountOf({}), 1);
     QCOMPARE(store().CountOf(u"new"_s), 1);
