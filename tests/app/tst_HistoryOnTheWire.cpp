@@ -236,12 +236,13 @@ void tst_HistoryOnTheWire::whatIsAskedAgainIsWhatWasAsked()
     QVERIFY(HistoryStore::Of().WaitUntilWritten(longEnough));
     const auto count = static_cast<int>(windows.size());
     const QList<AskedItem> items = HistoryStore::Of().Items({}, 0, count);
+    const QList<AskedItem> oldestFirst(items.crbegin(), items.crend());
     for (const QPointer<JobWindow> &window : windows)
         window->Unload(UnloadMode::MdiParent);
     frmQueue::Form().FIFO.Clear();
-    const QList<JobWindow *> again = desk->NewWindows([&items] {
-        for (auto item = items.crbegin(); item != items.crend(); ++item)
-            AskAgain(*item);
+    const QList<JobWindow *> again = desk->NewWindows([&oldestFirst] {
+        for (const AskedItem &item : oldestFirst)
+            AskAgain(item);
     });
     QCOMPARE(again.size(), count);
     finish({again.begin(), again.end()});
