@@ -12,6 +12,7 @@
 #include "tables/TableTools.h"
 
 #include <QContextMenuEvent>
+#include <QHeaderView>
 #include <QLabel>
 #include <QMenu>
 #include <QTemporaryDir>
