@@ -15,10 +15,12 @@ target_compile_definitions(halvane_policy INTERFACE
   QT_USE_QSTRINGBUILDER)
 
 # Where sources are compiled together, g++ takes each but the outermost for a header, in which a class
-# with members of a local type would be wrong.
+# with members of a local type would be wrong; and for clang a parameter hides what another source of
+# the folder has under the same name.
 if(CMAKE_UNITY_BUILD)
   target_compile_options(halvane_policy INTERFACE
-    $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>
+    $<$<CXX_COMPILER_ID:Clang>:-Wno-shadow>)
 endif()
 
 if(HALVANE_SANITIZE)
@@ -44,6 +46,17 @@ if(CMAKE_BUILD_TYPE STREQUAL "Debug")
   if(HALVANE_MOLD)
     add_link_options(-fuse-ld=mold)
   endif()
+endif()
+
+# What customers run is hardened as Debian hardens its own: bytes from outside are what this program
+# lives on. It says nothing of where it was built.
+if(CMAKE_BUILD_TYPE STREQUAL "Release" AND NOT HALVANE_SANITIZE)
+  include(CheckPIESupported)
+  check_pie_supported()
+  set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+  add_compile_options(-fstack-protector-strong -Wformat -Werror=format-security -D_FORTIFY_SOURCE=2
+    -ffile-prefix-map=${PROJECT_SOURCE_DIR}/=)
+  add_link_options(-Wl,-z,relro -Wl,-z,now -Wl,--as-needed)
 endif()
 
 # halvane_library(<folder> <logic|forms> SOURCES ... LIBS ...): one of the two libraries of a

@@ -62,7 +62,8 @@ constexpr std::array<SwitchRow, 14> rows{{
     {Switch::Refuse, u"--refuse", Takes::Nothing, u"", 0, 0, u"close each connection at once"},
     {Switch::UntilStdinCloses, u"--until-stdin-closes", Takes::Nothing, u"", 0, 0,
      u"end when standard input ends"},
-    {Switch::Version, u"--version", Takes::Nothing, u"", 0, 0, u"print the version and end"},
+    {Switch::Version, u"--version", Takes::Nothing, u"", 0, 0,
+     u"print the version, and what it runs on, and end"},
     {Switch::Help, u"--help", Takes::Nothing, u"", 0, 0, u"print this text and end"},
 }};
 

@@ -1,9 +1,9 @@
-#include "core/Version.h"
+#include "core/Platform.h"
+#include "core/VersionText.h"
 #include "practice/CommandLine.h"
 #include "practice/CourtServer.h"
 #include "practice/ExtraPeople.h"
 #include "practice/Grumble.h"
-#include "practice/InputWatch.h"
 #include "practice/MadeUpPeople.h"
 
 #include <QCoreApplication>
@@ -53,7 +53,7 @@ int run(const Practice::Switches &switches)
     }
     say(u"halvane-practice: listening on 127.0.0.1:%1\n"_s.arg(server.Port()));
     if (switches.untilInputCloses)
-        Practice::WatchInput(&server, [] { QCoreApplication::quit(); });
+        WatchInput(&server, [] { QCoreApplication::quit(); });
     return QCoreApplication::exec();
 }
 } // namespace
@@ -68,7 +68,7 @@ int main(int argc, char *argv[])
         say(Practice::HelpText());
         return Fine;
     case Outcome::ShowVersion:
-        say(u"halvane-practice %1\n"_s.arg(ProgramVersion()));
+        say(VersionText(u"halvane-practice"_s) + u'\n');
         return Fine;
     case Outcome::Wrong:
         Practice::Grumble(u"%1 (see --help)"_s.arg(line.message));

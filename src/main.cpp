@@ -7,6 +7,7 @@
 #include "controls/WindowPlace.h"
 #include "core/AppFolder.h"
 #include "core/Log.h"
+#include "core/Platform.h"
 #include "core/RunTimeError.h"
 #include "core/Version.h"
 #include "session/frmMain.h"
@@ -72,12 +73,6 @@ void quietHandler(QtMsgType type, const QMessageLogContext &context, const QStri
     std::fputs(qUtf8Printable(qFormatLogMessage(type, context, message) + u'\n'), stderr);
 }
 
-bool hasDisplay()
-{
-    return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY")
-           || qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
-}
-
 int run(const StartOptions &options)
 {
     std::optional<QTemporaryDir> tourFolder;
@@ -92,9 +87,10 @@ int run(const StartOptions &options)
         return complain(u"cannot use the folder "_s + folder + u": "_s + error.Description(), 1);
     }
     SingleInstance instance(QFileInfo(AppFolder()).canonicalFilePath());
-    if (!instance.Claim())
+    if (!instance.Claim(options.NewSearch ? SecondStart::NewSearch : SecondStart::ComeForward))
         return instance.AnotherRuns() ? 0
                                       : complain(u"cannot tell whether a copy runs already"_s, 1);
+    KeepFilesForOwner();
     CopyMissingDataFiles(InstalledDataFolder());
 
     PracticeCourt court;
@@ -111,6 +107,7 @@ int run(const StartOptions &options)
         if (frmMain *main = frmMain::Form())
             BringToFront(main);
     });
+    QObject::connect(&instance, &SingleInstance::SearchWanted, &instance, &ShowSearchFormOnRequest);
     // The program ends without unwinding, so whoever ends it has to take the folder away: its log
     // holds the password of the tour's login.
     Tour tour(options.Output, [&tourFolder] { tourFolder.reset(); });
@@ -130,13 +127,13 @@ int main(int argc, char **argv)
         std::fputs(qUtf8Printable(options.Information), stdout);
         return 0;
     }
-    if (options.Tour && !hasDisplay())
+    if (options.Tour && !HasDisplay())
         qputenv("QT_QPA_PLATFORM", "offscreen");
     if (options.Tour)
         qInstallMessageHandler(&quietHandler);
     QApplication::setApplicationName(u"Halvane"_s);
     QApplication::setApplicationVersion(ProgramVersion());
-    QApplication::setDesktopFileName(u"halvane"_s);
+    QApplication::setDesktopFileName(u"example.halvane.Halvane"_s);
     const HalvaneApplication application(argc, argv);
     // The session lives in the main window's own rules of closing, not in "the last window closed".
     QApplication::setQuitOnLastWindowClosed(false);

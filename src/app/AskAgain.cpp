@@ -123,13 +123,25 @@ bool PutBack(const AskedItem &item)
 {
     if (const std::optional<SearchEntry> entry = EntryOf(item.Origin))
         return frmSearchWA::Form().Start().PutBack(*entry, item.ClientCode);
-    const std::optional<SearchEntry> entered = entryOf(item);
-    if (entered && !frmSearchWA::Form().Start().DisclaimerAccepted(*entered))
-        return false;
     // The session may have ended under the court's notice.
-    if (!Global.bLoggedIn)
+    if (!NoticeAccepted(item) || !Global.bLoggedIn)
         return false;
     return launchCase(item, true) || launchDocuments(item);
+}
+
+std::optional<CaseStart> NumberOf(const AskedItem &item)
+{
+    std::optional<CaseStart> start = CaseStartOf(item.Origin);
+    if (!start || start->Kind != CaseKind::State || start->chkBK || !EntryOf(start->Origin))
+        return std::nullopt;
+    start->ClientAcctgCode = item.ClientCode;
+    return start;
+}
+
+bool NoticeAccepted(const AskedItem &item)
+{
+    const std::optional<SearchEntry> entered = entryOf(item);
+    return !entered || frmSearchWA::Form().Start().DisclaimerAccepted(*entered);
 }
 
 bool CanBeAsked(const AskedItem &item)

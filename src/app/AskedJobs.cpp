@@ -13,15 +13,19 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-AskedItem itemOf(AskedKind kind, const Job &job)
+AskedItem itemOf(AskedKind kind, const JobMatter &matter, const QString &code)
 {
-    const JobMatter matter = job.Matter();
     AskedItem item;
     item.Kind = kind;
     item.What = matter.What;
     item.Where = matter.Where;
-    item.ClientCode = ClientCodeOf(job);
+    item.ClientCode = code;
     return item;
+}
+
+AskedItem itemOf(AskedKind kind, const Job &job)
+{
+    return itemOf(kind, job.Matter(), ClientCodeOf(job));
 }
 
 AskedItem itemOfSearch(const NameSearch &search)
@@ -33,17 +37,11 @@ AskedItem itemOfSearch(const NameSearch &search)
 
 AskedItem itemOfCase(const CaseJob &ofCase)
 {
-    AskedItem item = itemOf(AskedKind::Case, ofCase);
     CaseStart start = ofCase.Record;
     // The lines of a bankruptcy court come from the search form, or from a list of cases.
     if (ofCase.Record.IsBankruptcy())
         start.TabRequests = ofCase.lboxTabReqQueue.Lines();
-    item.Origin = TextOfCaseStart(start);
-    // Until the court has answered, a case has no title but the one of a list.
-    const QString title = TrimBlanks(start.lblCaseTitle);
-    if (!title.isEmpty() && !title.startsWith(u"Pending"))
-        item.What += u"  "_s + title;
-    return item;
+    return AskedItemOf(start);
 }
 
 AskedItem itemOfDocument(const DocumentJob &document)
@@ -87,6 +85,17 @@ bool isSummary(const CaseRecord &record, const QString &request)
     return request == (code.isEmpty() ? line : EmbedClientCode(line, code));
 }
 } // namespace
+
+AskedItem AskedItemOf(const CaseStart &start)
+{
+    AskedItem item = itemOf(AskedKind::Case, MatterOf(start), start.ClientAcctgCode);
+    item.Origin = TextOfCaseStart(start);
+    // Until the court has answered, a case has no title but the one of a list.
+    const QString title = TrimBlanks(start.lblCaseTitle);
+    if (!title.isEmpty() && !title.startsWith(u"Pending"))
+        item.What += u"  "_s + title;
+    return item;
+}
 
 std::optional<AskedItem> AskedItemOf(const Job &job)
 {

@@ -1,5 +1,6 @@
 #include "app/HistoryStart.h"
 
+#include "app/HistoryWiring.h"
 #include "controls/MsgBox.h"
 #include "core/AppFolder.h"
 #include "core/Clock.h"
@@ -40,10 +41,12 @@ void forgetWhatIsOld()
 void takeHistoryOptions()
 {
     const bool wanted = keepsHistory();
-    if (wanted && !historyIsWanted)
+    if (wanted && !historyIsWanted) {
         HistoryStore::Of().Open(historyPath);
-    else if (!wanted)
+    } else if (!wanted) {
+        LeaveHistory();
         HistoryStore::Of().Close();
+    }
     historyIsWanted = wanted;
     forgetWhatIsOld();
 }
@@ -76,7 +79,7 @@ void showProblem(const QString &text)
         button->setText(u"History problem .."_s);
         button->setAutoRaise(true);
         button->setFocusPolicy(Qt::TabFocus);
-        main->statusBar()->insertPermanentWidget(0, button);
+        main->statusBar()->addPermanentWidget(button);
         QObject::connect(button, &QToolButton::clicked, button, [button] {
             button->hide();
             MsgBox(frmMain::Form(), button->toolTip(), u"Halvane - History"_s, MsgButtons::Ok,

@@ -7,8 +7,14 @@
 #include "history/HistoryStore.h"
 #include "jobs/Job.h"
 #include "link/frmWinsock.h"
+#include "records/CaseStart.h"
+#include "searchentry/SearchEvents.h"
+#include "session/frmMain.h"
 
 #include <QHash>
+#include <QTimer>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -26,7 +32,8 @@ struct Followed
     int Count = -1;
 };
 
-/// Follows every job from its launch to its end.
+/// Follows every job from its launch to its end, and every number of a list from the moment in
+/// which it waits for its launch.
 ///
 /// How a job ended is read on the turn after it was over: its last words come behind its state. One
 /// that goes before that turn leaves what it said at the moment in which it was over.
@@ -36,9 +43,13 @@ public:
     JobFollower();
     /// The program ends: what it has stopped, and the user has not, waits still.
     void EndSession();
+    void LeaveHistory() const;
 
 private:
+    void numberWaits(qint64 ticket, const CaseStart &start);
+    void numberGivenUp(qint64 ticket, const QString &outcome, bool wanted);
     void launched(Job *job);
+    void takeBackStop();
     void restarted(Job *job);
     void turnTaken(Job *job);
     void turnOver(Job *job);
@@ -49,6 +60,8 @@ private:
     void sent(const QString &request) const;
 
     QHash<const Job *, Followed> jobs;
+    QHash<qint64, qint64> numbers;  ///< that wait: in the history, by their tickets
+    qint64 launching = 0;           ///< the ticket of the number whose case is launched next
     QList<qint64> stoppedBySession; ///< by whoever asked all jobs to stop, before their end
 };
 
@@ -61,23 +74,55 @@ JobFollower::JobFollower()
     connect(events, &JobEvents::TurnOver, this, &JobFollower::turnOver);
     connect(events, &JobEvents::Over, this, &JobFollower::over);
     connect(&LinkEvents::Of(), &LinkEvents::RequestSent, this, &JobFollower::sent);
+    const SearchEvents *lists = &SearchEvents::Of();
+    connect(lists, &SearchEvents::NumberWaits, this, &JobFollower::numberWaits);
+    connect(lists, &SearchEvents::NumberLaunches, this,
+            [this](qint64 ticket) { launching = ticket; });
+    connect(lists, &SearchEvents::NumberGivenUp, this, &JobFollower::numberGivenUp);
+}
+
+void JobFollower::numberWaits(qint64 ticket, const CaseStart &start)
+{
+    if (const qint64 id = HistoryStore::Of().Begin(AskedItemOf(start)); id != 0)
+        numbers.insert(ticket, id);
+}
+
+void JobFollower::numberGivenUp(qint64 ticket, const QString &outcome, bool wanted)
+{
+    launching = 0;
+    const qint64 id = numbers.take(ticket);
+    if (id == 0)
+        return;
+    if (wanted)
+        stoppedBySession.append(id);
+    HistoryStore::Of().End(id, outcome, -1);
 }
 
 void JobFollower::launched(Job *job)
 {
-    // Whatever all jobs were asked to stop for is over.
-    stoppedBySession.clear();
+    takeBackStop();
     const std::optional<AskedItem> item = AskedItemOf(*job);
-    const qint64 id = item ? HistoryStore::Of().Begin(*item) : 0;
+    qint64 id = numbers.take(std::exchange(launching, 0));
+    if (id == 0 && item)
+        id = HistoryStore::Of().Begin(*item);
     if (id == 0)
         return;
     jobs.insert(job, {.Id = id});
     connect(job, &QObject::destroyed, this, [this, job] { gone(job); });
 }
 
+/// Whatever all jobs were asked to stop for is over, unless the program is on its way out: that
+/// goes on, whatever begins meanwhile.
+void JobFollower::takeBackStop()
+{
+    const frmMain *main = frmMain::Form();
+    if (!main || !main->TimerExit->isActive())
+        stoppedBySession.clear();
+}
+
 void JobFollower::restarted(Job *job)
 {
-    stoppedBySession.clear();
+    takeBackStop();
     const auto found = jobs.find(job);
     if (found == jobs.end())
         return;
@@ -163,10 +208,29 @@ void JobFollower::EndSession()
         HistoryStore::Of().Again(id);
     stoppedBySession.clear();
 }
+
+void JobFollower::LeaveHistory() const
+{
+    QList<qint64> open = numbers.values();
+    for (const Followed &followed : jobs) {
+        if (!followed.Ended)
+            open.append(followed.Id);
+    }
+    HistoryStore::Of().Settle(open, u"The history was switched off before it was over."_s);
+}
+
+JobFollower *theFollower = nullptr; ///< nobody before FollowJobs
 } // namespace
 
 void FollowJobs()
 {
     static JobFollower follower;
+    theFollower = &follower;
     AtEndOfProgram([] { follower.EndSession(); });
+}
+
+void LeaveHistory()
+{
+    if (theFollower)
+        theFollower->LeaveHistory();
 }

@@ -6,3 +6,8 @@
 /// called once, at the start of the program. What was stopped because the program ends counts as
 /// not run.
 void FollowJobs();
+
+/// The history is switched off: what has not ended would never end in it, and be offered by the
+/// next session that has one. It is over there; how it ends is written if the history is on by
+/// then.
+void LeaveHistory();

@@ -12,6 +12,7 @@
 #include "namesearch/ResultColumns.h"
 
 #include <QCryptographicHash>
+#include <QVarLengthArray>
 
 #include <algorithm>
 #include <array>
@@ -99,53 +100,51 @@ QList<bool> comparedColumns(ResultKind kind)
     return compared;
 }
 
-/// The rows of a list that are cases, without what the list and the user have made of them.
-struct CaseRows
-{
-    QList<quint64> Hashes;
-    QList<int> Places; ///< of each of them in the list
-};
+/// The number of a row that is no case.
+constexpr quint64 noCase = 0;
 
-/// A hundred thousand rows are compared between two events: no texts are made of their cells but of
-/// the numbers.
-CaseRows caseRowsOf(const RowTable &table, ResultKind kind)
+/// The number under which a row is known again, without what the list and the user have made of it.
+/// No texts are made of its cells but of the number of the case.
+quint64 numberOf(const RowTable &table, int place, const QList<bool> &compared)
 {
     constexpr qsizetype number = 1;
-    const QList<bool> compared = comparedColumns(kind);
-    std::vector<QByteArrayView> cells(static_cast<size_t>(compared.size()));
-    CaseRows rows;
-    rows.Hashes.reserve(table.Count());
-    rows.Places.reserve(table.Count());
-    for (int place = 0; place < table.Count(); ++place) {
-        table.ViewCells(place, cells);
-        const QString numberCell = QString::fromUtf8(cells[number]);
-        if (!NamesCase(numberCell))
-            continue;
-        RowHash row;
-        for (qsizetype column = 0; column < compared.size(); ++column) {
-            if (column == number)
-                row.Add(QStringView(CaseNumberOf(numberCell)));
-            else if (compared[column])
-                row.Add(cells[static_cast<size_t>(column)]);
-        }
-        rows.Hashes.append(row.Value());
-        rows.Places.append(place);
+    constexpr qsizetype usualColumns = 16;
+    QVarLengthArray<QByteArrayView, usualColumns> cells(compared.size());
+    table.ViewCells(place, cells);
+    const QString numberCell = QString::fromUtf8(cells[number]);
+    if (!NamesCase(numberCell))
+        return noCase;
+    RowHash row;
+    for (qsizetype column = 0; column < compared.size(); ++column) {
+        if (column == number)
+            row.Add(QStringView(CaseNumberOf(numberCell)));
+        else if (compared[column])
+            row.Add(cells[column]);
     }
-    return rows;
+    return row.Value();
 }
 
-/// One search, for as long as its job lives.
+/// One search, for as long as its job lives. Its rows get their numbers as they come: behind the
+/// last of a million nobody would want to wait for all of them.
 class SearchFollower : public QObject
 {
 public:
     explicit SearchFollower(NameSearch *followed)
-        : QObject(followed), job(followed), firstLines(followed->lboxQueue.Lines())
+        : QObject(followed), job(followed), firstLines(followed->lboxQueue.Lines()),
+          compared(comparedColumns(followed->Record.Kind))
     {
+        const RowTable *rows = &job->Record.Rows;
+        for (int row = 0; row < rows->Count(); ++row)
+            take(row);
+        connect(rows, &RowTable::RowAdded, this, [this, rows] { take(rows->Count() - 1); });
+        connect(rows, &RowTable::Cleared, this, [this] { numbers.clear(); });
         connect(job, &NameSearch::RunEnded, this, &SearchFollower::runEnded);
     }
 
 private:
     using Run = std::optional<HistoryStore::Run>;
+
+    void take(int row) { numbers.append(numberOf(job->Record.Rows, row, compared)); }
 
     /// What was searched for, whoever pays for it. The pages of an index are one search; what was
     /// asked for beside the first lines, people of a name, makes it another.
@@ -172,20 +171,26 @@ private:
     void runEnded(bool whole)
     {
         const QString ownKey = key();
-        const CaseRows rows = caseRowsOf(job->Record.Rows, job->Record.Kind);
         if (const Run &run = runBefore(ownKey))
-            mark(rows, *run);
+            mark(*run);
         if (whole && !sentPeopleAlone())
-            HistoryStore::Of().SaveRun(ownKey, Clock::Current().Now(), rows.Hashes);
+            HistoryStore::Of().SaveRun(ownKey, Clock::Current().Now(), numbersOfCases());
     }
 
-    void mark(const CaseRows &rows, const HistoryStore::Run &run)
+    void mark(const HistoryStore::Run &run)
     {
-        RowMarks marks{.Rows = {}, .Since = run.When.date()};
-        const QSet<int> added = RowsNotIn(rows.Hashes, run.Rows);
-        for (const int row : added)
-            marks.Rows.insert(rows.Places[row]);
-        job->Record.Rows.SetMarks(marks);
+        RowTable &rows = job->Record.Rows;
+        rows.SetMarks(run.When.date(), [this, &rows, &run](int row) {
+            const quint64 number = numbers[rows.Arrival(row)];
+            return number != noCase && !run.Rows.Contains(number);
+        });
+    }
+
+    QList<quint64> numbersOfCases() const
+    {
+        QList<quint64> ofCases = numbers;
+        ofCases.removeAll(noCase);
+        return ofCases;
     }
 
     /// People were listed in place of cases: the cases are yet to be asked for.
@@ -197,6 +202,8 @@ private:
 
     NameSearch *job;
     QStringList firstLines;
+    const QList<bool> compared;
+    QList<quint64> numbers; ///< of the rows, in the order of their coming
     std::map<QString, Run> before;
 };
 

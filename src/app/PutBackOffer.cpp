@@ -5,12 +5,17 @@
 #include "core/GlobalState.h"
 #include "core/TurnHold.h"
 #include "history/HistoryStore.h"
+#include "searchentry/NumberListRun.h"
+#include "searchentry/frmNumberList.h"
 #include "session/SessionEvents.h"
 #include "session/frmLogin.h"
 #include "session/frmMain.h"
 
 #include <QApplication>
+#include <QSet>
 #include <QTimer>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -67,6 +72,60 @@ QList<qint64> idsOf(const QList<AskedItem> &items)
     return ids;
 }
 
+/// Puts back what had not run. Numbers come back as they were asked for: more than a list asks for
+/// at a time are a list again, since each has a window of its own.
+class PuttingBack
+{
+public:
+    explicit PuttingBack(const QList<AskedItem> &items)
+        : asList(std::count_if(items.begin(), items.end(), &NumberOf) > NumberListRun::MostAtATime)
+    {
+    }
+
+    void PutBackOne(const AskedItem &item)
+    {
+        if (const std::optional<CaseStart> number = asList ? NumberOf(item) : std::nullopt)
+            list(item, *number);
+        else
+            settle(item, CanBeAsked(item) && PutBack(item));
+    }
+    /// Until then a list is not begun, and the next session offers it.
+    void End()
+    {
+        if (starts.isEmpty())
+            return;
+        frmNumberList::Follow(NumberListRun::Start(starts));
+        HistoryStore::Of().Settle(listed, outcomeOf(true));
+    }
+
+private:
+    static QString outcomeOf(bool isBack)
+    {
+        return notRun.toString() + (isBack ? u" Put back."_s : QString());
+    }
+    static void settle(const AskedItem &item, bool isBack)
+    {
+        if (isBack || Global.bLoggedIn)
+            HistoryStore::Of().Settle({item.Id}, outcomeOf(isBack));
+    }
+    void list(const AskedItem &item, const CaseStart &number)
+    {
+        // Who has declined a notice is not asked once for each number.
+        if (!declined.contains(number.lblState) && NoticeAccepted(item)) {
+            starts.append(number);
+            listed.append(item.Id);
+            return;
+        }
+        declined.insert(number.lblState);
+        settle(item, false);
+    }
+
+    const bool asList;
+    QList<CaseStart> starts;
+    QList<qint64> listed;
+    QSet<QString> declined; ///< states whose notice was
+};
+
 void PutBackOffer::offer()
 {
     HistoryStore &store = HistoryStore::Of();
@@ -82,15 +141,16 @@ void PutBackOffer::offer()
         return;
     }
     const TurnHold hold;
+    PuttingBack back(left);
     for (const AskedItem &item : left) {
         // The session may have ended under this question, or under that of one before: then what is
         // left is asked about again in the next one.
         if (!Global.bLoggedIn)
             return;
-        const bool isBack = CanBeAsked(item) && PutBack(item);
-        if (isBack || Global.bLoggedIn)
-            store.Settle({item.Id}, notRun.toString() + (isBack ? u" Put back."_s : QString()));
+        back.PutBackOne(item);
     }
+    if (Global.bLoggedIn)
+        back.End();
 }
 } // namespace
 

@@ -8,11 +8,15 @@
 #include "controls/ModalDialog.h"
 #include "controls/MsgBox.h"
 #include "controls/WindowPlace.h"
+#include "core/AppFolder.h"
+#include "core/AtomicFile.h"
 #include "core/Clock.h"
 #include "core/GlobalState.h"
 #include "core/Log.h"
 #include "core/Options.h"
 #include "core/TextUtilities.h"
+#include "core/TurnHold.h"
+#include "documents/DocumentName.h"
 #include "history/HistoryEvents.h"
 #include "history/frmHistory.h"
 #include "jobs/frmQueue.h"
@@ -35,6 +39,8 @@
 #include "session/frmMain.h"
 #include "session/frmWaiting.h"
 
+#include <QApplication>
+#include <QDirIterator>
 #include <QGuiApplication>
 #include <QSessionManager>
 
@@ -49,6 +55,16 @@ constexpr int splashMilliseconds = 2000;
 constexpr std::array<CourtFamily, 5> courtsOfEntries{CourtFamily::Superior, CourtFamily::Discis,
                                                      CourtFamily::Oregon, CourtFamily::Bankruptcy,
                                                      CourtFamily::Idaho};
+
+/// In the folders that are this program's alone, and no other copy runs there.
+void removeUnfinishedFiles()
+{
+    RemoveUnfinishedFiles(AppFolder());
+    RemoveUnfinishedFiles(ReportsFolder());
+    QDirIterator cases(ReportsFolder(), QDir::Dirs | QDir::NoDotAndDotDot);
+    while (cases.hasNext())
+        RemoveUnfinishedFiles(cases.next());
+}
 
 void showSplash()
 {
@@ -154,8 +170,17 @@ void WireWindows()
         Qt::DirectConnection);
 }
 
+void ShowSearchFormOnRequest()
+{
+    if (!frmMain::Form() || frmLogin::IsLoaded() || TurnHold::IsHeld()
+        || QApplication::activeModalWidget())
+        return;
+    frmSearchWA::ShowForm();
+}
+
 void Main(bool practice)
 {
+    removeUnfinishedFiles();
     auto *main = new frmMain;
     if (practice)
         main->SetNotice(u"Practice court: made-up records. Any user name and password will do."_s);
@@ -168,7 +193,7 @@ void Main(bool practice)
     LoadAppOptions();
     TrimMruFiles();
     bringForward(main);
-    WriteAppInfo(u" \r\n"_s);
+    WriteAppInfo(u" \r\n"_s, LogLines::Own);
     Global.WaDisclaimerAccepted = false;
     frmSearchWA::ShowForm();
     // The first court is Washington's, and selecting it selects its state.

@@ -393,7 +393,7 @@ void Tour::addDistrictSteps(const QString &kindButton, const TourCase &tourCase)
     const bool civil = kindButton == u"optDiscisSearch_0";
     const QString results = civil ? u"frmDiscisNameResults"_s : u"frmDiscisNCNameResults"_s;
     steps.push_back({u"The District Courts are searched"_s, [] { return true; },
-                     [this, form, kindButton] {
+                     [form, kindButton] {
                          Q_EMIT SessionEvents::Of().CourtWanted(CourtEntry::WaDiscis);
                          for (const QString &button : {u"optCourtSelection_1"_s, kindButton}) {
                              if (auto *option = ControlOf<QAbstractButton>(form, button))

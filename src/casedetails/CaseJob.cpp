@@ -61,10 +61,15 @@ void CaseJob::Take(const CaseStart &start)
     Sheet.Take(start);
 }
 
+JobMatter MatterOf(const CaseStart &start)
+{
+    const QString &court = start.lblCourtName;
+    return {CaseNumberOf(start.txtCaseNumber), court.isEmpty() ? start.txtCountyName : court};
+}
+
 JobMatter CaseJob::Matter() const
 {
-    const QString &court = Record.lblCourtName;
-    return {CaseNumberOf(Record.txtCaseNumber), court.isEmpty() ? Record.txtCountyName : court};
+    return MatterOf(Record);
 }
 
 void CaseJob::ShowTab(CaseTab tab, bool incomplete, const QString &request)

@@ -9,6 +9,9 @@
 class CaseTalk;
 class RunTimeError;
 
+/// What a case that starts with this is for.
+JobMatter MatterOf(const CaseStart &start);
+
 /// The run of one case: takes its turn on the link, asks for the case one tab at a time, and makes
 /// a table of each. What was left out, or failed, can be fetched later in a run of its own. What
 /// comes of it is on the sheet.

@@ -8,6 +8,7 @@
 #include "controls/MsgBox.h"
 #include "controls/StatusColour.h"
 #include "controls/TabStrip.h"
+#include "controls/WrappedText.h"
 #include "core/GlobalState.h"
 #include "session/LoginOffer.h"
 #include "session/SessionEvents.h"
@@ -154,7 +155,7 @@ void CaseWindow::connectJob()
 
 void CaseWindow::ShowHeader()
 {
-    setWindowTitle(Record().Caption);
+    setWindowTitle(TitleText(Record().Caption));
     header->setText(Record().lblCaseDetailsHdr);
     courtName->setText(Record().lblCourtName);
     dateFiled->setText(Record().lblDateFiled);

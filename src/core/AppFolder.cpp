@@ -13,6 +13,13 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+constexpr QFileDevice::Permissions ownFolder =
+    QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner;
+constexpr QFileDevice::Permissions ownFile = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
+constexpr QFileDevice::Permissions others = QFileDevice::ReadGroup | QFileDevice::WriteGroup
+                                            | QFileDevice::ExeGroup | QFileDevice::ReadOther
+                                            | QFileDevice::WriteOther | QFileDevice::ExeOther;
+
 QString folder;
 
 /// The name under which `name` really stands in `dir`, or "" when nothing matches.
@@ -53,8 +60,7 @@ void ChooseAppFolder(const QString &chosen)
         return;
     if (!QDir().mkpath(folder))
         throw RunTimeError::PathNotFound();
-    QFile::setPermissions(folder,
-                          QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+    QFile::setPermissions(folder, ownFolder);
 }
 
 QString AppFile(const QString &name)
@@ -72,7 +78,9 @@ QString AppFile(const QString &name)
 QString InstalledDataFolder()
 {
     const QDir program(QCoreApplication::applicationDirPath());
-    for (const QString &candidate : {u"../share/halvane"_s, u"data"_s}) {
+    // As it is installed, as it is built, and as it is carried along in one folder.
+    for (const QString &candidate :
+         {QStringLiteral(HALVANE_DATA_FROM_PROGRAM), u"../share/halvane"_s, u"data"_s}) {
         if (program.exists(candidate))
             return QDir::cleanPath(program.absoluteFilePath(candidate));
     }
@@ -102,4 +110,30 @@ int CopyMissingDataFiles(const QString &from)
         WriteAppInfo(u"Cannot copy the data file "_s + name + u" into the application folder."_s);
     }
     return copied;
+}
+
+int KeepFilesForOwner()
+{
+    // Not every file: the program itself may lie in the folder, and has to stay executable.
+    const QStringList written{u"*.ini"_s, u"AppInfo.*"_s, u"Mru*.txt"_s, u"history*"_s};
+    int mended = 0;
+    const QFileInfoList files =
+        QDir(AppFolder()).entryInfoList(written, QDir::Files | QDir::Hidden | QDir::System);
+    for (const QFileInfo &file : files) {
+        // One that its owner has made read-only is not to be written.
+        const QFileDevice::Permissions own = file.permissions() & ownFile;
+        if ((file.permissions() & others) && QFile::setPermissions(file.filePath(), own))
+            ++mended;
+    }
+    return mended;
+}
+
+bool MakeOwnFolder(const QString &path)
+{
+    // With a separator at its end a folder would be the one around itself.
+    const QString clean = QDir::cleanPath(path);
+    const QFileInfo info(clean);
+    if (info.isDir())
+        return true;
+    return info.path() != clean && MakeOwnFolder(info.path()) && QDir().mkdir(clean, ownFolder);
 }

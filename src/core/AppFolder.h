@@ -21,3 +21,14 @@ QString InstalledDataFolder();
 /// Copies what is missing in the application folder from the installed data files. Returns how many
 /// files were copied; a file that cannot be copied is left out and logged.
 int CopyMissingDataFiles(const QString &from);
+
+/// Takes the files that the program has written into the application folder, and those that SQLite
+/// keeps beside them, from everybody but their owner: settings, log, recent entries and history
+/// hold names, numbers and passwords. What the program writes now is so from its first moment; an
+/// older version, or a copy, may have left others. Gives the number of files that were open to
+/// others.
+int KeepFilesForOwner();
+
+/// Makes a folder of documents or reports, and those around it, for their owner only, unless they
+/// are there: the names of the files in it tell of cases. False when that fails.
+bool MakeOwnFolder(const QString &path);

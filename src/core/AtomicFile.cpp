@@ -3,10 +3,16 @@
 #include "core/Platform.h"
 #include "core/RunTimeError.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
 namespace {
+/// What is behind the name of a file while it is written: six letters that nobody else has, and a
+/// word that tells what it is.
+constexpr QStringView randomLetters = u".XXXXXX";
+constexpr QStringView unfinished = u".unfinished";
+
 QString targetOf(const QString &path)
 {
     const QFileInfo info(path);
@@ -25,7 +31,7 @@ bool isReadOnly(const QString &path)
 // QTemporaryFile creates its file with mode 0600, in the target's own folder, so that the renaming
 // stays within one file system.
 FileReplacement::FileReplacement(const QString &path)
-    : target(targetOf(path)), file(target + QStringLiteral(".XXXXXX"))
+    : target(targetOf(path)), file(target + randomLetters + unfinished)
 {
     if (QFileInfo(target).isDir() || isReadOnly(target) || !file.open())
         throw RunTimeError::PermissionDenied();
@@ -47,6 +53,16 @@ void FileReplacement::Commit(Survives survives)
     if (!RenameOver(file.fileName(), target))
         throw RunTimeError::PermissionDenied();
     file.setAutoRemove(false);
+}
+
+void RemoveUnfinishedFiles(const QString &folder)
+{
+    QString pattern = u'*' + randomLetters + unfinished;
+    QDir dir(folder);
+    const QStringList names =
+        dir.entryList({pattern.replace(u'X', u'?')}, QDir::Files | QDir::Hidden | QDir::NoSymLinks);
+    for (const QString &name : names)
+        dir.remove(name);
 }
 
 bool ReplaceFileContent(const QString &path, const QByteArray &content)

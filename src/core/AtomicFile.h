@@ -6,8 +6,9 @@
 #include <QTemporaryFile>
 
 /// A file that takes the place of the one at `path`, or comes new, once it is whole: whoever looks
-/// before finds the old one, or none. One that is never committed leaves nothing behind. A link
-/// stays a link: what it points at is what is replaced.
+/// before finds the old one, or none. One that is never committed leaves nothing behind, unless the
+/// program is killed: RemoveUnfinishedFiles. A link stays a link: what it points at is what is
+/// replaced.
 ///
 /// Throws error 70 ("Permission denied") when the folder cannot be written, or the file not be
 /// replaced or is there to be read only, and 61 ("Disk full") when it cannot be written to its end.
@@ -26,6 +27,10 @@ private:
     const QString target;
     QTemporaryFile file;
 };
+
+/// Takes away what a program that was killed has left in this folder of files that were not yet
+/// whole (not in the folders beneath it). Nobody else may be writing there.
+void RemoveUnfinishedFiles(const QString &folder);
 
 /// Replaces the whole content of the file at `path`, or creates it. A crash or a full disk at any
 /// point leaves the old file as it was. The file is readable by its owner only from the moment it

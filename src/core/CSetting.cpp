@@ -29,7 +29,14 @@ QString iniPath(const QString &name)
 QByteArray textOf(const QString &path)
 {
     // A file that is not there is no error: every key then reads as its default.
-    return QFileInfo::exists(path) ? FileContent(path) : QByteArray();
+    if (!QFileInfo::exists(path))
+        return {};
+    try {
+        return FileContent(path);
+    } catch (const RunTimeError &) {
+        // Once more: one bad moment of a disk would count as the default of a setting.
+        return FileContent(path);
+    }
 }
 
 void changeFile(const QString &path, const std::function<QByteArray(const QByteArray &)> &change)
@@ -154,6 +161,22 @@ void CSetting::SaveSettingStr(const QString &section, const QString &key, const 
         if (fileName.isEmpty())
             Init({}, false);
         writeText(section, key, value);
+    } catch (const RunTimeError &) {
+        logTrap(u"Error writing Setting "_s, section, key, u"CSetting.SaveSettingStr"_s);
+    }
+}
+
+void CSetting::ReplaceSettingStr(const QString &section, const QString &key, const QString &read,
+                                 const QString &value)
+{
+    try {
+        if (heldValue(section, key))
+            return;
+        changeFile(fullPath, [&](const QByteArray &text) {
+            const auto now = IniValue(text, section, key);
+            return now && readable(*now) != read ? text
+                                                 : IniTextWithValue(text, section, key, value);
+        });
     } catch (const RunTimeError &) {
         logTrap(u"Error writing Setting "_s, section, key, u"CSetting.SaveSettingStr"_s);
     }

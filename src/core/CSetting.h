@@ -37,6 +37,12 @@ public:
     void SaveSettingStr(const QString &section, const QString &key, const QString &value);
     void SaveSettingInt(const QString &section, const QString &key, qint16 value);
 
+    /// Writes a key of an ini file whose value was read as `read`, or that was not found. A key
+    /// that has another value stays as it is: the file could not be read when it was asked for, and
+    /// what the user has chosen would be written over with a default.
+    void ReplaceSettingStr(const QString &section, const QString &key, const QString &read,
+                           const QString &value);
+
     /// Writes keys of an ini file, all at once: a crash leaves all of them as they were or as they
     /// are to be. The line of a key that reads as its value already stays as it is, with its quotes
     /// and blanks. False, with a line in the log, when the file could not be written.

@@ -12,6 +12,7 @@
 namespace {
 constexpr qint64 turningNanoseconds = 50'000;
 constexpr double longestSleepSeconds = 3600.0;
+constexpr qint64 betweenNanoseconds = 100'000;
 
 unsigned long long yields = 0;
 std::function<void()> yieldWatcher;
@@ -28,12 +29,31 @@ bool handlePending()
     QAbstractEventDispatcher *dispatcher = QAbstractEventDispatcher::instance();
     return dispatcher && dispatcher->processEvents(QEventLoop::AllEvents);
 }
+
+/// Since what was pending was last handled between two tokens.
+QElapsedTimer &sinceHandled()
+{
+    static QElapsedTimer timer;
+    return timer;
+}
 } // namespace
 
 void Yield()
 {
     countYield();
     handlePending();
+}
+
+void YieldBetween()
+{
+    countYield();
+    QElapsedTimer &handled = sinceHandled();
+    if (!yieldWatcher && handled.isValid() && handled.nsecsElapsed() < betweenNanoseconds) {
+        QCoreApplication::sendPostedEvents();
+        return;
+    }
+    handlePending();
+    handled.start();
 }
 
 void YieldUntilEvent(double seconds)

@@ -99,6 +99,15 @@ QByteArray oneLine(QString text)
     return ToWindows1252(text);
 }
 
+/// Whether what is written under these names is found under them again, and nothing else is taken
+/// for a section or a comment.
+bool canBeRead(const QString &section, const QString &key)
+{
+    const QByteArray line = oneLine(key).trimmed();
+    return !line.startsWith('[') && !line.startsWith(';') && !line.contains('=')
+           && !section.contains(u']');
+}
+
 QByteArray lineEndOf(const QList<Line> &lines)
 {
     for (const Line &line : lines) {
@@ -130,6 +139,8 @@ std::optional<QString> IniValue(const QByteArray &text, const QString &section, 
 QByteArray IniTextWithValue(const QByteArray &text, const QString &section, const QString &key,
                             const QString &value)
 {
+    if (!canBeRead(section, key))
+        return text;
     QList<Line> lines = splitLines(text);
     const QByteArray end = lineEndOf(lines);
     const Place place = findPlace(lines, section, key);

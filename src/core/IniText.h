@@ -14,6 +14,8 @@ std::optional<QString> IniValue(const QByteArray &text, const QString &section, 
 
 /// The text with `key` set. A missing key goes behind the section's last line, a missing section to
 /// the end. Line ends and NULs in the arguments become blanks: they would be lines of their own.
+/// A name that the file could not give back changes nothing: a key that would be read as a section
+/// or a comment, or that holds "=", a section that holds "]".
 QByteArray IniTextWithValue(const QByteArray &text, const QString &section, const QString &key,
                             const QString &value);
 

@@ -7,6 +7,7 @@
 #include <QStandardPaths>
 
 #include <array>
+#include <cerrno>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -83,58 +84,76 @@ bool openWithDesktop(const QString &path)
 #endif
 } // namespace
 
+AppendedFile::AppendedFile(const QString &path) : name(QFile::encodeName(path)) {}
+
 #ifdef Q_OS_UNIX
 namespace {
-struct FileFacts
+/// Appends all of the bytes or none: of what a full disk has taken nothing stays, or the next entry
+/// would stand behind half a one. `size` is that of the file before.
+bool appendWhole(int descriptor, const QByteArray &bytes, qint64 size)
 {
-    qint64 size = 0;
-    mode_t mode = 0;
-};
-
-FileFacts factsOf(int descriptor)
-{
-#ifdef STATX_SIZE
-    // The times are not asked for: Linux notes that somebody has seen them, and then writes a new
-    // one at every append, which costs more than looking.
-    struct statx info = {};
-    if (::statx(descriptor, "", AT_EMPTY_PATH, STATX_MODE | STATX_SIZE, &info) == 0)
-        return {static_cast<qint64>(info.stx_size), info.stx_mode};
-#endif
-    struct stat all = {};
-    ::fstat(descriptor, &all);
-    return {all.st_size, all.st_mode};
+    qsizetype done = 0;
+    while (done < bytes.size()) {
+        const ssize_t written =
+            ::write(descriptor, bytes.constData() + done, static_cast<size_t>(bytes.size() - done));
+        if (written < 0 && errno == EINTR)
+            continue;
+        if (written <= 0)
+            break;
+        done += written;
+    }
+    if (done == bytes.size())
+        return true;
+    // When that fails, too, nothing more can be done.
+    if (done > 0)
+        static_cast<void>(::ftruncate(descriptor, size));
+    return false;
 }
 } // namespace
-#endif
 
-AppendResult AppendOwnerOnly(const QString &path, const QByteArray &bytes, qint64 largest)
+void AppendedFile::keepToOwner(int descriptor, qint64 size)
 {
-#ifdef Q_OS_UNIX
+    if (size == sizeLeft)
+        return;
+    struct stat facts = {};
+    if (::fstat(descriptor, &facts) == 0 && (facts.st_mode & (S_IRWXG | S_IRWXO)) != 0)
+        ::fchmod(descriptor, S_IRUSR | S_IWUSR);
+}
+
+AppendResult AppendedFile::Append(const QByteArray &bytes, qint64 largest)
+{
     // The mode is given with the creation: there is no moment at which others could open the file.
-    const int descriptor = ::open(QFile::encodeName(path).constData(),
-                                  O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    const int descriptor =
+        ::open(name.constData(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, S_IRUSR | S_IWUSR);
     if (descriptor < 0)
         return AppendResult::Failed;
-    const FileFacts facts = factsOf(descriptor);
-    if ((facts.mode & (S_IRWXG | S_IRWXO)) != 0)
-        ::fchmod(descriptor, S_IRUSR | S_IWUSR);
-    if (facts.size > largest) {
+    // Not asked for among the other facts: Linux would note that somebody has seen the time of the
+    // last change, and write a new one at every entry.
+    const qint64 size = ::lseek(descriptor, 0, SEEK_END);
+    keepToOwner(descriptor, size);
+    if (size > largest) {
         ::close(descriptor);
         return AppendResult::TooLarge;
     }
-    const ssize_t written =
-        ::write(descriptor, bytes.constData(), static_cast<size_t>(bytes.size()));
-    return ::close(descriptor) == 0 && written == bytes.size() ? AppendResult::Appended
-                                                               : AppendResult::Failed;
+    const bool written = appendWhole(descriptor, bytes, size);
+    sizeLeft = written ? size + bytes.size() : -1;
+    return ::close(descriptor) == 0 && written ? AppendResult::Appended : AppendResult::Failed;
+}
 #else
-    QFile file(path);
+AppendResult AppendedFile::Append(const QByteArray &bytes, qint64 largest)
+{
+    QFile file(QFile::decodeName(name));
     if (!file.open(QIODevice::WriteOnly | QIODevice::Append))
         return AppendResult::Failed;
-    if (file.size() > largest)
+    const qint64 size = file.size();
+    if (size > largest)
         return AppendResult::TooLarge;
-    return file.write(bytes) == bytes.size() ? AppendResult::Appended : AppendResult::Failed;
-#endif
+    if (file.write(bytes) == bytes.size() && file.flush())
+        return AppendResult::Appended;
+    file.resize(size);
+    return AppendResult::Failed;
 }
+#endif
 
 bool FlushToDisk(int fileDescriptor)
 {

@@ -15,9 +15,28 @@ class QObject;
 
 enum class AppendResult { Appended, Failed, TooLarge };
 
-/// Opens `path` for appending, creating it for its owner only, writes `bytes` and closes it. A file
-/// that already has more than `largest` bytes is left as it is and reported.
-AppendResult AppendOwnerOnly(const QString &path, const QByteArray &bytes, qint64 largest);
+/// A file of its owner's alone that grows by one entry at a time: it is opened, appended to and
+/// closed for each, so that it can be read, renamed or deleted at any time in between.
+class AppendedFile
+{
+public:
+    explicit AppendedFile(const QString &path);
+
+    /// Appends all of the bytes, or none when not all of them can be written. Creates the file for
+    /// its owner only, and takes it from others when it has come from elsewhere since the last
+    /// entry. One that already has more than `largest` bytes is left as it is and reported.
+    AppendResult Append(const QByteArray &bytes, qint64 largest);
+
+private:
+#ifdef Q_OS_UNIX
+    /// Whose file it is is looked at only when it is not as long as the last entry has left it: a
+    /// busy search writes a hundred thousand entries a second.
+    void keepToOwner(int descriptor, qint64 size);
+
+    qint64 sizeLeft = -1; ///< -1 before the first entry
+#endif
+    QByteArray name; ///< as the system writes it
+};
 
 /// Makes the data written through the file descriptor survive a power cut.
 bool FlushToDisk(int fileDescriptor);
@@ -48,6 +67,19 @@ struct MailDraft
 /// desktop gave.
 void ComposeMail(const MailDraft &draft, QObject *context,
                  const std::function<void(const std::optional<RunTimeError> &)> &done);
+
+/// Calls `wanted` from the event loop when the system wishes the program to end (SIGTERM, SIGINT,
+/// SIGHUP). The same wish a second time ends the process at once. Call it once, when the
+/// application object exists.
+void OnTermination(std::function<void()> wanted);
+
+/// Calls `ended` once when standard input reaches its end, unless `owner` is gone by then: a
+/// program that started this one with a pipe for its input takes it with it, however it ends
+/// itself.
+void WatchInput(QObject *owner, std::function<void()> ended);
+
+/// True when windows can be shown to somebody, or when the environment says where they go.
+bool HasDisplay();
 
 /// The signed-in user's id as text, for names that two users must not share.
 QString UserIdText();

@@ -1,5 +1,6 @@
 #include "core/ReceiveBuffer.h"
 
+#include <algorithm>
 #include <cstring>
 #include <utility>
 
@@ -36,6 +37,7 @@ void ReceiveBuffer::Clear()
     bytes = QByteArray();
     front = 0;
     content = -1;
+    searched = 0;
     afterEmpty = '\0';
 }
 
@@ -55,9 +57,14 @@ std::optional<QByteArray> ReceiveBuffer::Extract(char delimiter)
         // delimiter of the empty one was the opening one of this.
         const bool opened =
             afterEmpty == delimiter && front < bytes.size() && bytes[front] != delimiter;
-        const qsizetype opening = opened ? front - 1 : find(bytes, front, delimiter);
-        if (!opened && opening < 0)
+        const qsizetype from = searchedFor == delimiter ? std::max(front, searched) : front;
+        const qsizetype opening = opened ? front - 1 : find(bytes, from, delimiter);
+        if (!opened && opening < 0) {
+            content = -1;
+            searched = bytes.size();
+            searchedFor = delimiter;
             return std::nullopt;
+        }
         content = opening + 1;
         searched = content;
         searchedFor = delimiter;
@@ -77,6 +84,7 @@ void ReceiveBuffer::dropFront(qsizetype newFront)
 {
     front = newFront;
     content = -1;
+    searched = 0;
     if (front == bytes.size()) {
         if (bytes.capacity() > 4 * compactionBytes)
             bytes = QByteArray();

@@ -8,8 +8,8 @@
 /// Received bytes that nobody has consumed yet: appended at the end, tokens cut off at the front.
 ///
 /// Taking a token costs the length of the token, whatever stands behind it: the front is an offset,
-/// and the consumed bytes are thrown away in large pieces. A token that is still incomplete is not
-/// searched again from its beginning when more of it arrives.
+/// and the consumed bytes are thrown away in large pieces. Neither a token that is still incomplete
+/// nor what stands before one is searched again from its beginning when more arrives.
 class ReceiveBuffer
 {
 public:
@@ -38,7 +38,8 @@ private:
     QByteArray bytes;
     qsizetype front = 0;
     /// Where the content of the open token begins, or -1 when there is none; and how far its
-    /// closing delimiter has been looked for. Both are counted from the start of `bytes`.
+    /// closing delimiter, or without a token the opening one, has been looked for. Both are counted
+    /// from the start of `bytes`.
     qsizetype content = -1;
     qsizetype searched = 0;
     char searchedFor = '\0';

@@ -161,11 +161,17 @@ void write(const SettingRow &row, const QString &value)
     optionsFile().SaveSettingStr(section.toString(), key.toString(), value);
 }
 
-/// The folder is written in any case, as the platform writes it, and made if it is not there.
-void keepFolder(const SettingRow &row, const QString &folder)
+/// Writes a value in the place of the one that was read.
+void replace(const SettingRow &row, const QString &stored, const QString &value)
 {
-    QDir().mkpath(folder);
-    write(row, QDir::toNativeSeparators(folder));
+    optionsFile().ReplaceSettingStr(row.Section.toString(), row.Key.toString(), stored, value);
+}
+
+/// The folder is written in any case, as the platform writes it, and made if it is not there.
+void keepFolder(const SettingRow &row, const QString &stored, const QString &folder)
+{
+    MakeOwnFolder(folder);
+    replace(row, stored, QDir::toNativeSeparators(folder));
 }
 
 void take(const SettingRow &row)
@@ -173,9 +179,9 @@ void take(const SettingRow &row)
     const QString stored = ReadSetting(row.Id);
     const QString value = MendedSetting(row.Id, stored);
     if (row.KeptAtStart && isAbsent(row, stored))
-        write(row, row.Rule == Folder ? QDir::toNativeSeparators(value) : value);
+        replace(row, stored, row.Rule == Folder ? QDir::toNativeSeparators(value) : value);
     if (row.Rule == Folder)
-        keepFolder(row, value);
+        keepFolder(row, stored, value);
     row.Take(value);
 }
 } // namespace

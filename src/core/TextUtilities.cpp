@@ -116,6 +116,22 @@ bool BeginsWith(const QString &text, QStringView head)
     return text.startsWith(head, Qt::CaseInsensitive);
 }
 
+QString OneLine(const QString &text)
+{
+    const auto breaksLine = [](QChar c) {
+        // Nearly every letter is one of these, and to ask for its category takes longer.
+        if (c >= u' ' && c <= u'~')
+            return false;
+        return c.category() == QChar::Other_Control || c.category() == QChar::Separator_Line
+               || c.category() == QChar::Separator_Paragraph;
+    };
+    if (std::none_of(text.begin(), text.end(), breaksLine))
+        return text;
+    QString line = text;
+    std::replace_if(line.begin(), line.end(), breaksLine, QChar(u' '));
+    return line;
+}
+
 QString PadString(const QString &text, int width, PadAlignment alignment, const QString &pad)
 {
     QString padded = TrimBlanks(text);

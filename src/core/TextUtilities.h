@@ -12,6 +12,9 @@ QString TrimBlanks(const QString &text);
 /// True when `text` begins with `head`, without regard to case.
 bool BeginsWith(const QString &text, QStringView head);
 
+/// The text on one line: a blank for each character that would end the line or that nothing shows.
+QString OneLine(const QString &text);
+
 enum class PadAlignment { Left = 0, Centre = 1, Right = 2 };
 
 /// The trimmed text filled up to `width` characters with `pad` (a blank when empty). A text at or

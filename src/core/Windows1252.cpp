@@ -12,6 +12,11 @@ constexpr std::array<char16_t, 32> upperControls{
 
 constexpr char16_t firstMapped = 0x80;
 constexpr char16_t lastMapped = 0x9F;
+
+constexpr bool isMapped(unsigned code)
+{
+    return code - firstMapped <= unsigned{lastMapped} - firstMapped;
+}
 } // namespace
 
 int AnsiCode(QChar character)
@@ -32,35 +37,62 @@ QChar AnsiCharacter(quint8 code)
     return QChar(upperControls[code - firstMapped]);
 }
 
-QByteArray ToWindows1252(QStringView text)
+namespace {
+/// Writes the bytes of the text, at most one a character, and gives the place behind them.
+char *encode(QStringView text, char *to)
 {
-    const bool allSame = std::none_of(text.begin(), text.end(), [](QChar c) {
-        return c.unicode() > 0xFF || (c.unicode() >= firstMapped && c.unicode() <= lastMapped);
-    });
-    if (allSame)
-        return text.toLatin1();
-    QByteArray bytes(text.size(), Qt::Uninitialized);
-    // Written in place: the log of a busy search encodes megabytes.
-    char *next = bytes.data();
     for (qsizetype i = 0; i < text.size(); ++i) {
         const int code = AnsiCode(text[i]);
-        *next++ = code < 0 ? '?' : static_cast<char>(code);
+        *to++ = code < 0 ? '?' : static_cast<char>(code);
         // A character beyond the basic plane is one character to the reader, so one "?".
         if (text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate())
             ++i;
     }
-    bytes.truncate(next - bytes.constData());
+    return to;
+}
+
+/// Whether every character has its own code point for its byte. Without a way out in the middle,
+/// so that the compiler takes many characters at once.
+bool isSameInLatin1(QStringView text)
+{
+    unsigned different = 0;
+    for (const QChar c : text) {
+        const unsigned unit = c.unicode();
+        different |= static_cast<unsigned>(unit > 0xFF) | static_cast<unsigned>(isMapped(unit));
+    }
+    return different == 0;
+}
+} // namespace
+
+void AppendWindows1252(QByteArray &bytes, QStringView text)
+{
+    // Written in place: the log of a busy search encodes megabytes.
+    const qsizetype before = bytes.size();
+    bytes.resize(before + text.size());
+    char *const to = bytes.data() + before;
+    if (isSameInLatin1(text)) {
+        std::transform(text.begin(), text.end(), to,
+                       [](QChar c) { return static_cast<char>(c.unicode()); });
+        return;
+    }
+    bytes.truncate(encode(text, to) - bytes.constData());
+}
+
+QByteArray ToWindows1252(QStringView text)
+{
+    QByteArray bytes;
+    AppendWindows1252(bytes, text);
     return bytes;
 }
 
 QString FromWindows1252(QByteArrayView bytes)
 {
     QString text = QString::fromLatin1(bytes);
-    const bool allSame = std::none_of(bytes.begin(), bytes.end(), [](char byte) {
-        const auto code = static_cast<quint8>(byte);
-        return code >= firstMapped && code <= lastMapped;
-    });
-    if (allSame)
+    // Again no way out in the middle.
+    unsigned mapped = 0;
+    for (const char byte : bytes)
+        mapped |= static_cast<unsigned>(isMapped(static_cast<quint8>(byte)));
+    if (mapped == 0)
         return text;
     for (QChar &character : text)
         character = AnsiCharacter(static_cast<quint8>(character.unicode()));

@@ -11,6 +11,8 @@
 /// All 256 bytes round-trip; the five that stand for no character (81, 8D, 8F, 90, 9D) map to the
 /// same code point. Characters outside the code page become "?".
 QByteArray ToWindows1252(QStringView text);
+/// The same, behind what `bytes` holds already.
+void AppendWindows1252(QByteArray &bytes, QStringView text);
 
 QString FromWindows1252(QByteArrayView bytes);
 

@@ -5,7 +5,6 @@
 #include "core/RunTimeError.h"
 #include "core/TextUtilities.h"
 
-#include <QDir>
 #include <QStringList>
 
 using namespace Qt::StringLiterals;
@@ -48,7 +47,7 @@ QString ReportsFolder()
 
 void CreateReportsFolder(const QString &path)
 {
-    if (!QDir().mkpath(path))
+    if (!MakeOwnFolder(path))
         throw RunTimeError::PermissionDenied();
 }
 

@@ -2,6 +2,7 @@
 
 #include "controls/MsgBox.h"
 #include "controls/WindowPlace.h"
+#include "controls/WrappedText.h"
 #include "core/GlobalState.h"
 #include "core/Platform.h"
 #include "documents/AllDocumentsJob.h"
@@ -105,7 +106,7 @@ void frmAllDocuments::goOnWith(const QList<DocumentStart> &starts)
 
 void frmAllDocuments::showCase()
 {
-    setWindowTitle(u"Halvane - Case "_s + documentsJob->CaseNumber
+    setWindowTitle(u"Halvane - Case "_s + TitleText(documentsJob->CaseNumber)
                    + u" Retrieving All Documents.."_s);
     ui->lblCaseNo->setText(u"Case #: "_s + documentsJob->CaseNumber);
     ui->lblCounty->setText(u"County: "_s + documentsJob->County);

@@ -1,6 +1,7 @@
 #include "documents/frmDocTransfer.h"
 
 #include "controls/MsgBox.h"
+#include "controls/WrappedText.h"
 #include "documents/DocumentJob.h"
 #include "ui_frmDocTransfer.h"
 
@@ -40,7 +41,8 @@ frmDocTransfer::~frmDocTransfer()
 void frmDocTransfer::Take(const DocumentStart &start)
 {
     documentJob->Take(start);
-    setWindowTitle(u"Halvane - Case "_s + start.CaseNumber + u" Retrieving Documents.."_s);
+    setWindowTitle(u"Halvane - Case "_s + TitleText(start.CaseNumber)
+                   + u" Retrieving Documents.."_s);
     ui->lblCaseNo->setText(u"Case #: "_s + start.CaseNumber);
     ui->lblCounty->setText(u"County: "_s + start.County);
     ui->lblDocDescription->setText(u"Description: "_s + start.Description);

@@ -31,28 +31,33 @@ QString text(const QString &given)
     return given.isNull() ? u""_s : given;
 }
 
-/// What a filter finds of an item: its texts and its day, each on a line of its own, so that no
-/// word is found across two of them.
-QString wordsOf(const QString &what, const QString &where, const QString &code,
-                const QString &outcome, const QDateTime &when)
+/// What a filter finds of an item: its kind, its texts and its day, each on a line of its own, so
+/// that no word is found across two of them.
+QString wordsOf(const AskedItem &item)
 {
-    const QStringList parts{what, where, code, outcome, when.toString(u"MM/dd/yyyy"_s)};
+    const QStringList parts{
+        TextOfKind(item.Kind), item.What,    item.Where,
+        item.ClientCode,       item.Outcome, item.When.toLocalTime().toString(u"MM/dd/yyyy"_s)};
     return parts.join(u'\n').toCaseFolded();
 }
 
 bool writeWords(HistoryDatabase &database, qint64 id)
 {
-    QString words;
+    AskedItem item;
     {
         QSqlQuery row = database.Ask(
-            u"SELECT What, Place, Code, Outcome, Time FROM Asked WHERE Id = ?"_s, {id});
+            u"SELECT Kind, What, Place, Code, Outcome, Time FROM Asked WHERE Id = ?"_s, {id});
         if (!row.next())
             return database.Trouble() == HistoryTrouble::None;
-        words = wordsOf(row.value(0).toString(), row.value(1).toString(), row.value(2).toString(),
-                        row.value(3).toString(),
-                        QDateTime::fromMSecsSinceEpoch(row.value(4).toLongLong()));
+        item.Kind = static_cast<AskedKind>(row.value(0).toInt());
+        item.What = row.value(1).toString();
+        item.Where = row.value(2).toString();
+        item.ClientCode = row.value(3).toString();
+        item.Outcome = row.value(4).toString();
+        item.When = QDateTime::fromMSecsSinceEpoch(row.value(5).toLongLong());
     }
-    return database.Run(u"INSERT OR REPLACE INTO Words (Id, Text) VALUES (?, ?)"_s, {id, words});
+    return database.Run(u"INSERT OR REPLACE INTO Words (Id, Text) VALUES (?, ?)"_s,
+                        {id, wordsOf(item)});
 }
 
 bool writeLook(HistoryDatabase &database, const QVariantList &key, const QDateTime &when,
@@ -110,9 +115,7 @@ HistoryCommand WriteBegin(const AskedItem &item)
          {item.Id, static_cast<int>(item.Kind), static_cast<int>(item.State),
           item.When.toMSecsSinceEpoch(), text(item.What), text(item.Where), text(item.ClientCode),
           text(item.Outcome), item.Count, item.Origin}},
-        {u"INSERT INTO Words (Id, Text) VALUES (?, ?)"_s,
-         {item.Id,
-          wordsOf(item.What, item.Where, item.ClientCode, item.Outcome, item.When.toLocalTime())}},
+        {u"INSERT INTO Words (Id, Text) VALUES (?, ?)"_s, {item.Id, wordsOf(item)}},
     });
 }
 

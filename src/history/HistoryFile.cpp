@@ -52,17 +52,17 @@ HistoryTrouble markLeftBehind(HistoryDatabase &database)
     return database.Trouble();
 }
 
-HistoryTrouble prepare(HistoryDatabase &database)
+HistoryTrouble prepare(HistoryDatabase &database, Unfinished items)
 {
     using Step = HistoryTrouble (*)(HistoryDatabase &);
-    constexpr std::array<Step, 5> order{&RefuseStrangers, &CheckIntegrity, &setManners,
-                                        &BringToVersion, &markLeftBehind};
+    constexpr std::array<Step, 4> order{&RefuseStrangers, &CheckIntegrity, &setManners,
+                                        &BringToVersion};
     for (const Step step : order) {
         const HistoryTrouble trouble = step(database);
         if (trouble != HistoryTrouble::None)
             return trouble;
     }
-    return HistoryTrouble::None;
+    return items == Unfinished::IsLeftBehind ? markLeftBehind(database) : HistoryTrouble::None;
 }
 
 /// What the names of damaged files begin with.
@@ -82,13 +82,14 @@ QString freeName(const QString &path)
 }
 } // namespace
 
-HistoryTrouble OpenHistoryFile(HistoryDatabase &database, const QString &path, int busyMilliseconds)
+HistoryTrouble OpenHistoryFile(HistoryDatabase &database, const QString &path, int busyMilliseconds,
+                               Unfinished items)
 {
     if (!makeForOwnerOnly(path))
         return HistoryTrouble::CannotWrite;
     if (!database.Open(path, HistoryDatabase::Access::ReadWrite, busyMilliseconds))
         return database.Trouble();
-    const HistoryTrouble trouble = prepare(database);
+    const HistoryTrouble trouble = prepare(database, items);
     if (trouble != HistoryTrouble::None)
         database.Close();
     return trouble;

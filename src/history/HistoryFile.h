@@ -2,12 +2,16 @@
 
 #include "history/HistoryDatabase.h"
 
+/// Whose the items are that a file has unfinished when it is opened: those of an earlier session,
+/// which ended before them, or of this one, which opens its file again.
+enum class Unfinished { IsLeftBehind, IsOurs };
+
 /// Opens the file of the history for writing, making it when it is missing: readable for its owner
 /// only from its first moment, whole, of this program's version, and ready to be read while it is
-/// written. What an earlier session left unfinished is marked as that. None, or why it cannot be
-/// used; `database` is closed then.
-HistoryTrouble OpenHistoryFile(HistoryDatabase &database, const QString &path,
-                               int busyMilliseconds);
+/// written. What is left behind is marked as that. None, or why it cannot be used; `database` is
+/// closed then.
+HistoryTrouble OpenHistoryFile(HistoryDatabase &database, const QString &path, int busyMilliseconds,
+                               Unfinished items);
 
 /// Gives a damaged history and what SQLite keeps beside it another name in the same folder. That
 /// name; "" when it cannot be renamed.

@@ -73,12 +73,14 @@ WordFilter filterOf(const QString &text)
     return filter;
 }
 
-std::optional<SeenRows> seenRowsOf(QSqlQuery rows)
+/// A time and rows, unpacked so.
+template<class Seen, class Unpack>
+std::optional<Seen> seenOf(QSqlQuery rows, Unpack unpack)
 {
     if (!rows.next())
         return std::nullopt;
-    return SeenRows{QDateTime::fromMSecsSinceEpoch(rows.value(0).toLongLong()),
-                    UnpackedRows(rows.value(1).toByteArray())};
+    return Seen{QDateTime::fromMSecsSinceEpoch(rows.value(0).toLongLong()),
+                unpack(rows.value(1).toByteArray())};
 }
 } // namespace
 
@@ -145,14 +147,17 @@ QList<AskedItem> ReadUnfinished(HistoryDatabase &database)
 std::optional<SeenRows> ReadLook(HistoryDatabase &database, const QString &caseKey,
                                  const QString &tab)
 {
-    return seenRowsOf(database.Ask(
-        u"SELECT LookedAt, Hashes FROM Looks WHERE CaseKey = ? AND Tab = ?"_s, {caseKey, tab}));
+    return seenOf<SeenRows>(
+        database.Ask(u"SELECT LookedAt, Hashes FROM Looks WHERE CaseKey = ? AND Tab = ?"_s,
+                     {caseKey, tab}),
+        &UnpackedRows);
 }
 
-std::optional<SeenRows> ReadRun(HistoryDatabase &database, const QString &searchKey)
+std::optional<SeenRun> ReadRun(HistoryDatabase &database, const QString &searchKey)
 {
-    return seenRowsOf(
-        database.Ask(u"SELECT Time, Hashes FROM Runs WHERE SearchKey = ?"_s, {searchKey}));
+    return seenOf<SeenRun>(
+        database.Ask(u"SELECT Time, Hashes FROM Runs WHERE SearchKey = ?"_s, {searchKey}),
+        &UnpackedRowSet);
 }
 
 std::optional<QDateTime> ReadLastOpened(HistoryDatabase &database, const QString &caseKey)

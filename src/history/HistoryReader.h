@@ -43,7 +43,7 @@ QList<AskedItem> ReadItemsOf(HistoryDatabase &database, const QList<qint64> &ids
 /// What had not ended when a session did and was not settled since.
 QList<AskedItem> ReadUnfinished(HistoryDatabase &database);
 
-/// The rows of a tab of a case, or of a search, and when they were there.
+/// The rows of a tab of a case, and when they were there.
 struct SeenRows
 {
     QDateTime When;
@@ -51,7 +51,13 @@ struct SeenRows
 };
 std::optional<SeenRows> ReadLook(HistoryDatabase &database, const QString &caseKey,
                                  const QString &tab);
-std::optional<SeenRows> ReadRun(HistoryDatabase &database, const QString &searchKey);
+/// The same of a search, each row there or not.
+struct SeenRun
+{
+    QDateTime When;
+    RowSet Rows;
+};
+std::optional<SeenRun> ReadRun(HistoryDatabase &database, const QString &searchKey);
 std::optional<QDateTime> ReadLastOpened(HistoryDatabase &database, const QString &caseKey);
 
 /// The account, newest month first, by client code within a month.

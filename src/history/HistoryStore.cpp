@@ -151,10 +151,7 @@ std::optional<QDateTime> HistoryStore::LastOpened(const QString &caseKey) const
 std::optional<HistoryStore::Run> HistoryStore::LastRun(const QString &searchKey) const
 {
     HistoryDatabase *database = reading();
-    const std::optional<SeenRows> seen = database ? ReadRun(*database, searchKey) : std::nullopt;
-    if (!seen)
-        return std::nullopt;
-    return Run{seen->When, QSet<quint64>(seen->Rows.keyBegin(), seen->Rows.keyEnd())};
+    return database ? ReadRun(*database, searchKey) : std::nullopt;
 }
 
 void HistoryStore::SaveRun(const QString &searchKey, const QDateTime &when,

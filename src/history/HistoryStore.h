@@ -73,17 +73,13 @@ public:
     std::optional<QDateTime> LastOpened(const QString &caseKey) const;
 
     /// The rows of a search when it was last run.
-    struct Run
-    {
-        QDateTime When;
-        QSet<quint64> Rows;
-    };
+    using Run = SeenRun;
     std::optional<Run> LastRun(const QString &searchKey) const;
     void SaveRun(const QString &searchKey, const QDateTime &when, const QList<quint64> &rows);
 
     /// What was asked for, newest first, from `offset` on, `count` at most: those in whose texts
-    /// (what, where, client code, outcome, the day as MM/DD/YYYY) every word of the filter stands,
-    /// in whatever case.
+    /// (kind, what, where, client code, outcome, the day as MM/DD/YYYY) every word of the filter
+    /// stands, in whatever case.
     QList<AskedItem> Items(const QString &filter, int offset, int count) const;
     int CountOf(const QString &filter) const;
     /// The same a stretch at a time, for whoever must not wait for all of it: what the filter finds

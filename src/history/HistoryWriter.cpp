@@ -1,7 +1,5 @@
 #include "history/HistoryWriter.h"
 
-#include "history/HistoryFile.h"
-
 #include <QDeadlineTimer>
 #include <QFileInfo>
 
@@ -105,10 +103,23 @@ bool HistoryWriter::openFile()
     return false;
 }
 
-/// A damaged file gives its place to a new one.
+/// Only the first time is what the file has unfinished left behind: from then on this session adds
+/// to it.
+HistoryTrouble HistoryWriter::open()
+{
+    const HistoryTrouble trouble = OpenHistoryFile(database, path, busyMilliseconds, unfinished);
+    if (trouble == HistoryTrouble::None)
+        unfinished = Unfinished::IsOurs;
+    return trouble;
+}
+
+/// A damaged file gives its place to a new one. A page that the disk does not give looks like
+/// damage, too, and may be given the next time: one that is whole is not put aside for that.
 HistoryTrouble HistoryWriter::tryToOpen()
 {
-    HistoryTrouble trouble = OpenHistoryFile(database, path, busyMilliseconds);
+    HistoryTrouble trouble = open();
+    if (trouble == HistoryTrouble::Damaged)
+        trouble = open();
     if (trouble == HistoryTrouble::Damaged)
         trouble = renewFile() ? HistoryTrouble::None : HistoryTrouble::CannotWrite;
     if (trouble == HistoryTrouble::None) {
@@ -126,7 +137,7 @@ bool HistoryWriter::renewFile()
     if (aside.isEmpty())
         return false;
     Q_EMIT InTrouble(HistoryTrouble::Damaged, aside);
-    return OpenHistoryFile(database, path, busyMilliseconds) == HistoryTrouble::None;
+    return open() == HistoryTrouble::None;
 }
 
 /// A file that was deleted while it is open takes what is written and keeps none of it: a new one
@@ -136,7 +147,7 @@ bool HistoryWriter::fileIsThere()
     if (QFileInfo::exists(path))
         return true;
     database.Close();
-    const HistoryTrouble trouble = OpenHistoryFile(database, path, busyMilliseconds);
+    const HistoryTrouble trouble = open();
     const bool opened = trouble == HistoryTrouble::None;
     Q_EMIT InTrouble(opened ? HistoryTrouble::Deleted : trouble, {});
     if (opened)
@@ -181,6 +192,11 @@ void HistoryWriter::writeBatch(const Batch &batch)
         Q_EMIT InTrouble(trouble, {});
         if (!pauseForOthers())
             break;
+        trouble = tryToWrite(batch);
+    }
+    if (trouble == HistoryTrouble::Damaged) {
+        if (!openFile())
+            return;
         trouble = tryToWrite(batch);
     }
     if (trouble == HistoryTrouble::Damaged) {

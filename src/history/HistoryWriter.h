@@ -1,6 +1,7 @@
 #pragma once
 
 #include "history/HistoryDatabase.h"
+#include "history/HistoryFile.h"
 
 #include <QMutex>
 #include <QThread>
@@ -65,6 +66,7 @@ private:
     bool openFile();
     bool renewFile();
     bool fileIsThere();
+    HistoryTrouble open();
     HistoryTrouble tryToOpen();
     Batch takeBatch();
     void writeBatch(const Batch &batch);
@@ -76,6 +78,7 @@ private:
 
     const QString path;
     HistoryDatabase database; ///< of the thread
+    Unfinished unfinished = Unfinished::IsLeftBehind;
 
     QMutex mutex;
     QWaitCondition somethingChanged;

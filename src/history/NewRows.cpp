@@ -21,13 +21,3 @@ QSet<int> RowsNotIn(const QList<quint64> &rows, RowCounts before)
     }
     return added;
 }
-
-QSet<int> RowsNotIn(const QList<quint64> &rows, const QSet<quint64> &before)
-{
-    QSet<int> added;
-    for (int row = 0; row < rows.size(); ++row) {
-        if (!before.contains(rows[row]))
-            added.insert(row);
-    }
-    return added;
-}

@@ -14,4 +14,3 @@ QList<quint64> HashesOf(const QList<QStringList> &rows);
 /// The places of the rows that were not there. A row that is there more often than it was is new as
 /// many times as it is more: the first of them are taken for the new ones.
 QSet<int> RowsNotIn(const QList<quint64> &rows, RowCounts before);
-QSet<int> RowsNotIn(const QList<quint64> &rows, const QSet<quint64> &before);

@@ -98,3 +98,11 @@ RowCounts UnpackedRows(const QByteArray &packed)
                       qFromLittleEndian<qint32>(packed.constData() + at + hashBytes));
     return counts;
 }
+
+RowSet UnpackedRowSet(const QByteArray &packed)
+{
+    RowSet rows(packed.size() / entryBytes);
+    for (qsizetype at = 0; at + entryBytes <= packed.size(); at += entryBytes)
+        rows.Insert(qFromLittleEndian<quint64>(packed.constData() + at));
+    return rows;
+}

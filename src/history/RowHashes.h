@@ -1,5 +1,7 @@
 #pragma once
 
+#include "history/RowSet.h"
+
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QHash>
@@ -37,3 +39,5 @@ RowCounts Joined(const RowCounts &counts, const RowCounts &more);
 /// As they are kept in the file, and back; what does not fit is left out.
 QByteArray PackedRows(const RowCounts &counts);
 RowCounts UnpackedRows(const QByteArray &packed);
+/// The same without how often they were there.
+RowSet UnpackedRowSet(const QByteArray &packed);

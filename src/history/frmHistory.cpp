@@ -1,11 +1,12 @@
 #include "history/frmHistory.h"
 
+#include "core/Clock.h"
 #include "history/HistoryEvents.h"
 #include "history/HistoryModel.h"
 #include "history/HistoryStore.h"
 #include "session/frmMain.h"
-#include "tables/ColumnRoom.h"
 #include "tables/TableLook.h"
+#include "tables/ViewRoom.h"
 #include "ui_frmHistory.h"
 
 #include <QAction>
@@ -18,26 +19,24 @@
 #include <QLocale>
 #include <QMenu>
 #include <QPointer>
-#include <QScopedValueRollback>
-#include <QScrollBar>
-
-#include <algorithm>
-#include <array>
+#include <QStyleHints>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 QPointer<frmHistory> theWindow;
 
-/// The text that a column is made for; what is longer has the room that is left.
-constexpr std::array<QStringView, HistoryModel::Columns> widest{
-    u"00/00/0000 00:00",
-    u"Document",
-    u"MONTGOMERY, ALEXANDER, J",
-    u"Statewide (All Counties) -",
-    u"Client Code",
-    u"Search Complete: 000 Cases Retrieved.",
-    u"00000"};
+/// The text that each column is made for; what is longer has the room that is left.
+QList<QString> usualTexts()
+{
+    return {u"00/00/0000 00:00"_s,
+            u"Document"_s,
+            u"MONTGOMERY, ALEXANDER, J"_s,
+            u"Statewide (All Counties) -"_s,
+            u"Client Code"_s,
+            u"Search Complete: 000 Cases Retrieved."_s,
+            u"00000"_s};
+}
 
 QJsonObject originOf(const AskedItem &item)
 {
@@ -145,53 +144,17 @@ void frmHistory::makeMenu()
 
 void frmHistory::makeColumns()
 {
-    QHeaderView *header = ui->tblHistory->horizontalHeader();
-    header->setSectionResizeMode(HistoryModel::Where, QHeaderView::Stretch);
     constexpr int padding = 8;
     ui->tblHistory->verticalHeader()->setDefaultSectionSize(ui->tblHistory->fontMetrics().height()
                                                             + padding);
-    connect(header, &QHeaderView::sectionResized, this, [this](int column) {
-        // The column that stretches follows the window and the others.
-        arranged |= !sharing && column != HistoryModel::Where;
-    });
-    connect(ui->tblHistory->verticalScrollBar(), &QScrollBar::valueChanged, this,
-            &frmHistory::fitColumns);
-    connect(model, &QAbstractItemModel::dataChanged, this, &frmHistory::fitColumns);
-    fitColumns();
-}
-
-/// A column whose text is cut gets what it lacks of the room that the others leave, until the user
-/// arranges them.
-void frmHistory::fitColumns()
-{
-    if (arranged)
-        return;
-    constexpr int margins = 24;
-    const QAbstractItemView *view = ui->tblHistory;
-    const QFontMetrics metrics = view->fontMetrics();
-    QList<ColumnNeed> columns;
-    int room = view->viewport()->width();
-    for (int column = 0; column < HistoryModel::Columns; ++column) {
-        const QString text = widest.at(static_cast<size_t>(column)).toString();
-        int &need = needed.at(static_cast<size_t>(column));
-        // Of the rows in sight; one that has been seen counts on.
-        need = std::max(need, view->sizeHintForColumn(column));
-        columns.append({metrics.horizontalAdvance(text) + margins, need});
-        room -= columns.last().Width;
-    }
-    const QList<int> widths = WithRoom(columns, room);
-    const QScopedValueRollback rollback(sharing, true);
-    for (int column = 0; column < HistoryModel::Columns; ++column) {
-        if (column != HistoryModel::Where)
-            ui->tblHistory->horizontalHeader()->resizeSection(column, widths[column]);
-    }
+    room = new ViewRoom(ui->tblHistory, usualTexts(), HistoryModel::Where);
 }
 
 void frmHistory::filterChanged()
 {
     model->SetFilter(ui->txtFilter->text());
     ui->tblHistory->selectRow(0);
-    fitColumns();
+    room->Share();
     showCount();
     offerCommands();
 }
@@ -203,7 +166,7 @@ void frmHistory::refresh()
     // Where everything is new, the first row is chosen again.
     if (chosen().Id != id || id == 0)
         ui->tblHistory->selectRow(0);
-    fitColumns();
+    room->Share();
     showCount();
     offerCommands();
 }
@@ -276,8 +239,22 @@ void frmHistory::cmdAgain_Click()
 {
     const RunScope scope(this);
     const AskedItem item = chosen();
-    if (IsAskable(item))
-        Q_EMIT HistoryEvents::Of().AgainWanted(item);
+    if (!IsAskable(item) || isSecondOfTwo(item.Id))
+        return;
+    lastAgain = {item.Id, Clock::Current().Now()};
+    Q_EMIT HistoryEvents::Of().AgainWanted(item);
+    // A second click may have waited for as long as this took.
+    lastAgain.When = Clock::Current().Now();
+}
+
+/// Whoever double-clicks a button means it once: the second time would be asked for, and billed,
+/// by itself.
+bool frmHistory::isSecondOfTwo(qint64 id) const
+{
+    if (id != lastAgain.Id)
+        return false;
+    const qint64 since = lastAgain.When.msecsTo(Clock::Current().Now());
+    return since >= 0 && since <= QGuiApplication::styleHints()->mouseDoubleClickInterval();
 }
 
 void frmHistory::copyRow()
@@ -297,9 +274,6 @@ bool frmHistory::eventFilter(QObject *watched, QEvent *event)
         ui->tblHistory->setFocus(Qt::TabFocusReason);
         return true;
     }
-    // What passes here is every event of the program, before the table is there, too.
-    if (event->type() == QEvent::Resize && ui->tblHistory && watched == ui->tblHistory->viewport())
-        fitColumns();
     return FormWindow::eventFilter(watched, event);
 }
 

@@ -2,12 +2,14 @@
 
 #include "controls/FormWindow.h"
 
-#include <array>
+#include <QDateTime>
+
 #include <memory>
 
 class HistoryModel;
 class QAction;
 class QMenu;
+class ViewRoom;
 struct AskedItem;
 
 namespace Ui {
@@ -39,7 +41,6 @@ protected:
 private:
     void makeMenu();
     void makeColumns();
-    void fitColumns();
     void filterChanged();
     void refresh();
     void rowsCame();
@@ -49,13 +50,17 @@ private:
     void rowActivated();
     void cmdFill_Click();
     void cmdAgain_Click();
+    bool isSecondOfTwo(qint64 id) const;
     void copyRow();
 
     const std::unique_ptr<Ui::frmHistory> ui;
     HistoryModel *const model;
-    std::array<int, 7> needed{}; ///< of each column, in pixels, for its texts not to be cut
-    bool arranged = false;       ///< by the user, who keeps the widths
-    bool sharing = false;
+    ViewRoom *room = nullptr;
+    struct
+    {
+        qint64 Id = 0;
+        QDateTime When;
+    } lastAgain; ///< what was asked for again last
     QMenu *menu = nullptr;
     QAction *fillForm = nullptr;
     QAction *askAgain = nullptr;

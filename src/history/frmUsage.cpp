@@ -5,10 +5,15 @@
 #include "reports/ReportViewer.h"
 #include "reports/SaveReport.h"
 #include "session/frmMain.h"
+#include "tables/RowFilter.h"
+#include "tables/TableTools.h"
 #include "ui_frmUsage.h"
 
+#include <QHash>
 #include <QItemSelectionModel>
 #include <QPointer>
+#include <QScopedValueRollback>
+#include <QScrollBar>
 
 #include <array>
 
@@ -50,6 +55,100 @@ QString noteOf(bool open, bool empty)
     return empty ? u"Nothing was sent since the history was begun or cleared."_s
                  : u"What was sent to the courts, by client code and month. The lines behind the "
                    "selected one stand below."_s;
+}
+
+/// A line, and what it is known by when its list is read again.
+struct KeptLine
+{
+    QString Key;
+    QStringList Cells;
+};
+
+QString keyOf(const HistoryUsage &line)
+{
+    return line.Month + u'\n' + line.ClientCode + u'\n';
+}
+
+/// True when these lines are there already, in this order. Only what has changed in them is set.
+bool showInPlace(ResultListModel *list, const QList<KeptLine> &lines)
+{
+    if (list->Count() != lines.size())
+        return false;
+    for (int row = 0; row < list->Count(); ++row) {
+        if (list->Key(row) != lines[row].Key)
+            return false;
+    }
+    for (int row = 0; row < list->Count(); ++row) {
+        const QStringList cells = list->Cells(row);
+        for (int column = 0; column < cells.size(); ++column) {
+            if (cells[column] != lines[row].Cells.value(column))
+                list->SetCell(row, column, lines[row].Cells.value(column));
+        }
+    }
+    return true;
+}
+
+/// What the user has in view and has selected of a list, by the keys of its lines.
+struct Place
+{
+    QStringList FromTop; ///< from the first in sight on; empty at the top of the list
+    QStringList Selected;
+    QString Current;
+    int Across = 0;
+};
+
+Place placeIn(ResultListView *view)
+{
+    const ResultListModel *list = view->List();
+    Place place;
+    place.Across = view->horizontalScrollBar()->value();
+    if (view->verticalScrollBar()->value() > 0) {
+        for (int row = view->rowAt(0); row >= 0 && row < list->Count(); ++row)
+            place.FromTop.append(list->Key(row));
+    }
+    const QList<int> selected = view->Tools()->Filter()->SelectedRows();
+    for (const int row : selected)
+        place.Selected.append(list->Key(row));
+    if (view->currentIndex().isValid())
+        place.Current = list->Key(view->currentIndex().row());
+    return place;
+}
+
+void goBackTo(const Place &place, ResultListView *view)
+{
+    QHash<QString, QModelIndex> rows;
+    for (int row = 0; row < view->List()->Count(); ++row)
+        rows.insert(view->List()->Key(row), view->List()->index(row, 0));
+    QItemSelectionModel *selection = view->selectionModel();
+    if (const QModelIndex current = rows.value(place.Current); current.isValid())
+        selection->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
+    for (const QString &key : place.Selected) {
+        const QModelIndex row = rows.value(key);
+        selection->select(row, QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    }
+    // The first of them that is still there.
+    for (const QString &key : place.FromTop) {
+        if (rows.contains(key)) {
+            view->scrollTo(rows.value(key), QAbstractItemView::PositionAtTop);
+            break;
+        }
+    }
+    view->horizontalScrollBar()->setValue(place.Across);
+}
+
+/// Shows these lines. What the user looks at and has selected stays so where it is still there:
+/// every request changes the account, and somebody may be reading it meanwhile.
+void showKept(ResultListView *view, const QList<KeptLine> &lines)
+{
+    ResultListModel *list = view->List();
+    if (showInPlace(list, lines))
+        return;
+    const Place place = placeIn(view);
+    list->Clear();
+    for (const KeptLine &line : lines)
+        list->AddRow(line.Cells, line.Key);
+    list->Flush();
+    goBackTo(place, view);
 }
 
 QPointer<frmUsage> usageWindow;
@@ -113,27 +212,19 @@ void frmUsage::makeColumns()
 
 void frmUsage::showLines()
 {
-    const HistoryUsage *selected = selectedLine();
-    const HistoryUsage before = selected ? *selected : HistoryUsage();
     lines = HistoryStore::Of().Usage();
-    ResultListModel *rows = ui->listUsage->List();
-    rows->Clear();
+    QList<KeptLine> rows;
     for (const HistoryUsage &line : std::as_const(lines))
-        rows->AddRow(UsageCells(line));
+        rows.append({keyOf(line), UsageCells(line)});
     if (!lines.isEmpty())
-        rows->AddRow(UsageCells(TotalUsage(lines)));
-    rows->Flush();
-    ui->lblNote->setText(noteOf(HistoryStore::Of().IsOpen(), lines.isEmpty()));
-    selectLine(before);
-    showBehind();
-}
-
-void frmUsage::selectLine(const HistoryUsage &line)
-{
-    for (qsizetype i = 0; i < lines.size(); ++i) {
-        if (lines.at(i).Month == line.Month && lines.at(i).ClientCode == line.ClientCode)
-            ui->listUsage->selectRow(static_cast<int>(i));
+        rows.append({u"Total"_s, UsageCells(TotalUsage(lines))});
+    {
+        // A list that is made anew has nothing selected for a moment.
+        const QScopedValueRollback rollback(filling, true);
+        showKept(ui->listUsage, rows);
     }
+    ui->lblNote->setText(noteOf(HistoryStore::Of().IsOpen(), lines.isEmpty()));
+    showBehind();
 }
 
 /// Null when none is selected, or the total is.
@@ -145,15 +236,15 @@ const HistoryUsage *frmUsage::selectedLine() const
 
 void frmUsage::showBehind()
 {
-    const HistoryUsage *line = selectedLine();
-    QList<AskedItem> items;
-    if (line)
-        items = HistoryStore::Of().UsageItems(line->ClientCode, line->Month);
-    ResultListModel *rows = ui->listBehind->List();
-    rows->Clear();
-    for (const AskedItem &item : std::as_const(items))
-        rows->AddRow(behindCells(item));
-    rows->Flush();
+    if (filling)
+        return;
+    QList<KeptLine> rows;
+    if (const HistoryUsage *line = selectedLine()) {
+        const QList<AskedItem> items = HistoryStore::Of().UsageItems(line->ClientCode, line->Month);
+        for (const AskedItem &item : items)
+            rows.append({keyOf(*line) + QString::number(item.Id), behindCells(item)});
+    }
+    showKept(ui->listBehind, rows);
 }
 
 void frmUsage::PrintDirect()

@@ -39,10 +39,10 @@ private:
     void makeColumns();
     void showLines();
     void showBehind();
-    void selectLine(const HistoryUsage &line);
     const HistoryUsage *selectedLine() const;
 
     const std::unique_ptr<Ui::frmUsage> ui;
     const std::unique_ptr<ReportViewer> viewer;
     QList<HistoryUsage> lines; ///< without the total
+    bool filling = false;
 };

@@ -174,6 +174,8 @@ Response ReadResponse()
             return {ReadStatus::Token, FromWindows1252(token)};
         if (!closedToIdle())
             return {ReadStatus::NotClosed, {}};
+        // Without a whole token in it the buffer takes as much as a token may have.
+        const frmWinsock::BacklogBound room(maximumBacklogBytes);
         // An empty token was consumed: what stands behind it may be whole, however much it is.
         const bool consumed = Global.strRecvBuffer.Size() != before;
         if (!consumed)

@@ -12,6 +12,29 @@
 
 namespace {
 constexpr float longestTurnSeconds = 1.0F;
+/// A reader that has no turns of its own lets the event loop have one behind so many tokens, or so
+/// many characters in them: a court that goes on and on must not keep the window from answering.
+constexpr int tokensAtOnce = 1'000;
+constexpr qsizetype charactersAtOnce = 200'000;
+
+/// Tells when the event loop is to have a turn.
+class TokensAtOnce
+{
+public:
+    bool AreEnough(const QString &token)
+    {
+        ++tokens;
+        characters += token.size();
+        if (tokens < tokensAtOnce && characters < charactersAtOnce)
+            return false;
+        *this = {};
+        return true;
+    }
+
+private:
+    int tokens = 0;
+    qsizetype characters = 0;
+};
 
 bool isStillOurs(const ServerSocket *socket)
 {
@@ -49,12 +72,16 @@ bool IsLinkUp()
 
 ReadStatus ReadReply(const std::function<bool(const Response &response)> &take, EachRound round)
 {
+    const frmWinsock::BacklogBound bound(maximumUnreadBytes);
+    TokensAtOnce without;
     for (;;) {
         const Response response = ReadResponse();
         const bool over = take(response);
         if (over || response.Status != ReadStatus::Token)
             return response.Status;
         if (round == EachRound::Yields)
+            YieldBetween();
+        else if (without.AreEnough(response.Token))
             Yield();
     }
 }

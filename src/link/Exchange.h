@@ -23,7 +23,8 @@ SendStatus InterruptExchange(const QString &request);
 /// Whether there is a connection that something can be asked over.
 bool IsLinkUp();
 
-/// Whether the event loop has a turn of its own after each token, beyond those of the waiting.
+/// Whether the event loop has a turn of its own after each token, beyond those of the waiting, or
+/// only after very many.
 enum class EachRound { Yields, GoesOn };
 
 /// Reads the reply of the exchange that was begun, token by token.

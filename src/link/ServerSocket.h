@@ -39,6 +39,9 @@ public:
     /// Hands the bytes over in one piece; SendComplete follows when they have left the program.
     virtual void SendData(const QByteArray &data) = 0;
 
+    /// What was handed over and has not left the program yet.
+    virtual qint64 BytesToSend() const = 0;
+
     virtual qint64 BytesAvailable() const = 0;
     /// Counts what has reached this machine into BytesAvailable although no event has reported it
     /// yet. Does not wait, and raises no event by itself.

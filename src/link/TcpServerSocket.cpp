@@ -103,6 +103,11 @@ void TcpServerSocket::SendData(const QByteArray &data)
     });
 }
 
+qint64 TcpServerSocket::BytesToSend() const
+{
+    return socket.bytesToWrite();
+}
+
 qint64 TcpServerSocket::BytesAvailable() const
 {
     return socket.bytesAvailable();

@@ -18,6 +18,7 @@ public:
     void Connect() override;
     void Close() override;
     void SendData(const QByteArray &data) override;
+    qint64 BytesToSend() const override;
     qint64 BytesAvailable() const override;
     void TakeUpArrived() override;
     QByteArray GetData(qint64 maximum) override;

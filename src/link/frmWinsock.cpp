@@ -22,6 +22,9 @@ qsizetype mostBacklog = maximumBacklogBytes;
 constexpr int inactivityTickMilliseconds = 60000;
 /// A server that never stops sending is not waited for: the rest is found by whoever reads.
 constexpr qint64 maximumDiscardedBytes = 64 * 1024 * 1024;
+/// A server that asks and asks, and reads none of the answers, gets no more of them than this:
+/// what it does not read stays with us.
+constexpr qint64 maximumUnsentBytes = 4096;
 constexpr QByteArrayView ping("DIAG001");
 constexpr QByteArrayView documentEnd("|EOD~|");
 
@@ -60,7 +63,11 @@ frmWinsock::BacklogBound::BacklogBound(qsizetype bytes) : before(std::exchange(m
 
 frmWinsock::BacklogBound::~BacklogBound()
 {
-    mostBacklog = before;
+    const bool hasMoreRoom = std::exchange(mostBacklog, before) < before;
+    // Nobody may come to read on, and a socket that is full tells of nothing: of no ping, and not
+    // of the end of the connection.
+    if (hasMoreRoom && loaded && loaded->CSock->BytesAvailable() > 0)
+        QMetaObject::invokeMethod(loaded, &frmWinsock::TakeArrivedData, Qt::QueuedConnection);
 }
 
 LinkEvents &LinkEvents::Of()
@@ -142,8 +149,10 @@ void frmWinsock::DataArrival(qint64 bytesTotal)
     if (words.Ping) {
         // Past SendReq and its busy flag: the server wants to hear from us now. The whole buffer
         // goes with the ping, which is why a server must not ping during a reply.
-        CSock->SendData("|IMALIVE\xA6|");
-        WriteAppInfo(u"Replied to Ping Request from Halvane Server.."_s);
+        if (CSock->BytesToSend() < maximumUnsentBytes) {
+            CSock->SendData("|IMALIVE\xA6|");
+            WriteAppInfo(u"Replied to Ping Request from Halvane Server.."_s);
+        }
         noteTraffic();
         Global.strRecvBuffer.Clear();
         return;

@@ -42,7 +42,7 @@ public:
     static void SetSocketFactory(std::function<ServerSocket *(QObject *parent)> factory);
 
     /// While it lives, the receive buffer takes so many bytes at most before the socket has to
-    /// wait.
+    /// wait. What has waited for that is taken on the turn after its end.
     class BacklogBound
     {
     public:
@@ -88,6 +88,9 @@ void LoadSocketForm(bool load);
 /// The most that the receive buffer takes before the socket has to wait, in bytes. A token longer
 /// than this is refused: no reply is, and a server that sends one would take all memory.
 constexpr qsizetype maximumBacklogBytes = 32 * 1024 * 1024;
+/// The same while a reply of tokens is read and a whole one is there: what stands behind it can
+/// wait, and a stop is over the sooner the less of it there is.
+constexpr qsizetype maximumUnreadBytes = 1024 * 1024;
 /// The same while a reply of bytes is read. It has no tokens that must fit, and what has gathered,
 /// as behind an open box, is handed over as one piece.
 constexpr qsizetype maximumPieceBytes = 4 * 1024 * 1024;

@@ -3,6 +3,7 @@
 #include "controls/MsgBox.h"
 #include "controls/StatusColour.h"
 #include "controls/Twips.h"
+#include "controls/WrappedText.h"
 #include "core/Log.h"
 #include "namesearch/CourtStrip.h"
 #include "namesearch/ResultColumns.h"
@@ -141,7 +142,7 @@ void NameResultsWindow::ShowStatus()
     }
     if (shownCaption != record.Caption) {
         shownCaption = record.Caption;
-        setWindowTitle(shownCaption);
+        setWindowTitle(TitleText(shownCaption));
     }
     printButton->setEnabled(record.Printable);
 }

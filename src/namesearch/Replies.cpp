@@ -1,5 +1,7 @@
 #include "namesearch/Replies.h"
 
+#include <QStringMatcher>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -11,6 +13,14 @@ bool isEndMark(const QString &reply, EndMark where)
         return reply.startsWith(u"EOF~", Qt::CaseInsensitive);
     return reply.endsWith(u"EOF~", Qt::CaseInsensitive)
            && reply.right(8).compare(u"THEREOF~", Qt::CaseInsensitive) != 0;
+}
+
+/// Looked for in every row: with a table of skips, which looks at two or three characters of one.
+bool tellsOfMoreResults(const QString &reply)
+{
+    static const QStringMatcher matcher(u"This search resulted in more than 200 results."_s,
+                                        Qt::CaseInsensitive);
+    return matcher.indexIn(reply) >= 0;
 }
 } // namespace
 
@@ -25,7 +35,7 @@ ReplyKind ClassifyReply(const QString &reply, const ReplyRules &rules)
     }
     if (reply.startsWith(u"SEARCHING", Qt::CaseInsensitive))
         return ReplyKind::Progress;
-    if (reply.contains(u"This search resulted in more than 200 results.", Qt::CaseInsensitive))
+    if (tellsOfMoreResults(reply))
         return ReplyKind::MaxResults;
     return ReplyKind::Row;
 }

@@ -24,20 +24,39 @@ bool isDiscis(ResultKind kind)
            || kind == ResultKind::DiscisAddresses;
 }
 
-ResultRow takeFields(const QStringList &fields, std::span<const int> order)
+/// The fields that a row can have a use for, however many there are.
+QList<QStringView> firstFields(QStringView row, QChar delimiter)
+{
+    constexpr qsizetype most = 8;
+    QList<QStringView> fields;
+    fields.reserve(most);
+    for (qsizetype from = 0; fields.size() < most;) {
+        const qsizetype end = row.indexOf(delimiter, from);
+        if (end < 0) {
+            fields.append(row.sliced(from));
+            break;
+        }
+        fields.append(row.sliced(from, end - from));
+        from = end + 1;
+    }
+    return fields;
+}
+
+ResultRow takeFields(const QList<QStringView> &fields, std::span<const int> order)
 {
     ResultRow row;
+    row.Cells.reserve(static_cast<qsizetype>(order.size()));
     for (const int field : order) {
         if (field >= fields.size()) {
             row.Complete = false;
             break;
         }
-        row.Cells.append(fields[field]);
+        row.Cells.append(fields[field].toString());
     }
     return row;
 }
 
-ResultRow bankruptcyRow(const QStringList &fields)
+ResultRow bankruptcyRow(const QList<QStringView> &fields)
 {
     ResultRow row = takeFields(fields, bankruptcyFields);
     if (!row.Complete || fields.size() <= bankruptcySecondRole) {
@@ -45,7 +64,7 @@ ResultRow bankruptcyRow(const QStringList &fields)
         return row;
     }
     row.Cells.append(fields[bankruptcyRole] + u" / "_s + fields[bankruptcySecondRole]);
-    row.Cells.append(WithoutRetrieveCommand(fields[bankruptcyCommand]));
+    row.Cells.append(WithoutRetrieveCommand(fields[bankruptcyCommand].toString()));
     return row;
 }
 } // namespace
@@ -56,8 +75,8 @@ ResultRow ParseResultRow(const QString &row, ResultKind kind)
     if (trimmed.isEmpty())
         return {{}, false};
     if (isDiscis(kind))
-        return takeFields(trimmed.split(u'~'), discisFields);
-    const QStringList fields = trimmed.split(trimmed.back());
+        return takeFields(firstFields(trimmed, u'~'), discisFields);
+    const QList<QStringView> fields = firstFields(trimmed, trimmed.back());
     switch (kind) {
     case ResultKind::Bankruptcy:
         return bankruptcyRow(fields);

@@ -1,6 +1,6 @@
 #include "prefs/HelpWindow.h"
 
-#include "prefs/ScreenFit.h"
+#include "controls/ScreenFit.h"
 #include "session/frmMain.h"
 
 #include <QPushButton>

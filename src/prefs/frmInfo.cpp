@@ -1,8 +1,9 @@
 #include "prefs/frmInfo.h"
 
 #include "controls/ModalDialog.h"
+#include "controls/ScreenFit.h"
+#include "controls/WrappedText.h"
 #include "core/TextUtilities.h"
-#include "prefs/ScreenFit.h"
 #include "ui_frmInfo.h"
 
 frmInfo::frmInfo(QWidget *parent) : QDialog(parent), ui(std::make_unique<Ui::frmInfo>())
@@ -34,7 +35,7 @@ void frmInfo::ShowInfo(const QString &first, const QString &second, const QStrin
 {
     for (const QString &text : {first, second, third, fourth}) {
         if (!text.isEmpty())
-            setWindowTitle(TrimBlanks(text));
+            setWindowTitle(TitleText(TrimBlanks(text)));
     }
     FitTexts();
     show();

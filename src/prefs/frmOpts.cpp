@@ -3,13 +3,14 @@
 #include "controls/ModalDialog.h"
 #include "controls/MsgBox.h"
 #include "controls/SaveDialog.h"
-#include "prefs/ScreenFit.h"
+#include "controls/ScreenFit.h"
 #include "ui_frmOpts.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QPointer>
 #include <QScrollArea>
+#include <QStyle>
 
 #include <algorithm>
 #include <array>
@@ -85,7 +86,11 @@ frmOpts::frmOpts(QWidget *parent, const OptionValues &values)
         ui->frameServer->setEnabled(false);
     }
     ensurePolished();
-    FitOnScreen(this, wholeSize());
+    const QSize whole = wholeSize();
+    FitOnScreen(this, whole);
+    // On a low screen the bar that scrolls a page stands beside it, not over it.
+    if (height() < whole.height())
+        FitOnScreen(this, whole + QSize(style()->pixelMetric(QStyle::PM_ScrollBarExtent), 0));
     ui->SSTab1->setCurrentIndex(0);
     ui->SSTab1->setFocus();
 }

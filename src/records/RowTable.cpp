@@ -1,12 +1,13 @@
 #include "records/RowTable.h"
 
-#include <QByteArrayList>
+#include <QStringEncoder>
 
 #include <algorithm>
 #include <utility>
 
 namespace {
 constexpr int lengthBits = 7;
+constexpr qsizetype mostKept = 64 * 1024; ///< of the place where rows are packed
 constexpr unsigned char moreFollows = 1U << lengthBits;
 
 /// A number in as few bytes as it takes, seven bits in each.
@@ -29,26 +30,44 @@ qsizetype takeNumber(const char *&at)
     }
 }
 
+/// How many bytes appendNumber makes of a number.
+qsizetype bytesOfNumber(qsizetype number)
+{
+    qsizetype bytes = 1;
+    for (auto left = static_cast<quint64>(number); left >= moreFollows; left >>= lengthBits)
+        ++bytes;
+    return bytes;
+}
+
 /// The cells as one block: how many there are, the length of each, and then their texts in UTF-8
 /// with nothing between. A list of texts takes four times the memory, and there may be a hundred
 /// thousand rows, of which the view shows thirty. Whoever asks for the lengths need not look
 /// through the texts.
 QByteArray packed(const QStringList &cells)
 {
-    QByteArrayList texts;
-    qsizetype size = cells.size() + 1;
+    // Encoded in a place of its own, so that what a row keeps is taken once, in its true size.
+    static QByteArray texts;
+    static std::vector<qsizetype> lengths;
+    texts.resize(0);
+    lengths.clear();
+    qsizetype size = bytesOfNumber(cells.size());
+    QStringEncoder encoder(QStringEncoder::Utf8, QStringEncoder::Flag::Stateless);
     for (const QString &cell : cells) {
-        texts.append(cell.toUtf8());
-        size += texts.last().size();
+        const qsizetype before = texts.size();
+        texts.resize(before + encoder.requiredSpace(cell.size()));
+        const char *const end = encoder.appendToBuffer(texts.data() + before, cell);
+        texts.truncate(end - texts.constData());
+        lengths.push_back(texts.size() - before);
+        size += bytesOfNumber(lengths.back());
     }
     QByteArray block;
-    block.reserve(size);
+    block.reserve(size + texts.size());
     appendNumber(block, cells.size());
-    for (const QByteArray &text : std::as_const(texts))
-        appendNumber(block, text.size());
-    for (const QByteArray &text : std::as_const(texts))
-        block.append(text);
-    block.squeeze();
+    for (const qsizetype length : lengths)
+        appendNumber(block, length);
+    block.append(texts);
+    if (texts.capacity() > mostKept)
+        texts = QByteArray();
     return block;
 }
 
@@ -94,7 +113,7 @@ QString cellIn(const QByteArray &block, int column)
 
 void RowTable::AddRow(const QStringList &cells, const QString &key)
 {
-    rows.push_back({.cells = packed(cells), .key = key});
+    rows.push_back({.cells = packed(cells), .key = key, .arrival = Count()});
     for (int column = 0; column < cells.size(); ++column)
         note(column, cells.at(column));
     Q_EMIT RowAdded();
@@ -188,10 +207,15 @@ QList<int> RowTable::CheckedRows() const
 
 void RowTable::SetMarks(const RowMarks &marks)
 {
+    SetMarks(marks.Since, [&marks](int row) { return marks.Rows.contains(row); });
+}
+
+void RowTable::SetMarks(QDate since, const std::function<bool(int row)> &isNew)
+{
     newCount = 0;
-    newSince = marks.Since;
+    newSince = since;
     for (int row = 0; row < Count(); ++row) {
-        at(row).isNew = marks.Rows.contains(row);
+        at(row).isNew = isNew(row);
         newCount += at(row).isNew ? 1 : 0;
     }
     Q_EMIT MarksChanged();

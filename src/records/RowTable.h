@@ -8,6 +8,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <span>
 #include <vector>
 
@@ -43,6 +44,9 @@ public:
     /// good until the row changes.
     void ViewCells(int row, std::span<QByteArrayView> cells) const;
     QString Key(int row) const;
+    /// How many rows came before this one, wherever it stands now: whoever heard of a row when it
+    /// came knows it again by that.
+    int Arrival(int row) const { return at(row).arrival; }
     /// The number of characters of the longest cell of a column; 0 without one. It is known at any
     /// time, and nothing is looked through.
     int LongestCell(int column) const;
@@ -55,6 +59,8 @@ public:
     /// Marks these rows as new, and no others. A mark goes with its row; rows that are added have
     /// none.
     void SetMarks(const RowMarks &marks);
+    /// The same for the rows of which this holds, which is asked for each once.
+    void SetMarks(QDate since, const std::function<bool(int row)> &isNew);
     bool IsNew(int row) const { return at(row).isNew; }
     /// How many rows are marked, and the day since which they are new.
     int NewCount() const { return newCount; }
@@ -80,6 +86,7 @@ private:
         QString key;
         bool checked = false;
         bool isNew = false;
+        int arrival = 0;
     };
 
     const Row &at(int row) const { return rows.at(static_cast<size_t>(row)); }

@@ -97,23 +97,6 @@ QList<CaseTab> inReportOrder(const CaseRecord &record, const QList<CaseTab> &tab
     return ordered;
 }
 
-/// The text on one line: a line end within it would tear its row.
-QString onOneLine(const QString &text)
-{
-    const auto breaksLine = [](QChar c) {
-        // Nearly every letter is one of these, and to ask for its category takes longer.
-        if (c >= u' ' && c <= u'~')
-            return false;
-        return c.category() == QChar::Other_Control || c.category() == QChar::Separator_Line
-               || c.category() == QChar::Separator_Paragraph;
-    };
-    if (std::none_of(text.begin(), text.end(), breaksLine))
-        return text;
-    QString line = text;
-    std::replace_if(line.begin(), line.end(), breaksLine, QChar(u' '));
-    return line;
-}
-
 /// A table as it is reported: the columns that are in sight, and no row longer than they.
 struct SeenTable
 {
@@ -136,7 +119,7 @@ QList<qsizetype> columnsInSight(const QList<ColumnShare> &shares)
 /// The screen has more room for this label than paper.
 QString reportedCell(const QString &cell, bool civilSummary)
 {
-    return civilSummary && cell == u"Suit Amount: " ? u"Suit Amt: "_s : onOneLine(cell);
+    return civilSummary && cell == u"Suit Amount: " ? u"Suit Amt: "_s : OneLine(cell);
 }
 
 SeenTable seenTable(const CaseRecord &record, CaseTab tab)
@@ -153,7 +136,7 @@ SeenTable seenTable(const CaseRecord &record, CaseTab tab)
     for (const qsizetype column : columns) {
         seen.Shares.append(shares[column]);
         if (table.HasHeader && !seen.Message)
-            seen.Heads.append(onOneLine(table.Columns[column].Header));
+            seen.Heads.append(OneLine(table.Columns[column].Header));
     }
     for (const QStringList &row : table.Rows) {
         QStringList cells;
@@ -209,7 +192,7 @@ void addHead(Report &report, const CaseRecord &record, const ReportSituation &si
     report.Add(BlockKind::Blank);
     const int table = report.AddTable({ColumnFormatOf(labelFormat), ColumnFormatOf(valueFormat)});
     for (const HeadRow &row : headOf(record, situation))
-        report.Add(BlockKind::HeadRow, {row.Label, onOneLine(row.Value)}, table);
+        report.Add(BlockKind::HeadRow, {row.Label, OneLine(row.Value)}, table);
     for (const QString &warning : warningsOf(record, situation)) {
         report.Add(BlockKind::Blank);
         report.Add(BlockKind::Warning, {warning});
@@ -221,7 +204,7 @@ void addTab(Report &report, const CaseRecord &record, CaseTab tab, int printable
     report.Add(BlockKind::Blank);
     report.Add(BlockKind::Heading, {CaseTabRowOf(tab).caption.toString()});
     for (const QString &remark : remarksOn(record.Tab(tab)))
-        report.Add(BlockKind::Text, {onOneLine(remark)});
+        report.Add(BlockKind::Text, {OneLine(remark)});
     const SeenTable seen = seenTable(record, tab);
     if (!seen.Shares.isEmpty()) {
         const int table = report.AddTable(formatsOf(seen.Shares, printableWidth));
@@ -290,7 +273,7 @@ void appendHead(QStringList &lines, const CaseRecord &record, const ReportSituat
     lines << CaseReportTitle(record) << emptyLine.toString();
     for (const HeadRow &row : headOf(record, situation))
         lines.append(PadString(row.Label, labelLength, PadAlignment::Right) + u' '
-                     + onOneLine(row.Value));
+                     + OneLine(row.Value));
     for (const QString &warning : warningsOf(record, situation))
         lines << emptyLine.toString() << warning;
 }
@@ -299,7 +282,7 @@ void appendTab(QStringList &lines, const CaseRecord &record, CaseTab tab)
 {
     lines << emptyLine.toString() << CaseTabRowOf(tab).caption.toString();
     for (const QString &remark : remarksOn(record.Tab(tab)))
-        lines.append(onOneLine(remark));
+        lines.append(OneLine(remark));
     const SeenTable seen = seenTable(record, tab);
     const QList<int> lengths = columnLengths(seen);
     if (!seen.Heads.isEmpty())
@@ -333,7 +316,7 @@ QList<CaseTab> TabsToReport(const CaseRecord &record)
 QString CaseReportTitle(const CaseRecord &record)
 {
     return u"Halvane Case Details for: "_s + (record.Archived ? u"*"_s : QString())
-           + onOneLine(CaseNumberOf(record.txtCaseNumber));
+           + OneLine(CaseNumberOf(record.txtCaseNumber));
 }
 
 Report ComposeCase(const CaseRecord &record, const QList<CaseTab> &tabs,

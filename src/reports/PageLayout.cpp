@@ -64,15 +64,12 @@ bool isKeptWithNext(BlockKind kind)
 }
 
 /// Signs that would not be printed, or not as one line, become blanks.
-QString printable(QString text)
+QString printable(const QString &text)
 {
-    for (QChar &c : text)
-        if (c.category() == QChar::Other_Control || c.category() == QChar::Separator_Line
-            || c.category() == QChar::Separator_Paragraph)
-            c = u' ';
-    while (text.endsWith(u' '))
-        text.chop(1);
-    return text;
+    QString line = OneLine(text);
+    while (line.endsWith(u' '))
+        line.chop(1);
+    return line;
 }
 
 qsizetype leadingBlanks(const QString &text)

@@ -4,6 +4,7 @@
 #include "reports/PageLayout.h"
 #include "reports/ReportPainter.h"
 
+#include <QAccessibleWidget>
 #include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QPaintEvent>
@@ -24,10 +25,23 @@ constexpr int storeKilobytes = 64 * 1024;
 /// A page of more pixels than this is painted as far as it is in sight, and not kept.
 constexpr double greatestStored = 4e6;
 constexpr int scrollStep = 40;
+
+/// To a screen reader the pages are a document, and not the ground that the platform takes a widget
+/// of one's own for.
+QAccessibleInterface *heardAsDocument(const QString & /*className*/, QObject *object)
+{
+    auto *view = qobject_cast<PageView *>(object);
+    return view ? new QAccessibleWidget(view, QAccessible::Document) : nullptr;
+}
 } // namespace
 
 PageView::PageView(QWidget *parent) : QAbstractScrollArea(parent), store(storeKilobytes)
 {
+    static const bool heard = [] {
+        QAccessible::installFactory(heardAsDocument);
+        return true;
+    }();
+    Q_UNUSED(heard)
     setFocusPolicy(Qt::StrongFocus);
     viewport()->setBackgroundRole(QPalette::Dark);
     viewport()->setAutoFillBackground(true);

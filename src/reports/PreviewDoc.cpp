@@ -274,7 +274,7 @@ void PreviewDoc::cmdPrint_Click()
     const RunScope scope(this);
     const std::shared_ptr<PageLayout> pages = layout;
     QPrinter printer(QPrinter::HighResolution);
-    PreparePrinter(printer, pages->Sheet(), pages->Content().Title);
+    PreparePrinter(printer, pages->Sheet());
     if (!AskForPrinter(this, printer) || IsUnloaded() || work != Work::None)
         return;
     const ProgramHold hold;
@@ -357,7 +357,7 @@ bool PreviewDoc::printByDefault(const Report &report)
     const bool there = TakeDefaultPrinter(printer);
     PrintEnd end = PrintEnd::Failed;
     if (there) {
-        PreparePrinter(printer, paper, report.Title);
+        PreparePrinter(printer, paper);
         end = print(printer, std::make_shared<PageLayout>(report, paper, &painter));
     }
     if (end == PrintEnd::Failed && !IsUnloaded()) {

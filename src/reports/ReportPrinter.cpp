@@ -117,11 +117,11 @@ private:
 };
 } // namespace
 
-void PreparePrinter(QPrinter &printer, const Paper &paper, const QString &name)
+void PreparePrinter(QPrinter &printer, const Paper &paper)
 {
     printer.setPageLayout(PageLayoutOf(paper));
     printer.setFullPage(true);
-    printer.setDocName(name);
+    printer.setDocName(u"Halvane Report"_s);
     printer.setCreator(u"Halvane "_s + ProgramVersion());
 }
 
@@ -151,7 +151,7 @@ bool TakeDefaultPrinter(QPrinter &printer)
 void AskForPaper(QWidget *window)
 {
     QPrinter printer;
-    PreparePrinter(printer, ReportPaper::Of().Current(), {});
+    PreparePrinter(printer, ReportPaper::Of().Current());
     ModalDialog<QPageSetupDialog> dialog(&printer, window);
     dialog->setObjectName(u"PageSetup"_s);
     dialog->setWindowTitle(u"Page Setup"_s);

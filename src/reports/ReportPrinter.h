@@ -7,8 +7,9 @@
 class QPrinter;
 class QWidget;
 
-/// A printer set to this sheet, for a document of this name.
-void PreparePrinter(QPrinter &printer, const Paper &paper, const QString &name);
+/// A printer set to this sheet. Whoever looks at the queue of a print server reads what each job is
+/// called: it says that it is a report, and not of whom.
+void PreparePrinter(QPrinter &printer, const Paper &paper);
 
 /// Asks on which printer to print. False when the user does not want to, or the window is gone.
 bool AskForPrinter(QWidget *window, QPrinter &printer);

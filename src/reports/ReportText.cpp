@@ -1,5 +1,6 @@
 #include "reports/ReportText.h"
 
+#include "core/TextUtilities.h"
 #include "core/Windows1252.h"
 
 #include <algorithm>
@@ -57,13 +58,9 @@ QByteArrayView withoutBlanks(QByteArrayView text)
 }
 
 /// The text in the code page, with blanks for what would make lines of its own.
-QByteArray lineBytes(QString text)
+QByteArray lineBytes(const QString &text)
 {
-    for (QChar &c : text)
-        if (c.category() == QChar::Other_Control || c == QChar::LineSeparator
-            || c == QChar::ParagraphSeparator)
-            c = u' ';
-    return ToWindows1252(text);
+    return ToWindows1252(OneLine(text));
 }
 } // namespace
 

@@ -6,6 +6,7 @@
 #include "courts/CourtTable.h"
 #include "searchentry/NumberRequests.h"
 #include "searchentry/SearchDispatch.h"
+#include "searchentry/SearchEvents.h"
 #include "session/SessionEvents.h"
 #include "session/frmMain.h"
 
@@ -18,7 +19,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr int mostAtATime = 10;
 constexpr int outcomeColumn = 2;
 
 using Outcome = NumberListRun::Outcome;
@@ -92,17 +92,12 @@ private:
 };
 } // namespace
 
-NumberListRun::NumberListRun(const QList<ListedNumber> &numbers, const NumberListCourt &court,
-                             const QString &code, bool autoPrint)
-    : QObject(QCoreApplication::instance()), Rows(this), clientCode(code), prints(autoPrint)
+NumberListRun::NumberListRun(const QList<CaseStart> &starts)
+    : QObject(QCoreApplication::instance()), Rows(this)
 {
-    const QList<SearchEntry> batches = BatchesOf(numbers, court);
-    for (const SearchEntry &batch : batches) {
-        const QList<CaseStart> starts = BatchFields(batch);
-        for (const CaseStart &start : starts) {
-            cases.append({start});
-            Rows.AddRow({start.txtCaseNumber, start.lblCourtName, u"Waiting"_s});
-        }
+    for (const CaseStart &start : starts) {
+        cases.append({start});
+        Rows.AddRow({start.txtCaseNumber, start.lblCourtName, u"Waiting"_s});
     }
     connect(&JobEvents::Of(), &JobEvents::Over, this, &NumberListRun::jobOver);
     // Nobody comes back to a run that broke down: it is never over.
@@ -111,7 +106,7 @@ NumberListRun::NumberListRun(const QList<ListedNumber> &numbers, const NumberLis
             jobOver(job);
     });
     connect(&SessionEvents::Of(), &SessionEvents::SessionChanged, this,
-            [this] { GiveUpRest(u"the session ended"_s); });
+            [this] { giveUpRest(u"the session ended"_s, true); });
     runs().append(this);
 }
 
@@ -124,9 +119,40 @@ NumberListRun *NumberListRun::Start(const QList<ListedNumber> &numbers,
                                     const NumberListCourt &court, const QString &code,
                                     bool autoPrint)
 {
-    auto *run = new NumberListRun(numbers, court, code, autoPrint);
+    QList<CaseStart> starts;
+    const QList<SearchEntry> batches = BatchesOf(numbers, court);
+    for (const SearchEntry &batch : batches)
+        starts += BatchFields(batch);
+    for (CaseStart &start : starts) {
+        start.ClientAcctgCode = code;
+        start.chkAutoPrint = autoPrint;
+    }
+    return Start(starts);
+}
+
+NumberListRun *NumberListRun::Start(const QList<CaseStart> &starts)
+{
+    auto *run = new NumberListRun(starts);
     startMore();
+    run->announceRest();
     return run;
+}
+
+/// What waits here is in no queue and has no window: whoever keeps what was asked for would not
+/// know of it when the program ends.
+void NumberListRun::announceRest()
+{
+    for (Case &one : cases) {
+        if (one.Result == Outcome::Waiting)
+            announce(one);
+    }
+}
+
+void NumberListRun::announce(Case &one)
+{
+    static qint64 lastTicket = 0;
+    one.Ticket = ++lastTicket;
+    Q_EMIT SearchEvents::Of().NumberWaits(one.Ticket, one.Start);
 }
 
 void NumberListRun::startMore()
@@ -135,7 +161,7 @@ void NumberListRun::startMore()
     const QList<NumberListRun *> all = runs();
     for (const QPointer<NumberListRun> run : all) {
         while (run) {
-            qsizetype places = mostAtATime;
+            qsizetype places = MostAtATime;
             for (const NumberListRun *each : std::as_const(runs()))
                 places -= each->asked.size();
             const int row = run->nextRow();
@@ -143,9 +169,9 @@ void NumberListRun::startMore()
                 break;
             // A case that is launched would take back the wish that everything stops.
             if (sessionEnds())
-                run->GiveUpRest(u"the session ended"_s);
+                run->giveUpRest(u"the session ended"_s, true);
             else if (Global.bConnectionClosed)
-                run->GiveUpRest(u"the connection was lost"_s);
+                run->giveUpRest(u"the connection was lost"_s, true);
             else
                 run->launch(row);
         }
@@ -164,25 +190,35 @@ int NumberListRun::nextRow() const
 
 void NumberListRun::launch(int row)
 {
+    setOutcome(row, Outcome::Asked);
+    QString error;
+    if (Job *job = launchedCase(cases[row], &error)) {
+        follow(job, row);
+    } else {
+        setOutcome(row, Outcome::Failed, error);
+        giveUp(row, false);
+    }
+    settled();
+}
+
+/// The job of the case that is launched; null when it cannot be, and what went wrong.
+Job *NumberListRun::launchedCase(const Case &one, QString *error)
+{
     QPointer<Job> job;
     const QMetaObject::Connection announced =
         connect(&JobEvents::Of(), &JobEvents::Launched, this, [&job](Job *launched) {
             if (!job)
                 job = launched;
         });
-    setOutcome(row, Outcome::Asked);
-    QString error;
+    if (one.Ticket != 0)
+        Q_EMIT SearchEvents::Of().NumberLaunches(one.Ticket);
     try {
-        LaunchBatchCase(cases[row].Start, clientCode, prints);
+        LaunchBatchCase(one.Start, one.Start.ClientAcctgCode, one.Start.chkAutoPrint);
     } catch (const RunTimeError &raised) {
-        error = u": "_s + raised.Description();
+        *error = u": "_s + raised.Description();
     }
     disconnect(announced);
-    if (job)
-        follow(job, row);
-    else
-        setOutcome(row, Outcome::Failed, error);
-    settled();
+    return job;
 }
 
 void NumberListRun::follow(Job *job, int row)
@@ -233,13 +269,29 @@ void NumberListRun::setOutcome(int row, Outcome outcome, const QString &words)
     Q_EMIT Changed();
 }
 
-void NumberListRun::GiveUpRest(const QString &reason)
+void NumberListRun::GiveUpRest()
+{
+    giveUpRest(u"no more were wanted"_s, false);
+}
+
+void NumberListRun::giveUpRest(const QString &reason, bool wanted)
 {
     for (int row = 0; row < cases.size(); ++row) {
-        if (cases[row].Result == Outcome::Waiting)
-            setOutcome(row, Outcome::NotStarted, u": "_s + reason);
+        if (cases[row].Result != Outcome::Waiting)
+            continue;
+        setOutcome(row, Outcome::NotStarted, u": "_s + reason);
+        giveUp(row, wanted);
     }
     settled();
+}
+
+/// Whoever follows what waits hears what its row says, also of one that did not come to wait.
+void NumberListRun::giveUp(int row, bool wanted)
+{
+    Case &one = cases[row];
+    if (one.Ticket == 0)
+        announce(one);
+    Q_EMIT SearchEvents::Of().NumberGivenUp(one.Ticket, Rows.Cell(row, outcomeColumn), wanted);
 }
 
 void NumberListRun::settled()

@@ -20,10 +20,15 @@ public:
     /// What has come of a number.
     enum class Outcome { Waiting, Asked, Found, Incomplete, NotFound, Failed, Stopped, NotStarted };
 
+    /// So many are asked for at a time, of all lists together.
+    static constexpr int MostAtATime = 10;
+
     /// Begins: the first cases are on the screen on return. `code` is the client accounting code,
     /// `autoPrint` prints each case as soon as it is there. Several runs share the ten places.
     static NumberListRun *Start(const QList<ListedNumber> &numbers, const NumberListCourt &court,
                                 const QString &code, bool autoPrint);
+    /// The same with numbers that were asked for before, each with the code that it had.
+    static NumberListRun *Start(const QList<CaseStart> &starts);
     ~NumberListRun() override;
 
     /// A row for each number: number, court, outcome.
@@ -35,8 +40,8 @@ public:
     /// "12 of 25 done: 10 found, 1 not found, 1 failed."
     QString Summary() const;
 
-    /// Starts nothing more. What is asked for already goes on.
-    void GiveUpRest(const QString &reason);
+    /// Starts nothing more, because the user wants it so. What is asked for already goes on.
+    void GiveUpRest();
 
 Q_SIGNALS:
     /// A row reads otherwise now.
@@ -49,14 +54,19 @@ private:
     {
         CaseStart Start;
         Outcome Result = Outcome::Waiting;
+        qint64 Ticket = 0; ///< for whoever follows what waits; 0 when it did not have to
     };
 
-    NumberListRun(const QList<ListedNumber> &numbers, const NumberListCourt &court,
-                  const QString &code, bool autoPrint);
+    explicit NumberListRun(const QList<CaseStart> &starts);
 
     static void startMore();
+    void announceRest();
+    void giveUpRest(const QString &reason, bool wanted);
+    static void announce(Case &one);
+    void giveUp(int row, bool wanted);
     int nextRow() const;
     void launch(int row);
+    Job *launchedCase(const Case &one, QString *error);
     void follow(Job *job, int row);
     void jobOver(Job *job);
     void settle(const QObject *job, Outcome outcome);
@@ -65,8 +75,6 @@ private:
     int count(Outcome outcome) const;
 
     QList<Case> cases;
-    QString clientCode;
-    bool prints = false;
     bool ended = false;
     QHash<const QObject *, int> asked; ///< the rows of the jobs that have not ended
 };

@@ -10,8 +10,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr QStringView noMoreWanted = u"no more were wanted";
-
 /// No wider than they have to be: the room beside them goes to the longest texts.
 const ListLayout &layoutOfOutcomes()
 {
@@ -29,8 +27,7 @@ frmNumberList::frmNumberList(NumberListRun *shown)
     ui->lvNumbers->List()->UseRows(&run->Rows);
     connect(run, &NumberListRun::Changed, this, &frmNumberList::showStatus);
     connect(run, &NumberListRun::Ended, this, &frmNumberList::showStatus);
-    connect(ui->cmdStartNoMore, &QPushButton::clicked, run,
-            [this] { run->GiveUpRest(noMoreWanted.toString()); });
+    connect(ui->cmdStartNoMore, &QPushButton::clicked, run, [this] { run->GiveUpRest(); });
     connect(ui->cmdCopyList, &QPushButton::clicked, this, &frmNumberList::copy);
     connect(ui->cmdExportList, &QPushButton::clicked, ui->lvNumbers->Tools(),
             &TableTools::ExportCsv);
@@ -74,7 +71,7 @@ bool frmNumberList::QueryUnload(UnloadMode mode)
                      u"List of Numbers"_s, MsgIcon::Question, {u"&Go On"_s, u"Start &No More"_s});
     constexpr int startNoMore = 1;
     if (answer == startNoMore && run)
-        run->GiveUpRest(noMoreWanted.toString());
+        run->GiveUpRest();
     return answer >= 0;
 }
 
@@ -92,7 +89,8 @@ void frmNumberList::showStatus()
     ui->cmdStartNoMore->setEnabled(run->HasRest());
 }
 
-/// All rows, with their headers: what a mail or a spreadsheet wants.
+/// All rows that are shown, as in every table, with their headers: what a mail or a spreadsheet
+/// wants.
 void frmNumberList::copy()
 {
     ui->lvNumbers->List()->Flush();

@@ -1,5 +1,6 @@
 #include "searchentry/frmPasteList.h"
 
+#include "controls/ScreenFit.h"
 #include "courts/CourtTable.h"
 #include "tables/ResultListView.h"
 #include "ui_frmPasteList.h"
@@ -53,6 +54,9 @@ frmPasteList::frmPasteList(const NumberListCourt &place, const QString &text, QW
     connect(ui->lvNumbers->List()->Rows(), &RowTable::CheckChanged, this,
             &frmPasteList::checkChanged);
     readNow();
+    FitOnScreen(this, size());
+    // The list is what the window is for; the button above it fetches another one.
+    ui->txtList->setFocus();
 }
 
 frmPasteList::~frmPasteList() = default;

@@ -2,6 +2,7 @@
 
 #include "controls/ModalDialog.h"
 #include "controls/MsgBox.h"
+#include "controls/PageScroller.h"
 #include "controls/Twips.h"
 #include "core/AppFolder.h"
 #include "core/GlobalState.h"
@@ -25,6 +26,7 @@
 #include <QDesktopServices>
 #include <QFontMetrics>
 #include <QMdiSubWindow>
+#include <QStyle>
 #include <QToolButton>
 #include <QUrl>
 
@@ -300,7 +302,13 @@ void frmMain::ShowChild(FormWindow *child)
         frame->deleteLater();
     });
     child->ensurePolished();
-    frame->resize(designed.expandedTo(child->sizeHint()) + frame->sizeHint() - child->sizeHint());
+    QSize wanted = designed.expandedTo(child->sizeHint()) + frame->sizeHint() - child->sizeHint();
+    // What a small screen has no room for scrolls, or is a shorter list. The bar that scrolls a
+    // page stands beside it, not over it.
+    const QSize room = ui->mdiArea->viewport()->size();
+    if (wanted.height() > room.height() && child->findChild<PageScroller *>())
+        wanted.rwidth() += style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    frame->resize(wanted.boundedTo(room));
     child->show();
     frame->show();
     keepInView(frame, ui->mdiArea->viewport()->rect());

@@ -190,6 +190,8 @@ void frmMain::TimerExit_Tick()
 {
     TimerExit->stop();
     if (Global.bSearchInProgress) {
+        // Whatever has begun since the exit was confirmed has taken back that all are to stop.
+        Global.bStopRequested = true;
         TimerExit->start();
         return;
     }

@@ -6,6 +6,7 @@
 #include "jobs/WaitingList.h"
 #include "session/WaitingModel.h"
 #include "session/frmMain.h"
+#include "tables/ViewRoom.h"
 #include "ui_frmWaiting.h"
 
 #include <QHeaderView>
@@ -18,6 +19,13 @@ namespace {
 QPointer<frmWaiting> theWindow;
 
 constexpr int rowMargins = 8;
+
+/// The text that each column is made for; what is longer has the room that is left.
+QList<QString> usualTexts()
+{
+    return {u"Holds the queue: closed without Stop"_s, u"All documents"_s,
+            u"MONTGOMERY, ALEXANDER, J"_s, u"King County"_s};
+}
 
 QString summaryOf(const WaitingList &list)
 {
@@ -61,9 +69,10 @@ frmWaiting::frmWaiting(WaitingList *waiting, QWidget *parent)
     connect(ui->cmdStop, &QPushButton::clicked, this, &frmWaiting::cmdStop_Click);
     connect(ui->cmdSkip, &QPushButton::clicked, this, &frmWaiting::cmdSkip_Click);
     connect(ui->cmdClose, &QPushButton::clicked, this, [this] { Unload(); });
+    ui->tblWaiting->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    room = new ViewRoom(ui->tblWaiting, usualTexts(), WaitingModel::Where);
     list->Refresh();
     showRows();
-    fitColumns();
 }
 
 frmWaiting::~frmWaiting() = default;
@@ -105,6 +114,7 @@ void frmWaiting::showRows()
         chooseKey(key);
     else if (model->rowCount() > 0)
         ui->tblWaiting->selectRow(qBound(0, before, model->rowCount() - 1));
+    room->Share();
     showSummary();
     offerCommands();
     // What the question asks has been settled without it.
@@ -121,22 +131,6 @@ void frmWaiting::chooseKey(const QString &key)
 void frmWaiting::showSummary()
 {
     ui->lblSummary->setText(summaryOf(*list));
-}
-
-void frmWaiting::fitColumns()
-{
-    const QFontMetrics metrics = ui->tblWaiting->fontMetrics();
-    const auto widthOf = [&metrics](const QString &text) {
-        constexpr int margins = 24;
-        return metrics.horizontalAdvance(text) + margins;
-    };
-    QHeaderView *header = ui->tblWaiting->horizontalHeader();
-    header->resizeSection(WaitingModel::State,
-                          widthOf(u"Holds the queue: closed without Stop"_s) * 11 / 10);
-    header->resizeSection(WaitingModel::Kind, widthOf(u"All documents"_s));
-    header->resizeSection(WaitingModel::What, widthOf(u"MONTGOMERY, ALEXANDER, J"_s));
-    header->setStretchLastSection(true);
-    header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
 }
 
 void frmWaiting::offerCommands()

@@ -5,6 +5,7 @@
 #include <memory>
 
 class JobWindow;
+class ViewRoom;
 class WaitingList;
 class WaitingModel;
 struct WaitingRow;
@@ -35,7 +36,6 @@ private:
     void showRows();
     void showSummary();
     void offerCommands();
-    void fitColumns();
     const WaitingRow *chosen() const;
     JobWindow *chosenWindow() const;
     void chooseKey(const QString &key);
@@ -47,5 +47,6 @@ private:
     const std::unique_ptr<Ui::frmWaiting> ui;
     WaitingList *const list;
     WaitingModel *const model;
+    ViewRoom *room = nullptr;
     QString askedKey; ///< of the row that a question about Skip is about; "" without one
 };

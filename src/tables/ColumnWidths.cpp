@@ -10,6 +10,7 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+constexpr qsizetype longestName = 80; ///< characters of a header that tell a column from others
 QString storeSection()
 {
     return u"ColumnWidths"_s;
@@ -110,11 +111,12 @@ void ColumnWidths::takeUserWidths()
     Q_EMIT UserChanged(false);
 }
 
-/// A column is known by its header, so that a width stays with its column when others come or go.
+/// A column is known by its header, so that a width stays with its column when others come or go. A
+/// court can send a title without end, and every width is kept in the user's settings.
 QString ColumnWidths::nameOf(int column) const
 {
     const auto header = [this](int section) {
-        return view->model()->headerData(section, Qt::Horizontal).toString();
+        return view->model()->headerData(section, Qt::Horizontal).toString().left(longestName);
     };
     const QString name = header(column);
     int earlier = 0;

@@ -6,11 +6,21 @@ using namespace Qt::StringLiterals;
 
 namespace {
 constexpr QStringView formulaSigns = u"=+-@";
-constexpr QStringView needQuotes = u",\"\r\n";
-constexpr QStringView lineBreakers = u"\t\r\n\v\f\u2028\u2029";
 constexpr QStringView refusedInNames = u"<>:\"/\\|?*";
 constexpr qsizetype longestFormulaText = 255; // spreadsheets refuse a longer text in a formula
 constexpr qsizetype longestFileName = 100;
+
+// Asked of each character of millions of cells, so without a call.
+bool breaksLine(QChar c)
+{
+    return (c >= u'\t' && c <= u'\r') || c == QChar::LineSeparator
+           || c == QChar::ParagraphSeparator;
+}
+
+bool needsQuotes(QChar c)
+{
+    return c == u',' || c == u'"' || c == u'\r' || c == u'\n';
+}
 
 bool isPlainNumber(QStringView text)
 {
@@ -25,9 +35,13 @@ bool isPlainNumber(QStringView text)
 /// One line of it: what would begin a new cell or a new row becomes a blank.
 QString onOneLine(QString text)
 {
+    // Hardly any has such a character, and a copy of each of millions takes its time.
+    if (std::none_of(text.cbegin(), text.cend(),
+                     [](QChar c) { return c.isNull() || breaksLine(c); }))
+        return text;
     text.remove(QChar::Null);
     for (QChar &c : text) {
-        if (lineBreakers.contains(c))
+        if (breaksLine(c))
             c = u' ';
     }
     return text;
@@ -65,9 +79,8 @@ QString CaseNumberCell(const QString &text)
 
 QString CsvCell(const QString &text)
 {
-    const bool quoted =
-        std::any_of(text.begin(), text.end(), [](QChar c) { return needQuotes.contains(c); })
-        || (!text.isEmpty() && (text.front().isSpace() || text.back().isSpace()));
+    const bool quoted = std::any_of(text.begin(), text.end(), &needsQuotes)
+                        || (!text.isEmpty() && (text.front().isSpace() || text.back().isSpace()));
     return quoted ? QString(u'"' + QString(text).replace(u'"', u"\"\""_s) + u'"') : text;
 }
 

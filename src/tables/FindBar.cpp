@@ -84,7 +84,8 @@ void FindBar::GoWithTable(bool tableShown)
 void FindBar::goToTable()
 {
     view->setFocus(Qt::OtherFocusReason);
-    if (filter->CurrentRow() >= 0 || filter->Shown() == 0)
+    const int first = filter->CurrentRow() >= 0 ? -1 : filter->FirstShown();
+    if (first < 0)
         return;
     // The cursor goes to what is selected, and leaves it so.
     const int selected = filter->ChosenRow();
@@ -92,7 +93,7 @@ void FindBar::goToTable()
         view->selectionModel()->setCurrentIndex(view->model()->index(selected, 0),
                                                 QItemSelectionModel::NoUpdate);
     else
-        view->setCurrentIndex(view->model()->index(filter->ShownRows().first(), 0));
+        view->setCurrentIndex(view->model()->index(first, 0));
 }
 
 void FindBar::keyPressEvent(QKeyEvent *event)
@@ -109,6 +110,10 @@ void FindBar::showCount()
 {
     if (isHidden())
         return;
+    if (filter->IsLooking()) {
+        lblFindCount->setText(u"Looking .."_s);
+        return;
+    }
     const QString count = QString::number(filter->Shown()) + u" of "_s
                           + QString::number(filter->Loaded()) + u" shown"_s;
     lblFindCount->setText(count);

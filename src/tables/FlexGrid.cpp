@@ -392,8 +392,8 @@ int FlexGrid::measuredHeight(int row)
     for (qsizetype column = 0; column < columns; ++column) {
         const int width = widthsMeasuredFor[column];
         if (width > 0) // What is out of sight makes no row higher.
-            text = std::max(text,
-                            WrappedTextHeight(cells[column], letters, width - 2 * wrappedTextSide));
+            text = std::max(text, WrappedTextHeight(cells[column], letters,
+                                                    width - 2 * wrappedTextSide, mostRowPixels));
     }
     // All rows together have to stay a number.
     const int most =

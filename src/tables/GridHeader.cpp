@@ -4,6 +4,13 @@
 
 #include <QPainter>
 
+#include <algorithm>
+
+namespace {
+/// A title is a few words. One that would fill the window leaves the rows their place.
+constexpr int mostLines = 8;
+} // namespace
+
 GridHeader::GridHeader(QWidget *parent) : QHeaderView(Qt::Horizontal, parent)
 {
     setSectionsClickable(false);
@@ -28,9 +35,10 @@ bool GridHeader::isQuiet() const
 QSize GridHeader::sectionSizeFromContents(int column) const
 {
     QSize size = QHeaderView::sectionSizeFromContents(column);
+    const int most = mostLines * fontMetrics().height();
     const int lines =
-        WrappedTextHeight(textOf(column), font(), sectionSize(column) - 2 * wrappedTextSide);
-    size.setHeight(lines + 2 * wrappedTextEdge);
+        WrappedTextHeight(textOf(column), font(), sectionSize(column) - 2 * wrappedTextSide, most);
+    size.setHeight(std::min(lines, most) + 2 * wrappedTextEdge);
     return size;
 }
 

@@ -26,6 +26,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 constexpr int rowPaddingPixels = 6;
+constexpr qsizetype longestInSight = 4'000; ///< characters of a line
 /// For the titles of columns: the first with which each has room.
 constexpr std::array<double, 3> titleScales{smallFontScale, 0.85, 0.8};
 
@@ -40,6 +41,13 @@ class PlainCellDelegate : public QStyledItemDelegate
 {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
+
+    /// What no column has room for is neither shaped nor measured: a text of megabytes would take
+    /// seconds at each painting.
+    QString displayText(const QVariant &value, const QLocale &locale) const override
+    {
+        return QStyledItemDelegate::displayText(value, locale).left(longestInSight);
+    }
 
     bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
                    const QModelIndex &index) override
@@ -265,15 +273,15 @@ void ResultListView::mouseDoubleClickEvent(QMouseEvent *event)
 
 void ResultListView::turnCheckBoxes()
 {
-    const RowFilter *filter = tools->Filter();
+    RowFilter *filter = tools->Filter();
     int lead = filter->CurrentRow() >= 0 ? filter->CurrentRow() : filter->ChosenRow();
-    if (lead < 0 && filter->Shown() > 0) {
+    if (lead < 0) {
         // Before the first key or click the cursor stands nowhere, and the first row is meant.
-        lead = filter->ShownRows().first();
+        lead = filter->FirstShown();
+        if (lead < 0)
+            return;
         setCurrentIndex(list.index(lead, 0));
     }
-    if (lead < 0)
-        return;
     const bool checked = !list.IsChecked(lead);
     QList<int> turned{lead};
     if (selectionModel()->isRowSelected(lead))

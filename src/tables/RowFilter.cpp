@@ -9,8 +9,12 @@
 #include <QTableView>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
+/// So many rows are looked at before the user has a turn: it takes some twenty milliseconds.
+constexpr int rowsAtOnce = 20'000;
+
 /// A change that concerns no cell's text, such as that of a check box.
 bool leavesTexts(const QList<int> &roles)
 {
@@ -37,31 +41,33 @@ RowFilter::RowFilter(QTableView *table)
 {
     const QAbstractItemModel *model = view->model();
     connect(model, &QAbstractItemModel::rowsInserted, this,
-            [this](const QModelIndex &, int first, int last) {
-                if (IsActive())
-                    apply(first, last);
-                Q_EMIT Changed();
+            [this](const QModelIndex &, int first, int) {
+                if (IsActive() || IsLooking())
+                    lookFrom(first);
+                else
+                    Q_EMIT Changed();
             });
     connect(model, &QAbstractItemModel::dataChanged, this,
             [this](const QModelIndex &from, const QModelIndex &to, const QList<int> &roles) {
                 if (!IsActive() || leavesTexts(roles))
                     return;
-                apply(from.row(), to.row());
-                Q_EMIT Changed();
+                lookAgain(from.row(), to.row());
             });
     connect(model, &QAbstractItemModel::headerDataChanged, this,
             [this](Qt::Orientation orientation, int first, int last) {
                 if (!onlyNew || orientation != Qt::Vertical)
                     return;
-                apply(first, last);
-                Q_EMIT Changed();
+                lookAgain(first, last);
             });
     connect(model, &QAbstractItemModel::rowsRemoved, this, [this] {
         if (rows)
             Q_EMIT Changed();
     });
-    connect(model, &QAbstractItemModel::modelReset, this, &RowFilter::applyToAll);
-    connect(model, &QAbstractItemModel::layoutChanged, this, &RowFilter::applyToAll);
+    connect(model, &QAbstractItemModel::modelReset, this, &RowFilter::lookAtAll);
+    connect(model, &QAbstractItemModel::layoutChanged, this, &RowFilter::lookAtAll);
+    pause.setSingleShot(true);
+    connect(&pause, &QTimer::timeout, this, &RowFilter::goOn);
+    connect(selection, &ShownRowSelection::SelectingMany, this, &RowFilter::Settle);
 }
 
 void RowFilter::SetText(const QString &text)
@@ -85,10 +91,8 @@ void RowFilter::applyChange(bool wasActive)
 {
     if (!wasActive && !IsActive())
         return;
-    apply(0, Loaded() - 1);
-    if (view->currentIndex().isValid())
-        view->scrollTo(view->currentIndex());
-    Q_EMIT Changed();
+    goesToCurrent = true;
+    lookFrom(0);
 }
 
 int RowFilter::Loaded() const
@@ -101,21 +105,87 @@ int RowFilter::Shown() const
     return Loaded() - rows->hiddenSectionCount();
 }
 
-bool RowFilter::Shows(int row) const
+bool RowFilter::isInSight(int row) const
 {
     return !view->isRowHidden(row);
 }
 
-void RowFilter::applyToAll()
+bool RowFilter::Shows(int row)
+{
+    Settle();
+    return isInSight(row);
+}
+
+void RowFilter::lookAtAll()
 {
     if (!rows)
         return;
-    if (IsActive())
-        apply(0, Loaded() - 1);
+    if (IsActive() || IsLooking())
+        lookFrom(0);
+    else
+        Q_EMIT Changed();
+}
+
+/// Looks at the rows from this one on. What an older look has not come to is looked at as well.
+void RowFilter::lookFrom(int row)
+{
+    // What that one has hidden is given up, even if it comes into sight again now.
+    if (IsLooking())
+        selection->LeaveHiddenRows();
+    nextRow = IsLooking() ? std::min(nextRow, row) : row;
+    goOn();
+}
+
+void RowFilter::lookAgain(int first, int last)
+{
+    if (last - first >= rowsAtOnce) {
+        lookFrom(first);
+        return;
+    }
+    hideOthers(first, last);
+    selection->LeaveHiddenRows();
     Q_EMIT Changed();
 }
 
-void RowFilter::apply(int first, int last)
+void RowFilter::goOn()
+{
+    lookOn(rowsAtOnce);
+}
+
+void RowFilter::Settle()
+{
+    if (IsLooking())
+        lookOn(Loaded());
+}
+
+/// Looks at so many rows more, or at those that are left.
+void RowFilter::lookOn(int count)
+{
+    if (!rows)
+        return;
+    const int behind = std::min(nextRow + count, Loaded());
+    hideOthers(nextRow, behind - 1);
+    nextRow = behind;
+    if (nextRow < Loaded())
+        pause.start(0);
+    else
+        end();
+    Q_EMIT Changed();
+}
+
+void RowFilter::end()
+{
+    nextRow = noRow;
+    pause.stop();
+    selection->LeaveHiddenRows();
+    if (std::exchange(goesToCurrent, false) && view->currentIndex().isValid()) {
+        // The scroll bar is as long as the rows that were shown before, until then.
+        view->doItemsLayout();
+        view->scrollTo(view->currentIndex());
+    }
+}
+
+void RowFilter::hideOthers(int first, int last)
 {
     const QList<int> columns = ShownColumns(view);
     // A header that paints works out the place of every row after each single hiding: minutes for a
@@ -126,7 +196,6 @@ void RowFilter::apply(int first, int last)
         rows->setSectionHidden(row, !matches(row, columns));
     rows->setUpdatesEnabled(paints);
     view->viewport()->update();
-    selection->LeaveHiddenRows();
 }
 
 bool RowFilter::matches(int row, const QList<int> &columns) const
@@ -145,23 +214,42 @@ bool RowFilter::matches(int row, const QList<int> &columns) const
     });
 }
 
-QList<int> RowFilter::ShownRows() const
+QList<int> RowFilter::ShownRows()
 {
+    Settle();
     QList<int> shown;
     for (int row = 0; row < Loaded(); ++row) {
-        if (Shows(row))
+        if (isInSight(row))
             shown.append(row);
     }
     return shown;
 }
 
-QList<int> RowFilter::SelectedRows() const
+int RowFilter::firstInSight(int first, int last) const
 {
+    while (first <= last && !isInSight(first))
+        ++first;
+    return first <= last ? first : noRow;
+}
+
+int RowFilter::FirstShown()
+{
+    const int looked = IsLooking() ? nextRow : Loaded();
+    const int found = firstInSight(0, looked - 1);
+    if (found != noRow || !IsLooking())
+        return found;
+    Settle();
+    return firstInSight(looked, Loaded() - 1);
+}
+
+QList<int> RowFilter::SelectedRows()
+{
+    Settle();
     QList<int> selected;
     const QItemSelection ranges = selection->selection();
     for (const QItemSelectionRange &range : ranges) {
         for (int row = range.top(); row <= range.bottom(); ++row) {
-            if (Shows(row))
+            if (isInSight(row))
                 selected.append(row);
         }
     }
@@ -175,12 +263,18 @@ int RowFilter::ChosenRow() const
     const int current = CurrentRow();
     if (current >= 0 && selection->isRowSelected(current))
         return current;
-    const QList<int> selected = SelectedRows();
-    return selected.isEmpty() ? -1 : selected.first();
+    int uppermost = noRow;
+    const QItemSelection ranges = selection->selection();
+    for (const QItemSelectionRange &range : ranges) {
+        const int row = firstInSight(range.top(), range.bottom());
+        if (uppermost == noRow || (row != noRow && row < uppermost))
+            uppermost = row;
+    }
+    return uppermost;
 }
 
 int RowFilter::CurrentRow() const
 {
     const QModelIndex current = selection->currentIndex();
-    return current.isValid() && Shows(current.row()) ? current.row() : -1;
+    return current.isValid() && isInSight(current.row()) ? current.row() : noRow;
 }

@@ -5,6 +5,7 @@
 #include <QPointer>
 #include <QString>
 #include <QStringMatcher>
+#include <QTimer>
 
 class QHeaderView;
 class QTableView;
@@ -20,6 +21,10 @@ QList<int> ShownColumns(const QTableView *table);
 ///
 /// Hidden rows are never selected (ShownRowSelection). Whoever acts on selected, current or all
 /// rows for the user asks here which they are.
+///
+/// Very many rows are looked at in slices, from the first on, and the user has a turn between two.
+/// Until the last of them a row further down is as the look before has left it; whoever asks for
+/// all that are shown or selected has the rest looked at first.
 class RowFilter : public QObject
 {
     Q_OBJECT
@@ -36,12 +41,18 @@ public:
     bool IsActive() const { return onlyNew || !words.isEmpty(); }
     int Loaded() const;
     int Shown() const;
-    bool Shows(int row) const;
+    bool Shows(int row);
+    /// Whether rows are yet to be looked at: Shown is not what it will be.
+    bool IsLooking() const { return nextRow != noRow; }
+    /// Looks at those now.
+    void Settle();
 
     /// The rows in sight, from top to bottom.
-    QList<int> ShownRows() const;
+    QList<int> ShownRows();
+    /// The first of them, -1 when there is none.
+    int FirstShown();
     /// Those of them that are selected.
-    QList<int> SelectedRows() const;
+    QList<int> SelectedRows();
     /// The one row that a command for one row is about: of several that are selected the current
     /// one, or the uppermost; -1 when none is.
     int ChosenRow() const;
@@ -53,9 +64,18 @@ Q_SIGNALS:
     void Changed();
 
 private:
+    static constexpr int noRow = -1;
+
     void applyChange(bool wasActive);
-    void apply(int first, int last);
-    void applyToAll();
+    void lookAtAll();
+    void lookFrom(int row);
+    void lookAgain(int first, int last);
+    void goOn();
+    void lookOn(int count);
+    void end();
+    void hideOthers(int first, int last);
+    bool isInSight(int row) const;
+    int firstInSight(int first, int last) const;
     bool matches(int row, const QList<int> &columns) const;
 
     QTableView *view;
@@ -65,4 +85,7 @@ private:
     QPointer<QHeaderView> rows;
     QList<QStringMatcher> words;
     bool onlyNew = false;
+    int nextRow = noRow;        ///< the first that is yet to be looked at
+    bool goesToCurrent = false; ///< behind the last of them
+    QTimer pause;               ///< between two slices
 };

@@ -66,6 +66,10 @@ QItemSelection ShownRowSelection::shownPartOf(const QItemSelection &selection) c
 
 void ShownRowSelection::select(const QItemSelection &selection, SelectionFlags command)
 {
+    const bool isMany = std::any_of(selection.begin(), selection.end(),
+                                    [](const auto &range) { return range.height() > 1; });
+    if (isMany || selection.size() > 1)
+        Q_EMIT SelectingMany();
     if (!command.testFlag(Current))
         anchor = QPersistentModelIndex();
     const bool fromAnchor = anchor.isValid() && !isHidden(anchor.row()) && currentIndex().isValid();
@@ -74,13 +78,17 @@ void ShownRowSelection::select(const QItemSelection &selection, SelectionFlags c
 
 void ShownRowSelection::selectShown(const QItemSelection &selection, SelectionFlags command)
 {
-    if (!rows || rows->hiddenSectionCount() == 0) {
-        QItemSelectionModel::select(selection, command);
+    const bool allInSight = !rows || rows->hiddenSectionCount() == 0;
+    const QItemSelection shown = allInSight ? selection : shownPartOf(selection);
+    // One range across all of the old ones is divided by each.
+    const qsizetype before = this->selection().size();
+    const qsizetype parts = allInSight && !shown.isEmpty() ? before : shown.size();
+    if (command.testFlag(Clear) && before * parts > mostComparisons)
+        clearSelection();
+    if (allInSight) {
+        QItemSelectionModel::select(shown, command);
         return;
     }
-    const QItemSelection shown = shownPartOf(selection);
-    if (command.testFlag(Clear) && this->selection().size() * shown.size() > mostComparisons)
-        clearSelection();
     // The rows are whole already. To make them so range by range, each is compared with each: half
     // a minute for fifty thousand.
     QItemSelectionModel::select(shown, command & ~SelectionFlags(Rows));

@@ -26,6 +26,10 @@ public:
     /// Gives up the rows that have been hidden since they were selected, the current one too.
     void LeaveHiddenRows();
 
+Q_SIGNALS:
+    /// Several rows are about to be selected at once, and it has to be known which are hidden.
+    void SelectingMany();
+
 private:
     bool isHidden(int row) const;
     QItemSelection shownPartOf(const QItemSelection &selection) const;

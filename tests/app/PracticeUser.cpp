@@ -124,6 +124,23 @@ quint16 PracticeCourts::Port() const
     return straysFollow ? untidy.Port() : tidy.Port();
 }
 
+void PracticeTest::initTestCase()
+{
+    QCOMPARE(court.Start(), QString());
+}
+
+void PracticeTest::init()
+{
+    user = std::make_unique<PracticeUser>(court.Port());
+}
+
+void PracticeTest::cleanup()
+{
+    const QString complaints = user->Complaints();
+    user.reset();
+    QCOMPARE(complaints, QString());
+}
+
 bool LogInAs(const QString &user)
 {
     frmLogin::ShowForm(nullptr);

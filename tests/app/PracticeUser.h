@@ -4,6 +4,8 @@
 #include "casedetails/CaseTabs.h"
 #include "searchentry/EntryDesk.h"
 
+#include <memory>
+
 class CaseWindow;
 class NameResultsWindow;
 class TabStrip;
@@ -49,6 +51,21 @@ public:
 private:
     PracticeCourt tidy;
     PracticeCourt untidy;
+};
+
+/// A test at the practice court: each of its functions is a session of its own, at each of the two.
+class PracticeTest : public QObject
+{
+    Q_OBJECT
+protected Q_SLOTS:
+    void initTestCase_data() { PracticeCourts::AddRows(); }
+    virtual void initTestCase();
+    virtual void init();
+    void cleanup();
+
+protected:
+    PracticeCourts court;
+    std::unique_ptr<PracticeUser> user;
 };
 
 /// Logs in at the court that options.ini names; true when the search form is there then.

@@ -1,7 +1,7 @@
 #include "app/WholeDay.h"
 
 #include "app/PracticeUser.h"
-#include "casedetails/frmCaseDetails.h"
+#include "casedetails/MadeCases.h"
 #include "casedetails/frmCivilCaseDetails.h"
 #include "casedetails/frmNCCaseDetails.h"
 #include "controls/TabStrip.h"
@@ -97,54 +97,24 @@ QString numberOf(CourtFamily family, SpecialCase meaning)
     return numberOf(family, SpecialCase::TabErrorOnce);
 }
 
-CaseWindow *makeStateCase(const QString &state, const QString &number, const QString &county)
-{
-    auto *window = new frmCaseDetails;
-    window->lblState = state;
-    window->txtCaseNumber = number;
-    window->txtCountyName = county;
-    window->lblOrCourtType = u"C"_s;
-    window->SetCaseDetailsHdr(u"Case Details ("_s + number + u')');
-    return window;
-}
-
-template<typename Window>
-CaseWindow *makeDistrictCase(const QString &number, const QString &type)
-{
-    auto *window = new Window;
-    window->txtCaseNumber = number;
-    window->txtCountyName = u"King"_s;
-    window->txtCourtCode = u"KSD"_s;
-    window->txtCaseType = type;
-    return window;
-}
-
-CaseWindow *makeBankruptcyCase(const QString &number)
-{
-    CaseWindow *window = makeStateCase(u"ORBK"_s, number, {});
-    window->chkBK = true;
-    window->lboxTabReqQueue.AddItem(u"BKRPT~SUMMARY~"_s + number + u"~OR~"_s);
-    return window;
-}
-
 /// A case window of each kind.
 CaseWindow *makeCase(int kind, SpecialCase meaning)
 {
     switch (kind) {
     case 0:
-        return makeStateCase(u"WA"_s, numberOf(CourtFamily::Superior, meaning), u"King"_s);
+        return MadeStateCase(u"WA"_s, numberOf(CourtFamily::Superior, meaning), u"King"_s);
     case 1:
-        return makeStateCase(u"OR"_s, numberOf(CourtFamily::Oregon, meaning), u"Multnomah"_s);
+        return MadeStateCase(u"OR"_s, numberOf(CourtFamily::Oregon, meaning), u"Multnomah"_s);
     case 2:
-        return makeStateCase(u"ID"_s, numberOf(CourtFamily::Idaho, meaning), u"Ada"_s);
+        return MadeStateCase(u"ID"_s, numberOf(CourtFamily::Idaho, meaning), u"Ada"_s);
     case 3:
-        return makeDistrictCase<frmCivilCaseDetails>(numberOf(CourtFamily::District, meaning),
+        return MadeDistrictCase<frmCivilCaseDetails>(numberOf(CourtFamily::District, meaning),
                                                      u"CV"_s);
     case 4:
-        return makeDistrictCase<frmNCCaseDetails>(numberOf(CourtFamily::District, meaning),
+        return MadeDistrictCase<frmNCCaseDetails>(numberOf(CourtFamily::District, meaning),
                                                   u"IN"_s);
     default:
-        return makeBankruptcyCase(numberOf(CourtFamily::Bankruptcy, meaning));
+        return MadeBankruptcyCase(numberOf(CourtFamily::Bankruptcy, meaning));
     }
 }
 constexpr int caseKinds = 6;

@@ -93,14 +93,11 @@ double processorSecondsAtRest()
 } // namespace
 
 /// Every kind of case, from a list of results to its last tab, against the practice court.
-class tst_AllCases : public QObject
+class tst_AllCases : public PracticeTest
 {
     Q_OBJECT
 private Q_SLOTS:
-    void initTestCase_data() { PracticeCourts::AddRows(); }
-    void initTestCase();
-    void init();
-    void cleanup();
+    void initTestCase() override;
 
     void aCaseOfAList_data();
     void aCaseOfAList();
@@ -111,8 +108,6 @@ private:
     static void checkRow(const CaseWindow *window, const CaseRow &row);
 
     QTemporaryFile people;
-    PracticeCourts court;
-    std::unique_ptr<PracticeUser> user;
 };
 
 void tst_AllCases::initTestCase()
@@ -121,18 +116,6 @@ void tst_AllCases::initTestCase()
     people.write(ownPeople);
     people.close();
     QCOMPARE(court.Start({u"--data"_s, people.fileName()}), QString());
-}
-
-void tst_AllCases::init()
-{
-    user = std::make_unique<PracticeUser>(court.Port());
-}
-
-void tst_AllCases::cleanup()
-{
-    const QString complaints = user->Complaints();
-    user.reset();
-    QCOMPARE(complaints, QString());
 }
 
 void tst_AllCases::aCaseOfAList_data()

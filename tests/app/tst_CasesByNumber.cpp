@@ -36,15 +36,10 @@ QString numberOfSpecial(Practice::CourtFamily family, Practice::SpecialCase mean
 
 /// Cases that are looked for by their numbers, one by one and in a batch, against the practice
 /// court.
-class tst_CasesByNumber : public QObject
+class tst_CasesByNumber : public PracticeTest
 {
     Q_OBJECT
 private Q_SLOTS:
-    void initTestCase_data() { PracticeCourts::AddRows(); }
-    void initTestCase();
-    void init();
-    void cleanup();
-
     void aCaseByItsNumber_data();
     void aCaseByItsNumber();
     void severalBankruptcyCasesOfOneNumber();
@@ -57,27 +52,7 @@ private Q_SLOTS:
 private:
     void expectNotScomis();
     CaseWindow *startNumber(const QStringList &steps, const QString &number, bool asks);
-
-    PracticeCourts court;
-    std::unique_ptr<PracticeUser> user;
 };
-
-void tst_CasesByNumber::initTestCase()
-{
-    QCOMPARE(court.Start(), QString());
-}
-
-void tst_CasesByNumber::init()
-{
-    user = std::make_unique<PracticeUser>(court.Port());
-}
-
-void tst_CasesByNumber::cleanup()
-{
-    const QString complaints = user->Complaints();
-    user.reset();
-    QCOMPARE(complaints, QString());
-}
 
 void tst_CasesByNumber::expectNotScomis()
 {

@@ -1,6 +1,6 @@
 #include "app/CommandLine.h"
 
-#include "core/Version.h"
+#include "core/VersionText.h"
 #include "support/HalvaneTest.h"
 
 #include <QTest>
@@ -17,6 +17,8 @@ private Q_SLOTS:
     void error();
     void versionIsPrinted();
     void helpNamesEveryOption();
+    void helpNamesTheProgram();
+    void aNewSearchIsAskedFor();
 };
 
 void tst_CommandLine::options_data()
@@ -78,7 +80,7 @@ void tst_CommandLine::versionIsPrinted()
 {
     for (const QString &option : {u"--version"_s, u"-v"_s}) {
         const StartOptions read = ReadCommandLine({u"halvane"_s, option});
-        QCOMPARE(read.Information, u"Halvane "_s + ProgramVersion() + u'\n');
+        QCOMPARE(read.Information, VersionText(u"Halvane"_s) + u'\n');
         QCOMPARE(read.Error, QString());
     }
 }
@@ -88,11 +90,27 @@ void tst_CommandLine::helpNamesEveryOption()
     for (const QString &option : {u"--help"_s, u"-h"_s}) {
         const QString help = ReadCommandLine({u"halvane"_s, option}).Information;
         for (const QString &named : {u"--folder"_s, u"--practice"_s, u"--tour"_s, u"--output"_s,
-                                     u"--version"_s, u"--help"_s})
+                                     u"--new-search"_s, u"--version"_s, u"--help"_s})
             QVERIFY2(help.contains(named), qPrintable(named));
     }
 }
 
-// The help text asks the application for its name.
+/// With and without an application, and whatever the path.
+void tst_CommandLine::helpNamesTheProgram()
+{
+    const QString help = ReadCommandLine({u"/opt/bin/halvane"_s, u"--help"_s}).Information;
+    QVERIFY2(help.startsWith(u"Usage: halvane [options]\nHalvane searches court records.\n"_s),
+             qPrintable(help));
+}
+
+void tst_CommandLine::aNewSearchIsAskedFor()
+{
+    QVERIFY(!ReadCommandLine({u"halvane"_s}).NewSearch);
+    const StartOptions read = ReadCommandLine({u"halvane"_s, u"--new-search"_s});
+    QVERIFY(read.NewSearch);
+    QVERIFY(!read.Practice);
+    QCOMPARE(read.Error, QString());
+}
+
 HALVANE_TEST(tst_CommandLine)
 #include "tst_CommandLine.moc"

@@ -38,15 +38,10 @@ void bothWindows()
 }
 } // namespace
 
-class tst_DistrictMeanings : public QObject
+class tst_DistrictMeanings : public PracticeTest
 {
     Q_OBJECT
 private Q_SLOTS:
-    void initTestCase_data() { PracticeCourts::AddRows(); }
-    void initTestCase();
-    void init();
-    void cleanup();
-
     void aWordInPlaceOfTheSummary_data();
     void aWordInPlaceOfTheSummary();
     void aCaseOfAnotherCourt_data();
@@ -63,27 +58,7 @@ private:
     {
         return open(civil, specialAt(place), u"King District Seattle (KSD)"_s);
     }
-
-    PracticeCourts court;
-    std::unique_ptr<PracticeUser> user;
 };
-
-void tst_DistrictMeanings::initTestCase()
-{
-    QCOMPARE(court.Start(), QString());
-}
-
-void tst_DistrictMeanings::init()
-{
-    user = std::make_unique<PracticeUser>(court.Port());
-}
-
-void tst_DistrictMeanings::cleanup()
-{
-    const QString complaints = user->Complaints();
-    user.reset();
-    QCOMPARE(complaints, QString());
-}
 
 CaseWindow *tst_DistrictMeanings::open(bool civil, const QString &number, const QString &in)
 {

@@ -9,6 +9,7 @@
 #include "link/RequestLine.h"
 #include "namesearch/frmNameSearchResults.h"
 #include "records/StartText.h"
+#include "session/frmMain.h"
 #include "support/HalvaneTest.h"
 #include "support/Ticks.h"
 
@@ -45,6 +46,7 @@ private Q_SLOTS:
     void cleanup();
 
     void aSearchFromItsLaunchToItsEnd();
+    void aSearchThatIsRetried();
     void aCaseWithItsTabs();
     void aLaterRunOfACase();
     void aDocumentWithItsPages();
@@ -60,6 +62,7 @@ private Q_SLOTS:
     void whatTheSessionStoppedIsOfferedAgain();
     void whatWasCutOffIsOfferedAgain();
     void whatStoodWaitingIsOfferedAgain();
+    void whatIsLaunchedOnTheWayOutTakesNothingBack();
     void afterALogoutTheProgramGoesOn();
     void withTheHistoryOffNothingIsKept();
     void whatIsLaunchedWithTheHistoryOffIsNotKeptLater();
@@ -157,6 +160,41 @@ void tst_HistoryRecording::aSearchFromItsLaunchToItsEnd()
     QCOMPARE(used.Searches, 1);
     QCOMPARE(used.Requests, 1);
     QCOMPARE(used.Cases, 0);
+}
+
+/// One line, which keeps its words until there is more; its requests are those of one search.
+void tst_HistoryRecording::aSearchThatIsRetried()
+{
+    const QString adams = u"WASUP¦SEARCH¦SMITH¦JOHN¦Q¦¦Adams,¦Civil,¦¦¦"_s;
+    court->Expect(lineFor(u"SMITH"_s)).Reply(twoRows());
+    court->Expect(adams).Reply({u"ERROR~Court is down~"_s, u"EOF~"_s});
+    desk->ConnectTo(*court);
+    auto *window = new frmNameSearchResults(u"WA"_s);
+    window->SetTxtCountyList(u"King, Adams"_s);
+    desk->Enqueue(window, {lineFor(u"SMITH"_s), adams});
+    launched(window)->Timer1->start(1);
+    QVERIFY(desk->Finish(window));
+    const QStringList first = kept();
+    QCOMPARE(first.size(), 1);
+    QVERIFY2(first[0].startsWith(u"ended|SMITH, JOHN, Q|") && first[0].endsWith(u"|2"),
+             qPrintable(first[0]));
+    const QString words = first[0].section(u'|', 2, 2);
+    const qint64 id = store().Items({}, 0, 1).value(0).Id;
+    Global.bLoggedIn = true;
+    court->Expect(adams).Reply({ResultLine(u"SMITH, JOHN A"_s), u"EOF~"_s}).Late();
+    desk->When([this] { return court->OwesAnswer(); },
+               [&] {
+                   QCOMPARE(kept(), first);
+                   court->AnswerNow();
+               });
+    window->Search().RetryFailed();
+    window->Timer1->start(1);
+    QVERIFY(desk->Finish(window));
+    QCOMPARE(kept(), QStringList{u"ended|SMITH, JOHN, Q|"_s + words + u"|3"_s});
+    QCOMPARE(store().Items({}, 0, 1).value(0).Id, id);
+    const HistoryStore::UsageLine used = account();
+    QCOMPARE(used.Searches, 1);
+    QCOMPARE(used.Requests, 3);
 }
 
 void tst_HistoryRecording::aCaseWithItsTabs()
@@ -423,6 +461,25 @@ void tst_HistoryRecording::whatStoodWaitingIsOfferedAgain()
     QVERIFY(store().Unfinished().isEmpty());
     // As when the program was killed.
     store().Close();
+    reopen();
+    QCOMPARE(store().Unfinished().size(), 2);
+}
+
+void tst_HistoryRecording::whatIsLaunchedOnTheWayOutTakesNothingBack()
+{
+    frmMain main;
+    main.TimerExit->start(60'000);
+    desk->ConnectTo(*court);
+    frmNameSearchResults *first = pending(u"SMITH"_s);
+    Global.bStopRequested = true;
+    first->Timer1->start(1);
+    QVERIFY(desk->Finish(first));
+    kept();
+    pending(u"JONES"_s);
+    kept();
+    ReplaceEndProgram([](int) {});
+    EndProgram();
+    ReplaceEndProgram({});
     reopen();
     QCOMPARE(store().Unfinished().size(), 2);
 }

@@ -13,6 +13,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QRegularExpression>
 #include <QStatusBar>
 #include <QToolButton>
 
@@ -67,6 +68,8 @@ private Q_SLOTS:
     void whatHasBecomeTooOldIsForgottenAtTheNextLogin();
     void clearNowEmptiesAHistoryThatIsOpen();
     void clearNowTakesAwayOneThatIsOff();
+    void aHistoryThatCannotBeRemovedIsSaid();
+    void clearNowInTheOptionsAsksOnce();
     void theEndOfTheProgramWritesWhatIsQueued();
     void troubleIsSaidInTheStatusBarAndHoldsNothingUp();
     void theMenuOpensTheAccount();
@@ -187,6 +190,36 @@ void tst_HistoryStart::clearNowTakesAwayOneThatIsOff()
     QCOMPARE(folder.entryList({u"history*"_s}), QStringList());
 }
 
+void tst_HistoryStart::aHistoryThatCannotBeRemovedIsSaid()
+{
+    setOption(u"KeepHistory"_s, u"0"_s);
+    const QString path = session->folder.Path(u"history.db"_s);
+    QVERIFY(QDir().mkpath(path + u"/something"_s));
+    StartHistory(false);
+    session->boxes.Expect(
+        u"The history cannot be cleared, because its file cannot be removed. It is "_s + path,
+        u"Clear the History"_s, MsgIcon::Exclamation);
+    Q_EMIT OptionsEvents::Of().ClearHistoryWanted();
+    QCOMPARE(session->boxes.Answered(), 1);
+}
+
+/// One question, and nothing is said when all is well.
+void tst_HistoryStart::clearNowInTheOptionsAsksOnce()
+{
+    StartHistory(false);
+    ask(u"DOE"_s);
+    QVERIFY(written());
+    frmOpts window;
+    window.setVisible(true);
+    session->boxes.Expect(u"Forget all searches, cases and documents of the history, and the usage "
+                          "by client code? This cannot be undone."_s,
+                          u"Clear the History"_s, MsgAnswer::Yes);
+    Click(&window, "cmdClearHistory");
+    QCOMPARE(session->boxes.Answered(), 1);
+    QVERIFY(written());
+    QCOMPARE(store().CountOf({}), 0);
+}
+
 void tst_HistoryStart::theEndOfTheProgramWritesWhatIsQueued()
 {
     ReplaceEndProgram([](int) {});
@@ -204,6 +237,7 @@ void tst_HistoryStart::theEndOfTheProgramWritesWhatIsQueued()
 
 void tst_HistoryStart::troubleIsSaidInTheStatusBarAndHoldsNothingUp()
 {
+    QTest::failOnWarning(QRegularExpression(u"QStatusBar"_s));
     session->folder.Write(u"history.db"_s, QByteArray(5'000, 'x'));
     frmMain *main = session->ShowMain();
     StartHistory(false);

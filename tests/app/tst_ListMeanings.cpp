@@ -84,14 +84,11 @@ QString statusOf(End end, int rows)
 }
 } // namespace
 
-class tst_ListMeanings : public QObject
+class tst_ListMeanings : public PracticeTest
 {
     Q_OBJECT
 private Q_SLOTS:
-    void initTestCase_data() { PracticeCourts::AddRows(); }
-    void initTestCase();
-    void init();
-    void cleanup();
+    void init() override;
 
     void inEachFamily_data();
     void inEachFamily();
@@ -113,27 +110,12 @@ private:
     {
         return QTest::qWaitFor([window] { return ended(window); }, longestSearchMilliseconds);
     }
-
-    PracticeCourts court;
-    std::unique_ptr<PracticeUser> user;
 };
-
-void tst_ListMeanings::initTestCase()
-{
-    QCOMPARE(court.Start(), QString());
-}
 
 void tst_ListMeanings::init()
 {
-    user = std::make_unique<PracticeUser>(court.Port());
+    PracticeTest::init();
     QVERIFY(LogInAs(u"quiet"_s));
-}
-
-void tst_ListMeanings::cleanup()
-{
-    const QString complaints = user->Complaints();
-    user.reset();
-    QCOMPARE(complaints, QString());
 }
 
 void tst_ListMeanings::start(NameResultsWindow *window, const QString &line)

@@ -11,6 +11,7 @@
 #include "namesearch/NameResultsWindow.h"
 #include "records/StartText.h"
 #include "searchentry/EntryText.h"
+#include "searchentry/NumberListRun.h"
 #include "session/SessionEvents.h"
 #include "session/frmLogin.h"
 #include "session/frmMain.h"
@@ -69,6 +70,29 @@ AskedItem document()
     return item;
 }
 
+/// A number that was entered for King county.
+AskedItem numberOf(int n)
+{
+    const QString number = u"02-1-"_s + QString::number(n).rightJustified(5, u'0') + u"-1"_s;
+    AskedItem item = caseOf(number);
+    CaseStart start = *CaseStartOf(item.Origin);
+    SearchEntry entry;
+    entry.Kind = SearchKind::Number;
+    entry.Names[LastName] = number;
+    entry.NumberCounty = u"King"_s;
+    start.Origin = TextOfEntry(AsAsked(entry));
+    item.Origin = TextOfCaseStart(start);
+    return item;
+}
+
+QList<AskedItem> numbersUpTo(int count)
+{
+    QList<AskedItem> items;
+    for (int n = 1; n <= count; ++n)
+        items.append(numberOf(n));
+    return items;
+}
+
 QString nameOf(const JobWindow *window)
 {
     if (const auto *search = qobject_cast<const NameResultsWindow *>(window))
@@ -107,6 +131,10 @@ private Q_SLOTS:
 
     void threeArePutBackInTheirOrder();
     void oneIsPutBack();
+    void aCaseThatWasToPrintStillIs();
+    void numbersOfAListComeBackAsAList_data();
+    void numbersOfAListComeBackAsAList();
+    void aListWhoseNoticeIsDeclinedIsAskedAboutOnce();
     void noSettlesThem();
     void whatEndedIsNotOffered();
     void whatNobodyKnowsIsNotOffered();
@@ -124,6 +152,8 @@ private:
     /// Starts the program and logs in; `announce` says which boxes come then.
     void beginSession(const std::function<void()> &announce = {});
     QStringList kept();
+    /// From the question on, for a test that counts what waits.
+    std::unique_ptr<TurnHold> nothingBegins;
     /// Lets the offer come, or not.
     static void settle() { Ticks(300); }
     /// Until the question has been answered.
@@ -147,7 +177,9 @@ void tst_PutBack::beginSession(const std::function<void()> &announce)
 
 void tst_PutBack::cleanup()
 {
+    nothingBegins.reset();
     store().Close();
+    qDeleteAll(qApp->findChildren<NumberListRun *>());
     ProgramTest::cleanup();
 }
 
@@ -195,6 +227,76 @@ void tst_PutBack::oneIsPutBack()
         desk->Boxes.Expect(u"1 search had not run. Put it back?"_s, title, MsgAnswer::Yes);
     });
     QTRY_COMPARE(waiting(), QStringList{u"SMITH for CODE SMITH"_s});
+}
+
+/// It has not been printed yet, unlike one that is opened once more.
+void tst_PutBack::aCaseThatWasToPrintStillIs()
+{
+    AskedItem printed = caseOf(u"02-1-00123-4"_s);
+    CaseStart start = *CaseStartOf(printed.Origin);
+    start.chkAutoPrint = true;
+    printed.Origin = TextOfCaseStart(start);
+    leave({printed, caseOf(u"02-1-00124-2"_s)});
+    beginSession([this] {
+        desk->Boxes.Meanwhile([this] { nothingBegins = std::make_unique<TurnHold>(); });
+        desk->Boxes.Expect(u"2 searches had not run. Put them back?"_s, title, MsgAnswer::Yes);
+    });
+    QTRY_COMPARE(waiting().size(), 2);
+    for (const Job *job : Job::All()) {
+        const auto *window = qobject_cast<const CaseWindow *>(JobWindow::Of(job));
+        QVERIFY(window);
+        QCOMPARE(window->chkAutoPrint, window->txtCaseNumber == u"02-1-00123-4");
+    }
+}
+
+void tst_PutBack::numbersOfAListComeBackAsAList_data()
+{
+    QTest::addColumn<int>("numbers");
+    QTest::addColumn<bool>("isList");
+    QTest::newRow("ten, each by itself") << 10 << false;
+    QTest::newRow("more than ten") << 12 << true;
+}
+
+/// A window for each number of a long list would be more than anybody can use.
+void tst_PutBack::numbersOfAListComeBackAsAList()
+{
+    QFETCH(const int, numbers);
+    QFETCH(const bool, isList);
+    constexpr int most = 10;
+    leave(QList<AskedItem>{searchFor(u"SMITH"_s)} + numbersUpTo(numbers));
+    beginSession([this, numbers] {
+        desk->Boxes.Meanwhile([this] { nothingBegins = std::make_unique<TurnHold>(); });
+        desk->Boxes.Expect(QString::number(numbers + 1)
+                               + u" searches had not run. Put them back?"_s,
+                           title, MsgAnswer::Yes);
+    });
+    QTRY_COMPARE(waiting().size(), most + 1);
+    QCOMPARE(waiting().value(0), u"SMITH for CODE SMITH"_s);
+    for (int n = 1; n <= most; ++n) {
+        const QString what = numberOf(n).What;
+        QCOMPARE(waiting().value(n), what + u" for CODE "_s + what);
+    }
+    QCOMPARE(Shown(u"frmNumberList"_s) != nullptr, isList);
+    // Those that wait behind the ten have a line of their own, too.
+    const QStringList lines = kept();
+    QCOMPARE(lines.size(), 2 * (numbers + 1));
+    QCOMPARE(lines.filter(u"Put back."_s).size(), numbers + 1);
+    QCOMPARE(lines.last(), numberOf(numbers).What + u": goes on"_s);
+    QVERIFY(store().Unfinished().isEmpty());
+}
+
+void tst_PutBack::aListWhoseNoticeIsDeclinedIsAskedAboutOnce()
+{
+    leave(numbersUpTo(12));
+    beginSession([this] {
+        desk->Boxes.Meanwhile([] { Global.bShowAlerts = true; });
+        desk->Boxes.Expect(u"12 searches had not run. Put them back?"_s, title, MsgAnswer::Yes);
+        desk->Boxes.Expect(washingtonNotice, u"Washington State Courts"_s, MsgIcon::Exclamation,
+                           MsgAnswer::No, MsgButtons::YesNo);
+    });
+    QTRY_COMPARE(kept().filter(u"Had not run"_s).size(), 12);
+    QCOMPARE(waiting(), QStringList());
+    QVERIFY(!Shown(u"frmNumberList"_s));
 }
 
 void tst_PutBack::noSettlesThem()

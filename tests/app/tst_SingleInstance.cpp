@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QLocalSocket>
 #include <QProcess>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -98,6 +99,8 @@ private Q_SLOTS:
     void anotherFolderIsAnotherProgram();
     void theNameIsFreeWhenTheFirstIsGone();
     void everyFurtherStartIsNoticed();
+    void aSecondStartForANewSearch();
+    void whatNobodyUnderstandsIsNoWish();
     void theSecondProgramEndsAtOnce();
     void aKilledProgramLeavesNothingBehind();
     void aNameThatNobodyAnswersTo();
@@ -148,6 +151,51 @@ void tst_SingleInstance::everyFurtherStartIsNoticed()
         QVERIFY(!further.Claim());
         QTRY_COMPARE(activated.count(), i);
     }
+}
+
+void tst_SingleInstance::aSecondStartForANewSearch()
+{
+    SingleInstance first(u"/tmp/halvane-one"_s);
+    QSignalSpy activated(&first, &SingleInstance::Activated);
+    QSignalSpy wanted(&first, &SingleInstance::SearchWanted);
+    QVERIFY(first.Claim());
+    SingleInstance second(u"/tmp/halvane-one"_s);
+    QVERIFY(!second.Claim(SecondStart::NewSearch));
+    QTRY_COMPARE(wanted.count(), 1);
+    QCOMPARE(activated.count(), 1);
+    SingleInstance third(u"/tmp/halvane-one"_s);
+    QVERIFY(!third.Claim());
+    QTRY_COMPARE(activated.count(), 2);
+    Ticks(20);
+    QCOMPARE(wanted.count(), 1);
+}
+
+/// Whoever is on the machine can write there. What comes in two pieces is one line all the same.
+void tst_SingleInstance::whatNobodyUnderstandsIsNoWish()
+{
+    SingleInstance first(u"/tmp/halvane-one"_s);
+    QSignalSpy wanted(&first, &SingleInstance::SearchWanted);
+    QVERIFY(first.Claim());
+    for (const QByteArray &said : {QByteArray("old-search\n"), QByteArray("new-search"),
+                                   QByteArray("new-search again\n"), QByteArray(100'000, 'n')}) {
+        QLocalSocket other;
+        other.setSocketOptions(QLocalSocket::AbstractNamespaceOption);
+        other.connectToServer(first.Name());
+        QVERIFY(other.waitForConnected());
+        other.write(said);
+        other.flush();
+        Ticks(20);
+        QCOMPARE(wanted.count(), 0);
+    }
+    QLocalSocket other;
+    other.setSocketOptions(QLocalSocket::AbstractNamespaceOption);
+    other.connectToServer(first.Name());
+    other.write("new-");
+    other.flush();
+    Ticks(20);
+    other.write("search\n");
+    other.flush();
+    QTRY_COMPARE(wanted.count(), 1);
 }
 
 void tst_SingleInstance::theSecondProgramEndsAtOnce()

@@ -17,7 +17,10 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QDir>
+#include <QFileInfo>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
@@ -109,6 +112,7 @@ private Q_SLOTS:
     void defaultView();
     void practiceIsShownInTheStatusBar();
     void withoutOptionsIniItStartsToo();
+    void whatAKilledProgramHasLeftIsTakenAway();
     void anIdleSessionIsWarned();
     void aSearchInAStateShowsTheFormInIt_data();
     void aSearchInAStateShowsTheFormInIt();
@@ -117,6 +121,9 @@ private Q_SLOTS:
     void theHelpOfAStepOfTheFormOpensOnItsTopic();
     void aCourtsEntryShowsTheForm_data();
     void aCourtsEntryShowsTheForm();
+    void aNewSearchShowsTheFormWithWhatIsEntered();
+    void aNewSearchMovesNothingUnderTheLogin();
+    void aNewSearchMovesNothingUnderAQuestion();
 
 private:
     void offline();
@@ -391,6 +398,21 @@ void tst_Startup::aCourtsEntryShowsTheForm()
     QCOMPARE(form->focusWidget()->objectName(), u"txtSearchName_0"_s);
 }
 
+void tst_Startup::whatAKilledProgramHasLeftIsTakenAway()
+{
+    QVERIFY(QDir(desk->Folder.Path()).mkpath(u"Reports/King 94-1-00042-1"_s));
+    const QStringList left{u"options.ini.AbCdEf.unfinished"_s,
+                           u"Reports/A report.pdf.AbCdEf.unfinished"_s,
+                           u"Reports/King 94-1-00042-1/A document.tif.AbCdEf.unfinished"_s};
+    for (const QString &name : left)
+        desk->Folder.Write(name, "half of it");
+    desk->Folder.Write(u"Reports/A report.pdf"_s, "whole");
+    offline();
+    for (const QString &name : left)
+        QVERIFY2(!QFileInfo::exists(desk->Folder.Path(name)), qPrintable(name));
+    QCOMPARE(desk->Folder.Read(u"Reports/A report.pdf"_s), QByteArray("whole"));
+}
+
 void tst_Startup::anIdleSessionIsWarned()
 {
     FakeSocket::Install();
@@ -475,6 +497,44 @@ void tst_Startup::theHelpOfAStepOfTheFormOpensOnItsTopic()
     QVERIFY(help);
     QCOMPARE(help->findChild<QListWidget *>(u"lstTopics"_s)->currentRow(),
              static_cast<int>(HelpTopic::SearchType));
+}
+
+void tst_Startup::aNewSearchShowsTheFormWithWhatIsEntered()
+{
+    offline();
+    auto *name = frmSearchWA::Form().findChild<QLineEdit *>(u"txtSearchName_0"_s);
+    name->setText(u"SMITH"_s);
+    frmSearchWA::HideForm();
+    QVERIFY(!shownWindow(u"frmSearchWA"_s));
+    ShowSearchFormOnRequest();
+    QVERIFY(shownWindow(u"frmSearchWA"_s));
+    QCOMPARE(frmMain::Form()->focusWidget(), name);
+    QCOMPARE(name->text(), u"SMITH"_s);
+}
+
+void tst_Startup::aNewSearchMovesNothingUnderTheLogin()
+{
+    FakeSocket::Install();
+    SaveOptionStr(u"Communications"_s, u"ShowAlerts"_s, u"0"_s);
+    Main(false);
+    QVERIFY(frmLogin::IsLoaded());
+    frmSearchWA::HideForm();
+    ShowSearchFormOnRequest();
+    QVERIFY(!shownWindow(u"frmSearchWA"_s));
+}
+
+void tst_Startup::aNewSearchMovesNothingUnderAQuestion()
+{
+    offline();
+    frmSearchWA::HideForm();
+    desk->Boxes.ExpectDialog(u"frmAbout"_s, [](QDialog *dialog) {
+        ShowSearchFormOnRequest();
+        QVERIFY(!shownWindow(u"frmSearchWA"_s));
+        QTest::mouseClick(ButtonOf(dialog, "cmdOK"), Qt::LeftButton);
+    });
+    Q_EMIT SessionEvents::Of().AboutWanted();
+    ShowSearchFormOnRequest();
+    QVERIFY(shownWindow(u"frmSearchWA"_s));
 }
 
 HALVANE_TEST(tst_Startup)

@@ -2,6 +2,7 @@
 
 #include "app/Startup.h"
 #include "casedetails/CaseDesk.h"
+#include "casedetails/CaseJob.h"
 #include "casedetails/frmCaseDetails.h"
 #include "core/GlobalState.h"
 #include "jobs/WaitingList.h"
@@ -16,6 +17,7 @@
 #include <QDialog>
 #include <QLabel>
 #include <QMdiSubWindow>
+#include <QMessageBox>
 #include <QPointer>
 #include <QSignalSpy>
 #include <QTableView>
@@ -63,7 +65,10 @@ private Q_SLOTS:
     void skipAKeyThatWasLeft();
     void skipARunThatBrokeDown();
     void whatIsSettledUnderTheQuestion();
+    void whatGoesOnUnderTheQuestionIsLeftAlone();
     void noJobBeginsUnderTheQuestion();
+    void nothingIsCutWhileThereIsRoom();
+    void aColumnOfTheUsersStays();
     void theChosenRowStaysChosen();
     void theRowOfAWindowGoesWithIt();
     void closesByEscape();
@@ -389,6 +394,23 @@ void tst_Waiting::whatIsSettledUnderTheQuestion()
     QCOMPARE(frmQueue::Form().FIFO.Lines(), QStringList{next->txtMasterKey});
 }
 
+/// The answer comes before the list has heard of it.
+void tst_Waiting::whatGoesOnUnderTheQuestionIsLeftAlone()
+{
+    frmCaseDetails *broken = brokenDown();
+    const frmNameSearchResults *next = pending(u"B"_s);
+    open();
+    choose(0);
+    desk->Boxes.ExpectDialog(u"MsgBox"_s, [&](QDialog *box) {
+        qobject_cast<CaseJob *>(broken->ShownJob())->SearchNow();
+        qobject_cast<QMessageBox *>(box)->button(QMessageBox::Yes)->click();
+    });
+    Click(window, "cmdSkip");
+    QCOMPARE(broken->ShownJob()->State(), JobState::Pending);
+    QCOMPARE(frmQueue::Form().FIFO.Lines(),
+             QStringList({next->txtMasterKey, broken->txtMasterKey}));
+}
+
 void tst_Waiting::noJobBeginsUnderTheQuestion()
 {
     frmNameSearchResults *closed = pending(u"A"_s);
@@ -412,6 +434,39 @@ void tst_Waiting::noJobBeginsUnderTheQuestion()
     });
     Click(window, "cmdSkip");
     QVERIFY(desk->Finish(next));
+}
+
+void tst_Waiting::nothingIsCutWhileThereIsRoom()
+{
+    constexpr int name = 2;
+    open();
+    window->resize(1600, 400);
+    const auto *table = Child<QTableView>(window, "tblWaiting");
+    const auto needed = [table](int column) {
+        return table->sizeHintForIndex(table->model()->index(0, column)).width();
+    };
+    pending(u"MONTGOMERY-WOLVERHAMPTON, CONSTANTINE MAXIMILIAN"_s)->close();
+    QTRY_COMPARE(cells(0), QStringList{u"Holds the queue: closed without Stop"_s});
+    // Written bold, since it holds the queue.
+    for (const int column : {0, name})
+        QTRY_VERIFY(table->columnWidth(column) >= needed(column));
+    // Without room the columns are as wide as the texts that they are made for.
+    window->resize(300, 400);
+    QTRY_VERIFY(table->columnWidth(name) < needed(name));
+}
+
+void tst_Waiting::aColumnOfTheUsersStays()
+{
+    constexpr int name = 2;
+    constexpr int chosenWidth = 90;
+    open();
+    auto *table = Child<QTableView>(window, "tblWaiting");
+    table->setColumnWidth(name, chosenWidth);
+    pending(u"MONTGOMERY-WOLVERHAMPTON, CONSTANTINE MAXIMILIAN"_s);
+    window->resize(1600, 400);
+    QTRY_COMPARE(window->width(), 1600);
+    QTRY_COMPARE(cells(name).size(), 1);
+    QCOMPARE(table->columnWidth(name), chosenWidth);
 }
 
 void tst_Waiting::theChosenRowStaysChosen()

@@ -1,21 +1,18 @@
 // The window of the history: what it shows and finds, and what is asked for again from it.
 
+#include "app/HistoryWindowTest.h"
 #include "casedetails/CaseWindow.h"
 #include "core/GlobalState.h"
 #include "history/HistoryModel.h"
-#include "history/HistoryStore.h"
-#include "history/frmHistory.h"
 #include "jobs/frmQueue.h"
 #include "namesearch/NameResultsWindow.h"
 #include "namesearch/OpeningUser.h"
 #include "records/StartText.h"
-#include "searchentry/EntryDesk.h"
 #include "searchentry/EntryText.h"
 #include "session/SessionEvents.h"
 #include "support/HalvaneTest.h"
 #include "support/Ticks.h"
 
-#include <QAction>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QLabel>
@@ -26,58 +23,10 @@
 #include <QTableView>
 #include <QTest>
 
-namespace {
-constexpr int longEnough = 30'000; ///< milliseconds; a write takes a few
-
-HistoryStore &store()
-{
-    return HistoryStore::Of();
-}
-
-SearchEntry smithInKing(const QString &name)
-{
-    SearchEntry entry;
-    entry.Names[LastName] = name;
-    entry.Counties = {u"King"_s};
-    entry.CaseTypes = {u"Civil"_s};
-    return AsAsked(entry);
-}
-
-qint64 askFor(const QString &name)
-{
-    AskedItem item;
-    item.When = QDateTime(QDate(2026, 11, 2), QTime(9, 5));
-    item.What = name;
-    item.Where = u"King County - Washington Superior Courts"_s;
-    item.ClientCode = u"CODE"_s;
-    item.Origin = TextOfEntry(smithInKing(name));
-    return store().Begin(item);
-}
-
-qint64 askForCase(const QString &number, const QByteArray &origin = {})
-{
-    CaseStart start;
-    start.lblState = u"WA"_s;
-    start.txtCountyName = u"King"_s;
-    start.txtCaseNumber = number;
-    start.chkAutoPrint = true;
-    start.Origin = origin;
-    AskedItem item;
-    item.Kind = AskedKind::Case;
-    item.What = number;
-    item.ClientCode = u"CODE"_s;
-    item.Origin = TextOfCaseStart(start);
-    return store().Begin(item);
-}
-} // namespace
-
-class tst_frmHistory : public EntryTest
+class tst_frmHistory : public HistoryWindowTest
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init() override;
-    void cleanup();
-
     void whatWasAskedForStandsNewestFirst();
     void theListFollowsWhatHappens();
     void theChosenRowStaysChosen();
@@ -88,15 +37,6 @@ private Q_SLOTS:
     void aDoubleClickPutsASearchOnTheForm();
     void aDoubleClickOnACaseAsksNothing();
     void aNumberGoesBackOnTheForm();
-    void searchAgainAsksAtOnce_data();
-    void searchAgainAsksAtOnce();
-    void aCaseThatIsOpenedAgainDoesNotPrint();
-    void aCaseThatIsOpenIsOffered_data();
-    void aCaseThatIsOpenIsOffered();
-    void whoIsNotLoggedInIsAsked_data();
-    void whoIsNotLoggedInIsAsked();
-    void whatIsNotOfferedAnyMoreIsSaid();
-    void whatNobodyKnowsCannotBeAsked();
     void withTheKeyboardAlone();
     void aRowGoesToTheClipboard();
     void aScreenReaderHearsTheCells();
@@ -107,59 +47,8 @@ private Q_SLOTS:
     void thereIsOneSuchWindow();
 
 private:
-    void open();
-    void written();
-    QTableView *table() const { return Child<QTableView>(window, "tblHistory"); }
-    QString cell(int row, int column) const
-    {
-        return table()->model()->index(row, column).data().toString();
-    }
-    QStringList column(int number) const;
     void doubleClick(int row) const;
-    static QAction *action(const QWidget *of, const char *name) { return Child<QAction>(of, name); }
-
-    QPointer<frmHistory> window;
 };
-
-void tst_frmHistory::init()
-{
-    EntryTest::init();
-    store().Open(desk->Desk.Folder.Path(u"history.db"_s));
-    QVERIFY(store().WaitUntilWritten(longEnough));
-}
-
-void tst_frmHistory::cleanup()
-{
-    delete window;
-    store().Close();
-    EntryTest::cleanup();
-}
-
-void tst_frmHistory::written()
-{
-    QVERIFY(store().WaitUntilWritten(longEnough));
-}
-
-void tst_frmHistory::open()
-{
-    written();
-    Q_EMIT SessionEvents::Of().HistoryWanted();
-    const QWidgetList all = QApplication::topLevelWidgets();
-    for (QWidget *one : all) {
-        if (auto *history = qobject_cast<frmHistory *>(one))
-            window = history;
-    }
-    QVERIFY(window && window->isVisible());
-    QVERIFY(QTest::qWaitForWindowActive(window));
-}
-
-QStringList tst_frmHistory::column(int number) const
-{
-    QStringList cells;
-    for (int row = 0; row < table()->model()->rowCount(); ++row)
-        cells.append(cell(row, number));
-    return cells;
-}
 
 void tst_frmHistory::doubleClick(int row) const
 {
@@ -339,137 +228,6 @@ void tst_frmHistory::aNumberGoesBackOnTheForm()
     open();
     Click(window, "cmdFill");
     QVERIFY(AsAsked(desk->Form()->Entry()) == AsAsked(entry));
-}
-
-void tst_frmHistory::searchAgainAsksAtOnce_data()
-{
-    QTest::addColumn<bool>("isCase");
-    QTest::addColumn<bool>("byMenu");
-    QTest::newRow("a search") << false << false;
-    QTest::newRow("a search, by the menu") << false << true;
-    QTest::newRow("a case") << true << false;
-    QTest::newRow("a case, by the menu") << true << true;
-}
-
-void tst_frmHistory::searchAgainAsksAtOnce()
-{
-    QFETCH(bool, isCase);
-    QFETCH(bool, byMenu);
-    if (isCase)
-        askForCase(u"02-1-00123-4"_s);
-    else
-        askFor(u"SMITH"_s);
-    open();
-    const SearchEntry before = desk->Form()->Entry();
-    const QList<JobWindow *> made = desk->NewWindows([this, byMenu] {
-        if (byMenu)
-            action(window, "mnuSearchAgain")->trigger();
-        else
-            Click(window, "cmdAgain");
-    });
-    QCOMPARE(made.size(), 1);
-    QCOMPARE(made[0]->ClientAcctgCode, u"CODE"_s);
-    QCOMPARE(Keys(), QStringList{made[0]->txtMasterKey});
-    QCOMPARE(qobject_cast<CaseWindow *>(made[0]) != nullptr, isCase);
-    QVERIFY(desk->Form()->Entry() == before);
-    // It has a line of its own.
-    QTRY_COMPARE(table()->model()->rowCount(), 2);
-}
-
-void tst_frmHistory::aCaseThatIsOpenedAgainDoesNotPrint()
-{
-    askForCase(u"02-1-00123-4"_s);
-    open();
-    const QList<JobWindow *> made = desk->NewWindows([this] { Click(window, "cmdAgain"); });
-    QVERIFY(!qobject_cast<CaseWindow *>(made.value(0))->chkAutoPrint);
-}
-
-void tst_frmHistory::aCaseThatIsOpenIsOffered_data()
-{
-    QTest::addColumn<QString>("answer");
-    QTest::addColumn<int>("windows");
-    QTest::newRow("go to it") << u"Go To It"_s << 0;
-    QTest::newRow("open again") << u"Open Again"_s << 1;
-    QTest::newRow("cancel") << u"Cancel"_s << 0;
-}
-
-void tst_frmHistory::aCaseThatIsOpenIsOffered()
-{
-    QFETCH(QString, answer);
-    QFETCH(int, windows);
-    askForCase(u"02-1-00123-4"_s);
-    open();
-    const QList<JobWindow *> made = desk->NewWindows([this] { Click(window, "cmdAgain"); });
-    const auto *first = qobject_cast<CaseWindow *>(made.value(0));
-    QVERIFY(first);
-    desk->Desk.Boxes.ExpectChoice(IsOpenQuestion(first->windowTitle()), isOpenTitle, answer);
-    QCOMPARE(desk->NewWindows([this] { Click(window, "cmdAgain"); }).size(), windows);
-}
-
-void tst_frmHistory::whoIsNotLoggedInIsAsked_data()
-{
-    QTest::addColumn<bool>("isCase");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("a search") << false << notLoggedIn;
-    QTest::newRow("a case") << true
-                            << u"This Search Cannot be Started!\r\nThis is because you are not "
-                               "currently Logged-In to the Halvane Server.\r\n\r\nDo you want to "
-                               "Login Now?"_s;
-}
-
-void tst_frmHistory::whoIsNotLoggedInIsAsked()
-{
-    QFETCH(bool, isCase);
-    QFETCH(QString, text);
-    if (isCase)
-        askForCase(u"02-1-00123-4"_s);
-    else
-        askFor(u"SMITH"_s);
-    open();
-    Global.bLoggedIn = false;
-    desk->Desk.Boxes.Expect(text, notLoggedInTitle, MsgIcon::Exclamation, MsgAnswer::No,
-                            MsgButtons::YesNo);
-    Click(window, "cmdAgain");
-    QCOMPARE(Keys(), QStringList());
-}
-
-void tst_frmHistory::whatIsNotOfferedAnyMoreIsSaid()
-{
-    AskedItem item;
-    SearchEntry entry = smithInKing(u"SMITH"_s);
-    entry.Counties = {u"King"_s, u"Atlantis"_s};
-    item.Origin = TextOfEntry(entry);
-    store().Begin(item);
-    open();
-    desk->Desk.Boxes.Expect(
-        u"Not all of this search can be put on the form: something that was chosen is not offered "
-        "any more. Please look it through before you start it."_s,
-        u"History"_s, MsgIcon::Exclamation);
-    Click(window, "cmdFill");
-    QCOMPARE(desk->Form()->Entry().Counties, QStringList{u"King"_s});
-}
-
-void tst_frmHistory::whatNobodyKnowsCannotBeAsked()
-{
-    AskedItem item;
-    item.What = u"from a later version"_s;
-    item.Origin = R"({"Search":99})";
-    store().Begin(item);
-    item.What = u"from nowhere"_s;
-    item.Origin.clear();
-    store().Begin(item);
-    open();
-    QVERIFY(!ButtonOf(window, "cmdAgain")->isEnabled());
-    QVERIFY(!action(window, "mnuSearchAgain")->isEnabled());
-    QCOMPARE(TextOf(window, "lblHint"), u"It is not known how this was asked for."_s);
-    table()->selectRow(1);
-    for (const char *button : {"cmdAgain", "cmdFill"}) {
-        desk->Desk.Boxes.Expect(
-            u"This cannot be asked for again, because it is not known any more how it was asked "
-            "for. Please enter it on the search form."_s,
-            u"History"_s, MsgIcon::Exclamation);
-        Click(window, button);
-    }
 }
 
 void tst_frmHistory::withTheKeyboardAlone()

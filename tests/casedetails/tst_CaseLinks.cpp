@@ -15,6 +15,9 @@ const QStringList severalCases{u"MULTIPLE"_s,
                                u"99-20078#RETRIEVECOMMAND=BKRPT~SUMMARY~2~#"_s,
                                u"99-20079/RETRIEVECOMMAND= BKRPT~SUMMARY~3~ /AP/DOE/"_s,
                                u"EOF~"_s};
+const QString isOpenQuestion =
+    u"This case is open already, in the window\n\nCase Details (02-2-00456-7)\n\nOpening it again "
+    "asks the court for all of it once more."_s;
 const QString notLoggedIn =
     u"This Search Cannot be Started!\r\nThis is because you are not currently Logged-In to the "
     "Halvane Server.\r\n\r\nDo you want to Login Now?"_s;
@@ -68,6 +71,7 @@ private Q_SLOTS:
     void theCodeInForceGoesWithIt();
     void theEnterKeyOpensItToo();
     void aCaseThatIsOpenIsOffered();
+    void aSessionThatEndsUnderThatQuestionIsSeen();
     void whatOpensNothing_data();
     void whatOpensNothing();
     void notLoggedInIsAskedFirst_data();
@@ -279,9 +283,6 @@ void tst_CaseLinks::theEnterKeyOpensItToo()
 
 void tst_CaseLinks::aCaseThatIsOpenIsOffered()
 {
-    const QString question = u"This case is open already, in the window\n\nCase Details "
-                             "(02-2-00456-7)\n\nOpening it again asks the court for all of it "
-                             "once more."_s;
     const frmCaseDetails *window =
         summarised(u"WA"_s, superiorWith(u"Associated Case:~02-2-00456-7~"_s));
     doubleClick(window, CaseTab::Summary, 2, 1);
@@ -289,13 +290,29 @@ void tst_CaseLinks::aCaseThatIsOpenIsOffered()
     QVERIFY(opened);
     opened->Timer1->stop();
     const int waiting = frmQueue::Form().FIFO.ListCount();
-    desk->Boxes.ExpectChoice(question, u"Halvane - Case Is Open"_s, u"Go To It"_s);
+    desk->Boxes.ExpectChoice(isOpenQuestion, u"Halvane - Case Is Open"_s, u"Go To It"_s);
     doubleClick(window, CaseTab::Summary, 2, 1);
     QCOMPARE(frmQueue::Form().FIFO.ListCount(), waiting);
     QVERIFY(QTest::qWaitForWindowActive(opened));
-    desk->Boxes.ExpectChoice(question, u"Halvane - Case Is Open"_s, u"Open Again"_s);
+    desk->Boxes.ExpectChoice(isOpenQuestion, u"Halvane - Case Is Open"_s, u"Open Again"_s);
     doubleClick(window, CaseTab::Summary, 2, 1);
     QCOMPARE(frmQueue::Form().FIFO.ListCount(), waiting + 1);
+}
+
+void tst_CaseLinks::aSessionThatEndsUnderThatQuestionIsSeen()
+{
+    const frmCaseDetails *window =
+        summarised(u"WA"_s, superiorWith(u"Associated Case:~02-2-00456-7~"_s));
+    doubleClick(window, CaseTab::Summary, 2, 1);
+    const frmCaseDetails *opened = otherThan(window);
+    QVERIFY(opened);
+    opened->Timer1->stop();
+    const QStringList waiting = frmQueue::Form().FIFO.Lines();
+    desk->Boxes.Meanwhile([] { Global.bLoggedIn = false; });
+    desk->Boxes.ExpectChoice(isOpenQuestion, u"Halvane - Case Is Open"_s, u"Open Again"_s);
+    desk->Boxes.Expect(notLoggedIn, notLoggedInTitle, MsgIcon::Exclamation, MsgAnswer::No);
+    doubleClick(window, CaseTab::Summary, 2, 1);
+    QCOMPARE(frmQueue::Form().FIFO.Lines(), waiting);
 }
 
 void tst_CaseLinks::whatOpensNothing_data()

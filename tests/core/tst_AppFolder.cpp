@@ -14,12 +14,15 @@
 #include <QTest>
 
 #include <cstdio>
+#include <sys/stat.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 constexpr uid_t nobody = 65534;
+constexpr QFile::Permissions othersMay = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup
+                                         | QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
 
 /// What a child of this test does: it says which folder it chooses.
 int sayTheFolder(const QStringList &arguments)
@@ -61,6 +64,11 @@ private Q_SLOTS:
     void theChosenFolderGoesFirst();
     void theChosenFolderIsMadeForItsOwnerOnly();
     void aFolderThatCannotBeMadeIsAnError();
+    void foldersOfDocumentsAreTheirOwnersOnly();
+    void filesOfAnOlderVersionAreTakenFromOthers_data();
+    void filesOfAnOlderVersionAreTakenFromOthers();
+    void aFileThatIsToBeReadOnlyStaysSo();
+    void otherFilesStayAsTheyAre();
     void choiceBesideTheProgram_data();
     void choiceBesideTheProgram();
     void namesAreMatchedWithoutRegardToCase_data();
@@ -95,6 +103,79 @@ void tst_AppFolder::theChosenFolderIsMadeForItsOwnerOnly()
     QCOMPARE(QFile::permissions(path)
                  & (QFileDevice::ReadGroup | QFileDevice::ReadOther | QFileDevice::ExeOther),
              QFileDevice::Permissions());
+}
+
+void tst_AppFolder::foldersOfDocumentsAreTheirOwnersOnly()
+{
+    const TestFolder folder;
+    const mode_t before = ::umask(0);
+    const bool made = MakeOwnFolder(folder.Path(u"Reports/King 1"_s));
+    ::umask(before);
+    QVERIFY(made);
+    for (const QString &name : {u"Reports"_s, u"Reports/King 1"_s})
+        QCOMPARE(QFile::permissions(folder.Path(name)) & othersMay, QFile::Permissions());
+    // One that is there is as the user wants it.
+    setMode(folder.Path(u"Reports"_s), true);
+    QVERIFY(MakeOwnFolder(folder.Path(u"Reports"_s)));
+    QVERIFY(QFile::permissions(folder.Path(u"Reports"_s)) & QFile::ReadOther);
+    // However its path is written.
+    QVERIFY(MakeOwnFolder(folder.Path(u"Mail/"_s)));
+    QVERIFY(MakeOwnFolder(folder.Path(u"Mail//2026/../2027/"_s)));
+    QVERIFY(QFileInfo(folder.Path(u"Mail/2027"_s)).isDir());
+    folder.Write(u"file"_s, {});
+    QVERIFY(!MakeOwnFolder(folder.Path(u"file/in it"_s)));
+}
+
+/// Each of them can hold a name, a number or a password.
+void tst_AppFolder::filesOfAnOlderVersionAreTakenFromOthers_data()
+{
+    QTest::addColumn<QString>("name");
+    for (const char *name : {"options.ini", "Options.INI", "templates.ini", "AppInfo.txt",
+                             "AppInfo.bak", "MruIName.txt", "MruBName.txt", "MruCases.txt",
+                             "mruacctg.txt", "history.db", "history.db-wal", "history.db-shm",
+                             "history-practice.db", "history-damaged-2026-03-10.db"})
+        QTest::newRow(name) << QString::fromLatin1(name);
+}
+
+void tst_AppFolder::filesOfAnOlderVersionAreTakenFromOthers()
+{
+    QFETCH(QString, name);
+    const TestFolder folder;
+    KeepFilesForOwner();
+    folder.Write(name, "x");
+    setMode(folder.Path(name), true);
+    QCOMPARE(KeepFilesForOwner(), 1);
+    QCOMPARE(QFile::permissions(folder.Path(name)) & othersMay, QFile::Permissions());
+    QCOMPARE(folder.Read(name), "x");
+    QCOMPARE(KeepFilesForOwner(), 0);
+}
+
+/// Whoever has taken the right to write from a file wants it to stay as it is.
+void tst_AppFolder::aFileThatIsToBeReadOnlyStaysSo()
+{
+    const TestFolder folder;
+    KeepFilesForOwner();
+    folder.Write(u"options.ini"_s, "x");
+    const QString path = folder.Path(u"options.ini"_s);
+    QVERIFY(QFile::setPermissions(path, QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther));
+    QCOMPARE(KeepFilesForOwner(), 1);
+    const QFile::Permissions kept = QFile::permissions(path);
+    QCOMPARE(kept & othersMay, QFile::Permissions());
+    QVERIFY(kept & QFile::ReadOwner);
+    QVERIFY(!(kept & QFile::WriteOwner));
+}
+
+/// The program may lie in the folder, and has to stay executable.
+void tst_AppFolder::otherFilesStayAsTheyAre()
+{
+    const TestFolder folder;
+    KeepFilesForOwner();
+    for (const QString &name : {u"halvane"_s, u"libx.so"_s, u"notes.txt"_s}) {
+        folder.Write(name, "x");
+        setMode(folder.Path(name), true);
+    }
+    QCOMPARE(KeepFilesForOwner(), 0);
+    QVERIFY(QFile::permissions(folder.Path(u"halvane"_s)) & QFile::ExeOther);
 }
 
 void tst_AppFolder::aFolderThatCannotBeMadeIsAnError()

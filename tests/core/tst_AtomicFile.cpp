@@ -27,6 +27,7 @@ private Q_SLOTS:
     void aFolderInItsPlace();
     void aFolderThatIsNotThere();
     void aFullDisk();
+    void whatAKilledProgramHasLeftIsTakenAway();
 
 private:
     int errorOf(const std::function<void()> &act) const
@@ -120,6 +121,19 @@ void tst_AtomicFile::aFullDisk()
              61);
     QCOMPARE(folder->Read(u"a"_s), QByteArray("old"));
     QCOMPARE(files(), QStringList{u"a"_s});
+}
+
+void tst_AtomicFile::whatAKilledProgramHasLeftIsTakenAway()
+{
+    // Of others, or of the same name by somebody's own choice.
+    const QStringList others{u"a"_s, u"a.AbCdEf"_s, u"a.AbCdEf.unfinished.txt"_s,
+                             u"a.unfinished"_s};
+    for (const QString &name : others)
+        folder->Write(name, "kept");
+    for (const QString &name : {u"a.AbCdEf.unfinished"_s, u"a.b.ini.ZyXwVu.unfinished"_s})
+        folder->Write(name, "half");
+    RemoveUnfinishedFiles(folder->Path());
+    QCOMPARE(files(), others);
 }
 
 HALVANE_TEST(tst_AtomicFile)

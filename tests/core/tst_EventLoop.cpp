@@ -5,6 +5,7 @@
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QScopeGuard>
 #include <QSignalSpy>
 #include <QTcpServer>
 #include <QTcpSocket>
@@ -27,6 +28,9 @@ private Q_SLOTS:
     void init();
     void yieldHandlesWhatIsPendingAndReturns();
     void yieldWithNothingPendingReturnsAtOnce();
+    void aYieldBetweenTokensHandlesWhatWasPostedAtOnce();
+    void aYieldBetweenTokensForgetsNoTimer();
+    void aYieldBetweenTokensThatIsWatchedHandlesItAtOnce();
     void aWaitSleepsInsteadOfTurning();
     void aWaitWakesAtOnceForAnEventFromAnotherThread();
     void aWaitWakesForATimer();
@@ -69,6 +73,45 @@ void tst_EventLoop::yieldWithNothingPendingReturnsAtOnce()
     for (int i = 0; i < 100; ++i)
         Yield();
     QCOMPARE(sleeps.size(), 0);
+}
+
+void tst_EventLoop::aYieldBetweenTokensHandlesWhatWasPostedAtOnce()
+{
+    for (int i = 0; i < 100; ++i) {
+        bool handled = false;
+        QMetaObject::invokeMethod(
+            this, [&handled] { handled = true; }, Qt::QueuedConnection);
+        YieldBetween();
+        QVERIFY(handled);
+    }
+}
+
+void tst_EventLoop::aYieldBetweenTokensForgetsNoTimer()
+{
+    constexpr qint64 muchLonger = 5'000;
+    QTimer timer;
+    bool handled = false;
+    connect(&timer, &QTimer::timeout, this, [&handled] { handled = true; });
+    timer.start(0);
+    QElapsedTimer working;
+    working.start();
+    while (!handled && working.elapsed() < muchLonger)
+        YieldBetween();
+    QVERIFY(handled);
+}
+
+void tst_EventLoop::aYieldBetweenTokensThatIsWatchedHandlesItAtOnce()
+{
+    int handled = 0;
+    const auto unwatched = qScopeGuard([] { WatchYields({}); });
+    WatchYields([] {});
+    QTimer timer;
+    connect(&timer, &QTimer::timeout, this, [&handled] { ++handled; });
+    timer.start(0);
+    for (int yields = 1; yields <= 3; ++yields) {
+        YieldBetween();
+        QCOMPARE(handled, yields);
+    }
 }
 
 void tst_EventLoop::aWaitSleepsInsteadOfTurning()

@@ -32,6 +32,8 @@ private Q_SLOTS:
     void theLineEndsOfTheFileAreKept_data();
     void theLineEndsOfTheFileAreKept();
     void lineEndsAndNulsInAValueBecomeBlanks();
+    void aNameThatCannotBeReadChangesNothing_data();
+    void aNameThatCannotBeReadChangesNothing();
     void aValueReadsBackAsItWasWritten_data();
     void aValueReadsBackAsItWasWritten();
     void deletingAKeyTakesItsLineOnly();
@@ -178,6 +180,28 @@ void tst_IniText::aValueReadsBackAsItWasWritten()
     const QByteArray text = IniTextWithValue(sample, u"Searching"_s, u"New"_s, value);
     QCOMPARE(IniValue(text, u"Searching"_s, u"New"_s).value_or(u"none"_s), value);
     QVERIFY(text.startsWith(sample));
+}
+
+/// A server names what it changes. None of it may come to stand for other lines of the file.
+void tst_IniText::aNameThatCannotBeReadChangesNothing_data()
+{
+    QTest::addColumn<QString>("section");
+    QTest::addColumn<QString>("key");
+    const QString known = u"Communications"_s;
+    QTest::newRow("a key like a section") << known << u"[Security]"_s;
+    QTest::newRow("half a section") << known << u" [Security"_s;
+    QTest::newRow("a section behind a line end") << known << u"\r\n[Security]"_s;
+    QTest::newRow("a section behind a tab") << known << u"\t\v[Security]"_s;
+    QTest::newRow("a comment") << known << u";HVServerIP1"_s;
+    QTest::newRow("a key with a sign of equality") << known << u"a=b"_s;
+    QTest::newRow("a section that ends early") << u"Communications]x"_s << u"HVServerIP1"_s;
+}
+
+void tst_IniText::aNameThatCannotBeReadChangesNothing()
+{
+    QFETCH(QString, section);
+    QFETCH(QString, key);
+    QCOMPARE(IniTextWithValue(sample, section, key, u"x"_s), sample);
 }
 
 void tst_IniText::deletingAKeyTakesItsLineOnly()

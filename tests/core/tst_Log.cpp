@@ -33,6 +33,7 @@ private Q_SLOTS:
     void anEntryIsDateTimeDashesMessageAndCrLf();
     void entriesFollowEachOther();
     void aMessageMayHoldItsOwnLineEnds();
+    void whatIsRepeatedMakesNoEntryOfItsOwn();
     void theTextIsWindows1252();
     void anEntryThatIsEmptyIsWrittenToo();
     void theDateComesFromTheClock();
@@ -43,7 +44,9 @@ private Q_SLOTS:
     void theLogIsItsOwnersOnly_data();
     void theLogIsItsOwnersOnly();
     void theBackupOfALogThatWasOpenToAllIsItsOwnersOnly();
+    void aLogThatSomebodyHasReplacedIsItsOwnersOnly();
     void aFullDiskIsSilent();
+    void aFullDiskLeavesNoHalfEntry();
     void aMissingFolderIsSilent();
     void aFolderInThePlaceOfTheLogIsSilent();
     void aBackupThatCannotBeReplacedLosesNoEntry();
@@ -80,8 +83,20 @@ void tst_Log::entriesFollowEachOther()
 
 void tst_Log::aMessageMayHoldItsOwnLineEnds()
 {
-    WriteAppInfo(u" \r\n"_s);
+    WriteAppInfo(u" \r\n"_s, LogLines::Own);
     QVERIFY(folder->Read(logName).endsWith(" --  \r\n\r\n"));
+}
+
+/// What a server says is repeated in many entries.
+void tst_Log::whatIsRepeatedMakesNoEntryOfItsOwn()
+{
+    WriteAppInfo(u"Current Response: --> A\r\n1/2/1999 9:00:00 AM -- Login Successful\t~"_s);
+    WriteAppInfo(QString(u"a"_s + QChar(0) + u"\x1B[2J\x7F\\"_s));
+    const QByteArray content = folder->Read(logName);
+    QCOMPARE(content.count('\n'), 2);
+    QVERIFY(content.contains(" -- Current Response: --> A\\x0D\\x0A1/2/1999 9:00:00 AM -- Login "
+                             "Successful\t~\r\n"));
+    QVERIFY(content.endsWith(" -- a\\x00\\x1B[2J\\x7F\\\r\n"));
 }
 
 void tst_Log::theTextIsWindows1252()
@@ -185,6 +200,18 @@ void tst_Log::theBackupOfALogThatWasOpenToAllIsItsOwnersOnly()
     QCOMPARE(QFile::permissions(path) & othersMay, QFileDevice::Permissions());
 }
 
+void tst_Log::aLogThatSomebodyHasReplacedIsItsOwnersOnly()
+{
+    WriteAppInfo(u"first"_s);
+    const QString path = folder->Path(logName);
+    QVERIFY(QFile::remove(path));
+    folder->Write(logName, "another program's\r\n");
+    QVERIFY(QFile::setPermissions(path, QFile::permissions(path) | othersMay));
+    WriteAppInfo(u"second"_s);
+    QCOMPARE(QFile::permissions(path) & othersMay, QFileDevice::Permissions());
+    QVERIFY(folder->Read(logName).startsWith("another program's\r\n"));
+}
+
 void tst_Log::aFullDiskIsSilent()
 {
     WriteAppInfo(u"before"_s);
@@ -192,6 +219,20 @@ void tst_Log::aFullDiskIsSilent()
     {
         const FullDisk full(before.size());
         WriteAppInfo(u"lost"_s);
+    }
+    QCOMPARE(folder->Read(logName), before);
+    WriteAppInfo(u"after"_s);
+    QCOMPARE(folder->Log(), (QStringList{u"before"_s, u"after"_s}));
+}
+
+void tst_Log::aFullDiskLeavesNoHalfEntry()
+{
+    WriteAppInfo(u"before"_s);
+    const QByteArray before = folder->Read(logName);
+    {
+        // Room for the date, and for the first letters.
+        const FullDisk full(before.size() + before.size() / 2);
+        WriteAppInfo(u"this is longer than what is left of the disk"_s);
     }
     QCOMPARE(folder->Read(logName), before);
     WriteAppInfo(u"after"_s);

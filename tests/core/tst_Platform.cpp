@@ -1,4 +1,5 @@
-// Opening a file by the desktop: xdg-open, wherever PATH has it, with the path as its one argument.
+// Opening a file by the desktop: xdg-open, wherever PATH has it, with the path as its one argument;
+// the system's wish that the program ends; and whether there is a display.
 
 #include "core/Platform.h"
 #include "support/HalvaneTest.h"
@@ -6,6 +7,9 @@
 
 #include <QFile>
 #include <QTest>
+
+#include <csignal>
+#include <map>
 
 using namespace Qt::StringLiterals;
 
@@ -20,6 +24,9 @@ private Q_SLOTS:
     void thePathIsOneArgument();
     void withoutXdgOpen();
     void theShellIsReplaced();
+    void eachWishToEndIsPassedOnOnce();
+    void aDisplayIsNamedByTheEnvironment_data();
+    void aDisplayIsNamedByTheEnvironment();
 
 private:
     std::unique_ptr<TestFolder> folder;
@@ -79,6 +86,49 @@ void tst_Platform::theShellIsReplaced()
     });
     QVERIFY(!OpenByShell(u"/tmp/a.pdf"_s));
     QCOMPARE(opened, u"/tmp/a.pdf"_s);
+}
+
+/// What comes a second time is the system's own business again, which is the end of the process.
+void tst_Platform::eachWishToEndIsPassedOnOnce()
+{
+    int wishes = 0;
+    OnTermination([&wishes] { ++wishes; });
+    int expected = 0;
+    for (const int wish : {SIGTERM, SIGINT, SIGHUP}) {
+        QCOMPARE(std::raise(wish), 0);
+        QCOMPARE(wishes, expected); // not inside the signal
+        ++expected;
+        QTRY_COMPARE(wishes, expected);
+        QVERIFY(std::signal(wish, SIG_DFL) == SIG_DFL);
+    }
+}
+
+void tst_Platform::aDisplayIsNamedByTheEnvironment_data()
+{
+    QTest::addColumn<QByteArray>("name");
+    QTest::addColumn<bool>("display");
+    QTest::newRow("nothing") << QByteArray("HALVANE_NOTHING") << false;
+    QTest::newRow("X11") << QByteArray("DISPLAY") << true;
+    QTest::newRow("Wayland") << QByteArray("WAYLAND_DISPLAY") << true;
+    QTest::newRow("Qt's own choice") << QByteArray("QT_QPA_PLATFORM") << true;
+}
+
+void tst_Platform::aDisplayIsNamedByTheEnvironment()
+{
+    QFETCH(QByteArray, name);
+    QFETCH(bool, display);
+    std::map<QByteArray, QByteArray> before;
+    for (const char *one : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        if (qEnvironmentVariableIsSet(one)) {
+            before[one] = qgetenv(one);
+            qunsetenv(one);
+        }
+    qputenv(name, "x");
+    const bool found = HasDisplay();
+    qunsetenv(name);
+    for (const auto &[one, value] : before)
+        qputenv(one, value);
+    QCOMPARE(found, display);
 }
 
 HALVANE_TEST(tst_Platform)

@@ -83,6 +83,7 @@ private Q_SLOTS:
     void allIsTakenOut();
     void aPieceIsTakenOver();
     void takingTokensCostsTheirLengthNotTheBacklog();
+    void whatStandsBeforeATokenIsSearchedOnce();
 };
 
 void tst_ReceiveBuffer::aNewBufferIsEmpty()
@@ -280,6 +281,21 @@ void tst_ReceiveBuffer::takingTokensCostsTheirLengthNotTheBacklog()
         QVERIFY(buffer.Extract('|').has_value());
     QVERIFY(buffer.IsEmpty());
     QCOMPARE(bytesSearched, qint64(backlog.size()));
+}
+
+void tst_ReceiveBuffer::whatStandsBeforeATokenIsSearchedOnce()
+{
+    constexpr int pieces = 1'000;
+    const QByteArray junk(1'000, 'x');
+    ReceiveBuffer buffer;
+    bytesSearched = 0;
+    for (int i = 0; i < pieces; ++i) {
+        buffer.Append(junk);
+        QVERIFY(!buffer.Extract('|').has_value());
+    }
+    QCOMPARE(bytesSearched, qint64(pieces) * junk.size());
+    buffer.Append("|A~|");
+    QCOMPARE(buffer.Extract('|').value_or("none"), QByteArray("A~"));
 }
 
 void tst_ReceiveBuffer::allIsTakenOut()

@@ -1,23 +1,10 @@
 #include "core/RunTimeError.h"
+#include "support/ErrorOf.h"
 #include "support/HalvaneTest.h"
 
 #include <QTest>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-/// The number of the error that `act` throws, 0 when it throws none.
-template<typename Act>
-int errorOf(const Act &act)
-{
-    try {
-        act();
-    } catch (const RunTimeError &error) {
-        return error.Number();
-    }
-    return 0;
-}
-} // namespace
 
 class tst_RunTimeError : public QObject
 {
@@ -85,7 +72,7 @@ void tst_RunTimeError::fieldAtBeyondTheListIsAnError()
 {
     QFETCH(QStringList, fields);
     QFETCH(int, index);
-    QCOMPARE(errorOf([&] { FieldAt(fields, index); }), 9);
+    QCOMPARE(ErrorOf([&] { FieldAt(fields, index); }), 9);
 }
 
 void tst_RunTimeError::toInteger_data()
@@ -130,7 +117,7 @@ void tst_RunTimeError::toIntegerOfNoNumber()
 {
     QFETCH(QString, text);
     QFETCH(int, number);
-    QCOMPARE(errorOf([&] { ToInteger(text); }), number);
+    QCOMPARE(ErrorOf([&] { ToInteger(text); }), number);
 }
 
 HALVANE_TEST(tst_RunTimeError)

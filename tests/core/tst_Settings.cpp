@@ -53,6 +53,8 @@ private Q_SLOTS:
     void theUserStoreGivesTheFallbackForWhatWasNeverSaved();
     void aMissingFileGivesTheDefaultWithoutAWord();
     void anUnreadableFileGivesTheDefaultAndALogLine();
+    void onlyWhatWasReadIsReplaced_data();
+    void onlyWhatWasReadIsReplaced();
     void anUnwritableFileLeavesALogLine();
     void aFailedDeleteLeavesALogLine();
     void theFileIsItsOwnersOnly_data();
@@ -279,6 +281,27 @@ void tst_Settings::anUnreadableFileGivesTheDefaultAndALogLine()
     QCOMPARE(folder->Log(),
              (QStringList{u"Error reading Setting General, RNHeader - CSetting.GetSettingStr"_s,
                           u"Error reading Setting General, Count - CSetting.GetSettingInt"_s}));
+}
+
+void tst_Settings::onlyWhatWasReadIsReplaced_data()
+{
+    QTest::addColumn<QByteArray>("before");
+    QTest::addColumn<QByteArray>("after");
+    QTest::newRow("nothing there") << QByteArray() << QByteArray("[S]\r\nK=new\r\n");
+    QTest::newRow("no such key") << QByteArray("[S]\r\nL=1\r\n")
+                                 << QByteArray("[S]\r\nL=1\r\nK=new\r\n");
+    QTest::newRow("what was read")
+        << QByteArray("[S]\r\nK=A\r\n") << QByteArray("[S]\r\nK=new\r\n");
+    QTest::newRow("something else, which could not be read")
+        << QByteArray("[S]\r\nK=1\r\n") << QByteArray("[S]\r\nK=1\r\n");
+}
+
+void tst_Settings::onlyWhatWasReadIsReplaced()
+{
+    QFETCH(QByteArray, before);
+    folder->Write(u"options.ini"_s, before);
+    optionsFile().ReplaceSettingStr(u"S"_s, u"K"_s, u"A"_s, u"new"_s);
+    QTEST(folder->Read(u"options.ini"_s), "after");
 }
 
 void tst_Settings::anUnwritableFileLeavesALogLine()

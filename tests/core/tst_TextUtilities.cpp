@@ -20,6 +20,8 @@ private Q_SLOTS:
     void trimBlanks_data();
     void trimBlanks();
     void beginsWith();
+    void oneLine_data();
+    void oneLine();
     void padString_data();
     void padString();
     void replaceText_data();
@@ -64,6 +66,27 @@ void tst_TextUtilities::trimBlanks()
     QFETCH(QString, text);
     QFETCH(QString, trimmed);
     QCOMPARE(TrimBlanks(text), trimmed);
+}
+
+void tst_TextUtilities::oneLine_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("line");
+    QTest::newRow("empty") << u""_s << u""_s;
+    QTest::newRow("honest text") << u"94-1-00001-1 É"_s << u"94-1-00001-1 É"_s;
+    QTest::newRow("a line end") << u"a\r\nb"_s << u"a  b"_s;
+    QTest::newRow("a tab") << u"a\tb"_s << u"a b"_s;
+    QTest::newRow("a NUL") << u"a\0b"_s << u"a b"_s;
+    QTest::newRow("delete") << u"a\u007Fb"_s << u"a b"_s;
+    QTest::newRow("an empty place of the code page") << u"a\u0081b"_s << u"a b"_s;
+    QTest::newRow("separators") << u"a\u2028b\u2029c"_s << u"a b c"_s;
+}
+
+void tst_TextUtilities::oneLine()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, line);
+    QCOMPARE(OneLine(text), line);
 }
 
 void tst_TextUtilities::beginsWith()

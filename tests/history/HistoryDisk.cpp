@@ -1,15 +1,13 @@
 #include "HistoryDisk.h"
 
+#include "support/FileCalls.h"
+
 #include <QMutex>
 
-#include <array>
 #include <atomic>
 #include <cerrno>
-#include <cstdarg>
-#include <cstdio>
 #include <cstring>
 
-#include <dlfcn.h>
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -18,6 +16,7 @@
 
 namespace {
 std::atomic<int> failing = 0;
+std::atomic<int> readsToFailure = 0; ///< 0: none fails
 QMutex birthsMutex;
 
 QList<unsigned> &births()
@@ -33,16 +32,7 @@ bool isHistory(const char *path)
 
 bool isHistory(int file)
 {
-    std::array<char, 64> link{};
-    std::snprintf(link.data(), link.size(), "/proc/self/fd/%d", file);
-    std::array<char, 1024> path{};
-    return ::readlink(link.data(), path.data(), path.size() - 1) > 0 && isHistory(path.data());
-}
-
-template<typename Function>
-Function real(const char *name)
-{
-    return reinterpret_cast<Function>(::dlsym(RTLD_NEXT, name));
+    return IsOpenFile(file, &isHistory);
 }
 
 bool fails(int file)
@@ -54,50 +44,46 @@ bool fails(int file)
     return true;
 }
 
-int openNoting(const char *name, const char *path, int flags, mode_t mode)
+bool readFails(int file)
+{
+    if (readsToFailure == 0 || !isHistory(file) || --readsToFailure != 0)
+        return false;
+    errno = EIO;
+    return true;
+}
+
+using Read = ssize_t (*)(int, void *, size_t, off_t);
+using Write = ssize_t (*)(int, const void *, size_t, off_t);
+} // namespace
+
+bool MayOpen(const char *path, int flags, mode_t mode)
 {
     if ((flags & O_CREAT) != 0 && isHistory(path) && ::access(path, F_OK) != 0) {
         const QMutexLocker locker(&birthsMutex);
         births().append(mode);
     }
-    return real<int (*)(const char *, int, ...)>(name)(path, flags, mode);
+    return true;
 }
-
-mode_t modeOf(int flags, va_list arguments)
-{
-    return (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(arguments, mode_t) : 0;
-}
-
-using Write = ssize_t (*)(int, const void *, size_t, off_t);
-} // namespace
 
 extern "C" {
-int open(const char *path, int flags, ...)
+ssize_t pread(int file, void *bytes, size_t count, off_t offset)
 {
-    va_list arguments;
-    va_start(arguments, flags);
-    const mode_t mode = modeOf(flags, arguments);
-    va_end(arguments);
-    return openNoting("open", path, flags, mode);
+    return readFails(file) ? -1 : RealCall<Read>("pread")(file, bytes, count, offset);
 }
 
-int open64(const char *path, int flags, ...)
+ssize_t pread64(int file, void *bytes, size_t count, off64_t offset)
 {
-    va_list arguments;
-    va_start(arguments, flags);
-    const mode_t mode = modeOf(flags, arguments);
-    va_end(arguments);
-    return openNoting("open64", path, flags, mode);
+    return readFails(file) ? -1 : RealCall<Read>("pread64")(file, bytes, count, offset);
 }
 
 ssize_t pwrite(int file, const void *bytes, size_t count, off_t offset)
 {
-    return fails(file) ? -1 : real<Write>("pwrite")(file, bytes, count, offset);
+    return fails(file) ? -1 : RealCall<Write>("pwrite")(file, bytes, count, offset);
 }
 
 ssize_t pwrite64(int file, const void *bytes, size_t count, off64_t offset)
 {
-    return fails(file) ? -1 : real<Write>("pwrite64")(file, bytes, count, offset);
+    return fails(file) ? -1 : RealCall<Write>("pwrite64")(file, bytes, count, offset);
 }
 }
 
@@ -109,6 +95,21 @@ FailingHistoryDisk::FailingHistoryDisk(int error)
 FailingHistoryDisk::~FailingHistoryDisk()
 {
     failing = 0;
+}
+
+FailingHistoryRead::FailingHistoryRead(int nth)
+{
+    readsToFailure = nth;
+}
+
+FailingHistoryRead::~FailingHistoryRead()
+{
+    readsToFailure = 0;
+}
+
+bool FailingHistoryRead::HasFailed() const
+{
+    return readsToFailure == 0;
 }
 
 QList<unsigned> PermissionsAtBirth()

@@ -14,7 +14,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 constexpr int kills = 200;
-constexpr int longEnough = 30'000; ///< milliseconds; a write takes a few
+constexpr qint64 enoughBytes = 1'000; ///< for more than two lines of a child
+constexpr int longEnough = 30'000;    ///< milliseconds; a write takes a few
 
 /// What the child does until it is killed: writes lines, and says of which it was told that they
 /// are in the file.
@@ -62,6 +63,9 @@ void tst_HistoryCrash::aKillAtAnyMomentLosesNothingThatWasWritten()
         // Some are killed while they open the file, which the one before has left as it was.
         if (i % 4 != 0)
             QVERIFY(child.waitForReadyRead());
+        // Others when they have written for certain, however busy the machine is.
+        while (i % 4 == 3 && child.peek(enoughBytes).count('\n') < 2)
+            QVERIFY(child.waitForReadyRead());
         QThread::usleep(random.bounded(1U, 20'000U));
         child.kill();
         QVERIFY(child.waitForFinished());
@@ -89,7 +93,7 @@ void tst_HistoryCrash::aKillAtAnyMomentLosesNothingThatWasWritten()
         QVERIFY(store.Usage().value(0).Requests >= store.CountOf(u"complete"_s));
     }
     // The children did write, or the kills would have proved nothing.
-    QVERIFY(heard > kills / 4);
+    QVERIFY(heard >= kills / 4);
 }
 
 HALVANE_TEST_CHILD("--write-history", writeUntilKilled)

@@ -145,6 +145,10 @@ void tst_HistoryStore::aFilterFindsEveryWordAnywhere_data()
     QTest::newRow("words of several places") << u"pierce JÖRG 4711"_s << 1;
     QTest::newRow("one word of two is missing") << u"jörg doe"_s << 0;
     QTest::newRow("the outcome") << u"stopped"_s << 1;
+    QTest::newRow("the kind") << u"search"_s << 1;
+    QTest::newRow("another kind") << u"document"_s << 1;
+    QTest::newRow("none of this kind") << u"case"_s << 0;
+    QTest::newRow("the kind and the outcome") << u"document stopped"_s << 1;
     QTest::newRow("the day") << u"11/02/2026"_s << 2;
     QTest::newRow("not across two places") << u"kingx4711"_s << 0;
     QTest::newRow("a sign of patterns is itself") << u"%"_s << 1;
@@ -158,7 +162,9 @@ void tst_HistoryStore::aFilterFindsEveryWordAnywhere()
     QFETCH(const int, found);
     OpenStore open;
     open.Store.Begin(search(u"ÅNGSTRÖM, JÖRG"_s, u"Pierce, King"_s, u"x4711"_s));
-    const qint64 id = open.Store.Begin(search(u"DOE 100% !"_s, u"Snohomish"_s, {}));
+    AskedItem document = search(u"DOE 100% !"_s, u"Snohomish"_s, {});
+    document.Kind = AskedKind::Document;
+    const qint64 id = open.Store.Begin(document);
     open.Store.End(id, u"Stopped"_s, 0);
     open.Written();
     QCOMPARE(open.Store.CountOf(filter), found);
@@ -188,7 +194,7 @@ void tst_HistoryStore::whatASessionLeftIsUnfinishedUntilItIsSettled()
     open.Store.Settle({waits, runs}, u"Not run"_s);
     open.Written();
     QVERIFY(open.Store.Unfinished().isEmpty());
-    QCOMPARE(open.Store.CountOf(u"not run"_s), 2);
+    QCOMPARE(open.Store.CountOf(u"search not run"_s), 2);
     open.Reopen();
     QCOMPARE(namesOf(open.Store.Unfinished()), QStringList({u"NEW"_s}));
 }
@@ -244,7 +250,8 @@ void tst_HistoryStore::aRunIsRememberedForItsSearch()
     open.Store.SaveRun(u"search"_s, at(2, 1), {2, 3, 3});
     open.Written();
     QCOMPARE(open.Store.LastRun(u"search"_s)->When, at(2, 1));
-    QCOMPARE(open.Store.LastRun(u"search"_s)->Rows, QSet<quint64>({2, 3}));
+    const RowSet rows = open.Store.LastRun(u"search"_s)->Rows;
+    QVERIFY(!rows.Contains(1) && rows.Contains(2) && rows.Contains(3));
     QVERIFY(!open.Store.LastRun(u"another"_s));
 }
 

@@ -161,6 +161,8 @@ private Q_SLOTS:
     void aFileThatIsHeldIsTriedAgain();
     void aFileThatIsHeldAtTheStartIsTriedAgain();
     void closingDoesNotWaitForWhoHoldsTheFile();
+    void aReadThatFailsOnceIsNoDamage();
+    void aReadThatFailsOnceLeavesNothingBehind();
     void whatTheDiskRefusesIsLostAndSaidOnce_data();
     void whatTheDiskRefusesIsLostAndSaidOnce();
     void withoutTheRightToWriteTheSessionHasNoHistory_data();
@@ -407,6 +409,49 @@ void tst_HistoryTrouble::closingDoesNotWaitForWhoHoldsTheFile()
     memory.Store.Open(memory.Path());
     QVERIFY(memory.Written());
     QCOMPARE(memory.Store.CountOf({}), 0);
+}
+
+void tst_HistoryTrouble::aReadThatFailsOnceIsNoDamage()
+{
+    constexpr int some = 100;
+    Memory memory;
+    memory.Fill(some);
+    bool failed = true;
+    for (int nth = 1; failed; ++nth) {
+        const FailingHistoryRead disk(nth);
+        memory.Store.Open(memory.Path());
+        memory.Store.Begin(itemOf(u"NEW"_s));
+        memory.Written();
+        memory.Store.Close();
+        failed = disk.HasFailed();
+        QVERIFY2(memory.Aside().isEmpty(), qPrintable(u"read "_s + QString::number(nth)));
+    }
+    memory.Store.Open(memory.Path());
+    QVERIFY(memory.Written());
+    QVERIFY(memory.Store.CountOf({}) > some);
+}
+
+/// The file is opened anew, but the session is the same: what waits in it would be offered, and
+/// asked for twice.
+void tst_HistoryTrouble::aReadThatFailsOnceLeavesNothingBehind()
+{
+    Memory memory;
+    memory.Store.Open(memory.Path());
+    memory.Store.Begin(itemOf(u"WAITS"_s));
+    QVERIFY(memory.Written());
+    OtherProgram other(memory.Path());
+    bool failed = true;
+    for (int nth = 1; failed; ++nth) {
+        // What somebody else has changed is read again.
+        other.Run(u"UPDATE Asked SET Count = Count + 1"_s);
+        const FailingHistoryRead disk(nth);
+        memory.Store.Begin(itemOf(u"NEW"_s));
+        memory.Written();
+        failed = disk.HasFailed();
+        QVERIFY2(memory.Store.Unfinished().isEmpty(),
+                 qPrintable(u"read "_s + QString::number(nth)));
+    }
+    QVERIFY(memory.Store.CountOf({}) > 1);
 }
 
 void tst_HistoryTrouble::whatTheDiskRefusesIsLostAndSaidOnce_data()

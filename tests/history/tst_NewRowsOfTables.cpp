@@ -37,6 +37,7 @@ private Q_SLOTS:
     void rowsCountAsOftenAsTheyAreThere_data();
     void rowsCountAsOftenAsTheyAreThere();
     void inAListARowIsThereOrNot();
+    void manyRowsThatAreAlike();
     void textsAndTheirBytesAreTheSameRow_data();
     void textsAndTheirBytesAreTheSameRow();
 };
@@ -66,9 +67,24 @@ void tst_NewRowsOfTables::rowsCountAsOftenAsTheyAreThere()
 
 void tst_NewRowsOfTables::inAListARowIsThereOrNot()
 {
-    const QList<quint64> before = rowsOf(u"AB"_s);
-    QCOMPARE(placesOf(RowsNotIn(rowsOf(u"AACB"_s), QSet<quint64>(before.begin(), before.end()))),
-             u"2"_s);
+    // The count of rows of a number that is packed is not one itself.
+    const RowSet rows = UnpackedRowSet(PackedRows(CountsOf({5, 7, 7, 7, 0})));
+    QVERIFY(rows.Contains(0) && rows.Contains(5) && rows.Contains(7));
+    QVERIFY(!rows.Contains(1) && !rows.Contains(3) && !rows.Contains(6));
+    QVERIFY(!RowSet().Contains(0) && !RowSet({1}).Contains(0));
+}
+
+/// Numbers whose ends, or beginnings, are the same are found as fast as others.
+void tst_NewRowsOfTables::manyRowsThatAreAlike()
+{
+    constexpr quint64 many = 300'000;
+    for (const int moved : {0, 20, 44}) {
+        RowSet rows(many);
+        for (quint64 row = 0; row < many; ++row)
+            rows.Insert(2 * row << moved);
+        for (quint64 row = 0; row < many; ++row)
+            QVERIFY(rows.Contains(2 * row << moved) && !rows.Contains((2 * row + 1) << moved));
+    }
 }
 
 void tst_NewRowsOfTables::textsAndTheirBytesAreTheSameRow_data()

@@ -8,7 +8,12 @@
 #include "reports/ReportViewer.h"
 #include "support/HalvaneTest.h"
 #include "tables/ResultListView.h"
+#include "tables/RowFilter.h"
 #include "tables/TableTools.h"
+
+#include <QItemSelectionModel>
+#include <QScrollBar>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 
@@ -61,6 +66,8 @@ private Q_SLOTS:
     void aLineForEachCodeAndMonthAndATotal();
     void theLinesBehindTheSelectedOne();
     void itFollowsTheHistoryAndKeepsTheSelection();
+    void whatTheUserLooksAtStays();
+    void theSelectionBehindItStays();
     void itSaysWhyItIsEmpty_data();
     void itSaysWhyItIsEmpty();
     void itIsPrintedAndSaved();
@@ -144,6 +151,77 @@ void tst_frmUsage::itFollowsTheHistoryAndKeepsTheSelection()
     QTRY_COMPARE(rowsOf(&window, "listUsage").size(), 5);
     QCOMPARE(list->SelectedRow(), 3);
     QCOMPARE(rowsOf(&window, "listBehind").value(0).value(2), u"DOE, JOHN"_s);
+}
+
+/// The first code that the window shows, and what is selected.
+void tst_frmUsage::whatTheUserLooksAtStays()
+{
+    constexpr int many = 200;
+    constexpr int chosen = 150;
+    for (int i = 0; i < many; ++i)
+        ask(AskedKind::Search, u"DOE, JOHN"_s, u"C"_s + QString::number(1000 + i), SentKind::Search,
+            1, at(11, 2));
+    QVERIFY(store().WaitUntilWritten(longEnough));
+    frmUsage window;
+    window.tmrRefresh->setInterval(0);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    auto *list = Child<ResultListView>(&window, "listUsage");
+    list->selectRow(chosen);
+    list->verticalScrollBar()->setValue(list->verticalScrollBar()->maximum() / 2);
+    const auto codeOnTop = [list] { return list->List()->Cell(list->rowAt(0), 1); };
+    const QString before = codeOnTop();
+    QVERIFY(before > u"C1010"_s);
+    int resets = 0;
+    connect(list->List(), &QAbstractItemModel::modelReset, this, [&resets] { ++resets; });
+    // What is counted in a line that is there.
+    ask(AskedKind::Search, u"ROE, JANE"_s, u"C1000"_s, SentKind::Search, 1, at(11, 3));
+    QVERIFY(store().WaitUntilWritten(longEnough));
+    QTRY_COMPARE(rowsOf(&window, "listUsage").value(0).value(3), u"2"_s);
+    QCOMPARE(codeOnTop(), before);
+    QCOMPARE(list->SelectedRow(), chosen);
+    QCOMPARE(resets, 0);
+    // A line that comes above it.
+    ask(AskedKind::Search, u"ROE, JANE"_s, u"B"_s, SentKind::Search, 1, at(11, 3));
+    QVERIFY(store().WaitUntilWritten(longEnough));
+    QTRY_COMPARE(rowsOf(&window, "listUsage").size(), many + 2);
+    QCOMPARE(codeOnTop(), before);
+    QCOMPARE(list->SelectedRow(), chosen + 1);
+}
+
+void tst_frmUsage::theSelectionBehindItStays()
+{
+    constexpr int many = 100;
+    constexpr int chosen = 60;
+    for (int i = 0; i < many; ++i)
+        ask(AskedKind::Search, u"N"_s + QString::number(i), u"A"_s, SentKind::Search, 1, at(11, 2));
+    QVERIFY(store().WaitUntilWritten(longEnough));
+    frmUsage window;
+    window.tmrRefresh->setInterval(0);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    auto *behind = Child<ResultListView>(&window, "listBehind");
+    const auto name = [behind](int row) { return behind->List()->Cell(row, 2); };
+    behind->selectRow(chosen);
+    behind->selectionModel()->select(behind->model()->index(chosen + 1, 0),
+                                     QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    behind->verticalScrollBar()->setValue(chosen - 1);
+    const QString before = name(chosen);
+    const QString onTop = name(behind->rowAt(0));
+    ask(AskedKind::Search, u"NEW"_s, u"A"_s, SentKind::Search, 1, at(11, 3));
+    QVERIFY(store().WaitUntilWritten(longEnough));
+    QTRY_COMPARE(rowsOf(&window, "listBehind").size(), many + 1);
+    QCOMPARE(name(0), u"NEW"_s);
+    QCOMPARE(behind->Tools()->Filter()->SelectedRows(), (QList<int>{chosen + 1, chosen + 2}));
+    QCOMPARE(name(chosen + 1), before);
+    QCOMPARE(name(behind->rowAt(0)), onTop);
+    // Another line has its own: they begin at the top, and none is chosen.
+    ask(AskedKind::Search, u"OTHER"_s, u"B"_s, SentKind::Search, 1, at(11, 3));
+    QVERIFY(store().WaitUntilWritten(longEnough));
+    QTRY_COMPARE(rowsOf(&window, "listUsage").size(), 3);
+    Child<ResultListView>(&window, "listUsage")->selectRow(1);
+    QCOMPARE(rowsOf(&window, "listBehind").size(), 1);
+    QVERIFY(behind->Tools()->Filter()->SelectedRows().isEmpty());
 }
 
 void tst_frmUsage::itSaysWhyItIsEmpty_data()

@@ -57,6 +57,7 @@ private Q_SLOTS:
     void anEndlessTokenTakesBoundedMemory();
     void theLinkCanBeUsedAnewAfterARefusal();
     void aPingInAFloodIsAnsweredAndEmptiesTheBuffer();
+    void aPingIsNotAnsweredWhileTheServerReadsNothing();
     void aFloodOverARealConnectionLosesNothing();
 
 private:
@@ -197,6 +198,17 @@ void tst_Backlog::aPingInAFloodIsAnsweredAndEmptiesTheBuffer()
     socket->Arrive(tokens(0, 20 * 1024));
     socket->Arrive("|DIAG001|");
     QVERIFY(Global.strRecvBuffer.IsEmpty());
+    QCOMPARE(socket->sent, QByteArrayList{"|IMALIVE\xA6|"});
+}
+
+void tst_Backlog::aPingIsNotAnsweredWhileTheServerReadsNothing()
+{
+    socket->unsent = 4096;
+    socket->Arrive("|DIAG001|");
+    QVERIFY(Global.strRecvBuffer.IsEmpty());
+    QCOMPARE(socket->sent, QByteArrayList());
+    socket->unsent = 4095;
+    socket->Arrive("|DIAG001|");
     QCOMPARE(socket->sent, QByteArrayList{"|IMALIVE\xA6|"});
 }
 

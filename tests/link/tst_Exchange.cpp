@@ -13,6 +13,8 @@
 
 #include <QTest>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -28,6 +30,11 @@ struct Taken
     QStringList *tokens;
     QList<ReadStatus> *statuses;
 };
+
+qint64 waitingInSocket()
+{
+    return frmWinsock::Form().CSock->BytesAvailable();
+}
 } // namespace
 
 /// How exchanges begin and how their replies are read: over a network that does what the test says,
@@ -57,12 +64,18 @@ private Q_SLOTS:
     void endsWithASocketThatDoesNotClose();
     void eachRoundYieldsOnce_data();
     void eachRoundYieldsOnce();
+    void aLongReplyLetsTheEventLoopHaveTurns_data();
+    void aLongReplyLetsTheEventLoopHaveTurns();
+    void behindAWholeTokenTheSocketWaits();
     void whatTakingThrowsComesThrough();
 
+    void aReplyThatIsLeftUnreadHidesNothingFromTheLink_data();
+    void aReplyThatIsLeftUnreadHidesNothingFromTheLink();
     void aStaleReplyOnARealLineIsNotRead_data();
     void aStaleReplyOnARealLineIsNotRead();
 
 private:
+    static void connectTo(const ScriptedCourt &court);
     ReadStatus read(EachRound round = EachRound::Yields)
     {
         return ReadReply(Taken{&tokens, &statuses}, round);
@@ -258,12 +271,106 @@ void tst_Exchange::eachRoundYieldsOnce()
     QCOMPARE(int(YieldCount() - before), count);
 }
 
+void tst_Exchange::aLongReplyLetsTheEventLoopHaveTurns_data()
+{
+    QTest::addColumn<int>("length");
+    QTest::addColumn<int>("count");
+    QTest::addColumn<int>("turns");
+    QTest::newRow("many tokens") << 2 << 3'500 << 3;
+    QTest::newRow("long tokens") << 50'000 << 14 << 3;
+    QTest::newRow("a few") << 10 << 900 << 0;
+}
+
+/// Without a turn of its own after each.
+void tst_Exchange::aLongReplyLetsTheEventLoopHaveTurns()
+{
+    QFETCH(int, length);
+    QFETCH(int, count);
+    QFETCH(int, turns);
+    const QByteArray token = '|' + QByteArray(length, 'x') + '|';
+    socket->Arrive(token.repeated(count) + "|EOF~|");
+    const unsigned long long before = YieldCount();
+    QCOMPARE(read(EachRound::GoesOn), ReadStatus::Token);
+    QCOMPARE(tokens.size(), count + 1);
+    QCOMPARE(int(YieldCount() - before), turns);
+}
+
+void tst_Exchange::behindAWholeTokenTheSocketWaits()
+{
+    constexpr int pieces = 100;
+    const QByteArray piece = QByteArray("|A~|").repeated(16 * 1024);
+    socket->Arrive(piece);
+    qsizetype most = 0;
+    int arrived = 1;
+    int taken = 0;
+    const auto take = [&](const Response &response) {
+        ++taken;
+        // Faster than anybody reads.
+        if (arrived++ < pieces)
+            socket->Arrive(piece);
+        else if (arrived == pieces + 1)
+            socket->Arrive("|EOF~|");
+        // What the socket has kept comes when all of that is read.
+        if (arrived <= pieces)
+            most = std::max(most, Global.strRecvBuffer.Size());
+        return response.Token == u"EOF~";
+    };
+    QCOMPARE(ReadReply(take), ReadStatus::Token);
+    QCOMPARE(taken, pieces * 16 * 1024 + 1);
+    QVERIFY2(most <= maximumUnreadBytes + piece.size(), qPrintable(QString::number(most)));
+}
+
 void tst_Exchange::whatTakingThrowsComesThrough()
 {
     socket->Arrive("|A~||EOF~|");
     const auto take = [](const Response &) -> bool { throw RunTimeError::SubscriptOutOfRange(); };
     QVERIFY_THROWS_EXCEPTION(RunTimeError, ReadReply(take));
     QCOMPARE(buffered(), QByteArray("|EOF~|"));
+}
+
+/// A real connection, in place of the one without a network.
+void tst_Exchange::connectTo(const ScriptedCourt &court)
+{
+    frmWinsock::Unload();
+    frmWinsock::SetSocketFactory({});
+    Global.lngServerPort = court.Port();
+    QVERIFY(ConnectToRouter(u"127.0.0.1"_s));
+    QTRY_VERIFY(court.HasClient());
+}
+
+void tst_Exchange::aReplyThatIsLeftUnreadHidesNothingFromTheLink_data()
+{
+    QTest::addColumn<bool>("drops");
+    QTest::newRow("the server asks whether we are there") << false;
+    QTest::newRow("the server ends the connection") << true;
+}
+
+/// More of it than is taken and the socket may hold for us, so that it listens no more.
+void tst_Exchange::aReplyThatIsLeftUnreadHidesNothingFromTheLink()
+{
+    QFETCH(bool, drops);
+    ScriptedCourt court;
+    connectTo(court);
+    court.Expect(u"ASK¦"_s).ReplyBytes(QByteArray("|A~|").repeated(1024 * 1024));
+    QCOMPARE(BeginExchange(u"ASK¦"_s), SendStatus::Sent);
+    const auto takeOne = [](const Response &) {
+        qint64 held = -1;
+        return QTest::qWaitFor([&held] {
+            const qint64 before = std::exchange(held, IsLinkUp() ? waitingInSocket() : 0);
+            return held > 0 && held == before && Global.strRecvBuffer.Size() >= maximumUnreadBytes;
+        });
+    };
+    QCOMPARE(ReadReply(takeOne), ReadStatus::Token);
+    QVERIFY(Global.strRecvBuffer.Size() >= maximumUnreadBytes);
+    QVERIFY(waitingInSocket() > 0);
+    if (drops) {
+        court.DropClient();
+        QTRY_VERIFY(!IsLinkUp());
+        return;
+    }
+    court.SendTokens({u"DIAG001"_s});
+    QTRY_VERIFY(court.Requests().contains(u"IMALIVE¦"_s));
+    QCOMPARE(court.Complaints(), QString());
 }
 
 void tst_Exchange::aStaleReplyOnARealLineIsNotRead_data()
@@ -276,12 +383,8 @@ void tst_Exchange::aStaleReplyOnARealLineIsNotRead_data()
 void tst_Exchange::aStaleReplyOnARealLineIsNotRead()
 {
     QFETCH(bool, noticed);
-    frmWinsock::Unload();
-    frmWinsock::SetSocketFactory({});
     ScriptedCourt court;
-    Global.lngServerPort = court.Port();
-    QVERIFY(ConnectToRouter(u"127.0.0.1"_s));
-    QTRY_VERIFY(court.HasClient());
+    connectTo(court);
     court.Expect(u"ASK¦"_s).Reply({u"NEW~"_s, u"EOF~"_s});
     court.SendTokens({u"OLD~"_s, u"EOF~"_s});
     if (noticed)

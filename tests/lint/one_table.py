@@ -8,7 +8,7 @@
 
 import re
 
-from common import CODE, NOT_CODE, files, line_of, main, read
+from common import CODE, files, line_of, main, read, without_remarks
 
 STOP = re.compile(r"STOP(?:~|\u00A6|\\u00A6|\\xA6)|(?:~|\u00A6|\\u00A6|\\xA6)STOP", re.IGNORECASE)
 BAR = re.compile(r"\u00A6|\\u00A6", re.IGNORECASE)
@@ -28,16 +28,6 @@ RULES = (
         "request lines are composed by link/RequestLine",
     ),
 )
-
-
-def without_remarks(text):
-    """C++ without its comments; texts stay, and lines keep their numbers."""
-
-    def blank(match):
-        found = match.group()
-        return "\n" * found.count("\n") if found.startswith(("//", "/*")) else found
-
-    return NOT_CODE.sub(blank, text)
 
 
 def check(root):

@@ -8,7 +8,7 @@ import sys
 import tempfile
 import unittest
 
-LINTS = ("layers", "plain_text", "house", "one_road", "one_table", "records", "words")
+LINTS = ("layers", "plain_text", "house", "one_road", "one_table", "pages", "platform", "records", "words")
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 
@@ -69,6 +69,11 @@ CLEAN_TREE = {
     "src/searchentry/Line.cpp": "// WASUP\u00A6SUMMARY\u00A6\nSaveOptionStr(section, key, value);\n"
                                 'log(u"SEARCH STOPPED ~ STOP"_s);\n',
     "src/link/Exchange.cpp": "void f() { SendReq(a); ReadResponse(); } // dialog.exec()\n",
+    "src/core/Platform.cpp": "#include <unistd.h>\nint f() { return ::getpid(); } // Q_OS_UNIX\n",
+    "src/core/PlatformWatch.cpp": '#ifdef Q_OS_UNIX\n#include <csignal>\nf(u"/tmp"_s);\n#endif\n',
+    "src/app/Ends.cpp": "// SIGTERM, and what /proc and Q_OS_WIN mean\n#include <cstdio>\n"
+                        "void E::kill() { process.kill(); f(&::g, a::open(b), SIGNED, QSysInfo::kernelType()); }\n",
+    "tests/core/tst_Platform.cpp": "#include <csignal>\n#ifdef Q_OS_UNIX\n#endif\n",
     "src/controls/ModalDialog.cpp": "int f() { return dialog->exec(); }\n",
     "src/controls/SaveDialog.cpp": "#include <QFileDialog>\n",
     "src/history/HistoryDatabase.cpp": "bool f() { return query.exec(); }\n",
@@ -105,6 +110,12 @@ CLEAN_TREE = {
     "tests/session/tst_frmOne.cpp": "QVERIFY(trueCopy); // a QMessageBox is answered here\n",
     "data/masks.txt": "XXX-XX-1234, special, 1 part only\n",
     "docs/tests.md": "We never use QSKIP.\n",
+    "docs/way.md": "# The way in\n[One](tests.md), [here](#the-way-in), [far](https://a.example/b), "
+                   "`src/session/frmOne.cpp`,\n`session/frmOne`, `../data/masks.txt`, `frmOne.h`, "
+                   "`optState`, `QSkipped`, `src/jobs/`,\n`cmake -B build/x`, `/etc/no`\n"
+                   "```\n[None](none.md) `src/none.cpp`\n```\n\n"
+                   "| a | b |\n|---|:-:|\n| c \\| d | e |\n\n| f |\n|---|\n| g |\n",
+    "docs/practice.md": "`ANY/NAME`, `anyName`, `../../pdf`\n",
     "docs/users.md": "The user is told, and you are\ntold. It told the user so. A threshold is not told.\n",
     "src/core/Users.h": "// Who asks is not\n/// told why; nobody was told: no. Nobody has been told.\n",
     "src/core/Full.h": full_class(60),
@@ -172,6 +183,27 @@ OFFENCES = [
     ("records", "cell", "src/casedetails/Bad.cpp", "if (grid.Cell(0, 0) == none)\n"),
     ("records", "look", "src/jobs/Bad.cpp", "if (stopButton->isEnabled())\n"),
 
+    ("pages", "link", "docs/bad.md", "[None](none.md)\n"),
+    ("pages", "link to a folder", "README.md", "[None](docs/none/)\n"),
+    ("pages", "picture", "docs/bad.md", "![A form](images/form.png)\n"),
+    ("pages", "heading", "docs/bad.md", "# Here\n[There](#there)\n"),
+    ("pages", "heading of another page", "docs/bad.md", "[There](way.md#the-way-out)\n"),
+    ("pages", "heading in a block of code", "docs/bad.md", "```\n# there\n```\n[There](#there)\n"),
+    ("pages", "row of another table", "docs/bad.md", "| a | b |\n|---|---|\n| c | d | e |\n"),
+    ("pages", "table without a head", "docs/bad.md", "Thus:\n\n|---|---|\n"),
+    ("pages", "path", "docs/bad.md", "Read `src/core/Bad.cpp`.\n"),
+    ("pages", "path without src", "src/core/README.md", "See `jobs/frmTurn`.\n"),
+    ("pages", "path into no folder", "docs/bad.md", "It is in `misc/Bad.cpp`.\n"),
+    ("pages", "path in a command", "docs/bad.md", "Run `tests/lint/bad.py .` now.\n"),
+    ("pages", "path for those who only read", "docs/practice.md", "Read `practice/Bad.cpp`.\n",
+     {"practice/Good.cpp": "\n"}),
+    ("pages", "file", "docs/bad.md", "All is in `Bad.cpp`.\n"),
+    ("pages", "name", "docs/bad.md", "`frmTwo` does it.\n"),
+    ("pages", "name within another", "docs/bad.md", "`frmOne::Undone()` does it.\n"),
+    ("pages", "name of which only a remark speaks", "docs/bad.md", "`theOldName` does it.\n",
+     {"src/core/Remark.h": "// theOldName did it.\n"}),
+    ("pages", "test in a command", "docs/bad.md", "`./test -R tst_Bad`\n", {"test": "\n"}),
+
     ("words", "on its own", "src/core/Bad.h", "// the told width\n"),
     ("words", "meant", "docs/bad.md", "It ends as told.\n"),
     ("words", "of whom", "docs/bad.md", "What the list told of the case stays.\n"),
@@ -191,6 +223,20 @@ OFFENCES = [
     ("one_table", "joined line", "src/session/Bad.cpp", 'u"LOGON\\u00A6"_s + name;\n'),
     ("one_table", "joined line as it is", "src/session/Bad.cpp", 'u"LOGON\u00A6"_s + name;\n'),
     ("one_table", "bar", "src/searchentry/Bad.cpp", "constexpr QChar bar(u'\\u00a6');\n"),
+
+    ("platform", "header", "src/session/Bad.cpp", "#include <unistd.h>\n"),
+    ("platform", "header in a folder", "src/link/Bad.cpp", "# include <sys/socket.h>\n"),
+    ("platform", "header in quotes", "src/link/Bad.cpp", '#include "windows.h"\n'),
+    ("platform", "header of signals", "src/main.cpp", "#include <csignal>\n"),
+    ("platform", "which system", "practice/Bad.h", "#ifdef Q_OS_WIN\n#endif\n"),
+    ("platform", "which system, by the compiler", "src/core/Bad.cpp", "#if defined(__linux__)\n"),
+    ("platform", "which system, as it runs", "src/prefs/Bad.cpp", "QOperatingSystemVersion::current();\n"),
+    ("platform", "call", "src/documents/Bad.cpp", "if (::open(name, 0) < 0)\n"),
+    ("platform", "call without colons", "src/app/Bad.cpp", "return getpid() == 1;\n"),
+    ("platform", "signal", "src/app/Bad.cpp", "end(SIGTERM);\n"),
+    ("platform", "folder of the system", "src/app/Bad.cpp", 'read(u"/proc/self/stat"_s);\n'),
+    ("platform", "temporary folder", "practice/Bad.cpp", 'write(u"/tmp/x"_s);\n'),
+    ("platform", "helper of the desktop", "src/reports/Bad.cpp", 'run(u"xdg-open"_s);\n'),
 
     ("house", "long file", "src/core/Bad.cpp", "\n" * 601),
     ("house", "long without a reason", "src/core/Bad.h", "// Long by design: \n" + "\n" * 601),

@@ -1,8 +1,8 @@
 #include "core/GlobalState.h"
-#include "core/RunTimeError.h"
 #include "jobs/frmQueue.h"
 #include "namesearch/SearchDesk.h"
 #include "namesearch/frmNameSearchResults.h"
+#include "support/ErrorOf.h"
 #include "support/HalvaneTest.h"
 #include "support/Ticks.h"
 
@@ -38,16 +38,6 @@ const QList<Button> &buttons()
         {"cmdSearchResults_6", u"Save Results to File"_s, true, true},
     };
     return all;
-}
-
-int errorOf(const std::function<void()> &act)
-{
-    try {
-        act();
-    } catch (const RunTimeError &error) {
-        return error.Number();
-    }
-    return 0;
 }
 } // namespace
 
@@ -223,9 +213,9 @@ void tst_NameSearchWindow::addResultRow()
 void tst_NameSearchWindow::addResultRowWithTooFewFields()
 {
     frmNameSearchResults *window = desk->MakePending({RequestLine()});
-    QCOMPARE(errorOf([&] { window->AddResultRow(u"A~B~"_s); }), 9);
+    QCOMPARE(ErrorOf([&] { window->AddResultRow(u"A~B~"_s); }), 9);
     QCOMPARE(window->RowCount(), 1);
-    QCOMPARE(errorOf([&] { window->AddResultRow(QString()); }), 9);
+    QCOMPARE(ErrorOf([&] { window->AddResultRow(QString()); }), 9);
     QCOMPARE(window->RowCount(), 1);
 }
 
@@ -254,8 +244,8 @@ void tst_NameSearchWindow::showSearchCriteria()
 void tst_NameSearchWindow::showSearchCriteriaOfAShortLine()
 {
     frmNameSearchResults *window = desk->MakePending({u"WASUP"_s});
-    QCOMPARE(errorOf([&] { window->ShowSearchCriteria(0); }), 9);
-    QCOMPARE(errorOf([&] { window->ShowSearchCriteria(7); }), 9);
+    QCOMPARE(ErrorOf([&] { window->ShowSearchCriteria(0); }), 9);
+    QCOMPARE(ErrorOf([&] { window->ShowSearchCriteria(7); }), 9);
 }
 
 void tst_NameSearchWindow::firstTickShowsTheCriteriaOnce()

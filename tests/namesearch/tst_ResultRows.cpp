@@ -2,6 +2,7 @@
 
 #include "core/Windows1252.h"
 #include "support/HalvaneTest.h"
+#include "support/ProcessorTime.h"
 
 #include <QTest>
 
@@ -35,6 +36,7 @@ private Q_SLOTS:
     void tooFewFieldsKeepTheCellsThatWere();
     void furtherFieldsAreIgnored();
     void aThousandFields();
+    void fieldsThatNobodyNeedsCostNothing();
     void emptyFieldsAreEmptyCells();
     void aRowThatEndsInThereof();
     void endMarkInTheMiddle();
@@ -166,6 +168,22 @@ void tst_ResultRows::aThousandFields()
     const ResultRow row = ParseResultRow(text, ResultKind::Superior);
     QVERIFY(row.Complete);
     QCOMPARE(row.Cells, (QStringList{u"0"_s, u"1"_s, u"2"_s, u"3"_s, u"4"_s, u"5"_s}));
+}
+
+void tst_ResultRows::fieldsThatNobodyNeedsCostNothing()
+{
+    constexpr qsizetype length = 2'000'000;
+    const auto costOf = [](const QString &row) {
+        const double before = ProcessorSeconds();
+        for (int i = 0; i < 5; ++i)
+            ParseResultRow(row, ResultKind::Superior);
+        return ProcessorSeconds() - before;
+    };
+    const QString many(length, u'~');
+    const QString few = u"A~B~C~D~E~"_s + QString(length, u'x') + u'~';
+    costOf(few);
+    const double cost = costOf(many);
+    QVERIFY2(cost <= 3.0 * costOf(few) + 0.01, qPrintable(QString::number(cost)));
 }
 
 void tst_ResultRows::emptyFieldsAreEmptyCells()

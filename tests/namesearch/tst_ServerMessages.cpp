@@ -1,25 +1,13 @@
-#include "core/RunTimeError.h"
 #include "namesearch/ServerMessages.h"
+#include "support/ErrorOf.h"
 #include "support/HalvaneTest.h"
 
 #include <QTest>
-
-#include <functional>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 const QString limit = u"WARNING~Reached Search Limit~500~700~"_s;
-
-int errorOf(const std::function<void()> &act)
-{
-    try {
-        act();
-    } catch (const RunTimeError &error) {
-        return error.Number();
-    }
-    return 0;
-}
 } // namespace
 
 class tst_ServerMessages : public QObject
@@ -121,7 +109,7 @@ void tst_ServerMessages::malformedLimit_data()
 void tst_ServerMessages::malformedLimit()
 {
     QFETCH(QString, warning);
-    QTEST(errorOf([&] { NextPageOf(warning, 500); }), "error");
+    QTEST(ErrorOf([&] { NextPageOf(warning, 500); }), "error");
 }
 
 void tst_ServerMessages::pageRequest_data()
@@ -144,7 +132,7 @@ void tst_ServerMessages::pageRequest()
 
 void tst_ServerMessages::aLineWithoutAPage()
 {
-    QCOMPARE(errorOf([] { PageRequest(u"INDEX~SEARCH~SMITH~"_s, {1, 2, u"2"_s}); }), 5);
+    QCOMPARE(ErrorOf([] { PageRequest(u"INDEX~SEARCH~SMITH~"_s, {1, 2, u"2"_s}); }), 5);
 }
 
 HALVANE_TEST(tst_ServerMessages)

@@ -1,4 +1,4 @@
-#include "core/Version.h"
+#include "core/VersionText.h"
 #include "core/Windows1252.h"
 #include "practice/FrameReader.h"
 #include "practice/PracticeExchange.h"
@@ -93,7 +93,7 @@ void tst_PracticeServer::runsThatEnd_data()
     QTest::addColumn<QString>("errors");
 
     QTest::newRow("version") << QStringList{u"--version"_s} << 0
-                             << u"halvane-practice %1\n"_s.arg(ProgramVersion()) << QString();
+                             << VersionText(u"halvane-practice"_s) + u'\n' << QString();
     QTest::newRow("help") << QStringList{u"--help"_s} << 0
                           << u"Usage: halvane-practice [switches]\n"_s << QString();
     QTest::newRow("bad number")

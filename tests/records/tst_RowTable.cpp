@@ -18,6 +18,7 @@ private Q_SLOTS:
     void cellsInSight();
     void theLongestCell();
     void theLongestCellGoes();
+    void aRowKeepsItsPlaceInTheOrderOfComing();
 };
 
 void tst_RowTable::whatGoesInComesOut_data()
@@ -95,6 +96,29 @@ void tst_RowTable::theLongestCellGoes()
     table.SetCell(0, 1, u"equal"_s);
     table.SetCell(2, 1, u"y"_s);
     QCOMPARE(table.LongestCell(1), 5);
+}
+
+void tst_RowTable::aRowKeepsItsPlaceInTheOrderOfComing()
+{
+    RowTable table;
+    for (const QString &cell : {u"a"_s, u"b"_s, u"c"_s})
+        table.AddRow({cell});
+    table.Rearrange({2, 0, 1});
+    table.AddRow({u"d"_s});
+    const auto arrivals = [&table] {
+        QList<int> all;
+        for (int row = 0; row < table.Count(); ++row)
+            all.append(table.Arrival(row));
+        return all;
+    };
+    QCOMPARE(arrivals(), QList<int>({2, 0, 1, 3}));
+    table.SetMarks(QDate(2026, 1, 2), [&table](int row) { return table.Arrival(row) % 2 == 0; });
+    QVERIFY(table.IsNew(0) && table.IsNew(1) && !table.IsNew(2) && !table.IsNew(3));
+    QCOMPARE(table.NewCount(), 2);
+    QCOMPARE(table.NewSince(), QDate(2026, 1, 2));
+    table.Clear();
+    table.AddRow({u"e"_s});
+    QCOMPARE(arrivals(), QList<int>({0}));
 }
 
 HALVANE_TEST(tst_RowTable)

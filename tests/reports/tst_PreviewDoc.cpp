@@ -108,7 +108,7 @@ void tst_PreviewDoc::itsTexts()
     PreviewDoc *preview = user->Look(SampleResults(1));
     QCOMPARE(preview->objectName(), u"PreviewDoc"_s);
     QCOMPARE(TextOf(preview, "cmdPrint"), u"&Print.."_s);
-    QCOMPARE(TextOf(preview, "cmdSavePdf"), u"Save as &PDF.."_s);
+    QCOMPARE(TextOf(preview, "cmdSavePdf"), u"Save as PD&F.."_s);
     QCOMPARE(TextOf(preview, "cmdClose"), u"&Close"_s);
     QCOMPARE(user->Page(), u"Page 1 of 1"_s);
 }

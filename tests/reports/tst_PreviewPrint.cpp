@@ -132,6 +132,8 @@ void tst_PreviewPrint::printsAllPages()
     Click(user->Preview(), "cmdPrint");
     QCOMPARE(PdfPages(path(u"out.pdf"_s)), pagesOf(SampleResults(100)));
     QCOMPARE(PdfInfo(path(u"out.pdf"_s))[u"Page size"_s], u"612 x 792 pts (letter)"_s);
+    // Everybody who looks at the queue of a print server reads what the job is called.
+    QCOMPARE(PdfInfo(path(u"out.pdf"_s))[u"Title"_s], u"Halvane Report"_s);
     QVERIFY(user->Preview()->isVisible());
     QCOMPARE(user->Note(), QString());
 }

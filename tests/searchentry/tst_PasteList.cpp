@@ -15,6 +15,8 @@
 #include "support/ScriptedCourt.h"
 #include "support/Ticks.h"
 #include "tables/ResultListView.h"
+#include "tables/RowFilter.h"
+#include "tables/TableTools.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -92,6 +94,7 @@ private Q_SLOTS:
     void closingTheListAsksAboutTheRest_data();
     void closingTheListAsksAboutTheRest();
     void theOutcomesAreCopied();
+    void whatIsFoundIsCopied();
     void casesOfTwoListsShareThePlaces();
     void theKeyboardStaysWhereItIs();
     void whatIsMinimisedStaysSo();
@@ -526,6 +529,24 @@ void tst_PasteList::theOutcomesAreCopied()
     QCOMPARE(QApplication::clipboard()->text(),
              u"Case Number\tCourt\tOutcome\n"_s + kingNumber(1)
                  + u"\tKing County, Washington Superior Courts\tAsked for .."_s);
+}
+
+/// As in every table: what Find hides is not meant, and the buttons say so.
+void tst_PasteList::whatIsFoundIsCopied()
+{
+    paste(kingNumbers(3), retrieve);
+    auto *view = Child<ResultListView>(list(), "lvNumbers");
+    view->List()->Flush();
+    view->selectRow(0);
+    view->Tools()->Filter()->SetText(kingNumber(2));
+    QTest::mouseClick(ButtonOf(list(), "cmdCopyList"), Qt::LeftButton);
+    QCOMPARE(QApplication::clipboard()->text(),
+             u"Case Number\tCourt\tOutcome\n"_s + kingNumber(2)
+                 + u"\tKing County, Washington Superior Courts\tAsked for .."_s);
+    QCOMPARE(ButtonOf(list(), "cmdCopyList")->toolTip(),
+             u"Copies the rows that are shown, with the column titles on top."_s);
+    QCOMPARE(ButtonOf(list(), "cmdExportList")->toolTip(),
+             u"Saves the rows that are shown as a file for a spreadsheet."_s);
 }
 
 void tst_PasteList::casesOfTwoListsShareThePlaces()

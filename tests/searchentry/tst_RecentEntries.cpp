@@ -1,7 +1,7 @@
 #include "searchentry/RecentEntries.h"
 
 #include "core/AppFolder.h"
-#include "core/RunTimeError.h"
+#include "support/ErrorOf.h"
 #include "support/FaultyFile.h"
 #include "support/HalvaneTest.h"
 #include "support/Places.h"
@@ -10,7 +10,6 @@
 #include <QFile>
 #include <QTest>
 
-#include <functional>
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -25,16 +24,6 @@ QByteArray numberedLines(int count)
     for (int i = 1; i <= count; ++i)
         text += "ENTRY " + QByteArray::number(i) + "\r\n";
     return text;
-}
-
-int errorOf(const std::function<void()> &act)
-{
-    try {
-        act();
-    } catch (const RunTimeError &error) {
-        return error.Number();
-    }
-    return 0;
 }
 } // namespace
 
@@ -129,7 +118,7 @@ void tst_RecentEntries::eachTypeHasItsFile()
 
 void tst_RecentEntries::anUnknownTypeHasNoFile()
 {
-    QCOMPARE(errorOf([] { AddToMruList(u"Index"_s, u"ENTRY"_s); }), 53);
+    QCOMPARE(ErrorOf([] { AddToMruList(u"Index"_s, u"ENTRY"_s); }), 53);
     AddToMruList(persons, u"ENTRY"_s);
     QCOMPARE(LoadMruLists().Of(u"Index"_s), QStringList());
 }
@@ -196,7 +185,7 @@ void tst_RecentEntries::aMissingFileIsError53()
     QFETCH(QString, type);
     QFETCH(QString, file);
     folder->Remove(file);
-    QCOMPARE(errorOf([&] {
+    QCOMPARE(ErrorOf([&] {
                  if (type.isEmpty())
                      AddAcctgToMru(u"ABC"_s);
                  else
@@ -216,7 +205,7 @@ void tst_RecentEntries::anUnreadableFileIsError75()
     QFETCH(QString, type);
     QFETCH(QString, file);
     MakeUnreadable(folder->Path(file));
-    QCOMPARE(errorOf([&] {
+    QCOMPARE(ErrorOf([&] {
                  if (type.isEmpty())
                      AddAcctgToMru(u"ABC"_s);
                  else
@@ -238,7 +227,7 @@ void tst_RecentEntries::aFullDiskLeavesTheOldListWhole()
     folder->Write(file, before);
     {
         const FullDisk full(100);
-        QCOMPARE(errorOf([&] {
+        QCOMPARE(ErrorOf([&] {
                      if (type.isEmpty())
                          AddAcctgToMru(u"ABC"_s);
                      else

@@ -2,6 +2,7 @@
 
 #include "core/GlobalState.h"
 #include "core/Version.h"
+#include "core/VersionText.h"
 #include "prefs/frmAbout.h"
 #include "prefs/frmInfo.h"
 #include "session/SessionEvents.h"
@@ -12,6 +13,7 @@
 #include "session/frmMsg.h"
 #include "support/HalvaneTest.h"
 
+#include <QClipboard>
 #include <QGroupBox>
 #include <QGuiApplication>
 #include <QLabel>
@@ -47,6 +49,7 @@ private Q_SLOTS:
     void elapsedTimeForgetsTheSessionTime_data();
     void elapsedTimeForgetsTheSessionTime();
     void about();
+    void aboutCopiesWhatItRunsOn();
     void splashHidesItsButton();
     void fieldError();
     void infoKeepsItsDesignTexts();
@@ -255,12 +258,28 @@ void tst_SmallWindows::about()
     QVERIFY(!window.isVisible());
 }
 
+void tst_SmallWindows::aboutCopiesWhatItRunsOn()
+{
+    frmAbout window;
+    window.show();
+    const QString shown = Child<QLabel>(&window, "lblDetails")->text();
+    QCOMPARE(shown, VersionText(u"Halvane"_s));
+    QVERIFY2(shown.contains(u"\nPlatform plugin: offscreen\n"_s), qPrintable(shown));
+    QGuiApplication::clipboard()->setText(u"before"_s);
+    Click(&window, "cmdCopy");
+    QCOMPARE(QGuiApplication::clipboard()->text(), shown);
+    QCOMPARE(Child<QPushButton>(&window, "cmdCopy")->text(), u"&Copied"_s);
+    QVERIFY(window.isVisible());
+}
+
 void tst_SmallWindows::splashHidesItsButton()
 {
     frmAbout window;
     window.ShowAsSplash();
     QVERIFY(window.isVisible());
-    QVERIFY(!Child<QPushButton>(&window, "cmdOK")->isVisible());
+    for (const char *name : {"cmdOK", "cmdCopy", "lblDetails"})
+        QVERIFY2(!Child<QWidget>(&window, name)->isVisible(), name);
+    QCOMPARE(window.size(), QSize(400, 190));
     QVERIFY(isCentred(window));
 }
 

@@ -62,6 +62,7 @@ private Q_SLOTS:
     void secondExitDoesNothing();
     void searchThatBeginsBehindTheExitQuestionIsStopped();
     void timerOfTheExitWaitsForTheSearch();
+    void aSearchThatBeginsOnTheWayOutIsStopped();
 
     void queryUnload_data();
     void queryUnload();
@@ -366,6 +367,20 @@ void tst_frmMainExit::timerOfTheExitWaitsForTheSearch()
     const int atTheEnd = ticks;
     Ticks(10);
     QCOMPARE(ticks, atTheEnd);
+}
+
+/// Whatever begins takes back the wish that all stop: the exit was confirmed, and wishes it again.
+void tst_frmMainExit::aSearchThatBeginsOnTheWayOutIsStopped()
+{
+    Global.bShowAlerts = false;
+    loggedIn();
+    Choose(main, "mnuFileExit");
+    Global.bStopRequested = false;
+    Global.bSearchInProgress = true;
+    QTRY_VERIFY(Global.bStopRequested);
+    QCOMPARE(session->endings, QList<int>());
+    Global.bSearchInProgress = false;
+    QTRY_COMPARE(session->endings, ended);
 }
 
 void tst_frmMainExit::queryUnload_data()

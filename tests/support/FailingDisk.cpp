@@ -1,12 +1,10 @@
 #include "support/FailingDisk.h"
 
-#include <array>
+#include "support/FileCalls.h"
+
 #include <cerrno>
-#include <cstdarg>
-#include <cstdio>
 #include <cstring>
 
-#include <dlfcn.h>
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -23,10 +21,7 @@ bool isOfReports(const char *path)
 
 bool isOfReports(int file)
 {
-    std::array<char, 64> link{};
-    std::snprintf(link.data(), link.size(), "/proc/self/fd/%d", file);
-    std::array<char, 1024> path{};
-    return ::readlink(link.data(), path.data(), path.size() - 1) > 0 && isOfReports(path.data());
+    return IsOpenFile(file, &isOfReports);
 }
 
 /// Whether this call is one that fails.
@@ -37,60 +32,27 @@ bool fails(FailingDisk::Call call, int error)
     errno = error;
     return true;
 }
-
-template<typename Function>
-Function real(const char *name)
-{
-    return reinterpret_cast<Function>(::dlsym(RTLD_NEXT, name));
-}
-
-using Open = int (*)(const char *, int, ...);
-
-mode_t modeOf(int flags, va_list arguments)
-{
-    return (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(arguments, mode_t) : 0;
-}
-
-int openWith(const char *name, const char *path, int flags, mode_t mode)
-{
-    if (active && isOfReports(path) && (flags & O_ACCMODE) != O_RDONLY
-        && fails(FailingDisk::Call::Open, EACCES))
-        return -1;
-    return real<Open>(name)(path, flags, mode);
-}
 } // namespace
 
+bool MayOpen(const char *path, int flags, mode_t /*mode*/)
+{
+    const bool writes = (flags & O_ACCMODE) != O_RDONLY;
+    return !active || !isOfReports(path) || !writes || !fails(FailingDisk::Call::Open, EACCES);
+}
+
 extern "C" {
-int open(const char *path, int flags, ...)
-{
-    va_list arguments;
-    va_start(arguments, flags);
-    const mode_t mode = modeOf(flags, arguments);
-    va_end(arguments);
-    return openWith("open", path, flags, mode);
-}
-
-int open64(const char *path, int flags, ...)
-{
-    va_list arguments;
-    va_start(arguments, flags);
-    const mode_t mode = modeOf(flags, arguments);
-    va_end(arguments);
-    return openWith("open64", path, flags, mode);
-}
-
 ssize_t write(int file, const void *bytes, size_t count)
 {
     if (active && isOfReports(file) && fails(FailingDisk::Call::Write, ENOSPC))
         return -1;
-    return real<ssize_t (*)(int, const void *, size_t)>("write")(file, bytes, count);
+    return RealCall<ssize_t (*)(int, const void *, size_t)>("write")(file, bytes, count);
 }
 
 int rename(const char *from, const char *to)
 {
     if (active && isOfReports(to) && fails(FailingDisk::Call::Rename, EACCES))
         return -1;
-    return real<int (*)(const char *, const char *)>("rename")(from, to);
+    return RealCall<int (*)(const char *, const char *)>("rename")(from, to);
 }
 }
 

@@ -24,6 +24,7 @@ public:
     void Connect() override;
     void Close() override;
     void SendData(const QByteArray &data) override;
+    qint64 BytesToSend() const override { return unsent; }
     qint64 BytesAvailable() const override { return incoming.size(); }
     void TakeUpArrived() override;
     QByteArray GetData(qint64 maximum) override;
@@ -45,6 +46,7 @@ public:
     bool connects = true;       ///< Connect succeeds at the next turn
     bool refuses = false;       ///< Connect is refused at the next turn
     bool refills = false;       ///< as much as was held back reaches the machine again and again
+    qint64 unsent = 0;          ///< so many bytes nobody has read
     mutable int connectedAnswers = 0; ///< so often the state is Connected, whatever it is
     QString localIP = QStringLiteral("192.0.2.1");
     QByteArrayList sent;

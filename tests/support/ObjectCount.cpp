@@ -3,10 +3,11 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QEvent>
-#include <QGesture>
 #include <QMutex>
 #include <QSet>
 #include <QTimer>
+
+#include <algorithm>
 
 #include <malloc.h>
 
@@ -40,6 +41,11 @@ void removed(QObject *object)
     living().remove(object);
 }
 
+bool isEventLoop(const QObject *object)
+{
+    return object->inherits("QAbstractEventDispatcher");
+}
+
 quintptr addressOf(Hook hook)
 {
     return reinterpret_cast<quintptr>(hook);
@@ -61,19 +67,37 @@ ObjectCount::~ObjectCount()
 
 ObjectCount::Holdings ObjectCount::Now()
 {
+    Holdings now = Objects();
+    now.files = static_cast<int>(
+        QDir(QStringLiteral("/proc/self/fd")).entryList(QDir::Files | QDir::System).size());
+    // Threads that Qt keeps for a while have an event loop, which is woken by a descriptor.
+    const QMutexLocker lock(&mutex);
+    now.files -= static_cast<int>(std::count_if(living().cbegin(), living().cend(), isEventLoop));
+    return now;
+}
+
+ObjectCount::Holdings ObjectCount::Objects()
+{
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QCoreApplication::processEvents();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     Holdings now;
-    now.files = static_cast<int>(
-        QDir(QStringLiteral("/proc/self/fd")).entryList(QDir::Files | QDir::System).size());
     const QMutexLocker lock(&mutex);
     for (QObject *object : std::as_const(living())) {
         // The gestures of a scroll area outlive it: Qt uses them again for the next.
-        now.objects += qobject_cast<QGesture *>(object) ? 0 : 1;
+        now.objects += object->inherits("QGesture") || isEventLoop(object) ? 0 : 1;
         now.timers += qobject_cast<QTimer *>(object) ? 1 : 0;
     }
     return now;
+}
+
+QMap<QByteArray, int> ObjectCount::Classes()
+{
+    QMap<QByteArray, int> counts;
+    const QMutexLocker lock(&mutex);
+    for (const QObject *object : std::as_const(living()))
+        ++counts[object->metaObject()->className()];
+    return counts;
 }
 
 long long ObjectCount::HeapBytes()

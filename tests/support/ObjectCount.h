@@ -1,5 +1,8 @@
 #pragma once
 
+#include <QByteArray>
+#include <QMap>
+
 /// Counts what a program holds on to: objects, timers among them, file descriptors, memory. A test
 /// takes a count before and after, and compares. In force for as long as it lives; one at a time.
 class ObjectCount
@@ -20,6 +23,10 @@ public:
     };
     /// After everything that waits to be deleted is.
     static Holdings Now();
+    /// The same, but the descriptors are not counted, which takes longer than all the rest.
+    static Holdings Objects();
+    /// How many of each class they are, for whoever wants to know which were left.
+    static QMap<QByteArray, int> Classes();
 
     /// Bytes in use on the heap; 0 where the allocator does not tell.
     static long long HeapBytes();

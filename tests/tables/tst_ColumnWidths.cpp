@@ -43,6 +43,7 @@ private Q_SLOTS:
     void columnsOfNoKindAreNotRemembered();
     void widthStaysWithItsColumnWhenColumnsChange();
     void brokenStoreIsNoWidth();
+    void aTitleWithoutEndIsNotKeptWhole();
 
 private:
     static std::unique_ptr<ResultListView> makeList(const QString &kind = u"Superior"_s)
@@ -245,6 +246,25 @@ void tst_ColumnWidths::brokenStoreIsNoWidth()
     QCOMPARE(list->columnWidth(0), 100);
     QCOMPARE(list->columnWidth(1), 100);
     QVERIFY(!list->Tools()->Widths()->ChangedByUser());
+}
+
+/// A court can send one, and the settings of the user are read at every start.
+void tst_ColumnWidths::aTitleWithoutEndIsNotKeptWhole()
+{
+    const ListLayout layout{u"Endless"_s,
+                            {{QString(1'000'000, u'W'), 1500}, {u"Name"_s, 1500}, {u"L"_s, 900}}};
+    ResultListView list;
+    list.SetColumns(layout);
+    list.resize(800, 200);
+    list.show();
+    drag(&list, 0, 40);
+    const int width = list.columnWidth(0);
+    const QString kept = UserStoreValue(u"ColumnWidths"_s, u"Endless"_s, QString());
+    QVERIFY(!kept.isEmpty());
+    QVERIFY2(kept.size() < 1'000, qPrintable(QString::number(kept.size())));
+    ResultListView next;
+    next.SetColumns(layout);
+    QCOMPARE(next.columnWidth(0), width);
 }
 
 HALVANE_TEST(tst_ColumnWidths)

@@ -6,6 +6,7 @@
 #include <QFontMetrics>
 #include <QHeaderView>
 #include <QHelpEvent>
+#include <QStyledItemDelegate>
 #include <QTest>
 #include <QToolTip>
 
@@ -22,6 +23,7 @@ private Q_SLOTS:
     void noTitleIsCutInItsOwnWidth();
     void aColumnWidensForACell();
     void tipOfACellWithoutEndFitsAScreen();
+    void ofACellWithoutEndTheBeginningIsShown();
     void whatIsLeftGoesToTheLastColumnThatIsSeen();
     void columnsThatAreMadeAnewStandInTheirOrder();
     void rowsAndTitlesFollowTheFont_data();
@@ -141,6 +143,18 @@ void tst_ListColumns::tipOfACellWithoutEndFitsAScreen()
     QVERIFY2((*tip)->width() <= 1000 && (*tip)->height() <= 1000,
              qPrintable(u"%1 x %2"_s.arg((*tip)->width()).arg((*tip)->height())));
     QToolTip::hideText();
+}
+
+void tst_ListColumns::ofACellWithoutEndTheBeginningIsShown()
+{
+    const ResultListView view;
+    const auto *delegate = qobject_cast<QStyledItemDelegate *>(view.itemDelegate());
+    QVERIFY(delegate);
+    const QString whole = u"SMITH"_s + QString(1'000'000, u'x');
+    const QString shown = delegate->displayText(whole, QLocale());
+    QVERIFY(shown.size() < 10'000);
+    QVERIFY(whole.startsWith(shown));
+    QCOMPARE(delegate->displayText(u"SMITH"_s, QLocale()), u"SMITH"_s);
 }
 
 HALVANE_TEST(tst_ListColumns)

@@ -47,6 +47,7 @@ private Q_SLOTS:
     void allByteValues();
     void markupIsShownPlain();
     void tipOfACutCellIsPlainText();
+    void noteOfARowIsPlainText();
     void cellThatFitsHasNoTip();
     void widthsAreFixedAndInTwips();
     void headersAndAlignment();
@@ -289,6 +290,23 @@ void tst_ResultList::tipOfACutCellIsPlainText()
     QHelpEvent help(QEvent::ToolTip, where, view.viewport()->mapToGlobal(where));
     QCoreApplication::sendEvent(view.viewport(), &help);
     QCOMPARE(QToolTip::text(), u"<qt>"_s + longText.toHtmlEscaped());
+    QToolTip::hideText();
+}
+
+void tst_ResultList::noteOfARowIsPlainText()
+{
+    ResultListView view;
+    view.SetColumns(columns());
+    view.List()->AddRow({u"SMITH"_s});
+    view.List()->Flush();
+    view.SetRowNote([](int) { return u"<b>Opened</b> &amp;"_s; });
+    view.resize(500, 100);
+    view.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&view));
+    const QPoint where = view.visualRect(view.List()->index(0, 0)).center();
+    QHelpEvent help(QEvent::ToolTip, where, view.viewport()->mapToGlobal(where));
+    QCoreApplication::sendEvent(view.viewport(), &help);
+    QCOMPARE(QToolTip::text(), u"<qt>&lt;b&gt;Opened&lt;/b&gt; &amp;amp;"_s);
     QToolTip::hideText();
 }
 

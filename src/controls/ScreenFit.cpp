@@ -1,4 +1,4 @@
-#include "prefs/ScreenFit.h"
+#include "controls/ScreenFit.h"
 
 #include <QGuiApplication>
 #include <QScreen>

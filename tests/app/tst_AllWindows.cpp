@@ -1,0 +1,127 @@
+#include "app/WindowChecks.h"
+#include "app/WindowRound.h"
+#include "support/HalvaneTest.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QSocketNotifier>
+#include <QTest>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+/// The colours of a dark desktop.
+QPalette darkPalette()
+{
+    QPalette dark(QColor(0x31, 0x36, 0x3b), QColor(0x2a, 0x2e, 0x32));
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        dark.setColor(role, QColor(0xfc, 0xfc, 0xfc));
+        dark.setColor(QPalette::Disabled, role, QColor(0x7f, 0x84, 0x88));
+    }
+    dark.setColor(QPalette::Base, QColor(0x1b, 0x1e, 0x20));
+    dark.setColor(QPalette::AlternateBase, QColor(0x23, 0x26, 0x29));
+    dark.setColor(QPalette::Highlight, QColor(0x3d, 0xae, 0xe9));
+    dark.setColor(QPalette::Link, QColor(0x1d, 0x99, 0xf3));
+    return dark;
+}
+
+int endRound(const QString &complaints)
+{
+    if (!complaints.isEmpty())
+        std::fprintf(stderr, "%s\n", qPrintable(complaints));
+    return complaints.isEmpty() ? 0 : 1;
+}
+
+/// Saves a picture of each window into a folder: "pictures FOLDER [dark]".
+int takePictures(const QStringList &arguments)
+{
+    const QDir folder(arguments.value(0));
+    if (!QDir().mkpath(folder.path()))
+        return 1;
+    if (arguments.contains(u"dark"_s))
+        QApplication::setPalette(darkPalette());
+    int number = 0;
+    WindowRound round([&](const QString &name, QWidget *window) {
+        const QString file = u"%1-%2.png"_s.arg(++number, 3, 10, QChar(u'0')).arg(name);
+        window->window()->grab().save(folder.filePath(file.simplified().replace(u' ', u'-')));
+    });
+    return endRound(round.Go());
+}
+
+/// Shows each window until a line comes on standard input: "show". Its name goes to standard
+/// output before, so that another process can look at it from outside.
+int showEach(const QStringList & /*arguments*/)
+{
+    QFile input;
+    if (!input.open(stdin, QIODevice::ReadOnly))
+        return 1;
+    WindowRound round([&](const QString &name, QWidget *window) {
+        std::printf("%s\t%s\n", qPrintable(name), qPrintable(window->window()->windowTitle()));
+        std::fflush(stdout);
+        bool answered = false;
+        QSocketNotifier answer(0, QSocketNotifier::Read);
+        QObject::connect(&answer, &QSocketNotifier::activated, &answer, [&] {
+            input.readLine();
+            answered = true;
+        });
+        if (!QTest::qWaitFor([&] { return answered; }, 60'000))
+            std::_Exit(2);
+    });
+    return endRound(round.Go());
+}
+} // namespace
+
+/// Every window of the program, as a session at the practice court fills it.
+class tst_AllWindows : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void initTestCase();
+    void everyWindowComes() { QCOMPARE(complaints, QString()); }
+    void noneIsLargerThanItsPlace() { QCOMPARE(outOfSight.join(u'\n'), QString()); }
+    void noTextIsCut() { QCOMPARE(cut.join(u'\n'), QString()); }
+    void everyTextStandsOutFromItsGround() { QCOMPARE(faint.join(u'\n'), QString()); }
+    void aScreenReaderHearsEveryControl() { QCOMPARE(unheard.join(u'\n'), QString()); }
+    void theTabKeyComesToEveryControl() { QCOMPARE(offTheRoad.join(u'\n'), QString()); }
+    void aLetterStandsForOneControl() { QCOMPARE(keys.join(u'\n'), QString()); }
+
+private:
+    void look(const QString &name, QWidget *window);
+
+    QString complaints;
+    QStringList outOfSight;
+    QStringList cut;
+    QStringList faint;
+    QStringList unheard;
+    QStringList offTheRoad;
+    QStringList keys;
+};
+
+void tst_AllWindows::initTestCase()
+{
+    if (qEnvironmentVariableIsSet("HALVANE_TEST_DARK"))
+        QApplication::setPalette(darkPalette());
+    WindowRound round([this](const QString &name, QWidget *window) { look(name, window); });
+    complaints = round.Go();
+}
+
+void tst_AllWindows::look(const QString &name, QWidget *window)
+{
+    const auto note = [&name](QStringList *list, const QStringList &troubles) {
+        for (const QString &trouble : troubles)
+            list->append(name + u": "_s + trouble);
+    };
+    note(&outOfSight, OutOfSight(window));
+    note(&cut, CutTexts(window));
+    note(&faint, FaintTexts(window));
+    note(&unheard, Unheard(window));
+    note(&keys, KeyTrouble(window));
+    note(&offTheRoad, OffTheTabRoad(window));
+}
+
+HALVANE_TEST(tst_AllWindows)
+HALVANE_TEST_CHILD("pictures", takePictures)
+HALVANE_TEST_CHILD("show", showEach)
+#include "tst_AllWindows.moc"
