@@ -212,7 +212,7 @@ void frmSearchWA::keyPressEvent(QKeyEvent *event)
 
 void frmSearchWA::Connect()
 {
-    const auto tickAll = [this](QPushButton *button, CheckListBox *list, bool tick) {
+    const auto tickAll = [](QPushButton *button, CheckListBox *list, bool tick) {
         connect(button, &QPushButton::clicked, list, [list, tick] { list->SelectAll(tick); });
     };
     tickAll(ui->cmdCheckAll, ui->lboxCountyOrProfile, true);

@@ -427,7 +427,7 @@ void tst_TextUtilities::maxListColumnWidth()
     QCOMPARE(int(MaxListColumnWidth(list, 1)), 3);
     QCOMPARE(int(MaxListColumnWidth(list, 2)), 0);
     QCOMPARE(int(MaxListColumnWidth(list, -1)), 0);
-    list.appendRow({new QStandardItem(QString(40000, u'x'))});
+    list.appendRow(new QStandardItem(QString(40000, u'x')));
     QCOMPARE(int(MaxListColumnWidth(list, 0)), int(std::numeric_limits<qint16>::max()));
 }
 

@@ -354,7 +354,7 @@ void tst_AllDocuments::closedBetweenTwoDocuments()
     desk->Boxes.Expect(u"Are you sure you want to close this form?\nDocuments that have not come "
                        "yet will not be retrieved."_s,
                        u"Close Search Form .."_s, MsgAnswer::Yes);
-    desk->When([this] { return frmQueue::Form().FIFO.List(0) == u"another"; },
+    desk->When([] { return frmQueue::Form().FIFO.List(0) == u"another"; },
                [this] { all->close(); });
     DocumentDesk::Begin(all);
     QVERIFY(LinkDesk::WaitUntil([this] { return all.isNull() || all->IsUnloaded(); }));

@@ -203,7 +203,7 @@ void LongDay::answer(QDialog *dialog)
     note(dialog->objectName());
     if (auto *box = qobject_cast<QMessageBox *>(dialog)) {
         const QList<QAbstractButton *> buttons = box->buttons();
-        buttons.at(below(static_cast<int>(buttons.size())))->click();
+        buttons.at(below(buttons.size()))->click();
         return;
     }
     ButtonOf(dialog, below(2) == 0 ? "Command1" : "Command2")->click();

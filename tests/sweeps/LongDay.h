@@ -70,10 +70,7 @@ private:
     void note(const QString &what) { ++story[what]; }
     void complain(const QString &what);
     QList<JobWindow *> windows() const;
-    int below(std::size_t bound) const
-    {
-        return static_cast<int>(random.bounded(static_cast<quint32>(bound)));
-    }
+    int below(qsizetype bound) const { return static_cast<int>(random.bounded(bound)); }
 
     // What can be done in it
     bool mayOpen() const;

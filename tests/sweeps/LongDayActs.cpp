@@ -125,8 +125,7 @@ Window *LongDay::any() const
         if (auto *one = qobject_cast<Window *>(window))
             candidates.append(one);
     }
-    return candidates.isEmpty() ? nullptr
-                                : candidates.at(below(static_cast<int>(candidates.size())));
+    return candidates.isEmpty() ? nullptr : candidates.at(below(candidates.size()));
 }
 
 bool LongDay::mayOpen() const
@@ -149,7 +148,8 @@ void LongDay::openSearch()
 {
     if (!mayOpen())
         return;
-    const DaySearch &kind = daySearches.at(static_cast<std::size_t>(below(daySearches.size())));
+    const DaySearch &kind =
+        daySearches.at(static_cast<std::size_t>(below(std::ssize(daySearches))));
     NewWindow window(kind.make());
     for (int i = 0; i < kind.lines; ++i)
         window->lboxQueue.AddItem(QString::fromUtf16(kind.line));
@@ -170,10 +170,10 @@ void LongDay::openCase()
 {
     if (!mayOpen())
         return;
-    const DayCase &row = dayCases.at(static_cast<std::size_t>(below(dayCases.size())));
+    const DayCase &row = dayCases.at(static_cast<std::size_t>(below(std::ssize(dayCases))));
     const QStringList numbers = numbersOf(row.family);
     NewWindow window(MakeCaseWindow(row.kind));
-    window->Take(startOf(row, numbers.at(below(static_cast<int>(numbers.size())))));
+    window->Take(startOf(row, numbers.at(below(numbers.size()))));
     window.GiveKey();
     window.Launch();
 }
@@ -199,7 +199,7 @@ void LongDay::openDocument()
     if (starts.isEmpty())
         return;
     NewWindow form(new frmDocTransfer);
-    form->Take(starts.at(below(static_cast<int>(starts.size()))));
+    form->Take(starts.at(below(starts.size())));
     form.GiveKey();
     form.Launch();
 }
@@ -288,7 +288,7 @@ void LongDay::activateTab()
     if (!job || job->Record.TabCaptions.isEmpty())
         return;
     const QStringList captions = job->Record.TabCaptions;
-    const QString &caption = captions.at(below(static_cast<int>(captions.size())));
+    const QString &caption = captions.at(below(captions.size()));
     job->Sheet.Select(caption);
     job->ActivateTab(caption);
 }

@@ -141,7 +141,7 @@ void tst_FloodUnasked::whileIdle()
     const int part = Scaled(wholePieces, leastPieces) / Fold;
     std::array<FloodCost, 2> costs;
     Connect();
-    for (const size_t run : {0, 1}) {
+    for (const size_t run : {0U, 1U}) {
         costs.at(run) = receive(unaskedOf(kind, run == 0 ? part : Fold * part));
         QVERIFY(Global.strRecvBuffer.Size() <= maximumBacklogBytes + megabyte);
         const FloodCost next = Measure([&] { SearchOnce(!flood->IsIdle()); });
@@ -157,7 +157,7 @@ void tst_FloodUnasked::whileASearchWaits()
     const Unasked &kind = unaskedKinds.at(static_cast<size_t>(index));
     const int part = Scaled(wholePieces, leastPieces) / Fold;
     std::array<FloodCost, 2> costs;
-    for (const size_t run : {0, 1}) {
+    for (const size_t run : {0U, 1U}) {
         Connect();
         Flood reply = unaskedOf(kind, run == 0 ? part : Fold * part);
         reply.End = kind.End;

@@ -127,7 +127,7 @@ void tst_ManyRowsInUse::everyThingThatIsDoneToTheRows()
     const int part = Scaled(millionRows) / rowsOfPiece / Fold * rowsOfPiece;
     Connect();
     std::map<QString, std::array<FloodCost, 2>> costs;
-    for (const size_t run : {0, 1}) {
+    for (const size_t run : {0U, 1U}) {
         NameResultsWindow *window = search(run == 0 ? part : Fold * part);
         for (const Doing &one : doings()) {
             const FloodCost cost = Measure([&] { one.act(window); });

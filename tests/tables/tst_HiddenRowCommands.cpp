@@ -84,7 +84,7 @@ struct Before
 void sortBackwards(const NamesUser &user)
 {
     std::vector<QString> keys;
-    keys.reserve(user.List->List()->Count());
+    keys.reserve(static_cast<size_t>(user.List->List()->Count()));
     for (int row = 0; row < user.List->List()->Count(); ++row)
         keys.push_back(user.List->List()->Cell(row, 0));
     user.List->SortRows(keys, Qt::DescendingOrder);
