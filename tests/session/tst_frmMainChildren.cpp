@@ -277,7 +277,8 @@ void tst_frmMainChildren::cut()
     QFETCH(QByteArray, action);
     QFETCH(bool, inText);
     TextForm *form = show();
-    QCOMPARE(QApplication::focusWidget(), prepare(form, inText));
+    const QWidget *prepared = prepare(form, inText);
+    QCOMPARE(QApplication::focusWidget(), prepared);
     Choose(main, action.constData());
     QCOMPARE(clip(), u"two"_s);
     QCOMPARE(content(form, inText), u"one  three"_s);

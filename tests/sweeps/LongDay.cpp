@@ -265,6 +265,8 @@ void LongDay::restForTheEvening()
     leave();
     if (!pass([this] { return !Global.bLoggedIn && isAtRest(); }))
         return complain(u"the user is not logged out"_s);
+    // What was left since the last look holds nobody up, but it stays in the queue until tomorrow.
+    skipWhatHolds();
     closeEverything();
     // No loop waits below this one that would carry the deletions out. A window takes its job
     // along.
