@@ -38,11 +38,17 @@ QByteArray bytesOf(Practice::Reply reply)
     }
     return bytes.contains("|EOF~|") ? bytes : bytes + "|EOF~|";
 }
+
+QHash<QByteArray, QByteArray> &knownAnswers()
+{
+    static QHash<QByteArray, QByteArray> known;
+    return known;
+}
 } // namespace
 
 const QByteArray &PracticeAnswer(const QByteArray &frame)
 {
-    static QHash<QByteArray, QByteArray> known;
+    QHash<QByteArray, QByteArray> &known = knownAnswers();
     const auto found = known.constFind(frame);
     if (found != known.constEnd())
         return *found;
@@ -52,4 +58,9 @@ const QByteArray &PracticeAnswer(const QByteArray &frame)
     conversation.Answer(ToWindows1252(u"LOGON¦ann¦pw¦AppVer-9.00¦"_s));
     const QByteArray request = frame.mid(1).chopped(frame.endsWith('|') ? 1 : 0);
     return *known.insert(frame, bytesOf(conversation.Answer(request)));
+}
+
+void ForgetPracticeAnswers()
+{
+    knownAnswers() = {};
 }

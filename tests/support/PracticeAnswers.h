@@ -7,3 +7,6 @@
 /// end, or end with the link, ends with an end mark. The same request has the same reply each time,
 /// and only the first takes long.
 const QByteArray &PracticeAnswer(const QByteArray &frame);
+
+/// Gives the memory of the answers back. Answers that somebody holds by reference go with them.
+void ForgetPracticeAnswers();
