@@ -14,6 +14,8 @@ const QDate courtDay(2026, 3, 10);
 /// Of one answer: as much as shows each way of going on.
 constexpr qsizetype mostAnswerBytes = 48 * 1024;
 constexpr int mostAnswerSteps = 60;
+/// A reply that never ends is cut after so many.
+constexpr int mostSteps = 2000;
 constexpr qsizetype mostKnownAnswers = 3000;
 
 const Practice::Population &people()
@@ -22,20 +24,28 @@ const Practice::Population &people()
     return population;
 }
 
-/// The bytes of a reply, as far as they come without a pause, a silence or the end of the link.
+/// The bytes of a reply, as far as they come without a pause, a silence or the end of the link. Of
+/// a long one the beginning and the last token, which says how it ended and what more there is.
 QByteArray bytesOf(Practice::Reply reply)
 {
     using Kind = Practice::ReplyStep::Kind;
     QByteArray bytes;
-    for (int i = 0; i < mostAnswerSteps && bytes.size() < mostAnswerBytes; ++i) {
+    QByteArray last;
+    for (int i = 0; i < mostSteps; ++i) {
         const Practice::ReplyStep step = reply.Next();
-        if (step.kind == Kind::Token)
-            bytes += '|' + ToWindows1252(step.text) + '|';
-        else if (step.kind == Kind::Bytes || step.kind == Kind::Piece)
-            bytes += step.bytes;
-        else if (step.kind == Kind::End)
+        if (step.kind == Kind::End)
             break;
+        QByteArray next;
+        if (step.kind == Kind::Token)
+            next = '|' + ToWindows1252(step.text) + '|';
+        else if (step.kind == Kind::Bytes || step.kind == Kind::Piece)
+            next = step.bytes;
+        if (i < mostAnswerSteps && bytes.size() < mostAnswerBytes)
+            bytes += next;
+        else if (step.kind == Kind::Token)
+            last = next;
     }
+    bytes += last;
     return bytes.contains("|EOF~|") ? bytes : bytes + "|EOF~|";
 }
 
