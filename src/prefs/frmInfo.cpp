@@ -45,6 +45,7 @@ void frmInfo::FitTexts()
 {
     // The height follows from the width, in which the texts wrap; beyond the screen they scroll.
     ensurePolished();
+    setMinimumSize(0, 0);
     FitOnScreen(this, size());
     // The layouts would hear of new texts only when events run again.
     for (QGroupBox *frame : {ui->Frame1, ui->Frame2, ui->Frame3}) {
@@ -57,4 +58,10 @@ void frmInfo::FitTexts()
     const int besides =
         margins.top() + margins.bottom() + layout()->spacing() + ui->Command1->sizeHint().height();
     FitOnScreen(this, QSize(width(), textHeight + besides));
+    // A bar that is there for a moment makes the texts narrower and longer, and is needed then.
+    const bool fits = height() >= textHeight + besides;
+    ui->scrollTexts->setVerticalScrollBarPolicy(fits ? Qt::ScrollBarAlwaysOff
+                                                     : Qt::ScrollBarAsNeeded);
+    if (fits)
+        setMinimumSize(size());
 }

@@ -364,7 +364,10 @@ void tst_HelpWindows::infoIsAsTallAsItsTexts()
     const QString longest =
         u"Dashes are optional but the 1st 2 numbers in a Tax ID must be between 80 and last 2 "
         "digits of this year. If number is a UBI THEN IT MUST BE EXACT INCLUDING DASHES!!"_s;
-    for (const QString &text : {u"short"_s, longest, QString(longest.repeated(20))}) {
+    // The bold line above them and this one nearly fill a line.
+    const QString nearlyALine =
+        u"This is a required field and Has a Minimum Length of 1 Character."_s;
+    for (const QString &text : {u"short"_s, nearlyALine, longest, QString(longest.repeated(20))}) {
         session->boxes.ExpectDialog(u"frmInfo"_s, [&](QDialog *dialog) {
             const auto *texts = Child<QScrollArea>(dialog, "scrollTexts");
             const bool scrolls = texts->verticalScrollBar()->maximum() > 0;
