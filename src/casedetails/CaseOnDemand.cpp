@@ -12,8 +12,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr int boxCount = 10;
-
 /// The tab that a box of the panel stands for.
 std::optional<CaseTab> tabOfBox(const CaseRecord &record, int box)
 {
@@ -111,7 +109,8 @@ void CaseJob::ProcessOnDemandSearchRequests()
 /// reached: until then the user can change it.
 CaseJob::RunEnd CaseJob::runOnDemandTabs()
 {
-    for (int box = 0; box < boxCount; ++box) {
+    // Each box stands for a tab, so there are no more of them.
+    for (int box = 0; box < caseTabCount; ++box) {
         const std::optional<CaseTab> tab = tabOfBox(Record, box);
         if (!tab || !Record.Tab(*tab).Offered || !Record.Tab(*tab).Chosen
             || !Record.TabExists(*tab))

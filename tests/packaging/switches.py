@@ -77,10 +77,18 @@ def check(root, programs, texts):
         page = read(texts, "man", f"{name}.1").replace("\\-", "-")
         for switch in sorted(set(SWITCH.findall(re.sub(r"\\f.", " ", page))) - everything):
             yield f"{name}: the manual page speaks of {switch}"
+    actions = {"NewSearch": ("New Search", "halvane --new-search"),
+               "Practice": ("Practice", "halvane --practice")}
     entry = read(root, "packaging/example.halvane.Halvane.desktop")
     for command in re.findall(r"^Exec=(\S+)(.*)$", entry, re.MULTILINE):
         for switch in set(SWITCH.findall(command[1])) - known.get(command[0], set()):
             yield f"the desktop entry starts {command[0]} with {switch}"
+    listed_actions = re.findall(r"^Actions=(.*)$", entry, re.MULTILINE)
+    if listed_actions != [";".join(actions) + ";"]:
+        yield f"the desktop entry lists the actions {listed_actions}"
+    for action, (caption, command) in actions.items():
+        if f"[Desktop Action {action}]\nName={caption}\nExec={command}\n" not in entry:
+            yield f"the desktop entry lacks the action {caption}"
 
 
 if __name__ == "__main__":
