@@ -179,7 +179,7 @@ void tst_CaseFaults::droppedAtEveryByte()
     for (qsizetype bytes = 0; bytes < replyOf(tab).size(); ++bytes) {
         const QPointer<frmCaseDetails> window(startCase(tab, [&](FakeSocket *socket) {
             socket->Arrive(replyOf(tab).left(bytes));
-            QTimer::singleShot(2, socket, [socket] { socket->PeerCloses(); });
+            socket->PeerClosesBehindTokens();
         }));
         QVERIFY(Finished(window));
         QVERIFY2(failureOf(tab, window) == failed(tab, bytes),
@@ -229,7 +229,7 @@ void tst_CaseFaults::aTabBehindTheLossBreaksDown()
     // With a tab to come, what cannot be sent ends the run, and it keeps its place.
     const QPointer<frmCaseDetails> window(startCase(Tab::Summary, [](FakeSocket *socket) {
         socket->Arrive(summaryReply());
-        QTimer::singleShot(2, socket, [socket] { socket->PeerCloses(); });
+        socket->PeerClosesBehindTokens();
     }));
     const QString broken = u"Exiting DoDocketSearch() via PROCERR in Case Details. Error: Halvane "
                            "Server Connection was Dropped!"_s;

@@ -6,7 +6,6 @@
 #include "support/HalvaneTest.h"
 
 #include <QPointer>
-#include <QTimer>
 
 #include <array>
 
@@ -120,7 +119,7 @@ tst_FaultsEachWindow::searchWith(Flow flow, const QByteArrayList &pieces, bool d
                        return;
                    }
                    socket->Arrive(pieces.join());
-                   QTimer::singleShot(2, socket, [socket] { socket->PeerCloses(); });
+                   socket->PeerClosesBehindTokens();
                });
     if (!desk->Finish(window))
         qWarning("the search does not end");

@@ -92,7 +92,7 @@ void tst_SearchFaults::droppedAtEveryByte()
         desk->When([&] { return socket->sent.size() == 1; },
                    [&] {
                        socket->Arrive(reply().left(bytes));
-                       QTimer::singleShot(2, socket, [socket] { socket->PeerCloses(); });
+                       socket->PeerClosesBehindTokens();
                    });
         QVERIFY(desk->Finish(window));
         QVERIFY2(TextOf(window, "lblStatus") == lost && isUsable(window),

@@ -6,6 +6,10 @@
 #include "session/SessionState.h"
 #include "support/HalvaneTest.h"
 
+#include <QTimer>
+
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -276,22 +280,19 @@ void tst_LoginExchange::socketThatCannotBeClosedGives954()
 void tst_LoginExchange::loginIsBusyWhileItWaits()
 {
     QList<bool> busy;
-    QTimer::singleShot(3, FakeSocket::Last(), [&] {
-        busy.append(Global.bLoginBusy);
-        Global.bLoginBusy = false;
-        arrive("|A~|");
-    });
-    // The second reply waits until the first one has been taken in, or has had its time.
-    QTimer second;
+    // Each reply waits until the one before it, or the request, is through, or has had its time.
+    QTimer look;
     int rounds = 0;
-    connect(&second, &QTimer::timeout, FakeSocket::Last(), [&] {
-        if (busy.isEmpty() || (!Global.bLoginBusy && ++rounds < 200))
+    connect(&look, &QTimer::timeout, FakeSocket::Last(), [&] {
+        if (!Global.bLoginBusy && ++rounds < 200)
             return;
-        second.stop();
-        busy.append(Global.bLoginBusy);
-        arrive("|EOF~|");
+        rounds = 0;
+        busy.append(std::exchange(Global.bLoginBusy, false));
+        arrive(busy.size() == 1 ? "|A~|" : "|EOF~|");
+        if (busy.size() == 2)
+            look.stop();
     });
-    second.start(1);
+    look.start(1);
     QCOMPARE(login(), SessionResult::LoggedIn);
     QCOMPARE(busy, (QList<bool>{true, true}));
 }

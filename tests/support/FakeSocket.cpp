@@ -1,5 +1,6 @@
 #include "support/FakeSocket.h"
 
+#include "core/GlobalState.h"
 #include "link/frmWinsock.h"
 
 #include <QMetaObject>
@@ -109,4 +110,17 @@ void FakeSocket::PeerCloses()
 {
     state = SocketState::Closing;
     Q_EMIT Closed();
+}
+
+void FakeSocket::PeerClosesBehindTokens()
+{
+    auto *look = new QTimer(this);
+    connect(look, &QTimer::timeout, this, [this, look] {
+        if (!incoming.isEmpty() || Global.strRecvBuffer.View().count('|') >= 2)
+            return;
+        look->stop();
+        look->deleteLater();
+        PeerCloses();
+    });
+    look->start(1);
 }

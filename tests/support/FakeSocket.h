@@ -39,6 +39,9 @@ public:
     void HoldBack(const QByteArray &bytes) { heldBack.append(bytes); }
     /// The server closes its side.
     void PeerCloses();
+    /// The same, once every whole token that arrived has been taken: at a turn of its own, however
+    /// busy the machine is.
+    void PeerClosesBehindTokens();
 
     SocketState state = SocketState::Connected;
     bool completesSends = true; ///< at the next turn of the event loop
