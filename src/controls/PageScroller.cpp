@@ -1,5 +1,7 @@
 #include "controls/PageScroller.h"
 
+#include <QEvent>
+
 PageScroller::PageScroller(QWidget *parent) : QScrollArea(parent)
 {
     setWidgetResizable(true);
@@ -11,6 +13,13 @@ PageScroller::PageScroller(QWidget *parent) : QScrollArea(parent)
 QSize PageScroller::sizeHint() const
 {
     return widget() ? widget()->sizeHint() : QScrollArea::sizeHint();
+}
+
+bool PageScroller::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == widget() && event->type() == QEvent::LayoutRequest)
+        updateGeometry();
+    return QScrollArea::eventFilter(watched, event);
 }
 
 void PageScroller::showEvent(QShowEvent *event)

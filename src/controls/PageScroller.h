@@ -14,5 +14,7 @@ public:
     QSize sizeHint() const override;
 
 protected:
+    /// Whoever shows it hears that the page wants another size, as of a page that does not scroll.
+    bool eventFilter(QObject *watched, QEvent *event) override;
     void showEvent(QShowEvent *event) override;
 };

@@ -2,7 +2,6 @@
 
 #include "controls/ModalDialog.h"
 #include "controls/MsgBox.h"
-#include "controls/PageScroller.h"
 #include "controls/Twips.h"
 #include "core/AppFolder.h"
 #include "core/GlobalState.h"
@@ -12,6 +11,7 @@
 #include "jobs/WaitingList.h"
 #include "link/ConnectState.h"
 #include "session/EditCommands.h"
+#include "session/FrameSize.h"
 #include "session/SessionEvents.h"
 #include "session/SessionState.h"
 #include "session/WindowMenu.h"
@@ -26,11 +26,9 @@
 #include <QDesktopServices>
 #include <QFontMetrics>
 #include <QMdiSubWindow>
-#include <QStyle>
 #include <QToolButton>
 #include <QUrl>
 
-#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -63,14 +61,6 @@ QLabel *plainLabel(QWidget *parent, const QString &name)
     label->setTextFormat(Qt::PlainText);
     label->setObjectName(name);
     return label;
-}
-
-/// Moves a child that stands out over the right or lower edge back in, as far as it fits.
-void keepInView(QMdiSubWindow *frame, const QRect &area)
-{
-    const int left = std::max(0, std::min(frame->x(), area.width() - frame->width()));
-    const int top = std::max(0, std::min(frame->y(), area.height() - frame->height()));
-    frame->move(left, top);
 }
 
 void openSupportPage()
@@ -287,7 +277,6 @@ void frmMain::Activated()
 
 void frmMain::ShowChild(FormWindow *child)
 {
-    // The size that the window was designed with: its contents alone would ask for less.
     const QSize designed = child->size();
     QMdiSubWindow *frame = ui->mdiArea->addSubWindow(child);
     // The child is deleted by its own rules, and may have to outlive its frame for a while.
@@ -301,17 +290,12 @@ void frmMain::ShowChild(FormWindow *child)
         offerCommands();
         frame->deleteLater();
     });
-    child->ensurePolished();
-    QSize wanted = designed.expandedTo(child->sizeHint()) + frame->sizeHint() - child->sizeHint();
-    // What a small screen has no room for scrolls, or is a shorter list. The bar that scrolls a
-    // page stands beside it, not over it.
-    const QSize room = ui->mdiArea->viewport()->size();
-    if (wanted.height() > room.height() && child->findChild<PageScroller *>())
-        wanted.rwidth() += style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-    frame->resize(wanted.boundedTo(room));
+    auto *size = new FrameSize(ui->mdiArea, frame, designed);
+    size->Give();
     child->show();
     frame->show();
-    keepInView(frame, ui->mdiArea->viewport()->rect());
+    // The area has put it somewhere when it was shown.
+    size->Give();
     ui->mdiArea->setActiveSubWindow(frame);
 }
 

@@ -1,6 +1,7 @@
 #include "SessionFixture.h"
 
 #include "controls/FormWindow.h"
+#include "controls/PageScroller.h"
 #include "session/frmMain.h"
 #include "support/HalvaneTest.h"
 
@@ -11,9 +12,39 @@
 #include <QMdiSubWindow>
 #include <QPlainTextEdit>
 #include <QPointer>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
+
+/// A child window that is a page, which scrolls where there is no room for it.
+class PageForm : public FormWindow
+{
+    Q_OBJECT
+public:
+    PageForm() : scroller(new PageScroller(this)), page(new QWidget), content(new QWidget(page))
+    {
+        content->setFixedSize(pageSize);
+        auto *onPage = new QVBoxLayout(page);
+        onPage->setContentsMargins({});
+        onPage->addWidget(content);
+        scroller->setWidget(page);
+        auto *layout = new QVBoxLayout(this);
+        layout->setContentsMargins({});
+        layout->addWidget(scroller);
+        resize(pageSize);
+    }
+    bool Scrolls() const
+    {
+        return scroller->verticalScrollBar()->maximum() > 0
+               || scroller->horizontalScrollBar()->maximum() > 0;
+    }
+
+    static constexpr QSize pageSize{500, 400};
+    PageScroller *scroller;
+    QWidget *page;
+    QWidget *content;
+};
 
 /// A child window with the fields that text is cut from and pasted into.
 class TextForm : public FormWindow
@@ -60,6 +91,11 @@ private Q_SLOTS:
     void backWithOneChildOrNoneDoesNothing();
     void backPassesOverAnUnloadedChild();
     void theChildUsedBeforeComesUpWhenOneGoes();
+
+    void aFrameTakesTheRoomThatComesLater();
+    void aFrameGrowsWithItsPage();
+    void aFrameThatTheUserPlacedStays_data();
+    void aFrameThatTheUserPlacedStays();
 
     void cut_data() { addWays("Cut"); }
     void cut();
@@ -270,6 +306,78 @@ void tst_frmMainChildren::theChildUsedBeforeComesUpWhenOneGoes()
     passing->Unload();
     Settle();
     QCOMPARE(main->ActiveChild(), second);
+}
+
+/// The desktop maximises the main window some time after the first child has been shown in it.
+void tst_frmMainChildren::aFrameTakesTheRoomThatComesLater()
+{
+    main->resize(800, 300);
+    Settle();
+    auto *child = new PageForm;
+    main->ShowChild(child);
+    Settle();
+    const QWidget *area = Child<QMdiArea>(main, "mdiArea")->viewport();
+    QCOMPARE(frameOf(child)->height(), area->height());
+    QVERIFY(child->Scrolls());
+    main->resize(900, 800);
+    Settle();
+    QVERIFY(!child->Scrolls());
+    QVERIFY(frameOf(child)->height() < area->height());
+    QCOMPARE(child->size(), PageForm::pageSize);
+    main->resize(800, 300);
+    Settle();
+    QCOMPARE(frameOf(child)->height(), area->height());
+}
+
+void tst_frmMainChildren::aFrameGrowsWithItsPage()
+{
+    main->resize(900, 800);
+    Settle();
+    auto *child = new PageForm;
+    main->ShowChild(child);
+    Settle();
+    child->content->setFixedSize(620, 480);
+    QTRY_COMPARE(child->size(), QSize(620, 480));
+    QVERIFY(!child->Scrolls());
+    // What comes and goes does not make the window restless.
+    child->content->setFixedSize(300, 200);
+    Settle();
+    QCOMPARE(child->size(), QSize(620, 480));
+}
+
+void tst_frmMainChildren::aFrameThatTheUserPlacedStays_data()
+{
+    QTest::addColumn<QRect>("place");
+    QTest::newRow("moved") << QRect(30, 20, 0, 0);
+    QTest::newRow("sized") << QRect(0, 0, 300, 200);
+    QTest::newRow("maximised") << QRect();
+}
+
+void tst_frmMainChildren::aFrameThatTheUserPlacedStays()
+{
+    QFETCH(QRect, place);
+    main->resize(900, 800);
+    Settle();
+    auto *child = new PageForm;
+    main->ShowChild(child);
+    Settle();
+    QMdiSubWindow *frame = frameOf(child);
+    if (place.isNull())
+        frame->showMaximized();
+    else if (place.topLeft().isNull())
+        frame->resize(place.size());
+    else
+        frame->move(place.topLeft());
+    const QRect placed = frame->geometry();
+    child->content->setFixedSize(620, 480);
+    Settle();
+    QCOMPARE(frame->geometry(), placed);
+    main->resize(800, 300);
+    Settle();
+    if (place.isNull())
+        QVERIFY(frame->isMaximized());
+    else
+        QCOMPARE(frame->geometry(), placed);
 }
 
 void tst_frmMainChildren::cut()

@@ -1,0 +1,56 @@
+#include "session/FrameSize.h"
+
+#include "controls/FormWindow.h"
+#include "controls/PageScroller.h"
+
+#include <QEvent>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QStyle>
+
+#include <algorithm>
+
+FrameSize::FrameSize(QMdiArea *ofArea, QMdiSubWindow *ofFrame, QSize designed)
+    : QObject(ofFrame), area(ofArea), frame(ofFrame), child(ofFrame->widget()), asked(designed)
+{
+    child->ensurePolished();
+    child->installEventFilter(this);
+    area->viewport()->installEventFilter(this);
+}
+
+QSize FrameSize::wanted() const
+{
+    QSize size = asked + frame->sizeHint() - child->sizeHint();
+    // What a small screen has no room for scrolls, or is a shorter list. The bar that scrolls a
+    // page stands beside it, not over it.
+    if (size.height() > area->viewport()->height() && child->findChild<PageScroller *>())
+        size.rwidth() += frame->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    return size;
+}
+
+bool FrameSize::isLeftAlone() const
+{
+    constexpr Qt::WindowStates other = Qt::WindowMinimized | Qt::WindowMaximized;
+    return !(frame->windowState() & other) && frame->geometry() == given;
+}
+
+void FrameSize::Give()
+{
+    asked = asked.expandedTo(child->sizeHint());
+    frame->resize(wanted().boundedTo(area->viewport()->size()));
+    const QSize room = area->viewport()->size();
+    frame->move(std::max(0, std::min(frame->x(), room.width() - frame->width())),
+                std::max(0, std::min(frame->y(), room.height() - frame->height())));
+    given = frame->geometry();
+}
+
+bool FrameSize::eventFilter(QObject *watched, QEvent *event)
+{
+    const bool roomChanged = watched == area->viewport() && event->type() == QEvent::Resize;
+    // What has no page lives with the room it has: it says longer texts all the time.
+    const bool childChanged = watched == child && event->type() == QEvent::LayoutRequest
+                              && child->findChild<PageScroller *>();
+    if ((roomChanged || childChanged) && child && frame->widget() == child && isLeftAlone())
+        Give();
+    return QObject::eventFilter(watched, event);
+}
