@@ -1,6 +1,12 @@
 #pragma once
 
+#include <QRect>
+
 class QWidget;
+
+/// This place, if a user can get hold of a window there by its upper edge; otherwise the nearest on
+/// the first screen, no larger than that: the screen that a window stood on may have gone.
+QRect WithinReach(QRect place);
 
 /// Puts a window in the middle of the screen it is on.
 void CentreOnScreen(QWidget *window);

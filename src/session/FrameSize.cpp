@@ -37,7 +37,9 @@ bool FrameSize::isLeftAlone() const
 void FrameSize::Give()
 {
     asked = asked.expandedTo(child->sizeHint());
-    frame->resize(wanted().boundedTo(area->viewport()->size()));
+    // A main window that is smaller than a child can be scrolls.
+    frame->resize(
+        wanted().boundedTo(area->viewport()->size()).expandedTo(frame->minimumSizeHint()));
     const QSize room = area->viewport()->size();
     frame->move(std::max(0, std::min(frame->x(), room.width() - frame->width())),
                 std::max(0, std::min(frame->y(), room.height() - frame->height())));

@@ -3,6 +3,7 @@
 #include "controls/ModalDialog.h"
 #include "controls/MsgBox.h"
 #include "controls/Twips.h"
+#include "controls/WindowPlace.h"
 #include "core/AppFolder.h"
 #include "core/GlobalState.h"
 #include "core/Options.h"
@@ -151,6 +152,9 @@ void frmMain::makeStatusBar()
     ui->sbStatusBar->addPermanentWidget(panels[3]);
     ui->sbStatusBar->addPermanentWidget(cmdConnect);
     panels[0]->setContentsMargins(6, 0, 0, 0);
+    // A long text is cut before it keeps the window from becoming narrow.
+    for (QLabel *text : {panels[0], notice})
+        text->setMinimumWidth(1);
     panels[3]->setMinimumWidth(fontMetrics().horizontalAdvance(u"Not Connected"_s) + 8);
 }
 
@@ -243,7 +247,7 @@ void frmMain::RestorePosition()
                               .toInt(&isNumber);
         place[i] = PixelsFromTwips(isNumber ? twips : fallback.toInt());
     }
-    setGeometry(place[0], place[1], place[2], place[3]);
+    setGeometry(WithinReach({place[0], place[1], place[2], place[3]}));
 }
 
 void frmMain::SavePosition()
@@ -400,6 +404,7 @@ void frmMain::UpdateStatusBarText(int panel, const QString &text)
 void frmMain::SetNotice(const QString &text)
 {
     notice->setText(text);
+    notice->setToolTip(text);
     notice->setVisible(!text.isEmpty());
 }
 

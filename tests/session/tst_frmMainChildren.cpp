@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -94,6 +95,8 @@ private Q_SLOTS:
 
     void aFrameTakesTheRoomThatComesLater();
     void aFrameGrowsWithItsPage();
+    void aMainWindowThatIsTooSmallScrolls();
+    void aMainWindowCanBeNarrow();
     void aFrameThatTheUserPlacedStays_data();
     void aFrameThatTheUserPlacedStays();
 
@@ -343,6 +346,36 @@ void tst_frmMainChildren::aFrameGrowsWithItsPage()
     child->content->setFixedSize(300, 200);
     Settle();
     QCOMPARE(child->size(), QSize(620, 480));
+}
+
+/// No button is out of reach.
+void tst_frmMainChildren::aMainWindowThatIsTooSmallScrolls()
+{
+    main->resize(500, 300);
+    Settle();
+    auto *child = new TextForm(u"Case"_s);
+    child->setMinimumSize(600, 400);
+    main->ShowChild(child);
+    Settle();
+    const auto *area = Child<QMdiArea>(main, "mdiArea");
+    QVERIFY(frameOf(child)->height() >= 400);
+    QVERIFY(area->verticalScrollBar()->isVisible());
+    QVERIFY(area->horizontalScrollBar()->isVisible());
+    main->resize(800, 700);
+    Settle();
+    QVERIFY(!area->verticalScrollBar()->isVisible());
+    QVERIFY(!area->horizontalScrollBar()->isVisible());
+}
+
+/// A line in the status bar does not keep it wide.
+void tst_frmMainChildren::aMainWindowCanBeNarrow()
+{
+    main->SetNotice(u"x"_s.repeated(200));
+    main->UpdateStatusBarText(1, u"y"_s.repeated(200));
+    Settle();
+    main->resize(500, 300);
+    QCOMPARE(main->width(), 500);
+    QCOMPARE(Child<QLabel>(main, "lblNotice")->toolTip(), u"x"_s.repeated(200));
 }
 
 void tst_frmMainChildren::aFrameThatTheUserPlacedStays_data()

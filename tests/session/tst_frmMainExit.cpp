@@ -464,8 +464,22 @@ void tst_frmMainExit::positionIsRestored_data()
     QTest::newRow("nothing stored") << QStringList() << QRect(67, 67, 433, 433);
     QTest::newRow("no numbers") << QStringList{u"left"_s, QString(), u"1e9"_s, u"wide"_s}
                                 << QRect(67, 67, 433, 433);
-    QTest::newRow("left and above") << QStringList{u"-1500"_s, u"-750"_s, u"15000"_s, u"12000"_s}
-                                    << QRect(-100, -50, 1000, 800);
+    QTest::newRow("in part on the left")
+        << QStringList{u"-1500"_s, u"750"_s, u"15000"_s, u"12000"_s} << QRect(-100, 50, 1000, 800);
+    // As tests have it, the only screen is 800 pixels wide and high.
+    const QStringList size{u"9000"_s, u"6000"_s};
+    QTest::newRow("its screen has gone, right")
+        << (QStringList{u"30000"_s, u"750"_s} + size) << QRect(200, 50, 600, 400);
+    QTest::newRow("its screen has gone, left")
+        << (QStringList{u"-30000"_s, u"750"_s} + size) << QRect(0, 50, 600, 400);
+    QTest::newRow("its screen has gone, above")
+        << (QStringList{u"1500"_s, u"-30000"_s} + size) << QRect(100, 0, 600, 400);
+    QTest::newRow("its screen has gone, below")
+        << QStringList{u"1500"_s, u"30000"_s, u"30000"_s, u"30000"_s} << QRect(0, 0, 800, 800);
+    QTest::newRow("a corner is left")
+        << (QStringList{u"11250"_s, u"750"_s} + size) << QRect(200, 50, 600, 400);
+    QTest::newRow("enough is left")
+        << (QStringList{u"11025"_s, u"750"_s} + size) << QRect(735, 50, 600, 400);
     QTest::newRow("one missing") << QStringList{u"1500"_s, u"750"_s} << QRect(100, 50, 433, 433);
 }
 
