@@ -87,28 +87,38 @@ def newest():
     return next(release for release in releases() if release.version)
 
 
+def of_git(*arguments):
+    """What git says of these sources; None when it knows nothing of them. Those out of an archive have
+    no history, also when they lie inside another project that has one, and a machine that builds them
+    may have no git."""
+    if not os.path.exists(os.path.join(ROOT, ".git")) or not shutil.which("git"):
+        return None
+    git = ["git", "--no-optional-locks", "-c", "safe.directory=*", "-C", ROOT, *arguments]
+    said = subprocess.run(git, capture_output=True, text=True)
+    return said.stdout.strip() if said.returncode == 0 else None
+
+
 def built_from():
-    """The moment of the sources: that of the last commit."""
-    stamp = os.environ.get("SOURCE_DATE_EPOCH")
+    """The moment of the sources: that of the last commit; None when that is not known."""
+    stamp = os.environ.get("SOURCE_DATE_EPOCH") or of_git("log", "-1", "--format=%ct")
     if not stamp:
-        git = ["git", "-c", "safe.directory=*", "-C", ROOT, "log", "-1", "--format=%ct"]
-        # Sources out of an archive have no history, and a machine that builds them may have no git.
-        said = shutil.which("git") and subprocess.run(git, capture_output=True, text=True)
-        stamp = said.stdout if said and said.returncode == 0 else newest_midnight()
+        return None
+    if not re.fullmatch(r"[0-9]{1,11}", stamp):
+        sys.exit(f"SOURCE_DATE_EPOCH is \"{stamp}\", which is no number of seconds since 1970")
     return datetime.fromtimestamp(int(stamp), timezone.utc)
-
-
-def newest_midnight():
-    return datetime.fromisoformat(newest().date).replace(tzinfo=timezone.utc).timestamp()
 
 
 def deb_version():
     """That of the newest release. What has changes on top of it is newer than the release and older
-    than the next one: 9.0.0+20261122.0148."""
-    first = releases()[0]
-    if first.version or not first.items:
-        return newest().version
-    return f"{newest().version}+{built_from():%Y%m%d.%H%M}"
+    than the next one, and says of which commit it is: 9.0.0+20261122.0148; with changes that no commit
+    has, 9.0.0+20261122.0148.dirty. Where the commit is not known it is older than any that is:
+    9.0.0+0.nohistory."""
+    release = newest().version
+    dirty = bool(of_git("status", "--porcelain"))
+    if not dirty and (releases()[0].version or not releases()[0].items):
+        return release
+    when = built_from()
+    return f"{release}+{when:%Y%m%d.%H%M}{'.dirty' * dirty}" if when else f"{release}+0.nohistory"
 
 
 def roff(text):
@@ -200,13 +210,17 @@ def wrapped(item):
 
 
 def deb_changelog():
+    """Its first entry is the package's version, of which Debian's tools take it."""
+    version = deb_version()
+    now = built_from() or datetime.fromisoformat(newest().date)
+    items = releases()[0].items if not releases()[0].version else []
     entries = []
+    if version != newest().version:
+        entries.append(deb_entry(version, now, map(wrapped, items or ["Changes that no commit has."])))
     for release in releases():
-        if not release.items:
-            continue
-        when = datetime.fromisoformat(release.date) if release.date else built_from()
-        version = release.version or deb_version()
-        entries.append(deb_entry(version, when, map(wrapped, release.items)))
+        if release.version:
+            when = datetime.fromisoformat(release.date)
+            entries.append(deb_entry(release.version, when, map(wrapped, release.items)))
     return "\n".join(entries)
 
 
