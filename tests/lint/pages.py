@@ -6,6 +6,8 @@
   or tests/. It may leave out the ending of a source.
 - A name in back quotes, on a page about the code, is a word of the code. A class that has become
   another one leaves a page behind that sends its reader to nowhere.
+- A path in a block of code that begins with a folder of the project is there, too, unless its line says
+  that it is "new".
 - A table has a head, and each row has as many cells. Two tables that a merge has made one are neither.
 """
 
@@ -22,6 +24,9 @@ HEADING = re.compile(r"^#+ +(.*?) *$", re.MULTILINE)
 
 PATH = re.compile(r"\.?[\w@.-]+(?:/[\w@.-]+)*/?")
 SOURCE = re.compile(r"[\w@-]+\.(?:cpp|h|ui|py|md|txt|cmake|in|qrc)")
+# Neither a part of a longer path, as of one in a build's folder, nor a pattern.
+FENCED = re.compile(
+    r"(?<![\w./<*-])(?:src|practice|tests|bench|fuzz|data|docs|packaging|cmake|tools)/[\w./-]*\w(?![\w<]|/?\*)")
 # As written in code: with a scope before it, or of more than one word, so that neither a plain word
 # nor a word on the wire is one.
 NAME = re.compile(r"(?:(?:\w+::)+~?\w+|[A-Za-z]+_\w+|[A-Za-z]*[a-z][A-Z]\w*)(?:\(\))?")
@@ -131,6 +136,16 @@ def check_span(project, page, span):
     return next((message for message in wrong if message), None)
 
 
+def check_fences(project, page, text):
+    """(line, message) of paths in blocks of code that lead to nothing."""
+    for block in FENCE.finditer(text):
+        first = line_of(text, block.start())
+        for number, row in enumerate(block.group().split("\n"), first):
+            for path in [] if re.search(r"\bnew\b", row) else FENCED.findall(row):
+                if not project.knows_path(page, path):
+                    yield number, f'there is no "{path}"'
+
+
 def cells(row):
     """How many cells a row of a table has."""
     return len(re.findall(r"(?<!\\)\|", row)) - 1
@@ -155,7 +170,10 @@ def check_tables(text):
 def check(root):
     project = Project(root)
     for page in sorted(path for path in project.paths if path.endswith(".md")):
-        text = without_fences(read(root, page) or "")
+        whole = read(root, page) or ""
+        text = without_fences(whole)
+        for line, message in check_fences(project, page, whole):
+            yield page, line, message
         for line, message in check_tables(text):
             yield page, line, message
         for pattern, rule in ((LINK, check_link), (SPAN, check_span)):

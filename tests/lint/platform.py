@@ -16,20 +16,24 @@ ALLOWED = "src/core/Platform"
 # which has a folder or is made by uic.
 HEADER = re.compile(
     r"^[ \t]*#[ \t]*include[ \t]*"
-    r'(?:<(?:[a-z_0-9/]+\.h|csignal)>|"(?:[a-z_0-9]+|(?:sys|linux|netinet|arpa)/\w+)\.h")',
+    r'(?:<(?:[A-Za-z_0-9/]+\.h|csignal)>'
+    r'|"(?:[a-z_0-9]+|(?i:windows|shellapi|winsock2)|(?:sys|linux|netinet|arpa)/\w+)\.h")',
     re.MULTILINE,
 )
-# QSysInfo names the system to a reader, on every system; what branches asks otherwise.
+# QSysInfo names the system to a reader, on every system; what branches on it does not.
 SYSTEM = re.compile(
-    r"\bQ_OS_\w+|\b__(?:linux|unix|APPLE|GLIBC)__\b|\b_WIN(?:32|64)\b|\bQOperatingSystemVersion\b"
+    r"\bQ_OS_\w+|\b__(?:linux|unix|APPLE|GLIBC)__\b|\b_WIN(?:32|64)\b|\b(?:_MSC_VER|__unix|__MINGW32__)\b"
+    r"|\bQOperatingSystemVersion\b|\b(?:kernelType|productType|platformName)\s*\(\s*\)\s*[!=]="
 )
 # Procedures of ours begin with a large letter, and nothing of ours stands outside all names.
 CALL = re.compile(
     r"(?<![\w>)\]])::[a-z_]\w*\s*\("
-    r"|(?<![\w.:>~])(?:getp?pid|getuid|geteuid|fork|execvp?|waitpid|sigaction|pipe2?|fsync|mmap)\s*\("
+    r"|(?<![\w.:>~])(?:getp?pid|getuid|geteuid|fork|execvp?|waitpid|sigaction|pipe2?|fsync|mmap"
+    r"|kill|umask|chmod|isatty|dlopen|popen)\s*\("
+    r"|\bstd::(?:system|signal|raise)\s*\("
 )
 SIGNAL = re.compile(r"\bSIG(?:TERM|INT|HUP|KILL|PIPE|CHLD|USR1|USR2|ALRM|QUIT)\b")
-PLACE = re.compile(r'"(?:/(?:proc|tmp|dev|etc|usr|run|var)\b|[A-Za-z]:\\\\|xdg-)|"(?:WAYLAND_)?DISPLAY"')
+PLACE = re.compile(r'"(?:/(?:proc|tmp|dev|etc|usr|run|var|home|opt|sys)\b|[A-Za-z]:\\\\|xdg-)|"(?:WAYLAND_)?DISPLAY"')
 
 RULES = (
     (HEADER, "a header of one system"),

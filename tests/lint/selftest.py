@@ -113,7 +113,7 @@ CLEAN_TREE = {
     "docs/way.md": "# The way in\n[One](tests.md), [here](#the-way-in), [far](https://a.example/b), "
                    "`src/session/frmOne.cpp`,\n`session/frmOne`, `../data/masks.txt`, `frmOne.h`, "
                    "`optState`, `QSkipped`, `src/jobs/`,\n`cmake -B build/x`, `/etc/no`\n"
-                   "```\n[None](none.md) `src/none.cpp`\n```\n\n"
+                   "```\n[None](none.md) src/none.cpp new\nsrc/core/Long, build/x/src/none src/*/README.md\n```\n\n"
                    "| a | b |\n|---|:-:|\n| c \\| d | e |\n\n| f |\n|---|\n| g |\n",
     "docs/practice.md": "`ANY/NAME`, `anyName`, `../../pdf`\n",
     "docs/users.md": "The user is told, and you are\ntold. It told the user so. A threshold is not told.\n",
@@ -224,13 +224,26 @@ OFFENCES = [
     ("one_table", "joined line as it is", "src/session/Bad.cpp", 'u"LOGON\u00A6"_s + name;\n'),
     ("one_table", "bar", "src/searchentry/Bad.cpp", "constexpr QChar bar(u'\\u00a6');\n"),
 
+    ("pages", "path in a block of code", "docs/bad.md", "```\nsrc/core/Nothing.h  a row\n```\n"),
     ("platform", "header", "src/session/Bad.cpp", "#include <unistd.h>\n"),
     ("platform", "header in a folder", "src/link/Bad.cpp", "# include <sys/socket.h>\n"),
     ("platform", "header in quotes", "src/link/Bad.cpp", '#include "windows.h"\n'),
+    ("platform", "header with capitals", "src/link/Bad.cpp", "#include <Windows.h>\n"),
+    ("platform", "header with capitals in quotes", "src/link/Bad.cpp", '#include "Windows.h"\n'),
     ("platform", "header of signals", "src/main.cpp", "#include <csignal>\n"),
     ("platform", "which system", "practice/Bad.h", "#ifdef Q_OS_WIN\n#endif\n"),
     ("platform", "which system, by the compiler", "src/core/Bad.cpp", "#if defined(__linux__)\n"),
     ("platform", "which system, as it runs", "src/prefs/Bad.cpp", "QOperatingSystemVersion::current();\n"),
+    ("platform", "which compiler", "src/core/Bad.cpp", "#ifdef _MSC_VER\n#endif\n"),
+    ("platform", "which system, by its name", "src/core/Bad.cpp",
+     'return QSysInfo::kernelType() == u"linux"_s;\n'),
+    ("platform", "which windows", "src/app/Bad.cpp",
+     'return QGuiApplication::platformName() != u"xcb"_s;\n'),
+    ("platform", "call that ends a process", "src/app/Bad.cpp", "kill(other, 9);\n"),
+    ("platform", "call of a mode", "src/app/Bad.cpp", "umask(077);\n"),
+    ("platform", "call for a terminal", "src/app/Bad.cpp", "return isatty(1) != 0;\n"),
+    ("platform", "command line", "src/app/Bad.cpp", 'std::system("ls");\n'),
+    ("platform", "folder of a user", "src/app/Bad.cpp", 'read(u"/home/clerk"_s);\n'),
     ("platform", "call", "src/documents/Bad.cpp", "if (::open(name, 0) < 0)\n"),
     ("platform", "call without colons", "src/app/Bad.cpp", "return getpid() == 1;\n"),
     ("platform", "signal", "src/app/Bad.cpp", "end(SIGTERM);\n"),
