@@ -1,9 +1,14 @@
 # One compiler policy for every target: linked as an INTERFACE library, so that nobody can forget a
 # flag and nobody has to repeat one.
 add_library(halvane_policy INTERFACE)
-target_compile_options(halvane_policy INTERFACE
-  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wold-style-cast -Wnon-virtual-dtor
-  $<$<BOOL:${HALVANE_WERROR}>:-Werror>)
+if(MSVC)
+  target_compile_options(halvane_policy INTERFACE
+    /W4 /utf-8 /permissive- $<$<BOOL:${HALVANE_WERROR}>:/WX>)
+else()
+  target_compile_options(halvane_policy INTERFACE
+    -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wold-style-cast -Wnon-virtual-dtor
+    $<$<BOOL:${HALVANE_WERROR}>:-Werror>)
+endif()
 target_compile_definitions(halvane_policy INTERFACE
   QT_NO_CAST_FROM_ASCII
   QT_NO_CAST_TO_ASCII
@@ -37,7 +42,7 @@ endif()
 # What is built for testing takes little room and is linked often: debug information is compressed, a
 # library is a list of its objects, and mold, which is there when tools/setup was, links in no time.
 # What customers run is made the plain way.
-if(CMAKE_BUILD_TYPE STREQUAL "Debug")
+if(CMAKE_BUILD_TYPE STREQUAL "Debug" AND UNIX AND NOT APPLE)
   add_compile_options(-gz)
   add_link_options(-gz)
   set(CMAKE_CXX_ARCHIVE_CREATE "<CMAKE_AR> qcT <TARGET> <LINK_FLAGS> <OBJECTS>")
@@ -52,7 +57,7 @@ endif()
 # lives on. It says nothing of where it was built. Line tables cost a compilation a few hundredths of its
 # time, and the programs nothing that is loaded: with them the addresses of a crash become lines of the
 # source. The package keeps them apart (packaging/README.md).
-if(CMAKE_BUILD_TYPE STREQUAL "Release" AND NOT HALVANE_SANITIZE)
+if(CMAKE_BUILD_TYPE STREQUAL "Release" AND UNIX AND NOT APPLE AND NOT HALVANE_SANITIZE)
   include(CheckPIESupported)
   check_pie_supported()
   set(CMAKE_POSITION_INDEPENDENT_CODE ON)

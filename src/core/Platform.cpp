@@ -74,9 +74,15 @@ bool openWithDesktop(const QString &path)
            > mostOfErrors;
 }
 #else
+#ifdef Q_OS_MACOS
+constexpr QStringView openingProgram = u"open";
+#else
+constexpr QStringView openingProgram = u"xdg-open";
+#endif
+
 bool openWithDesktop(const QString &path)
 {
-    const QString opener = QStandardPaths::findExecutable(QStringLiteral("xdg-open"));
+    const QString opener = QStandardPaths::findExecutable(openingProgram.toString());
     // Absolute, so that no name is taken for an option.
     return !opener.isEmpty()
            && QProcess::startDetached(opener, {QDir(path).absolutePath()}, QDir::rootPath());

@@ -39,8 +39,12 @@ extern "C" void passOn(int)
 
 void OnTermination(std::function<void()> wanted)
 {
-    if (::pipe2(signalPipe.data(), O_CLOEXEC | O_NONBLOCK) != 0)
+    if (::pipe(signalPipe.data()) != 0)
         return;
+    for (const int end : signalPipe) {
+        ::fcntl(end, F_SETFD, FD_CLOEXEC);
+        ::fcntl(end, F_SETFL, O_NONBLOCK);
+    }
     auto *notifier =
         new QSocketNotifier(signalPipe[0], QSocketNotifier::Read, QCoreApplication::instance());
     QObject::connect(notifier, &QSocketNotifier::activated, notifier, [wanted = std::move(wanted)] {

@@ -8,7 +8,7 @@
 
 // A test program holds the test classes of a folder, and runs the one that its command line names:
 //
-//     build/dev/tests/test_core_logic tst_IniText [what Qt Test takes]
+//     build/dev/tests/test_core tst_IniText [what Qt Test takes]
 //
 // ctest starts one for each class, so no class sees what another has left behind.
 
