@@ -111,8 +111,9 @@ bool appendWhole(int descriptor, const QByteArray &bytes, qint64 size)
     if (done == bytes.size())
         return true;
     // When that fails, too, nothing more can be done.
-    if (done > 0)
-        static_cast<void>(::ftruncate(descriptor, size));
+    if (done > 0) {
+        [[maybe_unused]] const int cut = ::ftruncate(descriptor, size);
+    }
     return false;
 }
 } // namespace
