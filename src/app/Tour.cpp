@@ -34,7 +34,8 @@ using namespace Qt::StringLiterals;
 namespace {
 constexpr int tickMilliseconds = 30;
 constexpr qint64 stepMilliseconds = 30'000;
-constexpr QSize mainWindowSize(1180, 820);
+/// The search form shows all of itself.
+constexpr QSize mainWindowSize(1180, 890);
 
 /// The form for each court and kind of search: what is clicked, one after the other, and the
 /// picture then.
