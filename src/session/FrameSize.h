@@ -34,7 +34,7 @@ private:
     QSize wanted() const;
     bool isLeftAlone() const;
 
-    QMdiArea *const area;
+    QWidget *const viewport; ///< the room that the area has for its frames
     QMdiSubWindow *const frame;
     const QPointer<QWidget> child;
     QSize asked; ///< what the child has wanted so far
