@@ -2,14 +2,17 @@
 
 #include "app/CaseChecks.h"
 #include "app/Startup.h"
+#include "app/WindowClasses.h"
 #include "casedetails/CaseWindow.h"
 #include "controls/TabStrip.h"
 #include "core/GlobalState.h"
 #include "core/Options.h"
 #include "core/Platform.h"
+#include "link/frmWinsock.h"
 #include "namesearch/NameResultsWindow.h"
 #include "prefs/HelpWindow.h"
 #include "prefs/frmAbout.h"
+#include "prefs/frmDocument.h"
 #include "prefs/frmHelp.h"
 #include "prefs/frmSearchHelp.h"
 #include "session/SessionEvents.h"
@@ -28,6 +31,7 @@
 #include <QGuiApplication>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -81,6 +85,9 @@ constexpr std::array<MenuEntry, 3> entries{{
     {u"mnuSearchHistory", u"frmHistory"},
     {u"mnuSearchUsage", u"frmUsage"},
 }};
+
+/// Windows that are Qt's own classes.
+const QStringList fileDialogs{u"SaveDialog"_s, u"FolderDialog"_s, u"PageSetup"_s};
 
 /// What a menu of the main window asks in a dialog.
 constexpr std::array<const char16_t *, 5> askingEntries{u"mnuHelpAbout", u"mnuViewOptions",
@@ -136,6 +143,12 @@ QString WindowRound::Go()
     helpWindows();
     dialogs();
     menus();
+    mainWindow();
+    logOut();
+    const QStringList everyWindow = WindowClasses() + fileDialogs;
+    for (const QString &name : everyWindow)
+        if (!reached.contains(name))
+            complaints.append(u"nobody was shown "_s + name);
     QStringList all = complaints;
     all.append(desk.Complaints());
     all.removeAll(QString());
@@ -159,15 +172,19 @@ void WindowRound::answerDialogs()
     press(u"frmConnect"_s, "cmdConnect");
     press(u"frmInfo"_s, "Command1");
     press(u"dlgPrintMgr"_s, "OKButton");
-    for (const QString &name :
-         {u"frmAbout"_s, u"frmConnectionStatus"_s, u"frmArbPrompt"_s, u"frmOnDemand"_s,
-          u"frmElapsedTime"_s, u"SaveDialog"_s, u"FolderDialog"_s, u"PageSetup"_s})
+    for (const QString &name : {u"frmAbout"_s, u"frmConnectionStatus"_s, u"frmArbPrompt"_s,
+                                u"frmOnDemand"_s, u"SaveDialog"_s, u"PageSetup"_s})
         boxes.Whenever(name, [this, name](QDialog *dialog) {
             visit(name, dialog);
             dialog->reject();
         });
     boxes.Whenever(u"frmOpts"_s, [this](QDialog *dialog) {
         visitPages(dialog);
+        Click(dialog, "cmdChangeRptFolder");
+        auto *folder = Shown<QDialog>(u"FolderDialog"_s);
+        visit(u"FolderDialog"_s, folder);
+        if (folder)
+            folder->reject();
         dialog->reject();
     });
     boxes.Whenever(u"frmAccounting"_s, [this](QDialog *dialog) {
@@ -301,12 +318,28 @@ NameResultsWindow *WindowRound::searchAndVisit(const QString &name)
     return results;
 }
 
+/// A search that is asked for its client, and its report for a file.
+void WindowRound::searchForClient()
+{
+    SaveOptionStr(u"Accounting"_s, u"EnableAcctg"_s, u"1"_s);
+    type({u"Smith"_s, u"Jane"_s, {}});
+    NameResultsWindow *results = search();
+    SaveOptionStr(u"Accounting"_s, u"EnableAcctg"_s, u"0"_s);
+    if (!results)
+        return;
+    frmMain::Form()->ShowChildAgain(results);
+    chooseEntry(u"mnuFileSave"_s);
+    if (!QTest::qWaitFor([] { return !QApplication::activeModalWidget(); }, longestMilliseconds))
+        complaints.append(u"the question for a file stays"_s);
+}
+
 void WindowRound::searches()
 {
     tick("lboxCountyOrProfile", {u"King"_s, u"Pierce"_s, u"Adams"_s});
     tick("lboxCaseTypes", {u"Civil"_s, u"Criminal"_s});
     type({u"Many"_s, u"120"_s, {}});
     searchAndVisit(u"results-many"_s);
+    searchForClient();
     type({u"Badrow"_s, {}, {}});
     searchAndVisit(u"results-incomplete"_s);
     type({u"Empty"_s, {}, {}});
@@ -486,11 +519,6 @@ void WindowRound::dialogs()
 {
     for (const char16_t *entry : askingEntries)
         chooseEntry(QStringView(entry).toString());
-    Global.bEnableAcctg = true;
-    type(smith);
-    click("cmdBeginSearch");
-    Global.bEnableAcctg = false;
-    chooseEntry(u"mnuFileSave"_s);
     frmInactivity::ShowWarning(frmMain::Form());
     visit(u"frmInactivity"_s, Shown(u"frmInactivity"_s));
     frmInactivity::CloseWarning();
@@ -506,6 +534,28 @@ void WindowRound::menus()
         visit(u"menu-"_s + menu->title().remove(u'&'), menu);
         menu->close();
     }
+}
+
+/// The main window with nothing in it, and with nothing but a text of the user's own.
+void WindowRound::mainWindow()
+{
+    // The frames go a turn later, and a list of numbers comes up once more when its last case goes.
+    const auto frames = [] { return frmMain::Form()->findChildren<QMdiSubWindow *>(); };
+    const auto closeAll = [&frames] {
+        chooseEntry(u"mnuWindowCloseAll"_s);
+        return frames().isEmpty();
+    };
+    if (!QTest::qWaitFor(closeAll))
+        complaints.append(u"there stays "_s + frames().first()->windowTitle());
+    visit(u"frmMain"_s, frmMain::Form());
+    frmDocument::ShowNew();
+    visitChild(u"frmDocument"_s, Shown(u"frmDocument"_s));
+}
+
+void WindowRound::logOut()
+{
+    chooseEntry(u"mnuConnectionDisConnect"_s);
+    visit(u"frmElapsedTime"_s, Shown(u"frmElapsedTime"_s));
 }
 
 void WindowRound::visitPages(QDialog *options)
@@ -530,6 +580,8 @@ void WindowRound::visit(const QString &name, QWidget *window)
         complaints.append(u"no "_s + name);
         return;
     }
+    reached.insert(window->objectName());
+    reached.insert(QString::fromLatin1(window->metaObject()->className()));
     if (seen.contains(name))
         return;
     seen.insert(name);
@@ -544,8 +596,9 @@ void WindowRound::visit(const QString &name, QWidget *window)
                                      ? QApplication::activeWindow()->objectName()
                                      : u"nothing"_s));
     }
-    // However long it looks, the court is not late.
+    // However long it looks, the court is not late, and nobody is logged out.
     desk.Time.Stop();
+    frmWinsock::Form().StopInactivity();
     visitor(name, window);
     letTimePass(timePasses);
 }

@@ -21,7 +21,7 @@ public:
     explicit WindowRound(Visitor visitor);
     ~WindowRound();
 
-    /// Once. "" when every window came, otherwise what went wrong.
+    /// Once. "" when every window came that the program has, otherwise what went wrong.
     QString Go();
 
 private:
@@ -32,11 +32,14 @@ private:
     void refusedEntries();
     void helpWindows();
     void searches();
+    void searchForClient();
     void cases();
     void documents();
     void lists();
     void dialogs();
     void menus();
+    void mainWindow();
+    void logOut();
 
     void visit(const QString &name, QWidget *window);
     void letTimePass(bool passes);
@@ -58,6 +61,7 @@ private:
     PracticeCourt court;
     const Visitor visitor;
     QSet<QString> seen;
+    QSet<QString> reached; ///< classes and names of the windows that were visited
     QStringList complaints;
     bool timePasses = false;
 };

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QScreen>
 #include <QSocketNotifier>
 #include <QTest>
 
@@ -25,6 +26,19 @@ QPalette darkPalette()
     dark.setColor(QPalette::Highlight, QColor(0x3d, 0xae, 0xe9));
     dark.setColor(QPalette::Link, QColor(0x1d, 0x99, 0xf3));
     return dark;
+}
+
+/// What the windows are looked at on: "1920x1080 150 light", in pixels and per cent.
+QString lookOf(const QScreen *screen)
+{
+    const double ratio = screen->devicePixelRatio();
+    const QPalette colours = QApplication::palette();
+    const bool dark = colours.color(QPalette::Window).lightness()
+                      < colours.color(QPalette::WindowText).lightness();
+    return u"%1x%2 %3 %4"_s.arg(qRound(screen->size().width() * ratio))
+        .arg(qRound(screen->size().height() * ratio))
+        .arg(ratio * 100)
+        .arg(dark ? u"dark"_s : u"light"_s);
 }
 
 int endRound(const QString &complaints)
@@ -79,6 +93,10 @@ class tst_AllWindows : public QObject
     Q_OBJECT
 private Q_SLOTS:
     void initTestCase();
+    void theScreenIsTheOneWanted()
+    {
+        QCOMPARE(lookOf(QApplication::primaryScreen()), qEnvironmentVariable("HALVANE_TEST_LOOK"));
+    }
     void everyWindowComes() { QCOMPARE(complaints, QString()); }
     void noneIsLargerThanItsPlace() { QCOMPARE(outOfSight.join(u'\n'), QString()); }
     void noTextIsCut() { QCOMPARE(cut.join(u'\n'), QString()); }
@@ -101,7 +119,7 @@ private:
 
 void tst_AllWindows::initTestCase()
 {
-    if (qEnvironmentVariableIsSet("HALVANE_TEST_DARK"))
+    if (qEnvironmentVariable("HALVANE_TEST_LOOK").endsWith(u"dark"_s))
         QApplication::setPalette(darkPalette());
     WindowRound round([this](const QString &name, QWidget *window) { look(name, window); });
     complaints = round.Go();
