@@ -1,3 +1,5 @@
+// Long by design: one walk through the whole program, each window where a session comes to it.
+
 #include "app/WindowRound.h"
 
 #include "app/CaseChecks.h"
