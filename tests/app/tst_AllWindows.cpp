@@ -2,15 +2,20 @@
 #include "app/WindowRound.h"
 #include "support/HalvaneTest.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QScreen>
+#include <QSet>
 #include <QSocketNotifier>
 #include <QTest>
+#include <QTimer>
 
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <utility>
 
 namespace {
 /// The colours of a dark desktop.
@@ -64,24 +69,62 @@ int takePictures(const QStringList &arguments)
     return endRound(round.Go());
 }
 
-/// Shows each window until a line comes on standard input: "show". Its name goes to standard
-/// output before, so that another process can look at it from outside.
+/// The way from the program down to a window, as whoever is outside goes it. False without one.
+bool findRoad(const QAccessibleInterface *window, QStringList *steps)
+{
+    const QAccessibleInterface *above = window->parent();
+    if (!above)
+        return true;
+    // The viewport of an area is on the way up, and not on the way down.
+    for (; above; above = above->parent()) {
+        const int step = above->indexOfChild(window);
+        if (step < 0 || !findRoad(above, steps))
+            continue;
+        steps->append(QString::number(step));
+        return true;
+    }
+    return false;
+}
+
+/// "child/child/child"
+QString roadTo(QWidget *window)
+{
+    QStringList steps;
+    findRoad(QAccessible::queryAccessibleInterface(window), &steps);
+    return steps.join(u'/');
+}
+
+/// Shows each window until its name comes back on standard input: "show". The name goes to standard
+/// output before, with the title and the road to it, so that another process can look at it from
+/// outside. A dialog may come up while another window is shown.
 int showEach(const QStringList & /*arguments*/)
 {
     QFile input;
-    if (!input.open(stdin, QIODevice::ReadOnly))
+    if (!input.open(0, QIODevice::ReadOnly | QIODevice::Unbuffered))
         return 1;
-    WindowRound round([&](const QString &name, QWidget *window) {
-        std::printf("%s\t%s\n", qPrintable(name), qPrintable(window->window()->windowTitle()));
-        std::fflush(stdout);
-        bool answered = false;
-        QSocketNotifier answer(0, QSocketNotifier::Read);
-        QObject::connect(&answer, &QSocketNotifier::activated, &answer, [&] {
-            input.readLine();
-            answered = true;
-        });
-        if (!QTest::qWaitFor([&] { return answered; }, 60'000))
+    QSet<QByteArray> answered;
+    QByteArray line;
+    QSocketNotifier answer(0, QSocketNotifier::Read);
+    QObject::connect(&answer, &QSocketNotifier::activated, &answer, [&] {
+        // Nothing but what is there: it may not wait for the rest of a line.
+        char sign = 0;
+        if (!input.getChar(&sign))
             std::_Exit(2);
+        if (sign == '\n')
+            answered.insert(std::exchange(line, {}));
+        else
+            line.append(sign);
+    });
+    WindowRound round([&](const QString &name, QWidget *window) {
+        std::printf("%s\t%s\t%s\n", qPrintable(name), qPrintable(window->windowTitle()),
+                    qPrintable(roadTo(window)));
+        std::fflush(stdout);
+        // Without a nap: who looks asks thousands of small things, one after the other.
+        QTimer limit;
+        limit.callOnTimeout([] { std::_Exit(2); });
+        limit.start(std::chrono::minutes(1));
+        while (!answered.contains(name.toUtf8()))
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     });
     return endRound(round.Go());
 }
